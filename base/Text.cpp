@@ -1,0 +1,73 @@
+#include "base/Text.h"
+
+#include "base/Error.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace quellbrook {
+
+namespace {
+
+char FoldChar(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+std::string_view Trim(std::string_view text) {
+    const size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string Replace(std::string_view text, std::string_view what, std::string_view with) {
+    std::string result;
+    if (what.empty()) return std::string(text);
+    size_t from = 0;
+    for (size_t at = text.find(what); at != std::string_view::npos; at = text.find(what, from)) {
+        result.append(text, from, at - from).append(with);
+        from = at + what.size();
+    }
+    return result.append(text.substr(from));
+}
+
+std::string Join(const std::vector<std::string>& parts, std::string_view separator) {
+    std::string result;
+    for (size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) result += separator;
+        result += parts[i];
+    }
+    return result;
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return FoldChar(x) == FoldChar(y); });
+}
+
+std::string FoldCase(std::string_view text) {
+    std::string folded(text);
+    std::transform(folded.begin(), folded.end(), folded.begin(), FoldChar);
+    return folded;
+}
+
+bool IsNumeric(std::string_view text) {
+    text = Trim(text);
+    if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+int32_t ParseInt32(std::string_view text) {
+    if (!IsNumeric(text)) Raise(ErrorNumber::TypeMismatch, "ParseInt32");
+    text = Trim(text);
+    const bool negative = text[0] == '-';
+    if (text[0] == '+' || text[0] == '-') text.remove_prefix(1);
+    int64_t value = 0;
+    for (const char c : text) {
+        value = value * 10 + (c - '0');
+        if (value > int64_t{std::numeric_limits<int32_t>::max()} + 1) Raise(ErrorNumber::Overflow, "ParseInt32");
+    }
+    if (negative) value = -value;
+    if (value > std::numeric_limits<int32_t>::max()) Raise(ErrorNumber::Overflow, "ParseInt32");
+    return static_cast<int32_t>(value);
+}
+
+}  // namespace quellbrook

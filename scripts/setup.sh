@@ -1,0 +1,81 @@
+# What ./run, ./test and ./bench share: packages, builds, an X server of their own. Sourced, never run.
+
+BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqlite3-dev libpugixml-dev libboost-dev
+  libspdlog-dev libsodium-dev libgtest-dev libgmock-dev)
+VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
+DESKTOP_PACKAGES=(xvfb openbox xdotool x11-utils)
+BENCH_PACKAGES=(libbenchmark-dev)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+
+log_directory=build/log
+
+# Installs those of the named packages that are missing.
+install_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  mkdir -p "$log_directory"
+  echo "Installing: ${missing[*]}"
+  if ! { "${as_root[@]}" apt-get update && "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log_directory/packages.log" 2>&1; then
+    tail -n 20 "$log_directory/packages.log" >&2
+    echo "These packages could not be installed: ${missing[*]}" >&2
+    return 1
+  fi
+}
+
+# build PRESET [TARGET...]: configures where needed and builds; prints only what went wrong.
+build() {
+  local preset=$1
+  shift
+  mkdir -p "$log_directory"
+  local log=$log_directory/build-$preset.log
+  if [ ! -f "build/$preset/build.ninja" ]; then
+    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
+  fi
+  local targets=()
+  [ $# -eq 0 ] || targets=(--target "$@")
+  if ! cmake --build "build/$preset" "${targets[@]}" >"$log" 2>&1; then
+    grep -E -A 5 'error|FAILED|undefined reference' "$log" | head -n 80 >&2 || tail -n 40 "$log" >&2
+    echo "The build failed; the whole log is in $log." >&2
+    return 1
+  fi
+}
+
+# with_x_server COMMAND...: runs it on an Xvfb and a window manager of its own, with scratch directories for HOME and
+# the desktop's folders. Nothing of the caller's display or files is touched.
+with_x_server() {
+  local scratch display_file display status=0
+  scratch=$(mktemp -d)
+  display_file=$scratch/display
+  mkdir -p "$scratch/home" "$scratch/runtime"
+  chmod 700 "$scratch/runtime"
+  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$display_file" 2>"$scratch/xvfb.log" &
+  local server=$!
+  local tries=0
+  until [ -s "$display_file" ]; do
+    tries=$((tries + 1))
+    if [ $tries -gt 200 ] || ! kill -0 $server 2>/dev/null; then
+      cat "$scratch/xvfb.log" >&2
+      echo "The X server did not start." >&2
+      rm -rf "$scratch"
+      return 1
+    fi
+    sleep 0.05
+  done
+  display=:$(cat "$display_file")
+  local environment=(env -u WAYLAND_DISPLAY -u DBUS_SESSION_BUS_ADDRESS DISPLAY="$display" HOME="$scratch/home"
+    XDG_CONFIG_HOME="$scratch/home/.config" XDG_DATA_HOME="$scratch/home/.local/share"
+    XDG_CACHE_HOME="$scratch/home/.cache" XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORM=xcb)
+  "${environment[@]}" openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
+  local manager=$!
+  "${environment[@]}" "$@" || status=$?
+  kill $manager $server 2>/dev/null || true
+  wait $manager $server 2>/dev/null || true
+  rm -rf "$scratch"
+  return $status
+}
