@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quellbrook {
+
+// Shades of a colour given as 0xBBGGRR.
+class ColorTool {
+public:
+    static ColorTool FromColor(int32_t color);
+    // Towards white by the factor: 0 changes nothing, 1 gives white, -1 black. Each channel is rounded to nearest.
+    ColorTool Shade(float factor) const;
+    int32_t ToColor() const;
+
+private:
+    explicit ColorTool(int32_t color) : m_color(color) {}
+    int32_t m_color;
+};
+
+}  // namespace quellbrook

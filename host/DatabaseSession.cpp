@@ -1,0 +1,64 @@
+#include "host/DatabaseSession.h"
+
+#include "base/Error.h"
+#include "host/HostDatabase.h"
+
+#include <sodium.h>
+
+namespace quellbrook {
+
+namespace {
+
+void RequireSodium() {
+    if (sodium_init() < 0)
+        Raise(ErrorNumber::General, "DatabaseSession", "Passwords can't be checked on this workstation.");
+}
+
+bool IsPassword(const std::string& password, const std::string& hash) {
+    RequireSodium();
+    return crypto_pwhash_str_verify(hash.c_str(), password.c_str(), password.size()) == 0;
+}
+
+// Checked where there is no account, so that an unknown name takes as long as a wrong password.
+const std::string& HashOfNobody() {
+    static const std::string hash = HashPassword("");
+    return hash;
+}
+
+}  // namespace
+
+std::string HashPassword(const std::string& password) {
+    RequireSodium();
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str(hash, password.c_str(), password.size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
+        Raise(ErrorNumber::General, "HashPassword", "There is not enough memory to keep a password safely.");
+    return hash;
+}
+
+std::string DatabaseSession::AgencyName() const {
+    return ToTextOrEmpty(HostDatabase().LookupValue("Setting", "Value", {"Name = 'AgencyName'"}));
+}
+
+void DatabaseSession::Login(const std::string& username, const std::string& password, const std::string&) {
+    Logout();
+    HostDatabase database;
+    const auto account = database.QueryRow("SELECT Username, PasswordHash FROM Account WHERE Username = " +
+                                           database.PrepareText(username) + " AND IsActive = 1");
+    const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashOfNobody();
+    if (!IsPassword(password, hash) || !account)
+        Raise(ErrorNumber::General, "DatabaseSession.Login", "The user name or the password is not right.");
+    m_username = ToText(account->Value("Username"));
+}
+
+bool DatabaseSession::HasPermission(const std::string& moduleKey, int16_t value) {
+    if (m_username.empty()) return false;
+    HostDatabase database;
+    return database
+        .QueryRow("SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE a.Username = " +
+                  database.PrepareText(m_username) + " AND a.IsActive = 1 AND r.ModuleKey = " +
+                  database.PrepareText(moduleKey) + " AND r.Value = " + std::to_string(value))
+        .has_value();
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,130 @@
+#include "host/HostDatabase.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "host/HostServices.h"
+#include "host/sql/Literals.h"
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+
+namespace quellbrook {
+
+namespace {
+
+ConnectionPool::Lease Borrow() { return HostServices::Current().Pool().Borrow(); }
+
+Dialect CurrentDialect() {
+    HostServices& services = HostServices::Current();
+    return services.HasEngine() ? services.Pool().GetDialect() : Dialect();
+}
+
+ColumnKind KindOf(const std::vector<ColumnDescription>& columns, const std::string& name) {
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const ColumnDescription& column) {
+        return EqualsNoCase(column.name, name);
+    });
+    return found == columns.end() ? ColumnKind::Text : found->kind;
+}
+
+// A row document holds texts alone; the column says what is meant.
+TaggedValue ValueFor(const std::string& text, ColumnKind kind) {
+    switch (kind) {
+        case ColumnKind::Boolean: return ToBool(text);
+        case ColumnKind::WholeNumber: return ToInt32(text);
+        case ColumnKind::Number: return ToDouble(text);
+        case ColumnKind::Date: return ToDateTime(text);
+        case ColumnKind::Text: break;
+    }
+    return text;
+}
+
+std::string InsertText(const std::string& table, const std::vector<std::string>& columns) {
+    if (columns.empty()) return "INSERT INTO " + table + " DEFAULT VALUES";
+    return "INSERT INTO " + table + " (" + Join(columns, ",") + ") VALUES (" +
+           Join(std::vector<std::string>(columns.size(), "?"), ",") + ")";
+}
+
+}  // namespace
+
+RowList HostDatabase::QueryRows(const std::string& sql) {
+    RowList rows;
+    Borrow()->Query(sql, [&](const Row& row) {
+        rows.push_back(row);
+        return true;
+    });
+    return rows;
+}
+
+std::optional<Row> HostDatabase::QueryRow(const std::string& sql) {
+    std::optional<Row> first;
+    Borrow()->Query(sql, [&](const Row& row) {
+        first = row;
+        return false;
+    });
+    return first;
+}
+
+void HostDatabase::ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver) {
+    Borrow()->Query(sql, receiver);
+}
+
+TaggedValue HostDatabase::LookupValue(const std::string& table, const std::string& expression,
+                                      const std::vector<std::string>& conditions) {
+    std::string sql = "SELECT " + expression + " FROM " + table;
+    if (!conditions.empty()) sql += " WHERE " + Join(conditions, " AND ");
+    const std::optional<Row> row = QueryRow(sql);
+    return row ? row->At(0) : TaggedValue(Null());
+}
+
+void HostDatabase::Execute(const std::string& sql) { Borrow()->Execute(sql); }
+
+void HostDatabase::ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    Borrow()->Execute(sql, parameters);
+}
+
+void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements) {
+    const ConnectionPool::Lease connection = Borrow();
+    try {
+        connection->Begin();
+        for (const std::string& statement : statements) connection->Execute(statement);
+        connection->Commit();
+    } catch (...) {
+        connection->Rollback();
+        throw;
+    }
+}
+
+int32_t HostDatabase::InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row) {
+    const ConnectionPool::Lease connection = Borrow();
+    const std::vector<ColumnDescription> known = connection->DescribeTable(table);
+    std::vector<std::string> columns;
+    std::vector<TaggedValue> values;
+    for (const pugi::xml_node& child : row.children()) {
+        const std::string name = child.name();
+        if (!child.attribute("isPersistable").as_bool() || EqualsNoCase(name, keyColumn)) continue;
+        columns.push_back(name);
+        values.push_back(ValueFor(child.text().get(), KindOf(known, name)));
+    }
+    connection->Execute(InsertText(table, columns), values);
+    return connection->LastIdentity();
+}
+
+std::string HostDatabase::PrepareText(const std::string& text) const { return sql::TextLiteral(text, CurrentDialect()); }
+
+std::string HostDatabase::PrepareLike(const std::string& pattern) const {
+    return sql::LikeLiteral(pattern, CurrentDialect());
+}
+
+std::string HostDatabase::PrepareDate(const std::string& text) const {
+    const std::optional<DateTime> moment = DateTime::Parse(Trim(text));
+    if (!moment) Raise(ErrorNumber::TypeMismatch, "HostDatabase.PrepareDate");
+    return "'" + moment->ToText() + "'";
+}
+
+HostDatabase& GetHostDatabase() {
+    static HostDatabase database;
+    return database;
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/Row.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pugi {
+class xml_node;
+}
+
+namespace quellbrook {
+
+// The host's database. Instances hold no state; all of them use the pool of HostServices. No connection is kept across
+// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation stands for every violated
+// unique or foreign key constraint.
+class HostDatabase {
+public:
+    // All rows of a SELECT in the database's order.
+    RowList QueryRows(const std::string& sql);
+    // The first row, or nothing.
+    std::optional<Row> QueryRow(const std::string& sql);
+    // Hands over one row after the other without keeping them, until the receiver returns false.
+    void ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver);
+
+    // First column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL without a row.
+    TaggedValue LookupValue(const std::string& table, const std::string& expression,
+                            const std::vector<std::string>& conditions);
+
+    void Execute(const std::string& sql);
+    void ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters);
+
+    // All statements in order, on one connection, in one transaction. After a failure nothing of them stays.
+    void ExecuteBatch(const std::vector<std::string>& statements);
+
+    // Inserts the children of the row document that carry isPersistable; the identity that keyColumn was given.
+    int32_t InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row);
+
+    // Finished SQL literals. A text that holds NUL is refused with Error 5.
+    std::string PrepareText(const std::string& text) const;
+    // For the right side of LIKE: "*" stands for any run of characters, all else for itself. Where the text holds a
+    // character that LIKE knows, the literal is followed by an ESCAPE clause.
+    std::string PrepareLike(const std::string& pattern) const;
+    // Text as DateTime::ToText gives it; Error 13 for any other.
+    std::string PrepareDate(const std::string& text) const;
+};
+
+// The module's shared instance.
+HostDatabase& GetHostDatabase();
+
+}  // namespace quellbrook

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "base/TaggedValue.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace quellbrook {
+
+// All rows of the table StorageLocation as one XML document: a child StorageLocation of the document element for each
+// row, in it a child for each column that is not NULL, named as the column. Siblings stand by Name, then IdNo. The index
+// answers what XPath would, in document order, without walking.
+class LocationDocument {
+public:
+    explicit LocationDocument(std::unique_ptr<pugi::xml_document> document);
+
+    pugi::xml_node Root() const { return m_document->document_element(); }
+    // StorageLocation[IdNo=id]: the first such node, or a null node.
+    pugi::xml_node FindByID(int32_t id) const;
+    // StorageLocation[Path='path' and Type=type], in document order. Empty list when there is none.
+    const std::vector<pugi::xml_node>& Children(std::string_view path, int32_t type) const;
+
+private:
+    struct PlaceHash {
+        using is_transparent = void;
+        size_t operator()(const std::pair<std::string_view, int32_t>& place) const;
+    };
+
+    std::unique_ptr<pugi::xml_document> m_document;
+    std::unordered_map<int32_t, pugi::xml_node> m_byId;
+    // Keys view the text of the document.
+    std::unordered_map<std::pair<std::string_view, int32_t>, std::vector<pugi::xml_node>, PlaceHash> m_byPlace;
+};
+
+// The one cached location document of the process. All instances share it; it changes only on Reload.
+class HostLocationData {
+public:
+    // Loads on first use. The reference stays valid as long as somebody holds it, also over a Reload.
+    std::shared_ptr<const LocationDocument> GetDocument();
+    // Reads the table again. Always empty.
+    TaggedValue Reload();
+
+    // Forgets the document; the next GetDocument loads it.
+    static void Discard();
+};
+
+}  // namespace quellbrook

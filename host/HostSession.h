@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quellbrook {
+
+// The host's logged-in session.
+class HostSession {
+public:
+    virtual ~HostSession() = default;
+
+    virtual std::string Username() const = 0;    // the empty text when nobody is logged in
+    virtual std::string AgencyName() const = 0;  // as printed on labels
+    // The third text is always empty here. Error 5 with a sentence when the host refuses.
+    virtual void Login(const std::string& username, const std::string& password, const std::string& domain) = 0;
+    // False for a module that the host does not know.
+    virtual bool HasPermission(const std::string& moduleKey, int16_t value) = 0;
+};
+
+}  // namespace quellbrook

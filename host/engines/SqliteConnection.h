@@ -1,0 +1,62 @@
+#pragma once
+
+#include "host/engines/Connection.h"
+#include "host/sql/TransactSqlShape.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace SQLite {
+class Database;
+}
+
+namespace quellbrook {
+
+class SqliteStatement;
+
+// A connection to a SQLite file: write-ahead log, full synchronisation, foreign keys on. Statements of the
+// Transact-SQL subset are translated. Between Begin and Commit changing statements are kept prepared by their shape;
+// queries are kept by their text, a few of the latest.
+class SqliteConnection : public Connection {
+public:
+    SqliteConnection(const std::string& path, int busyMilliseconds);
+    ~SqliteConnection() override;
+
+    void Query(const std::string& sql, const RowReceiver& receiver) override;
+    void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) override;
+    std::vector<ColumnDescription> DescribeTable(const std::string& table) override;
+    int32_t LastIdentity() override;
+    void Begin() override;
+    void Commit() override;
+    void Rollback() noexcept override;
+    bool IsHealthy() override { return m_isHealthy; }
+    void Reset() override;
+
+private:
+    using StatementPtr = std::unique_ptr<SqliteStatement>;
+    // A shape in use in this batch; without statements where its text is better taken as it stands.
+    using KeptShape = std::vector<SqliteStatement>;
+
+    template <typename Work>
+    auto Watched(Work work);
+    void Control(const char* sql, const char* source);
+    void ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    bool ExecuteKept(const std::string& sql);
+    KeptShape PrepareShape(const std::string& text);
+    StatementPtr TakeQuery(const std::string& sql);
+    void KeepQuery(const std::string& sql, StatementPtr statement);
+    void DropTemporaryTables();
+
+    std::unique_ptr<SQLite::Database> m_database;
+    std::unordered_map<std::string, KeptShape> m_keptShapes;
+    std::vector<std::pair<std::string, StatementPtr>> m_keptQueries;  // the latest last
+    sql::StatementShape m_shape;
+    bool m_inBatch = false;
+    bool m_mayHaveTemporaryTables = false;
+    bool m_isHealthy = true;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/engines/Dialect.h"
+#include "host/sql/QueryNodes.h"
+
+#include <vector>
+
+namespace quellbrook::sql {
+
+// The planner's rules on one SELECT, described in QueryPlanner.h. Those on joins need a SELECT whose duplicate rows are
+// removed and whose columns are IsRowwise.
+
+void PushConditionsIntoArms(QuerySelect& query);
+void FoldConstants(QuerySelect& query);
+void DropImpliedNullTests(QuerySelect& query);
+void TurnLinkedCriteriaToLists(QuerySelect& query);
+void DropUnusedLeftJoins(QuerySelect& query);
+void UseCurrentPlaces(QuerySelect& query);
+void UseDescriptionIndex(QuerySelect& query);
+
+// Whether FoldConstants has found that no row can come.
+bool IsEmptyArm(const QuerySelect& query);
+bool HasLeftJoin(const SourceRef& from);
+// Whether every column of the select list is known and IsRowwise.
+bool HasRowwiseColumns(const QuerySelect& query);
+
+}  // namespace quellbrook::sql

@@ -1,0 +1,99 @@
+#include "host/ErrorLog.h"
+
+#include "base/Error.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/RecordingErrorLog.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+#include <unistd.h>
+
+namespace quellbrook::testing {
+namespace {
+
+class FileErrorLogTest : public ::testing::Test {
+protected:
+    FileErrorLogTest() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "errorlog-XXXXXX").string();
+        m_folder = mkdtemp(pattern.data());
+    }
+    ~FileErrorLogTest() override { std::filesystem::remove_all(m_folder); }
+
+    std::string File() const { return (m_folder / "errors.log").string(); }
+    std::vector<std::string> Lines() const {
+        std::ifstream file(File());
+        std::vector<std::string> lines;
+        for (std::string line; std::getline(file, line);) lines.push_back(line);
+        return lines;
+    }
+
+    std::filesystem::path m_folder;
+};
+
+TEST_F(FileErrorLogTest, AnEntryIsOneLineWithItsTimeAndIsWrittenAtOnce) {
+    const auto log = MakeFileErrorLog(File());
+    log->Log("Quellbrook", "Actions.ProcessTransaction", "The disk {0} is full: 100%s");
+    ASSERT_EQ(Lines().size(), 1u);
+    const std::regex entry(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} (.*))");
+    std::smatch parts;
+    const std::string line = Lines()[0];
+    ASSERT_TRUE(std::regex_match(line, parts, entry)) << line;
+    EXPECT_EQ(parts[1], "Quellbrook: Actions.ProcessTransaction: The disk {0} is full: 100%s");
+}
+
+TEST_F(FileErrorLogTest, FurtherLinesOfAMessageAreIndented) {
+    const auto log = MakeFileErrorLog(File());
+    log->Log("Quellbrook", "A.B", "first\r\nsecond\rthird\n2026-01-01 00:00:00.000 forged");
+    const std::vector<std::string> lines = Lines();
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[1], "    second");
+    EXPECT_EQ(lines[2], "    third");
+    EXPECT_EQ(lines[3], "    2026-01-01 00:00:00.000 forged");
+}
+
+TEST_F(FileErrorLogTest, KeepsFiveFilesOfAMebibyteAtMost) {
+    const auto log = MakeFileErrorLog(File());
+    const std::string message(8000, 'x');
+    for (int i = 0; i < 1000; ++i) log->Log("Quellbrook", "A.B", message);
+    int files = 0;
+    for (const auto& file : std::filesystem::directory_iterator(m_folder)) {
+        ++files;
+        EXPECT_LE(file.file_size(), 1024u * 1024u);
+    }
+    EXPECT_EQ(files, 5);
+}
+
+TEST_F(FileErrorLogTest, GoesOnWhereTheLastRunEnded) {
+    MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "one");
+    MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "two");
+    EXPECT_EQ(Lines().size(), 2u);
+}
+
+TEST_F(FileErrorLogTest, AFileThatCannotBeWrittenIsAnError) {
+    std::ofstream(m_folder / "file").put('x');
+    EXPECT_EQ(RaisedBy([&] { MakeFileErrorLog((m_folder / "file" / "errors.log").string()); }).Number(),
+              ErrorNumber::General);
+}
+
+TEST(ErrorLog, EntriesGoToStandardErrorUntilALogIsSet) {
+    ::testing::internal::CaptureStderr();
+    GetErrorLog().Log("Quellbrook", "A.B", "text");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Quellbrook: A.B: text\n");
+}
+
+TEST(ErrorLog, TheLogInUseCanBeReplacedAndPutBack) {
+    RecordingErrorLog recording;
+    recording.Announce("A.B");
+    SetErrorLog(&recording);
+    GetErrorLog().Log("Quellbrook", "A.B", "text");
+    SetErrorLog(nullptr);
+    EXPECT_EQ(recording.Entries(), (std::vector<RecordingErrorLog::Entry>{{"Quellbrook", "A.B", "text"}}));
+    EXPECT_NE(&GetErrorLog(), &recording);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,66 @@
+#include "host/sql/TransactSqlShape.h"
+
+#include "tests/support/RaisedBy.h"
+
+#include <gtest/gtest.h>
+
+using namespace quellbrook;
+using namespace quellbrook::sql;
+using namespace quellbrook::testing;
+
+namespace {
+
+using Values = std::vector<std::variant<int64_t, std::string>>;
+
+}  // namespace
+
+TEST(TransactSqlShape, WholeNumbersAndTextsBecomeMarkers) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("UPDATE Property SET HasFinalDisposition=1,DisposalNote='it''s' WHERE PropertyNo=7", shape));
+    EXPECT_EQ(shape.text, "UPDATE Property SET HasFinalDisposition=?1,DisposalNote=?2 WHERE PropertyNo=?3");
+    EXPECT_EQ(shape.values, (Values{int64_t{1}, "it's", int64_t{7}}));
+}
+
+TEST(TransactSqlShape, TextsThatDifferInValuesHaveOneShape) {
+    StatementShape first, second;
+    ASSERT_TRUE(FindShape("INSERT INTO T (A,B) VALUES (1,N'x')", first));
+    ASSERT_TRUE(FindShape("INSERT INTO T (A,B) VALUES (234,'')", second));
+    EXPECT_EQ(first.text, second.text);
+}
+
+TEST(TransactSqlShape, AMarkerTakesNothingOfWhatFollowsIt) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("INSERT INTO T VALUES ('a'2e3,'b'c,'d'5)", shape));
+    EXPECT_EQ(shape.text, "INSERT INTO T VALUES (?1 2e3,?2 c,?3?4)");
+}
+
+TEST(TransactSqlShape, NullAndFractionsStay) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("INSERT INTO T VALUES (NULL,1.5,2e3,1234567890123456789)", shape));
+    EXPECT_EQ(shape.text, "INSERT INTO T VALUES (NULL,1.5,2e3,1234567890123456789)");
+    EXPECT_TRUE(shape.values.empty());
+}
+
+TEST(TransactSqlShape, PatternsStay) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("DELETE FROM T WHERE A LIKE '/0/%' ESCAPE '\\' AND B=3", shape));
+    EXPECT_EQ(shape.text, "DELETE FROM T WHERE A LIKE '/0/%' ESCAPE '\\' AND B=?1");
+}
+
+TEST(TransactSqlShape, DeclarationsStay) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("DECLARE @x AS NVARCHAR(5);SELECT @x = MAX(A)+1 FROM T WHERE B=9;UPDATE U SET V=@x", shape));
+    EXPECT_EQ(shape.text, "DECLARE @x AS NVARCHAR(5);SELECT @x = MAX(A)+?1 FROM T WHERE B=?2;UPDATE U SET V=@x");
+}
+
+TEST(TransactSqlShape, SomeTextsAreTakenAsTheyStand) {
+    StatementShape shape;
+    for (const char* text : {"", "SELECT 1", "CREATE TABLE #a (b INT)", "DROP TABLE #a", "UPDATE T SET A=? WHERE B=1",
+                             "INSERT INTO T SELECT A FROM U ORDER BY 1", "UPDATE T SET A=1;DROP TABLE #a"})
+        EXPECT_FALSE(FindShape(text, shape)) << text;
+}
+
+TEST(TransactSqlShape, RefusesATextThatIsNotOfTheSubset) {
+    StatementShape shape;
+    EXPECT_EQ(RaisedBy([&] { FindShape("UPDATE [T] SET A=1", shape); }).Number(), 5);
+}
