@@ -1,0 +1,106 @@
+#include "data/StoredItem.h"
+
+#include "base/Error.h"
+#include "base/KeyedCollection.h"
+#include "data/CustodyRecords.h"
+#include "host/HostDatabase.h"
+#include "host/HostServices.h"
+#include "host/QueryFactory.h"
+
+namespace quellbrook {
+
+namespace {
+
+bool IsProperty(const StoredItem& item) { return item.ItemType() == StoredItemTypes::Property; }
+
+std::string KeyColumn(const StoredItem& item) { return IsProperty(item) ? "PropertyNo" : "VehicleNo"; }
+
+QuerySource JoinLinkedIncidents(const StoredItem& item, const QuerySource& incident) {
+    const QuerySource link = QueryServices::Factory().Table(IsProperty(item) ? "IncdProperty" : "IncdVehicle");
+    return link.Join(incident, 0).On(link.Column("IncidentNo")
+                                         .Equals(incident.Column("IncidentNo"))
+                                         .And(link.Column(KeyColumn(item)).Equals(item.ID())));
+}
+
+bool SeesSecuredIncidents() {
+    HostSession& session = HostServices::Current().Session();
+    const bool first = session.HasPermission("Incident", 6);
+    const bool second = session.HasPermission("Incident", 5);
+    return first || second;
+}
+
+RowList QueryIncidents(const StoredItem& item) {
+    const QuerySource incident = QueryServices::Factory().Table("Incident");
+    QuerySource query = JoinLinkedIncidents(item, incident)
+                            .Select({incident.Column("IncidentNo"), incident.Column("IncidentId"),
+                                     incident.Column("IsSecured")});
+    if (!SeesSecuredIncidents()) query.Where(incident.Column("IsSecured").Equals(0));
+    return HostDatabase().QueryRows(QueryServices::Factory().ToSql(query));
+}
+
+RowList QueryCases(const StoredItem& item) {
+    const QuerySource incident = QueryServices::Factory().Table("Incident");
+    const QuerySource query = JoinLinkedIncidents(item, incident).Select({incident.Column("CaseNbr")});
+    return HostDatabase().QueryRows(QueryServices::Factory().ToSql(query));
+}
+
+std::string KeyOf(const IncidentInfo& incident) { return "K" + std::to_string(incident.ID()); }
+std::string KeyOf(const CaseInfo& info) { return "K" + info.CaseNumber(); }
+
+// Each entry once, in first-seen order.
+template <typename Info>
+std::vector<std::shared_ptr<Info>> LoadDistinct(const RowList& rows) {
+    KeyedCollection<std::shared_ptr<Info>> seen;
+    for (const Row& row : rows) {
+        auto info = std::make_shared<Info>();
+        info->LoadFromRow(row);
+        const std::string key = KeyOf(*info);
+        seen.TryAdd(std::move(info), key);
+    }
+    return seen.Values();
+}
+
+// Inside a catch block: raises the caught failure again, saying which item's data could not be read.
+[[noreturn]] void RaiseForItem(const StoredItem& item, const std::string& what) {
+    const Error error = CurrentError();
+    Raise(error.Number(), error.Source(),
+          "Error retrieving related " + what + " data for " + (IsProperty(item) ? "property " : "vehicle ") +
+              item.DisplayID() + " (PK = " + std::to_string(item.ID()) + "): " + error.Description());
+}
+
+}  // namespace
+
+const IncidentList& StoredItem::RelatedIncidents() {
+    try {
+        if (!m_relatedIncidents)
+            m_relatedIncidents = std::make_shared<IncidentList>(LoadDistinct<IncidentInfo>(QueryIncidents(*this)));
+    } catch (...) {
+        RaiseForItem(*this, "incident");
+    }
+    return *m_relatedIncidents;
+}
+
+const CaseList& StoredItem::RelatedCases() {
+    try {
+        if (!m_relatedCases) m_relatedCases = std::make_shared<CaseList>(LoadDistinct<CaseInfo>(QueryCases(*this)));
+    } catch (...) {
+        RaiseForItem(*this, "case");
+    }
+    return *m_relatedCases;
+}
+
+TrackingRecordList StoredItem::TrackingRecords() const {
+    const std::string table = IsProperty(*this) ? "PropertyTracking" : "VehicleTracking";
+    const RowList rows = HostDatabase().QueryRows("SELECT * FROM " + table + " WHERE " + KeyColumn(*this) + " = " +
+                                                  std::to_string(ID()) + " ORDER BY DateReceived DESC, LastUpdated DESC");
+    TrackingRecordList records;
+    for (const Row& row : rows) {
+        auto record = std::make_shared<TrackingRecord>();
+        record->SetRow(row);
+        if (!records.empty()) records.back()->SetPrevious(record);
+        records.push_back(std::move(record));
+    }
+    return records;
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,275 @@
+#include "data/StorageLocation.h"
+
+#include "data/StorageLocationStatic.h"
+#include "tests/support/DatabaseTest.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/RecordingEngine.h"
+
+namespace quellbrook {
+
+namespace {
+
+using Ids = std::vector<int32_t>;
+constexpr auto Internal = StorageLocationTypes::Internal;
+constexpr auto External = StorageLocationTypes::External;
+
+// Internal: Room > Shelf > Box, Room > Bin; and Annex.  External: Court.
+class StorageLocationTest : public testing::DatabaseTest {
+protected:
+    StorageLocationTest() {
+        m_room = m_database.AddLocation("Room", Internal);
+        m_shelf = m_database.AddLocation("Shelf", Internal, m_room);
+        m_box = m_database.AddLocation("Box", Internal, m_shelf);
+        m_bin = m_database.AddLocation("Bin", Internal, m_room);
+        m_annex = m_database.AddLocation("Annex", Internal);
+        m_court = m_database.AddLocation("Court", External);
+    }
+
+    static StorageLocationRef Find(int32_t id) { return GetStorageLocationStatic().FindByID(id); }
+    static StorageLocationRef Root(StorageLocationTypes type) { return GetStorageLocationStatic().GetRoot(type); }
+    static Ids IDsOf(const StorageLocationList& locations) {
+        Ids ids;
+        for (const StorageLocationRef& location : locations) ids.push_back(location->ID());
+        return ids;
+    }
+
+    int32_t m_room = 0, m_shelf = 0, m_box = 0, m_bin = 0, m_annex = 0, m_court = 0;
+};
+
+// A StorageLocation element with these children; a null text leaves the child out.
+std::unique_ptr<pugi::xml_document> MakeNode(std::vector<std::pair<const char*, const char*>> changes = {}) {
+    std::vector<std::pair<std::string, const char*>> cells = {
+        {"IdNo", "7"},  {"Name", "Shelf"},       {"Path", "/0/5/"},
+        {"Type", "2"},  {"ActiveFlag", "False"}, {"LastUpdated", "2026-01-02T03:04:05.000"}};
+    for (const auto& [name, text] : changes)
+        for (auto& cell : cells)
+            if (cell.first == name) cell.second = text;
+    auto document = std::make_unique<pugi::xml_document>();
+    pugi::xml_node node = document->append_child("StorageLocation");
+    for (const auto& [name, text] : cells)
+        if (text) node.append_child(name.c_str()).text().set(text);
+    return document;
+}
+
+Error LoadError(std::vector<std::pair<const char*, const char*>> changes) {
+    const auto document = MakeNode(std::move(changes));
+    return testing::RaisedBy([&] { std::make_shared<StorageLocation>()->LoadFromXMLDOMNode(document->document_element()); });
+}
+
+}  // namespace
+
+TEST_F(StorageLocationTest, AFreshObjectHasTheDefaults) {
+    const auto location = std::make_shared<StorageLocation>();
+    EXPECT_EQ(location->ID(), -1);
+    EXPECT_EQ(location->Name(), "");
+    EXPECT_TRUE(location->GetPath().Equals(LocationPath().Append(0)));
+    EXPECT_EQ(location->LocationType(), StorageLocationTypes::Unassigned);
+    EXPECT_TRUE(location->Enabled());
+    EXPECT_FALSE(location->IsDeleted());
+    EXPECT_FALSE(location->IsRoot());
+}
+
+TEST_F(StorageLocationTest, EachFindMakesAnObjectOfItsOwnAndIsSameTellsThatTheyAreOne) {
+    const auto first = Find(m_shelf), second = Find(m_shelf);
+    EXPECT_NE(first, second);
+    EXPECT_TRUE(first->IsSame(second.get()));
+    EXPECT_FALSE(first->IsSame(Find(m_box).get()));
+    EXPECT_FALSE(first->IsSame(nullptr));
+}
+
+TEST_F(StorageLocationTest, RootsOfDifferentTypesAreNotTheSameAlthoughBothHaveIdentifierZero) {
+    EXPECT_EQ(Root(Internal)->ID(), Root(External)->ID());
+    EXPECT_FALSE(Root(Internal)->IsSame(Root(External).get()));
+    EXPECT_TRUE(Root(Internal)->IsSame(Root(Internal).get()));
+}
+
+TEST_F(StorageLocationTest, FindingZeroOrAnUnknownIdentifierGivesNothing) {
+    EXPECT_EQ(Find(0), nullptr);
+    EXPECT_EQ(Find(-1), nullptr);
+    EXPECT_EQ(Find(4711), nullptr);
+}
+
+TEST_F(StorageLocationTest, ParentsLeadUpToTheRootOfTheType) {
+    EXPECT_EQ(Find(m_box)->Parent()->ID(), m_shelf);
+    EXPECT_EQ(Find(m_shelf)->Parent()->ID(), m_room);
+    EXPECT_EQ(Find(m_room)->Parent(), Root(Internal));
+    EXPECT_EQ(Find(m_court)->Parent(), Root(External));
+    EXPECT_EQ(Root(Internal)->Parent(), nullptr);
+}
+
+TEST_F(StorageLocationTest, AContainerThatHasVanishedGivesNoParentAndEndsThePath) {
+    const auto document = MakeNode({{"Path", "/0/4711/"}});
+    const auto orphan = std::make_shared<StorageLocation>();
+    orphan->LoadFromXMLDOMNode(document->document_element());
+    EXPECT_EQ(orphan->Parent(), nullptr);
+    EXPECT_EQ(orphan->FullPath(), "Shelf");
+}
+
+TEST_F(StorageLocationTest, FullPathGivesTheNamesFromTheTopDown) {
+    EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
+    EXPECT_EQ(Find(m_box)->FullPath(" > "), "Room > Shelf > Box");
+    EXPECT_EQ(Find(m_box)->FullPath("/", true), "Sign-In Locations/Room/Shelf/Box");
+    EXPECT_EQ(Find(m_room)->FullPath(), "Room");
+}
+
+TEST_F(StorageLocationTest, FullPathOfARootIsEmptyUnlessRootsAreIncluded) {
+    EXPECT_EQ(Root(Internal)->FullPath(), "");
+    EXPECT_EQ(Root(Internal)->FullPath("/", true), "Sign-In Locations");
+}
+
+TEST_F(StorageLocationTest, FullPathTrimsPaddedNamesWhileNameShowsThemAsStored) {
+    const int32_t padded = m_database.AddLocation("  Cage  ", Internal, m_room);
+    const auto location = Find(padded);
+    EXPECT_EQ(location->FullPath(), "Room/Cage");
+    EXPECT_EQ(location->Name(), "  Cage  ");
+}
+
+TEST_F(StorageLocationTest, SubLocationsOfARootAreTheTopRowsOfItsCategoryOnly) {
+    EXPECT_EQ(IDsOf(Root(Internal)->SubLocations()), (Ids{m_annex, m_room}));
+    EXPECT_EQ(IDsOf(Root(External)->SubLocations()), Ids{m_court});
+    EXPECT_TRUE(Root(StorageLocationTypes::Other)->SubLocations().empty());
+}
+
+TEST_F(StorageLocationTest, SubLocationsAreTheDirectChildrenInDocumentOrder) {
+    EXPECT_EQ(IDsOf(Find(m_room)->SubLocations()), (Ids{m_bin, m_shelf}));
+    EXPECT_TRUE(Find(m_box)->SubLocations().empty());
+}
+
+TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotTakenForOnesOwn) {
+    // A child of 57 stands at /0/57/, one of 5 at /0/5/.
+    int fillers = 0;
+    while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {}
+    m_database.AddLocation("Inside 57", External, 57);
+    EXPECT_TRUE(Find(5)->SubLocations().empty());
+    EXPECT_EQ(Find(57)->SubLocations().size(), 1u);
+}
+
+TEST_F(StorageLocationTest, SelfAndDescendantsComeDepthFirstContainersFirst) {
+    EXPECT_EQ(Find(m_room)->GetSelfAndDescendantIDs(), (Ids{m_room, m_bin, m_shelf, m_box}));
+    EXPECT_EQ(Root(Internal)->GetSelfAndDescendantIDs(), (Ids{0, m_annex, m_room, m_bin, m_shelf, m_box}));
+    EXPECT_EQ(Find(m_box)->GetSelfAndDescendantIDs(), Ids{m_box});
+}
+
+TEST_F(StorageLocationTest, TheWholeTreeIsReadWithOneQuery) {
+    const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
+    m_database.Install(recording);
+    Root(Internal)->GetSelfAndDescendantIDs();
+    Find(m_box)->FullPath();
+    EXPECT_EQ(recording->Log().size(), 1u);
+}
+
+TEST_F(StorageLocationTest, AnActiveFlagOfNullReadsAsEnabled) {
+    EXPECT_TRUE(Find(m_database.AddLocation("No flag", Internal, 0, std::nullopt))->Enabled());
+}
+
+TEST_F(StorageLocationTest, TheActiveFlagTellsWhetherALocationIsEnabled) {
+    const int32_t off = m_database.AddLocation("Off", Internal, 0, false);
+    EXPECT_FALSE(Find(off)->Enabled());
+    EXPECT_TRUE(Find(m_room)->Enabled());
+}
+
+TEST_F(StorageLocationTest, RefreshTakesTheRowAgain) {
+    const auto location = Find(m_room), other = Find(m_room);
+    m_database.Execute("UPDATE StorageLocation SET Name = 'Vault', ActiveFlag = 0 WHERE IdNo = ?", {m_room});
+    EXPECT_EQ(Find(m_room)->Name(), "Room") << "the document stands until a reload";
+    location->Refresh();
+    EXPECT_EQ(location->Name(), "Vault");
+    EXPECT_FALSE(location->Enabled());
+    EXPECT_EQ(Find(m_room)->Name(), "Vault");
+    EXPECT_EQ(other->Name(), "Room") << "other objects for the row are not told";
+}
+
+TEST_F(StorageLocationTest, RefreshOfAVanishedRowLeavesADeletedObjectThatStillAnswersFromItsSnapshot) {
+    const auto location = Find(m_annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    EXPECT_FALSE(location->IsDeleted());
+    location->Refresh();
+    EXPECT_TRUE(location->IsDeleted());
+    EXPECT_EQ(location->Name(), "Annex");
+    EXPECT_EQ(location->ID(), m_annex);
+    EXPECT_TRUE(location->Enabled());
+    EXPECT_EQ(location->LocationType(), Internal);
+    EXPECT_EQ(Find(m_annex), nullptr);
+}
+
+TEST_F(StorageLocationTest, ADeletedObjectHasNoContents) {
+    const auto location = Find(m_annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    location->Refresh();
+    const auto expectRefused = [](const Error& error) {
+        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Description(), "The current location has been deleted.");
+    };
+    expectRefused(testing::RaisedBy([&] { location->SubLocations(); }));
+    expectRefused(testing::RaisedBy([&] { location->GetSelfAndDescendantIDs(); }));
+    expectRefused(testing::RaisedBy([&] { location->StoredItems(); }));
+    expectRefused(testing::RaisedBy([&] { location->StoredItemsCount(); }));
+}
+
+TEST_F(StorageLocationTest, RefreshOfARootReadsNothing) {
+    const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
+    m_database.Install(recording);
+    Root(Internal)->Refresh();
+    EXPECT_TRUE(recording->Log().empty());
+    EXPECT_FALSE(Root(Internal)->IsDeleted());
+}
+
+TEST_F(StorageLocationTest, ANodeIsReadChildByChild) {
+    const auto document = MakeNode();
+    StorageLocation location;
+    location.LoadFromXMLDOMNode(document->document_element());
+    EXPECT_EQ(location.ID(), 7);
+    EXPECT_EQ(location.Name(), "Shelf");
+    EXPECT_EQ(location.GetPath().Ids(), (Ids{0, 5}));
+    EXPECT_EQ(location.LocationType(), Internal);
+    EXPECT_FALSE(location.Enabled());
+}
+
+TEST_F(StorageLocationTest, ANodeWithoutAnActiveFlagKeepsTheValueThatTheObjectHas) {
+    StorageLocation location;
+    location.LoadFromXMLDOMNode(MakeNode()->document_element());
+    ASSERT_FALSE(location.Enabled());
+    location.LoadFromXMLDOMNode(MakeNode({{"ActiveFlag", nullptr}})->document_element());
+    EXPECT_FALSE(location.Enabled());
+}
+
+TEST_F(StorageLocationTest, AnIdentifierMayHaveBlanksAroundIt) {
+    StorageLocation location;
+    location.LoadFromXMLDOMNode(MakeNode({{"IdNo", " 12"}})->document_element());
+    EXPECT_EQ(location.ID(), 12);
+}
+
+TEST_F(StorageLocationTest, AnyMissingChildButTheActiveFlagIsReported) {
+    for (const char* child : {"IdNo", "Name", "Path", "Type", "LastUpdated"}) {
+        const Error error = LoadError({{child, nullptr}});
+        EXPECT_EQ(error.Number(), 91) << child;
+        EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: No object has been set.") << child;
+    }
+    EXPECT_EQ(LoadError({{"ActiveFlag", nullptr}}).Number(), 0);
+}
+
+TEST_F(StorageLocationTest, TextThatDoesNotConvertIsReportedWithItsNumberAndStep) {
+    const Error error = LoadError({{"IdNo", "seven"}});
+    EXPECT_EQ(error.Number(), 13);
+    EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: The value is of the wrong type.");
+    EXPECT_EQ(error.Source(), "StorageLocation.LoadFromXMLDOMNode (line 1)");
+    EXPECT_EQ(LoadError({{"Type", "two"}}).Source(), "StorageLocation.LoadFromXMLDOMNode (line 4)");
+    EXPECT_EQ(LoadError({{"ActiveFlag", "perhaps"}}).Number(), 13);
+    EXPECT_EQ(LoadError({{"LastUpdated", "yesterday"}}).Number(), 13);
+    EXPECT_EQ(LoadError({{"IdNo", "99999999999"}}).Number(), 6);
+    EXPECT_EQ(LoadError({{"Path", "0,5"}}).Number(), 5);
+}
+
+TEST_F(StorageLocationTest, InitializeAndMakeRootSetWhatARootNeeds) {
+    StorageLocation location;
+    location.InitializeAs("Sign-In Locations", Internal);
+    EXPECT_EQ(location.Name(), "Sign-In Locations");
+    EXPECT_EQ(location.LocationType(), Internal);
+    EXPECT_EQ(location.GetPath().Ids(), Ids{0});
+    EXPECT_FALSE(location.IsRoot());
+    location.MakeRoot();
+    EXPECT_TRUE(location.IsRoot());
+    EXPECT_TRUE(location.GetPath().Ids().empty());
+}
+
+}  // namespace quellbrook

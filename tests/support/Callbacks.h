@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/Dispatcher.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quellbrook::testing {
+
+// A callback that does what a test gives it.
+class FunctionCallback : public DispatcherCallback {
+public:
+    FunctionCallback(std::string typeName, std::function<void(const Action&)> handle)
+        : m_typeName(std::move(typeName)), m_handle(std::move(handle)) {}
+
+    void Handle(const Action& action) override { m_handle(action); }
+    std::string CallbackTypeName() const override { return m_typeName; }
+
+private:
+    std::string m_typeName;
+    std::function<void(const Action&)> m_handle;
+};
+
+// Keeps every action that reaches it.
+class RecordingCallback : public DispatcherCallback {
+public:
+    void Handle(const Action& action) override { actions.push_back(action); }
+    std::string CallbackTypeName() const override { return "RecordingCallback"; }
+
+    std::vector<std::string> Types() const {
+        std::vector<std::string> types;
+        for (const Action& action : actions) types.push_back(action.ActionType);
+        return types;
+    }
+
+    std::vector<Action> actions;
+};
+
+}  // namespace quellbrook::testing

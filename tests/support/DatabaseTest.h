@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tests/support/ModelTest.h"
+#include "tests/support/TestDatabase.h"
+
+namespace quellbrook::testing {
+
+// A ModelTest with an empty department's database behind it.
+class DatabaseTest : public ModelTest {
+protected:
+    TestDatabase m_database;
+};
+
+}  // namespace quellbrook::testing

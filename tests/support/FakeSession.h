@@ -1,0 +1,69 @@
+#pragma once
+
+#include "access/Permissions.h"
+#include "base/Error.h"
+#include "host/HostServices.h"
+#include "host/HostSession.h"
+
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace quellbrook::testing {
+
+// A session whose user, department and rights a test sets. Login takes any user with the password "right".
+class FakeSession : public HostSession {
+public:
+    std::string username = "jdoe";
+    std::string agencyName = "Harbour Police";
+    bool grantsAll = true;                                // until GrantNothing
+    std::set<std::pair<std::string, int16_t>> rights;     // counts while grantsAll is false
+    std::set<std::pair<std::string, int16_t>> revoked;    // counts always
+    int questions = 0;                                    // calls of HasPermission
+
+    std::string Username() const override { return username; }
+    std::string AgencyName() const override { return agencyName; }
+
+    void Login(const std::string& user, const std::string& password, const std::string&) override {
+        if (password != "right") Raise(ErrorNumber::General, "FakeSession.Login", "The user name or password is wrong.");
+        username = user;
+    }
+
+    bool HasPermission(const std::string& moduleKey, int16_t value) override {
+        ++questions;
+        const std::pair<std::string, int16_t> right(moduleKey, value);
+        return revoked.count(right) == 0 && (grantsAll || rights.count(right) > 0);
+    }
+
+    void GrantNothing() {
+        grantsAll = false;
+        rights.clear();
+    }
+    void Grant(const PermissionDefinition& right) {
+        revoked.erase({right.ModuleKey, right.Value});
+        rights.insert({right.ModuleKey, right.Value});
+    }
+    void Grant(const std::string& moduleKey, int16_t value) { Grant(PermissionDefinition{moduleKey, value}); }
+    void Revoke(const PermissionDefinition& right) {
+        rights.erase({right.ModuleKey, right.Value});
+        revoked.insert({right.ModuleKey, right.Value});
+    }
+};
+
+// A FakeSession that is the host's session from construction to destruction.
+class SessionScope {
+public:
+    SessionScope() { HostServices::Current().SetSession(m_session); }
+    ~SessionScope() { HostServices::Current().SetSession(nullptr); }
+    SessionScope(const SessionScope&) = delete;
+    SessionScope& operator=(const SessionScope&) = delete;
+
+    FakeSession* operator->() const { return m_session.get(); }
+    FakeSession& operator*() const { return *m_session; }
+
+private:
+    std::shared_ptr<FakeSession> m_session = std::make_shared<FakeSession>();
+};
+
+}  // namespace quellbrook::testing

@@ -1,0 +1,93 @@
+#include "tests/support/FaultInjectingEngine.h"
+
+namespace quellbrook::testing {
+
+namespace {
+
+using Place = FaultInjectingEngine::Place;
+using State = FaultInjectingEngine::State;
+
+class FaultInjectingConnection : public Connection {
+public:
+    FaultInjectingConnection(std::unique_ptr<Connection> inner, std::shared_ptr<State> state)
+        : m_inner(std::move(inner)), m_state(std::move(state)) {}
+
+    void Query(const std::string& sql, const RowReceiver& receiver) override {
+        Pass(Place::Statement);
+        m_inner->Query(sql, receiver);
+    }
+    void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
+        Pass(Place::Statement);
+        m_inner->Execute(sql, parameters);
+    }
+    std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
+        return m_inner->DescribeTable(table);
+    }
+    int32_t LastIdentity() override { return m_inner->LastIdentity(); }
+    void Begin() override {
+        Pass(Place::Begin);
+        m_inner->Begin();
+    }
+    void Commit() override {
+        Pass(Place::Commit);
+        m_inner->Commit();
+        Pass(Place::AfterCommit);
+    }
+    void Rollback() noexcept override { m_inner->Rollback(); }
+    bool IsHealthy() override { return !m_broken && m_inner->IsHealthy(); }
+    void Reset() override { m_inner->Reset(); }
+
+private:
+    void Pass(Place here) {
+        try {
+            m_state->Pass(here);
+        } catch (const Error&) {
+            m_broken = m_state->breaksConnection;
+            throw;
+        }
+    }
+
+    std::unique_ptr<Connection> m_inner;
+    std::shared_ptr<State> m_state;
+    bool m_broken = false;
+};
+
+}  // namespace
+
+FaultInjectingEngine::FaultInjectingEngine(std::shared_ptr<Engine> inner)
+    : m_inner(std::move(inner)), m_state(std::make_shared<State>()) {}
+
+std::unique_ptr<Connection> FaultInjectingEngine::Open() {
+    m_state->Pass(Place::Open);
+    return std::make_unique<FaultInjectingConnection>(m_inner->Open(), m_state);
+}
+
+void FaultInjectingEngine::FailAtOpen(Error error) { Arm(Place::Open, 1, std::move(error)); }
+void FaultInjectingEngine::FailAtBegin(Error error) { Arm(Place::Begin, 1, std::move(error)); }
+void FaultInjectingEngine::FailAtStatement(int n, Error error) { Arm(Place::Statement, n, std::move(error)); }
+void FaultInjectingEngine::FailAtCommit(Error error) { Arm(Place::Commit, 1, std::move(error)); }
+void FaultInjectingEngine::FailAfterCommit(Error error) { Arm(Place::AfterCommit, 1, std::move(error)); }
+
+void FaultInjectingEngine::Disarm() {
+    m_state->place.reset();
+    m_state->error.reset();
+}
+
+void FaultInjectingEngine::Arm(Place place, int n, Error error) {
+    m_state->place = place;
+    m_state->remaining = n;
+    m_state->error = std::move(error);
+    m_state->struck = false;
+}
+
+void FaultInjectingEngine::State::Pass(Place here) {
+    if (here == Place::Statement) ++statements;
+    if (place != here || --remaining > 0) return;
+    const Error due = *error;
+    place.reset();
+    error.reset();
+    struck = true;
+    throw due;
+}
+
+}  // namespace quellbrook::testing

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "base/Error.h"
+#include "host/engines/Connection.h"
+
+#include <memory>
+#include <optional>
+
+namespace quellbrook::testing {
+
+// An engine around another whose connections fail on demand. One fault at a time; it strikes once and is then spent.
+class FaultInjectingEngine : public Engine {
+public:
+    explicit FaultInjectingEngine(std::shared_ptr<Engine> inner);
+
+    std::unique_ptr<Connection> Open() override;
+    const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
+
+    void FailAtOpen(Error error);
+    void FailAtBegin(Error error);
+    // The nth statement from now, 1 the next one; queries and executed texts count alike. It is not carried out.
+    void FailAtStatement(int n, Error error);
+    void FailAtCommit(Error error);       // nothing is committed
+    void FailAfterCommit(Error error);    // committed all the same: the answer was lost
+    void Disarm();
+
+    bool HasStruck() const { return m_state->struck; }
+    int StatementCount() const { return m_state->statements; }  // since construction
+
+    // A connection lost to a fault also says that it can't be used again.
+    void BreakConnectionWithFault(bool broken) { m_state->breaksConnection = broken; }
+
+    enum class Place { Open, Begin, Statement, Commit, AfterCommit };
+    struct State {
+        std::optional<Place> place;
+        int remaining = 0;  // statements until the fault
+        std::optional<Error> error;
+        bool struck = false;
+        bool breaksConnection = false;
+        int statements = 0;
+
+        void Pass(Place here);  // raises when the fault is due here
+    };
+
+private:
+    void Arm(Place place, int n, Error error);
+
+    std::shared_ptr<Engine> m_inner;
+    std::shared_ptr<State> m_state;
+};
+
+}  // namespace quellbrook::testing

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "base/Screen.h"
+
+#include <deque>
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quellbrook::testing {
+
+// What one form of the first-use wizard does: stays visible for so many rounds of WaitForMessages after its Show, then
+// closes and reads as completed or left.
+struct WizardScript {
+    int roundsVisible = 1;
+    bool completed = true;
+    std::function<void()> onShow = {};
+    std::function<void()> onClose = {};
+};
+
+// A screen without a screen: keeps what was shown and answers from a list. Messages with the OK button alone need no
+// answer. A question for which neither an answer nor a default is left fails the test and is answered with Cancel, and
+// so does a wizard that no script foresees.
+class RecordingScreen : public Screen {
+public:
+    struct Message {
+        std::string prompt;
+        int32_t buttons;
+        std::string title;
+
+        bool operator==(const Message&) const = default;
+    };
+    struct PlainMessage {
+        std::string text;
+        std::string title;
+
+        bool operator==(const PlainMessage&) const = default;
+    };
+
+    // Answers to the coming questions, first come first served.
+    void AnswerNext(int32_t answer) { m_answers.push_back(answer); }
+    // For every question beyond those.
+    void SetDefaultAnswer(std::optional<int32_t> answer) { m_defaultAnswer = answer; }
+    bool HasAnswersLeft() const { return !m_answers.empty(); }
+
+    // Runs while a message, or a plain one, is open: what the user or a timer does behind it.
+    std::function<void(const Message&)> WhileMessageOpen;
+    std::function<void(const PlainMessage&)> WhilePlainMessageOpen;
+
+    void AddWizard(WizardScript script) { m_wizards.push_back(std::move(script)); }
+    bool HasWizardsLeft() const { return !m_wizards.empty(); }
+    // Runs in each round of WaitForMessages, before a wizard may close.
+    std::function<void()> WhileWaiting;
+
+    void SetOpenFormCount(int32_t count) { m_openFormCount = count; }
+
+    const std::vector<Message>& Messages() const { return m_messages; }
+    const std::vector<PlainMessage>& PlainMessages() const { return m_plainMessages; }
+    // The messages so far; starts a new record.
+    std::vector<Message> TakeMessages();
+    std::vector<PlainMessage> TakePlainMessages();
+    const ObjectRef& DialogParent() const { return m_dialogParent; }
+    int WizardsShown() const { return m_wizardsShown; }
+    int RoundsWaited() const { return m_roundsWaited; }
+
+    int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) override;
+    void ShowPlainMessage(const std::string& text, const std::string& title) override;
+    void SetDialogParent(ObjectRef window) override { m_dialogParent = std::move(window); }
+    std::shared_ptr<SetupWizard> MakeSetupWizard() override;
+    void WaitForMessages() override;
+    int32_t OpenFormCount() const override { return m_openFormCount; }
+
+private:
+    class Wizard;
+
+    int32_t Answer(const Message& message);
+
+    std::deque<int32_t> m_answers;
+    std::optional<int32_t> m_defaultAnswer;
+    std::deque<WizardScript> m_wizards;
+    std::vector<std::weak_ptr<Wizard>> m_madeWizards;
+    std::vector<Message> m_messages;
+    std::vector<PlainMessage> m_plainMessages;
+    ObjectRef m_dialogParent;
+    int32_t m_openFormCount = 0;
+    int m_wizardsShown = 0;
+    int m_roundsWaited = 0;
+};
+
+// As gtest prints them.
+std::ostream& operator<<(std::ostream& out, const RecordingScreen::Message& message);
+std::ostream& operator<<(std::ostream& out, const RecordingScreen::PlainMessage& message);
+
+}  // namespace quellbrook::testing
