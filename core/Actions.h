@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/Dispatcher.h"
+#include "core/ViewStore.h"
+#include "data/StoredItemList.h"
+#include "data/TransferData.h"
+
+namespace quellbrook {
+
+// The only way a view changes state. Not to be called from inside a dispatch, that is, from an OnChange handler.
+class Actions {
+public:
+    void NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary> viewParameters);
+    void GoBack();
+    // Two dispatches: the type, then the items.
+    void BeginTransaction(int32_t transactionType, std::shared_ptr<ObjectList> items);
+    void AddToCart(std::shared_ptr<ObjectList> items);
+    // Ends the batch when this was its last item.
+    void RemoveFromCart(const StoredItemRef& item);
+    // Leaves an emptied batch open.
+    void BulkRemoveFromCart(std::shared_ptr<ObjectList> items);
+    void CancelTransactionWithPrompt();
+    void CancelTransaction();
+    void SetTransferData(std::shared_ptr<TransferData> data);
+    // Writes one custody row for each item of the batch, all in one database transaction, and tells the stores and the
+    // user how it went. Fails to its caller no more once it has started.
+    void ProcessTransaction(std::shared_ptr<TransferData> xfer);
+    void NotifyUser(const std::string& message);
+    void LoadingStarted();
+    void LoadingFinished();
+    void OpenStoredItem(const StoredItemRef& item);
+
+private:
+    static Action CreateAction(const char* actionType, TaggedValue payload = {});
+    void SetTransactionType(int32_t transactionType);
+};
+
+Actions& GetActions();
+
+}  // namespace quellbrook

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "base/Event.h"
+#include "core/Dispatcher.h"
+#include "data/StoredItemList.h"
+#include "data/TransferData.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quellbrook {
+
+// What may be done with one item.
+struct AllowedTasks {
+    bool CanPrint = true;
+    bool CanCheckIn = true;
+    bool CanCheckOut = true;
+    bool CanMove = true;
+    bool CanDispose = true;
+};
+
+// The batch's items in the order they were added, each under "K" and its ID; the key takes no regard of the kind.
+class CartItems : public StoredItemList {
+public:
+    std::string TypeName() const override { return "Collection"; }
+    int32_t Count() const override { return static_cast<int32_t>(m_items.Count()); }
+    StoredItemRef ItemAt(int32_t index) const override;
+
+    bool TryAdd(const StoredItemRef& item);  // false when the key is taken
+    bool TryRemove(const StoredItem& item);  // false when the key is absent
+    bool Contains(const StoredItem& item) const;
+
+private:
+    static std::string KeyOf(const StoredItem& item);
+
+    KeyedCollection<StoredItemRef> m_items;
+    mutable std::vector<StoredItemRef> m_byPosition;  // m_items in order, or empty until somebody asks
+};
+
+// The current transfer batch: its items, its type (TransactionType), its details. Changes only through actions.
+class CartStore : public DispatcherCallback {
+public:
+    CartStore();
+
+    // Error 91 for null.
+    AllowedTasks GetAllowedTasks(const StoredItemRef& item) const;
+    bool IsEmpty() const { return m_items->IsEmpty(); }
+    int32_t GetTransactionType() const { return m_transactionType; }
+    std::shared_ptr<TransferData> GetTransferData() const { return m_transferData; }
+    // The live collection. A cleared batch has a new one, so fetch it anew at each OnChange.
+    std::shared_ptr<CartItems> GetItems() const { return m_items; }
+    bool IsItemInCart(const StoredItemRef& item) const;  // false for null
+
+    void Handle(const Action& action) override;
+    std::string CallbackTypeName() const override { return "CartStore"; }
+
+    Event<> OnChange;
+
+private:
+    void AddItems(const ObjectList& items);
+    void RemoveItems(const ObjectList& items);
+    void Clear();
+
+    int32_t m_transactionType = TransactionType::None;
+    std::shared_ptr<CartItems> m_items;
+    std::shared_ptr<TransferData> m_transferData;
+};
+
+}  // namespace quellbrook

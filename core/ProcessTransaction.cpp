@@ -1,0 +1,66 @@
+#include "core/Actions.h"
+
+#include "base/Error.h"
+#include "base/FormatCount.h"
+#include "core/ActionTypes.h"
+#include "core/Stores.h"
+#include "data/TransferStatements.h"
+#include "host/ErrorLog.h"
+#include "host/HostDatabase.h"
+
+#include <optional>
+
+namespace quellbrook {
+
+namespace {
+
+void LogFailure(const std::string& description) noexcept {
+    try {
+        GetErrorLog().Log("Quellbrook", "Actions.ProcessTransaction", description);
+    } catch (...) {
+        // There is no other place left to tell of it.
+    }
+}
+
+// Carries out one step of the report on a transfer whose outcome is settled: a failure here changes nothing about it.
+template <typename Step>
+void Attempt(Step step) {
+    try {
+        step();
+    } catch (...) {
+        LogFailure(CurrentError().Description());
+    }
+}
+
+// Writes the batch; why that could not be done, or nothing once it is committed.
+std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<CartItems>& items) {
+    try {
+        items = GetStores().Cart->GetItems();
+        GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, "Actions.ProcessTransaction")));
+        return std::nullopt;
+    } catch (...) {
+        return CurrentError().Description();
+    }
+}
+
+}  // namespace
+
+void Actions::ProcessTransaction(std::shared_ptr<TransferData> xfer) {
+    LoadingStarted();
+    std::shared_ptr<CartItems> items;
+    const std::optional<std::string> failure = Commit(xfer, items);
+
+    Attempt([&] { LoadingFinished(); });
+    if (failure) {
+        Attempt([&] { CancelTransaction(); });
+        Attempt([&] { GetDispatcher()->Dispatch(CreateAction(ActionTypes::CART_TRANSACTION_FAILED, *failure)); });
+        LogFailure(*failure);
+    } else {
+        Attempt([&] {
+            NotifyUser("Successfully transferred " + FormatCount(items->Count(), "%d item", "%d items"));
+        });
+        Attempt([&] { GetDispatcher()->Dispatch(CreateAction(ActionTypes::CART_TRANSACTION_SUCCESS, xfer)); });
+    }
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,534 @@
+#include "core/Actions.h"
+
+#include "core/ActionTypes.h"
+#include "core/Stores.h"
+#include "data/CustodyRecords.h"
+#include "host/HostDatabase.h"
+#include "tests/support/Callbacks.h"
+#include "tests/support/DatabaseTest.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/Items.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/RecordingEngine.h"
+
+namespace quellbrook {
+
+namespace {
+
+using testing::FindItem;
+using testing::FunctionCallback;
+using testing::ListOf;
+using testing::RecordingCallback;
+using Types = std::vector<std::string>;
+
+constexpr auto Property = StoredItemTypes::Property;
+constexpr auto Vehicle = StoredItemTypes::vehicle;
+const Error DatabaseError(8152, "Engine", "The log of the database is full.");
+const char* const LogSource = "Actions.ProcessTransaction";
+
+class ThrowingErrorLog : public ErrorLog {
+public:
+    void Log(const std::string&, const std::string&, const std::string&) override {
+        ++calls;
+        throw std::runtime_error("the log is full");
+    }
+
+    int calls = 0;
+};
+
+// A department with a counter, a court and items; a batch of type sign-out that holds items of both kinds.
+class ProcessTransaction : public testing::DatabaseTest {
+protected:
+    ProcessTransaction() {
+        m_counter = m_database.AddLocation("Counter", StorageLocationTypes::Internal);
+        m_court = m_database.AddLocation("Court", StorageLocationTypes::External);
+        GetDispatcher()->Register(m_seen);
+        m_stores = GetStores();
+    }
+
+    // Vehicles are numbered from 101 on: items of one number exclude each other from a batch.
+    int32_t AddStored(StoredItemTypes kind) {
+        if (kind == Vehicle && ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Vehicle")) == 0)
+            m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");
+        const int32_t id = kind == Property ? m_database.AddProperty({.PropertyID = "E"}) : m_database.AddVehicle();
+        m_database.AddCustodyRow(kind, id, m_counter);
+        return id;
+    }
+
+    void Begin(std::initializer_list<ObjectRef> items, int32_t type = TransactionType::SignOut) {
+        GetActions().BeginTransaction(type, ListOf(items));
+        m_seen->actions.clear();
+    }
+
+    std::shared_ptr<TransferData> MakeTransfer(int32_t location) {
+        auto xfer = std::make_shared<TransferData>();
+        xfer->Location = GetStorageLocationStatic().FindByID(location);
+        xfer->ReceivedBy = 101;
+        xfer->ReceivedFrom = 102;
+        xfer->DateReceived = DateTime::FromParts({2026, 11, 19, 8, 30, 0, 0});
+        xfer->Reason = 5;
+        return xfer;
+    }
+    std::shared_ptr<TransferData> MakeTransfer() { return MakeTransfer(m_court); }
+
+    // The tracking rows of one item: sequence number and place, oldest first.
+    std::string Chain(StoredItemTypes kind, int32_t id) {
+        const std::string table = kind == Property ? "Property" : "Vehicle";
+        std::string text;
+        for (const Row& row : m_database.QueryRows("SELECT SeqNo, StorageLocNo FROM " + table + "Tracking WHERE " + table +
+                                                   "No = " + std::to_string(id) + " ORDER BY SeqNo"))
+            text += ToText(row.Value("SeqNo")) + "@" + ToTextOrEmpty(row.Value("StorageLocNo")) + " ";
+        return text;
+    }
+    TaggedValue ValueOf(StoredItemTypes kind, int32_t id, const std::string& column) {
+        const std::string table = kind == Property ? "Property" : "Vehicle";
+        return m_database.QueryValue("SELECT " + column + " FROM " + table + " WHERE " + table +
+                                     "No = " + std::to_string(id));
+    }
+
+    std::shared_ptr<testing::FaultInjectingEngine> InstallFaultyEngine() {
+        auto engine = std::make_shared<testing::FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(engine);
+        return engine;
+    }
+    std::shared_ptr<testing::RecordingEngine> InstallRecordingEngine() {
+        auto engine = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
+        m_database.Install(engine);
+        return engine;
+    }
+
+    // A callback behind the stores that fails at one type of action.
+    void FailAt(const std::string& actionType) {
+        GetDispatcher()->Register(std::make_shared<FunctionCallback>("EvidenceUI", [actionType](const Action& action) {
+            if (action.ActionType == actionType) Raise(99, "EvidenceUI.Handle", "The view is broken.");
+        }));
+    }
+
+    void ExpectCommittedReport(const std::string& note) {
+        EXPECT_EQ(m_seen->Types(),
+                  (Types{"LOADING_STARTED", "LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}));
+        EXPECT_EQ(m_seen->actions.at(2).Payload, TaggedValue(note));
+        ExpectIdle();
+    }
+    void ExpectFailureReport(const std::string& description) {
+        EXPECT_EQ(m_seen->Types(), (Types{"LOADING_STARTED", "LOADING_FINISHED", "CART_CANCEL_TRANSACTION",
+                                          "CART_TRANSACTION_FAILED"}));
+        EXPECT_EQ(m_seen->actions.back().Payload, TaggedValue(description));
+        ExpectIdle();
+    }
+    void ExpectIdle() {
+        EXPECT_FALSE(m_stores.Loading->IsLoading());
+        EXPECT_TRUE(m_stores.Cart->IsEmpty());
+        EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::None);
+    }
+    void ExpectLogged(const std::string& description) {
+        ASSERT_EQ(m_log.Entries().size(), 1u);
+        EXPECT_EQ(m_log.Entries()[0],
+                  (testing::RecordingErrorLog::Entry{"Quellbrook", LogSource, description}));
+    }
+
+    int32_t m_counter = 0;
+    int32_t m_court = 0;
+    StoresRecord m_stores;
+    std::shared_ptr<RecordingCallback> m_seen = std::make_shared<RecordingCallback>();  // served before the stores
+};
+
+}  // namespace
+
+TEST_F(ProcessTransaction, TwoItemsAreSentAsNineStatementsInOneTransaction) {
+    while (m_database.AddProperty() < 7) {}
+    while (m_database.AddVehicle() < 3) {}
+    int32_t place = m_court;
+    while (place < 12) place = m_database.AddLocation("Place " + std::to_string(place), StorageLocationTypes::External);
+    GetStorageLocationStatic().Refresh();
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, 7), FindItem(Vehicle, 3)});
+    const auto xfer = MakeTransfer(12);
+    recording->Clear();
+
+    GetActions().ProcessTransaction(xfer);
+
+    EXPECT_EQ(recording->Log(),
+              (std::vector<std::string>{
+                  "BEGIN",
+                  "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
+                  "INSERT INTO #NextSeqNo (Value) VALUES (0)",
+                  "DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 "
+                  "GROUP BY PropertyNo;UPDATE #NextSeqNo SET VALUE = COALESCE(@NextSeqNo, 1)",
+                  "INSERT INTO PropertyTracking (PropertyNo,SeqNo,ReceivedBy,ReceivedFrom,DateReceived,CustodyReasonNo,"
+                  "StorageLocNo,LastUpdated) VALUES (7,(SELECT Value FROM #NextSeqNo),101,102,"
+                  "'2026-11-19T08:30:00.000',5,12,'2026-11-20T13:14:15.123')",
+                  "UPDATE Property SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE PropertyNo=7",
+                  "DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM VehicleTracking WHERE VehicleNo=3 "
+                  "GROUP BY VehicleNo;UPDATE #NextSeqNo SET VALUE = COALESCE(@NextSeqNo, 1)",
+                  "INSERT INTO VehicleTracking (VehicleNo,SeqNo,ReceivedBy,ReceivedFrom,DateReceived,CustodyReasonNo,"
+                  "StorageLocNo,LastUpdated) VALUES (3,(SELECT Value FROM #NextSeqNo),101,102,"
+                  "'2026-11-19T08:30:00.000',5,12,'2026-11-20T13:14:15.123')",
+                  "UPDATE Vehicle SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE VehicleNo=3",
+                  "DROP TABLE #NextSeqNo",
+                  "COMMIT",
+              }));
+    EXPECT_EQ(Chain(Property, 7), "1@12 ");
+    EXPECT_EQ(Chain(Vehicle, 3), "1@12 ");
+    ExpectCommittedReport("Successfully transferred 2 items");
+}
+
+TEST_F(ProcessTransaction, EveryColumnOfTheCustodyRowIsWritten) {
+    const int32_t id = AddStored(Property);
+    Begin({FindItem(Property, id)});
+    const auto xfer = MakeTransfer();
+    m_clock.Advance(90000);
+
+    GetActions().ProcessTransaction(xfer);
+
+    const Row row = m_database.QueryRows("SELECT * FROM PropertyTracking WHERE SeqNo = 2").at(0);
+    EXPECT_EQ(ToInt32(row.Value("PropertyNo")), id);
+    EXPECT_EQ(ToInt32(row.Value("ReceivedBy")), 101);
+    EXPECT_EQ(ToInt32(row.Value("ReceivedFrom")), 102);
+    EXPECT_EQ(ToText(row.Value("DateReceived")), "2026-11-19T08:30:00.000");
+    EXPECT_EQ(ToInt32(row.Value("CustodyReasonNo")), 5);
+    EXPECT_EQ(ToInt32(row.Value("StorageLocNo")), m_court);
+    EXPECT_EQ(ToText(row.Value("LastUpdated")), "2026-11-20T13:14:15.123") << "the moment the details were made";
+    EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 2);
+    EXPECT_EQ(ToInt32(ValueOf(Property, id, "HasFinalDisposition")), 0);
+    ExpectCommittedReport("Successfully transferred 1 item");
+}
+
+TEST_F(ProcessTransaction, SuccessCarriesTheCommittedDetails) {
+    Begin({FindItem(Property, AddStored(Property))});
+    const auto xfer = MakeTransfer();
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_EQ(ToObject<TransferData>(m_seen->actions.back().Payload), xfer);
+}
+
+TEST_F(ProcessTransaction, TheFirstCustodyRowGetsNumberOneAndLaterOnesTheGreatestPlusOne) {
+    const int32_t id = m_database.AddProperty();
+    const int32_t other = AddStored(Property);
+    m_database.AddCustodyRow(Property, other, m_court);
+    for (int i = 0; i < 3; ++i) {
+        Begin({FindItem(Property, id)});
+        GetActions().ProcessTransaction(MakeTransfer());
+    }
+    const std::string court = std::to_string(m_court);
+    EXPECT_EQ(Chain(Property, id), "1@" + court + " 2@" + court + " 3@" + court + " ");
+    EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 3);
+    EXPECT_EQ(Chain(Property, other), "1@" + std::to_string(m_counter) + " 2@" + court + " ");
+}
+
+TEST_F(ProcessTransaction, RowsDeletedByHandInBetweenDoNotMatter) {
+    const int32_t id = AddStored(Property);
+    for (int i = 0; i < 3; ++i) m_database.AddCustodyRow(Property, id, m_counter);
+    m_database.Execute("DROP TRIGGER PropertyTrackingDeleteGuard");
+    m_database.Execute("DELETE FROM PropertyTracking WHERE SeqNo IN (2, 3)");
+
+    Begin({FindItem(Property, id)});
+    GetActions().ProcessTransaction(MakeTransfer());
+    const std::string counter = std::to_string(m_counter), court = std::to_string(m_court);
+    EXPECT_EQ(Chain(Property, id), "1@" + counter + " 4@" + counter + " 5@" + court + " ");
+}
+
+TEST_F(ProcessTransaction, EachItemOfABatchGetsTheNumberOfItsOwnChain) {
+    const int32_t first = AddStored(Property);
+    m_database.AddCustodyRow(Property, first, m_counter);
+    const int32_t fresh = m_database.AddProperty();
+    const int32_t vehicle = AddStored(Vehicle);
+    Begin({FindItem(Property, first), FindItem(Property, fresh), FindItem(Vehicle, vehicle)});
+    GetActions().ProcessTransaction(MakeTransfer());
+    EXPECT_EQ(ToInt32(ValueOf(Property, first, "CurrTrackSeq")), 3);
+    EXPECT_EQ(ToInt32(ValueOf(Property, fresh, "CurrTrackSeq")), 1);
+    EXPECT_EQ(ToInt32(ValueOf(Vehicle, vehicle, "CurrTrackSeq")), 2);
+    ExpectCommittedReport("Successfully transferred 3 items");
+}
+
+TEST_F(ProcessTransaction, ADisposalMarksEveryItemOfTheBatch) {
+    const int32_t place = m_database.AddLocation("Furnace", StorageLocationTypes::DisposalLocation);
+    GetStorageLocationStatic().Refresh();
+    const int32_t property = AddStored(Property), untouched = AddStored(Property);
+    const int32_t vehicle = AddStored(Vehicle);
+    Begin({FindItem(Vehicle, vehicle), FindItem(Property, property)}, TransactionType::Dispose);
+    const auto xfer = MakeTransfer(place);
+    xfer->FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "Burnt by order of Judge O'Neil"});
+
+    GetActions().ProcessTransaction(xfer);
+
+    for (const auto& [kind, id] : {std::pair(Property, property), std::pair(Vehicle, vehicle)}) {
+        EXPECT_EQ(ToInt32(ValueOf(kind, id, "HasFinalDisposition")), 1);
+        EXPECT_EQ(ToText(ValueOf(kind, id, "DisposalNote")), "Burnt by order of Judge O'Neil");
+        EXPECT_EQ(ToInt32(ValueOf(kind, id, "CurrStatusNo")), 4);
+    }
+    EXPECT_EQ(ToInt32(ValueOf(Property, untouched, "HasFinalDisposition")), 0);
+    EXPECT_TRUE(ValueOf(Property, untouched, "DisposalNote").IsNull());
+}
+
+TEST_F(ProcessTransaction, ADisposalAddsOneStatementForEachItem) {
+    const int32_t id = AddStored(Property);
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, id)}, TransactionType::Dispose);
+    const auto xfer = MakeTransfer();
+    xfer->FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "It's gone"});
+    recording->Clear();
+    GetActions().ProcessTransaction(xfer);
+    ASSERT_EQ(recording->Log().size(), 3u + 3u + 1u + 2u);
+    EXPECT_EQ(recording->Log()[6], "UPDATE Property SET HasFinalDisposition=1,DisposalNote='It''s gone',CurrStatusNo=4 "
+                                   "WHERE PropertyNo=" + std::to_string(id));
+}
+
+TEST_F(ProcessTransaction, TheTemplateWordInANoteIsReplacedToo) {
+    const int32_t id = AddStored(Vehicle);
+    Begin({FindItem(Vehicle, id)}, TransactionType::Dispose);
+    const auto xfer = MakeTransfer();
+    xfer->FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "The {0} was crushed"});
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_EQ(ToText(ValueOf(Vehicle, id, "DisposalNote")), "The Vehicle was crushed");
+}
+
+TEST_F(ProcessTransaction, AMissingPersonGoesInAsNull) {
+    const int32_t id = AddStored(Property);
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, id)});
+    const auto xfer = MakeTransfer();
+    xfer->ReceivedBy = Null();
+    xfer->ReceivedFrom = Empty();
+    recording->Clear();
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_NE(recording->Log().at(4).find("(SELECT Value FROM #NextSeqNo),NULL,NULL,'"), std::string::npos)
+        << recording->Log()[4];
+    const Row row = m_database.QueryRows("SELECT * FROM PropertyTracking WHERE SeqNo = 2").at(0);
+    EXPECT_TRUE(row.Value("ReceivedBy").IsNull());
+    EXPECT_TRUE(row.Value("ReceivedFrom").IsNull());
+}
+
+TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatements) {
+    const auto recording = InstallRecordingEngine();
+    const std::string before = m_database.Snapshot();
+    Begin({});
+    const auto xfer = MakeTransfer();
+    recording->Clear();
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_EQ(recording->Log(),
+              (std::vector<std::string>{"BEGIN", "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
+                                        "INSERT INTO #NextSeqNo (Value) VALUES (0)", "DROP TABLE #NextSeqNo", "COMMIT"}));
+    EXPECT_EQ(m_database.Snapshot(), before);
+    ExpectCommittedReport("Successfully transferred 0 items");
+}
+
+TEST_F(ProcessTransaction, ALargeCountIsGrouped) {
+    auto items = std::make_shared<ObjectVector>();
+    for (int i = 0; i < 1000; ++i) items->Add(testing::MakeItem(m_database.AddProperty()));
+    GetActions().BeginTransaction(TransactionType::SignIn, items);
+    m_seen->actions.clear();
+    GetActions().ProcessTransaction(MakeTransfer());
+    ExpectCommittedReport("Successfully transferred 1,000 items");
+    EXPECT_EQ(ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM PropertyTracking")), 1000);
+}
+
+TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
+    const int32_t property = AddStored(Property), vehicle = AddStored(Vehicle);
+    const auto faulty = InstallFaultyEngine();
+    const std::string before = m_database.Snapshot();
+    const auto xfer = MakeTransfer();
+    xfer->FinalDisposition = std::make_shared<FinalDispositionData>();
+    const auto expectNothingTransferred = [&](const std::string& place) {
+        SCOPED_TRACE(place);
+        m_log.Announce(LogSource);
+        GetActions().ProcessTransaction(xfer);
+        EXPECT_TRUE(faulty->HasStruck());
+        EXPECT_EQ(m_database.Snapshot(), before);
+        ExpectFailureReport("The log of the database is full.");
+        EXPECT_EQ(m_log.Entries().back().message, "The log of the database is full.");
+        EXPECT_EQ(m_log.Entries().back().application, "Quellbrook");
+    };
+
+    constexpr int statements = 3 + 2 * 4;
+    for (int n = 1; n <= statements; ++n) {
+        Begin({FindItem(Property, property), FindItem(Vehicle, vehicle)});
+        faulty->FailAtStatement(n, DatabaseError);
+        expectNothingTransferred("statement " + std::to_string(n));
+    }
+    Begin({FindItem(Property, property), FindItem(Vehicle, vehicle)});
+    faulty->FailAtBegin(DatabaseError);
+    expectNothingTransferred("begin");
+    Begin({FindItem(Property, property), FindItem(Vehicle, vehicle)});
+    faulty->FailAtCommit(DatabaseError);
+    expectNothingTransferred("commit");
+    EXPECT_EQ(m_log.Entries().size(), statements + 2u);
+
+    Begin({FindItem(Property, property), FindItem(Vehicle, vehicle)});
+    GetActions().ProcessTransaction(xfer);
+    ExpectCommittedReport("Successfully transferred 2 items");
+}
+
+TEST_F(ProcessTransaction, AViolatedConstraintOfTheLastItemLeavesTheFirstUnchanged) {
+    const int32_t first = AddStored(Property);
+    Begin({FindItem(Property, first), testing::MakeItem(9999)});
+    const std::string before = m_database.Snapshot();
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(MakeTransfer());
+    EXPECT_EQ(m_database.Snapshot(), before);
+    EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
+    ExpectIdle();
+}
+
+TEST_F(ProcessTransaction, ARootAsDestinationIsRefusedBeforeAnythingIsSent) {
+    const int32_t id = AddStored(Property);
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, id)});
+    const auto xfer = MakeTransfer();
+    xfer->Location = GetStorageLocationStatic().GetRoot(StorageLocationTypes::External);
+    recording->Clear();
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_TRUE(recording->Log().empty());
+    const std::string description = "DbPrepStorageLocationField: Cannot use a root location in a SQL statement.";
+    ExpectFailureReport(description);
+    ExpectLogged(description);
+}
+
+TEST_F(ProcessTransaction, NoDestinationIsRefusedBeforeAnythingIsSent) {
+    const int32_t id = AddStored(Property);
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, id)});
+    const auto xfer = MakeTransfer();
+    xfer->Location = nullptr;
+    recording->Clear();
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(xfer);
+    EXPECT_TRUE(recording->Log().empty());
+    ExpectFailureReport("No object has been set.");
+}
+
+TEST_F(ProcessTransaction, NoDateOrNoDetailsAtAllAreRefusedBeforeAnythingIsSent) {
+    const int32_t id = AddStored(Property);
+    const auto recording = InstallRecordingEngine();
+    Begin({FindItem(Property, id)});
+    const auto xfer = MakeTransfer();
+    xfer->DateReceived = Null();
+    recording->Clear();
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(xfer);
+    ExpectFailureReport("A value is missing.");
+
+    Begin({testing::MakeItem(id)});
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(nullptr);
+    ExpectFailureReport("No object has been set.");
+    EXPECT_TRUE(recording->Log().empty());
+}
+
+TEST_F(ProcessTransaction, AFailureToStartLoadingGoesToTheCallerAndSendsNothing) {
+    const int32_t id = AddStored(Property);
+    Begin({FindItem(Property, id)});
+    const std::string before = m_database.Snapshot();
+    FailAt("LOADING_STARTED");
+    const Error error = testing::RaisedBy([&] { GetActions().ProcessTransaction(MakeTransfer()); });
+    EXPECT_EQ(error.Number(), 99);
+    EXPECT_EQ(m_seen->Types(), Types{"LOADING_STARTED"});
+    EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 1);
+    EXPECT_EQ(m_database.Snapshot(), before);
+}
+
+// After the commit every report is tried, and none of them can make a failure of the transfer.
+
+TEST_F(ProcessTransaction, AFailingViewAfterTheCommitStillReportsSuccess) {
+    for (const char* step : {"LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}) {
+        SCOPED_TRACE(step);
+        DiscardDispatcher();
+        DiscardStores();
+        GetDispatcher()->Register(m_seen);
+        m_stores = GetStores();
+        FailAt(step);
+        const int32_t id = AddStored(Property);
+        Begin({FindItem(Property, id)});
+        m_log.Announce(LogSource);
+
+        GetActions().ProcessTransaction(MakeTransfer());
+
+        ExpectCommittedReport("Successfully transferred 1 item");
+        EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 2);
+        EXPECT_EQ(m_log.Entries().back().message, "Error executing callback 'EvidenceUI': The view is broken.");
+    }
+}
+
+TEST_F(ProcessTransaction, AFailingRedrawOfTheClearedBatchStillReportsSuccess) {
+    const int32_t id = AddStored(Property);
+    Begin({FindItem(Property, id)});
+    m_stores.Cart->OnChange.connect([] { Raise(99, "CartView.Redraw", "The view is broken."); });
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(MakeTransfer());
+    ExpectCommittedReport("Successfully transferred 1 item");
+    ExpectLogged("Error executing callback 'CartStore': The view is broken.");
+}
+
+TEST_F(ProcessTransaction, AFailingLogAfterTheCommitStillReportsSuccess) {
+    ThrowingErrorLog log;
+    SetErrorLog(&log);
+    const int32_t id = AddStored(Property);
+    Begin({FindItem(Property, id)});
+    FailAt("NOTIFY_USER");
+    GetActions().ProcessTransaction(MakeTransfer());
+    ExpectCommittedReport("Successfully transferred 1 item");
+    EXPECT_EQ(log.calls, 1);
+    SetErrorLog(&m_log);
+}
+
+// After a failure every step of its report is tried too, and nothing leaves the operation.
+
+TEST_F(ProcessTransaction, AFailingReportOfAFailureDoesNotKeepTheOtherStepsFromBeingTried) {
+    const int32_t id = AddStored(Property);
+    const std::string before = m_database.Snapshot();
+    const auto faulty = InstallFaultyEngine();
+    for (const char* step : {"LOADING_FINISHED", "CART_CANCEL_TRANSACTION", "CART_TRANSACTION_FAILED"}) {
+        SCOPED_TRACE(step);
+        DiscardDispatcher();
+        DiscardStores();
+        GetDispatcher()->Register(m_seen);
+        m_stores = GetStores();
+        FailAt(step);
+        Begin({FindItem(Property, id)});
+        faulty->FailAtStatement(3, DatabaseError);
+        m_log.Announce(LogSource);
+        m_log.Announce(LogSource);
+
+        GetActions().ProcessTransaction(MakeTransfer());
+
+        ExpectFailureReport("The log of the database is full.");
+        EXPECT_EQ(m_log.Entries().back().message, "The log of the database is full.");
+        EXPECT_EQ(m_database.Snapshot(), before);
+    }
+}
+
+TEST_F(ProcessTransaction, AFailingLogDoesNotLeaveTheOperation) {
+    ThrowingErrorLog log;
+    SetErrorLog(&log);
+    Begin({testing::MakeItem(9999)});
+    GetActions().ProcessTransaction(MakeTransfer());
+    EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
+    EXPECT_EQ(log.calls, 1);
+    SetErrorLog(&m_log);
+}
+
+TEST_F(ProcessTransaction, LoadingIsOnWhileTheBatchRunsAndTheBatchIsStillThereWhenTheUserIsTold) {
+    const int32_t id = AddStored(Property);
+    Begin({FindItem(Property, id)});
+    std::vector<std::string> states;
+    GetDispatcher()->Register(std::make_shared<FunctionCallback>("EvidenceUI", [&](const Action& action) {
+        states.push_back(action.ActionType + (m_stores.Loading->IsLoading() ? " loading " : " ready ") +
+                         std::to_string(m_stores.Cart->GetItems()->Count()));
+    }));
+    GetActions().ProcessTransaction(MakeTransfer());
+    EXPECT_EQ(states, (Types{"LOADING_STARTED loading 1", "LOADING_FINISHED ready 1", "NOTIFY_USER ready 1",
+                             "CART_TRANSACTION_SUCCESS ready 0"}));
+}
+
+TEST_F(ProcessTransaction, ItemsHeldElsewhereSeeTheChangeOnlyAfterRefresh) {
+    const int32_t id = AddStored(Property);
+    const auto held = FindItem(Property, id);
+    Begin({FindItem(Property, id)});
+    GetActions().ProcessTransaction(MakeTransfer());
+    EXPECT_EQ(held->Location()->ID(), m_counter);
+    held->Refresh();
+    EXPECT_EQ(held->Location()->ID(), m_court);
+    EXPECT_EQ(held->TrackingRecords().size(), 2u);
+}
+
+}  // namespace quellbrook
