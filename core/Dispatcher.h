@@ -46,7 +46,8 @@ private:
 
 // The running dispatcher, made on first access. Hold the reference no longer than for one call: the gate discards it.
 std::shared_ptr<Dispatcher> GetDispatcher();
-// Drops the running dispatcher with every registration. A delivery that is under way ends with the callback being served.
+// Drops the running dispatcher with every registration. A delivery that is under way ends with the callback being
+// served.
 void DiscardDispatcher();
 
 }  // namespace quellbrook

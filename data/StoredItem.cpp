@@ -19,7 +19,8 @@ std::string StoredItem::ItemTypeCode() const {
 int32_t StoredItem::ID() const { return ToInt32(m_id); }
 
 StorageLocationRef StoredItem::Location() {
-    if (!m_location && !m_locationNo.HasNoValue()) m_location = GetStorageLocationStatic().FindByID(ToInt32(m_locationNo));
+    if (!m_location && !m_locationNo.HasNoValue())
+        m_location = GetStorageLocationStatic().FindByID(ToInt32(m_locationNo));
     return m_location;
 }
 

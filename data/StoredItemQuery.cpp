@@ -50,8 +50,8 @@ struct Tables {
 QuerySource SelectProperty(const Tables& tables) {
     const QuerySource& p = tables.property;
     const QuerySource& pt = tables.propertyTracking;
-    const QuerySource source = JoinIncidents(JoinCurrentCustody(p, p, pt, "PropertyNo"), p, Factory().Table("IncdProperty"),
-                                             tables.incident, "PropertyNo");
+    const QuerySource source = JoinIncidents(JoinCurrentCustody(p, p, pt, "PropertyNo"), p,
+                                             Factory().Table("IncdProperty"), tables.incident, "PropertyNo");
     return source.Select({
         "1 AS ItemType",
         p.Column("PropertyNo").As("ID"),
@@ -108,7 +108,11 @@ QuerySource ChooseByRights(const QuerySource& propertyQuery, const QuerySource& 
     return mayViewProperty ? propertyQuery : vehicleQuery;
 }
 
-void AddNumberCriterion(StoredItemCriteria& criteria, const Tables& tables, QuerySource& propertyQuery,
+QueryCondition IsKey(const QueryExpression& column, int32_t key, KeyForm form) {
+    return form == KeyForm::Place ? column.EqualsNumberPlace() : column.Equals(key);
+}
+
+void AddNumberCriterion(StoredItemCriteria& criteria, KeyForm keys, const Tables& tables, QuerySource& propertyQuery,
                         QuerySource& vehicleQuery) {
     const auto onIncident = [&](const char* column) {
         vehicleQuery.Where(tables.incident.Column(column).Like(criteria.number));
@@ -125,13 +129,17 @@ void AddNumberCriterion(StoredItemCriteria& criteria, const Tables& tables, Quer
     switch (static_cast<NumberSearchTypes>(criteria.numberType)) {
         case NumberSearchTypes::IncidentId: onIncident("IncidentId"); break;
         case NumberSearchTypes::CaseNumber: onIncident("CaseNbr"); break;
-        case NumberSearchTypes::PropertyID: onProperty(tables.property.Column("PropertyID").Like(criteria.number)); break;
-        case NumberSearchTypes::VehicleTag: onVehicles(tables.vehicle.Column("RegNumber").Like(criteria.number)); break;
+        case NumberSearchTypes::PropertyID:
+            onProperty(tables.property.Column("PropertyID").Like(criteria.number));
+            break;
+        case NumberSearchTypes::VehicleTag:
+            onVehicles(tables.vehicle.Column("RegNumber").Like(criteria.number));
+            break;
         case NumberSearchTypes::PropertyPK:
-            onProperty(tables.property.Column("PropertyNo").Equals(ParseInt32(criteria.number)));
+            onProperty(IsKey(tables.property.Column("PropertyNo"), ParseInt32(criteria.number), keys));
             break;
         case NumberSearchTypes::VehiclePK:
-            onVehicles(tables.vehicle.Column("VehicleNo").Equals(ParseInt32(criteria.number)));
+            onVehicles(IsKey(tables.vehicle.Column("VehicleNo"), ParseInt32(criteria.number), keys));
             break;
     }
 }
@@ -140,16 +148,16 @@ void AddNumberCriterion(StoredItemCriteria& criteria, const Tables& tables, Quer
 
 bool StoredItemCriteria::IsEmpty() const { return description.empty() && !location && number.empty() && itemType == 0; }
 
-QuerySource ComposeQuery(StoredItemCriteria& criteria) {
+QuerySource ComposeQuery(StoredItemCriteria& criteria, KeyForm keys) {
     const Tables tables;
     QuerySource propertyQuery = SelectProperty(tables);
     QuerySource vehicleQuery = SelectVehicles(tables);
     const QuerySource base = ChooseByRights(propertyQuery, vehicleQuery);
     QuerySource outer = base.As("Results").Select({"*"});
 
-    if (criteria.location) outer.Where(base.Column("StorageLocNo").Equals(criteria.location->ID()));
+    if (criteria.location) outer.Where(IsKey(base.Column("StorageLocNo"), criteria.location->ID(), keys));
     if (!criteria.description.empty()) outer.Where(base.Column("Description").Like(criteria.description));
-    AddNumberCriterion(criteria, tables, propertyQuery, vehicleQuery);
+    AddNumberCriterion(criteria, keys, tables, propertyQuery, vehicleQuery);
     if (criteria.itemType >= 1) outer.Where(base.Column("ItemType").Equals(criteria.itemType));
     if (criteria.untracked)
         outer.Where(base.Column("StorageLocNo").Equals(Null()).And(base.Column("CurrTrackSeq").Equals(Null())));
@@ -161,12 +169,12 @@ QuerySource ComposeQuery(StoredItemCriteria& criteria) {
 
 RowList QueryStoredItems(StoredItemCriteria& criteria) {
     if (criteria.IsEmpty()) return {};
-    return HostDatabase().QueryRows(Factory().ToSql(ComposeQuery(criteria)));
+    return HostDatabase().QueryRows(StoredItemQueryText(criteria));
 }
 
 void ForEachStoredItem(StoredItemCriteria& criteria, const std::function<void(const Row&)>& receiver) {
     if (criteria.IsEmpty()) return;
-    HostDatabase().ForEachRow(Factory().ToSql(ComposeQuery(criteria)), [&](const Row& row) {
+    HostDatabase().ForEachRow(StoredItemQueryText(criteria), [&](const Row& row) {
         receiver(row);
         return true;
     });
@@ -174,7 +182,7 @@ void ForEachStoredItem(StoredItemCriteria& criteria, const std::function<void(co
 
 int32_t CountStoredItems(StoredItemCriteria& criteria) {
     if (criteria.IsEmpty()) return 0;
-    const std::string sql = Factory().ToSql(ComposeQuery(criteria));
+    const std::string sql = StoredItemQueryText(criteria);
     const auto row = HostDatabase().QueryRow("SELECT COUNT(ID) AS ResultCount FROM (" + sql + ") QueryResult");
     return ToInt32(Require(row, "StoredItemSearch.Count")->Value("ResultCount"));
 }

@@ -91,10 +91,10 @@ const CaseList& StoredItem::RelatedCases() {
 
 TrackingRecordList StoredItem::TrackingRecords() const {
     const std::string table = IsProperty(*this) ? "PropertyTracking" : "VehicleTracking";
-    const RowList rows = HostDatabase().QueryRows("SELECT * FROM " + table + " WHERE " + KeyColumn(*this) + " = " +
-                                                  std::to_string(ID()) + " ORDER BY DateReceived DESC, LastUpdated DESC");
+    const std::string sql = "SELECT * FROM " + table + " WHERE " + KeyColumn(*this) + " = " + std::to_string(ID()) +
+                            " ORDER BY DateReceived DESC, LastUpdated DESC";
     TrackingRecordList records;
-    for (const Row& row : rows) {
+    for (const Row& row : HostDatabase().QueryRows(sql)) {
         auto record = std::make_shared<TrackingRecord>();
         record->SetRow(row);
         if (!records.empty()) records.back()->SetPrevious(record);

@@ -75,14 +75,21 @@ std::string Shown(const Token& token) {
     return Plain(token.Is(TokenKind::Text) ? TextOf(token) : std::string(token.text));
 }
 
-// The shape with its values written back in is the source again.
+bool IsInSubset(std::string_view text) {
+    try {
+        TranslateTransactSql(text, SqlTarget::Sqlite);
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+// The shape with its values written back in is the source again, and is of the subset where the source is.
 void CheckShape(std::string_view source) {
     StatementShape shape;
-    try {
-        if (!FindShape(source, shape)) return;
-    } catch (const Error&) {
-        return;
-    }
+    if (!FindShape(source, shape)) return;
+    if (IsInSubset(source) != IsInSubset(shape.text)) Fail("The shape is not what the source is", source);
+    if (!IsInSubset(source)) return;
     std::vector<std::string> expected, found;
     for (const Token& token : ScanTransactSql(source)) expected.push_back(Shown(token));
     for (const Token& token : ScanTransactSql(shape.text)) {
@@ -91,7 +98,7 @@ void CheckShape(std::string_view source) {
             continue;
         }
         const auto& value = shape.values.at(std::stoul(std::string(token.text.substr(1))) - 1);
-        found.push_back(value.index() == 0 ? std::to_string(std::get<0>(value)) : Plain(std::get<1>(value)));
+        found.push_back(value.index() == 0 ? std::to_string(std::get<0>(value)) : Plain(std::string(std::get<1>(value))));
     }
     if (expected != found) Fail("The shape lost something", source);
 }

@@ -48,8 +48,8 @@ std::vector<CodeEntry> CodeTableLookup::Entries(int16_t tableNumber) {
     const bool isOfficers = tableNumber == CodeTable::Officers;
     const RowList rows = HostDatabase().QueryRows(
         isOfficers ? "SELECT PersonNo, LastName, FirstName, Title FROM Person WHERE IsActive = 1"
-                   : "SELECT Code, Name, Description FROM CodeTable WHERE TableNumber = " + std::to_string(tableNumber) +
-                         " AND IsActive = 1");
+                   : "SELECT Code, Name, Description FROM CodeTable WHERE TableNumber = " +
+                         std::to_string(tableNumber) + " AND IsActive = 1");
     std::vector<CodeEntry> entries;
     for (const Row& row : rows) entries.push_back(isOfficers ? OfficerEntry(row) : TableEntry(row));
     std::sort(entries.begin(), entries.end(), [](const CodeEntry& a, const CodeEntry& b) {

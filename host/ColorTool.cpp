@@ -10,7 +10,8 @@ namespace {
 int32_t ShadeChannel(int32_t channel, float factor) {
     const float share = std::clamp(factor, -1.0f, 1.0f);
     const float target = share < 0 ? 0.0f : 255.0f;
-    return static_cast<int32_t>(std::lround(static_cast<float>(channel) + (target - static_cast<float>(channel)) * std::fabs(share)));
+    return static_cast<int32_t>(
+        std::lround(static_cast<float>(channel) + (target - static_cast<float>(channel)) * std::fabs(share)));
 }
 
 }  // namespace

@@ -55,9 +55,10 @@ bool DatabaseSession::HasPermission(const std::string& moduleKey, int16_t value)
     if (m_username.empty()) return false;
     HostDatabase database;
     return database
-        .QueryRow("SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE a.Username = " +
-                  database.PrepareText(m_username) + " AND a.IsActive = 1 AND r.ModuleKey = " +
-                  database.PrepareText(moduleKey) + " AND r.Value = " + std::to_string(value))
+        .QueryRow(
+            "SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE a.Username = " +
+            database.PrepareText(m_username) + " AND a.IsActive = 1 AND r.ModuleKey = " +
+            database.PrepareText(moduleKey) + " AND r.Value = " + std::to_string(value))
         .has_value();
 }
 

@@ -10,7 +10,8 @@ namespace quellbrook {
 namespace {
 
 [[noreturn]] void RaiseNoPath(std::string_view text) {
-    Raise(ErrorNumber::General, "LocationPath.Parse", "'" + std::string(text) + "' is not the path of a storage location.");
+    Raise(ErrorNumber::General, "LocationPath.Parse",
+          "'" + std::string(text) + "' is not the path of a storage location.");
 }
 
 }  // namespace

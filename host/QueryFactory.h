@@ -38,6 +38,8 @@ public:
     QueryExpression As(const std::string& alias) const;
     QueryCondition Equals(const TaggedValue& value) const;  // NULL gives IS NULL
     QueryCondition Equals(const QueryExpression& other) const;
+    // Equal to the number that the finished template is given (QueryFactory::ToTemplate).
+    QueryCondition EqualsNumberPlace() const;
     QueryCondition NotEquals(const TaggedValue& value) const;  // NULL gives IS NOT NULL
     QueryCondition NotEquals(const QueryExpression& other) const;
     // "*" stands for any run of characters, all else for itself; quoting and escaping are done here.
@@ -87,14 +89,31 @@ private:
     int32_t m_kind;
 };
 
+// A finished SELECT text but for one whole number, which may stand in several places. Lets a query that differs from
+// one time to the next in nothing but a key be planned once.
+class QueryTemplate {
+public:
+    QueryTemplate(std::string text, std::vector<size_t> places)
+        : m_text(std::move(text)), m_places(std::move(places)) {}
+
+    std::string With(int32_t number) const;
+
+private:
+    std::string m_text;
+    std::vector<size_t> m_places;  // ascending
+};
+
 class QueryFactory {
 public:
     QuerySource Table(const std::string& name) const;
-    QueryExpression Function(const std::string& name, const std::vector<QueryArgument>& arguments, int32_t reserved) const;
+    QueryExpression Function(const std::string& name, const std::vector<QueryArgument>& arguments,
+                             int32_t reserved) const;
     QueryExpression Concat(const std::vector<QueryArgument>& parts, int32_t reserved) const;
     // The finished SELECT text, planned for the engine in use. Duplicate rows of a query that holds a left join are
     // removed, with a union or without. Error 5 for a source that is no query, and for a column of another source.
     std::string ToSql(const QuerySource& query) const;
+    // The same for a query with conditions EqualsNumberPlace, all of which are to be given one number.
+    QueryTemplate ToTemplate(const QuerySource& query) const;
 };
 
 class QueryServices {

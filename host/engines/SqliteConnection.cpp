@@ -55,7 +55,7 @@ void RunWith(SqliteStatement& statement, const sql::StatementShape& shape) {
         if (const auto* number = std::get_if<int64_t>(&shape.values[i]))
             statement.Bind(position, *number);
         else
-            statement.Bind(position, std::string_view(std::get<std::string>(shape.values[i])));
+            statement.Bind(position, std::get<std::string_view>(shape.values[i]));
     }
     RunToEnd(statement);
 }
@@ -88,38 +88,48 @@ auto SqliteConnection::Watched(Work work) {
 
 void SqliteConnection::Query(const std::string& sql, const RowReceiver& receiver) {
     Watched([&] {
-        StatementPtr statement = TakeQuery(sql);
+        const sql::QueryShape shape = sql::FindQueryShape(sql);
+        StatementPtr statement = TakeQuery(shape);
         if (statement->Step(querySource)) {
             Row row = statement->MakeRow();
             do statement->Read(row);
             while (receiver(row) && statement->Step(querySource));
         }
         statement->Reset();
-        KeepQuery(sql, std::move(statement));
+        KeepQuery(shape.text, std::move(statement));
     });
 }
 
-SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const std::string& sql) {
+SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const sql::QueryShape& shape) {
+    StatementPtr statement = TakeKeptQuery(shape.text);
+    if (!statement) statement = PrepareQuery(shape.text, shape.keys.size());
+    for (size_t i = 0; i < shape.keys.size(); ++i) statement->Bind(static_cast<int>(i) + 1, shape.keys[i]);
+    return statement;
+}
+
+SqliteConnection::StatementPtr SqliteConnection::TakeKeptQuery(const std::string& text) {
     const auto found = std::find_if(m_keptQueries.begin(), m_keptQueries.end(),
-                                    [&](const auto& kept) { return kept.first == sql; });
-    if (found != m_keptQueries.end()) {
-        StatementPtr statement = std::move(found->second);
-        m_keptQueries.erase(found);
-        return statement;
-    }
-    const sql::TranslatedText translated = sql::TranslateTransactSql(sql, sql::SqlTarget::Sqlite);
+                                    [&](const auto& kept) { return kept.first == text; });
+    if (found == m_keptQueries.end()) return nullptr;
+    StatementPtr statement = std::move(found->second);
+    m_keptQueries.erase(found);
+    return statement;
+}
+
+SqliteConnection::StatementPtr SqliteConnection::PrepareQuery(const std::string& text, size_t parameterCount) {
+    const sql::TranslatedText translated = sql::TranslateTransactSql(text, sql::SqlTarget::Sqlite);
     if (translated.statements.size() != 1)
         Raise(ErrorNumber::General, querySource, "A query must be one SELECT statement.");
-    auto statement = std::make_unique<SqliteStatement>(m_database->getHandle(), translated.statements[0], false, querySource);
-    if (statement->ParameterCount() > 0)
+    auto statement = std::make_unique<SqliteStatement>(m_database->getHandle(), translated.statements[0], querySource);
+    if (static_cast<size_t>(statement->ParameterCount()) != parameterCount)
         Raise(ErrorNumber::General, querySource, "The statement has parameters, but no values were given.");
     return statement;
 }
 
-void SqliteConnection::KeepQuery(const std::string& sql, StatementPtr statement) {
-    if (sql.size() > keptQueryLength) return;
+void SqliteConnection::KeepQuery(const std::string& text, StatementPtr statement) {
+    if (text.size() > keptQueryLength) return;
     if (m_keptQueries.size() >= keptQueryLimit) m_keptQueries.erase(m_keptQueries.begin());
-    m_keptQueries.emplace_back(sql, std::move(statement));
+    m_keptQueries.emplace_back(text, std::move(statement));
 }
 
 void SqliteConnection::Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) {
@@ -131,16 +141,17 @@ void SqliteConnection::Execute(const std::string& sql, const std::vector<TaggedV
 
 void SqliteConnection::ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters) {
     const sql::TranslatedText translated = sql::TranslateTransactSql(sql, sql::SqlTarget::Sqlite);
-    if (translated.createsTemporaryTable) m_mayHaveTemporaryTables = true;
+    m_temporaryTables += translated.createdTables;
     if (!parameters.empty() && translated.statements.size() != 1)
         Raise(ErrorNumber::General, executeSource, "Only a single statement can have parameters.");
     for (const std::string& text : translated.statements) {
-        SqliteStatement statement(m_database->getHandle(), text, false, executeSource);
+        SqliteStatement statement(m_database->getHandle(), text, executeSource);
         if (static_cast<size_t>(statement.ParameterCount()) != parameters.size())
             Raise(ErrorNumber::General, executeSource, "The statement does not have as many parameters as values were given.");
         for (size_t i = 0; i < parameters.size(); ++i) statement.Bind(static_cast<int>(i) + 1, parameters[i]);
         RunToEnd(statement);
     }
+    m_temporaryTables -= translated.droppedTables;
 }
 
 bool SqliteConnection::ExecuteKept(const std::string& sql) {
@@ -156,7 +167,7 @@ SqliteConnection::KeptShape SqliteConnection::PrepareShape(const std::string& te
     KeptShape shape;
     try {
         for (const std::string& statement : translated.statements)
-            shape.emplace_back(m_database->getHandle(), statement, true, executeSource);
+            shape.emplace_back(m_database->getHandle(), statement, executeSource);
     } catch (const Error&) {
         // A literal stands where no parameter may, or the statement is wrong: its own text tells.
         shape.clear();
@@ -166,7 +177,7 @@ SqliteConnection::KeptShape SqliteConnection::PrepareShape(const std::string& te
 
 std::vector<ColumnDescription> SqliteConnection::DescribeTable(const std::string& table) {
     return Watched([&] {
-        return SqliteStatement(m_database->getHandle(), "SELECT * FROM " + Quoted(table), false,
+        return SqliteStatement(m_database->getHandle(), "SELECT * FROM " + Quoted(table),
                                "SqliteConnection.DescribeTable")
             .Describe();
     });
@@ -203,12 +214,12 @@ void SqliteConnection::Rollback() noexcept {
 
 void SqliteConnection::Reset() {
     Rollback();
-    if (m_mayHaveTemporaryTables) DropTemporaryTables();
+    if (m_temporaryTables > 0) DropTemporaryTables();
 }
 
 void SqliteConnection::DropTemporaryTables() {
     std::vector<std::string> names;
-    SqliteStatement tables(m_database->getHandle(), "SELECT name FROM temp.sqlite_schema WHERE type = 'table'", false,
+    SqliteStatement tables(m_database->getHandle(), "SELECT name FROM temp.sqlite_schema WHERE type = 'table'",
                            "SqliteConnection.Reset");
     while (tables.Step("SqliteConnection.Reset")) {
         Row row = tables.MakeRow();
@@ -218,7 +229,7 @@ void SqliteConnection::DropTemporaryTables() {
     tables.Reset();
     for (const std::string& name : names)
         Control(("DROP TABLE temp." + Quoted(name)).c_str(), "SqliteConnection.Reset");
-    m_mayHaveTemporaryTables = false;
+    m_temporaryTables = 0;
 }
 
 }  // namespace quellbrook

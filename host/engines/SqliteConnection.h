@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/engines/Connection.h"
+#include "host/sql/QueryShape.h"
 #include "host/sql/TransactSqlShape.h"
 
 #include <memory>
@@ -19,7 +20,7 @@ class SqliteStatement;
 
 // A connection to a SQLite file: write-ahead log, full synchronisation, foreign keys on. Statements of the
 // Transact-SQL subset are translated. Between Begin and Commit changing statements are kept prepared by their shape;
-// queries are kept by their text, a few of the latest.
+// queries are kept by their shape, a few of the latest.
 class SqliteConnection : public Connection {
 public:
     SqliteConnection(const std::string& path, int busyMilliseconds);
@@ -46,16 +47,18 @@ private:
     void ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters);
     bool ExecuteKept(const std::string& sql);
     KeptShape PrepareShape(const std::string& text);
-    StatementPtr TakeQuery(const std::string& sql);
-    void KeepQuery(const std::string& sql, StatementPtr statement);
+    StatementPtr TakeQuery(const sql::QueryShape& shape);
+    StatementPtr TakeKeptQuery(const std::string& text);
+    StatementPtr PrepareQuery(const std::string& text, size_t parameterCount);
+    void KeepQuery(const std::string& text, StatementPtr statement);
     void DropTemporaryTables();
 
     std::unique_ptr<SQLite::Database> m_database;
     std::unordered_map<std::string, KeptShape> m_keptShapes;
     std::vector<std::pair<std::string, StatementPtr>> m_keptQueries;  // the latest last
     sql::StatementShape m_shape;
+    int m_temporaryTables = 0;  // at most so many
     bool m_inBatch = false;
-    bool m_mayHaveTemporaryTables = false;
     bool m_isHealthy = true;
 };
 

@@ -50,13 +50,12 @@ void ReadWhole(int64_t number, ColumnKind kind, TaggedValue& value) {
 
 void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql, bool isKept, std::string_view source)
+SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source)
     : m_database(database) {
     if (sql.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
         Raise(ErrorNumber::Overflow, source);
     sqlite3_stmt* statement = nullptr;
-    const unsigned int flags = isKept ? SQLITE_PREPARE_PERSISTENT : 0;
-    Check(sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()), flags, &statement, nullptr), source);
+    Check(sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr), source);
     if (!statement) Raise(ErrorNumber::General, source, "The statement text is empty.");
     m_statement.reset(statement);
 }

@@ -18,8 +18,8 @@ namespace quellbrook {
 // what its columns are is found out once, not for every row.
 class SqliteStatement {
 public:
-    // Exactly one statement. A kept one is used many times.
-    SqliteStatement(sqlite3* database, std::string_view sql, bool isKept, std::string_view source);
+    // The source is the operation that a failure names.
+    SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source);
 
     // Parameters by position, from 1. Texts must live until Reset. A text that holds NUL is refused with Error 5, an
     // object with Error 13.

@@ -37,8 +37,9 @@ bool Equate(const ConditionRef& condition, const ColumnReference& a, const Colum
         return found && found->source == column.source && EqualsNoCase(found->name, column.name);
     };
     const auto* comparison = std::get_if<Comparison>(&condition->content);
-    return comparison && comparison->equal && ((is(comparison->left, a) && is(comparison->right, b)) ||
-                                               (is(comparison->left, b) && is(comparison->right, a)));
+    return comparison && comparison->equal &&
+           ((is(comparison->left, a) && is(comparison->right, b)) ||
+            (is(comparison->left, b) && is(comparison->right, a)));
 }
 
 // The item table whose current custody row the tracking table is joined as, by nothing but key and sequence number.
@@ -63,7 +64,7 @@ std::optional<SourceId> ItemOfCurrentRow(const SourceRef& from, SourceId trackin
 
 struct PlaceTest {
     ColumnReference column;
-    TaggedValue place;
+    ExpressionRef place;
 };
 
 // A test for one place: column StorageLocNo = a whole number.
@@ -71,21 +72,21 @@ std::optional<PlaceTest> PlaceTestOf(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison || !comparison->equal) return std::nullopt;
     const ColumnReference* column = ColumnOf(comparison->left);
-    const auto place = ConstantOf(comparison->right);
-    if (!column || !EqualsNoCase(column->name, "StorageLocNo") || !place || !place->Holds<int32_t>()) return std::nullopt;
-    return PlaceTest{*column, *place};
+    const auto number = ConstantOf(comparison->right);
+    const bool isNumber = IsNumberPlace(comparison->right) || (number && number->Holds<int32_t>());
+    if (!column || !EqualsNoCase(column->name, "StorageLocNo") || !isNumber) return std::nullopt;
+    return PlaceTest{*column, comparison->right};
 }
 
-ConditionRef EqualsLiteral(SourceId source, const char* column, TaggedValue value) {
-    return MakeCondition(Comparison{MakeExpression(ColumnReference{source, column}), true,
-                                    MakeExpression(Literal{std::move(value)})});
+ConditionRef EqualsValue(SourceId source, const char* column, ExpressionRef value) {
+    return MakeCondition(Comparison{MakeExpression(ColumnReference{source, column}), true, std::move(value)});
 }
 
-ConditionRef IsCandidateForPlace(SourceId item, const TrackedKind& kind, const TaggedValue& place) {
+ConditionRef IsCandidateForPlace(SourceId item, const TrackedKind& kind, const ExpressionRef& place) {
     const SourceRef candidates = MakeSource(TableSource{"CurrentPlace"});
     QuerySelect list{candidates, {{MakeExpression(ColumnReference{candidates->id, "ItemNo"}), "ItemNo"}}, {}};
-    list.where = {EqualsLiteral(candidates->id, "StorageLocNo", place),
-                  EqualsLiteral(candidates->id, "ItemType", kind.itemType)};
+    list.where = {EqualsValue(candidates->id, "StorageLocNo", place),
+                  EqualsValue(candidates->id, "ItemType", MakeExpression(Literal{kind.itemType}))};
     return MakeCondition(Membership{MakeExpression(ColumnReference{item, kind.key}), MakeSource(std::move(list))});
 }
 
@@ -107,7 +108,8 @@ std::string_view LongestPlainRun(std::string_view pattern) {
 const PatternTest* DescriptionTestOf(const ConditionRef& condition, const SourceRef& from) {
     const auto* test = std::get_if<PatternTest>(&condition->content);
     const ColumnReference* column = test ? ColumnOf(test->operand) : nullptr;
-    if (!column || !EqualsNoCase(column->name, "Description") || !IsTable(from, column->source, "Property")) return nullptr;
+    if (!column || !EqualsNoCase(column->name, "Description") || !IsTable(from, column->source, "Property"))
+        return nullptr;
     return test;
 }
 
@@ -134,8 +136,8 @@ void UseCurrentPlaces(QuerySelect& query) {
             const auto item = ItemOfCurrentRow(query.from, test->column.source, kind);
             if (!item) continue;
             where.push_back(IsCandidateForPlace(*item, kind, test->place));
-            where.push_back(MakeCondition(Comparison{MakeExpression(HiddenFromIndexes{MakeExpression(test->column)}), true,
-                                                     MakeExpression(Literal{test->place})}));
+            where.push_back(MakeCondition(
+                Comparison{MakeExpression(HiddenFromIndexes{MakeExpression(test->column)}), true, test->place}));
             isTurned = true;
         }
         if (!isTurned) where.push_back(condition);
@@ -152,8 +154,8 @@ void UseDescriptionIndex(QuerySelect& query) {
         if (CountCharacters(run) < 3) continue;
         const SourceRef index = MakeSource(TableSource{"PropertyDescription"});
         QuerySelect list{index, {{MakeExpression(ColumnReference{index->id, "rowid"}), "rowid"}}, {}};
-        list.where = {MakeCondition(PatternTest{MakeExpression(ColumnReference{index->id, "Description"}),
-                                                "*" + std::string(run) + "*"})};
+        list.where = {MakeCondition(
+            PatternTest{MakeExpression(ColumnReference{index->id, "Description"}), "*" + std::string(run) + "*"})};
         const SourceId items = ColumnOf(test->operand)->source;
         query.where.insert(query.where.begin(),
                            MakeCondition(Membership{MakeExpression(ColumnReference{items, "PropertyNo"}),

@@ -13,12 +13,14 @@ namespace {
 
 using ColumnPosition = std::function<std::optional<size_t>(const ColumnReference&)>;
 
-// Whether the condition means the same about an arm's expressions as about the columns of a union, which may convert and
-// collate them by its first arm's rules.
+// Whether the condition means the same about an arm's expressions as about the columns of a union, which may convert
+// and collate them by its first arm's rules.
 bool MeansTheSameInArm(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison) return true;
-    const auto isPlain = [](const ExpressionRef& side) { return ColumnOf(side) || ConstantOf(side); };
+    const auto isPlain = [](const ExpressionRef& side) {
+        return ColumnOf(side) || ConstantOf(side) || IsNumberPlace(side);
+    };
     return isPlain(comparison->left) && isPlain(comparison->right);
 }
 
@@ -136,9 +138,8 @@ void DropImpliedNullTests(QuerySelect& query) {
     const auto isImplied = [&](const ConditionRef& condition) {
         const auto* test = std::get_if<NullTest>(&condition->content);
         const ColumnReference* column = test && !test->isNull ? ColumnOf(test->operand) : nullptr;
-        return column && std::any_of(all.begin(), all.end(), [&](const ConditionRef& other) {
-            return RefusesNullOf(other, *column);
-        });
+        return column && std::any_of(all.begin(), all.end(),
+                                     [&](const ConditionRef& other) { return RefusesNullOf(other, *column); });
     };
     query.where.erase(std::remove_if(query.where.begin(), query.where.end(), isImplied), query.where.end());
 }

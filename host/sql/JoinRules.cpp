@@ -14,7 +14,8 @@ const JoinSource* JoinOf(const SourceRef& source) { return std::get_if<JoinSourc
 template <typename Node>
 bool Touches(const Node& node, const SourceRef& sources) {
     bool touches = false;
-    ForEachColumn(node, [&](const ColumnReference& column) { touches = touches || HoldsSource(sources, column.source); });
+    ForEachColumn(node,
+                  [&](const ColumnReference& column) { touches = touches || HoldsSource(sources, column.source); });
     return touches;
 }
 
@@ -61,8 +62,8 @@ SourceRef WithoutRightSide(const SourceRef& from, const SourceRef& leftJoin) {
     if (from == leftJoin) return JoinOf(leftJoin)->left;
     const JoinSource* join = JoinOf(from);
     if (!join || !HoldsSource(from, leftJoin->id)) return from;
-    return ChangedSource(*from, JoinSource{WithoutRightSide(join->left, leftJoin), WithoutRightSide(join->right, leftJoin),
-                                           join->kind, join->on});
+    return ChangedSource(*from, JoinSource{WithoutRightSide(join->left, leftJoin),
+                                           WithoutRightSide(join->right, leftJoin), join->kind, join->on});
 }
 
 std::vector<SourceRef> LeftJoinsOf(const SourceRef& from) {
@@ -114,8 +115,8 @@ SourceRef ListOfLinked(const JoinSource& pair, const ExpressionRef& key, const s
     const SourceRef& linked = keyStandsLeft ? pair.right : pair.left;
     const bool linkedFirst = tests(linked);
     QuerySelect list;
-    list.from = MakeSource(
-        JoinSource{linkedFirst ? linked : link, linkedFirst ? link : linked, JoinKind::FixedOrder, nullptr});
+    list.from =
+        MakeSource(JoinSource{linkedFirst ? linked : link, linkedFirst ? link : linked, JoinKind::FixedOrder, nullptr});
     list.columns = {{key, ColumnOf(key)->name}};
     list.where = Conjuncts(pair.on);
     list.where.insert(list.where.end(), criteria.begin(), criteria.end());
@@ -135,7 +136,8 @@ bool TurnCriteriaOn(QuerySelect& query, const SourceRef& leftJoin) {
         (isCriterion ? criteria : others).push_back(condition);
     }
     if (criteria.empty()) return false;
-    others.insert(others.begin(), MakeCondition(Membership{keys->left, ListOfLinked(*JoinOf(join.right), keys->right, criteria)}));
+    others.insert(others.begin(),
+                  MakeCondition(Membership{keys->left, ListOfLinked(*JoinOf(join.right), keys->right, criteria)}));
     query.where = std::move(others);
     query.from = WithoutRightSide(query.from, leftJoin);
     return true;

@@ -69,6 +69,10 @@ QueryCondition QueryExpression::Equals(const QueryExpression& other) const {
     return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, other.m_node}));
 }
 
+QueryCondition QueryExpression::EqualsNumberPlace() const {
+    return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, sql::MakeExpression(sql::NumberPlace{})}));
+}
+
 QueryCondition QueryExpression::NotEquals(const TaggedValue& value) const { return Compare(*this, false, value); }
 
 QueryCondition QueryExpression::NotEquals(const QueryExpression& other) const {
@@ -88,7 +92,8 @@ QueryExpression QuerySource::Column(const std::string& name) const {
 
 QueryJoin QuerySource::Join(const QuerySource& other, int32_t joinKind) const {
     if (joinKind != 0 && joinKind != 1)
-        Raise(ErrorNumber::General, "QuerySource.Join", "There is no join of the kind " + std::to_string(joinKind) + ".");
+        Raise(ErrorNumber::General, "QuerySource.Join",
+              "There is no join of the kind " + std::to_string(joinKind) + ".");
     return QueryJoin(*this, other, joinKind);
 }
 
@@ -152,6 +157,24 @@ QueryExpression QueryFactory::Function(const std::string& name, const std::vecto
 
 QueryExpression QueryFactory::Concat(const std::vector<QueryArgument>& parts, int32_t) const {
     return QueryExpression(sql::MakeExpression(sql::Concatenation{ArgumentNodes(parts)}));
+}
+
+std::string QueryTemplate::With(int32_t number) const {
+    const std::string digits = std::to_string(number);
+    std::string text;
+    text.reserve(m_text.size() + m_places.size() * digits.size());
+    size_t from = 0;
+    for (const size_t place : m_places) {
+        text.append(m_text, from, place - from).append(digits);
+        from = place;
+    }
+    return text.append(m_text, from);
+}
+
+QueryTemplate QueryFactory::ToTemplate(const QuerySource& query) const {
+    const Dialect& dialect = HostServices::Current().Pool().GetDialect();
+    sql::WrittenQuery written = sql::WriteTemplate(*sql::PlanQuery(query.Node(), dialect), dialect);
+    return QueryTemplate(std::move(written.text), std::move(written.numberPlaces));
 }
 
 std::string QueryFactory::ToSql(const QuerySource& query) const {

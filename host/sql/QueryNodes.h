@@ -34,6 +34,7 @@ struct Literal {
 struct RawText {  // stands as it is
     std::string text;
 };
+struct NumberPlace {};  // a whole number that is filled in when the text is used
 struct FunctionCall {
     std::string name;
     std::vector<ExpressionRef> arguments;
@@ -46,7 +47,8 @@ struct HiddenFromIndexes {  // a number, written so that the engine looks for no
 };
 
 struct ExpressionNode {
-    std::variant<ColumnReference, Literal, RawText, FunctionCall, Concatenation, HiddenFromIndexes> content;
+    std::variant<ColumnReference, Literal, RawText, NumberPlace, FunctionCall, Concatenation, HiddenFromIndexes>
+        content;
     std::string alias;  // counts in a select list
 };
 
@@ -84,7 +86,11 @@ struct TableSource {
     std::string name;
 };
 
-enum class JoinKind { Inner, LeftOuter, FixedOrder };  // FixedOrder: an inner join that no engine turns round, without On
+enum class JoinKind {
+    Inner,
+    LeftOuter,
+    FixedOrder
+};  // FixedOrder: an inner join that no engine turns round, without On
 
 struct JoinSource {
     SourceRef left;

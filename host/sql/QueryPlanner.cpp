@@ -28,7 +28,8 @@ void CollectArms(const SourceRef& source, std::vector<Arm>& arms) {
         return;
     }
     const auto* original = std::get_if<QuerySelect>(&source->content);
-    if (!original) Raise(ErrorNumber::General, "QueryFactory.ToSql", "Only a query or a union can be turned into text.");
+    if (!original)
+        Raise(ErrorNumber::General, "QueryFactory.ToSql", "Only a query or a union can be turned into text.");
     QuerySelect query = *original;
     query.where = Conjuncts(query.where);
     PushConditionsIntoArms(query);
@@ -43,8 +44,8 @@ SourceRef PlanDerivedTables(const SourceRef& from, const Dialect& dialect) {
         return ChangedSource(*from, DerivedTable{PlanQuery(derived->query, dialect), derived->alias});
     const auto* join = std::get_if<JoinSource>(&from->content);
     if (!join) return from;
-    return ChangedSource(*from, JoinSource{PlanDerivedTables(join->left, dialect), PlanDerivedTables(join->right, dialect),
-                                           join->kind, join->on});
+    return ChangedSource(*from, JoinSource{PlanDerivedTables(join->left, dialect),
+                                           PlanDerivedTables(join->right, dialect), join->kind, join->on});
 }
 
 void PlanArm(QuerySelect& query, bool isDistinct, const Dialect& dialect) {
@@ -90,7 +91,8 @@ SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect) {
         return ChangedSource(*query, std::move(arms.front().query));
     }
     UnionOfQueries all;
-    for (Arm& arm : arms) all.arms.push_back(std::make_shared<const SourceNode>(SourceNode{arm.id, std::move(arm.query)}));
+    for (Arm& arm : arms)
+        all.arms.push_back(std::make_shared<const SourceNode>(SourceNode{arm.id, std::move(arm.query)}));
     return ChangedSource(*query, std::move(all));
 }
 

@@ -15,7 +15,8 @@ struct Overloaded : Handlers... {
 template <typename... Handlers>
 Overloaded(Handlers...) -> Overloaded<Handlers...>;
 
-std::vector<ExpressionRef> ReplaceInAll(const std::vector<ExpressionRef>& expressions, const ColumnReplacement& replace) {
+std::vector<ExpressionRef> ReplaceInAll(const std::vector<ExpressionRef>& expressions,
+                                        const ColumnReplacement& replace) {
     std::vector<ExpressionRef> replaced;
     replaced.reserve(expressions.size());
     for (const ExpressionRef& expression : expressions) replaced.push_back(ReplaceColumns(expression, replace));
@@ -64,7 +65,7 @@ void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit) 
                               for (const ExpressionRef& part : text.parts) ForEachColumn(part, visit);
                           },
                           [&](const HiddenFromIndexes& hidden) { ForEachColumn(hidden.operand, visit); },
-                          [](const Literal&) {}, [](const RawText&) {}},
+                          [](const Literal&) {}, [](const RawText&) {}, [](const NumberPlace&) {}},
                expression->content);
 }
 
@@ -97,7 +98,8 @@ ExpressionRef ReplaceColumns(const ExpressionRef& expression, const ColumnReplac
                    [&](const HiddenFromIndexes& hidden) {
                        return changed(HiddenFromIndexes{ReplaceColumns(hidden.operand, replace)});
                    },
-                   [&](const Literal&) { return expression; }, [&](const RawText&) { return expression; }},
+                   [&](const Literal&) { return expression; }, [&](const RawText&) { return expression; },
+                   [&](const NumberPlace&) { return expression; }},
         expression->content);
 }
 
@@ -143,6 +145,8 @@ std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression) {
     return std::nullopt;
 }
 
+bool IsNumberPlace(const ExpressionRef& expression) { return std::holds_alternative<NumberPlace>(expression->content); }
+
 const ColumnReference* ColumnOf(const ExpressionRef& expression) {
     return std::get_if<ColumnReference>(&expression->content);
 }
@@ -155,7 +159,7 @@ bool IsRowwise(const ExpressionRef& expression) {
     if (const auto* call = std::get_if<FunctionCall>(&expression->content))
         return EqualsNoCase(call->name, "COALESCE") && allRowwise(call->arguments);
     if (const auto* hidden = std::get_if<HiddenFromIndexes>(&expression->content)) return IsRowwise(hidden->operand);
-    return ColumnOf(expression) || ConstantOf(expression);
+    return ColumnOf(expression) || ConstantOf(expression) || IsNumberPlace(expression);
 }
 
 std::optional<std::vector<ResultColumn>> ExpandedColumns(const QuerySelect& query) {

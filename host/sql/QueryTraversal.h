@@ -12,7 +12,8 @@ namespace quellbrook::sql {
 
 using ColumnVisitor = std::function<void(const ColumnReference&)>;
 void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit);
-void ForEachColumn(const ConditionRef& condition, const ColumnVisitor& visit);  // an IN query's own columns not included
+void ForEachColumn(const ConditionRef& condition,
+                   const ColumnVisitor& visit);  // an IN query's own columns not included
 
 // A copy with columns put in place of columns; the replacement gives null for a column that stays.
 using ColumnReplacement = std::function<ExpressionRef(const ColumnReference&)>;
@@ -25,6 +26,7 @@ std::vector<ConditionRef> Conjuncts(const std::vector<ConditionRef>& conditions)
 
 // The value of a literal, or of raw text that is a number, a quoted text or NULL.
 std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression);
+bool IsNumberPlace(const ExpressionRef& expression);
 const ColumnReference* ColumnOf(const ExpressionRef& expression);  // null for any other expression
 
 // Whether the value of the expression depends on nothing but the columns it names: no aggregate, no raw text that might

@@ -12,13 +12,13 @@ namespace quellbrook::sql {
 
 namespace {
 
-void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, std::string& out);
+void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, WrittenQuery& out);
 
 // Writes one SELECT: knows by which name each of its sources goes.
 class SelectWriter {
 public:
-    SelectWriter(const QuerySelect& query, const Dialect& dialect, std::string& out)
-        : m_query(query), m_dialect(dialect), m_out(out) {
+    SelectWriter(const QuerySelect& query, const Dialect& dialect, WrittenQuery& out)
+        : m_query(query), m_dialect(dialect), m_written(out), m_out(out.text) {
         for (const SourceRef& source : SourcesOf(query.from)) NameSource(*source);
     }
 
@@ -84,6 +84,8 @@ private:
             m_out += ValueLiteral(literal->value, m_dialect);
         } else if (const auto* raw = std::get_if<RawText>(&expression->content)) {
             m_out += raw->text;
+        } else if (IsNumberPlace(expression)) {
+            m_written.numberPlaces.push_back(m_out.size());
         } else if (const auto* hidden = std::get_if<HiddenFromIndexes>(&expression->content)) {
             m_out += "+";
             WriteExpression(hidden->operand);
@@ -123,7 +125,7 @@ private:
         } else if (const auto* membership = std::get_if<Membership>(&condition->content)) {
             WriteExpression(membership->operand);
             m_out += " IN (";
-            WriteQueryOrUnion(*membership->query, m_dialect, m_out);
+            WriteQueryOrUnion(*membership->query, m_dialect, m_written);
             m_out += ")";
         } else if (const auto* all = std::get_if<Conjunction>(&condition->content)) {
             WriteAll(all->parts);
@@ -139,7 +141,7 @@ private:
             if (name != table->name) m_out += " AS " + name;
         } else if (const auto* derived = std::get_if<DerivedTable>(&source.content)) {
             m_out += "(";
-            WriteQueryOrUnion(*derived->query, m_dialect, m_out);
+            WriteQueryOrUnion(*derived->query, m_dialect, m_written);
             m_out += ") AS " + m_names.at(source.id);
         } else {
             WriteJoin(std::get<JoinSource>(source.content));
@@ -164,11 +166,12 @@ private:
 
     const QuerySelect& m_query;
     const Dialect& m_dialect;
+    WrittenQuery& m_written;
     std::string& m_out;
     std::map<SourceId, std::string> m_names;  // the empty text for a join, whose columns stand unqualified
 };
 
-void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, std::string& out) {
+void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, WrittenQuery& out) {
     if (const auto* query = std::get_if<QuerySelect>(&source.content)) {
         SelectWriter(*query, dialect, out).Write();
         return;
@@ -177,7 +180,7 @@ void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, std::st
     if (!all) Raise(ErrorNumber::General, "QueryFactory.ToSql", "Only a query or a union can be turned into text.");
     bool first = true;
     for (const SourceRef& arm : all->arms) {
-        if (!first) out += " UNION ";
+        if (!first) out.text += " UNION ";
         first = false;
         WriteQueryOrUnion(*arm, dialect, out);
     }
@@ -185,10 +188,17 @@ void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, std::st
 
 }  // namespace
 
+WrittenQuery WriteTemplate(const SourceNode& query, const Dialect& dialect) {
+    WrittenQuery written;
+    WriteQueryOrUnion(query, dialect, written);
+    return written;
+}
+
 std::string WriteQuery(const SourceNode& query, const Dialect& dialect) {
-    std::string text;
-    WriteQueryOrUnion(query, dialect, text);
-    return text;
+    WrittenQuery written = WriteTemplate(query, dialect);
+    if (!written.numberPlaces.empty())
+        Raise(ErrorNumber::General, "QueryFactory.ToSql", "The query has a place for a number that was not filled in.");
+    return std::move(written.text);
 }
 
 }  // namespace quellbrook::sql

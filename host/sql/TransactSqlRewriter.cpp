@@ -197,7 +197,7 @@ private:
         if (!tokens[2].Is(TokenKind::Temporary)) RefuseTransactSql(tokens[2].text);
         if (!creates && tokens.size() > 3) RefuseTransactSql(tokens[3].text);
         CheckWords(tokens.subspan(2));
-        if (creates) m_result.createsTemporaryTable = true;
+        ++(creates ? m_result.createdTables : m_result.droppedTables);
         m_result.statements.push_back(Emit(tokens, creates));
     }
 

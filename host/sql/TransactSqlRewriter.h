@@ -30,7 +30,8 @@ enum class SqlTarget { Sqlite, PostgreSql };
 
 struct TranslatedText {
     std::vector<std::string> statements;
-    bool createsTemporaryTable = false;
+    int createdTables = 0;  // temporary ones
+    int droppedTables = 0;
 };
 
 TranslatedText TranslateTransactSql(std::string_view text, SqlTarget target);

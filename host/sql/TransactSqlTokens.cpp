@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "host/sql/TransactSqlCharacters.h"
 
 #include <algorithm>
 
@@ -11,11 +12,9 @@ namespace {
 
 constexpr size_t longestQuote = 60;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool BeginsName(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
-}
+bool IsBlank(char c) { return ClassOf(c) == CharacterClass::Blank; }
+bool IsDigit(char c) { return ClassOf(c) == CharacterClass::Digit; }
+bool BeginsName(char c) { return ClassOf(c) == CharacterClass::Letter || ClassOf(c) == CharacterClass::Wide; }
 bool IsNameCharacter(char c) { return BeginsName(c) || IsDigit(c); }
 bool IsNameMark(char c) { return c == '#' || c == '@' || c == '$'; }
 // Literals of other kinds than plain and national text.
@@ -51,8 +50,9 @@ Token TransactSqlScanner::Make(TokenKind kind, size_t end) {
 
 Token TransactSqlScanner::Text(size_t quote) {
     for (size_t at = quote + 1; at < m_source.size(); ++at) {
-        if (m_source[at] == '\0') Refuse(m_at, at + 1);
-        if (m_source[at] != '\'') continue;
+        const char c = m_source[at];
+        if (c != '\'' && c != '\0') continue;
+        if (c == '\0') Refuse(m_at, at + 1);
         if (At(at + 1) != '\'') return Make(TokenKind::Text, at + 1);
         ++at;
     }
@@ -132,7 +132,7 @@ bool TransactSqlScanner::Next(Token& token) {
         Refuse(m_at, m_at + 2);
     } else if ((c == '|' && next == '|') || (c == '!' && next == '=')) {
         token = Make(TokenKind::Sign, m_at + 2);
-    } else if (std::string_view("()=<>+-*/%,.;").find(c) != std::string_view::npos) {
+    } else if (ClassOf(c) == CharacterClass::Sign) {
         token = Make(TokenKind::Sign, m_at + 1);
     } else {
         Refuse(m_at, c == '[' ? std::min(m_source.find(']', m_at), m_source.size() - 1) + 1 : m_at + 1);

@@ -47,7 +47,9 @@ TEST(DateTime, ReadsADateAloneAsMidnight) {
 
 TEST(DateTime, ReadsAnyFractionOfASecond) {
     const DateTime::Parts whole{2026, 11, 20, 13, 14, 15, 0};
-    const auto withFraction = [&](const std::string& fraction) { return DateTime::Parse("2026-11-20T13:14:15" + fraction); };
+    const auto withFraction = [&](const std::string& fraction) {
+        return DateTime::Parse("2026-11-20T13:14:15" + fraction);
+    };
     EXPECT_EQ(withFraction(""), DateTime::FromParts(whole));
     EXPECT_EQ(withFraction(".5"), DateTime{DateTime::FromParts(whole).milliseconds + 500});
     EXPECT_EQ(withFraction(".1239999"), noonish);
@@ -66,10 +68,26 @@ TEST(DateTime, KnowsLeapYears) {
 }
 
 TEST(DateTime, GivesNothingForAnyOtherText) {
-    for (const char* text : {"", " ", "2026", "2026-11", "2026-11-2", "2026-13-01", "2026-00-10", "2026-04-31", "11/20/2026",
-                             "2026-11-20T", "2026-11-20T24:00:00", "2026-11-20T13:60:00", "2026-11-20T13:14:60",
-                             "2026-11-20T13:14:15.", "2026-11-20T13:14:15Z", "2026-11-20T13:14:15.123 ",
-                             " 2026-11-20", "2026-11-20x13:14:15", "-026-11-20", "2026-11-20T13:14:15,5"})
+    for (const char* text : {"",
+                             " ",
+                             "2026",
+                             "2026-11",
+                             "2026-11-2",
+                             "2026-13-01",
+                             "2026-00-10",
+                             "2026-04-31",
+                             "11/20/2026",
+                             "2026-11-20T",
+                             "2026-11-20T24:00:00",
+                             "2026-11-20T13:60:00",
+                             "2026-11-20T13:14:60",
+                             "2026-11-20T13:14:15.",
+                             "2026-11-20T13:14:15Z",
+                             "2026-11-20T13:14:15.123 ",
+                             " 2026-11-20",
+                             "2026-11-20x13:14:15",
+                             "-026-11-20",
+                             "2026-11-20T13:14:15,5"})
         EXPECT_FALSE(DateTime::Parse(text)) << text;
 }
 

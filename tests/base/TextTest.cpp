@@ -39,8 +39,10 @@ TEST(Text, CaseIsFoldedForAsciiLettersOnly) {
 }
 
 TEST(Text, NumericIsOneSignAndDigits) {
-    for (const char* text : {"0", " 12 ", "-5", "+007", "123456789012345678901234567890"}) EXPECT_TRUE(IsNumeric(text)) << text;
-    for (const char* text : {"", " ", "-", "+-1", "1.5", "1e3", "0x1", "1 2", "\xD9\xA1"}) EXPECT_FALSE(IsNumeric(text)) << text;
+    for (const char* text : {"0", " 12 ", "-5", "+007", "123456789012345678901234567890"})
+        EXPECT_TRUE(IsNumeric(text)) << text;
+    for (const char* text : {"", " ", "-", "+-1", "1.5", "1e3", "0x1", "1 2", "\xD9\xA1"})
+        EXPECT_FALSE(IsNumeric(text)) << text;
 }
 
 TEST(Text, ParseInt32KnowsItsRange) {

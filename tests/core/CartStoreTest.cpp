@@ -33,7 +33,7 @@ protected:
     void Remove(std::initializer_list<ObjectRef> items) {
         m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, ListOf(items)});
     }
-    void SetType(int32_t type) { m_store.Handle({ActionTypes::CART_SET_TRANSACTION_TYPE, type}); }
+    void SetType(const TaggedValue& type) { m_store.Handle({ActionTypes::CART_SET_TRANSACTION_TYPE, type}); }
 
     StoredItemRef ItemAt(StorageLocationTypes type, int32_t id = 1) {
         const int32_t place = m_database.AddLocation("Place " + std::to_string(++m_places), type);
@@ -131,6 +131,15 @@ TEST_F(CartStoreTest, GetItemsIsTheLiveCollectionUntilTheBatchIsCleared) {
     EXPECT_EQ(m_store.GetItems()->Count(), 0);
 }
 
+TEST_F(CartStoreTest, PositionsFollowEachChange) {
+    Add({MakeItem(1), MakeItem(2)});
+    EXPECT_EQ(IDs(), (std::vector<int32_t>{1, 2}));
+    Add({MakeItem(3)});
+    EXPECT_EQ(IDs(), (std::vector<int32_t>{1, 2, 3}));
+    Remove({MakeItem(1)});
+    EXPECT_EQ(IDs(), (std::vector<int32_t>{2, 3}));
+}
+
 TEST_F(CartStoreTest, APositionOutsideTheBatchFails) {
     Add({MakeItem(1)});
     EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->ItemAt(1); }).Number(), 9);
@@ -187,7 +196,7 @@ TEST_F(CartStoreTest, AFailedTransferAndOtherActionsChangeNothing) {
 TEST_F(CartStoreTest, PayloadsOfTheWrongTypeFail) {
     EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::CART_ADD_ITEMS, MakeItem(1)}); }).Number(), 13);
     EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, {}}); }).Number(), 13);
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::CART_SET_TRANSACTION_TYPE, "move"}); }).Number(), 13);
+    EXPECT_EQ(testing::RaisedBy([&] { SetType("move"); }).Number(), 13);
     EXPECT_EQ(testing::RaisedBy([&] {
                   m_store.Handle({ActionTypes::CART_SET_TRANSFER_DATA, std::shared_ptr<TransferData>()});
               }).Number(),

@@ -205,14 +205,18 @@ TEST_F(DispatcherTest, ACallbackRegisteredDuringADeliveryIsServedFromTheNextOneO
 }
 
 TEST_F(DispatcherTest, ADeliverySurvivesTheDispatchersBeingDiscarded) {
+    const std::weak_ptr<Dispatcher> discarded = m_dispatcher;
     Register("First", [&](const Action&) {
         DiscardDispatcher();
+        EXPECT_FALSE(discarded.expired()) << "the running delivery holds it";
         m_served.push_back("First");
     });
     RegisterNoting("Last");
-    m_dispatcher.reset();  // the running delivery is now the only one to hold it
+    Dispatcher& running = *m_dispatcher;
+    m_dispatcher.reset();
 
-    GetDispatcher()->Dispatch({"ANY", {}});
+    running.Dispatch({"ANY", {}});
+    EXPECT_TRUE(discarded.expired());
     EXPECT_EQ(m_served, (std::vector<std::string>{"First"}));
 
     GetDispatcher()->Dispatch({"ANY", {}});

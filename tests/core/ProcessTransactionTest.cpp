@@ -75,8 +75,9 @@ protected:
     std::string Chain(StoredItemTypes kind, int32_t id) {
         const std::string table = kind == Property ? "Property" : "Vehicle";
         std::string text;
-        for (const Row& row : m_database.QueryRows("SELECT SeqNo, StorageLocNo FROM " + table + "Tracking WHERE " + table +
-                                                   "No = " + std::to_string(id) + " ORDER BY SeqNo"))
+        const std::string sql = "SELECT SeqNo, StorageLocNo FROM " + table + "Tracking WHERE " + table +
+                                "No = " + std::to_string(id) + " ORDER BY SeqNo";
+        for (const Row& row : m_database.QueryRows(sql))
             text += ToText(row.Value("SeqNo")) + "@" + ToTextOrEmpty(row.Value("StorageLocNo")) + " ";
         return text;
     }
@@ -247,7 +248,8 @@ TEST_F(ProcessTransaction, ADisposalMarksEveryItemOfTheBatch) {
     const int32_t vehicle = AddStored(Vehicle);
     Begin({FindItem(Vehicle, vehicle), FindItem(Property, property)}, TransactionType::Dispose);
     const auto xfer = MakeTransfer(place);
-    xfer->FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "Burnt by order of Judge O'Neil"});
+    xfer->FinalDisposition =
+        std::make_shared<FinalDispositionData>(FinalDispositionData{4, "Burnt by order of Judge O'Neil"});
 
     GetActions().ProcessTransaction(xfer);
 
@@ -306,8 +308,8 @@ TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatements) {
     recording->Clear();
     GetActions().ProcessTransaction(xfer);
     EXPECT_EQ(recording->Log(),
-              (std::vector<std::string>{"BEGIN", "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
-                                        "INSERT INTO #NextSeqNo (Value) VALUES (0)", "DROP TABLE #NextSeqNo", "COMMIT"}));
+              (Types{"BEGIN", "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
+                     "INSERT INTO #NextSeqNo (Value) VALUES (0)", "DROP TABLE #NextSeqNo", "COMMIT"}));
     EXPECT_EQ(m_database.Snapshot(), before);
     ExpectCommittedReport("Successfully transferred 0 items");
 }

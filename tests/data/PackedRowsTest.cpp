@@ -30,7 +30,8 @@ TEST(PackedRows, RowsComeBackAsTheyWentIn) {
     ASSERT_EQ(rows.Count(), 1000u);
     for (const int32_t i : {0, 1, 299, 300, 500, 999}) {
         const Row row = rows.At(static_cast<size_t>(i));
-        for (const auto& [name, value] : CellsOfEveryKind(i)) EXPECT_EQ(row.Value(name), value) << name << " of row " << i;
+        for (const auto& [name, value] : CellsOfEveryKind(i))
+            EXPECT_EQ(row.Value(name), value) << name << " of row " << i;
     }
 }
 

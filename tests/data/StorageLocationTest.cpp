@@ -53,7 +53,8 @@ std::unique_ptr<pugi::xml_document> MakeNode(std::vector<std::pair<const char*, 
 
 Error LoadError(std::vector<std::pair<const char*, const char*>> changes) {
     const auto document = MakeNode(std::move(changes));
-    return testing::RaisedBy([&] { std::make_shared<StorageLocation>()->LoadFromXMLDOMNode(document->document_element()); });
+    StorageLocation location;
+    return testing::RaisedBy([&] { location.LoadFromXMLDOMNode(document->document_element()); });
 }
 
 }  // namespace

@@ -23,10 +23,12 @@ protected:
         m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
         m_box = m_database.AddLocation("Box", StorageLocationTypes::Internal, m_shelf);
         m_bicycle = AddStored(testing::PropertyFields{.PropertyID = "E-1", .Description = "blue bicycle"}, m_shelf);
-        m_knife = AddStored(testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
+        m_knife = AddStored(
+            testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
         m_untracked = m_database.AddProperty({.PropertyID = "E-3", .Description = "blue paint"});
         m_lost = AddStored(testing::PropertyFields{.PropertyID = "E-4", .Description = "lost"}, Null());
-        m_car = AddStored(testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
+        m_car = AddStored(
+            testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
         m_parked = m_database.AddVehicle({.RegNumber = "ABC 2", .RegStateCode = "ME", .RecordTypeInd = 0});
     }
 
@@ -149,8 +151,8 @@ TEST_F(StoredItemSearchTest, AKeyThatIsNoNumberFails) {
     EXPECT_EQ(search("E-1").Number(), 13);
     EXPECT_EQ(search("1e3").Number(), 13);
     EXPECT_EQ(search("99999999999").Number(), 6);
-    EXPECT_EQ(testing::RaisedBy([] { StoredItemSearch().WithNumber(NumberSearchTypes::VehiclePK, "x").Count(); }).Number(),
-              13);
+    const auto count = [] { StoredItemSearch().WithNumber(NumberSearchTypes::VehiclePK, "x").Count(); };
+    EXPECT_EQ(testing::RaisedBy(count).Number(), 13);
 }
 
 TEST_F(StoredItemSearchTest, ANumberOfOneKindWinsOverTheKindAskedFor) {
@@ -207,7 +209,8 @@ TEST_F(StoredItemSearchTest, AnItemLinkedToTwoIncidentsIsListedAndCountedOnce) {
         m_database.LinkIncident(Vehicle, m_car, incident);
     }
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_shelf))), (Found{P(m_bicycle), V(m_car)}));
-    EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::IncidentId, "2026*")), (Found{P(m_bicycle), V(m_car)}));
+    EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::IncidentId, "2026*")),
+              (Found{P(m_bicycle), V(m_car)}));
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().VIEW_PROPERTY());
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_shelf))), Found{P(m_bicycle)}) << "without a union too";
@@ -218,8 +221,8 @@ TEST_F(StoredItemSearchTest, RowsHaveTheThirteenColumnsInTheirOrder) {
     const RowList rows = StoredItemSearch().InLocation(Location(m_shelf)).ExecuteRaw();
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(rows[0].Columns().Names(),
-              (Found{"ItemType", "ID", "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID", "Description", "Quantity",
-                     "Value", "Make", "Model", "Serial", "RecordTypeInd"}));
+              (Found{"ItemType", "ID", "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID", "Description",
+                     "Quantity", "Value", "Make", "Model", "Serial", "RecordTypeInd"}));
     for (const Row& row : rows) EXPECT_EQ(ToInt32(row.Value("StorageLocNo")), m_shelf);
 }
 
@@ -239,6 +242,13 @@ TEST_F(StoredItemSearchTest, AResultHandsOutTheSameObjectAsLongAsSomebodyHoldsIt
     EXPECT_EQ(list->ItemAt(0), first);
     EXPECT_EQ(list->At(0), first);
     EXPECT_NE(list->ItemAt(1), first);
+}
+
+TEST_F(StoredItemSearchTest, AResultKeepsNoItemThatNobodyHolds) {
+    const auto list = StoredItemSearch().InLocation(Location(m_shelf)).Execute();
+    const std::weak_ptr<StoredItem> dropped = list->ItemAt(0);
+    EXPECT_TRUE(dropped.expired());
+    EXPECT_NE(list->ItemAt(0), nullptr);
 }
 
 TEST_F(StoredItemSearchTest, AResultIsASnapshot) {

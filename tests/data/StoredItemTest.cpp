@@ -178,7 +178,8 @@ TEST_F(StoredItemTest, RefreshTakesTheRowAgainAndForgetsTheLocation) {
             m_database.AddLocation("Other " + item->ItemTypeCode(), StorageLocationTypes::Internal);
         GetStorageLocationStatic().Refresh();
         m_database.AddCustodyRow(kind, item->ID(), other);
-        m_database.Execute(kind == Property ? "UPDATE Property SET Description = 'new'" : "UPDATE Vehicle SET VehModel = 'new'");
+        m_database.Execute(kind == Property ? "UPDATE Property SET Description = 'new'"
+                                            : "UPDATE Vehicle SET VehModel = 'new'");
         EXPECT_EQ(item->Location()->ID(), m_shelf);
         item->Refresh();
         EXPECT_EQ(item->Location()->ID(), other);

@@ -63,10 +63,12 @@ TEST_F(TransferStatements, EachItemTakesThreeStatementsAndOneMoreForADisposal) {
     m_xfer.FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "O'Neil: {0} and {0}No"});
     const Texts statements = MakeTransferStatements(m_items, m_xfer);
     ASSERT_EQ(statements.size(), 11u);
-    EXPECT_EQ(statements[5], "UPDATE Property SET HasFinalDisposition=1,DisposalNote='O''Neil: Property and PropertyNo',"
-                             "CurrStatusNo=4 WHERE PropertyNo=7");
-    EXPECT_EQ(statements[9], "UPDATE Vehicle SET HasFinalDisposition=1,DisposalNote='O''Neil: Vehicle and VehicleNo',"
-                             "CurrStatusNo=4 WHERE VehicleNo=3");
+    EXPECT_EQ(statements[5],
+              "UPDATE Property SET HasFinalDisposition=1,DisposalNote='O''Neil: Property and PropertyNo',"
+              "CurrStatusNo=4 WHERE PropertyNo=7");
+    EXPECT_EQ(statements[9],
+              "UPDATE Vehicle SET HasFinalDisposition=1,DisposalNote='O''Neil: Vehicle and VehicleNo',"
+              "CurrStatusNo=4 WHERE VehicleNo=3");
 }
 
 TEST_F(TransferStatements, AnyTypeButPropertyMeansVehicle) {

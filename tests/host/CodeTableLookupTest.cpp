@@ -11,7 +11,8 @@ namespace {
 
 class CodeTables : public ::testing::Test {
 protected:
-    void AddOfficer(int32_t no, const TaggedValue& first, const std::string& last, const TaggedValue& title, bool active = true) {
+    void AddOfficer(int32_t no, const TaggedValue& first, const std::string& last, const TaggedValue& title,
+                    bool active = true) {
         m_database.Execute("INSERT INTO Person (PersonNo, FirstName, LastName, Title, IsActive) VALUES (?, ?, ?, ?, ?)",
                            {no, first, last, title, active});
     }

@@ -22,21 +22,23 @@ struct SearchSources {
     }
 
     QuerySource PropertyQuery() const {
-        const QuerySource tracked = p.Join(pt, 1).On(
-            pt.Column("PropertyNo").Equals(p.Column("PropertyNo")).And(p.Column("CurrTrackSeq").Equals(pt.Column("SeqNo"))));
+        const QuerySource tracked = p.Join(pt, 1).On(pt.Column("PropertyNo")
+                                                         .Equals(p.Column("PropertyNo"))
+                                                         .And(p.Column("CurrTrackSeq").Equals(pt.Column("SeqNo"))));
         const QuerySource linked = ip.Join(i, 0).On(i.Column("IncidentNo").Equals(ip.Column("IncidentNo")));
         const QuerySource source = tracked.Join(linked, 1).On(ip.Column("PropertyNo").Equals(p.Column("PropertyNo")));
-        return source.Select({"1 AS ItemType", p.Column("PropertyNo").As("ID"), p.Column("CategoryNo"),
-                              p.Column("CurrTrackSeq"), pt.Column("StorageLocNo"), p.Column("PropertyID").As("DisplayID"),
-                              p.Column("Description"), p.Column("Quantity"), p.Column("PropertyValue").As("Value"),
-                              p.Column("ManufacNbr").As("Make"), p.Column("ModelNbr").As("Model"),
-                              p.Column("SerialNbr").As("Serial"), p.Column("RecordTypeInd")});
+        return source.Select(
+            {"1 AS ItemType", p.Column("PropertyNo").As("ID"), p.Column("CategoryNo"), p.Column("CurrTrackSeq"),
+             pt.Column("StorageLocNo"), p.Column("PropertyID").As("DisplayID"), p.Column("Description"),
+             p.Column("Quantity"), p.Column("PropertyValue").As("Value"), p.Column("ManufacNbr").As("Make"),
+             p.Column("ModelNbr").As("Model"), p.Column("SerialNbr").As("Serial"), p.Column("RecordTypeInd")});
     }
 
     QuerySource VehicleQuery() const {
         const QuerySource shown = v.Join(vd, 0).On(v.Column("VehicleNo").Equals(vd.Column("VehicleNo")));
-        const QuerySource tracked = shown.Join(vt, 1).On(
-            vt.Column("VehicleNo").Equals(v.Column("VehicleNo")).And(v.Column("CurrTrackSeq").Equals(vt.Column("SeqNo"))));
+        const QuerySource tracked = shown.Join(vt, 1).On(vt.Column("VehicleNo")
+                                                             .Equals(v.Column("VehicleNo"))
+                                                             .And(v.Column("CurrTrackSeq").Equals(vt.Column("SeqNo"))));
         const QuerySource linked = iv.Join(i, 0).On(i.Column("IncidentNo").Equals(iv.Column("IncidentNo")));
         const QuerySource source = tracked.Join(linked, 1).On(iv.Column("VehicleNo").Equals(v.Column("VehicleNo")));
         const QueryExpression tag = f.Function("COALESCE", {vd.Column("RegNumber"), TaggedValue("[No Tag Number]")}, 0);
@@ -52,11 +54,13 @@ struct SearchSources {
     }
 };
 
-void AddNumber(const SearchSources& s, QuerySource& propertyQuery, QuerySource& vehicleQuery, SearchCriteria& criteria) {
+void AddNumber(const SearchSources& s, QuerySource& propertyQuery, QuerySource& vehicleQuery,
+               SearchCriteria& criteria) {
     switch (criteria.numberType) {
         case 1:
         case 2: {
-            const QueryCondition linked = s.i.Column(criteria.numberType == 1 ? "IncidentId" : "CaseNbr").Like(criteria.number);
+            const QueryCondition linked =
+                s.i.Column(criteria.numberType == 1 ? "IncidentId" : "CaseNbr").Like(criteria.number);
             vehicleQuery.Where(linked);
             propertyQuery.Where(linked);
             break;
@@ -105,10 +109,10 @@ QuerySource ComposeSearch(const SearchCriteria& asked) {
 
 std::string Describe(const SearchCriteria& criteria) {
     return "location " + (criteria.location ? std::to_string(*criteria.location) : "-") + ", type " +
-           std::to_string(criteria.itemType) + ", number " + std::to_string(criteria.numberType) + " '" + criteria.number +
-           "', description '" + criteria.description + "'" + (criteria.untracked ? ", untracked" : "") +
-           (criteria.tagged ? ", tagged" : "") + (criteria.seesProperty ? "" : ", no property") +
-           (criteria.seesVehicles ? "" : ", no vehicles");
+           std::to_string(criteria.itemType) + ", number " + std::to_string(criteria.numberType) + " '" +
+           criteria.number + "', description '" + criteria.description + "'" +
+           (criteria.untracked ? ", untracked" : "") + (criteria.tagged ? ", tagged" : "") +
+           (criteria.seesProperty ? "" : ", no property") + (criteria.seesVehicles ? "" : ", no vehicles");
 }
 
 }  // namespace quellbrook::testing

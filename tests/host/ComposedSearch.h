@@ -20,7 +20,8 @@ struct SearchCriteria {
     bool seesVehicles = true;
 };
 
-// The search for items as one query over both kinds, put together step by step: the richest query that the composer gets.
+// The search for items as one query over both kinds, put together step by step: the richest query that the composer
+// gets.
 QuerySource ComposeSearch(const SearchCriteria& criteria);
 
 std::string Describe(const SearchCriteria& criteria);

@@ -40,13 +40,15 @@ TEST(LocationDocument, AnswersWhatXPathAnswers) {
     for (int round = 0; round < 300; ++round) {
         const LocationDocument document(RandomDocument(random));
         for (const int32_t id : {0, 1, 2, 3, 12, -4, 2147483647, 99})
-            ASSERT_EQ(document.FindByID(id),
-                      document.Root().select_node(("StorageLocation[IdNo= " + std::to_string(id) + "]").c_str()).node());
+            ASSERT_EQ(
+                document.FindByID(id),
+                document.Root().select_node(("StorageLocation[IdNo= " + std::to_string(id) + "]").c_str()).node());
         for (const char* path : {"/0/", "/0/1/", "/0/12/", "", " ", "/0/9/"}) {
             for (const int32_t type : {1, 2, 16, 4}) {
                 std::vector<pugi::xml_node> expected;
                 for (const auto& found : document.Root().select_nodes(
-                         ("StorageLocation[Path='" + std::string(path) + "' and Type=" + std::to_string(type) + "]").c_str()))
+                         ("StorageLocation[Path='" + std::string(path) + "' and Type=" + std::to_string(type) + "]")
+                             .c_str()))
                     expected.push_back(found.node());
                 ASSERT_EQ(document.Children(path, type), expected) << path << " " << type;
             }
@@ -56,8 +58,9 @@ TEST(LocationDocument, AnswersWhatXPathAnswers) {
 
 TEST(LocationDocument, RowsWithoutKeysAreSimplyNotFound) {
     auto xml = std::make_unique<pugi::xml_document>();
-    ASSERT_TRUE(xml->load_string("<L><StorageLocation/><StorageLocation><IdNo>5</IdNo></StorageLocation>"
-                                 "<StorageLocation><Path>/0/</Path><Type>2</Type></StorageLocation></L>"));
+    ASSERT_TRUE(
+        xml->load_string("<L><StorageLocation/><StorageLocation><IdNo>5</IdNo></StorageLocation>"
+                         "<StorageLocation><Path>/0/</Path><Type>2</Type></StorageLocation></L>"));
     const LocationDocument document(std::move(xml));
     EXPECT_TRUE(document.FindByID(5));
     EXPECT_FALSE(document.FindByID(0));
@@ -116,7 +119,9 @@ TEST_F(HostLocationDataTest, BooleansReadBackAsBooleans) {
 }
 
 TEST_F(HostLocationDataTest, TextsKeepBlanksLineEndsAndOtherScripts) {
-    const std::string name = "  \xC3\x9C" "ber\r\nlang \xF0\x9F\x94\x92 ";
+    const std::string name =
+        "  \xC3\x9C"
+        "ber\r\nlang \xF0\x9F\x94\x92 ";
     const int32_t blanks = m_database.AddLocation("   ", StorageLocationTypes::Internal);
     EXPECT_EQ(NameOf(blanks), "   ");
     const int32_t id = m_database.AddLocation(name, StorageLocationTypes::Internal);

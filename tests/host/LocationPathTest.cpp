@@ -34,7 +34,8 @@ TEST(LocationPath, AppendLeavesTheOriginalAlone) {
 }
 
 TEST(LocationPath, TextsReadBack) {
-    for (const LocationPath& path : {LocationPath(), PathOf({0}), PathOf({0, 5, 57}), PathOf({0, 2147483647}), PathOf({0, -1})})
+    for (const LocationPath& path :
+         {LocationPath(), PathOf({0}), PathOf({0, 5, 57}), PathOf({0, 2147483647}), PathOf({0, -1})})
         EXPECT_TRUE(LocationPath().Parse(path.ToText()).Equals(path)) << path.ToText();
 }
 
@@ -75,7 +76,8 @@ LocationPath RandomPath(std::mt19937& random) {
 }
 
 bool ListBegins(const LocationPath& start, const LocationPath& path) {
-    return start.Ids().size() <= path.Ids().size() && std::equal(start.Ids().begin(), start.Ids().end(), path.Ids().begin());
+    return start.Ids().size() <= path.Ids().size() &&
+           std::equal(start.Ids().begin(), start.Ids().end(), path.Ids().begin());
 }
 
 TEST(LocationPath, ATextBeginsTheTextsOfItsExtensionsAndNoOthers) {
@@ -83,7 +85,8 @@ TEST(LocationPath, ATextBeginsTheTextsOfItsExtensionsAndNoOthers) {
     int extensions = 0;
     for (int pair = 0; pair < 100000; ++pair) {
         const LocationPath p = RandomPath(random);
-        const LocationPath q = pair % 2 == 0 ? RandomPath(random) : LocationPath(p).Append(static_cast<int32_t>(1 + random() % 99));
+        const LocationPath q =
+            pair % 2 == 0 ? RandomPath(random) : LocationPath(p).Append(static_cast<int32_t>(1 + random() % 99));
         ASSERT_EQ(q.ToText().starts_with(p.ToText()), ListBegins(p, q)) << p.ToText() << " " << q.ToText();
         extensions += ListBegins(p, q);
     }
@@ -98,7 +101,8 @@ TEST(LocationPath, ReplacingTheTextOfAPathMovesTheSubtree) {
         LocationPath descendant = from;
         LocationPath expected = to;
         for (auto depth = random() % 5; depth > 0; --depth) {
-            const auto id = static_cast<int32_t>(random() % 3 == 0 ? from.Ids().back() : 1 + static_cast<int32_t>(random() % 60));
+            const auto id =
+                static_cast<int32_t>(random() % 3 == 0 ? from.Ids().back() : 1 + static_cast<int32_t>(random() % 60));
             if (id == 0) continue;
             descendant = descendant.Append(id);
             expected = expected.Append(id);

@@ -15,9 +15,10 @@ void AddCustody(PlannerDepartment& department, std::mt19937& random, const std::
     const std::string no = std::to_string(item);
     const int rows = Below(random, 4);
     for (int sequence = 1; sequence <= rows; ++sequence)
-        department.Execute("INSERT INTO " + kind + "Tracking (" + kind + "No, SeqNo, StorageLocNo, LastUpdated) VALUES (" +
-                           no + ", " + std::to_string(sequence) + ", " +
-                           OrNull(random, std::to_string(1 + Below(random, 3))) + ", '2026-01-01T00:00:00.000')");
+        department.Execute("INSERT INTO " + kind + "Tracking (" + kind +
+                           "No, SeqNo, StorageLocNo, LastUpdated) VALUES (" + no + ", " + std::to_string(sequence) +
+                           ", " + OrNull(random, std::to_string(1 + Below(random, 3))) +
+                           ", '2026-01-01T00:00:00.000')");
     std::string current = rows == 0 ? "NULL" : std::to_string(rows);
     if (Below(random, 8) == 0) current = std::to_string(1 + Below(random, 5));
     department.Execute("UPDATE " + kind + " SET CurrTrackSeq = " + current + " WHERE " + kind + "No = " + no);
@@ -52,29 +53,33 @@ PlannerDepartment::PlannerDepartment() : m_database(":memory:", SQLite::OPEN_REA
 
 void PlannerDepartment::Fill(std::mt19937& random) {
     for (const char* name : {"Shelf", "Counter", "Court"})
-        Execute("INSERT INTO StorageLocation (Name, Type, Path, DateEntered, LastUpdated) VALUES ('" + std::string(name) +
-                "', 2, '/0/', '2026-01-01T00:00:00.000', '2026-01-01T00:00:00.000')");
+        Execute("INSERT INTO StorageLocation (Name, Type, Path, DateEntered, LastUpdated) VALUES ('" +
+                std::string(name) + "', 2, '/0/', '2026-01-01T00:00:00.000', '2026-01-01T00:00:00.000')");
     for (int incident = 1; incident <= 5; ++incident)
         Execute("INSERT INTO Incident (IncidentId, CaseNbr) VALUES (" +
                 Quoted(AnyOf(random, {"I-1", "I-12", "i-12", "50%", "I_1", "NULL"})) + ", " +
                 Quoted(AnyOf(random, {"C1", "C12", "[C1]", "NULL", "NULL"})) + ")");
     for (int item = 1; item <= 10; ++item) {
-        Execute("INSERT INTO Property (PropertyID, Description, CategoryNo, Quantity, PropertyValue, ManufacNbr, "
-                "RecordTypeInd) VALUES (" +
-                Quoted(AnyOf(random, {"P-1", "P-10", "p-1", "P_1", "NULL", ""})) + ", " +
-                Quoted(AnyOf(random, {"blue bicycle", "BLUE", "100% wool", "it's _[x]_ \\", "NULL", "", "b*e", "gr\xC3\xBCn"})) +
-                ", " + OrNull(random, "3") + ", " + AnyOf(random, {"1", "2.5", "NULL"}) + ", " +
-                AnyOf(random, {"12.50", "NULL"}) + ", " + Quoted(AnyOf(random, {"Acme", "NULL"})) + ", " +
-                AnyOf(random, {"1", "0", "NULL"}) + ")");
+        Execute(
+            "INSERT INTO Property (PropertyID, Description, CategoryNo, Quantity, PropertyValue, ManufacNbr, "
+            "RecordTypeInd) VALUES (" +
+            Quoted(AnyOf(random, {"P-1", "P-10", "p-1", "P_1", "NULL", ""})) + ", " +
+            Quoted(AnyOf(random,
+                         {"blue bicycle", "BLUE", "100% wool", "it's _[x]_ \\", "NULL", "", "b*e", "gr\xC3\xBCn"})) +
+            ", " + OrNull(random, "3") + ", " + AnyOf(random, {"1", "2.5", "NULL"}) + ", " +
+            AnyOf(random, {"12.50", "NULL"}) + ", " + Quoted(AnyOf(random, {"Acme", "NULL"})) + ", " +
+            AnyOf(random, {"1", "0", "NULL"}) + ")");
         AddCustody(*this, random, "Property", item);
         AddLinks(*this, random, "Property", item);
     }
     for (int item = 1; item <= 7; ++item) {
-        Execute("INSERT INTO Vehicle (RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel, RecordTypeInd) VALUES (" +
-                Quoted(AnyOf(random, {"ABC 1", "ABC 12", "abc 1", "NULL"})) + ", " +
-                Quoted(AnyOf(random, {"NY", "CA", "NULL"})) + ", " + Quoted(AnyOf(random, {"1999", "NULL"})) + ", " +
-                Quoted(AnyOf(random, {"blue", "NULL"})) + ", " + Quoted(AnyOf(random, {"Ford", "NULL"})) + ", " +
-                Quoted(AnyOf(random, {"100%", "it's _[x]_", "NULL"})) + ", " + AnyOf(random, {"1", "0", "NULL"}) + ")");
+        Execute(
+            "INSERT INTO Vehicle (RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel, RecordTypeInd) "
+            "VALUES (" +
+            Quoted(AnyOf(random, {"ABC 1", "ABC 12", "abc 1", "NULL"})) + ", " +
+            Quoted(AnyOf(random, {"NY", "CA", "NULL"})) + ", " + Quoted(AnyOf(random, {"1999", "NULL"})) + ", " +
+            Quoted(AnyOf(random, {"blue", "NULL"})) + ", " + Quoted(AnyOf(random, {"Ford", "NULL"})) + ", " +
+            Quoted(AnyOf(random, {"100%", "it's _[x]_", "NULL"})) + ", " + AnyOf(random, {"1", "0", "NULL"}) + ")");
         AddCustody(*this, random, "Vehicle", item);
         AddLinks(*this, random, "Vehicle", item);
     }

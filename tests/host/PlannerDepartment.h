@@ -17,8 +17,9 @@ class PlannerDepartment {
 public:
     PlannerDepartment();
 
-    // Fills the department with a handful of items, their custody rows and incidents, in all the states that tables allow:
-    // no custody row, a current row without a place, a pointer to a row that is not there, two links to one incident.
+    // Fills the department with a handful of items, their custody rows and incidents, in all the states that tables
+    // allow: no custody row, a current row without a place, a pointer to a row that is not there, two links to one
+    // incident.
     void Fill(std::mt19937& random);
 
     void Execute(const std::string& sql) { m_database.exec(sql); }

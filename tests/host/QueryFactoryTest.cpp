@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <limits>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -41,7 +44,8 @@ TEST_F(QueryText, ComparesWithLiteralsOfEveryKind) {
     EXPECT_EQ(Where(a.Equals("it's"), t), "T.a = 'it''s'");
     EXPECT_EQ(Where(a.Equals(true), t), "T.a = 1");
     EXPECT_EQ(Where(a.Equals(Decimal{1250, 2}), t), "T.a = 12.50");
-    EXPECT_EQ(Where(a.Equals(DateTime::FromParts({2026, 11, 20, 13, 14, 15, 123})), t), "T.a = '2026-11-20T13:14:15.123'");
+    EXPECT_EQ(Where(a.Equals(DateTime::FromParts({2026, 11, 20, 13, 14, 15, 123})), t),
+              "T.a = '2026-11-20T13:14:15.123'");
     EXPECT_EQ(Where(a.Equals(t.Column("b")), t), "T.a = T.b");
     EXPECT_EQ(Where(a.NotEquals(t.Column("b")), t), "T.a <> T.b");
 }
@@ -66,8 +70,8 @@ TEST_F(QueryText, ConditionsAddUpWithAnd) {
 }
 
 TEST_F(QueryText, FunctionsAndConcatenationsTakeExpressionsAndValues) {
-    const QueryExpression text = f.Concat({f.Function("COALESCE", {a, TaggedValue("none")}, 0), TaggedValue(" ("),
-                                           t.Column("b"), TaggedValue(")")}, 0);
+    const QueryExpression text = f.Concat(
+        {f.Function("COALESCE", {a, TaggedValue("none")}, 0), TaggedValue(" ("), t.Column("b"), TaggedValue(")")}, 0);
     EXPECT_EQ(Literally(t.Select({text.As("Shown"), f.Function("MAX", {a, TaggedValue(3), TaggedValue(Null())}, 0)})),
               "SELECT (COALESCE(T.a, 'none') + ' (' + T.b + ')') AS Shown, MAX(T.a, 3, NULL) FROM T");
 }
@@ -75,8 +79,8 @@ TEST_F(QueryText, FunctionsAndConcatenationsTakeExpressionsAndValues) {
 TEST_F(QueryText, ANullPartMakesAConcatenationNull) {
     PlannerDepartment department;
     const QuerySource incident = f.Table("Incident");
-    const QuerySource query = incident.Select({f.Concat({incident.Column("IncidentId"), TaggedValue("-"),
-                                                         incident.Column("CaseNbr")}, 0).As("Both")});
+    const QuerySource query = incident.Select(
+        {f.Concat({incident.Column("IncidentId"), TaggedValue("-"), incident.Column("CaseNbr")}, 0).As("Both")});
     department.Execute("INSERT INTO Incident (IncidentId, CaseNbr) VALUES ('I', 'C'), ('I', NULL)");
     EXPECT_EQ(department.Rows(sql::WriteQuery(*query.Node(), SqliteDialect(false, false))),
               (std::vector<std::string>{"'I-C'|", "NULL|"}));
@@ -112,17 +116,20 @@ TEST_F(QueryText, AJoinedJoinStandsInBrackets) {
 
 TEST_F(QueryText, AQueryCanBeSelectedFromAndJoinedWithoutAnAlias) {
     const QuerySource inner = t.Select({a});
-    EXPECT_EQ(Literally(inner.Select({inner.Column("a").As("b")})), "SELECT Query.a AS b FROM (SELECT T.a FROM T) AS Query");
+    EXPECT_EQ(Literally(inner.Select({inner.Column("a").As("b")})),
+              "SELECT Query.a AS b FROM (SELECT T.a FROM T) AS Query");
     const QuerySource joined = t.Join(inner, 0).On(a.Equals(inner.Column("a")));
-    EXPECT_EQ(Literally(joined.Select({a})), "SELECT T.a FROM T INNER JOIN (SELECT T.a FROM T) AS Query ON T.a = Query.a");
+    EXPECT_EQ(Literally(joined.Select({a})),
+              "SELECT T.a FROM T INNER JOIN (SELECT T.a FROM T) AS Query ON T.a = Query.a");
 }
 
 TEST_F(QueryText, ResultColumnsAreFoundByNameWithoutRegardToCase) {
     const QuerySource query = t.Select({"1 AS ItemType, NULL AS Value", a.As("ID")});
     QuerySource outer = query.As("R").Select({"*"});
     outer.Where(query.Column("itemtype").Equals(1)).Where(outer.Column("VALUE").Equals(Null()));
-    EXPECT_EQ(Literally(outer), "SELECT * FROM (SELECT 1 AS ItemType, NULL AS Value, T.a AS ID FROM T) AS R "
-                                "WHERE R.itemtype = 1 AND R.Value IS NULL");
+    EXPECT_EQ(Literally(outer),
+              "SELECT * FROM (SELECT 1 AS ItemType, NULL AS Value, T.a AS ID FROM T) AS R "
+              "WHERE R.itemtype = 1 AND R.Value IS NULL");
 }
 
 TEST_F(QueryText, AConditionOnAQuerysOwnColumnIsSaidByItsExpression) {
@@ -145,8 +152,9 @@ TEST_F(QueryText, AUnionItselfCanTakeACondition) {
     QuerySource both = t.Select({a}).Union(t.Select({t.Column("b")}));
     const QuerySource outer = both.As("R").Select({"*"});
     both.Where(both.Column("a").Equals(2)).Where(both.Column("a").NotEquals(3));
-    EXPECT_EQ(Literally(both), "SELECT * FROM (SELECT T.a FROM T UNION SELECT T.b FROM T) AS Query "
-                               "WHERE Query.a = 2 AND Query.a <> 3");
+    EXPECT_EQ(Literally(both),
+              "SELECT * FROM (SELECT T.a FROM T UNION SELECT T.b FROM T) AS Query "
+              "WHERE Query.a = 2 AND Query.a <> 3");
     EXPECT_EQ(Literally(outer), "SELECT * FROM (" + Literally(both) + ") AS R");
 }
 
@@ -202,13 +210,17 @@ TEST_F(QueryFactoryOnEngine, AnInnerJoinKeepsItsDuplicatesAndItsOrder) {
     m_database.LinkIncident(StoredItemTypes::Property, item, 1);
     const QuerySource link = f.Table("IncdProperty");
     const QuerySource incident = f.Table("Incident");
-    QuerySource query = link.Join(incident, 0)
-                            .On(link.Column("IncidentNo").Equals(incident.Column("IncidentNo")).And(link.Column("PropertyNo").Equals(item)))
-                            .Select({incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
+    QuerySource query =
+        link.Join(incident, 0)
+            .On(link.Column("IncidentNo")
+                    .Equals(incident.Column("IncidentNo"))
+                    .And(link.Column("PropertyNo").Equals(item)))
+            .Select({incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
     query.Where(incident.Column("IsSecured").Equals(0));
-    EXPECT_EQ(f.ToSql(query), "SELECT Incident.IncidentNo, Incident.IncidentId, Incident.IsSecured FROM IncdProperty INNER JOIN "
-                              "Incident ON IncdProperty.IncidentNo = Incident.IncidentNo AND IncdProperty.PropertyNo = " +
-                                  std::to_string(item) + " WHERE Incident.IsSecured = 0");
+    EXPECT_EQ(f.ToSql(query),
+              "SELECT Incident.IncidentNo, Incident.IncidentId, Incident.IsSecured FROM IncdProperty INNER JOIN "
+              "Incident ON IncdProperty.IncidentNo = Incident.IncidentNo AND IncdProperty.PropertyNo = " +
+                  std::to_string(item) + " WHERE Incident.IsSecured = 0");
     const RowList rows = RowsOf(query);
     ASSERT_EQ(rows.size(), 4u);
     EXPECT_EQ(ToText(rows[0].Value("IncidentId")), "I-2");
@@ -222,12 +234,13 @@ TEST_F(QueryFactoryOnEngine, AttachmentsAreFoundThroughTwoJoins) {
     const QuerySource index = f.Table("AttachmentIndex");
     const QuerySource folder = f.Table("AttachmentFolder");
     const QueryExpression key = table.Column("PropertyNo");
-    const QuerySource source =
-        index.Join(table, 0)
-            .On(index.Column("IdNo").Equals(key).And(index.Column("ObjTypeInd").Equals(6)).And(
-                index.Column("SeqNo").Equals(table.Column("CurrImageSeq"))))
-            .Join(folder, 0)
-            .On(folder.Column("FolderNo").Equals(index.Column("FolderNo")));
+    const QuerySource source = index.Join(table, 0)
+                                   .On(index.Column("IdNo")
+                                           .Equals(key)
+                                           .And(index.Column("ObjTypeInd").Equals(6))
+                                           .And(index.Column("SeqNo").Equals(table.Column("CurrImageSeq"))))
+                                   .Join(folder, 0)
+                                   .On(folder.Column("FolderNo").Equals(index.Column("FolderNo")));
     QuerySource query = source.Select({source.Column("Path"), source.Column("FileName")});
     query.Where(key.Equals(item));
     const RowList rows = RowsOf(query);
@@ -244,8 +257,8 @@ TEST_F(QueryFactoryOnEngine, TheComposedSearchRunsAndCounts) {
     m_database.AddCustodyRow(StoredItemTypes::vehicle, vehicle, shelf);
     const RowList rows = RowsOf(ComposeSearch({.location = shelf}));
     ASSERT_EQ(rows.size(), 2u);
-    for (const char* column : {"ItemType", "ID", "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID", "Description",
-                               "Quantity", "Value", "Make", "Model", "Serial", "RecordTypeInd"})
+    for (const char* column : {"ItemType", "ID", "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID",
+                               "Description", "Quantity", "Value", "Make", "Model", "Serial", "RecordTypeInd"})
         EXPECT_TRUE(rows[0].Has(column)) << column;
     const auto count = HostDatabase().QueryRow("SELECT COUNT(ID) AS ResultCount FROM (" +
                                                f.ToSql(ComposeSearch({.location = shelf})) + ") QueryResult");
@@ -265,6 +278,26 @@ TEST_F(QueryFactoryOnEngine, AnItemOfTwoIncidentsComesOnceForEveryUser) {
     EXPECT_EQ(RowsOf(ComposeSearch({.location = shelf})).size(), 1u);
     EXPECT_EQ(RowsOf(ComposeSearch({.location = shelf, .seesVehicles = false})).size(), 1u);
     EXPECT_EQ(RowsOf(ComposeSearch({.numberType = 1, .number = "I-*", .seesVehicles = false})).size(), 1u);
+}
+
+TEST_F(QueryFactoryOnEngine, ATemplateWithANumberIsTheTextOfTheQueryWithIt) {
+    const auto search = [&](const std::function<QueryCondition(const QueryExpression&)>& equals) {
+        const QuerySource p = f.Table("Property");
+        const QuerySource pt = f.Table("PropertyTracking");
+        const QuerySource source = p.Join(pt, 1).On(pt.Column("PropertyNo")
+                                                        .Equals(p.Column("PropertyNo"))
+                                                        .And(p.Column("CurrTrackSeq").Equals(pt.Column("SeqNo"))));
+        const QuerySource base = source.Select({p.Column("PropertyNo").As("ID"), pt.Column("StorageLocNo")});
+        QuerySource outer = base.As("Results").Select({"*"});
+        return outer.Where(equals(base.Column("StorageLocNo")));
+    };
+    const QuerySource open = search([](const QueryExpression& column) { return column.EqualsNumberPlace(); });
+    for (const int32_t number : {0, 5, -3, 2147483647}) {
+        const QuerySource query = search([&](const QueryExpression& column) { return column.Equals(number); });
+        EXPECT_EQ(f.ToTemplate(open).With(number), f.ToSql(query));
+    }
+    EXPECT_NE(f.ToTemplate(open).With(5).find("CurrentPlace.StorageLocNo = 5"), std::string::npos);
+    EXPECT_EQ(RaisedBy([&] { f.ToSql(open); }).Number(), ErrorNumber::General);
 }
 
 TEST(QueryFactory, NeedsAnEngine) {

@@ -17,7 +17,9 @@ std::string Planned(const QuerySource& query, const Dialect& dialect = SqliteDia
     return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
 }
 
-std::string CountOf(const std::string& text) { return "SELECT COUNT(ID) AS ResultCount FROM (" + text + ") QueryResult"; }
+std::string CountOf(const std::string& text) {
+    return "SELECT COUNT(ID) AS ResultCount FROM (" + text + ") QueryResult";
+}
 
 bool Holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
@@ -25,8 +27,9 @@ bool Holds(const std::string& text, const std::string& part) { return text.find(
 SearchCriteria RandomValues(std::mt19937& random, SearchCriteria criteria, bool inLocation, bool withDescription) {
     if (inLocation) criteria.location = 1 + Below(random, 3);
     if (withDescription)
-        criteria.description = AnyOf(random, {"*blue*", "blue*", "*l*", "*100%*", "*_[x]_*", "*", "it's*", "*BLUE BICYCLE",
-                                              "*\xC3\xBCn", "*b*e*", "1999*Ford*", "*ue bi*yc*", "*\\"});
+        criteria.description =
+            AnyOf(random, {"*blue*", "blue*", "*l*", "*100%*", "*_[x]_*", "*", "it's*", "*BLUE BICYCLE", "*\xC3\xBCn",
+                           "*b*e*", "1999*Ford*", "*ue bi*yc*", "*\\"});
     switch (criteria.numberType) {
         case 1: criteria.number = AnyOf(random, {"I-1", "I-1*", "*1*", "50%", "I_1", "*"}); break;
         case 2: criteria.number = AnyOf(random, {"C1", "c1*", "*1*", "[C1]", "*"}); break;
@@ -83,8 +86,8 @@ private:
 };
 
 struct Dialects {
-    const std::vector<Dialect> all = {SqliteDialect(false, false), SqliteDialect(true, false), SqliteDialect(false, true),
-                                      SqliteDialect(true, true)};
+    const std::vector<Dialect> all = {SqliteDialect(false, false), SqliteDialect(true, false),
+                                      SqliteDialect(false, true), SqliteDialect(true, true)};
 };
 
 TEST(QueryPlanner, GivesTheRowsOfTheQueryAsComposed) {
@@ -101,7 +104,8 @@ TEST(QueryPlanner, GivesTheRowsOfTheQueryAsComposed) {
             for (const Dialect& dialect : dialects.all) {
                 const std::vector<std::string> rows = department.Rows(Planned(query, dialect));
                 const std::set<std::string> distinct(rows.begin(), rows.end());
-                ASSERT_EQ(distinct, expected) << "seed " << seed << ": " << Describe(criteria) << "\n" << Planned(query, dialect);
+                ASSERT_EQ(distinct, expected) << "seed " << seed << ": " << Describe(criteria) << "\n"
+                                              << Planned(query, dialect);
                 ASSERT_EQ(rows.size(), distinct.size()) << "seed " << seed << ": a row twice: " << Describe(criteria);
             }
         }
@@ -118,7 +122,8 @@ TEST(QueryPlanner, CountsWhatTheSearchFinds) {
         const QuerySource query = ComposeSearch(criteria);
         const size_t expected = department.DistinctRows(Literally(query)).size();
         for (const Dialect& dialect : dialects.all)
-            ASSERT_EQ(department.Rows(CountOf(Planned(query, dialect))).at(0), std::to_string(static_cast<double>(expected)) + "|")
+            ASSERT_EQ(department.Rows(CountOf(Planned(query, dialect))).at(0),
+                      std::to_string(static_cast<double>(expected)) + "|")
                 << Describe(criteria);
     }
 }
@@ -133,23 +138,30 @@ TEST(QueryPlanner, KeepsTheColumnsWhicheverArmIsLeft) {
         EXPECT_EQ(department.ColumnNames(Planned(ComposeSearch(criteria))), names) << Describe(criteria);
 }
 
-// What must not stand in the plan of a search by something indexed. A query that can't find anything is not carried out.
+// What must not stand in the plan of a search by something indexed. A query that can't find anything is not carried
+// out.
 void ExpectIndexed(PlannerDepartment& department, const std::string& text, const SearchCriteria& criteria) {
     if (Holds(text, "1 = 0")) return;
     for (const std::string& line : department.PlanLines(text)) {
-        const bool scansItems = line.starts_with("SCAN Property") && !line.starts_with("SCAN PropertyDescription VIRTUAL");
+        const bool scansItems =
+            line.starts_with("SCAN Property") && !line.starts_with("SCAN PropertyDescription VIRTUAL");
         EXPECT_FALSE(scansItems || line.starts_with("SCAN Vehicle") || line.starts_with("SCAN Incd") ||
                      Holds(line, "MATERIALIZE") || Holds(line, "AUTOMATIC"))
-            << Describe(criteria) << "\n" << line << "\n" << text;
+            << Describe(criteria) << "\n"
+            << line << "\n"
+            << text;
     }
 }
 
 TEST(QueryPlanner, SearchesBySomethingIndexedScanNoItems) {
     const Dialects dialects;
     PlannerDepartment department;
-    std::vector<SearchCriteria> searches = {
-        {.location = 1}, {.location = 1, .description = "*blue*"}, {.location = 1, .itemType = 1},
-        {.location = 1, .itemType = 2}, {.numberType = 5, .number = "7"}, {.numberType = 6, .number = "7"}};
+    std::vector<SearchCriteria> searches = {{.location = 1},
+                                            {.location = 1, .description = "*blue*"},
+                                            {.location = 1, .itemType = 1},
+                                            {.location = 1, .itemType = 2},
+                                            {.numberType = 5, .number = "7"},
+                                            {.numberType = 6, .number = "7"}};
     for (const char* number : {"I-1", "I-1*"})
         for (int type = 1; type <= 4; ++type) searches.push_back({.numberType = type, .number = number});
     searches.push_back({.numberType = 1, .number = "*7*"});
@@ -181,8 +193,10 @@ TEST(QueryPlanner, ADescriptionOfPropertyIsFoundByItsIndex) {
 
 TEST(QueryPlanner, TheLiteralSearchWouldFailThePlanTest) {
     PlannerDepartment department;
-    const std::vector<std::string> lines = department.PlanLines(Literally(ComposeSearch({.numberType = 5, .number = "7"})));
-    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const std::string& line) { return Holds(line, "MATERIALIZE"); }));
+    const std::vector<std::string> lines =
+        department.PlanLines(Literally(ComposeSearch({.numberType = 5, .number = "7"})));
+    EXPECT_TRUE(
+        std::any_of(lines.begin(), lines.end(), [](const std::string& line) { return Holds(line, "MATERIALIZE"); }));
 }
 
 TEST(QueryPlanner, ALocationIsAskedOfItsPresentItemsOnly) {
@@ -229,8 +243,9 @@ TEST(QueryPlanner, LeavesOutTheIncidentsWhereNothingAsksForThem) {
 
 TEST(QueryPlanner, LooksForLinkedItemsFromTheIncident) {
     const std::string text = Planned(ComposeSearch({.itemType = 1, .numberType = 1, .number = "I-1"}));
-    EXPECT_TRUE(Holds(text, "Property.PropertyNo IN (SELECT IncdProperty.PropertyNo FROM Incident CROSS JOIN IncdProperty "
-                            "WHERE Incident.IncidentNo = IncdProperty.IncidentNo AND Incident.IncidentId LIKE 'I-1')"));
+    EXPECT_TRUE(Holds(text,
+                      "Property.PropertyNo IN (SELECT IncdProperty.PropertyNo FROM Incident CROSS JOIN IncdProperty "
+                      "WHERE Incident.IncidentNo = IncdProperty.IncidentNo AND Incident.IncidentId LIKE 'I-1')"));
     EXPECT_FALSE(Holds(text, "LEFT JOIN (IncdProperty"));
 }
 
@@ -256,16 +271,15 @@ TEST(QueryPlanner, TheIndexIsAskedForTheLongestPlainRunWithoutEscape) {
 }
 
 TEST(QueryPlanner, LeavesTheDescriptionIndexAloneWhereAnotherCriterionFindsTheItem) {
-    for (const SearchCriteria& criteria :
-         {SearchCriteria{.location = 1, .description = "*blue*"},
-          SearchCriteria{.numberType = 5, .number = "1", .description = "*blue*"},
-          SearchCriteria{.numberType = 1, .number = "I*", .description = "*blue*"},
-          SearchCriteria{.numberType = 3, .number = "P*", .description = "*blue*"}})
+    for (const SearchCriteria& criteria : {SearchCriteria{.location = 1, .description = "*blue*"},
+                                           SearchCriteria{.numberType = 5, .number = "1", .description = "*blue*"},
+                                           SearchCriteria{.numberType = 1, .number = "I*", .description = "*blue*"},
+                                           SearchCriteria{.numberType = 3, .number = "P*", .description = "*blue*"}})
         EXPECT_FALSE(Holds(Planned(ComposeSearch(criteria), SqliteDialect(true, true)), "PropertyDescription"))
             << Describe(criteria);
-    EXPECT_TRUE(Holds(Planned(ComposeSearch({.numberType = 3, .number = "*1*", .description = "*blue*"}),
-                              SqliteDialect(true, true)),
-                      "PropertyDescription"));
+    EXPECT_TRUE(Holds(
+        Planned(ComposeSearch({.numberType = 3, .number = "*1*", .description = "*blue*"}), SqliteDialect(true, true)),
+        "PropertyDescription"));
 }
 
 TEST(QueryPlanner, ChangesNothingInTheQueryItself) {
@@ -285,7 +299,8 @@ protected:
     }
 
     void ExpectSameRows(const QuerySource& query) {
-        EXPECT_EQ(m_department.DistinctRows(Planned(query)), m_department.DistinctRows(Literally(query))) << Planned(query);
+        EXPECT_EQ(m_department.DistinctRows(Planned(query)), m_department.DistinctRows(Literally(query)))
+            << Planned(query);
     }
 
     QueryFactory f;
@@ -319,6 +334,56 @@ TEST_F(OtherShapes, SeveralCriteriaOnALinkHoldForTheSameIncident) {
     const std::string text = Planned(query);
     EXPECT_EQ(text.find(" IN ("), text.rfind(" IN ("));
     ExpectSameRows(query);
+    m_department.Execute("INSERT INTO Property (PropertyNo) VALUES (50), (51)");
+    m_department.Execute(
+        "INSERT INTO Incident (IncidentNo, IncidentId, CaseNbr) VALUES (50, 'I-1', NULL), (51, 'x', 'C'), "
+        "(52, 'I-1', 'C')");
+    m_department.Execute("INSERT INTO IncdProperty (PropertyNo, IncidentNo) VALUES (50, 50), (50, 51), (51, 52)");
+    ExpectSameRows(query);
+    EXPECT_EQ(m_department.DistinctRows(Planned(query)).count("50.000000|"), 0u);
+    EXPECT_EQ(m_department.DistinctRows(Planned(query)).count("51.000000|"), 1u);
+}
+
+TEST_F(OtherShapes, ALinkThatAnotherJoinNeedsStays) {
+    const QuerySource pt = f.Table("PropertyTracking");
+    const QuerySource more = source.Join(pt, 0).On(pt.Column("SeqNo").Equals(i.Column("IncidentNo")));
+    QuerySource query = more.Select({p.Column("PropertyNo"), pt.Column("PropertyNo").As("Tracked")});
+    query.Where(i.Column("IncidentId").Like("*1*"));
+    m_department.Execute("INSERT INTO Property (PropertyNo) VALUES (50)");
+    m_department.Execute("INSERT INTO Incident (IncidentNo, IncidentId) VALUES (50, 'I-1')");
+    m_department.Execute("INSERT INTO IncdProperty (PropertyNo, IncidentNo) VALUES (50, 50)");
+    m_department.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (50, 50, '2026-01-01')");
+    ExpectSameRows(query);
+    EXPECT_TRUE(Holds(Planned(query), "LEFT JOIN (IncdProperty"));
+    EXPECT_FALSE(m_department.Rows(Planned(query)).empty());
+    ExpectSameRows(more.Select({p.Column("PropertyNo"), pt.Column("PropertyNo").As("Tracked")}));
+}
+
+TEST_F(OtherShapes, ConditionsOnConstantColumnsDecideWhichArmsAreLeft) {
+    const QuerySource v = f.Table("Vehicle");
+    const QuerySource both =
+        p.Select({"1 AS Kind, NULL AS Value, 'P' AS Code", p.Column("PropertyNo").As("ID")})
+            .Union(v.Select({"2 AS Kind, 7 AS Value, 'V' AS Code", v.Column("VehicleNo").As("ID")}));
+    const QueryExpression kind = both.Column("Kind"), value = both.Column("Value"), code = both.Column("Code");
+    struct Expectation {
+        QueryCondition condition;
+        bool property, vehicles;
+    };
+    for (const Expectation& expected :
+         {Expectation{kind.Equals(1), true, false}, Expectation{kind.NotEquals(1), false, true},
+          Expectation{kind.Equals(1.0), true, false}, Expectation{kind.NotEquals(3), true, true},
+          Expectation{value.Equals(Null()), true, false}, Expectation{value.NotEquals(Null()), false, true},
+          Expectation{value.Equals(7), false, true}, Expectation{value.NotEquals(7), false, false},
+          Expectation{value.Like("*"), false, true}, Expectation{kind.Equals(value), false, false},
+          Expectation{code.Equals("V"), true, true}, Expectation{code.NotEquals(Null()), true, true}}) {
+        QuerySource outer = both.As("Both").Select({"*"});
+        outer.Where(expected.condition);
+        const std::string text = Planned(outer);
+        const bool isEmpty = Holds(text, "1 = 0");
+        EXPECT_EQ(!isEmpty && Holds(text, "FROM Property"), expected.property) << text;
+        EXPECT_EQ(!isEmpty && Holds(text, "FROM Vehicle"), expected.vehicles) << text;
+        ExpectSameRows(outer);
+    }
 }
 
 TEST_F(OtherShapes, ACriterionThatAlsoHoldsWithoutALinkLeavesTheJoin) {
@@ -333,7 +398,7 @@ TEST_F(OtherShapes, AnAggregateKeepsEveryRowThatItCounts) {
     query.Where(p.Column("PropertyNo").NotEquals(0));
     EXPECT_EQ(m_department.Rows(Planned(query)), m_department.Rows(Literally(query)));
     QuerySource outer = query.As("Counted").Select({"*"});
-    outer.Where(query.Column("n").NotEquals(0));
+    outer.Where(query.Column("n").NotEquals(0)).Where(query.Column("n").NotEquals(Null()));
     EXPECT_EQ(m_department.Rows(Planned(outer)), m_department.Rows(Literally(outer)));
 }
 
@@ -351,7 +416,8 @@ TEST_F(OtherShapes, RawTextKeepsEverySource) {
 }
 
 TEST_F(OtherShapes, ConditionsReachThroughSeveralDerivedTables) {
-    const QuerySource inner = source.Select({"1 AS ItemType", p.Column("PropertyNo").As("ID"), p.Column("Description")});
+    const QuerySource inner =
+        source.Select({"1 AS ItemType", p.Column("PropertyNo").As("ID"), p.Column("Description")});
     QuerySource middle = inner.As("A").Select({"*"});
     middle.Where(inner.Column("Description").NotEquals(Null()));
     QuerySource outer = middle.As("B").Select({"*"});
@@ -366,9 +432,10 @@ TEST_F(OtherShapes, AnOuterSelectListStaysAboveThePlannedRows) {
     const QuerySource inner = source.Select({p.Column("PropertyNo").As("ID"), p.Column("CategoryNo")});
     QuerySource outer = inner.As("Results").Select({inner.Column("CategoryNo").As("Category")});
     outer.Where(inner.Column("ID").NotEquals(2));
-    EXPECT_EQ(Planned(outer),
-              "SELECT Results.CategoryNo AS Category FROM (SELECT DISTINCT Property.PropertyNo AS ID, Property.CategoryNo "
-              "FROM Property WHERE Property.PropertyNo <> 2) AS Results");
+    EXPECT_EQ(
+        Planned(outer),
+        "SELECT Results.CategoryNo AS Category FROM (SELECT DISTINCT Property.PropertyNo AS ID, Property.CategoryNo "
+        "FROM Property WHERE Property.PropertyNo <> 2) AS Results");
     ExpectSameRows(outer);
 }
 
@@ -409,7 +476,8 @@ TEST_F(OtherShapes, TheSideTableOfPlacesIsNotUsedForOlderCustodyRows) {
     QuerySource query = ever.Select({p.Column("PropertyNo")});
     query.Where(pt.Column("StorageLocNo").Equals(1));
     EXPECT_FALSE(Holds(Planned(query, SqliteDialect(true, true)), "CurrentPlace"));
-    EXPECT_EQ(m_department.DistinctRows(Planned(query, SqliteDialect(true, true))), m_department.DistinctRows(Literally(query)));
+    EXPECT_EQ(m_department.DistinctRows(Planned(query, SqliteDialect(true, true))),
+              m_department.DistinctRows(Literally(query)));
 }
 
 }  // namespace

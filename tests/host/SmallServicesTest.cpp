@@ -51,7 +51,8 @@ TEST(RowDocumentFactory, GivesAnEmptyDocumentEachTime) {
 }
 
 TEST(DateTextFormat, WritesTheFormThatStatementsTake) {
-    EXPECT_EQ(DateTextFormat::ToText(DateTime::FromParts({2026, 11, 20, 13, 14, 15, 123}), 32), "2026-11-20T13:14:15.123");
+    EXPECT_EQ(DateTextFormat::ToText(DateTime::FromParts({2026, 11, 20, 13, 14, 15, 123}), 32),
+              "2026-11-20T13:14:15.123");
 }
 
 }  // namespace

@@ -64,9 +64,11 @@ TEST(TransactSqlRewriter, TemporaryTablesGetQuotedNames) {
               Texts{"UPDATE Property SET CurrTrackSeq=(SELECT Value FROM \"#NextSeqNo\") WHERE PropertyNo=7"});
 }
 
-TEST(TransactSqlRewriter, SaysWhetherATextCreatesATemporaryTable) {
-    EXPECT_TRUE(TranslateTransactSql("CREATE TABLE #a (b INT)", SqlTarget::Sqlite).createsTemporaryTable);
-    EXPECT_FALSE(TranslateTransactSql("DROP TABLE #a", SqlTarget::Sqlite).createsTemporaryTable);
+TEST(TransactSqlRewriter, CountsTheTemporaryTablesThatComeAndGo) {
+    const TranslatedText text = TranslateTransactSql("CREATE TABLE #a (b INT);CREATE TABLE #c (b INT);DROP TABLE #a",
+                                                     SqlTarget::Sqlite);
+    EXPECT_EQ(text.createdTables, 2);
+    EXPECT_EQ(text.droppedTables, 1);
 }
 
 TEST(TransactSqlRewriter, AVariableIsPutInPlaceAsASubSelect) {

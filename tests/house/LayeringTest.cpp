@@ -17,9 +17,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // The floors from the ground up. A folder includes only from itself and from floors below.
-const std::vector<std::string> Floors = {"base",         "host",        "access",   "data",     "core",      "ui/controls",
-                                         "ui/common",    "ui/locations", "ui/explorer", "ui/items", "ui/shell",
-                                         "component",    "app"};
+const std::vector<std::string> Floors = {
+    "base",      "host",         "access",      "data",     "core",     "ui/controls",
+    "ui/common", "ui/locations", "ui/explorer", "ui/items", "ui/shell", "component",
+    "app"};
 
 struct SourceFile {
     std::vector<std::string> quoted;  // as written
@@ -203,7 +204,8 @@ TEST(Layering, TheModelKnowsNoToolkit) { EXPECT_EQ(Lines(ToolkitHeaders(ReadProj
 // The rules themselves, on trees that break them.
 
 TEST(LayeringRules, IncludesAreFoundHoweverTheyAreSpaced) {
-    std::istringstream text("#include \"base/Error.h\"\n  #  include <QString>\n// #include \"no/No.h\"\n#include<vector>\n");
+    std::istringstream text(
+        "#include \"base/Error.h\"\n  #  include <QString>\n// #include \"no/No.h\"\n#include<vector>\n");
     const SourceFile file = ReadIncludes(text);
     EXPECT_EQ(file.quoted, std::vector<std::string>{"base/Error.h"});
     EXPECT_EQ(file.angled, (std::vector<std::string>{"QString", "vector"}));
@@ -251,10 +253,11 @@ TEST(LayeringRules, CirclesOfAnyLengthAreFound) {
 }
 
 TEST(LayeringRules, ToolkitHeadersAreFoundBelowTheViewsOnly) {
-    const SourceTree tree = TreeOf({{"core/Actions.cpp", "#include <QString>\n#include <QtWidgets>\n#include <vector>\n"},
-                                    {"input/BarcodeListener.h", "#include \"QObject\"\n"},
-                                    {"host/QueryNodes.h", "#include \"host/QueryFactory.h\"\n"},
-                                    {"ui/controls/View.h", "#include <QWidget>\n"}});
+    const SourceTree tree =
+        TreeOf({{"core/Actions.cpp", "#include <QString>\n#include <QtWidgets>\n#include <vector>\n"},
+                {"input/BarcodeListener.h", "#include \"QObject\"\n"},
+                {"host/QueryNodes.h", "#include \"host/QueryFactory.h\"\n"},
+                {"ui/controls/View.h", "#include <QWidget>\n"}});
     EXPECT_EQ(Lines(ToolkitHeaders(tree)), "core/Actions.cpp includes QString\ncore/Actions.cpp includes QtWidgets\n"
                                            "input/BarcodeListener.h includes QObject\n");
 }

@@ -33,7 +33,8 @@ inline StoredItemRef MakeItem(int32_t id, StoredItemTypes kind = StoredItemTypes
 
 // The item as a search finds it. Fails the test when it is not found.
 inline StoredItemRef FindItem(StoredItemTypes kind, int32_t id) {
-    const auto number = kind == StoredItemTypes::Property ? NumberSearchTypes::PropertyPK : NumberSearchTypes::VehiclePK;
+    const bool isProperty = kind == StoredItemTypes::Property;
+    const auto number = isProperty ? NumberSearchTypes::PropertyPK : NumberSearchTypes::VehiclePK;
     auto found = StoredItemSearch().WithNumber(number, std::to_string(id)).Execute();
     if (found->IsEmpty()) found = StoredItemSearch().WithNumber(number, std::to_string(id)).Untracked().Execute();
     if (found->IsEmpty()) {

@@ -1,0 +1,66 @@
+#include "access/User.h"
+#include "base/Text.h"
+#include "data/StoredItemQuery.h"
+#include "host/HostServices.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+
+namespace quellbrook {
+
+namespace {
+
+// Everything that decides the text but for the key, and the item type that composing leaves in the criteria.
+using Shape = std::tuple<bool, int32_t, int32_t, bool, bool, bool, bool, std::string, bool, bool>;
+struct Planned {
+    QueryTemplate text;
+    int32_t itemType;
+};
+
+bool IsPrimaryKey(int32_t numberType) {
+    return numberType == static_cast<int32_t>(NumberSearchTypes::PropertyPK) ||
+           numberType == static_cast<int32_t>(NumberSearchTypes::VehiclePK);
+}
+
+// The one key that the criteria name; nothing where they name two, none, or a pattern.
+std::optional<int32_t> OnlyKey(const StoredItemCriteria& criteria) {
+    if (!criteria.description.empty()) return std::nullopt;
+    if (criteria.location && criteria.numberType == 0) return criteria.location->ID();
+    if (!criteria.location && IsPrimaryKey(criteria.numberType)) return ParseInt32(criteria.number);
+    return std::nullopt;
+}
+
+Shape ShapeOf(const StoredItemCriteria& criteria) {
+    const Dialect& dialect = HostServices::Current().Pool().GetDialect();
+    return {criteria.location != nullptr,
+            criteria.numberType,
+            criteria.itemType,
+            criteria.untracked,
+            criteria.tagged,
+            GetUser().Can(GetPermissions().VIEW_PROPERTY()),
+            GetUser().Can(GetPermissions().VIEW_VEHICLE()),
+            dialect.concatenation + dialect.textPrefix,
+            dialect.hasCurrentPlace,
+            dialect.hasDescriptionIndex};
+}
+
+}  // namespace
+
+std::string StoredItemQueryText(StoredItemCriteria& criteria) {
+    const std::optional<int32_t> key = OnlyKey(criteria);
+    if (!key) return QueryServices::Factory().ToSql(ComposeQuery(criteria));
+
+    static std::map<Shape, Planned> planned;
+    const Shape shape = ShapeOf(criteria);
+    auto found = planned.find(shape);
+    if (found == planned.end()) {
+        QueryTemplate text = QueryServices::Factory().ToTemplate(ComposeQuery(criteria, KeyForm::Place));
+        found = planned.emplace(shape, Planned{std::move(text), criteria.itemType}).first;
+    }
+    criteria.itemType = found->second.itemType;
+    return found->second.text.With(*key);
+}
+
+}  // namespace quellbrook
