@@ -1,0 +1,78 @@
+#include "tests/support/ui/QtTestMain.h"
+
+#include "host/ErrorLog.h"
+#include "ui/controls/Theme.h"
+
+#include <QApplication>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <vector>
+
+namespace quellbrook::testing {
+
+namespace {
+
+std::vector<QString>& AnnouncedWarnings() {
+    static std::vector<QString> announced;
+    return announced;
+}
+
+bool TakeAnnounced(const QString& message) {
+    auto& announced = AnnouncedWarnings();
+    for (auto part = announced.begin(); part != announced.end(); ++part) {
+        if (!message.contains(*part)) continue;
+        announced.erase(part);
+        return true;
+    }
+    return false;
+}
+
+// What the offscreen platform says of itself.
+bool IsOfPlatform(const QString& message) {
+    return message.startsWith(QLatin1String("This plugin does not support")) ||
+           message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
+}
+
+void OnToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (IsOfPlatform(message)) return;
+    std::fprintf(stderr, "%s\n", message.toUtf8().constData());
+    if (type == QtDebugMsg || type == QtInfoMsg || TakeAnnounced(message)) return;
+    ADD_FAILURE() << "Unexpected warning of the toolkit: " << message.toStdString();
+}
+
+class WarningListener : public ::testing::EmptyTestEventListener {
+    void OnTestStart(const ::testing::TestInfo&) override { SetErrorLog(&TestErrorLog()); }
+    void OnTestEnd(const ::testing::TestInfo&) override {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (const QString& part : AnnouncedWarnings())
+            ADD_FAILURE() << "No warning of the toolkit came with: " << part.toStdString();
+        AnnouncedWarnings().clear();
+        TestErrorLog().Verify();
+        SetErrorLog(nullptr);
+    }
+};
+
+}  // namespace
+
+void AnnounceWarning(const QString& part) { AnnouncedWarnings().push_back(part); }
+
+RecordingErrorLog& TestErrorLog() {
+    static RecordingErrorLog log;
+    return log;
+}
+
+}  // namespace quellbrook::testing
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleMock(&argc, argv);
+    QApplication application(argc, argv);
+    application.setApplicationName("quellbrook-tests");
+    quellbrook::Theme::Install(false);
+    qInstallMessageHandler(quellbrook::testing::OnToolkitMessage);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new quellbrook::testing::WarningListener);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,176 @@
+#include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/FlatDropdown.h"
+#include "ui/controls/FlatTabs.h"
+#include "ui/controls/FlatTextbox.h"
+#include "ui/controls/FlatTitleBar.h"
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Line.h"
+#include "ui/controls/Link.h"
+#include "ui/controls/ListView.h"
+#include "ui/controls/StatusTag.h"
+#include "ui/controls/View.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QTreeWidget>
+
+namespace quellbrook::testing {
+namespace {
+
+class AccessibilityTest : public ControlsTest {
+protected:
+    static QAccessibleInterface* Of(QObject& control) { return QAccessible::queryAccessibleInterface(&control); }
+
+    template <typename T>
+    T* Captioned(const QString& caption) {
+        auto* control = new T(&m_window);
+        control->SetCaption(caption);
+        return control;
+    }
+};
+
+class SomeView : public View {
+public:
+    using View::View;
+    std::string TypeName() const override { return "SomeView"; }
+};
+
+TEST_F(AccessibilityTest, ControlsHaveTheirRoles) {
+    EXPECT_EQ(Of(*new FlatButton(&m_window))->role(), QAccessible::Button);
+    EXPECT_EQ(Of(*new Link(&m_window))->role(), QAccessible::Link);
+    EXPECT_EQ(Of(*new Label(&m_window))->role(), QAccessible::StaticText);
+    EXPECT_EQ(Of(*new StatusTag(&m_window))->role(), QAccessible::StaticText);
+    EXPECT_EQ(Of(*new FontIcon(&m_window))->role(), QAccessible::Graphic);
+    EXPECT_EQ(Of(*new FlatTitleBar(&m_window))->role(), QAccessible::TitleBar);
+    EXPECT_EQ(Of(*new Line(&m_window))->role(), QAccessible::Separator);
+    EXPECT_EQ(Of(*new GroupBox(&m_window))->role(), QAccessible::Grouping);
+    EXPECT_EQ(Of(*new FlatTabs(&m_window))->role(), QAccessible::PageTabList);
+    EXPECT_EQ(Of(*new SomeView(&m_window))->role(), QAccessible::Pane);
+    EXPECT_EQ(Of(*(new FlatDropdown(&m_window))->Box())->role(), QAccessible::ComboBox);
+    EXPECT_EQ(Of(*(new FlatTextbox(&m_window))->focusProxy())->role(), QAccessible::EditableText);
+}
+
+class SomeRow : public PlainControl {
+    Q_OBJECT
+    Q_PROPERTY(bool Focused MEMBER focused)
+
+public:
+    using PlainControl::PlainControl;
+    bool focused = false;
+};
+
+TEST_F(AccessibilityTest, AControlMaySayWhatItIsAndWhetherItIsSelected) {
+    auto* row = new SomeRow(&m_window);
+    row->SetAccessibleRole(QAccessible::ListItem);
+    EXPECT_EQ(Of(*row)->role(), QAccessible::ListItem);
+    EXPECT_TRUE(Of(*row)->state().selectable);
+    EXPECT_FALSE(Of(*row)->state().selected);
+    row->focused = true;
+    EXPECT_TRUE(Of(*row)->state().selected);
+    EXPECT_FALSE(Of(*new PlainControl(&m_window))->state().selectable);
+}
+
+TEST_F(AccessibilityTest, IconsReadAsTheirNamesUnlessNamedOtherwise) {
+    auto* icon = new FontIcon(&m_window);
+    icon->SetIcon("empty_location", 20);
+    EXPECT_EQ(Of(*icon)->text(QAccessible::Name), "empty location");
+    icon->SetIcon("tag", 20);
+    EXPECT_EQ(Of(*icon)->text(QAccessible::Name), "tag");
+    icon->setAccessibleName("Secured");
+    icon->SetIcon("secured", 20);
+    EXPECT_EQ(Of(*icon)->text(QAccessible::Name), "Secured");
+}
+
+TEST_F(AccessibilityTest, CaptionsAreNames) {
+    EXPECT_EQ(Of(*Captioned<FlatButton>("Sign In & Out"))->text(QAccessible::Name), "Sign In & Out");
+    EXPECT_EQ(Of(*Captioned<Link>("UNDO"))->text(QAccessible::Name), "UNDO");
+    EXPECT_EQ(Of(*Captioned<Label>("<b>Box</b>"))->text(QAccessible::Name), "<b>Box</b>");
+    EXPECT_EQ(Of(*Captioned<StatusTag>("In Storage"))->text(QAccessible::Name), "In Storage");
+    EXPECT_EQ(Of(*Captioned<FlatTitleBar>("Quellbrook"))->text(QAccessible::Name), "Quellbrook");
+    auto* close = Captioned<Link>("\u2715");
+    close->SetAccessibleCaption("Close");
+    EXPECT_EQ(Of(*close)->text(QAccessible::Name), "Close");
+}
+
+TEST_F(AccessibilityTest, ButtonsAndLinksCanBePressed) {
+    int presses = 0;
+    auto* button = Captioned<FlatButton>("Finish");
+    auto* link = Captioned<Link>("UNDO");
+    QObject::connect(button, &FlatButton::Clicked, [&] { ++presses; });
+    QObject::connect(link, &Link::Clicked, [&] { ++presses; });
+    for (QObject* control : {static_cast<QObject*>(button), static_cast<QObject*>(link)}) {
+        QAccessibleActionInterface* actions = Of(*control)->actionInterface();
+        ASSERT_NE(actions, nullptr);
+        EXPECT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+        actions->doAction(QAccessibleActionInterface::pressAction());
+    }
+    EXPECT_EQ(presses, 2);
+}
+
+TEST_F(AccessibilityTest, StatesFollowTheControl) {
+    auto* button = Captioned<FlatButton>("Finish");
+    ShowActive(m_window);
+    button->setFocus();
+    EXPECT_TRUE(Of(*button)->state().focused);
+    EXPECT_TRUE(Of(*button)->state().focusable);
+    button->setEnabled(false);
+    EXPECT_TRUE(Of(*button)->state().disabled);
+    button->hide();
+    EXPECT_TRUE(Of(*button)->state().invisible);
+}
+
+TEST_F(AccessibilityTest, TabsAreListedWithTheirStateAndCanBePressed) {
+    auto* tabs = new FlatTabs(&m_window);
+    tabs->AddTab("Details");
+    tabs->AddTab("Chain of Custody");
+    ShowActive(m_window);
+    QAccessibleInterface* list = Of(*tabs);
+    ASSERT_EQ(list->childCount(), 3);
+    QAccessibleInterface* custody = list->child(1);
+    EXPECT_EQ(custody->role(), QAccessible::PageTab);
+    EXPECT_EQ(custody->text(QAccessible::Name), "Chain of Custody");
+    EXPECT_EQ(custody->parent(), list);
+    EXPECT_EQ(list->indexOfChild(custody), 1);
+    EXPECT_EQ(list->child(1), custody);
+    EXPECT_TRUE(list->child(0)->state().selected);
+    EXPECT_FALSE(custody->state().selected);
+    custody->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(tabs->SelectedIndex(), 1);
+    EXPECT_TRUE(custody->state().selected);
+    EXPECT_EQ(list->child(2)->role(), QAccessible::PropertyPage);
+    EXPECT_EQ(list->child(2)->text(QAccessible::Name), "Chain of Custody");
+    const QPoint at = tabs->mapToGlobal(tabs->TabRect(0).center());
+    EXPECT_EQ(list->childAt(at.x(), at.y()), list->child(0));
+    EXPECT_EQ(list->child(3), nullptr);
+}
+
+TEST_F(AccessibilityTest, RowsOfAListReadTheirCellsAndMarks) {
+    auto* list = new ListView(&m_window);
+    list->AddColumn("icon", "", 600);
+    list->AddColumn("name", "Name", 1500);
+    list->AddColumn("type", "Type", 1500);
+    list->AddRow("P1", "tag", {{"2026-0417-01"}, {"Tools"}});
+    list->AddRow("P2", "selected", {{"2026-0417-02"}, {""}});
+    list->Tree()->setAccessibleName("Contents");
+    ShowActive(m_window);
+    QAccessibleInterface* tree = Of(*list->Tree());
+    EXPECT_EQ(tree->role(), QAccessible::Tree);
+    EXPECT_EQ(tree->text(QAccessible::Name), "Contents");
+    ASSERT_NE(tree->tableInterface(), nullptr);
+    const auto name = [&](int row, int column) {
+        return tree->tableInterface()->cellAt(row, column)->text(QAccessible::Name);
+    };
+    EXPECT_EQ(name(0, 0), "2026-0417-01, Tools");
+    EXPECT_EQ(name(0, 1), "2026-0417-01");
+    EXPECT_EQ(name(1, 0), "2026-0417-02, checked");
+    list->SetRowIcon(0, "marked");
+    EXPECT_EQ(name(0, 0), "2026-0417-01, Tools, marked");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing
+
+#include "AccessibilityTest.moc"

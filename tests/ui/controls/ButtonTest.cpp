@@ -1,0 +1,228 @@
+#include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/FocusRing.h"
+#include "ui/controls/Link.h"
+
+namespace quellbrook::testing {
+namespace {
+
+template <typename T>
+class PressableTest : public ControlsTest {
+protected:
+    PressableTest() {
+        m_control->SetCaption("Sign Out");
+        m_control->Control::Move(300, 300);
+        QObject::connect(m_control, &T::Clicked, [this] { ++m_clicks; });
+        m_other->Move(300, 3000);
+        ShowActive(m_window);
+    }
+
+    T* m_control = new T(&m_window);
+    FlatButton* m_other = new FlatButton(&m_window);
+    int m_clicks = 0;
+};
+
+using Pressables = ::testing::Types<FlatButton, Link>;
+TYPED_TEST_SUITE(PressableTest, Pressables);
+
+TYPED_TEST(PressableTest, ActsAtAClickOfTheLeftButton) {
+    Click(this->m_control);
+    EXPECT_EQ(this->m_clicks, 1);
+    EXPECT_TRUE(this->m_control->hasFocus());
+    RightClick(this->m_control);
+    EXPECT_EQ(this->m_clicks, 1);
+}
+
+TYPED_TEST(PressableTest, AReleaseOutsideTakesTheClickBack) {
+    MousePress(this->m_control, QPoint(5, 5));
+    MouseRelease(this->m_control, QPoint(-20, -20));
+    EXPECT_EQ(this->m_clicks, 0);
+}
+
+TYPED_TEST(PressableTest, ActsAtSpaceAndBothEnterKeys) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) Press(this->m_control, key);
+    EXPECT_EQ(this->m_clicks, 3);
+    Press(this->m_control, Qt::Key_A);
+    Press(this->m_control, Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(this->m_clicks, 3);
+}
+
+TYPED_TEST(PressableTest, DoesNothingWhileDisabled) {
+    this->m_control->setEnabled(false);
+    Click(this->m_control);
+    this->m_control->Click();
+    EXPECT_EQ(this->m_clicks, 0);
+}
+
+TYPED_TEST(PressableTest, ItsCaptionIsItsAccessibleName) {
+    EXPECT_EQ(this->m_control->accessibleName(), "Sign Out");
+    EXPECT_EQ(this->m_control->Caption(), "Sign Out");
+}
+
+TYPED_TEST(PressableTest, TakesAndHandsOnTheFocusByTab) {
+    this->m_control->setFocus();
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(this->m_other->hasFocus());
+}
+
+TYPED_TEST(PressableTest, TheRingIsTwoPixelsWideOnePixelOutside) {
+    const QRect place = this->m_control->geometry();
+    const QPoint above(place.center().x(), place.top() - 2);
+    const QColor ring = Theme::Get(Theme::Color::Link);
+    this->m_other->setFocus();
+    EXPECT_NE(PixelAt(Grab(this->m_window), above), ring);
+    this->m_control->setFocus();
+    const QImage focused = Grab(this->m_window);
+    EXPECT_EQ(PixelAt(focused, above), ring);
+    EXPECT_EQ(PixelAt(focused, above - QPoint(0, 1)), ring);
+    EXPECT_NE(PixelAt(focused, above + QPoint(0, 1)), ring);
+    EXPECT_NE(PixelAt(focused, above - QPoint(0, 2)), ring);
+    this->m_other->setFocus();
+    EXPECT_NE(PixelAt(Grab(this->m_window), above), ring);
+}
+
+class FlatButtonTest : public ControlsTest {
+protected:
+    FlatButton m_button{&m_window};
+};
+
+TEST_F(FlatButtonTest, TheMainButtonHasTheStrongGround) {
+    m_button.SetCaption("Finish");
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::Strong));
+    m_button.SetInverted(true);
+    EXPECT_TRUE(m_button.Inverted());
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::Window));
+    m_button.setEnabled(false);
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::DisabledGround));
+}
+
+TEST_F(FlatButtonTest, ShowsThePointerAndThePress) {
+    m_button.SetCaption("Finish");
+    ShowActive(m_window);
+    MousePress(&m_button, QPoint(5, 5));
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::StrongPressed));
+    MouseRelease(&m_button, QPoint(5, 5));
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::StrongHover));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&m_button, &leave);
+    EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::Strong));
+}
+
+TEST_F(FlatButtonTest, ItsHintHasRoomForCaptionAndIcon) {
+    m_button.SetCaption("Add Evidence");
+    const QSize plain = m_button.sizeHint();
+    EXPECT_EQ(plain.height(), 36);
+    m_button.SetIcon("add");
+    EXPECT_GT(m_button.sizeHint().width(), plain.width());
+}
+
+TEST_F(FlatButtonTest, AnAmpersandIsOne) {
+    m_button.SetCaption("Sign In & Out");
+    EXPECT_EQ(m_button.Caption(), "Sign In & Out");
+    const QSize with = m_button.sizeHint();
+    m_button.SetCaption("Sign In  Out");
+    EXPECT_GT(with.width(), m_button.sizeHint().width());
+}
+
+class LinkTest : public ControlsTest {
+protected:
+    Link m_link{&m_window};
+};
+
+TEST_F(LinkTest, SizesItselfToCaptionAndIcon) {
+    m_link.SetCaption("Edit");
+    const int plain = m_link.width();
+    m_link.SetIcon("edit");
+    EXPECT_EQ(m_link.width(), plain + 18 + 4);
+    m_link.SetIcon("edit", 24);
+    EXPECT_EQ(m_link.height(), 24);
+}
+
+TEST_F(LinkTest, TheClosingCrossIsDrawnAndNamed) {
+    m_link.SetCaption("\u2715");
+    m_link.SetAccessibleCaption("Close");
+    EXPECT_EQ(m_link.accessibleName(), "Close");
+    EXPECT_EQ(m_link.Caption(), "\u2715");
+    EXPECT_EQ(m_link.size(), QSize(24, 24));
+    m_link.SetCaption("\u2715");
+    EXPECT_EQ(m_link.accessibleName(), "Close");
+}
+
+TEST_F(LinkTest, IsUnderlinedUnderThePointer) {
+    m_link.SetCaption("IIII");
+    m_link.Move(300, 300);
+    ShowActive(m_window);
+    const QImage plain = Grab(m_link);
+    QEnterEvent enter(QPointF(2, 2), QPointF(2, 2), QPointF(2, 2));
+    QCoreApplication::sendEvent(&m_link, &enter);
+    EXPECT_NE(Grab(m_link), plain);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&m_link, &leave);
+    EXPECT_EQ(Grab(m_link), plain);
+}
+
+class FocusRingTest : public ControlsTest {
+protected:
+    FocusRing* Ring() { return m_window.findChild<FocusRing*>(); }
+};
+
+TEST_F(FocusRingTest, FollowsItsControlAndItsContainers) {
+    PlainControl container(&m_window);
+    container.setGeometry(100, 100, 300, 300);
+    FlatButton button(&container);
+    button.Move(300, 300, 1500, 540);
+    ShowActive(m_window);
+    button.setFocus();
+    ASSERT_NE(Ring(), nullptr);
+    EXPECT_EQ(Ring()->parentWidget(), &container);
+    EXPECT_EQ(Ring()->geometry(), button.geometry().adjusted(-3, -3, 3, 3));
+    button.Move(600, 600);
+    EXPECT_EQ(Ring()->geometry(), button.geometry().adjusted(-3, -3, 3, 3));
+    button.hide();
+    EXPECT_TRUE(!Ring() || !Ring()->isVisible());
+}
+
+TEST_F(FocusRingTest, LiesOverAnAncestorWithRoomWhereTheParentHasNone) {
+    PlainControl outer(&m_window);
+    outer.setGeometry(50, 60, 400, 400);
+    PlainControl tight(&outer);
+    tight.setGeometry(20, 20, 100, 36);
+    FlatButton button(&tight);
+    button.Move(0, 0, 1500, 540);
+    ShowActive(m_window);
+    button.setFocus();
+    ASSERT_NE(Ring(), nullptr);
+    EXPECT_EQ(Ring()->parentWidget(), &outer);
+    EXPECT_EQ(Ring()->geometry(), QRect(17, 17, 106, 42));
+    tight.move(40, 40);
+    EXPECT_EQ(Ring()->geometry(), QRect(37, 37, 106, 42));
+}
+
+TEST_F(FocusRingTest, GoesWithTheFocusAndWithItsControl) {
+    auto* button = new FlatButton(&m_window);
+    button->Move(300, 300);
+    ShowActive(m_window);
+    button->setFocus();
+    EXPECT_NE(Ring(), nullptr);
+    button->clearFocus();
+    EXPECT_EQ(Ring(), nullptr);
+    button->setFocus();
+    EXPECT_NE(Ring(), nullptr);
+    delete button;
+    ServeEvents();
+    EXPECT_EQ(Ring(), nullptr);
+}
+
+TEST_F(FocusRingTest, TakesNoClickAndIsNoTabStop) {
+    FlatButton button(&m_window);
+    button.Move(300, 300);
+    ShowActive(m_window);
+    button.setFocus();
+    ASSERT_NE(Ring(), nullptr);
+    EXPECT_TRUE(Ring()->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_EQ(Ring()->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(m_window.childAt(button.geometry().center()), &button);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

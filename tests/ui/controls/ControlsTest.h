@@ -1,0 +1,66 @@
+#pragma once
+
+#include "base/Error.h"
+#include "tests/support/RecordingScreen.h"
+#include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/controls/Control.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+// A window of 800 x 600 pixels for controls, and a screen that records what is reported.
+class ControlsTest : public ::testing::Test {
+protected:
+    ControlsTest() {
+        SetScreen(&m_screen);
+        m_window.setObjectName("window");
+        m_window.resize(800, 600);
+    }
+    ~ControlsTest() override {
+        EXPECT_TRUE(m_screen.Messages().empty()) << "Unexpected message: " << m_screen.Messages().front();
+        SetScreen(nullptr);
+    }
+
+    // Exactly one report has come, with these words.
+    void ExpectUnexpected(const std::string& description) {
+        const std::vector<RecordingScreen::Message> expected = {
+            {description, MessageStyle::Critical, "Unexpected Error"}};
+        EXPECT_EQ(m_screen.TakeMessages(), expected);
+    }
+
+    RecordingScreen m_screen;
+    QWidget m_window;
+};
+
+// A control whose layout a test sets.
+class PlainControl : public Control {
+public:
+    using Control::Control;
+    std::string TypeName() const override { return "PlainControl"; }
+
+    std::function<void()> layout;
+    int layouts = 0;
+
+protected:
+    void Layout() override {
+        ++layouts;
+        if (layout) layout();
+    }
+};
+
+// An application in another palette for the length of a scope.
+class DarkTheme {
+public:
+    DarkTheme() { Theme::Install(true); }
+    ~DarkTheme() { Theme::Install(false); }
+};
+
+}  // namespace quellbrook::testing

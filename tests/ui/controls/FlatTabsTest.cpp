@@ -1,0 +1,95 @@
+#include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/FlatTabs.h"
+
+namespace quellbrook::testing {
+namespace {
+
+class FlatTabsTest : public ControlsTest {
+protected:
+    FlatTabsTest() {
+        m_details = m_tabs.AddTab("Details");
+        m_custody = m_tabs.AddTab("Chain of Custody & more");
+        m_tabs.Move(0, 0, 9000, 6000);
+        QObject::connect(&m_tabs, &FlatTabs::SelectionChanged, [this](int index) { m_changes.push_back(index); });
+    }
+
+    FlatTabs m_tabs{&m_window};
+    FlatTabPage* m_details;
+    FlatTabPage* m_custody;
+    std::vector<int> m_changes;
+};
+
+TEST_F(FlatTabsTest, TheFirstIsSelectedAndOnlyItsPageShown) {
+    EXPECT_EQ(m_tabs.Count(), 2);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+    EXPECT_TRUE(m_details->IsShown());
+    EXPECT_FALSE(m_custody->IsShown());
+    EXPECT_EQ(m_tabs.Caption(1), "Chain of Custody & more");
+}
+
+TEST_F(FlatTabsTest, SelectingShowsTheOtherPageAndRaisesOnce) {
+    m_tabs.SetSelectedIndex(1);
+    m_tabs.SetSelectedIndex(1);
+    EXPECT_FALSE(m_details->IsShown());
+    EXPECT_TRUE(m_custody->IsShown());
+    EXPECT_EQ(m_changes, (std::vector<int>{1}));
+    EXPECT_TRUE(m_tabs.setProperty("SelectedIndex", 0));
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+}
+
+TEST_F(FlatTabsTest, AnIndexOutsideFails) {
+    EXPECT_THROW(m_tabs.SetSelectedIndex(2), Error);
+    EXPECT_THROW(m_tabs.SetSelectedIndex(-1), Error);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+}
+
+TEST_F(FlatTabsTest, PagesLieUnderTheCaptionsAndALoneChildFillsItsPage) {
+    PlainControl child(m_custody);
+    m_tabs.Move(0, 0, 6000, 4500);
+    EXPECT_EQ(m_custody->geometry(), QRect(0, 40, 400, 260));
+    EXPECT_EQ(child.geometry(), QRect(0, 0, 400, 260));
+}
+
+TEST_F(FlatTabsTest, ClicksSelect) {
+    ShowActive(m_window);
+    Click(&m_tabs, m_tabs.TabRect(1).center());
+    EXPECT_EQ(m_tabs.SelectedIndex(), 1);
+    Click(&m_tabs, QPoint(m_tabs.TabRect(1).right() + 40, 20));
+    EXPECT_EQ(m_tabs.SelectedIndex(), 1);
+    RightClick(&m_tabs, m_tabs.TabRect(0).center());
+    EXPECT_EQ(m_tabs.SelectedIndex(), 1);
+}
+
+TEST_F(FlatTabsTest, ArrowsHomeAndEndSelect) {
+    ShowActive(m_window);
+    m_tabs.setFocus();
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 1);
+    Press(Qt::Key_Left);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+    Press(Qt::Key_End);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 1);
+    Press(Qt::Key_Home);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+    EXPECT_EQ(m_changes, (std::vector<int>{1, 0, 1, 0}));
+}
+
+TEST_F(FlatTabsTest, TheSelectedOneIsUnderlined) {
+    const QImage image = Grab(m_tabs);
+    const QColor accent = Theme::Get(Theme::Color::Accent);
+    EXPECT_EQ(PixelAt(image, QPoint(m_tabs.TabRect(0).center().x(), 38)), accent);
+    EXPECT_NE(PixelAt(image, QPoint(m_tabs.TabRect(1).center().x(), 38)), accent);
+}
+
+TEST(FlatTabsEmpty, CanBeMadeAndPaintedWithoutTabs) {
+    FlatTabs tabs;
+    EXPECT_EQ(tabs.Count(), 0);
+    Grab(tabs);
+    Press(&tabs, Qt::Key_Right);
+    EXPECT_EQ(tabs.SelectedIndex(), 0);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

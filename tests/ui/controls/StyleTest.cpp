@@ -1,0 +1,117 @@
+#include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/FlatTitleBar.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Line.h"
+
+#include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+
+namespace quellbrook::testing {
+namespace {
+
+class StyleTest : public ControlsTest {
+protected:
+    QMenu m_menu;
+};
+
+TEST_F(StyleTest, MenuEntriesAndSeparatorsHaveTheirHeights) {
+    QAction* open = m_menu.addAction("Open");
+    QAction* separator = m_menu.addSeparator();
+    QAction* print = m_menu.addAction("Print barcode label");
+    m_menu.popup(QPoint(10, 10));
+    EXPECT_EQ(m_menu.actionGeometry(open).height(), 30);
+    EXPECT_EQ(m_menu.actionGeometry(separator).height(), 9);
+    EXPECT_EQ(m_menu.actionGeometry(print).top(), m_menu.actionGeometry(open).bottom() + 10);
+    m_menu.close();
+}
+
+TEST_F(StyleTest, TheChosenEntryStandsOnTheHighlight) {
+    QAction* open = m_menu.addAction("Open");
+    QAction* disabled = m_menu.addAction("Disabled");
+    disabled->setEnabled(false);
+    m_menu.popup(QPoint(10, 10));
+    m_menu.setActiveAction(open);
+    QImage image = Grab(m_menu);
+    EXPECT_EQ(PixelAt(image, m_menu.actionGeometry(open).topLeft() + QPoint(4, 4)),
+              Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(PixelAt(image, m_menu.actionGeometry(disabled).topLeft() + QPoint(4, 4)),
+              Theme::Get(Theme::Color::Window));
+    m_menu.close();
+}
+
+TEST_F(StyleTest, ABoldEntryHasRoomForItsWeight) {
+    QAction* plain = m_menu.addAction("Open this rather long entry");
+    m_menu.popup(QPoint(10, 10));
+    m_menu.close();
+    m_menu.setDefaultAction(plain);
+    m_menu.popup(QPoint(10, 10));
+    QFont bold = Theme::Font(Theme::Type::Subtitle);
+    bold.setWeight(QFont::Bold);
+    EXPECT_GE(m_menu.actionGeometry(plain).width(), 36 + QFontMetrics(bold).horizontalAdvance(plain->text()) + 12);
+    m_menu.close();
+}
+
+TEST_F(StyleTest, ADoubledAmpersandIsDrawnAsOne) {
+    QAction* single = m_menu.addAction("A && B");
+    m_menu.popup(QPoint(10, 10));
+    const int width = m_menu.actionGeometry(single).width();
+    m_menu.close();
+    single->setText("A && && B");
+    m_menu.popup(QPoint(10, 10));
+    EXPECT_GT(m_menu.actionGeometry(single).width(), width);
+    m_menu.close();
+}
+
+TEST_F(StyleTest, ScrollBarsAreAThumbOnTheGround) {
+    QScrollArea area(&m_window);
+    auto* inside = new QWidget;
+    inside->resize(100, 2000);
+    area.setWidget(inside);
+    area.setGeometry(0, 0, 200, 200);
+    ShowActive(m_window);
+    QScrollBar* bar = area.verticalScrollBar();
+    EXPECT_EQ(bar->width(), 12);
+    EXPECT_TRUE(HasColor(Grab(*bar), QRect(0, 0, 12, 32), Theme::Get(Theme::Color::Thumb)));
+    EXPECT_FALSE(HasColor(Grab(*bar), QRect(0, 100, 12, 90), Theme::Get(Theme::Color::Thumb)));
+    bar->setValue(bar->maximum());
+    EXPECT_TRUE(HasColor(Grab(*bar), QRect(0, 100, 12, 90), Theme::Get(Theme::Color::Thumb)));
+}
+
+TEST_F(StyleTest, GroupsShowTheirGroundAndFrame) {
+    GroupBox group(&m_window);
+    group.resize(100, 100);
+    group.SetBackColor(Theme::Color::Panel);
+    EXPECT_EQ(group.BackColor(), Theme::Get(Theme::Color::Panel));
+    EXPECT_EQ(PixelAt(Grab(group), QPoint(50, 50)), Theme::Get(Theme::Color::Panel));
+    EXPECT_EQ(PixelAt(Grab(group), QPoint(50, 0)), Theme::Get(Theme::Color::Panel));
+    group.SetFramed(true);
+    EXPECT_EQ(PixelAt(Grab(group), QPoint(50, 0)), Theme::Get(Theme::Color::Hairline));
+    group.SetBackColor(QColor(1, 2, 3));
+    EXPECT_EQ(PixelAt(Grab(group), QPoint(50, 50)), QColor(1, 2, 3));
+    group.SetTransparent();
+    EXPECT_EQ(group.BackColor(), Theme::Get(Theme::Color::Window));
+}
+
+TEST_F(StyleTest, LinesAreAsThickAsTheirSmallerSide) {
+    Line line(&m_window);
+    line.Move(0, 0, 1500, 15);
+    EXPECT_EQ(line.size(), QSize(100, 1));
+    EXPECT_EQ(PixelAt(Grab(line), QPoint(99, 0)), Theme::Get(Theme::Color::Hairline));
+    line.SetColor(Theme::Color::Accent);
+    EXPECT_EQ(PixelAt(Grab(line), QPoint(0, 0)), Theme::Get(Theme::Color::Accent));
+}
+
+TEST_F(StyleTest, TheTitleBarShowsTheMarkAndARuleBelow) {
+    FlatTitleBar bar(&m_window);
+    bar.SetCaption("Quellbrook");
+    bar.SetWidth(6000);
+    EXPECT_EQ(bar.height(), 40);
+    const QImage image = Grab(bar);
+    EXPECT_TRUE(HasColor(image, QRect(17, 10, 20, 20), Theme::Get(Theme::Color::Accent)));
+    EXPECT_EQ(PixelAt(image, QPoint(300, 39)), Theme::Get(Theme::Color::Hairline));
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

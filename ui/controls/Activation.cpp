@@ -1,0 +1,32 @@
+#include "ui/controls/Activation.h"
+
+#include <QKeyEvent>
+
+namespace quellbrook {
+
+bool IsActivation(const QKeyEvent& event) {
+    if (event.isAutoRepeat() || (event.modifiers() & ~Qt::KeypadModifier)) return false;
+    return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+int KeyCodeOf(const QKeyEvent& event) {
+    const int key = event.key();
+    const bool printable = (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
+    if (printable) return key;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return 13;
+    case Qt::Key_Left: return 37;
+    case Qt::Key_Up: return 38;
+    case Qt::Key_Right: return 39;
+    case Qt::Key_Down: return 40;
+    case Qt::Key_Backspace: return 8;
+    case Qt::Key_Tab: return 9;
+    case Qt::Key_Escape: return 27;
+    case Qt::Key_Space: return 32;
+    case Qt::Key_Delete: return 46;
+    default: return 0;
+    }
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,68 @@
+#include "ui/controls/CellDelegate.h"
+
+#include "ui/controls/Guard.h"
+#include "ui/controls/Icons.h"
+#include "ui/controls/ReportTree.h"
+#include "ui/controls/TextBlock.h"
+
+#include <QPainter>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int TextMargin = 6;
+
+QColor IconColor(const QString& icon) {
+    if (icon == QLatin1String("marked")) return Theme::Get(Theme::Color::Link);
+    if (icon == QLatin1String("selected")) return Theme::Get(Theme::Color::Strong);
+    if (icon == QLatin1String("unselected")) return Theme::Get(Theme::Color::FieldBorder);
+    return Theme::Get(Theme::Color::GrayText);
+}
+
+}  // namespace
+
+CellDelegate::CellDelegate(ReportTree& tree) : QStyledItemDelegate(&tree), m_tree(tree) {}
+
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+    const int text = TextWidth(m_tree.CellFont(index.data(ReportTree::BoldRole).toBool()), index.data().toString());
+    return QSize(text + 2 * TextMargin, m_tree.RowHeight());
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    Guard([&] {
+        const bool highlighted = (option.state & QStyle::State_Selected) && m_tree.ShowsFocus();
+        painter->save();
+        painter->setClipRect(option.rect);
+        const QString icon = index.column() == 0 ? index.data(ReportTree::IconRole).toString() : QString();
+        DrawIcon(*painter, option.rect, icon, highlighted);
+        DrawText(*painter, option.rect, index, highlighted);
+        painter->restore();
+    });
+}
+
+void CellDelegate::DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, bool highlighted) const {
+    if (icon.isEmpty()) return;
+    const QColor ink = highlighted ? Theme::Get(Theme::Color::HighlightText) : IconColor(icon);
+    const int size = m_tree.picture;
+    painter.drawPixmap(cell.left() + (cell.width() - size) / 2, cell.top() + (cell.height() - size) / 2,
+                       Icons::Pixmap(icon, size, ink, m_tree.devicePixelRatioF()));
+}
+
+void CellDelegate::DrawText(QPainter& painter, const QRect& cell, const QModelIndex& index, bool highlighted) const {
+    const QString text = index.data().toString();
+    if (text.isEmpty()) return;
+    QColor ink = Theme::Get(index.data(ReportTree::GrayRole).toBool() ? Theme::Color::GrayText : Theme::Color::Text);
+    if (highlighted) ink = Theme::Get(Theme::Color::HighlightText);
+    if (!m_tree.isEnabled()) ink = Theme::Get(Theme::Color::DisabledText);
+    const QFont font = m_tree.CellFont(index.data(ReportTree::BoldRole).toBool());
+    painter.setFont(font);
+    painter.setPen(ink);
+    const QRect place = cell.adjusted(TextMargin, 0, -TextMargin, 0);
+    QString line = text;
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     ElidedTo(font, line, place.width()));
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace quellbrook {
+
+class ReportTree;
+
+// Draws a cell of a ReportTree over the row's ground: the icon centred in the first column, text in the others.
+class CellDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    explicit CellDelegate(ReportTree& tree);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    void DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, bool highlighted) const;
+    void DrawText(QPainter& painter, const QRect& cell, const QModelIndex& index, bool highlighted) const;
+
+    ReportTree& m_tree;
+};
+
+}  // namespace quellbrook

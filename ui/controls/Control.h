@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quellbrook {
+
+// Where a control stands in its parent without being moved there.
+enum class Alignment { None = 0, Top = 1, Bottom = 2 };
+
+// Base of every control and view. Geometry is kept in twips as floats and rounded only at the widget's own geometry; a
+// control that the toolkit moved reports where it is. The name of a control is its objectName.
+class Control : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(float Left READ Left WRITE SetLeft)
+    Q_PROPERTY(float Top READ Top WRITE SetTop)
+    Q_PROPERTY(float Width READ Width WRITE SetWidth)
+    Q_PROPERTY(float Height READ Height WRITE SetHeight)
+    Q_PROPERTY(QString Tag READ Tag WRITE SetTag)
+    Q_PROPERTY(int Index READ Index WRITE SetIndex)
+    Q_PROPERTY(int TabIndex READ TabIndex WRITE SetTabIndex)
+
+public:
+    explicit Control(QWidget* parent = nullptr);
+    ~Control() override;
+
+    // The class's name as failure texts print it.
+    virtual std::string TypeName() const = 0;
+    std::string Name() const;
+
+    float Left() const;
+    float Top() const;
+    float Width() const;
+    float Height() const;
+    void SetLeft(float twips);
+    void SetTop(float twips);
+    void SetWidth(float twips);
+    void SetHeight(float twips);
+    void Move(float left, float top);
+    void Move(float left, float top, float width, float height);
+    float Right() const { return Left() + Width(); }
+    float Bottom() const { return Top() + Height(); }
+    // Inner size; equal to the size but for controls with a frame.
+    virtual float ClientWidth() const { return Width(); }
+    virtual float ClientHeight() const { return Height(); }
+
+    const QString& Tag() const { return m_tag; }
+    void SetTag(const QString& tag) { m_tag = tag; }
+
+    // Position in a control array, or -1.
+    int Index() const { return m_index; }
+    void SetIndex(int index) { m_index = index; }
+
+    // 0 puts the control first in its parent's tab order. Virtual, so that a view can refuse.
+    int TabIndex() const { return m_tabIndex; }
+    virtual void SetTabIndex(int index);
+
+    // A docked control keeps its height and takes its parent's width at the edge; a parent that is a Control is laid
+    // out again when its height changes or when it comes or goes. Docked controls stack in the order of their making,
+    // hidden ones take no room.
+    Alignment Align() const { return m_align; }
+    void SetAlign(Alignment align);
+    // An overlaying docked control lies at the parent's edge over the others and takes no room from them.
+    bool IsOverlaying() const { return m_overlaying; }
+    void SetOverlaying(bool overlaying);
+
+    // What the control is to assistive tools, a QAccessible::Role; 0, the value at first, leaves it to its class. One
+    // that has a property "Focused" counts as selected while that is true.
+    int AccessibleRole() const { return m_accessibleRole; }
+    void SetAccessibleRole(int role) { m_accessibleRole = role; }
+
+    // The control's own wish to be seen, whether or not its parents are.
+    bool IsShown() const { return !isHidden(); }
+
+protected:
+    // The rules of layout of this control, run after every change of its size. Errors are ignored.
+    virtual void Layout() {}
+    void LayoutDockedChildren();
+    // Docked children, then the rules of layout; what the toolkit's own resizing does too.
+    void RunLayout();
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct Geometry;
+    void Apply();
+    void TakeOver() const;
+    void OnResized();
+    void TellParent();
+
+    std::unique_ptr<Geometry> m_geometry;
+    QString m_tag;
+    uint64_t m_serial;
+    int m_index = -1;
+    int m_tabIndex = -1;
+    int m_accessibleRole = 0;
+    Alignment m_align = Alignment::None;
+    bool m_overlaying = false;
+    bool m_docking = false;
+};
+
+// "Loads" the next member of a control array or asks for one: the members share a name and carry their position.
+// DescribeControl prints them as "button(1)".
+template <typename T>
+T* LoadMember(std::vector<T*>& members, QWidget* parent) {
+    auto* member = new T(parent);
+    member->setObjectName(members.empty() ? QString() : members.front()->objectName());
+    member->SetIndex(static_cast<int>(members.size()));
+    members.push_back(member);
+    return member;
+}
+
+}  // namespace quellbrook

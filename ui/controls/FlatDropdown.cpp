@@ -1,0 +1,89 @@
+#include "ui/controls/FlatDropdown.h"
+
+#include "ui/controls/DropdownBox.h"
+#include "ui/controls/FieldFrame.h"
+#include "ui/controls/FocusRing.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <QAbstractItemView>
+#include <QEvent>
+#include <QSignalBlocker>
+
+namespace quellbrook {
+
+FlatDropdown::FlatDropdown(QWidget* parent) : Control(parent), m_box(new DropdownBox(this)) {
+    setFocusProxy(m_box);
+    setFocusPolicy(Qt::StrongFocus);
+    m_box->installEventFilter(this);
+    m_box->view()->installEventFilter(this);
+    m_box->view()->viewport()->installEventFilter(this);
+    connect(m_box, &QComboBox::currentIndexChanged, this, [this] {
+        m_raised = true;
+        RaiseClicked();
+    });
+    connect(m_box, &QComboBox::activated, this, [this] {
+        if (!m_raised) RaiseClicked();
+        m_raised = false;
+    });
+    Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));
+}
+
+void FlatDropdown::RaiseClicked() {
+    Guard([this] { emit Clicked(); });
+}
+
+void FlatDropdown::Clear() {
+    const QSignalBlocker quiet(m_box);
+    m_box->clear();
+}
+
+void FlatDropdown::AddItem(const QString& text, int32_t itemData) {
+    const QSignalBlocker quiet(m_box);
+    const int before = m_box->currentIndex();
+    m_box->addItem(text, itemData);
+    if (m_box->currentIndex() != before) m_box->setCurrentIndex(before);
+}
+
+int FlatDropdown::Count() const { return m_box->count(); }
+QString FlatDropdown::ItemText(int index) const { return m_box->itemText(index); }
+int32_t FlatDropdown::ItemData(int index) const { return m_box->itemData(index).toInt(); }
+int FlatDropdown::ListIndex() const { return m_box->currentIndex(); }
+
+void FlatDropdown::SetListIndex(int index) {
+    if (index < -1 || index >= Count()) Raise(ErrorNumber::InvalidPropertyValue, "FlatDropdown.ListIndex");
+    if (index == ListIndex()) return;
+    m_box->setCurrentIndex(index);
+    m_raised = false;
+}
+
+void FlatDropdown::SetAccessibleCaption(const QString& name) { m_box->setAccessibleName(name); }
+void FlatDropdown::SetPlaceholder(const QString& text) { m_box->setPlaceholderText(text); }
+
+void FlatDropdown::Layout() { m_box->setGeometry(rect()); }
+
+void FlatDropdown::paintEvent(QPaintEvent*) {
+    Guard([this] { PaintField(*this, isEnabled()); });
+}
+
+bool FlatDropdown::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        if (watched == m_box) FocusRing::Follow(this);
+        break;
+    case QEvent::FocusOut:
+        if (watched == m_box) FocusRing::Leave(this);
+        break;
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        m_raised = false;
+        break;
+    default:
+        break;
+    }
+    return Control::eventFilter(watched, event);
+}
+
+}  // namespace quellbrook

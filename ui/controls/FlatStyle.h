@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace quellbrook {
+
+// The toolkit's own parts in the theme's colours and measures: menus, scroll bars, tool tips, frames, lists of
+// dropdowns.
+class FlatStyle : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    // Set on a scroll bar to keep room for an arrow at each end.
+    static constexpr const char* ArrowsProperty = "quellbrookArrows";
+
+    FlatStyle();
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,50 @@
+#include "ui/controls/FlatTextArea.h"
+
+#include "ui/controls/FieldFrame.h"
+#include "ui/controls/FocusRing.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <QEvent>
+#include <QPlainTextEdit>
+#include <QTextDocument>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int Margin = 10;
+
+}  // namespace
+
+FlatTextArea::FlatTextArea(QWidget* parent) : Control(parent), m_edit(new QPlainTextEdit(this)) {
+    m_edit->setFrameShape(QFrame::NoFrame);
+    m_edit->setTabChangesFocus(true);
+    m_edit->setFont(Theme::Font(Theme::Type::Body));
+    m_edit->document()->setDocumentMargin(0);
+    m_edit->viewport()->setAutoFillBackground(false);
+    m_edit->installEventFilter(this);
+    setFocusProxy(m_edit);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(m_edit, &QPlainTextEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
+    Control::Move(0, 0, ToTwips(200), ToTwips(112));
+}
+
+QString FlatTextArea::Text() const { return m_edit->toPlainText(); }
+void FlatTextArea::SetText(const QString& text) { m_edit->setPlainText(text); }
+void FlatTextArea::SetAccessibleCaption(const QString& name) { m_edit->setAccessibleName(name); }
+
+void FlatTextArea::Layout() { m_edit->setGeometry(rect().adjusted(Margin, Margin - 2, -2, -2)); }
+
+void FlatTextArea::paintEvent(QPaintEvent*) {
+    Guard([this] { PaintField(*this, isEnabled()); });
+}
+
+bool FlatTextArea::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) FocusRing::Follow(this);
+    if (event->type() == QEvent::FocusOut) FocusRing::Leave(this);
+    return Control::eventFilter(watched, event);
+}
+
+}  // namespace quellbrook

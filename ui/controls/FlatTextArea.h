@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+
+class QPlainTextEdit;
+
+namespace quellbrook {
+
+// A text field of several lines. Tab leaves it; its line ends read as "\n".
+class FlatTextArea : public Control {
+    Q_OBJECT
+    Q_PROPERTY(QString Text READ Text WRITE SetText)
+
+public:
+    explicit FlatTextArea(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "FlatTextArea"; }
+
+    QString Text() const;
+    void SetText(const QString& text);
+    void SetAccessibleCaption(const QString& name);
+    QPlainTextEdit* Edit() const { return m_edit; }
+
+signals:
+    void Changed();
+
+protected:
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPlainTextEdit* m_edit;
+};
+
+}  // namespace quellbrook

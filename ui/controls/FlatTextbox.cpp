@@ -1,0 +1,97 @@
+#include "ui/controls/FlatTextbox.h"
+
+#include "ui/controls/Activation.h"
+#include "ui/controls/FieldFrame.h"
+#include "ui/controls/FocusRing.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Icons.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int SideMargin = 10;
+constexpr int IconSize = 20;
+
+// A field without a frame or a ground of its own: both are the control's.
+class PlainEdit : public QLineEdit {
+public:
+    explicit PlainEdit(QWidget* parent) : QLineEdit(parent) {
+        setFrame(false);
+        setTextMargins(0, 0, 0, 0);
+        setFont(Theme::Font(Theme::Type::Body));
+        setAttribute(Qt::WA_MacShowFocusRect, false);
+        QPalette seeThrough = palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            seeThrough.setColor(group, QPalette::Base, Qt::transparent);
+        setPalette(seeThrough);
+    }
+};
+
+}  // namespace
+
+FlatTextbox::FlatTextbox(QWidget* parent) : Control(parent), m_edit(new PlainEdit(this)) {
+    setFocusProxy(m_edit);
+    setFocusPolicy(Qt::StrongFocus);
+    m_edit->installEventFilter(this);
+    connect(m_edit, &QLineEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
+    Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));
+}
+
+QString FlatTextbox::Text() const { return m_edit->text(); }
+void FlatTextbox::SetText(const QString& text) { m_edit->setText(text); }
+QString FlatTextbox::Placeholder() const { return m_edit->placeholderText(); }
+void FlatTextbox::SetPlaceholder(const QString& placeholder) { m_edit->setPlaceholderText(placeholder); }
+void FlatTextbox::SetPassword(bool password) {
+    m_edit->setEchoMode(password ? QLineEdit::Password : QLineEdit::Normal);
+}
+void FlatTextbox::SetAccessibleCaption(const QString& name) { m_edit->setAccessibleName(name); }
+
+void FlatTextbox::SetIcon(const QString& iconName) {
+    m_icon = iconName;
+    RunLayout();
+    update();
+}
+
+void FlatTextbox::Layout() {
+    const int iconRoom = m_icon.isEmpty() ? 0 : IconSize + SideMargin;
+    m_edit->setGeometry(SideMargin, 1, std::max(0, width() - 2 * SideMargin - iconRoom), std::max(0, height() - 2));
+}
+
+void FlatTextbox::paintEvent(QPaintEvent*) {
+    Guard([this] {
+        PaintField(*this, isEnabled());
+        if (m_icon.isEmpty()) return;
+        const QColor ink = Theme::Get(isEnabled() ? Theme::Color::GrayText : Theme::Color::DisabledText);
+        QPainter(this).drawPixmap(width() - SideMargin - IconSize - 1, (height() - IconSize) / 2,
+                                  Icons::Pixmap(m_icon, IconSize, ink, devicePixelRatioF()));
+    });
+}
+
+bool FlatTextbox::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        FocusRing::Follow(this);
+        break;
+    case QEvent::FocusOut:
+        FocusRing::Leave(this);
+        break;
+    case QEvent::KeyPress:
+        if (const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event)))
+            Guard([this, code] { emit KeyPressed(code); });
+        break;
+    default:
+        break;
+    }
+    return Control::eventFilter(watched, event);
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+
+class QLineEdit;
+
+namespace quellbrook {
+
+// A one-line text field with a placeholder and an icon at its right end.
+class FlatTextbox : public Control {
+    Q_OBJECT
+    Q_PROPERTY(QString Text READ Text WRITE SetText)
+    Q_PROPERTY(QString Placeholder READ Placeholder WRITE SetPlaceholder)
+
+public:
+    explicit FlatTextbox(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "FlatTextbox"; }
+
+    QString Text() const;
+    void SetText(const QString& text);
+    QString Placeholder() const;
+    void SetPlaceholder(const QString& placeholder);
+    void SetIcon(const QString& iconName);
+    void SetPassword(bool password);  // shows dots
+    void SetAccessibleCaption(const QString& name);
+
+signals:
+    void KeyPressed(int keyCode);  // 13 for both Enter keys
+    void Changed();
+
+protected:
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QLineEdit* m_edit;
+    QString m_icon;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+#include "ui/controls/Theme.h"
+
+namespace quellbrook {
+
+// One of our icons as a control. An empty name shows nothing. Its accessible name is the icon's unless another was set.
+// "busy" is a ring that turns while it is seen.
+class FontIcon : public Control {
+    Q_OBJECT
+
+public:
+    explicit FontIcon(QWidget* parent = nullptr);
+    ~FontIcon() override;
+    std::string TypeName() const override { return "FontIcon"; }
+
+    const QString& IconName() const { return m_icon; }
+    void SetIcon(const QString& iconName, int size);  // size in pixels; the control takes it
+    void SetForeColor(Theme::Color color);
+    void SetForeColor(const QColor& color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void Turn(bool turn);
+
+    QString m_icon;
+    int m_size = 20;
+    int m_angle = 0;
+    int m_timerId = 0;
+    QColor m_fixedColor;
+    Theme::Color m_themeColor = Theme::Color::Text;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/Error.h"
+
+#include <functional>
+#include <utility>
+
+namespace quellbrook {
+
+// No error leaves a handler that the toolkit calls: a virtual, a slot, a filter or a timer. Each runs inside Guard.
+
+// What to do with an error that reached the edge of a handler.
+using ErrorReport = std::function<void(const Error&)>;
+
+// The report of handlers that name none: the styled message "Unexpected Error" and an entry in the error log. A host
+// may put its own in its place; null restores the default. The report itself never throws.
+void ReportUnexpected(const Error& error);
+void SetUnexpectedReport(ErrorReport report);
+
+template <typename Handler, typename Report>
+void Guard(Handler&& handler, Report&& report) noexcept {
+    try {
+        try {
+            std::forward<Handler>(handler)();
+        } catch (...) {
+            std::forward<Report>(report)(CurrentError());
+        }
+    } catch (...) {
+        ReportUnexpected(CurrentError());
+    }
+}
+
+template <typename Handler>
+void Guard(Handler&& handler) noexcept {
+    Guard(std::forward<Handler>(handler), [](const Error& error) { ReportUnexpected(error); });
+}
+
+// For handlers whose errors are ignored by design: layout, property persistence, focus.
+template <typename Handler>
+void GuardSilently(Handler&& handler) noexcept {
+    try {
+        std::forward<Handler>(handler)();
+    } catch (...) {
+    }
+}
+
+}  // namespace quellbrook

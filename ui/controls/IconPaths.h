@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+namespace quellbrook {
+
+// The strokes of an icon on the 24 px grid, as SVG path data; empty for an unknown name.
+std::string_view IconPath(std::string_view name);
+
+}  // namespace quellbrook

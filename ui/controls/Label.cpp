@@ -1,0 +1,111 @@
+#include "ui/controls/Label.h"
+
+#include "ui/controls/Guard.h"
+#include "ui/controls/Strings.h"
+#include "ui/controls/TextBlock.h"
+#include "ui/controls/Twips.h"
+
+#include <QEvent>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace quellbrook {
+
+Label::Label(QWidget* parent) : Control(parent) {
+    FitToText();
+}
+
+void Label::SetCaption(const QString& caption) {
+    if (caption == m_caption) return;
+    m_caption = caption;
+    setAccessibleName(caption);
+    FitToText();
+}
+
+void Label::SetType(Theme::Type type) {
+    m_type = type;
+    FitToText();
+}
+
+void Label::SetForeColor(Theme::Color color) {
+    m_themeColor = color;
+    m_fixedColor.reset();
+    update();
+}
+
+void Label::SetForeColor(const QColor& color) {
+    m_fixedColor = color;
+    update();
+}
+
+QColor Label::ForeColor() const { return m_fixedColor ? *m_fixedColor : Theme::Get(m_themeColor); }
+
+void Label::SetAutoSize(bool autoSize) {
+    m_autoSize = autoSize;
+    FitToText();
+}
+
+void Label::SetWordWrap(bool wrap) {
+    m_wordWrap = wrap;
+    FitToText();
+}
+
+void Label::SetTextAlignment(Qt::Alignment alignment) {
+    m_alignment = alignment;
+    update();
+}
+
+QSize Label::sizeHint() const {
+    const TextBlock block(m_caption, AmbientFont(m_type, *this));
+    return QSize(block.Width(), block.Height());
+}
+
+int Label::heightForWidth(int width) const {
+    return TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width : 0).Height();
+}
+
+void Label::FitToText() {
+    if (m_autoSize && m_wordWrap) {
+        SetHeight(ToTwips(heightForWidth(width())));
+    } else if (m_autoSize) {
+        const QSize size = sizeHint();
+        Move(Left(), Top(), ToTwips(size.width()), ToTwips(size.height()));
+    }
+    updateGeometry();
+    update();
+}
+
+void Label::Layout() {
+    if (m_autoSize && m_wordWrap) SetHeight(ToTwips(heightForWidth(width())));
+}
+
+void Label::changeEvent(QEvent* event) {
+    Control::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ParentChange)
+        Guard([this] { FitToText(); });
+    else
+        update();
+}
+
+bool Label::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return Control::event(event);
+    Guard([this, event] {
+        const TextBlock block(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0);
+        if (block.FitsIn(size()))
+            QToolTip::hideText();
+        else
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainTooltip(m_caption), this);
+    });
+    return true;
+}
+
+void Label::paintEvent(QPaintEvent*) {
+    Guard([this] {
+        QPainter painter(this);
+        painter.setPen(isEnabled() ? ForeColor() : Theme::Get(Theme::Color::DisabledText));
+        TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0).Draw(painter, rect(), m_alignment);
+    });
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+#include "ui/controls/Theme.h"
+
+#include <optional>
+
+namespace quellbrook {
+
+// Plain text, never markup. One-line labels that size themselves (AutoSize) follow their text's width and height;
+// wrapping ones (WordWrap) keep their width and follow its height. Text that does not fit ends in an ellipsis. The font
+// is its type's, with what a widget around it has set by setFont.
+class Label : public Control {
+    Q_OBJECT
+    Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
+    Q_PROPERTY(QColor ForeColor READ ForeColor WRITE SetForeColor)
+
+public:
+    explicit Label(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "Label"; }
+
+    const QString& Caption() const { return m_caption; }
+    void SetCaption(const QString& caption);
+
+    Theme::Type Type() const { return m_type; }
+    void SetType(Theme::Type type);
+    // The theme's colour, or a fixed one; Text at first.
+    void SetForeColor(Theme::Color color);
+    void SetForeColor(const QColor& color);
+    QColor ForeColor() const;
+
+    void SetAutoSize(bool autoSize);
+    void SetWordWrap(bool wrap);
+    void SetTextAlignment(Qt::Alignment alignment);
+
+    QSize sizeHint() const override;
+    int heightForWidth(int width) const override;
+    bool hasHeightForWidth() const override { return m_wordWrap; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+    void Layout() override;
+
+private:
+    void FitToText();
+
+    QString m_caption;
+    Theme::Type m_type = Theme::Type::Body;
+    Theme::Color m_themeColor = Theme::Color::Text;
+    std::optional<QColor> m_fixedColor;
+    Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
+    bool m_autoSize = true;
+    bool m_wordWrap = false;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+#include "ui/controls/Theme.h"
+
+namespace quellbrook {
+
+// A horizontal or vertical rule, as thick as its smaller side.
+class Line : public Control {
+    Q_OBJECT
+
+public:
+    explicit Line(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "Line"; }
+    void SetColor(Theme::Color color);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Theme::Color m_color = Theme::Color::Hairline;
+};
+
+}  // namespace quellbrook

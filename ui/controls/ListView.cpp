@@ -1,0 +1,219 @@
+#include "ui/controls/ListView.h"
+
+#include "ui/controls/Activation.h"
+#include "ui/controls/FieldFrame.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/ReportTree.h"
+#include "ui/controls/Strings.h"
+#include "ui/controls/TextBlock.h"
+#include "ui/controls/Twips.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int LargestPicture = 24;
+constexpr int PictureInLargeIcon = 22;
+
+// What an icon says, for those who can't see it.
+QString IconMeaning(const QString& icon) {
+    if (icon == QLatin1String("marked")) return QStringLiteral("marked");
+    if (icon == QLatin1String("selected")) return QStringLiteral("checked");
+    if (icon == QLatin1String("unselected")) return QStringLiteral("not checked");
+    return QString();
+}
+
+}  // namespace
+
+ListView::ListView(QWidget* parent) : Control(parent), m_tree(new ReportTree(this)) {
+    setFocusProxy(m_tree);
+    setFocusPolicy(Qt::StrongFocus);
+    m_tree->installEventFilter(this);
+    m_tree->OnMouseUp = [this](Qt::MouseButton button, const QPoint& at) {
+        const int mask = button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
+        Guard([&] { emit MouseUp(mask, at); });
+    };
+    m_tree->OnDoubleClick = [this](const QPoint& at) { Guard([&] { emit DoubleClicked(at); }); };
+    m_tree->OnKeyboardMove = [this](int row) { Guard([&] { emit CurrentRowMovedByKeyboard(row); }); };
+}
+
+QTreeWidget* ListView::Tree() const { return m_tree; }
+
+void ListView::AddColumn(const QString& key, const QString& caption, float width) {
+    const int column = ColumnCount();
+    m_columnKeys.push_back(key);
+    m_tree->setColumnCount(column + 1);
+    m_tree->headerItem()->setText(column, caption);
+    SetColumnWidth(column, width);
+}
+
+int ListView::ColumnCount() const { return static_cast<int>(m_columnKeys.size()); }
+float ListView::ColumnWidth(int column) const { return ToTwips(m_tree->columnWidth(column)); }
+
+void ListView::SetColumnWidth(int column, float width) {
+    m_tree->setColumnWidth(column, std::max(ToPixels(width), m_tree->header()->minimumSectionSize()));
+}
+
+int ListView::ColumnIndex(const QString& key) const {
+    const auto found = std::find(m_columnKeys.begin(), m_columnKeys.end(), key);
+    return found == m_columnKeys.end() ? -1 : static_cast<int>(found - m_columnKeys.begin());
+}
+
+void ListView::SetIconSize(int pixels, double rowFactor, int picture) {
+    m_tree->iconSize = pixels;
+    m_tree->rowFactor = rowFactor;
+    m_tree->picture = picture > 0 ? picture : pixels <= LargestPicture ? pixels : PictureInLargeIcon;
+    m_tree->doItemsLayout();
+}
+
+void ListView::SetHeaderVisible(bool visible) { m_tree->setHeaderHidden(!visible); }
+
+void ListView::SetRowLines(bool lines) {
+    m_tree->rowLines = lines;
+    m_tree->viewport()->update();
+}
+
+void ListView::SetFramed(bool framed) {
+    m_framed = framed;
+    RunLayout();
+    update();
+}
+
+void ListView::SetType(Theme::Type type) {
+    m_tree->type = type;
+    m_tree->viewport()->update();
+}
+
+void ListView::ClearRows() {
+    m_tree->setCurrentItem(nullptr);
+    m_tree->clear();
+    m_rowKeys.clear();
+}
+
+void ListView::AddRow(const QString& key, const QString& icon, const std::vector<Cell>& cells) {
+    if (m_rowKeys.contains(key)) Raise(ErrorNumber::KeyTaken, "ListView.AddRow");
+    m_rowKeys.insert(key);
+    auto* item = new QTreeWidgetItem;
+    item->setData(0, ReportTree::KeyRole, key);
+    item->setData(0, ReportTree::IconRole, icon);
+    for (size_t i = 0; i < cells.size(); ++i) {
+        const int column = static_cast<int>(i) + 1;
+        item->setText(column, cells[i].text);
+        item->setData(column, ReportTree::GrayRole, cells[i].gray);
+        item->setData(column, ReportTree::BoldRole, cells[i].bold);
+        if (cells[i].bold) item->setFont(column, m_tree->CellFont(true));
+    }
+    DescribeRow(item);
+    m_tree->addTopLevelItem(item);
+}
+
+QTreeWidgetItem* ListView::Item(int row) const {
+    QTreeWidgetItem* item = m_tree->topLevelItem(row);
+    if (!item) Raise(ErrorNumber::SubscriptOutOfRange, "ListView.Item");
+    return item;
+}
+
+void ListView::DescribeRow(QTreeWidgetItem* item) const {
+    QStringList parts;
+    for (int column = 0; column < item->columnCount(); ++column)
+        if (!item->text(column).isEmpty()) parts << item->text(column);
+    const QString meaning = IconMeaning(item->data(0, ReportTree::IconRole).toString());
+    if (!meaning.isEmpty()) parts << meaning;
+    item->setData(0, Qt::AccessibleTextRole, parts.join(QStringLiteral(", ")));
+}
+
+int ListView::RowCount() const { return m_tree->topLevelItemCount(); }
+QString ListView::RowKey(int row) const { return Item(row)->data(0, ReportTree::KeyRole).toString(); }
+QString ListView::RowIcon(int row) const { return Item(row)->data(0, ReportTree::IconRole).toString(); }
+
+void ListView::SetRowIcon(int row, const QString& icon) {
+    Item(row)->setData(0, ReportTree::IconRole, icon);
+    DescribeRow(Item(row));
+}
+
+QString ListView::CellText(int row, int column) const { return Item(row)->text(column); }
+bool ListView::CellBold(int row, int column) const { return Item(row)->data(column, ReportTree::BoldRole).toBool(); }
+bool ListView::CellGray(int row, int column) const { return Item(row)->data(column, ReportTree::GrayRole).toBool(); }
+
+void ListView::SetCellStyle(int row, int column, bool gray, bool bold) {
+    QTreeWidgetItem* item = Item(row);
+    if (CellGray(row, column) != gray) item->setData(column, ReportTree::GrayRole, gray);
+    if (CellBold(row, column) == bold) return;
+    item->setData(column, ReportTree::BoldRole, bold);
+    item->setFont(column, m_tree->CellFont(bold));
+}
+
+QString ListView::CellTooltip(int row, int column) const {
+    return Item(row)->data(column, ReportTree::TooltipRole).toString();
+}
+
+void ListView::SetCellTooltip(int row, int column, const QString& text) {
+    Item(row)->setData(column, ReportTree::TooltipRole, text);
+    Item(row)->setToolTip(column, PlainTooltip(text));
+}
+
+bool ListView::RowBand(int row) const { return Item(row)->data(0, ReportTree::BandRole).toBool(); }
+void ListView::SetRowBand(int row, bool band) {
+    Item(row)->setData(0, ReportTree::BandRole, band);
+    m_tree->viewport()->update();
+}
+
+bool ListView::RowSelected(int row) const { return Item(row)->isSelected(); }
+void ListView::SelectAll() { m_tree->selectAll(); }
+
+void ListView::ClearSelection() {
+    m_tree->setCurrentItem(nullptr);
+    m_tree->clearSelection();
+}
+
+int ListView::CurrentRow() const {
+    QTreeWidgetItem* item = m_tree->currentItem();
+    return item ? m_tree->indexOfTopLevelItem(item) : -1;
+}
+
+void ListView::SetCurrentRow(int row) { m_tree->setCurrentItem(row < 0 ? nullptr : Item(row)); }
+
+int ListView::HitTest(const QPoint& viewportPosition) const {
+    const QModelIndex index = m_tree->indexAt(viewportPosition);
+    return index.isValid() ? index.row() : -1;
+}
+
+int ListView::RowHeight() const { return m_tree->RowHeight(); }
+
+float ListView::TextWidth(const QString& text) const {
+    return ToTwips(quellbrook::TextWidth(m_tree->CellFont(false), text));
+}
+
+void ListView::Layout() {
+    const int inset = m_framed ? 1 : 0;
+    m_tree->setGeometry(rect().adjusted(inset, inset, -inset, -inset));
+}
+
+void ListView::paintEvent(QPaintEvent*) {
+    Guard([this] {
+        if (m_framed) PaintField(*this, isEnabled());
+    });
+}
+
+bool ListView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_tree || event->type() != QEvent::KeyPress) return Control::eventFilter(watched, event);
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const int code = KeyCodeOf(key);
+    if (code == 0) return false;
+    const bool ctrl = key.modifiers() & Qt::ControlModifier;
+    Guard([&] { emit KeyDown(code, ctrl); });
+    return code == 13;
+}
+
+void ListView::changeEvent(QEvent* event) {
+    Control::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange) m_tree->viewport()->update();
+}
+
+}  // namespace quellbrook

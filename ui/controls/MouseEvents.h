@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QPointF>
+#include <QPointer>
+
+class QMouseEvent;
+class QWidget;
+
+namespace quellbrook {
+
+class FlatScrollBar;
+
+// Presses, releases and double clicks over a container, wherever inside it they land, with the container's coordinates
+// in pixels. Buttons are a bit mask: 1 left, 2 right.
+class MouseEvents : public QObject {
+    Q_OBJECT
+
+public:
+    explicit MouseEvents(QWidget* container);
+
+signals:
+    void Down(int button, const QPoint& at);
+    void Up(int button, const QPoint& at);
+    void DoubleClick(const QPoint& at);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // What tells one event of the mouse from another. The toolkit hands an event that a child ignores to its parent as
+    // a new one, which must not count again.
+    struct Seen {
+        int type = 0;
+        quint64 timestamp = 0;
+        QPointF at;
+        Qt::MouseButton button = Qt::NoButton;
+
+        bool operator==(const Seen&) const = default;
+    };
+
+    void Watch(QObject* widget);
+    void Handle(QObject* watched, QEvent* event);
+    bool IsEcho(const QMouseEvent& event);
+
+    QWidget* m_container;
+    Seen m_last;
+};
+
+// Turns of the wheel over a container reach its scroll bar.
+class ScrollWheelSupport : public QObject {
+    Q_OBJECT
+
+public:
+    ScrollWheelSupport(QWidget* container, FlatScrollBar* bar);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPointer<FlatScrollBar> m_bar;
+};
+
+}  // namespace quellbrook

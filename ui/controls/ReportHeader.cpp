@@ -1,0 +1,51 @@
+#include "ui/controls/ReportHeader.h"
+
+#include "ui/controls/Guard.h"
+#include "ui/controls/TextBlock.h"
+#include "ui/controls/Theme.h"
+
+#include <QPainter>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int HeaderHeight = 32;
+constexpr int TextMargin = 6;
+
+}  // namespace
+
+ReportHeader::ReportHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setStretchLastSection(false);
+    setSectionsMovable(false);
+    setSectionsClickable(false);
+    setHighlightSections(false);
+    setMinimumSectionSize(8);
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QSize ReportHeader::sizeHint() const { return QSize(QHeaderView::sizeHint().width(), HeaderHeight); }
+
+void ReportHeader::paintEvent(QPaintEvent* event) {
+    QHeaderView::paintEvent(event);
+    Guard([this] {
+        const QRect whole = viewport()->rect();
+        QPainter painter(viewport());
+        painter.fillRect(length() - offset(), 0, whole.width(), whole.height(), palette().color(QPalette::Base));
+        painter.fillRect(0, whole.height() - 1, whole.width(), 1, Theme::Get(Theme::Color::Hairline));
+    });
+}
+
+void ReportHeader::paintSection(QPainter* painter, const QRect& place, int column) const {
+    Guard([&] {
+        painter->fillRect(place, palette().color(QPalette::Base));
+        painter->setFont(Theme::Font(Theme::Type::TagText));
+        painter->setPen(Theme::Get(Theme::Color::GrayText));
+        const QRect textPlace = place.adjusted(TextMargin, 0, -TextMargin, 0);
+        const QString caption = model()->headerData(column, Qt::Horizontal).toString();
+        painter->drawText(textPlace, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                          ElidedTo(painter->font(), caption, textPlace.width()));
+    });
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,67 @@
+#include "ui/controls/StatusTag.h"
+
+#include "ui/controls/Guard.h"
+#include "ui/controls/TextBlock.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <QPainter>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int TagHeight = 20;
+constexpr int SideMargin = 8;
+
+}  // namespace
+
+StatusTag::StatusTag(QWidget* parent) : Control(parent) { FitToText(); }
+
+void StatusTag::SetCaption(const QString& caption) {
+    m_caption = caption;
+    setAccessibleName(caption);
+    FitToText();
+}
+
+void StatusTag::SetColor(int32_t color) {
+    m_color = color;
+    update();
+}
+
+float StatusTag::TextTop() const {
+    return Top() + (Height() - ToTwips(Theme::LineHeight(Theme::Type::Body))) / 2;
+}
+
+QSize StatusTag::sizeHint() const {
+    return QSize(TextWidth(Theme::Font(Theme::Type::TagText), m_caption) + 2 * SideMargin, TagHeight);
+}
+
+void StatusTag::FitToText() {
+    const QSize size = sizeHint();
+    Control::Move(Left(), Top(), ToTwips(size.width()), ToTwips(size.height()));
+    updateGeometry();
+    update();
+}
+
+void StatusTag::paintEvent(QPaintEvent*) {
+    Guard([this] {
+        if (m_caption.isEmpty()) return;
+        const QColor ground = Theme::FromBgr(m_color);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ground);
+        painter.drawRoundedRect(rect(), Theme::Radius, Theme::Radius);
+        painter.setPen(Theme::TextOn(ground));
+        TextBlock(m_caption, Theme::Type::TagText)
+            .Draw(painter, rect().adjusted(SideMargin, 0, -SideMargin, 0), Qt::AlignLeft | Qt::AlignVCenter);
+    });
+}
+
+void StatusTag::changeEvent(QEvent* event) {
+    Control::changeEvent(event);
+    update();
+}
+
+}  // namespace quellbrook

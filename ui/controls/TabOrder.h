@@ -1,0 +1,10 @@
+#pragma once
+
+class QWidget;
+
+namespace quellbrook {
+
+// Puts a widget, with everything focusable inside it, before its siblings in the tab order.
+void MoveFirstInTabOrder(QWidget* widget);
+
+}  // namespace quellbrook

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cmath>
+
+namespace quellbrook {
+
+// Lengths of views and controls are twips, 15 to a device-independent pixel at every scale factor.
+inline constexpr float TwipsPerPixel = 15.0f;
+
+inline int ToPixels(float twips) { return static_cast<int>(std::lround(twips / TwipsPerPixel)); }
+inline float ToTwips(double pixels) { return static_cast<float>(pixels * TwipsPerPixel); }
+
+}  // namespace quellbrook
