@@ -1,0 +1,181 @@
+#include "ui/common/Dialogs.h"
+
+#include "base/Error.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/ui/common/ScreenTest.h"
+#include "ui/controls/MousePointer.h"
+#include "ui/controls/Theme.h"
+
+namespace quellbrook {
+
+namespace {
+
+using testing::RaisedBy;
+
+class SampleForm : public ModuleForm {
+    Q_OBJECT
+
+public:
+    int loads = 0;
+    int cancels = 0;
+    bool declines = false;
+
+protected:
+    void OnLoad() override {
+        ++loads;
+        resize(301, 203);
+    }
+    void OnCancel() override {
+        ++cancels;
+        if (!declines) done(0);
+    }
+};
+
+class OtherObject : public Object {
+public:
+    std::string TypeName() const override { return "Other"; }
+};
+
+class DialogsTest : public testing::ScreenTest {
+protected:
+    QPoint CenterOf(const QWidget& window) { return window.frameGeometry().center(); }
+};
+
+}  // namespace
+
+TEST_F(DialogsTest, AFormIsLoadedOnceBeforeItIsCentred) {
+    SampleForm form;
+    WhenOpen<SampleForm>([](SampleForm& open) { EXPECT_EQ(open.size(), QSize(301, 203)); });
+    EXPECT_TRUE(GetDialogs().ShowForm(form).IsEmpty());
+    EXPECT_EQ(form.loads, 1);
+}
+
+TEST_F(DialogsTest, AFormStandsInTheMiddleOfItsParent) {
+    SampleForm form;
+    WhenOpen<SampleForm>([this](SampleForm& open) {
+        EXPECT_LE(std::abs(CenterOf(open).x() - CenterOf(m_host).x()), 1);
+        EXPECT_LE(std::abs(CenterOf(open).y() - CenterOf(m_host).y()), 1);
+    });
+    ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, AFormLargerThanItsParentStaysOnTheScreen) {
+    m_host.setGeometry(0, 0, 200, 100);
+    SampleForm form;
+    WhenOpen<SampleForm>([](SampleForm& open) { EXPECT_EQ(open.frameGeometry().topLeft(), QPoint(0, 0)); });
+    ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, AFormIsModalAndOwnedByItsParentsWindow) {
+    SampleForm form;
+    WhenOpen<SampleForm>([this](SampleForm& open) {
+        EXPECT_EQ(open.windowModality(), Qt::ApplicationModal);
+        EXPECT_EQ(open.windowHandle()->transientParent(), m_host.windowHandle());
+    });
+    ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, WithoutAParentAFormFailsAfterItsLoading) {
+    GetDialogs().SetParent(nullptr);
+    SampleForm form;
+    const Error error = RaisedBy([&] { ShowFormCentered(form); });
+    EXPECT_EQ(error.Number(), 91);
+    EXPECT_EQ(error.Source(), "Dialogs.ShowForm");
+    EXPECT_EQ(error.Description(), "No dialog parent has been set.");
+    EXPECT_EQ(form.loads, 1);
+}
+
+TEST_F(DialogsTest, ADestroyedParentIsNoParent) {
+    auto window = std::make_unique<QWidget>();
+    GetDialogs().SetParent(std::make_shared<WindowReference>(window.get()));
+    EXPECT_EQ(GetDialogs().GetParent(), window.get());
+    window.reset();
+    EXPECT_EQ(GetDialogs().GetParent(), nullptr);
+    EXPECT_EQ(RaisedBy([] { ShowMessage("Done.", 0, "Notice"); }).Number(), 91);
+}
+
+TEST_F(DialogsTest, OnlyAWindowCanBeTheParent) {
+    EXPECT_EQ(RaisedBy([] { GetDialogs().SetParent(std::make_shared<OtherObject>()); }).Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(GetDialogs().GetParent(), &m_host);
+}
+
+TEST_F(DialogsTest, AParentThatGoesWhileAFormIsOpenLeavesTheFormAlone) {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    GetDialogs().SetParent(std::make_shared<WindowReference>(window.get()));
+    WhenOpen<frmModal>([&](frmModal& form) {
+        window.reset();
+        EXPECT_TRUE(form.isVisible());
+        testing::Press(&form, Qt::Key_Escape);
+    });
+    EXPECT_EQ(ShowMessage("Go on?", 36, "Question"), 7);
+}
+
+TEST_F(DialogsTest, TheParentsWindowIsDimmedWhileAFormIsOpen) {
+    m_host.setStyleSheet("#host { background: white }");
+    const QPoint corner(3, 3);
+    EXPECT_EQ(testing::PixelAt(testing::Grab(m_host), corner), QColor(Qt::white));
+    SampleForm form;
+    WhenOpen<SampleForm>([&](SampleForm&) {
+        const QColor dimmed = testing::PixelAt(testing::Grab(m_host), corner);
+        EXPECT_NEAR(dimmed.red(), 0.55 * 255 + 0.45 * 0x14, 2);
+        EXPECT_NEAR(dimmed.blue(), 0.55 * 255 + 0.45 * 0x1E, 2);
+        m_host.resize(700, 500);
+        EXPECT_EQ(testing::PixelAt(testing::Grab(m_host), QPoint(690, 490)), dimmed);
+    });
+    ShowFormCentered(form);
+    EXPECT_EQ(testing::PixelAt(testing::Grab(m_host), corner), QColor(Qt::white));
+}
+
+TEST_F(DialogsTest, AFormOverAFormDimsNoMore) {
+    m_host.setStyleSheet("#host { background: white }");
+    QColor once;
+    SampleForm outer;
+    WhenOpen<SampleForm>([&](SampleForm&) {
+        once = testing::PixelAt(testing::Grab(m_host), QPoint(3, 3));
+        WhenOpen<frmModal>([&](frmModal&) { EXPECT_EQ(testing::PixelAt(testing::Grab(m_host), QPoint(3, 3)), once); });
+        ShowMessage("Done.", 0, "Notice");
+        EXPECT_EQ(testing::PixelAt(testing::Grab(m_host), QPoint(3, 3)), once);
+    });
+    ShowFormCentered(outer);
+}
+
+TEST_F(DialogsTest, FormsAreCountedAsLongAsTheyLive) {
+    EXPECT_EQ(GetScreen().OpenFormCount(), 0);
+    SampleForm hidden;
+    EXPECT_EQ(GetScreen().OpenFormCount(), 1);
+    WhenOpen<frmModal>([](frmModal&) { EXPECT_EQ(GetScreen().OpenFormCount(), 2); });
+    ShowMessage("Done.", 0, "Notice");
+    EXPECT_EQ(GetScreen().OpenFormCount(), 1);
+}
+
+TEST_F(DialogsTest, AFormMayDeclineToClose) {
+    SampleForm form;
+    form.declines = true;
+    WhenOpen<SampleForm>([](SampleForm& open) {
+        open.close();
+        EXPECT_TRUE(open.isVisible());
+        EXPECT_EQ(open.cancels, 1);
+        testing::Press(&open, Qt::Key_Escape);
+        EXPECT_TRUE(open.isVisible());
+        EXPECT_EQ(open.cancels, 2);
+    });
+    ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, ADialogShowsTheArrowOverItselfAndTheHourglassComesBack) {
+    SetMousePointer(MousePointer::Hourglass);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    WhenOpen<frmModal>([](frmModal&) {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
+    });
+    ShowMessage("Done.", 0, "Notice");
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    SetMousePointer(MousePointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace quellbrook
+
+#include "DialogsTest.moc"

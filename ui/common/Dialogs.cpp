@@ -1,0 +1,57 @@
+#include "ui/common/Dialogs.h"
+
+#include "base/Error.h"
+#include "ui/common/WindowOwner.h"
+#include "ui/common/WindowShade.h"
+
+#include <QScreen>
+
+#include <algorithm>
+
+namespace quellbrook {
+
+namespace {
+
+QRect OnScreen(const QWidget& window) {
+    return window.isWindow() ? window.frameGeometry() : QRect(window.mapToGlobal(QPoint()), window.size());
+}
+
+// Centred over the parent; moved aside only where that would leave both the parent and the screen.
+QPoint PlaceOver(const QWidget& parent, const QSize& form) {
+    const QRect over = OnScreen(parent);
+    const QPoint centered(over.left() + over.width() / 2 - form.width() / 2, over.top() + over.height() / 2 - form.height() / 2);
+    const QRect room = parent.screen()->availableGeometry().united(over);
+    return QPoint(std::max(room.left(), std::min(centered.x(), room.right() + 1 - form.width())),
+                  std::max(room.top(), std::min(centered.y(), room.bottom() + 1 - form.height())));
+}
+
+}  // namespace
+
+void Dialogs::SetParent(ObjectRef parent) {
+    auto window = std::dynamic_pointer_cast<WindowReference>(parent);
+    if (parent && !window) Raise(ErrorNumber::TypeMismatch, "Dialogs.SetParent");
+    m_parent = std::move(window);
+}
+
+QWidget* Dialogs::GetParent() const { return m_parent ? m_parent->Window() : nullptr; }
+
+TaggedValue Dialogs::ShowForm(ModuleForm& form) {
+    form.EnsureLoaded();
+    QWidget* parent = GetParent();
+    if (!parent) Raise(ErrorNumber::NullObject, "Dialogs.ShowForm", "No dialog parent has been set.");
+    form.setWindowModality(Qt::ApplicationModal);
+    SetOwner(form, parent);
+    form.move(PlaceOver(*parent, form.frameGeometry().size()));
+    const WindowShade shade(parent->window());
+    form.exec();
+    return {};
+}
+
+Dialogs& GetDialogs() {
+    static Dialogs dialogs;
+    return dialogs;
+}
+
+void ShowFormCentered(ModuleForm& form) { GetDialogs().ShowForm(form); }
+
+}  // namespace quellbrook

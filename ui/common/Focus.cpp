@@ -1,0 +1,75 @@
+#include "base/Screen.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/controls/Control.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Strings.h"
+
+#include <QApplication>
+#include <QPointer>
+
+namespace quellbrook {
+
+namespace {
+
+// Calls since the message was last shown, and the nesting of the present one. Nothing else resets the count, so that the
+// message also comes after enough calls that are no loop.
+int32_t focusCallCount = 0;
+int32_t focusCallDepth = 0;
+
+constexpr int32_t MostFocusCalls = 200;
+
+// The named control around the widget that has the focus; its parts are nobody's business.
+const QWidget* ActiveControl() {
+    const QWidget* focused = QApplication::focusWidget();
+    if (!focused && QApplication::activeWindow()) focused = QApplication::activeWindow()->focusWidget();
+    for (const QWidget* widget = focused; widget; widget = widget->parentWidget())
+        if (qobject_cast<const Control*>(widget) && !widget->objectName().isEmpty()) return widget;
+    return focused;
+}
+
+void ShowFocusLoop(const QWidget* control) {
+    const std::string wanted = DescribeControl(control);
+    ShowMessage("The program is trying to give '" + wanted + "' input focus, but " + DescribeControl(ActiveControl()) +
+                    " won't relinquish it.\r\n\r\n"
+                    "Please take a screenshot of this error and tell a developer. The program will try to correct itself "
+                    "now, but if this message keeps re-apearing, end this process from the Task Manager.\r\n\r\n"
+                    "[TrySetFocus(" + wanted + "), callCount = " + std::to_string(focusCallCount) +
+                    ", callDepth = " + std::to_string(focusCallDepth) + "]",
+                MessageStyle::Critical, "Focus Loop Detected!");
+}
+
+bool TakesFocus(const QWidget* widget) { return widget->isVisible() && widget->isEnabled(); }
+
+// A container hands the focus to the first of its children in tab order that takes it.
+QWidget* FocusTarget(QWidget* control) {
+    if (control->focusProxy() || control->focusPolicy() != Qt::NoFocus) return control;
+    for (QWidget* next = control->nextInFocusChain(); next && next != control; next = next->nextInFocusChain())
+        if (control->isAncestorOf(next) && TakesFocus(next) && (next->focusPolicy() & Qt::TabFocus)) return next;
+    return control;
+}
+
+}  // namespace
+
+void TrySetFocus(QWidget* control) {
+    const QPointer<QWidget> wanted(control);
+    if (focusCallCount >= MostFocusCalls) {
+        GuardSilently([&] { ShowFocusLoop(wanted); });
+        focusCallCount = 0;
+        focusCallDepth = 0;
+    }
+    ++focusCallCount;
+    ++focusCallDepth;
+    GuardSilently([&] {
+        if (wanted && TakesFocus(wanted)) FocusTarget(wanted)->setFocus();
+    });
+    --focusCallDepth;
+}
+
+std::string DescribeControl(const QWidget* control) {
+    if (!control) return "<no control>";
+    const std::string name = ToUtf8(control->objectName());
+    const auto* member = qobject_cast<const Control*>(control);
+    return member && member->Index() >= 0 ? name + "(" + std::to_string(member->Index()) + ")" : name;
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,28 @@
+#include "ui/common/FontLabel.h"
+
+#include "ui/controls/Guard.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quellbrook {
+
+QSize FontLabel::sizeHint() const {
+    const QFontMetricsF metrics(font());
+    const int height = static_cast<int>(std::ceil(metrics.height()));
+    return QSize(static_cast<int>(std::ceil(metrics.horizontalAdvance(Caption()))),
+                 std::max(height, Theme::LineHeight(Theme::Type::Subtitle)));
+}
+
+void FontLabel::paintEvent(QPaintEvent*) {
+    GuardSilently([this] {
+        QPainter painter(this);
+        painter.setFont(font());
+        painter.setPen(ForeColor());
+        painter.drawText(rect().adjusted(0, 0, 1, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Caption());
+    });
+}
+
+}  // namespace quellbrook

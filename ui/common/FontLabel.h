@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui/controls/Label.h"
+
+namespace quellbrook {
+
+// A one-line label in its widget's own font instead of a type of the theme; as wide and high as its text.
+class FontLabel : public Label {
+    Q_OBJECT
+
+public:
+    explicit FontLabel(QWidget* parent = nullptr) : Label(parent) {}
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace quellbrook

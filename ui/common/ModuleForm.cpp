@@ -1,0 +1,40 @@
+#include "ui/common/Dialogs.h"
+
+#include "ui/controls/Guard.h"
+
+#include <QCloseEvent>
+
+namespace quellbrook {
+
+namespace {
+
+int livingForms = 0;
+
+}  // namespace
+
+ModuleForm::ModuleForm(QWidget* parent) : QDialog(parent) {
+    // The host's own windows decide when the program ends.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    ++livingForms;
+}
+
+ModuleForm::~ModuleForm() { --livingForms; }
+
+int ModuleForm::Count() { return livingForms; }
+
+void ModuleForm::EnsureLoaded() {
+    if (m_loaded) return;
+    m_loaded = true;
+    OnLoad();
+}
+
+void ModuleForm::reject() {
+    if (CancelsOnEscape()) Guard([this] { OnCancel(); });
+}
+
+void ModuleForm::closeEvent(QCloseEvent* event) {
+    if (isVisible()) Guard([this] { OnCancel(); });
+    event->setAccepted(!isVisible());
+}
+
+}  // namespace quellbrook

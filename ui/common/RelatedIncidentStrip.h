@@ -1,0 +1,65 @@
+#pragma once
+
+#include "base/Object.h"
+#include "data/CustodyRecords.h"
+#include "data/StoredItem.h"
+#include "ui/common/FontLabel.h"
+#include "ui/controls/FontIcon.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace quellbrook {
+
+class PropertyBag;
+
+// The incident numbers of an item in one line; a secured one by colour and a lock. Sizes itself to its content. Has no
+// ground of its own.
+class RelatedIncidentStrip : public Control {
+    Q_OBJECT
+    Q_PROPERTY(QColor ForeColor READ ForeColor WRITE SetForeColor)
+    Q_PROPERTY(QFont Font READ Font WRITE SetFont)
+
+public:
+    explicit RelatedIncidentStrip(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "RelatedIncidentStrip"; }
+
+    // Error 380 for null.
+    void SetIncidents(std::shared_ptr<const IncidentList> incidents);
+    // The surroundings' text colour and the theme's type, until others are set.
+    QColor ForeColor() const;
+    void SetForeColor(const QColor& color);
+    QFont Font() const;
+    void SetFont(const QFont& font) { setFont(font); }
+    // The numbers stand on the highlight colour: secured ones keep their colour on a chip of the window's.
+    void SetOnHighlight(bool onHighlight);
+
+    // "ForeColor" and "Font". A value that cannot be read leaves the property as it is.
+    void ReadProperties(const PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag) const;
+
+protected:
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Rebuild();
+    void UnloadMembers();
+    void LoadMembers();
+    void ShowNone();
+    void ShowIncident(size_t index);
+    void ApplyLook();
+    QColor AmbientColor() const;
+    bool IsSecured(size_t index) const;
+
+    std::shared_ptr<const IncidentList> m_incidents;
+    std::optional<QColor> m_foreColor;
+    bool m_onHighlight = false;
+    std::vector<FontLabel*> m_ids;
+    std::vector<FontIcon*> m_secured;
+    std::vector<FontLabel*> m_separators;
+};
+
+}  // namespace quellbrook
