@@ -1,0 +1,578 @@
+#include "ui/explorer/LocationView.h"
+
+#include "core/Actions.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/ui/explorer/ExplorerTest.h"
+#include "ui/common/PropertyBag.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/ListView.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QTreeWidget>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr int nameColumn = 1, typeColumn = 2, descriptionColumn = 3;
+
+class LocationViewTest : public ExplorerTest {
+protected:
+    LocationViewTest() {
+        m_database.AddCode(31, 7, "Tools");
+        m_database.AddCode(31, 8, "Sporting goods, camping equipment and outdoor furniture");
+        m_shelf = AddLocation("Shelf A");
+        m_bin = AddLocation("Bin 1", m_shelf);
+        AddLocation("Bin 2", m_shelf);
+        m_first = AddItem("E-1", m_shelf, 7);
+        m_second = AddItem("E-2", m_shelf);
+        m_vehicle = AddVehicle("ABC 123", m_shelf);
+        m_empty = AddLocation("Empty Shelf");
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(1000, 500);
+        m_view = new LocationView(m_window.get());
+        m_view->setGeometry(0, 0, 1000, 500);
+        m_list = m_view->List();
+        m_view->LocationChanged.connect([this](const StorageLocationRef& location) {
+            m_changes.push_back(location ? location->Name() : "nothing");
+            EXPECT_EQ(m_view->Location(), location);
+        });
+        m_view->ItemContextMenu.connect([this](QMenu*& menu, QAction*& defaultItem) {
+            EXPECT_EQ(menu, nullptr);
+            EXPECT_EQ(defaultItem, nullptr);
+            ++m_menusAsked;
+            menu = m_menu;
+            defaultItem = m_defaultItem;
+        });
+        m_view->ItemOpenRequest.connect([this](const ObjectRef& object) {
+            if (m_openError) throw Error(*m_openError);
+            m_opened.push_back(NameOf(object));
+        });
+        ShowActive(*m_window);
+    }
+
+    static std::string NameOf(const ObjectRef& object) {
+        if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) return location->Name();
+        if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) return item->DisplayID();
+        return "?";
+    }
+
+    void Show(int32_t location) { m_view->SetLocation(LocationOf(location)); }
+
+    int RowOf(const QString& name) const {
+        for (int row = 0; row < m_list->RowCount(); ++row)
+            if (m_list->CellText(row, nameColumn) == name) return row;
+        ADD_FAILURE() << "No row " << name.toStdString();
+        return -1;
+    }
+    std::vector<std::string> Names() const {
+        std::vector<std::string> names;
+        for (int row = 0; row < m_list->RowCount(); ++row)
+            names.push_back(m_list->CellText(row, nameColumn).toStdString());
+        return names;
+    }
+    std::vector<std::string> SelectedNames() const {
+        std::vector<std::string> names;
+        const auto selected = m_view->SelectedItems();
+        for (int32_t i = 0; i < selected->Count(); ++i) names.push_back(NameOf(selected->At(i)));
+        return names;
+    }
+
+    QWidget* Viewport() const { return m_list->Tree()->viewport(); }
+    QPoint PlaceOf(const QString& name) const {
+        return m_list->Tree()->visualItemRect(m_list->Tree()->topLevelItem(RowOf(name))).center();
+    }
+    void ClickRow(const QString& name, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::mouseClick(Viewport(), Qt::LeftButton, modifiers, PlaceOf(name));
+    }
+    static constexpr QPoint blank{300, 440};
+
+    std::shared_ptr<ObjectVector> Batch(std::initializer_list<int32_t> ids) {
+        auto batch = std::make_shared<ObjectVector>();
+        for (const int32_t id : ids) batch->Add(ItemOf(id, m_shelf));
+        return batch;
+    }
+
+    int32_t m_shelf, m_bin, m_first, m_second, m_vehicle, m_empty;
+    std::unique_ptr<QWidget> m_window;
+    LocationView* m_view = nullptr;
+    ListView* m_list = nullptr;
+    QMenu* m_menu = nullptr;
+    QAction* m_defaultItem = nullptr;
+    std::vector<std::string> m_changes;
+    std::vector<std::string> m_opened;
+    int m_menusAsked = 0;
+    std::optional<Error> m_openError;
+};
+
+TEST_F(LocationViewTest, ListsSubLocationsThenItemsWithTheirCells) {
+    Show(m_shelf);
+    EXPECT_THAT(Names(), ElementsAre("Bin 1", "Bin 2", "E-1", "E-2", "ABC 123 (OR)"));
+    EXPECT_EQ(m_list->RowKey(0), "L" + QString::number(m_bin));
+    EXPECT_EQ(m_list->RowIcon(0), "location");
+    EXPECT_EQ(m_list->CellText(0, typeColumn), "Location");
+    EXPECT_EQ(m_list->CellText(0, descriptionColumn), "");
+    EXPECT_TRUE(m_list->CellBold(0, descriptionColumn));
+    EXPECT_FALSE(m_list->CellGray(0, nameColumn));
+    EXPECT_TRUE(m_list->CellGray(0, typeColumn));
+
+    EXPECT_EQ(m_list->RowKey(2), "P" + QString::number(m_first));
+    EXPECT_EQ(m_list->RowIcon(2), "tag");
+    EXPECT_EQ(m_list->CellText(2, typeColumn), "Tools");
+    EXPECT_EQ(m_list->CellText(2, descriptionColumn), "a blue bicycle");
+    EXPECT_FALSE(m_list->CellGray(2, nameColumn));
+    EXPECT_TRUE(m_list->CellGray(2, typeColumn));
+    EXPECT_TRUE(m_list->CellGray(2, descriptionColumn));
+    EXPECT_FALSE(m_list->CellBold(2, descriptionColumn));
+
+    EXPECT_EQ(m_list->RowKey(4), "V" + QString::number(m_vehicle));
+    EXPECT_EQ(m_list->CellText(4, typeColumn), "Vehicle");
+    EXPECT_EQ(m_list->CurrentRow(), -1);
+    EXPECT_THAT(SelectedNames(), IsEmpty());
+}
+
+TEST_F(LocationViewTest, APropertyAndAVehicleOfOneNumberStandSideBySide) {
+    ASSERT_EQ(m_first, m_vehicle);
+    Show(m_shelf);
+    EXPECT_EQ(m_list->RowCount(), 5);
+}
+
+TEST_F(LocationViewTest, DisabledSubLocationsAreNotShown) {
+    const int32_t parent = AddLocation("Room");
+    AddLocation("Open Shelf", parent);
+    AddLocation("Closed Shelf", parent, false);
+    Show(parent);
+    EXPECT_THAT(Names(), ElementsAre("Open Shelf"));
+}
+
+TEST_F(LocationViewTest, APropertyWithoutACategoryIsCalledProperty) {
+    Show(m_shelf);
+    EXPECT_EQ(m_list->CellText(RowOf("E-2"), typeColumn), "Property");
+}
+
+TEST_F(LocationViewTest, OnlyACategoryThatIsCutHasATooltip) {
+    AddItem("E-3", m_shelf, 8);
+    Show(m_shelf);
+    EXPECT_EQ(m_list->CellTooltip(RowOf("E-3"), typeColumn),
+              "Sporting goods, camping equipment and outdoor furniture");
+    EXPECT_EQ(m_list->CellTooltip(RowOf("E-1"), typeColumn), "");
+    EXPECT_EQ(m_list->CellTooltip(RowOf("E-2"), typeColumn), "");
+}
+
+TEST_F(LocationViewTest, ColumnsHaveTheirCaptionsAndWidths) {
+    const QTreeWidgetItem* header = m_list->Tree()->headerItem();
+    ASSERT_EQ(m_list->ColumnCount(), 4);
+    EXPECT_EQ(m_list->ColumnIndex("icon"), 0);
+    EXPECT_EQ(m_list->ColumnIndex("name"), nameColumn);
+    EXPECT_EQ(m_list->ColumnIndex("type"), typeColumn);
+    EXPECT_EQ(m_list->ColumnIndex("description"), descriptionColumn);
+    EXPECT_EQ(header->text(0), "");
+    EXPECT_EQ(header->text(1), "Name");
+    EXPECT_EQ(header->text(2), "Type");
+    EXPECT_EQ(header->text(3), "Description");
+    EXPECT_EQ(m_list->ColumnWidth(0), 41 * TwipsPerPixel);
+    const int twelve = ToPixels(m_list->TextWidth(QString(12, 'W')));
+    EXPECT_EQ(m_list->ColumnWidth(1), ToTwips(twelve));
+    EXPECT_EQ(m_list->ColumnWidth(2), ToTwips(twelve));
+}
+
+TEST_F(LocationViewTest, TheDescriptionIsFiftyLettersWideWhereTheViewIsTooNarrow) {
+    LocationView narrow;
+    narrow.resize(100, 100);
+    const int scrollBar = narrow.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int fifty = ToPixels(narrow.List()->TextWidth(QString(50, 'W')));
+    EXPECT_EQ(ToPixels(narrow.List()->ColumnWidth(3)), fifty - scrollBar);
+}
+
+TEST_F(LocationViewTest, RowsAreAsHighAsThePaddedIcon) {
+    Show(m_shelf);
+    EXPECT_EQ(m_list->RowHeight(), 36);
+}
+
+TEST_F(LocationViewTest, TheSameLocationAgainIsNeitherReloadedNorReported) {
+    Show(m_shelf);
+    EXPECT_THAT(m_changes, ElementsAre("Shelf A"));
+    AddItem("E-9", m_shelf);
+    Show(m_shelf);
+    EXPECT_THAT(m_changes, ElementsAre("Shelf A"));
+    EXPECT_EQ(m_list->RowCount(), 5);
+    m_view->Refresh();
+    EXPECT_EQ(m_list->RowCount(), 6);
+    EXPECT_THAT(m_changes, ElementsAre("Shelf A"));
+}
+
+TEST_F(LocationViewTest, NothingAfterNothingIsNoChange) {
+    m_view->SetLocation(nullptr);
+    EXPECT_THAT(m_changes, IsEmpty());
+    Show(m_shelf);
+    m_view->SetLocation(nullptr);
+    m_view->SetLocation(nullptr);
+    EXPECT_THAT(m_changes, ElementsAre("Shelf A", "nothing"));
+}
+
+TEST_F(LocationViewTest, RootsOfDifferentCategoriesAreDifferentLocations) {
+    m_view->SetLocation(Root(StorageLocationTypes::Internal));
+    EXPECT_THAT(Names(), ElementsAre("Empty Shelf", "Shelf A"));
+    m_view->SetLocation(Root(StorageLocationTypes::External));
+    EXPECT_EQ(m_changes.size(), 2u);
+    EXPECT_EQ(m_list->RowCount(), 0);
+}
+
+TEST_F(LocationViewTest, ItsStatesShowListOrSentence) {
+    auto* noItems = Find<GroupBox>(*m_view, "picNoItems");
+    EXPECT_TRUE(m_list->IsShown());
+    EXPECT_FALSE(noItems->IsShown());
+
+    Show(m_shelf);
+    EXPECT_TRUE(m_list->IsShown());
+    EXPECT_FALSE(noItems->IsShown());
+    EXPECT_TRUE(m_view->isEnabled());
+
+    Show(m_empty);
+    EXPECT_FALSE(m_list->IsShown());
+    EXPECT_TRUE(noItems->IsShown());
+    EXPECT_FALSE(m_view->isEnabled());
+
+    m_view->SetLocation(nullptr);
+    EXPECT_TRUE(m_list->IsShown());
+    EXPECT_FALSE(noItems->IsShown());
+    EXPECT_TRUE(m_view->isEnabled());
+    EXPECT_EQ(m_list->RowCount(), 0);
+}
+
+TEST_F(LocationViewTest, ALocationWithOnlyDisabledSubLocationsIsEmpty) {
+    AddLocation("Closed Shelf", m_empty, false);
+    Show(m_empty);
+    EXPECT_TRUE(Find<GroupBox>(*m_view, "picNoItems")->IsShown());
+}
+
+TEST_F(LocationViewTest, AnItemAddedToTheBatchElsewhereIsMarkedWithoutAReload) {
+    Show(m_shelf);
+    const int row = RowOf("E-2");
+    AddItem("E-9", m_shelf);
+    GetActions().BeginTransaction(TransactionType::SignOut, Batch({m_second}));
+    EXPECT_EQ(m_list->RowCount(), 5);
+    EXPECT_EQ(m_list->RowIcon(row), "marked");
+    EXPECT_TRUE(m_list->RowBand(row));
+    for (int column = nameColumn; column <= descriptionColumn; ++column) {
+        EXPECT_TRUE(m_list->CellBold(row, column));
+        EXPECT_FALSE(m_list->CellGray(row, column));
+    }
+    EXPECT_EQ(m_list->RowIcon(RowOf("E-1")), "tag");
+    EXPECT_FALSE(m_list->CellBold(RowOf("E-1"), nameColumn));
+
+    GetActions().CancelTransaction();
+    EXPECT_EQ(m_list->RowIcon(row), "tag");
+    EXPECT_FALSE(m_list->RowBand(row));
+    EXPECT_FALSE(m_list->CellBold(row, nameColumn));
+    EXPECT_FALSE(m_list->CellGray(row, nameColumn));
+    EXPECT_FALSE(m_list->CellBold(row, descriptionColumn));
+    EXPECT_TRUE(m_list->CellGray(row, descriptionColumn));
+}
+
+TEST_F(LocationViewTest, AnItemInTheBatchIsMarkedWhenItsLocationIsOpened) {
+    GetActions().BeginTransaction(TransactionType::SignOut, Batch({m_second}));
+    Show(m_shelf);
+    EXPECT_EQ(m_list->RowIcon(RowOf("E-2")), "marked");
+    EXPECT_TRUE(m_list->RowBand(RowOf("E-2")));
+    EXPECT_TRUE(m_list->CellBold(RowOf("E-2"), typeColumn));
+}
+
+TEST_F(LocationViewTest, MarkingLeavesTheSelection) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    ClickRow("E-2", Qt::ControlModifier);
+    GetActions().BeginTransaction(TransactionType::SignOut, m_view->SelectedItems());
+    EXPECT_THAT(SelectedNames(), ElementsAre("E-1", "E-2"));
+}
+
+TEST_F(LocationViewTest, AMarkedRowIsBandedOverItsWholeWidthAlsoAfterScrolling) {
+    for (int i = 0; i < 30; ++i) AddItem("X-" + std::to_string(i), m_shelf);
+    Show(m_shelf);
+    GetActions().BeginTransaction(TransactionType::SignOut, Batch({m_second}));
+    const auto edgeOf = [this](const QString& name) {
+        return PixelAt(Grab(*Viewport()), {Viewport()->width() - 1, PlaceOf(name).y()});
+    };
+    EXPECT_EQ(edgeOf("E-2"), Theme::FromBgr(AccentColor()));
+    EXPECT_EQ(edgeOf("E-1"), m_view->BackColor());
+    m_list->Tree()->scrollToItem(m_list->Tree()->topLevelItem(RowOf("E-2")), QAbstractItemView::PositionAtTop);
+    EXPECT_EQ(edgeOf("E-2"), Theme::FromBgr(AccentColor()));
+}
+
+TEST_F(LocationViewTest, AFailingRefreshOfMarksDoesNotFailTheDispatch) {
+    Show(m_shelf);
+    const auto batch = Batch({m_second});
+    m_list->AddRow("X1", "tag", {});
+    GetActions().BeginTransaction(TransactionType::SignOut, batch);
+    EXPECT_THAT(TakeUnexpected(), ElementsAre("There is no such key in the collection.",
+                                              "There is no such key in the collection."));
+    EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 1);
+}
+
+TEST_F(LocationViewTest, SelectedItemsAreBothKindsInTheOrderOfTheRows) {
+    Show(m_shelf);
+    ClickRow("ABC 123 (OR)");
+    ClickRow("Bin 1", Qt::ControlModifier);
+    ClickRow("E-1", Qt::ControlModifier);
+    EXPECT_THAT(SelectedNames(), ElementsAre("Bin 1", "E-1", "ABC 123 (OR)"));
+    const auto selected = m_view->SelectedItems();
+    EXPECT_NE(std::dynamic_pointer_cast<StorageLocation>(selected->At(0)), nullptr);
+    EXPECT_EQ(std::dynamic_pointer_cast<StoredItem>(selected->At(2))->ItemType(), StoredItemTypes::vehicle);
+}
+
+TEST_F(LocationViewTest, SelectAllSelectsEveryRow) {
+    Show(m_shelf);
+    m_view->SelectAll();
+    EXPECT_EQ(m_view->SelectedItems()->Count(), 5);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+TEST_F(LocationViewTest, ControlAInTheListSelectsEveryRow) {
+    Show(m_shelf);
+    Press(m_list->Tree(), Qt::Key_A);
+    EXPECT_NE(m_view->SelectedItems()->Count(), 5);
+    Press(m_list->Tree(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(m_view->SelectedItems()->Count(), 5);
+}
+
+TEST_F(LocationViewTest, ADoubleClickOpensTheRow) {
+    Show(m_shelf);
+    DoubleClick(Viewport(), PlaceOf("E-1"));
+    DoubleClick(Viewport(), PlaceOf("Bin 1"));
+    EXPECT_THAT(m_opened, ElementsAre("E-1", "Bin 1"));
+}
+
+TEST_F(LocationViewTest, ADoubleClickOnBlankSpaceOpensNothing) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    DoubleClick(Viewport(), blank);
+    EXPECT_THAT(m_opened, IsEmpty());
+}
+
+TEST_F(LocationViewTest, ARightDoubleClickOpensNothing) {
+    Show(m_shelf);
+    QTest::mouseClick(Viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("E-1"));
+    QTest::mouseDClick(Viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("E-1"));
+    EXPECT_THAT(m_opened, IsEmpty());
+}
+
+TEST_F(LocationViewTest, EnterOpensTheRowThatTheKeysOrTheMouseHaveReached) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_THAT(m_opened, ElementsAre("E-1"));
+    Press(m_list->Tree(), Qt::Key_Down);
+    Press(m_list->Tree(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_THAT(m_opened, ElementsAre("E-1", "E-2"));
+}
+
+TEST_F(LocationViewTest, EnterAfterARightClickOpensOnlyWhatTheKeysReachNext) {
+    Show(m_shelf);
+    RightClick(Viewport(), PlaceOf("E-1"));
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_THAT(m_opened, IsEmpty());
+    Press(m_list->Tree(), Qt::Key_Down);
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_THAT(m_opened, ElementsAre("E-2"));
+}
+
+TEST_F(LocationViewTest, TheFirstRowCanBeOpenedByKeyboardAlone) {
+    Show(m_shelf);
+    m_list->Tree()->setFocus(Qt::TabFocusReason);
+    Press(m_list->Tree(), Qt::Key_Down);
+    EXPECT_THAT(SelectedNames(), ElementsAre("Bin 1"));
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_THAT(m_opened, ElementsAre("Bin 1"));
+}
+
+TEST_F(LocationViewTest, EnterOpensNothingRightAfterAReload) {
+    Show(m_shelf);
+    ClickRow("Bin 1");
+    m_view->Refresh();
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_THAT(m_opened, IsEmpty());
+}
+
+TEST_F(LocationViewTest, AFailureToOpenIsShown) {
+    Show(m_shelf);
+    m_openError = Error(4711, "Owner.Open", "The record is locked.");
+    DoubleClick(Viewport(), PlaceOf("E-1"));
+    EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(RecordingScreen::Message{
+                                             "Unexpected error loading item: The record is locked.", 16, "Error"}));
+}
+
+TEST_F(LocationViewTest, ARightClickOnASelectedRowKeepsTheSelection) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    ClickRow("E-2", Qt::ControlModifier);
+    RightClick(Viewport(), PlaceOf("E-1"));
+    EXPECT_THAT(SelectedNames(), ElementsAre("E-1", "E-2"));
+    EXPECT_EQ(m_menusAsked, 1);
+}
+
+TEST_F(LocationViewTest, ARightClickOnAnotherRowSelectsIt) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    ClickRow("E-2", Qt::ControlModifier);
+    RightClick(Viewport(), PlaceOf("Bin 1"));
+    EXPECT_THAT(SelectedNames(), ElementsAre("Bin 1"));
+    EXPECT_EQ(m_menusAsked, 1);
+}
+
+TEST_F(LocationViewTest, ARightClickOnBlankSpaceClearsTheSelectionAndAsksForAMenu) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    RightClick(Viewport(), blank);
+    EXPECT_THAT(SelectedNames(), IsEmpty());
+    EXPECT_EQ(m_list->CurrentRow(), -1);
+    EXPECT_EQ(m_menusAsked, 1);
+}
+
+TEST_F(LocationViewTest, ALeftClickAsksForNoMenu) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    EXPECT_EQ(m_menusAsked, 0);
+}
+
+TEST_F(LocationViewTest, TheHoldersMenuOpensWithItsDefaultEntry) {
+    Show(m_shelf);
+    QMenu menu;
+    m_menu = &menu;
+    m_defaultItem = menu.addAction("Open");
+    bool seen = false;
+    WhileMenuOpen([&](QMenu& open) {
+        seen = true;
+        EXPECT_EQ(open.defaultAction(), m_defaultItem);
+    });
+    RightClick(Viewport(), PlaceOf("E-1"));
+    EXPECT_TRUE(seen);
+}
+
+TEST_F(LocationViewTest, TheMenuKeyAsksForAMenuOnce) {
+    Show(m_shelf);
+    ClickRow("E-1");
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
+    QCoreApplication::sendEvent(m_list->Tree(), &key);
+    EXPECT_EQ(m_menusAsked, 1);
+    EXPECT_THAT(SelectedNames(), ElementsAre("E-1"));
+    QContextMenuEvent mouse(QContextMenuEvent::Mouse, QPoint(10, 10), QPoint(10, 10));
+    QCoreApplication::sendEvent(Viewport(), &mouse);
+    EXPECT_EQ(m_menusAsked, 1);
+    EXPECT_TRUE(mouse.isAccepted());
+}
+
+TEST_F(LocationViewTest, AFailureToLoadGoesBackToTheCaller) {
+    Show(m_empty);
+    auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    engine->FailAtStatement(1, Error(4711, "Engine.Query", "The server is gone."));
+    try {
+        m_view->SetLocation(shelf);
+        ADD_FAILURE() << "no error";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 4711);
+        EXPECT_EQ(error.Description(), "Error displaying items in this location: The server is gone.");
+    }
+    EXPECT_EQ(m_view->Location()->ID(), m_shelf);
+    EXPECT_THAT(m_changes, ElementsAre("Empty Shelf"));
+}
+
+TEST_F(LocationViewTest, RowsAddedBeforeAFailureStay) {
+    auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    m_database.Install(engine);
+    ASSERT_NE(LocationOf(m_shelf), nullptr);
+    engine->FailAtStatement(2, Error(4711, "Engine.Query", "The server is gone."));
+    EXPECT_THROW(m_view->SetLocation(shelf), Error);
+    EXPECT_THAT(Names(), ElementsAre("Bin 1", "Bin 2"));
+}
+
+TEST_F(LocationViewTest, ADeletedLocationFailsWithItsSentence) {
+    const StorageLocationRef shelf = LocationOf(m_empty);
+    m_view->SetLocation(shelf);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_empty});
+    shelf->Refresh();
+    try {
+        m_view->Refresh();
+        ADD_FAILURE() << "no error";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Description(),
+                  "Error displaying items in this location: The current location has been deleted.");
+    }
+}
+
+TEST_F(LocationViewTest, TheListFillsTheViewAndTheSentenceStandsInItsMiddle) {
+    auto* noItems = Find<GroupBox>(*m_view, "picNoItems");
+    for (const QSize size : {QSize(1000, 500), QSize(640, 301)}) {
+        m_view->resize(size);
+        EXPECT_EQ(m_list->geometry(), QRect(QPoint(0, 0), size));
+        EXPECT_NEAR(noItems->geometry().center().x(), size.width() / 2.0, 1.0);
+        EXPECT_NEAR(noItems->geometry().center().y(), size.height() / 2.0, 1.0);
+    }
+}
+
+TEST_F(LocationViewTest, TheLastColumnTakesWhatTheOthersLeave) {
+    const int scrollBar = m_list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list);
+    const auto others = [this] { return m_list->ColumnWidth(0) + m_list->ColumnWidth(1) + m_list->ColumnWidth(2); };
+    m_view->resize(1200, 500);
+    EXPECT_EQ(m_list->ColumnWidth(3), ToTwips(1200 - 6 * scrollBar) - others());
+    const float before = m_list->ColumnWidth(3);
+    m_view->resize(200, 500);
+    EXPECT_EQ(m_list->ColumnWidth(3), before);
+}
+
+TEST_F(LocationViewTest, TheBackColorIsEverywhere) {
+    Show(m_shelf);
+    EXPECT_EQ(m_view->BackColor(), m_view->palette().color(QPalette::Base));
+    EXPECT_TRUE(m_view->setProperty("BackColor", QColor(Qt::yellow)));
+    EXPECT_EQ(PixelAt(Grab(*Viewport()), blank), QColor(Qt::yellow));
+    EXPECT_EQ(Find<GroupBox>(*m_view, "picNoItems")->BackColor(), QColor(Qt::yellow));
+    EXPECT_EQ(Find<GroupBox>(*m_view, "picPlaceholder")->BackColor(), QColor(Qt::yellow));
+    m_view->ResetBackColor();
+    EXPECT_EQ(PixelAt(Grab(*Viewport()), blank), m_view->palette().color(QPalette::Base));
+}
+
+TEST_F(LocationViewTest, ItsBackColorIsKeptInABag) {
+    PropertyBag bag;
+    m_view->WriteProperties(bag);
+    EXPECT_FALSE(bag.Has("BackColor"));
+    m_view->SetBackColor(QColor(1, 2, 3));
+    m_view->WriteProperties(bag);
+    LocationView other;
+    other.ReadProperties(bag);
+    EXPECT_EQ(other.BackColor(), QColor(1, 2, 3));
+    bag.WriteProperty("BackColor", "greenish");
+    other.ReadProperties(bag);
+    EXPECT_EQ(other.BackColor(), other.palette().color(QPalette::Base));
+}
+
+TEST_F(LocationViewTest, InADesignerItShowsOnlyItsName) {
+    SetInsideDesigner(true);
+    LocationView view;
+    view.setObjectName("ItemPane1");
+    EXPECT_TRUE(Find<GroupBox>(view, "picPlaceholder")->IsShown());
+    EXPECT_EQ(view.List()->RowCount(), 0);
+    SetInsideDesigner(false);
+    EXPECT_FALSE(Find<GroupBox>(*m_view, "picPlaceholder")->IsShown());
+}
+
+TEST_F(LocationViewTest, MarkupInAnItemIsShownAsItStands) {
+    AddItem("<b>x</b>", m_shelf);
+    Show(m_shelf);
+    EXPECT_EQ(m_list->CellText(RowOf("<b>x</b>"), nameColumn), "<b>x</b>");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

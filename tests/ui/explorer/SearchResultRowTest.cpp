@@ -1,0 +1,268 @@
+#include "ui/explorer/SearchResultRow.h"
+
+#include "core/Actions.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/ui/SmallDepartment.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/common/RelatedIncidentStrip.h"
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/Line.h"
+#include "ui/controls/StatusTag.h"
+#include "ui/controls/Twips.h"
+
+namespace quellbrook::testing {
+namespace {
+
+constexpr int WhiteText = 0xFFFFFF;
+
+class SearchResultRowTest : public SmallDepartment {
+protected:
+    SearchResultRowTest() {
+        m_row.SetWidth(ToTwips(900));
+        m_laptop = AddProperty("2026-0417-03", "Laptop computer", shelf);
+    }
+
+    Label* LabelOf(const char* name) { return Find<Label>(m_row, name); }
+    QString Text(const char* name) { return LabelOf(name)->Caption(); }
+    StatusTag* Status() { return Find<StatusTag>(m_row, "tagStatus"); }
+    QString Icon() { return Find<FontIcon>(m_row, "imgIcon")->IconName(); }
+    QColor Ground() { return PixelAt(Grab(m_row), QPoint(890, 50)); }
+
+    void AddToBatch(const StoredItemRef& item) { GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item})); }
+
+    SearchResultRow m_row;
+    StoredItemRef m_laptop;
+};
+
+TEST_F(SearchResultRowTest, ShowsNothingBeforeTheFirstItem) {
+    EXPECT_EQ(m_row.Item(), nullptr);
+    EXPECT_FALSE(m_row.InCart());
+    EXPECT_EQ(m_row.TypeName(), "searchResult");
+}
+
+TEST_F(SearchResultRowTest, ShowsWhatTheItemIs) {
+    LinkIncident(m_laptop, "2026-0417", "C-26-1182");
+    m_row.SetItem(m_laptop);
+    EXPECT_EQ(m_row.Item(), m_laptop);
+    EXPECT_EQ(Text("lblID"), "2026-0417-03");
+    EXPECT_EQ(Text("lblDescription"), "Laptop computer");
+    EXPECT_EQ(Status()->Caption(), "In Storage");
+    EXPECT_EQ(Status()->Color(), 0x87AD24);
+    EXPECT_EQ(Text("lblLocation"), "Property Room > Aisle 3 > Shelf B");
+    EXPECT_EQ(Text("lblCategory"), "Electronics");
+    EXPECT_EQ(Find<Label>(*Find<RelatedIncidentStrip>(m_row, "lblRelatedIncidents"), "lblIncidentId")->Caption(),
+              "2026-0417");
+    EXPECT_EQ(Text("lblRelatedCases"), "C-26-1182");
+    EXPECT_EQ(Text("Label2"), "Incident(s):");
+    EXPECT_EQ(Text("Label3"), "Case(s):");
+    EXPECT_EQ(m_row.accessibleName(), "2026-0417-03 Laptop computer");
+}
+
+TEST_F(SearchResultRowTest, RefusesNoItem) {
+    EXPECT_EQ(RaisedBy([&] { m_row.SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
+}
+
+TEST_F(SearchResultRowTest, ItemWithoutLocationAndRecordsIsNotInStorage) {
+    const int32_t id = m_database.AddProperty({.PropertyID = "E-1", .CategoryNo = 6});
+    m_row.SetItem(FindItem(StoredItemTypes::Property, id));
+    EXPECT_EQ(Status()->Caption(), "Not in Storage");
+    EXPECT_EQ(Status()->Color(), 0x0000FF);
+    EXPECT_EQ(Text("lblLocation"), "");
+    EXPECT_EQ(LabelOf("lblLocation")->Left(), Status()->Right() + 120);
+    EXPECT_EQ(LabelOf("lblCategory")->Left(), LabelOf("lblLocation")->Right() + 240);
+}
+
+TEST_F(SearchResultRowTest, ItemWithoutLocationButWithRecordsIsDisposed) {
+    const int32_t id = m_database.AddProperty({.PropertyID = "E-1"});
+    m_database.AddCustodyRow(StoredItemTypes::Property, id, Null());
+    m_row.SetItem(MakeItem(id));
+    EXPECT_EQ(Status()->Caption(), "Disposed");
+    EXPECT_EQ(Status()->Color(), 0x808080);
+    EXPECT_EQ(Text("lblLocation"), "");
+}
+
+TEST_F(SearchResultRowTest, NoRelatedCasesReadAsNone) {
+    m_row.SetItem(m_laptop);
+    EXPECT_EQ(Text("lblRelatedCases"), "(None)");
+}
+
+TEST_F(SearchResultRowTest, RelatedCasesStandInTheItemsOrder) {
+    LinkIncident(m_laptop, "2026-0417", "C-26-1182");
+    LinkIncident(m_laptop, "2026-0388", "C-26-1090");
+    m_row.SetItem(m_laptop);
+    QStringList expected;
+    for (const auto& entry : m_laptop->RelatedCases()) expected += QString::fromStdString(entry->CaseNumber());
+    ASSERT_EQ(expected.size(), 2);
+    EXPECT_EQ(Text("lblRelatedCases"), expected.join(", "));
+}
+
+TEST_F(SearchResultRowTest, FieldsFlowWithTheirTexts) {
+    m_row.SetItem(m_laptop);
+    EXPECT_EQ(LabelOf("lblDescription")->Left(), LabelOf("lblID")->Right() + 120);
+    EXPECT_EQ(LabelOf("lblLocation")->Left(), Status()->Right() + 120);
+    EXPECT_EQ(LabelOf("lblLocation")->Top(), Status()->TextTop());
+    EXPECT_EQ(LabelOf("lblCategory")->Left(), LabelOf("lblLocation")->Right() + 240);
+    EXPECT_EQ(LabelOf("lblCategory")->Top(), LabelOf("lblLocation")->Top());
+}
+
+TEST_F(SearchResultRowTest, BottomMarginEqualsTheTopMarginAtAnyWidth) {
+    for (const int width : {500, 1500}) {
+        m_row.SetWidth(ToTwips(width));
+        m_row.SetHeight(3000);
+        m_row.SetItem(m_laptop);
+        EXPECT_EQ(m_row.Height(), LabelOf("lblRelatedCases")->Bottom() + LabelOf("lblID")->Top());
+        EXPECT_EQ(m_row.height(), 100);
+        const auto* line = Find<Line>(m_row, "lnBottom");
+        EXPECT_EQ(line->geometry(), QRect(0, 99, width, 1));
+    }
+}
+
+TEST_F(SearchResultRowTest, ShorterLocationMovesTheCategoryBackLeft) {
+    const StoredItemRef nearby = AddProperty("E-2", "Pry bar", propertyRoom);
+    m_row.SetItem(nearby);
+    const float before = LabelOf("lblCategory")->Left();
+    m_row.SetItem(m_laptop);
+    EXPECT_GT(LabelOf("lblCategory")->Left(), before);
+    m_row.SetItem(nearby);
+    EXPECT_EQ(LabelOf("lblCategory")->Left(), before);
+}
+
+TEST_F(SearchResultRowTest, LosingTheFocusGivesEachFieldItsFirstColourBack) {
+    LinkIncident(m_laptop, "2026-0388", "C-1", true);
+    m_row.SetItem(m_laptop);
+    std::vector<std::pair<Label*, QColor>> before;
+    for (Label* label : m_row.findChildren<Label*>()) before.emplace_back(label, label->ForeColor());
+    const int32_t tagColor = Status()->Color();
+    m_row.SetFocused(true);
+    EXPECT_EQ(LabelOf("lblID")->ForeColor(), QColor(WhiteText));
+    EXPECT_EQ(LabelOf("Label2")->ForeColor(), QColor(WhiteText));
+    EXPECT_EQ(LabelOf("lblRelatedCases")->ForeColor(), QColor(WhiteText));
+    EXPECT_EQ(Status()->Color(), tagColor);
+    m_row.SetFocused(false);
+    for (const auto& [label, color] : before) EXPECT_EQ(label->ForeColor(), color) << label->Caption().toStdString();
+    EXPECT_EQ(Status()->Color(), tagColor);
+}
+
+TEST_F(SearchResultRowTest, ANewPaletteReachesTheFields) {
+    m_row.show();
+    m_row.SetItem(m_laptop);
+    m_row.SetFocused(true);
+    Theme::Install(true);
+    ServeEvents();
+    m_row.SetFocused(false);
+    EXPECT_EQ(LabelOf("lblID")->ForeColor(), Theme::Get(Theme::Color::Text));
+    EXPECT_EQ(LabelOf("Label3")->ForeColor(), Theme::Get(Theme::Color::GrayText));
+    Theme::Install(false);
+    ServeEvents();
+    EXPECT_EQ(LabelOf("lblID")->ForeColor(), Theme::Get(Theme::Color::Text));
+}
+
+TEST_F(SearchResultRowTest, GroundAndIconFollowFocusAndBatch) {
+    m_row.SetItem(m_laptop);
+    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(Icon(), "tag");
+    m_row.SetFocused(true);
+    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Icon(), "tag");
+    AddToBatch(m_laptop);
+    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Icon(), "marked");
+    m_row.SetFocused(false);
+    EXPECT_EQ(Ground(), Theme::BatchTint());
+    EXPECT_EQ(Ground(), Theme::FromBgr(0xF3F7E9));
+    EXPECT_EQ(Icon(), "marked");
+}
+
+TEST_F(SearchResultRowTest, RowTurnsPaleWhenItsItemEntersTheBatchAndBackWhenItLeaves) {
+    m_row.SetItem(m_laptop);
+    AddToBatch(m_laptop);
+    EXPECT_TRUE(m_row.InCart());
+    EXPECT_EQ(Ground(), Theme::BatchTint());
+    GetActions().CancelTransaction();
+    EXPECT_FALSE(m_row.InCart());
+    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(Icon(), "tag");
+}
+
+TEST_F(SearchResultRowTest, DividerStandsHalfwayBetweenLocationAndCategory) {
+    m_row.SetItem(m_laptop);
+    const Label* location = LabelOf("lblLocation");
+    const int x = location->geometry().right() + 1 + 8;
+    const int start = location->geometry().bottom() + 1 - 4;
+    const int length = Theme::LineHeight(location->Type()) - 8;
+    const QImage plain = Grab(m_row);
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start - 1)), Theme::Get(Theme::Color::GrayText));
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start - length)), Theme::Get(Theme::Color::GrayText));
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start)), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start - length - 1)), Theme::Get(Theme::Color::Window));
+    m_row.SetFocused(true);
+    EXPECT_EQ(PixelAt(Grab(m_row), QPoint(x, start - 1)), QColor(WhiteText));
+}
+
+TEST_F(SearchResultRowTest, AChangeOfTheBatchReadsTheItemAnew) {
+    m_row.SetItem(m_laptop);
+    EXPECT_TRUE(m_row.IsUpToDate());
+    m_database.Execute("UPDATE Property SET Description = 'Laptop, found open' WHERE PropertyNo = " +
+                       std::to_string(m_laptop->ID()));
+    AddToBatch(AddProperty("E-2", "Pry bar", shelf));
+    EXPECT_EQ(m_laptop->Description(), "Laptop, found open");
+    EXPECT_EQ(Text("lblDescription"), "Laptop computer");
+    EXPECT_FALSE(m_row.IsUpToDate());
+    m_row.SetItem(m_laptop);
+    EXPECT_EQ(Text("lblDescription"), "Laptop, found open");
+}
+
+TEST_F(SearchResultRowTest, AFailureLeavesTheFieldsSetSoFarAndTheFormerItem) {
+    m_row.SetItem(m_laptop);
+    const StoredItemRef other = AddProperty("E-2", "Pry bar", propertyRoom, 6);
+    LinkIncident(other, "2026-0417", Null());
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    other->Location();
+    const int before = faults->StatementCount();
+    other->CategoryName();
+    // The next thing that the item asks for is its incidents.
+    faults->FailAtStatement(faults->StatementCount() - before + 1, Error(7, "Engine", "The link is down."));
+    const Error error = RaisedBy([&] { m_row.SetItem(other); });
+    EXPECT_EQ(error.Number(), 7);
+    EXPECT_EQ(Text("lblID"), "E-2");
+    EXPECT_EQ(Text("lblLocation"), "Property Room");
+    EXPECT_EQ(Text("lblCategory"), "Tools");
+    EXPECT_EQ(m_row.Item(), m_laptop);
+    EXPECT_FALSE(m_row.IsUpToDate());
+}
+
+TEST_F(SearchResultRowTest, AnItemThatCannotBeReadAnewLeavesOtherRowsServed) {
+    SearchResultRow second;
+    const StoredItemRef other = AddProperty("E-2", "Pry bar", shelf);
+    m_row.SetItem(m_laptop);
+    second.SetItem(other);
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    m_log.Announce("Engine");
+    GetActions().AddToCart(ListOf({m_laptop, other}));
+    EXPECT_TRUE(faults->HasStruck());
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages().front(), (RecordingScreen::Message{"The link is down.", 16, "Unexpected Error"}));
+    EXPECT_TRUE(m_row.InCart());
+    EXPECT_TRUE(second.InCart());
+}
+
+TEST_F(SearchResultRowTest, ARetiredRowNoLongerFollowsTheBatch) {
+    m_row.SetItem(m_laptop);
+    m_row.Retire();
+    AddToBatch(m_laptop);
+    EXPECT_FALSE(m_row.InCart());
+    EXPECT_TRUE(m_row.IsUpToDate());
+}
+
+TEST_F(SearchResultRowTest, MarkupInAnItemShowsAsItStands) {
+    m_row.SetItem(AddProperty("<b>x</b>", "A & B <img src='x'>", shelf));
+    EXPECT_EQ(Text("lblID"), "<b>x</b>");
+    EXPECT_EQ(Text("lblDescription"), "A & B <img src='x'>");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

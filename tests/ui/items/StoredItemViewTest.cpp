@@ -1,0 +1,209 @@
+#include "ui/items/StoredItemView.h"
+
+#include "base/CommandRunner.h"
+#include "core/Actions.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/ui/SmallDepartment.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/controls/FlatTabs.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Link.h"
+#include "ui/controls/StatusTag.h"
+#include "ui/controls/Twips.h"
+#include "ui/items/TrackingList.h"
+#include "ui/items/TrackingResult.h"
+
+#include <QTimer>
+
+namespace quellbrook::testing {
+namespace {
+
+class StoredItemViewTest : public SmallDepartment {
+protected:
+    StoredItemViewTest() {
+        m_laptop = AddProperty("2026-0417-03", "Laptop computer", shelf);
+        m_window.resize(1280, 760);
+        m_view = new StoredItemView(&m_window);
+        m_view->Move(0, 0, ToTwips(1280), ToTwips(760));
+        ShowActive(m_window);
+    }
+    ~StoredItemViewTest() override { SetCommandRunner(nullptr); }
+
+    void Open(const StoredItemRef& item) {
+        auto parameters = std::make_shared<Dictionary>();
+        parameters->Set("Item", item);
+        m_view->Show(parameters);
+    }
+
+    Label* LabelOf(const char* name) { return Find<Label>(*Find<GroupBox>(*m_view, "picTitleArea"), name); }
+    FlatTabs* Tabs() { return Find<FlatTabs>(*m_view, "tabs"); }
+    TrackingList* Tracking() { return Find<TrackingList>(*m_view, "tracking"); }
+    Control* Named(const char* name) { return Find<Control>(*m_view, name); }
+
+    QWidget m_window;
+    StoredItemView* m_view = nullptr;
+    StoredItemRef m_laptop;
+};
+
+TEST_F(StoredItemViewTest, ShowsTheItemsHeadingAndChain) {
+    Open(m_laptop);
+    EXPECT_EQ(LabelOf("lblID")->Caption(), "2026-0417-03");
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Laptop computer");
+    EXPECT_EQ(Find<StatusTag>(*m_view, "tagStatus")->Caption(), "In Storage");
+    EXPECT_EQ(LabelOf("lblLocation")->Caption(), "Property Room > Aisle 3 > Shelf B");
+    EXPECT_EQ(Find<Link>(*m_view, "lnkOpenInTessarine")->Caption(), "Open in Tessarine...");
+    EXPECT_EQ(Tabs()->Caption(0), "Details");
+    EXPECT_EQ(Tabs()->Caption(1), "Chain of Custody");
+    ASSERT_EQ(Tracking()->Rows().size(), 1u);
+    EXPECT_EQ(Find<Label>(*Tracking()->Rows().front(), "lblTo")->Caption(), "Raman, Priya");
+}
+
+TEST_F(StoredItemViewTest, AVehicleShowsItsHeadingAndABlankDetailsPage) {
+    Open(AddVehicle("KTR4821", shelf));
+    EXPECT_EQ(LabelOf("lblID")->Caption(), "KTR4821 (OR)");
+    EXPECT_EQ(Tracking()->Rows().front()->IsShown(), true);
+    EXPECT_EQ(Tabs()->SelectedIndex(), 0);
+    for (const Control* child : Tabs()->Page(0)->findChildren<Control*>()) EXPECT_FALSE(child->IsShown());
+}
+
+TEST_F(StoredItemViewTest, EveryItemStartsOnDetails) {
+    Open(m_laptop);
+    Tabs()->SetSelectedIndex(1);
+    Open(AddProperty("E-2", "Pry bar", aisle));
+    EXPECT_EQ(Tabs()->SelectedIndex(), 0);
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Pry bar");
+}
+
+TEST_F(StoredItemViewTest, WithoutAnItemTheViewKeepsWhatItShowed) {
+    Open(m_laptop);
+    Tabs()->SetSelectedIndex(1);
+    m_view->Show(std::make_shared<Dictionary>());
+    m_view->Show(nullptr);
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Laptop computer");
+    EXPECT_EQ(Tabs()->SelectedIndex(), 1);
+}
+
+TEST_F(StoredItemViewTest, AParameterThatIsNoItemIsRefused) {
+    auto parameters = std::make_shared<Dictionary>();
+    parameters->Set("Item", std::make_shared<Dictionary>());
+    EXPECT_EQ(RaisedBy([&] { m_view->Show(parameters); }).Number(), ErrorNumber::TypeMismatch);
+}
+
+TEST_F(StoredItemViewTest, AnItemWithoutLocationHasAnEmptyTextNextToItsTag) {
+    Open(FindItem(StoredItemTypes::Property, m_database.AddProperty({.PropertyID = "E-9"})));
+    EXPECT_EQ(LabelOf("lblLocation")->Caption(), "");
+    const auto* tag = Find<StatusTag>(*m_view, "tagStatus");
+    EXPECT_EQ(tag->Caption(), "Not in Storage");
+    EXPECT_EQ(LabelOf("lblLocation")->Left(), tag->Right() + 120);
+}
+
+TEST_F(StoredItemViewTest, PartsAreLaidOutAtTwoSizes) {
+    Open(m_laptop);
+    for (const QSize& size : {QSize(1280, 760), QSize(1920, 1040)}) {
+        m_view->Move(0, 0, ToTwips(size.width()), ToTwips(size.height()));
+        EXPECT_EQ(Named("lnkClose")->Left(), m_view->Width() - Named("lnkClose")->Width() - 240);
+        EXPECT_EQ(Named("lnkClose")->Top(), 0);
+        EXPECT_EQ(Named("picTitleArea")->geometry(), QRect(0, 0, size.width(), 76));
+        EXPECT_EQ(Named("spacer")->Top(), Named("picTitleArea")->Height());
+        EXPECT_EQ(LabelOf("lblDescription")->Left(), LabelOf("lblID")->Right() + 120);
+        EXPECT_EQ(LabelOf("lblLocation")->Left(), Named("tagStatus")->Right() + 120);
+        EXPECT_EQ(LabelOf("lblLocation")->Top(), Find<StatusTag>(*m_view, "tagStatus")->TextTop());
+        EXPECT_EQ(Named("grpOpenLink")->Left(), LabelOf("lblDescription")->Right() + 120);
+        EXPECT_EQ(Tabs()->Top(), Named("spacer")->Bottom());
+        EXPECT_EQ(Tabs()->Bottom(), m_view->Height());
+        EXPECT_EQ(Tabs()->Right(), m_view->Width());
+        EXPECT_EQ(Tracking()->pos(), QPoint(0, 0));
+        EXPECT_EQ(Tracking()->size(), Tabs()->Page(1)->size());
+    }
+}
+
+TEST_F(StoredItemViewTest, ALongDescriptionPushesTheLinkBeyondTheView) {
+    Open(m_laptop);
+    const float before = Named("grpOpenLink")->Left();
+    const float top = Named("grpOpenLink")->Top();
+    Open(AddProperty("E-2", std::string(300, 'x'), shelf));
+    EXPECT_GT(Named("grpOpenLink")->Left(), before);
+    EXPECT_EQ(Named("grpOpenLink")->Left(), LabelOf("lblDescription")->Right() + 120);
+    m_view->SetWidth(ToTwips(600));
+    EXPECT_GT(Named("grpOpenLink")->Left(), m_view->Width());
+    EXPECT_EQ(Named("grpOpenLink")->Top(), top);
+}
+
+TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
+    std::vector<std::string> commands;
+    SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
+    Open(m_laptop);
+    Click(Named("lnkOpenInTessarine"));
+    EXPECT_EQ(commands, std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" +
+                                                 std::to_string(m_laptop->ID())});
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
+    SetCommandRunner([](const std::string&) { Raise(5, "Runner", "There is no handler."); });
+    Open(m_laptop);
+    Click(Named("lnkOpenInTessarine"));
+    EXPECT_EQ(m_screen.TakeMessages(), (std::vector<RecordingScreen::Message>{
+                                           {"Error opening this record: There is no handler.", 16, "Error Opening Record"}}));
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Laptop computer");
+}
+
+TEST_F(StoredItemViewTest, WithNoItemYetTheLinkSaysSo) {
+    Click(Named("lnkOpenInTessarine"));
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages().front().prompt,
+              "Error opening this record: Cannot open this type of object in Tessarine.");
+}
+
+TEST_F(StoredItemViewTest, CloseGoesBack) {
+    GetStores();
+    GetActions().NavigateTo(ViewNames::Explorer, nullptr);
+    GetActions().OpenStoredItem(m_laptop);
+    Click(Named("lnkClose"));
+    EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer);
+}
+
+TEST_F(StoredItemViewTest, AnItemLoadedWhileAChainIsBuiltStays) {
+    const StoredItemRef other = AddProperty("E-2", "Pry bar", aisle);
+    for (int i = 0; i < 12; ++i) m_database.AddCustodyRow(StoredItemTypes::Property, m_laptop->ID(), shelf);
+    std::vector<std::string> commands;
+    SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
+    QTimer::singleShot(0, m_view, [&] { Open(other); });
+    Open(m_laptop);
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Pry bar");
+    EXPECT_EQ(Tracking()->Rows().size(), 1u);
+    EXPECT_EQ(LabelOf("lblLocation")->Caption(), "Property Room > Aisle 3");
+    Click(Named("lnkOpenInTessarine"));
+    EXPECT_EQ(commands, std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" +
+                                                 std::to_string(other->ID())});
+}
+
+TEST_F(StoredItemViewTest, AViewDestroyedWhileAChainIsBuiltEndsQuietly) {
+    for (int i = 0; i < 12; ++i) m_database.AddCustodyRow(StoredItemTypes::Property, m_laptop->ID(), shelf);
+    QTimer::singleShot(0, &m_window, [&] { delete m_view; });
+    Open(m_laptop);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(StoredItemViewTest, TheTabsComeFirstInTheTabOrder) {
+    Open(m_laptop);
+    EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "lnkOpenInTessarine", "lnkClose"}));
+    Tabs()->SetSelectedIndex(1);
+    EXPECT_EQ(TabOrder(*m_view),
+              (std::vector<std::string>{"tabs", "searchResult", "lnkOpenInTessarine", "lnkClose"}));
+}
+
+TEST_F(StoredItemViewTest, MarkupInAnItemShowsAsItStands) {
+    Open(AddProperty("<b>x</b>", "A & B", shelf));
+    EXPECT_EQ(LabelOf("lblID")->Caption(), "<b>x</b>");
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "A & B");
+}
+
+TEST_F(StoredItemViewTest, ControlsAreNamedForReaders) {
+    EXPECT_EQ(Named("lnkClose")->accessibleName(), "Close");
+    EXPECT_EQ(Tracking()->accessibleName(), "Chain of Custody");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

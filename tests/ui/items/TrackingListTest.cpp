@@ -1,0 +1,454 @@
+#include "ui/items/TrackingList.h"
+
+#include "base/KeyState.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/ui/SmallDepartment.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/controls/FlatScrollBar.h"
+#include "ui/controls/FlatTextbox.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Twips.h"
+#include "ui/controls/View.h"
+#include "ui/explorer/StatePanel.h"
+#include "ui/items/ActionTag.h"
+#include "ui/items/TrackingResult.h"
+
+#include <QMenu>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace quellbrook::testing {
+namespace {
+
+constexpr int RowPixels = 76;
+
+class TrackingListTest : public SmallDepartment {
+protected:
+    TrackingListTest() {
+        m_window.resize(900, 700);
+        m_list = new TrackingList(&m_window);
+        m_list->setObjectName("tracking");
+        m_other = new FlatTextbox(&m_window);
+        m_other->setObjectName("other");
+        m_other->Move(0, ToTwips(620), ToTwips(100), ToTwips(36));
+        Resize(800, 400);
+        ShowActive(m_window);
+    }
+    ~TrackingListTest() override { SetKeyStateProbe(nullptr); }
+
+    void Resize(int width, int height) { m_list->Move(0, 0, ToTwips(width), ToTwips(height)); }
+    void Hold(int keyCode) {
+        SetKeyStateProbe([keyCode](int key) { return key == keyCode; });
+    }
+
+    std::shared_ptr<const TrackingRecordList> Records(int count, const TaggedValue& location = Null()) {
+        auto records = std::make_shared<TrackingRecordList>();
+        for (int i = 0; i < count; ++i) {
+            auto record = std::make_shared<TrackingRecord>();
+            record->SetRow(Row::Of({{"SeqNo", count - i},
+                                    {"ReceivedBy", Null()},
+                                    {"ReceivedFrom", Null()},
+                                    {"DateReceived", DateTime::FromParts({2026, 1, 2, 3, 4, 5, 0})},
+                                    {"CustodyReasonNo", Null()},
+                                    {"StorageLocNo", location}}));
+            if (!records->empty()) records->back()->SetPrevious(record);
+            records->push_back(record);
+        }
+        return records;
+    }
+
+    FlatScrollBar* Bar() { return Find<FlatScrollBar>(*m_list, "vertScroll"); }
+    GroupBox* Container() { return Find<GroupBox>(*m_list, "picContainer"); }
+    StatePanel* Empty() { return Find<StatePanel>(*m_list, "picNoResults"); }
+    StatePanel* Denied() { return Find<StatePanel>(*m_list, "picNoAccess"); }
+    TrackingResult& Row(size_t i) { return *m_list->Rows().at(i); }
+    int ShownRows() {
+        int shown = 0;
+        for (const TrackingResult* row : m_list->Rows()) shown += row->IsShown();
+        return shown;
+    }
+    QPoint CentreOfRow(int i) { return QPoint(300, i * RowPixels + RowPixels / 2); }
+
+    QWidget m_window;
+    TrackingList* m_list = nullptr;
+    FlatTextbox* m_other = nullptr;
+};
+
+TEST_F(TrackingListTest, RefusesNoRecords) {
+    const Error error = RaisedBy([&] { m_list->SetRecords(nullptr); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Description(), "Results cannot be Nothing");
+    EXPECT_EQ(RaisedBy([&] { m_list->SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
+}
+
+TEST_F(TrackingListTest, ARowARecord) {
+    const auto records = Records(3);
+    m_list->SetRecords(records);
+    ASSERT_EQ(m_list->Rows().size(), 3u);
+    EXPECT_EQ(ShownRows(), 3);
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(Row(i).Item(), (*records)[i]);
+        EXPECT_EQ(Row(i).geometry(), QRect(0, static_cast<int>(i) * RowPixels, 800 - Bar()->width(), RowPixels));
+        EXPECT_EQ(Row(i).Index(), static_cast<int>(i));
+        EXPECT_EQ(Row(i).objectName(), "searchResult");
+    }
+    EXPECT_EQ(Container()->Height(), 3 * TrackingResult::RowHeight);
+    EXPECT_FALSE(Empty()->IsShown());
+    EXPECT_FALSE(Denied()->IsShown());
+}
+
+TEST_F(TrackingListTest, ShowsTheChainOfAnItemNewestFirst) {
+    const int32_t id = m_database.AddProperty();
+    const int32_t places[] = {shelf, aisle, digitalForensics, shelf};
+    for (int day = 1; day <= 4; ++day)
+        m_database.AddCustodyRow(StoredItemTypes::Property, id, places[day - 1],
+                                 {.DateReceived = DateTime::FromParts({2026, 1, day, 8, 0, 0, 0})});
+    m_list->SetItem(FindItem(StoredItemTypes::Property, id));
+    QStringList actions;
+    for (const TrackingResult* row : m_list->Rows())
+        actions += Find<ActionTag>(const_cast<TrackingResult&>(*row), "tagStatus")->Caption();
+    EXPECT_EQ(actions, (QStringList{"Signed In", "Signed Out", "Moved", "Signed In"}));
+}
+
+TEST_F(TrackingListTest, NoRecordsShowThePanelAlone) {
+    m_list->SetRecords(Records(3));
+    m_list->SetRecords(Records(0));
+    EXPECT_EQ(ShownRows(), 0);
+    EXPECT_EQ(m_list->Rows().size(), 1u);
+    EXPECT_TRUE(Empty()->IsShown());
+    EXPECT_EQ(Empty()->Title(), "No items found.");
+    EXPECT_EQ(Empty()->Sentence(), "Check for typos in your search filter, or try a different search term.");
+    EXPECT_FALSE(Denied()->IsShown());
+    EXPECT_FALSE(Bar()->IsShown());
+}
+
+TEST_F(TrackingListTest, WithoutTheRightNoRowIsBuilt) {
+    m_session->Revoke(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
+    m_list->SetRecords(Records(12));
+    EXPECT_EQ(ShownRows(), 0);
+    EXPECT_EQ(m_list->Rows().size(), 1u);
+    EXPECT_EQ(Row(0).Item(), nullptr);
+    EXPECT_TRUE(Denied()->IsShown());
+    EXPECT_EQ(Denied()->Title(), "You can't view this data.");
+    EXPECT_EQ(Denied()->Sentence(),
+              "You do not have the appropriate permissions to view chain-of-custody information.");
+    EXPECT_FALSE(Empty()->IsShown());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(TrackingListTest, WithoutTheRightAndWithoutRecordsBothPanelsStandAtOnePlace) {
+    m_session->Revoke(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
+    m_list->SetRecords(Records(0));
+    EXPECT_TRUE(Denied()->IsShown());
+    EXPECT_TRUE(Empty()->IsShown());
+    EXPECT_EQ(Denied()->geometry(), Empty()->geometry());
+    m_session->Grant(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
+    m_list->SetRecords(Records(2));
+    EXPECT_FALSE(Denied()->IsShown());
+    EXPECT_EQ(ShownRows(), 2);
+}
+
+TEST_F(TrackingListTest, PanelsAreCentredAtEverySize) {
+    for (const QSize& size : {QSize(500, 300), QSize(850, 600)}) {
+        Resize(size.width(), size.height());
+        for (const StatePanel* panel : {Empty(), Denied()}) {
+            EXPECT_EQ(panel->Left(), m_list->Width() / 2 - panel->Width() / 2);
+            EXPECT_EQ(panel->Top(), m_list->Height() / 2 - panel->Height() / 2);
+        }
+    }
+}
+
+TEST_F(TrackingListTest, ALongChainAppearsTenRowsAtATime) {
+    std::vector<int> seen;
+    QTimer turns;
+    QObject::connect(&turns, &QTimer::timeout, m_list, [&] { seen.push_back(ShownRows()); });
+    turns.start(0);
+    m_list->SetRecords(Records(25));
+    turns.stop();
+    EXPECT_EQ(seen, (std::vector<int>{10, 20}));
+    EXPECT_EQ(ShownRows(), 25);
+}
+
+TEST_F(TrackingListTest, AnItemSetDuringAYieldReplacesTheChainAndTheOldBuildStops) {
+    const auto old = Records(25);
+    const auto fresh = Records(3);
+    std::vector<int> seen;
+    bool replaced = false;
+    QTimer turns;
+    QObject::connect(&turns, &QTimer::timeout, m_list, [&] {
+        seen.push_back(ShownRows());
+        if (replaced) return;
+        replaced = true;
+        m_list->SetRecords(fresh);
+        EXPECT_EQ(Row(0).Item(), old->front());
+    });
+    turns.start(0);
+    m_list->SetRecords(old);
+    turns.stop();
+    EXPECT_EQ(seen, std::vector<int>{10});
+    ASSERT_EQ(m_list->Rows().size(), 3u);
+    for (size_t i = 0; i < 3; ++i) EXPECT_EQ(Row(i).Item(), (*fresh)[i]);
+    EXPECT_EQ(ShownRows(), 3);
+    EXPECT_EQ(Container()->Height(), 3 * TrackingResult::RowHeight);
+    EXPECT_FALSE(Bar()->IsShown());
+}
+
+TEST_F(TrackingListTest, OfSeveralItemsSetDuringAYieldTheLastIsShown) {
+    const auto last = Records(2);
+    QTimer::singleShot(0, m_list, [&] {
+        m_list->SetRecords(Records(5));
+        m_list->SetRecords(last);
+    });
+    m_list->SetRecords(Records(10));
+    ASSERT_EQ(m_list->Rows().size(), 2u);
+    EXPECT_EQ(Row(0).Item(), last->front());
+}
+
+TEST_F(TrackingListTest, AListDestroyedDuringAYieldEndsItsBuild) {
+    auto* list = new TrackingList;
+    QTimer::singleShot(0, &m_window, [&] { delete list; });
+    const auto records = Records(25);
+    list->SetRecords(records);
+    EXPECT_EQ(records.use_count(), 1);
+}
+
+TEST_F(TrackingListTest, AFailureOfARecordPassesOn) {
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    auto record = std::make_shared<TrackingRecord>();
+    record->SetRow(Row::Of({{"SeqNo", 1},
+                            {"ReceivedBy", 11},
+                            {"ReceivedFrom", 12},
+                            {"DateReceived", Null()},
+                            {"CustodyReasonNo", 1},
+                            {"StorageLocNo", Null()}}));
+    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    const Error error =
+        RaisedBy([&] { m_list->SetRecords(std::make_shared<TrackingRecordList>(TrackingRecordList{record})); });
+    EXPECT_EQ(error.Description(), "The link is down.");
+    m_list->SetRecords(Records(2));
+    EXPECT_EQ(ShownRows(), 2);
+}
+
+TEST_F(TrackingListTest, AChainThatFitsExactlyNeedsNoBar) {
+    Resize(800, 4 * RowPixels);
+    m_list->SetRecords(Records(4));
+    EXPECT_FALSE(Bar()->IsShown());
+}
+
+TEST_F(TrackingListTest, AnOverflowOfLessThanARowScrollsByTheTwip) {
+    Resize(800, 4 * RowPixels - 30);
+    m_list->SetRecords(Records(4));
+    EXPECT_TRUE(Bar()->IsShown());
+    EXPECT_EQ(Bar()->Min(), 0);
+    EXPECT_EQ(Bar()->Max(), 450);
+    EXPECT_EQ(Bar()->SmallChange(), 1);
+    EXPECT_EQ(Bar()->LargeChange(), 112);
+    EXPECT_EQ(Bar()->geometry(), QRect(800 - Bar()->width(), 0, Bar()->width(), 4 * RowPixels - 30));
+}
+
+TEST_F(TrackingListTest, ALargerOverflowScrollsByTheRow) {
+    m_list->SetRecords(Records(12));
+    EXPECT_EQ(Bar()->Max(), 12 * 1140 - 400 * 15);
+    EXPECT_EQ(Bar()->SmallChange(), 1140);
+    EXPECT_EQ(Bar()->LargeChange(), 1140);
+    Bar()->SetValue(1500);
+    EXPECT_EQ(Container()->Top(), -1500);
+    Bar()->Bar()->setSliderPosition(3000);
+    EXPECT_EQ(Container()->Top(), -3000);
+}
+
+TEST_F(TrackingListTest, TheRangeEndsAtSixteenBits) {
+    m_list->SetRecords(Records(60));
+    EXPECT_EQ(Bar()->Max(), 32767);
+}
+
+TEST_F(TrackingListTest, ANewChainBeginsAtTheTop) {
+    m_list->SetRecords(Records(12));
+    Bar()->SetValue(3000);
+    m_list->SetRecords(Records(11));
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_EQ(Container()->Top(), 0);
+    EXPECT_EQ(Bar()->Max(), 11 * 1140 - 400 * 15);
+}
+
+TEST_F(TrackingListTest, RowsFollowTheWidthWithOrWithoutABar) {
+    m_list->SetRecords(Records(3));
+    for (const int width : {500, 870}) {
+        Resize(width, 300);
+        EXPECT_EQ(Container()->width(), width - Bar()->width());
+        for (const TrackingResult* row : m_list->Rows()) EXPECT_EQ(row->width(), width - Bar()->width());
+    }
+    m_list->SetRecords(Records(5));
+    EXPECT_EQ(Row(4).width(), 870 - Bar()->width());
+}
+
+TEST_F(TrackingListTest, TheFocusedRowIsTheSelectedOne) {
+    const auto records = Records(3);
+    m_list->SetRecords(records);
+    TrySetFocus(m_other);
+    EXPECT_EQ(m_list->SelectedItem(), nullptr);
+    Row(1).setFocus();
+    EXPECT_EQ(m_list->SelectedItem(), (*records)[1]);
+    Click(&Row(2));
+    EXPECT_EQ(m_list->SelectedItem(), (*records)[2]);
+    EXPECT_EQ(Row(2).TabIndex(), 0);
+}
+
+TEST_F(TrackingListTest, ARowIsSelectedInAnInactiveWindowToo) {
+    const auto records = Records(3);
+    m_list->SetRecords(records);
+    Row(1).setFocus();
+    QWidget front;
+    ShowActive(front);
+    EXPECT_EQ(m_list->SelectedItem(), (*records)[1]);
+}
+
+TEST_F(TrackingListTest, TheListIsOneStopInTheTabOrder) {
+    m_list->SetRecords(Records(4));
+    EXPECT_EQ(TabOrder(m_window), (std::vector<std::string>{"searchResult", "other"}));
+    Row(2).setFocus();
+    EXPECT_EQ(TabOrder(m_window), (std::vector<std::string>{"searchResult", "other"}));
+    Press(&Row(2), Qt::Key_Tab);
+    EXPECT_EQ(m_list->SelectedItem(), nullptr);
+    Press(Qt::Key_Backtab);
+    EXPECT_TRUE(Row(2).hasFocus());
+}
+
+TEST_F(TrackingListTest, ArrowKeysWalkThroughTheRowsAndNotOutOfThem) {
+    m_list->SetRecords(Records(3));
+    Row(0).setFocus();
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(Row(1).hasFocus());
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(Row(2).hasFocus());
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(Row(2).hasFocus());
+    Press(Qt::Key_Up, Qt::KeypadModifier);
+    Press(Qt::Key_Left);
+    EXPECT_TRUE(Row(0).hasFocus());
+    Press(Qt::Key_Up);
+    EXPECT_TRUE(Row(0).hasFocus());
+}
+
+TEST_F(TrackingListTest, ValidationRefusesArrowsAtTheEnds) {
+    m_list->SetRecords(Records(3));
+    for (const int key : {37, 38}) {
+        Hold(key);
+        EXPECT_TRUE(m_list->ValidateRow(0));
+        EXPECT_FALSE(m_list->ValidateRow(1));
+        EXPECT_FALSE(m_list->ValidateRow(2));
+    }
+    for (const int key : {39, 40}) {
+        Hold(key);
+        EXPECT_FALSE(m_list->ValidateRow(0));
+        EXPECT_FALSE(m_list->ValidateRow(1));
+        EXPECT_TRUE(m_list->ValidateRow(2));
+    }
+}
+
+TEST_F(TrackingListTest, TabIsRefusedWhileAnArrowIsHeldAtTheEnd) {
+    m_list->SetRecords(Records(3));
+    Row(2).setFocus();
+    Hold(40);
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(Row(2).hasFocus());
+    Hold(0);
+    Press(Qt::Key_Tab);
+    EXPECT_FALSE(Row(2).hasFocus());
+}
+
+TEST_F(TrackingListTest, AFocusedRowComesIntoViewByTheLeastMovement) {
+    m_list->SetRecords(Records(12));
+    Row(4).setFocus();
+    EXPECT_EQ(Bar()->Value(), 0);
+    Row(5).setFocus();
+    EXPECT_EQ(Bar()->Value(), 6 * 1140 - 400 * 15);
+    Row(11).setFocus();
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    Row(8).setFocus();
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    Row(2).setFocus();
+    EXPECT_EQ(Bar()->Value(), 2 * 1140);
+    EXPECT_EQ(Container()->Top(), -2 * 1140);
+}
+
+TEST_F(TrackingListTest, ARowBeyondTheRangeBringsTheListToItsEnd) {
+    m_list->SetRecords(Records(60));
+    Row(59).setFocus();
+    EXPECT_EQ(Bar()->Value(), 32767);
+}
+
+TEST_F(TrackingListTest, APointOnAnEdgeHitsNoRow) {
+    m_list->SetRecords(Records(3));
+    EXPECT_EQ(m_list->RowAt(300, RowPixels - 1), 0);
+    EXPECT_EQ(m_list->RowAt(300, RowPixels), -1);
+    EXPECT_EQ(m_list->RowAt(300, RowPixels + 1), 1);
+    EXPECT_EQ(m_list->RowAt(0, 10), -1);
+    EXPECT_EQ(m_list->RowAt(Row(0).width(), 10), -1);
+    EXPECT_EQ(m_list->RowAt(300, 3 * RowPixels + 5), -1);
+}
+
+TEST_F(TrackingListTest, RightButtonOverTheFocusedRowAsksForAMenu) {
+    m_list->SetRecords(Records(3));
+    QMenu menu;
+    QAction* open = menu.addAction("Open");
+    int raised = 0;
+    QObject::connect(m_list, &TrackingList::ItemContextMenu, m_list, [&](QMenu*& shown, QAction*& defaultItem) {
+        EXPECT_EQ(shown, nullptr);
+        EXPECT_EQ(defaultItem, nullptr);
+        ++raised;
+        shown = &menu;
+        defaultItem = open;
+    });
+    bool opened = false;
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&] {
+        QTimer::singleShot(0, &menu, [&] {
+            opened = menu.isVisible();
+            EXPECT_EQ(menu.defaultAction(), open);
+            menu.close();
+        });
+    });
+    RightClick(Container(), QPoint(300, RowPixels));
+    EXPECT_EQ(raised, 0);
+    Row(1).setFocus();
+    QTest::mouseRelease(Container(), Qt::RightButton, Qt::NoModifier, CentreOfRow(2));
+    EXPECT_EQ(raised, 0);
+    RightClick(Container(), CentreOfRow(1));
+    EXPECT_EQ(raised, 1);
+    EXPECT_TRUE(opened);
+}
+
+TEST_F(TrackingListTest, DoubleClickAsksToOpenTheRecord) {
+    const auto records = Records(3);
+    m_list->SetRecords(records);
+    std::vector<std::shared_ptr<TrackingRecord>> opened;
+    QObject::connect(m_list, &TrackingList::ItemOpenRequest, m_list,
+                     [&](const std::shared_ptr<TrackingRecord>& record) { opened.push_back(record); });
+    DoubleClick(Container(), CentreOfRow(1));
+    DoubleClick(Container(), QPoint(300, RowPixels));
+    ASSERT_EQ(opened.size(), 1u);
+    EXPECT_EQ(opened.front(), (*records)[1]);
+}
+
+TEST_F(TrackingListTest, TheWheelScrolls) {
+    m_list->SetRecords(Records(12));
+    Turn(Container(), -120);
+    EXPECT_EQ(Bar()->Value(), QApplication::wheelScrollLines() * 1140);
+}
+
+TEST_F(TrackingListTest, InsideADesignerTheControlShowsItsName) {
+    SetInsideDesigner(true);
+    TrackingList list;
+    list.setObjectName("tracking");
+    EXPECT_TRUE(Find<GroupBox>(list, "picPlaceholder")->IsShown());
+    EXPECT_EQ(Find<Label>(list, "lblPlaceholder")->Caption(), "tracking");
+    SetInsideDesigner(false);
+    EXPECT_FALSE(Find<GroupBox>(*m_list, "picPlaceholder")->IsShown());
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

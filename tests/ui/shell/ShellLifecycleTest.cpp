@@ -1,0 +1,209 @@
+#include "tests/ui/shell/ShellTest.h"
+#include "ui/common/PropertyBag.h"
+#include "ui/controls/FlatTabs.h"
+#include "ui/controls/FlatTitleBar.h"
+#include "ui/shell/InfoBar.h"
+
+namespace quellbrook {
+
+namespace {
+
+using testing::Names;
+
+class ShellLifecycle : public testing::ShellTest {
+protected:
+    void AddToBatch() { GetActions().BeginTransaction(TransactionType::SignOut, testing::ListOf({testing::MakeItem(1)})); }
+    bool ToastIsUp() { return Named("toastMessage")->isVisible(); }
+};
+
+}  // namespace
+
+TEST_F(ShellLifecycle, EveryViewExistsFromTheStartAndNoneIsVisible) {
+    for (const char* name : {"explorer", "cart", "itemView", "loading"}) EXPECT_FALSE(Named(name)->isVisible()) << name;
+    EXPECT_EQ(m_explorer->shown, 0);
+    const auto* holder = testing::Find<FlatTabs>(*m_shell, "viewHolder");
+    EXPECT_EQ(holder->Count(), 4);
+    EXPECT_EQ(holder->Caption(0), "Evidence Explorer");
+    EXPECT_EQ(holder->Caption(2), "Item Viewer");
+    EXPECT_EQ(m_itemView->parentWidget(), holder->Page(2));
+    EXPECT_EQ(holder->Page(2)->objectName(), "viewHolder_Page");
+}
+
+TEST_F(ShellLifecycle, TheTitleBarNamesTheModule) {
+    EXPECT_EQ(testing::Find<FlatTitleBar>(*m_shell, "TitleBar")->Caption(), "Quellbrook");
+}
+
+TEST_F(ShellLifecycle, ComingOnShowNavigatesToTheExplorerWithinTheCall) {
+    Start();
+    EXPECT_EQ(GetStores().View->ViewName(), "explorer");
+    EXPECT_EQ(OnShow(), Names{"explorer"});
+    EXPECT_EQ(m_explorer->shown, 1);
+    for (const char* name : {"cart", "itemView", "loading"}) EXPECT_FALSE(Named(name)->isVisible()) << name;
+}
+
+TEST_F(ShellLifecycle, TheViewComesOnShowInsideTheShellsOwnComing) {
+    Names order;
+    auto* tree = new testing::FakeView(m_explorer);
+    tree->onShown = [&] { order.push_back("tree"); };
+    m_explorer->onShown = [&] { order.push_back(GetDispatcher()->IsDispatching() ? "explorer" : "explorer too late"); };
+    Start();
+    EXPECT_EQ(order, (Names{"explorer", "tree"}));
+}
+
+TEST_F(ShellLifecycle, TheShellIsTheLastCallbackAndSeesTheStoresUpdated) {
+    Start();
+    m_screen.WhileMessageOpen = [](const testing::RecordingScreen::Message&) {
+        EXPECT_EQ(GetStores().View->ViewName(), "cellar");
+    };
+    GetActions().NavigateTo("cellar", nullptr);
+    EXPECT_EQ(m_screen.Messages().size(), 1u);
+}
+
+TEST_F(ShellLifecycle, AHiddenShellHearsNoMoreActions) {
+    Start();
+    m_shell->hide();
+    GetActions().NotifyUser("Done");
+    EXPECT_FALSE(Named("toastMessage")->IsShown());
+}
+
+TEST_F(ShellLifecycle, ADestroyedShellHearsNoMoreActions) {
+    Start();
+    const auto dispatcher = GetDispatcher();
+    m_shell.reset();
+    EXPECT_NO_THROW(GetActions().NotifyUser("Done"));
+    EXPECT_NO_THROW(GetActions().NavigateTo("cart", nullptr));
+    EXPECT_EQ(GetDispatcher(), dispatcher);
+}
+
+TEST_F(ShellLifecycle, ShownAgainItHearsActionsAgainAndTheExplorerIsStillThere) {
+    Start();
+    m_shell->hide();
+    m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"explorer"});
+    GetActions().NotifyUser("Done");
+    EXPECT_TRUE(ToastIsUp());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(ShellLifecycle, AViewForgottenByHidingStaysUnderTheNextOne) {
+    Start();
+    m_shell->hide();
+    m_shell->show();
+    GetActions().NavigateTo("cart", nullptr);
+    EXPECT_EQ(OnShow(), (Names{"explorer", "cart"}));
+    GetActions().GoBack();
+    EXPECT_EQ(OnShow(), Names{"explorer"});
+}
+
+TEST_F(ShellLifecycle, AViewForgottenByHidingStillFillsTheContent) {
+    Start();
+    m_shell->hide();
+    m_shell->show();
+    m_shell->resize(1000, 700);
+    EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1000, 660));
+}
+
+TEST_F(ShellLifecycle, AnotherGateRunGivesTheSameShellNewStores) {
+    Start();
+    AddToBatch();
+    GetActions().NavigateTo("cart", nullptr);
+    const StoresRecord old = GetStores();
+    m_shell->hide();
+    DiscardDispatcher();
+    DiscardStores();
+    m_shell->show();
+    EXPECT_EQ(GetStores().View->ViewName(), "explorer");
+    EXPECT_EQ(OnShow().back(), "explorer");
+    EXPECT_FALSE(Named("infobar")->isVisible());
+    AddToBatch();
+    EXPECT_TRUE(Named("infobar")->isVisible());
+    old.View->Handle({"VIEW_NAVIGATE_TO", std::make_shared<ViewState>("itemView", nullptr)});
+    EXPECT_EQ(OnShow().back(), "explorer");
+}
+
+TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
+    HostServices::Current().SetEngine(nullptr);
+    DiscardStores();
+    DiscardDispatcher();
+    SetErrorLog(&m_log);
+    testing::RecordingErrorLog log;
+    SetErrorLog(&log);
+    log.Announce(testing::RaisedBy([] { GetStores(); }).Source());
+    Start();
+    testing::ServeEvents();
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages()[0].title, "Unexpected Error");
+    log.Verify();
+    SetErrorLog(&m_log);
+}
+
+TEST_F(ShellLifecycle, InADesignerNothingComesToLife) {
+    SetInsideDesigner(true);
+    Start();
+    m_shell->hide();
+    SetInsideDesigner(false);
+    EXPECT_EQ(m_explorer->shown, 0);
+    EXPECT_EQ(GetStores().View->ViewName(), "");
+}
+
+TEST_F(ShellLifecycle, TheContentLiesBetweenTitleBarAndInfoBarAtEverySize) {
+    Start();
+    for (const QSize& size : {QSize(1280, 800), QSize(1920, 1080)}) {
+        m_shell->resize(size);
+        EXPECT_EQ(Named("TitleBar")->geometry(), QRect(0, 0, size.width(), 40));
+        EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, size.width(), size.height() - 40));
+        EXPECT_EQ(m_explorer->geometry(), QRect(QPoint(), Named("content")->size()));
+    }
+}
+
+TEST_F(ShellLifecycle, AnOpenBatchTakesItsStripFromTheContent) {
+    Start();
+    AddToBatch();
+    EXPECT_EQ(Named("infobar")->geometry(), QRect(0, 758, 1280, 42));
+    EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, 1280, 718));
+    EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1280, 718));
+    GetActions().CancelTransaction();
+    EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, 1280, 760));
+    EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1280, 760));
+}
+
+TEST_F(ShellLifecycle, TheToastTakesNoRoom) {
+    Start();
+    AddToBatch();
+    GetActions().NotifyUser("Done");
+    for (int tick = 0; tick < 100; ++tick) m_timers.Tick(10);
+    EXPECT_EQ(Named("toastMessage")->geometry(), QRect(0, 752, 1280, 48));
+    EXPECT_EQ(Named("infobar")->geometry(), QRect(0, 758, 1280, 42));
+    EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, 1280, 718));
+}
+
+TEST_F(ShellLifecycle, TheBorderStyleIsKeptInABag) {
+    PropertyBag bag;
+    m_shell->WriteProperties(bag);
+    EXPECT_FALSE(bag.Has("BorderStyle"));
+    m_shell->SetBorderStyle(1);
+    m_shell->WriteProperties(bag);
+    EXPECT_EQ(bag.ReadProperty("BorderStyle"), TaggedValue(1));
+    m_shell->SetBorderStyle(0);
+    m_shell->ReadProperties(bag);
+    EXPECT_EQ(m_shell->BorderStyle(), 1);
+    m_shell->ReadProperties(PropertyBag());
+    EXPECT_EQ(m_shell->BorderStyle(), 0);
+}
+
+TEST_F(ShellLifecycle, ABrokenBorderStyleIsIgnored) {
+    PropertyBag bag;
+    bag.WriteProperty("BorderStyle", "thick");
+    EXPECT_NO_THROW(m_shell->ReadProperties(bag));
+    EXPECT_EQ(m_shell->BorderStyle(), 0);
+}
+
+TEST_F(ShellLifecycle, ABorderIsALineAroundTheControl) {
+    Start();
+    const QColor plain = testing::PixelAt(testing::Grab(*m_shell), QPoint(0, 400));
+    m_shell->setProperty("BorderStyle", 1);
+    EXPECT_NE(testing::PixelAt(testing::Grab(*m_shell), QPoint(0, 400)), plain);
+    EXPECT_NE(testing::PixelAt(testing::Grab(*m_shell), QPoint(1279, 400)), plain);
+}
+
+}  // namespace quellbrook

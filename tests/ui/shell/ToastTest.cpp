@@ -1,0 +1,166 @@
+#include "ui/shell/Toast.h"
+
+#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/View.h"
+
+namespace quellbrook {
+
+namespace {
+
+class ToastTest : public ::testing::Test {
+protected:
+    ToastTest() {
+        m_parent.resize(800, 600);
+        m_toast = new Toast(&m_parent);
+        testing::ShowActive(m_parent);
+    }
+
+    void SlideToTheEnd() {
+        for (int tick = 0; tick < 1000 && m_timers.Tick(10) > 0; ++tick) continue;
+    }
+    bool Waits() const {
+        for (const testing::ManualTimer* timer : m_timers.Running())
+            if (timer->Interval() == 5000) return true;
+        return false;
+    }
+    std::string Text() { return testing::Find<Label>(*m_toast, "lblMessage")->Caption().toStdString(); }
+
+    testing::ManualTimers m_timers;
+    GroupBox m_parent;
+    Toast* m_toast;
+};
+
+}  // namespace
+
+TEST_F(ToastTest, AtFirstItIsHidden) {
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_TRUE(m_timers.Running().empty());
+}
+
+TEST_F(ToastTest, ATextSlidesUpThirtyTwipsATick) {
+    m_toast->Popup("Done");
+    EXPECT_TRUE(m_toast->isVisible());
+    EXPECT_EQ(Text(), "Done");
+    EXPECT_FLOAT_EQ(m_toast->Height(), 2);
+    m_timers.Tick(10);
+    EXPECT_FLOAT_EQ(m_toast->Height(), 32);
+    m_timers.Tick(10);
+    EXPECT_FLOAT_EQ(m_toast->Height(), 62);
+    SlideToTheEnd();
+    EXPECT_FLOAT_EQ(m_toast->Height(), 720);
+}
+
+TEST_F(ToastTest, ItGrowsUpwardsFromTheBottomEdgeOverItsSiblings) {
+    auto* sibling = new GroupBox(&m_parent);
+    sibling->SetAlign(Alignment::Bottom);
+    sibling->SetHeight(600);
+    sibling->show();
+    m_toast->Popup("Done");
+    for (int tick = 0; tick < 10; ++tick) {
+        m_timers.Tick(10);
+        EXPECT_EQ(m_toast->geometry().bottom(), 599);
+        EXPECT_EQ(m_toast->width(), 800);
+        EXPECT_EQ(sibling->geometry(), QRect(0, 560, 800, 40));
+    }
+    SlideToTheEnd();
+    EXPECT_EQ(m_parent.childAt(10, 590)->window(), &m_parent);
+    EXPECT_EQ(m_toast->geometry(), QRect(0, 552, 800, 48));
+    EXPECT_EQ(m_parent.children().last(), m_toast);
+}
+
+TEST_F(ToastTest, ItStaysFiveSecondsAndSlidesAway) {
+    m_toast->Popup("Done");
+    SlideToTheEnd();
+    EXPECT_TRUE(Waits());
+    EXPECT_EQ(m_timers.Tick(5000), 1);
+    EXPECT_FALSE(Waits());
+    EXPECT_TRUE(m_toast->isVisible());
+    SlideToTheEnd();
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_TRUE(m_timers.Running().empty());
+}
+
+TEST_F(ToastTest, ASecondTextWhileShowingStandsForTheWholeFiveSeconds) {
+    m_toast->Popup("First");
+    SlideToTheEnd();
+    ASSERT_TRUE(Waits());
+    m_toast->Popup("Second");
+    EXPECT_FALSE(Waits());
+    EXPECT_EQ(Text(), "Second");
+    EXPECT_FLOAT_EQ(m_toast->Height(), 2);
+    SlideToTheEnd();
+    EXPECT_TRUE(Waits());
+    EXPECT_FLOAT_EQ(m_toast->Height(), 720);
+}
+
+TEST_F(ToastTest, ATextThatComesWhileItSlidesAwayEndsHiddenOrShownButNeverStuck) {
+    m_toast->Popup("First");
+    SlideToTheEnd();
+    m_timers.Tick(5000);
+    m_timers.Tick(10);
+    m_toast->Popup("Second");
+    SlideToTheEnd();
+    EXPECT_TRUE(Waits());
+    m_timers.Tick(5000);
+    SlideToTheEnd();
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_TRUE(m_timers.Running().empty());
+}
+
+TEST_F(ToastTest, AResizeDuringASlideDoesNotResetTheHeight) {
+    m_toast->Popup("Done");
+    m_timers.Tick(10);
+    m_timers.Tick(10);
+    m_parent.resize(900, 700);
+    EXPECT_FLOAT_EQ(m_toast->Height(), 62);
+    EXPECT_EQ(m_toast->width(), 900);
+    EXPECT_EQ(m_toast->geometry().bottom(), 699);
+}
+
+TEST_F(ToastTest, AResizeWhileNothingSlidesCollapsesIt) {
+    m_toast->Popup("Done");
+    SlideToTheEnd();
+    m_parent.resize(900, 700);
+    EXPECT_FLOAT_EQ(m_toast->Height(), 2);
+}
+
+TEST_F(ToastTest, ItDocksItselfAtTheBottomAgain) {
+    m_toast->Popup("Done");
+    m_toast->SetAlign(Alignment::None);
+    m_parent.resize(900, 700);
+    m_toast->SetWidth(13500);
+    EXPECT_EQ(m_toast->Align(), Alignment::Bottom);
+    EXPECT_EQ(m_toast->geometry().bottom(), 699);
+}
+
+TEST_F(ToastTest, InADesignerItStandsOpen) {
+    SetInsideDesigner(true);
+    GroupBox parent;
+    parent.resize(800, 600);
+    auto* toast = new Toast(&parent);
+    testing::ShowActive(parent);
+    EXPECT_TRUE(toast->isVisible());
+    EXPECT_FLOAT_EQ(toast->Height(), 720);
+    SetInsideDesigner(false);
+}
+
+TEST_F(ToastTest, ItsTextIsItsAccessibleName) {
+    m_toast->Popup("Successfully transferred 2 items");
+    EXPECT_EQ(m_toast->accessibleName(), "Successfully transferred 2 items");
+}
+
+TEST_F(ToastTest, ItEndsWithItsParentInTheMiddleOfASlide) {
+    auto parent = std::make_unique<GroupBox>();
+    parent->resize(800, 600);
+    auto* toast = new Toast(parent.get());
+    parent->show();
+    toast->Popup("Done");
+    m_timers.Tick(10);
+    parent.reset();
+    EXPECT_EQ(m_timers.TickAll(), 0);
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "base/ObjectList.h"
+#include "core/CartStore.h"
+#include "ui/controls/View.h"
+#include "ui/explorer/ActionMenuRules.h"
+
+#include <memory>
+
+class QAction;
+class QMenu;
+
+namespace quellbrook {
+
+class ActionMenu;
+class BusyPanel;
+class GroupBox;
+class Label;
+class Line;
+class LocationTree;
+class LocationView;
+
+// The main screen: the tree of locations on the left, the contents of the selected one on the right under a heading,
+// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens.
+class EvidenceExplorer : public View {
+    Q_OBJECT
+
+public:
+    explicit EvidenceExplorer(QWidget* parent = nullptr);
+    ~EvidenceExplorer() override;
+    std::string TypeName() const override { return "EvidenceExplorer"; }
+
+    const StorageLocationRef& SelectedLocation() const;
+    void SetSelectedLocation(const StorageLocationRef& location);
+    // Displays the contents again.
+    void Refresh();
+    // Enters a location, opens an item in its view; anything else is ignored.
+    void OpenItemRequest(const ObjectRef& item);
+
+    // What a command acts on: the selection of the pane that holds the focus, or with the focus in none the location on
+    // show.
+    std::shared_ptr<ObjectVector> GetSelectedObjects() const;
+
+    LocationTree* LocationPane() const { return m_locationPane; }
+    LocationView* ItemPane() const { return m_itemPane; }
+    ActionMenu* Menu() const { return m_mnuItems; }
+
+protected:
+    void Shown() override;
+    void Layout() override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void MakeLeftColumn();
+    void MakeHeading();
+    void MakePanes();
+    void MakeLoadingCover();
+    void ConnectPanes();
+    void ConnectMenu();
+
+    void DisplayCurrentLocation();
+    void DisplayNoLocation();
+    void DisplayLocation(const StorageLocationRef& location, int& step);
+    void LayoutView();
+
+    QWidget* ActiveChild() const;
+    void PrepareActionMenu(MenuSource source, QWidget* pane);
+    void OfferMenu(MenuSource source, QWidget* pane, QMenu*& contextMenu, QAction*& defaultMenu);
+    void Bind(MenuEntry entry, void (EvidenceExplorer::*command)());
+    void BindTransfer(MenuEntry entry, int32_t transactionType);
+    void OpenSelected();
+    void OpenSelectedInHost();
+    void RemoveSelectedFromBatch();
+    void SelectAllItems();
+    void ApplyColors();
+
+    GroupBox* m_picLeftPanel = nullptr;
+    LocationTree* m_locationPane = nullptr;
+    GroupBox* m_picInfobar = nullptr;
+    Label* m_lblTitle = nullptr;
+    Label* m_lblSubtitle = nullptr;
+    LocationView* m_itemPane = nullptr;
+    GroupBox* m_grpLoading = nullptr;
+    BusyPanel* m_grpMessage = nullptr;
+    Line* m_lnDivider = nullptr;
+    Line* m_lnSeparator = nullptr;
+    ActionMenu* m_mnuItems = nullptr;
+    std::shared_ptr<CartStore> m_cartstore;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,296 @@
+#include "ui/explorer/LocationTree.h"
+
+#include "core/Stores.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/MousePointer.h"
+#include "ui/controls/Strings.h"
+#include "ui/explorer/BusyPanel.h"
+#include "ui/explorer/LocationTreeWidget.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QPointer>
+#include <QScopeGuard>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr const char* pathSeparator = " > ";
+
+QString KeyOf(const StorageLocation& location) {
+    if (location.IsRoot()) return "R" + QString::number(static_cast<int32_t>(location.LocationType()));
+    return "L" + QString::number(location.ID());
+}
+
+QString IconOf(const StorageLocation& location) {
+    if (!location.IsRoot()) return "location";
+    switch (location.LocationType()) {
+        case StorageLocationTypes::Unassigned: return "uncategorized";
+        case StorageLocationTypes::Internal: return "sign_in";
+        case StorageLocationTypes::External: return "sign_out";
+        case StorageLocationTypes::DisposalLocation: return "dispose";
+        case StorageLocationTypes::Other: return "other";
+    }
+    return "location";
+}
+
+// The other roots are shown empty too.
+bool IsLeftOutWhenEmpty(const StorageLocation& root) {
+    const StorageLocationTypes type = root.LocationType();
+    return type == StorageLocationTypes::Unassigned || type == StorageLocationTypes::Other;
+}
+
+// The path of a node's names stands in its accessible description.
+constexpr int pathRole = Qt::AccessibleDescriptionRole;
+
+}  // namespace
+
+LocationTree::LocationTree(QWidget* parent)
+    : View(parent), m_treeView(new LocationTreeWidget(this)), m_picLoading(new GroupBox(this)) {
+    m_treeView->setObjectName("TreeView");
+    m_treeView->setAccessibleName("Evidence Locations");
+    setFocusProxy(m_treeView);
+    MakeLoadingPanel();
+    MakeMenu();
+    ConnectTree();
+    ApplyFrame();
+    ApplyBackColor();
+    if (IsInsideDesigner()) return;
+    m_locationStore = GetStores().Locations;
+    m_locationsChanged = m_locationStore->OnChange.connect([this] {
+        Guard([this] {
+            Refresh();
+            SetSelectedLocation(m_locationStore->GetSelectedLocation());
+        });
+    });
+}
+
+LocationTree::~LocationTree() {
+    disconnect(m_focusWatch);
+}
+
+void LocationTree::MakeLoadingPanel() {
+    constexpr int messageWidth = 240;
+    m_picLoading->setObjectName("picLoading");
+    m_picLoading->hide();
+    m_picLoadingMessage = new BusyPanel("Loading Locations", "Please wait a moment...", messageWidth, m_picLoading);
+    m_picLoadingMessage->setObjectName("picLoadingMessage");
+    m_picLoadingMessage->Title()->setObjectName("lblLoadTitle");
+    m_picLoadingMessage->Sentence()->setObjectName("lblLoadMessage");
+}
+
+void LocationTree::MakeMenu() {
+    m_mnuLocation = new QMenu("&Location", this);
+    m_mnuLocation->setObjectName("mnuLocation");
+    m_mnuExpandCollapse = m_mnuLocation->addAction("Expand/Collapse");
+    m_mnuExpandCollapse->setObjectName("mnuExpandCollapse");
+    m_mnuLocation->addSeparator()->setObjectName("mnuSeparator");
+    m_mnuLocation->addAction("Edit This Location")->setObjectName("mnuEdit");
+    connect(m_mnuLocation, &QMenu::aboutToShow, this, [this] { Guard([this] { PrepareLocationMenu(); }); });
+    connect(m_mnuExpandCollapse, &QAction::triggered, this, [this] {
+        Guard([this] {
+            if (QTreeWidgetItem* node = MenuNode()) node->setExpanded(!node->isExpanded());
+        });
+    });
+}
+
+void LocationTree::ConnectTree() {
+    using Tree = LocationTreeWidget;
+    connect(m_treeView, &Tree::LeftReleased, this,
+            [this](QTreeWidgetItem* node) { Guard([&] { OnLeftReleased(node); }); });
+    connect(m_treeView, &Tree::NodeChosen, this,
+            [this](QTreeWidgetItem* node) { Guard([&] { SetSelectedLocation(LocationOf(node)); }); });
+    connect(m_treeView, &Tree::RightPressed, this,
+            [this](QTreeWidgetItem* node) { Guard([&] { OnRightPressed(node); }); });
+    connect(m_treeView, &Tree::RightReleased, this,
+            [this](QTreeWidgetItem* node) { Guard([&] { OnRightReleased(node); }); });
+    connect(m_treeView, &Tree::NodeDoubleClicked, this, [this] { Guard([this] { DblClick(); }); });
+    connect(m_treeView, &Tree::MenuKeyPressed, this, [this] {
+        Guard([this] {
+            if (m_selectedLocation) OfferContextMenu();
+        });
+    });
+    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
+                           [this](QWidget*, QWidget* now) { Guard([&] { OnFocusChanged(now); }); });
+}
+
+void LocationTree::Shown() {
+    if (m_isLoaded) return;
+    m_isLoaded = true;
+    LoadLocations(nullptr, true);
+}
+
+void LocationTree::Layout() {
+    m_treeView->setGeometry(rect());
+    m_picLoading->Move(0, 0, Width(), Height());
+    CenterInContainer(*m_picLoadingMessage, *m_picLoading, Center::Vertically | Center::Horizontally);
+}
+
+void LocationTree::LoadLocations(const StorageLocationRef& selected, bool raisesSelection) {
+    try {
+        const bool hadFocus = m_treeView->hasFocus();
+        StartLoading();
+        AddRoots();
+        m_picLoading->hide();
+        m_treeView->setEnabled(true);
+        m_treeView->show();
+        if (hadFocus) TrySetFocus(m_treeView);
+        const StorageLocationRef location = selected ? selected : m_locationStore->GetSelectedLocation();
+        if (raisesSelection) SetSelectedLocation(location);
+        else SelectNodeOf(*location);
+        SetMousePointer(MousePointer::Default);
+    } catch (...) {
+        const Error error = CurrentError();
+        if (!m_treeView->isVisibleTo(this)) ClearNodes();
+        Raise(error.Number(), error.Source(),
+              "LoadLocations: Error loading storage locations - " + error.Description());
+    }
+}
+
+void LocationTree::StartLoading() {
+    SetMousePointer(MousePointer::Hourglass);
+    ClearNodes();
+    m_treeView->setEnabled(false);
+    m_treeView->hide();
+    Layout();
+    m_picLoading->show();
+    m_picLoading->raise();
+    m_picLoading->repaint();
+}
+
+void LocationTree::ClearNodes() {
+    m_priorNode = nullptr;
+    m_treeView->SetDropHighlight(nullptr);
+    m_nodes.clear();
+    m_treeView->clear();
+}
+
+void LocationTree::AddRoots() {
+    for (const StorageLocationRef& root : m_locationStore->GetRootLocations()) {
+        if (IsLeftOutWhenEmpty(*root) && root->SubLocations().empty()) continue;
+        std::unique_ptr<QTreeWidgetItem> node = MakeNode(*root, nullptr);
+        AddChildren(node.get(), *root);
+        m_treeView->addTopLevelItem(node.get());
+        node.release()->setExpanded(true);
+    }
+}
+
+void LocationTree::AddChildren(QTreeWidgetItem* node, const StorageLocation& location) {
+    for (const StorageLocationRef& sub : location.SubLocations()) {
+        if (!sub->Enabled()) continue;
+        QTreeWidgetItem* child = MakeNode(*sub, node).release();
+        node->addChild(child);
+        AddChildren(child, *sub);
+    }
+}
+
+std::unique_ptr<QTreeWidgetItem> LocationTree::MakeNode(const StorageLocation& location,
+                                                        const QTreeWidgetItem* parent) {
+    const QString name = ToQString(location.Name());
+    auto node = std::make_unique<QTreeWidgetItem>(QStringList(name));
+    const QString key = KeyOf(location);
+    node->setData(0, LocationTreeWidget::KeyRole, key);
+    node->setData(0, LocationTreeWidget::IconRole, IconOf(location));
+    node->setData(0, pathRole, parent ? parent->data(0, pathRole).toString() + pathSeparator + name : name);
+    node->setFont(0, Theme::Font(parent ? Theme::Type::Body : Theme::Type::BodyBold));
+    node->setBackground(0, BackColor());
+    node->setForeground(0, parent ? ForeColor() : RootColor());
+    m_nodes.insert(key, node.get());
+    return node;
+}
+
+void LocationTree::Refresh() {
+    if (IsInsideDesigner()) return;
+    m_priorNode = nullptr;
+    StorageLocationRef location = m_selectedLocation;
+    if (location) {
+        location->Refresh();
+        if (location->IsDeleted()) location = location->Parent();
+    }
+    LoadLocations(location, false);
+    m_selectedLocation = location;
+    if (!location) m_treeView->SelectQuietly(nullptr);
+    LocationSelected(location);
+}
+
+void LocationTree::SetSelectedLocation(const StorageLocationRef& location) {
+    if (!location) {
+        m_selectedLocation = nullptr;
+        m_treeView->SelectQuietly(nullptr);
+        return;
+    }
+    SelectNodeOf(*location);
+    if (m_selectedLocation && m_selectedLocation->IsSame(location.get())) return;
+    m_selectedLocation = location;
+    LocationSelected(location);
+}
+
+void LocationTree::SelectNodeOf(const StorageLocation& location) {
+    if (QTreeWidgetItem* node = m_nodes.value(KeyOf(location))) m_treeView->SelectQuietly(node);
+}
+
+StorageLocationRef LocationTree::LocationOf(const QTreeWidgetItem* node) const {
+    const QString key = node->data(0, LocationTreeWidget::KeyRole).toString();
+    const int32_t number = key.mid(1).toInt();
+    if (key.startsWith('R')) return m_locationStore->GetRootLocation(static_cast<StorageLocationTypes>(number));
+    return m_locationStore->GetLocation(number);
+}
+
+StorageLocationRef LocationTree::DropHighlightLocation() const {
+    const QTreeWidgetItem* node = m_treeView->DropHighlight();
+    return node ? LocationOf(node) : nullptr;
+}
+
+void LocationTree::OnLeftReleased(QTreeWidgetItem* node) {
+    if (m_treeView->DropHighlight()) return;
+    if (node) return SetSelectedLocation(LocationOf(node));
+    QTreeWidgetItem* selected = m_selectedLocation ? m_nodes.value(KeyOf(*m_selectedLocation)) : nullptr;
+    if (m_treeView->currentItem() != selected) m_treeView->SelectQuietly(selected);
+}
+
+void LocationTree::OnRightPressed(QTreeWidgetItem* node) {
+    if (!node) return;
+    m_treeView->SetDropHighlight(node);
+    m_priorNode = m_treeView->currentItem();
+}
+
+void LocationTree::OnRightReleased(QTreeWidgetItem* node) {
+    if (!m_treeView->DropHighlight()) return;
+    const QPointer<LocationTree> self(this);
+    const auto clearHighlight = qScopeGuard([this, self] {
+        if (self) m_treeView->SetDropHighlight(nullptr);
+    });
+    if (m_treeView->currentItem() != m_priorNode) m_treeView->SelectQuietly(m_priorNode);
+    if (node && LocationOf(node)) OfferContextMenu();
+}
+
+void LocationTree::OfferContextMenu() {
+    QMenu* contextMenu = nullptr;
+    QAction* defaultMenu = nullptr;
+    GetContextMenu(contextMenu, defaultMenu);
+    ShowContextMenu(this, contextMenu, defaultMenu);
+}
+
+// A menu or a dialog that takes the keys for a while leaves the tree the place that they come back to.
+void LocationTree::OnFocusChanged(QWidget* now) {
+    if (!now || now->window() != window()) return;
+    m_hasFocus = now == this || isAncestorOf(now);
+    m_treeView->SetHasFocusLook(m_hasFocus);
+}
+
+QTreeWidgetItem* LocationTree::MenuNode() const {
+    return m_treeView->DropHighlight() ? m_treeView->DropHighlight() : m_treeView->currentItem();
+}
+
+void LocationTree::PrepareLocationMenu() {
+    const QTreeWidgetItem* node = MenuNode();
+    const bool hasChildren = node && node->childCount() > 0;
+    m_mnuExpandCollapse->setEnabled(hasChildren);
+    m_mnuExpandCollapse->setText(hasChildren && node->isExpanded() ? "Collapse" : "Expand");
+}
+
+}  // namespace quellbrook

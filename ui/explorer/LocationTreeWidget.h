@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QString>
+#include <QTreeWidget>
+
+namespace quellbrook {
+
+// The toolkit's tree as the location tree needs it: rows painted by the theme, a node that is highlighted without being
+// selected, clicks and keys told apart. A node's icon name and key stand in roles of their own.
+class LocationTreeWidget : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    explicit LocationTreeWidget(QWidget* parent = nullptr);
+
+    enum Role { KeyRole = Qt::UserRole, IconRole };
+    static constexpr int RowHeight = 32, Indent = 18, IconSize = 20;  // pixels
+
+    // The node at a position of the viewport; null beside every node and on a node's expander.
+    QTreeWidgetItem* NodeAt(const QPoint& at) const;
+
+    // The node painted as if it were selected, or null.
+    QTreeWidgetItem* DropHighlight() const { return m_dropHighlight; }
+    void SetDropHighlight(QTreeWidgetItem* node);
+    // Whether the selected node is painted as the one that keys go to.
+    void SetHasFocusLook(bool hasFocus);
+    // Selects without raising NodeChosen; null clears the selection.
+    void SelectQuietly(QTreeWidgetItem* node);
+
+signals:
+    void LeftReleased(QTreeWidgetItem* node);
+    void RightPressed(QTreeWidgetItem* node);
+    void RightReleased(QTreeWidgetItem* node);
+    void MenuKeyPressed();
+    void NodeDoubleClicked();
+    // A node was selected by the keyboard, or by an assistive tool.
+    void NodeChosen(QTreeWidgetItem* node);
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    QRect TextRect(const QModelIndex& index) const;
+    void ShowElidedName(const QPoint& at, const QPoint& globalAt);
+
+    QTreeWidgetItem* m_dropHighlight = nullptr;
+    bool m_hasFocusLook = false;
+    bool m_isQuiet = false;
+    bool m_isPressed = false;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "base/Event.h"
+#include "core/CartStore.h"
+#include "ui/controls/View.h"
+
+class QAction;
+class QMenu;
+
+namespace quellbrook {
+
+class FlatButton;
+class GroupBox;
+class Label;
+class Line;
+class Link;
+class LocationPicker;
+class SearchResultList;
+class TessarineDropdown;
+
+// The screen on which a batch is finished: the items of the current transfer, and one long sentence that asks who hands
+// them over, who takes them, where they go and why. Checks the form and lets the transfer be made; moves nothing itself.
+class CartView : public View {
+    Q_OBJECT
+
+public:
+    explicit CartView(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "CartView"; }
+
+protected:
+    void Shown() override;
+    void Layout() override;
+
+private:
+    void BuildTitleArea();
+    void BuildFormPanel();
+    void BuildListPanel();
+    void BuildMenu();
+
+    void RefreshFromStore();
+    void ShowTransactionType(int32_t transactionType);
+    void LoadTransferData();
+    bool ValidateForm();
+    std::shared_ptr<TransferData> MakeTransferData() const;
+    bool TransferItems();
+
+    void LayoutControls();
+    void LayoutFormPanel();
+
+    void CartStore_OnChange();
+    void TransferButton_Click();
+    void RemoveItem_Click();
+
+    bool m_shown = false;
+    GroupBox* m_titleArea = nullptr;
+    Label* m_title = nullptr;
+    Link* m_close = nullptr;
+    GroupBox* m_formPanel = nullptr;
+    TessarineDropdown* m_receivedFrom = nullptr;
+    TessarineDropdown* m_receivedBy = nullptr;
+    LocationPicker* m_location = nullptr;
+    TessarineDropdown* m_reason = nullptr;
+    FlatButton* m_cancel = nullptr;
+    FlatButton* m_transfer = nullptr;
+    GroupBox* m_listPanel = nullptr;
+    Label* m_listCaption = nullptr;
+    Label* m_itemCount = nullptr;
+    Line* m_underline = nullptr;
+    SearchResultList* m_itemList = nullptr;
+    QMenu* m_itemsMenu = nullptr;
+    QAction* m_openEntry = nullptr;
+    std::shared_ptr<CartStore> m_cartStore;
+    Subscription m_cartSubscription;
+};
+
+}  // namespace quellbrook

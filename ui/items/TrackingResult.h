@@ -1,0 +1,59 @@
+#pragma once
+
+#include "data/CustodyRecords.h"
+#include "ui/controls/Control.h"
+#include "ui/controls/Label.h"
+
+#include <memory>
+
+namespace quellbrook {
+
+class ActionTag;
+class Line;
+
+// One step of a chain of custody: what was done and when, who handed the item to whom, where it went and why. Takes the
+// focus; the focused row is the list's selected one.
+class TrackingResult : public Control {
+    Q_OBJECT
+
+public:
+    static constexpr float RowHeight = 1140;  // twips
+
+    explicit TrackingResult(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "TrackingResult"; }
+
+    // Error 91 for null. Fetches what the record does not hold yet.
+    void SetItem(const std::shared_ptr<TrackingRecord>& record);
+    // Null before the first SetItem.
+    const std::shared_ptr<TrackingRecord>& Item() const { return m_record; }
+
+    // A tab stop, or reached by the pointer and the list's keys only.
+    void SetTabStop(bool tabStop);
+
+signals:
+    void GotFocus();
+
+protected:
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    Label* AddLabel(const char* name, const char* caption, float left, float top, bool bold);
+    void ShowDate(const TaggedValue& dateReceived);
+    static void ShowPerson(Label& label, const std::string& name);
+    void AlignToRight();
+
+    std::shared_ptr<TrackingRecord> m_record;
+    ActionTag* m_status = nullptr;
+    Label* m_date = nullptr;
+    Label* m_time = nullptr;
+    Label* m_from = nullptr;
+    Label* m_to = nullptr;
+    Label* m_location = nullptr;
+    Label* m_reason = nullptr;
+    Line* m_separator = nullptr;
+};
+
+}  // namespace quellbrook
