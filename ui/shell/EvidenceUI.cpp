@@ -1,0 +1,251 @@
+#include "ui/shell/EvidenceUI.h"
+
+#include "base/Error.h"
+#include "base/Screen.h"
+#include "core/ActionTypes.h"
+#include "core/Actions.h"
+#include "host/TransferOutcome.h"
+#include "ui/common/PropertyBag.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/controls/FlatTabs.h"
+#include "ui/controls/FlatTitleBar.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/MousePointer.h"
+#include "ui/controls/TabOrder.h"
+#include "ui/controls/Twips.h"
+#include "ui/shell/InfoBar.h"
+#include "ui/shell/Toast.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <string_view>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr float TitleBarHeight = 600;
+
+// Runs one step of a view change. A failure is told in a message, and the change ends: false.
+template <typename Step, typename Words>
+bool Attempt(Step&& step, Words&& words, const char* title) {
+    try {
+        step();
+        return true;
+    } catch (...) {
+        ShowMessage(words(CurrentError()), MessageStyle::Critical, title);
+        return false;
+    }
+}
+
+}  // namespace
+
+// What the dispatcher holds of the shell.
+class EvidenceUI::Callback : public DispatcherCallback {
+public:
+    explicit Callback(EvidenceUI* shell) : m_shell(shell) {}
+
+    void Handle(const Action& action) override {
+        if (m_shell) m_shell->Handle(action);
+    }
+    std::string CallbackTypeName() const override { return "EvidenceUI"; }
+
+private:
+    QPointer<EvidenceUI> m_shell;
+};
+
+EvidenceUI::EvidenceUI(const ShellViews& views, QWidget* parent)
+    : View(parent), m_callback(std::make_shared<Callback>(this)) {
+    setAccessibleName("Quellbrook");
+    BuildFrame();
+    BuildViews(views);
+    m_infobar = new InfoBar(this);
+    m_toastMessage = new Toast(this);
+    m_border = new GroupBox(this);
+    m_border->setObjectName("shpBorder");
+    m_border->SetFramed(true);
+    m_border->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_border->hide();
+    m_controls.insert(m_controls.end(), {m_titleBar, m_content, m_infobar, m_toastMessage, m_viewHolder});
+}
+
+EvidenceUI::~EvidenceUI() { LeaveShow(); }
+
+void EvidenceUI::BuildFrame() {
+    m_titleBar = new FlatTitleBar(this);
+    m_titleBar->setObjectName("TitleBar");
+    m_titleBar->SetCaption("Quellbrook");
+    m_titleBar->SetHeight(TitleBarHeight);
+    m_titleBar->SetAlign(Alignment::Top);
+    m_content = new GroupBox(this);
+    m_content->setObjectName("content");
+    m_content->SetTop(TitleBarHeight);
+    m_viewHolder = new FlatTabs(this);
+    m_viewHolder->setObjectName("viewHolder");
+    m_viewHolder->hide();
+}
+
+void EvidenceUI::BuildViews(const ShellViews& views) {
+    for (const ShellView& each : views) {
+        FlatTabPage* page = m_viewHolder->AddTab(each.caption);
+        page->setObjectName("viewHolder_Page");
+        page->SetIndex(static_cast<int>(m_views.size()));
+        Control* view = each.make(page);
+        view->setObjectName(each.name);
+        m_views.emplace_back(view);
+        m_controls.emplace_back(view);
+    }
+}
+
+void EvidenceUI::Shown() {
+    const StoresRecord stores = GetStores();
+    m_loadingStore = stores.Loading;
+    m_viewStore = stores.View;
+    m_loadingSubscription = m_loadingStore->OnChange.connect([this] { LoadingStore_OnChange(); });
+    m_viewSubscription = m_viewStore->OnChange.connect([this] { ViewStore_OnChange(); });
+    m_infobar->Subscribe(stores);
+    GetDispatcher()->Register(m_callback);
+    repaint();
+    GetActions().NavigateTo(ViewNames::Explorer, nullptr);
+}
+
+// The view stays in the content, and the store keeps its state.
+void EvidenceUI::Hidden() {
+    GuardSilently([this] { GetDispatcher()->Unregister(m_callback.get()); });
+    m_currentView = nullptr;
+}
+
+float EvidenceUI::ContentHeight() const { return ClientHeight() - m_content->Top() - m_infobar->Height(); }
+
+void EvidenceUI::Layout() {
+    if (!m_border) return;  // still being made
+    m_border->Move(0, 0, Width(), Height());
+    m_content->Move(0, m_content->Top(), ClientWidth(), ContentHeight());
+    for (const QPointer<Control>& view : m_views)
+        if (view && view->parentWidget() == m_content && view->IsShown()) FillContent(*view);
+}
+
+void EvidenceUI::FillContent(Control& view) { view.Move(0, 0, ClientWidth(), ContentHeight()); }
+
+Control* EvidenceUI::FindControl(const std::string& name) const {
+    const auto found = std::find_if(m_controls.begin(), m_controls.end(), [&name](const QPointer<Control>& control) {
+        return control && control->Name() == name;
+    });
+    return found == m_controls.end() ? nullptr : found->data();
+}
+
+bool EvidenceUI::IsView(const Control* control) const {
+    return std::find(m_views.begin(), m_views.end(), control) != m_views.end();
+}
+
+void EvidenceUI::LoadView(Control* view) {
+    if (view == m_currentView) return;
+    const std::string typeName = view ? view->TypeName() : "Nothing";
+    try {
+        SwitchTo(view);
+    } catch (...) {
+        const Error error = CurrentError();
+        Raise(error.Number(), TypeName() + ".LoadView",
+              "Error loading view of type '" + typeName + "': " + error.Description());
+    }
+}
+
+void EvidenceUI::SwitchTo(Control* view) {
+    if (!view) Raise(ErrorNumber::NullObject, "EvidenceUI.LoadView");
+    if (!IsView(view)) Raise(ErrorNumber::TypeMismatch, "EvidenceUI.LoadView");
+    if (m_currentView) {
+        m_currentView->hide();
+        repaint();
+    }
+    view->setParent(m_content);
+    FillContent(*view);
+    view->show();
+    // A view that the shell forgot when it was hidden may still stand here.
+    view->raise();
+    MoveFirstInTabOrder(m_content);
+    // Also of a view that fails to show: the next one has to take its place.
+    m_currentView = view;
+    if (auto* shown = qobject_cast<View*>(view)) shown->RaiseShowError();
+    TrySetFocus(view);
+    repaint();
+}
+
+void EvidenceUI::ViewStore_OnChange() {
+    Guard([this] { ChangeView(); });
+}
+
+void EvidenceUI::ChangeView() {
+    repaint();
+    const std::string name = m_viewStore->ViewName();
+    Control* view = FindControl(name);
+    if (!view) {
+        ShowMessage("Could not find view '" + name + "'", MessageStyle::Critical, "View Not Found");
+        return;
+    }
+    const bool orderSet = Attempt([&] { view->SetTabIndex(0); },
+                                  [&](const Error&) { return "Could not set TabIndex to 0 for view '" + name + "'"; },
+                                  "View TabIndex Error");
+    if (!orderSet) return;
+    const bool loaded = Attempt(
+        [&] {
+            if (auto* appView = dynamic_cast<AppView*>(view)) appView->Show(m_viewStore->ViewParameters());
+        },
+        [&](const Error& error) { return "Could not load data for view '" + name + "': " + error.Description(); },
+        "View Load Error");
+    if (!loaded) return;
+    Attempt([&] { LoadView(view); },
+            [&](const Error& error) { return "Could not switch to view '" + name + "': " + error.Description(); },
+            "View Show Error");
+}
+
+void EvidenceUI::LoadingStore_OnChange() {
+    Guard([this] {
+        if (m_loadingStore->IsLoading()) {
+            SetMousePointer(MousePointer::Hourglass);
+            LoadView(FindControl(ViewNames::Loading));
+        } else {
+            SetMousePointer(MousePointer::Default);
+        }
+    });
+}
+
+void EvidenceUI::Handle(const Action& action) {
+    Guard([this, &action] {
+        if (action.ActionType == ActionTypes::CART_TRANSACTION_FAILED)
+            ReportFailedTransfer(ToText(action.Payload));
+        else if (action.ActionType == ActionTypes::NOTIFY_USER)
+            m_toastMessage->Popup(ToText(action.Payload));
+    });
+}
+
+void EvidenceUI::ReportFailedTransfer(const std::string& description) {
+    if (std::string_view(description).starts_with(UnknownOutcomeText)) {
+        // Nobody knows whether the items were moved, so nobody may say that they were not.
+        ShowMessage(description, MessageStyle::Critical, "Evidence transfer unconfirmed");
+        return;
+    }
+    ShowMessage("Could not complete evidence transfer. To keep your storage records consistent, nothing has been "
+                "transferred.\r\n\r\n[" + description + "]",
+                MessageStyle::Critical, "Evidence transfer failed!");
+}
+
+void EvidenceUI::SetBorderStyle(int borderStyle) {
+    m_borderStyle = borderStyle;
+    m_border->setVisible(borderStyle != 0);
+}
+
+void EvidenceUI::ReadProperties(const PropertyBag& bag) {
+    GuardSilently([&] { SetBorderStyle(ToInt32(bag.ReadProperty("BorderStyle", 0))); });
+}
+
+void EvidenceUI::WriteProperties(PropertyBag& bag) const {
+    GuardSilently([&] { bag.WriteProperty("BorderStyle", m_borderStyle, 0); });
+}
+
+void EvidenceUI::paintEvent(QPaintEvent*) {
+    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Window)); });
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "base/Event.h"
+#include "core/Stores.h"
+#include "ui/controls/View.h"
+#include "ui/shell/ShellViews.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quellbrook {
+
+class FlatTabs;
+class FlatTitleBar;
+class GroupBox;
+class InfoBar;
+class PropertyBag;
+class Toast;
+
+// The one control that the host embeds: the current view between a title bar and the info bar. Shows the view that the
+// view store names, reports a failed transfer, pops up notifications. Comes to life when it is shown, after the access
+// gate has let the user in.
+class EvidenceUI : public View {
+    Q_OBJECT
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE SetBorderStyle)
+
+public:
+    explicit EvidenceUI(QWidget* parent = nullptr);
+    // With views of the caller's choice.
+    EvidenceUI(const ShellViews& views, QWidget* parent);
+    ~EvidenceUI() override;
+    std::string TypeName() const override { return "EvidenceUI"; }
+
+    // 0 none, any other value a line around the control.
+    int BorderStyle() const { return m_borderStyle; }
+    void SetBorderStyle(int borderStyle);
+    // "BorderStyle". Errors are ignored.
+    void ReadProperties(const PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag) const;
+
+    // Actions that the dispatcher delivers to the shell. No error leaves it.
+    void Handle(const Action& action);
+
+protected:
+    void Shown() override;
+    void Hidden() override;
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    class Callback;
+
+    void BuildFrame();
+    void BuildViews(const ShellViews& views);
+    float ContentHeight() const;
+    void FillContent(Control& view);
+    Control* FindControl(const std::string& name) const;
+    bool IsView(const Control* control) const;
+    void LoadView(Control* view);
+    void SwitchTo(Control* view);
+    void ViewStore_OnChange();
+    void ChangeView();
+    void LoadingStore_OnChange();
+    void ReportFailedTransfer(const std::string& description);
+
+    int m_borderStyle = 0;
+    FlatTitleBar* m_titleBar = nullptr;
+    GroupBox* m_content = nullptr;
+    InfoBar* m_infobar = nullptr;
+    Toast* m_toastMessage = nullptr;
+    FlatTabs* m_viewHolder = nullptr;
+    GroupBox* m_border = nullptr;
+    std::vector<QPointer<Control>> m_views;
+    std::vector<QPointer<Control>> m_controls;  // everything that can be asked for by name
+    QPointer<Control> m_currentView;
+    std::shared_ptr<Callback> m_callback;
+    std::shared_ptr<LoadingStore> m_loadingStore;
+    std::shared_ptr<ViewStore> m_viewStore;
+    Subscription m_loadingSubscription;
+    Subscription m_viewSubscription;
+};
+
+}  // namespace quellbrook

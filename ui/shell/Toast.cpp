@@ -1,0 +1,119 @@
+#include "ui/shell/Toast.h"
+
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/Guard.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Strings.h"
+#include "ui/controls/Theme.h"
+#include "ui/controls/Twips.h"
+#include "ui/controls/View.h"
+
+#include <QAccessible>
+#include <QGraphicsDropShadowEffect>
+#include <QPainter>
+#include <QShowEvent>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr float DesignHeight = 720;
+constexpr float Collapsed = 2;
+constexpr float Increment = 30;
+constexpr int DisplayTime = 5000;
+constexpr int IconLeft = 17;
+constexpr int IconSize = 20;
+constexpr int TextLeft = 48;
+constexpr int ShadowBlur = 8;
+constexpr int ShadowRise = 2;
+constexpr float ShadowOpacity = 0.22f;
+
+// The mark stands on the toast's ground, which is dark in the light theme and light in the dark one.
+QColor MarkColor() { return Theme::IsDark() ? QColor(0x0B, 0x7A, 0x5B) : QColor(0x4C, 0xCB, 0xA6); }
+
+}  // namespace
+
+Toast::Toast(QWidget* parent) : Control(parent), m_expandedHeight(DesignHeight), m_toastTimer(MakeTimer()) {
+    setObjectName("toastMessage");
+    BuildControls();
+    SetOverlaying(true);
+    SetAlign(Alignment::Bottom);
+    Control::SetHeight(m_expandedHeight);
+    if (!IsInsideDesigner()) hide();
+    m_toastTimer->Elapsed = [this] { ToastTimer_Elapsed(); };
+    m_slideUpSubscription = m_slideUp.Finished.connect([this] { SlideUp_Finished(); });
+    m_slideDownSubscription = m_slideDown.Finished.connect([this] { SlideDown_Finished(); });
+}
+
+void Toast::BuildControls() {
+    m_icon = new FontIcon(this);
+    m_icon->setObjectName("icoMessage");
+    m_icon->SetIcon("marked", IconSize);
+    m_message = new Label(this);
+    m_message->setObjectName("lblMessage");
+    m_message->SetForeColor(Theme::Color::ToastText);
+    m_message->SetAutoSize(false);
+    auto* shadow = new QGraphicsDropShadowEffect(this);
+    shadow->setOffset(0, -ShadowRise);
+    shadow->setBlurRadius(ShadowBlur);
+    shadow->setColor(QColor::fromRgbF(0, 0, 0, ShadowOpacity));
+    setGraphicsEffect(shadow);
+}
+
+float Toast::CollapsedHeight() const { return IsInsideDesigner() ? m_expandedHeight : Collapsed; }
+
+void Toast::Slide(LinearAnimation& animation, float from, float to) {
+    animation.Start({.Target = this, .PropertyName = "Height", .StartValue = from, .FinalValue = to, .Increment = Increment});
+}
+
+void Toast::Popup(const std::string& message) {
+    m_toastTimer->Stop();
+    m_message->SetCaption(ToQString(message));
+    m_icon->SetForeColor(MarkColor());
+    setVisible(true);
+    Slide(m_slideUp, CollapsedHeight(), m_expandedHeight);
+    Announce();
+}
+
+void Toast::Announce() {
+    setAccessibleName(m_message->Caption());
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void Toast::SlideUp_Finished() {
+    m_toastTimer->SetInterval(DisplayTime);
+    m_toastTimer->Start();
+}
+
+void Toast::ToastTimer_Elapsed() {
+    m_toastTimer->Stop();
+    Slide(m_slideDown, m_expandedHeight, CollapsedHeight());
+}
+
+void Toast::SlideDown_Finished() { hide(); }
+
+void Toast::showEvent(QShowEvent* event) {
+    Control::showEvent(event);
+    if (!event->spontaneous() && !std::exchange(m_wasShown, true)) GuardSilently([this] { FirstShow(); });
+}
+
+void Toast::FirstShow() {
+    raise();
+    SetHeight(CollapsedHeight());
+}
+
+// The content keeps its place under the sliding edge: the toast slides in, it does not unfold.
+void Toast::Layout() {
+    if (Align() != Alignment::Bottom) SetAlign(Alignment::Bottom);
+    if (!m_slideUp.InProgress() && !m_slideDown.InProgress()) SetHeight(CollapsedHeight());
+    const float iconSize = ToTwips(IconSize);
+    m_icon->Move(ToTwips(IconLeft), (m_expandedHeight - iconSize) / 2, iconSize, iconSize);
+    m_message->Move(ToTwips(TextLeft), 0, ClientWidth() - ToTwips(TextLeft + Theme::Margin), m_expandedHeight);
+}
+
+void Toast::paintEvent(QPaintEvent*) {
+    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Toast)); });
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "ui/controls/Control.h"
+#include "ui/shell/LinearAnimation.h"
+
+#include <memory>
+#include <string>
+
+namespace quellbrook {
+
+class FontIcon;
+class Label;
+
+// A line of text that slides up over the bottom edge of its parent, stays for five seconds and slides away.
+class Toast : public Control {
+    Q_OBJECT
+
+public:
+    explicit Toast(QWidget* parent = nullptr);
+    std::string TypeName() const override { return "Toast"; }
+
+    // A call while a text is on show begins anew with this one.
+    void Popup(const std::string& message);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void Layout() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void BuildControls();
+    void FirstShow();
+    float CollapsedHeight() const;
+    void Slide(LinearAnimation& animation, float from, float to);
+    void Announce();
+    void SlideUp_Finished();
+    void SlideDown_Finished();
+    void ToastTimer_Elapsed();
+
+    float m_expandedHeight;
+    bool m_wasShown = false;
+    FontIcon* m_icon = nullptr;
+    Label* m_message = nullptr;
+    std::unique_ptr<Timer> m_toastTimer;
+    LinearAnimation m_slideUp;
+    LinearAnimation m_slideDown;
+    Subscription m_slideUpSubscription;
+    Subscription m_slideDownSubscription;
+};
+
+}  // namespace quellbrook
