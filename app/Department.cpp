@@ -1,0 +1,71 @@
+#include "app/Department.h"
+
+#include "base/Error.h"
+#include "host/HostDatabase.h"
+#include "host/engines/SqliteEngine.h"
+
+#include <filesystem>
+#include <vector>
+
+#include <stdlib.h>
+
+namespace quellbrook {
+
+namespace {
+
+void MakeDirectory(const std::string& path) {
+    std::error_code failure;
+    std::filesystem::create_directories(path, failure);
+    if (failure) {
+        Raise(ErrorNumber::General, "OpenDepartment",
+              "The directory '" + path + "' can't be made: " + failure.message() + ".");
+    }
+}
+
+std::string FileName(const SampleOptions& options) {
+    return options.items > 0 ? "department-" + std::to_string(options.items) + ".sqlite" : "sample.sqlite";
+}
+
+}  // namespace
+
+ScratchDirectory::ScratchDirectory() {
+    std::string name = (std::filesystem::temp_directory_path() / "quellbrook-XXXXXX").string();
+    std::vector<char> buffer(name.begin(), name.end());
+    buffer.push_back('\0');
+    if (!mkdtemp(buffer.data())) {
+        Raise(ErrorNumber::General, "ScratchDirectory", "No scratch directory can be made for a copy of the sample.");
+    }
+    m_path = buffer.data();
+}
+
+ScratchDirectory::~ScratchDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    Department department;
+    if (options.databasePath) {
+        department.path = *options.databasePath;
+    } else {
+        const SampleOptions sample{options.size.value_or(0)};
+        std::string directory = dataDirectory;
+        if (options.fresh || options.tourDirectory) {
+            department.scratch = std::make_unique<ScratchDirectory>();
+            directory = department.scratch->Path();
+        }
+        MakeDirectory(directory);
+        department.path = (std::filesystem::path(directory) / FileName(sample)).string();
+        if (!std::filesystem::exists(department.path)) CreateSampleDepartment(department.path, sample, progress);
+    }
+    department.engine = SqliteEngine::Open(department.path);
+    return department;
+}
+
+bool IsSampleDepartment() {
+    HostDatabase& database = GetHostDatabase();
+    const std::string condition = "Name = " + database.PrepareText(SampleNames::MarkerSetting);
+    return ToTextOrEmpty(database.LookupValue("Setting", "Value", {condition})) == "1";
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quellbrook {
+
+// What the command line asks for.
+struct Options {
+    std::optional<std::string> databasePath;  // of --database sqlite:PATH
+    std::optional<std::string> user;
+    std::optional<int32_t> size;
+    std::optional<std::string> tourDirectory;
+    bool fresh = false;
+    bool help = false;
+};
+
+// Why the command line can't be followed: one sentence.
+struct OptionError {
+    std::string sentence;
+};
+
+// The arguments behind the program's name. A value stands behind its option or behind "=".
+std::variant<Options, OptionError> ParseOptions(const std::vector<std::string>& arguments);
+
+std::string HelpText();
+
+}  // namespace quellbrook

@@ -1,0 +1,122 @@
+#include "app/Run.h"
+
+#include "app/Department.h"
+#include "app/LocaleFormats.h"
+#include "app/MainWindow.h"
+#include "app/tour/TourPlayer.h"
+#include "app/tour/TransferRoad.h"
+#include "base/Error.h"
+#include "component/Quellbrook.h"
+#include "host/DatabaseSession.h"
+#include "host/ErrorLog.h"
+#include "host/HostServices.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+namespace quellbrook {
+
+namespace {
+
+// The component's seams, installed as long as this lives.
+class Component {
+public:
+    Component() {
+        const QPalette system = QApplication::palette();
+        InstallTheme(system.color(QPalette::Window).lightness() < system.color(QPalette::WindowText).lightness());
+        Startup();
+    }
+    ~Component() {
+        HostServices::Current().SetSession(nullptr);
+        HostServices::Current().SetEngine(nullptr);
+        Shutdown();
+    }
+    Component(const Component&) = delete;
+    Component& operator=(const Component&) = delete;
+};
+
+// The log in the data directory; without one that can be written entries go to standard error.
+class LogFile {
+public:
+    explicit LogFile(const QString& directory) {
+        try {
+            QDir().mkpath(directory);
+            m_log = MakeFileErrorLog(QDir(directory).filePath(QStringLiteral("errors.log")).toStdString());
+            SetErrorLog(m_log.get());
+        } catch (const Error& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+        }
+    }
+    ~LogFile() { SetErrorLog(nullptr); }
+    LogFile(const LogFile&) = delete;
+    LogFile& operator=(const LogFile&) = delete;
+
+private:
+    std::unique_ptr<ErrorLog> m_log;
+};
+
+Department OpenWithProgress(const Options& options, const QString& dataDirectory) {
+    QProgressDialog window(QObject::tr("Making the sample department..."), QString(), 0, 100);
+    window.setWindowTitle(QStringLiteral("Quellbrook"));
+    window.setMinimumDuration(300);
+    return OpenDepartment(options, dataDirectory.toStdString(), [&window](int percent) { window.setValue(percent); });
+}
+
+void Refuse(const Options& options, const Error& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    if (options.tourDirectory) return;  // nobody is there to close a box
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Quellbrook"), QString::fromStdString(error.Description()));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+std::vector<ShownAccount> AccountsToShow() {
+    std::vector<ShownAccount> shown;
+    if (!IsSampleDepartment()) return shown;
+    for (const SampleAccount& account : SampleAccounts()) {
+        shown.push_back({QString::fromStdString(account.username), QString::fromStdString(account.password),
+                         QString::fromStdString(account.role)});
+    }
+    return shown;
+}
+
+int Open(const Options& options, const Department& department) {
+    HostServices::Current().SetEngine(department.engine);
+    HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
+    std::optional<QString> user;
+    if (options.user) user = QString::fromStdString(*options.user);
+    MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
+    if (!options.tourDirectory) {
+        window.show();
+        return QApplication::exec();
+    }
+    window.showMaximized();
+    TourPlayer player(window, QString::fromStdString(*options.tourDirectory), department.path);
+    PlanTransferRoad(player);
+    player.Start();
+    QApplication::exec();
+    return player.Held() ? 0 : 1;
+}
+
+}  // namespace
+
+int RunHost(const Options& options) {
+    const QString dataDirectory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const LogFile log(dataDirectory);
+    const Component component;
+    try {
+        const Department department = OpenWithProgress(options, dataDirectory);
+        return Open(options, department);
+    } catch (...) {
+        Refuse(options, CurrentError());
+        return 1;
+    }
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "app/Options.h"
+
+namespace quellbrook {
+
+// The reference host from start to end, with QApplication standing; the exit code: 0, or 1 where the department can't be
+// opened or the tour did not hold.
+int RunHost(const Options& options);
+
+}  // namespace quellbrook

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/sample/Codes.h"
+#include "app/sample/Rows.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <string>
+#include <vector>
+
+namespace quellbrook::sample {
+
+// Fills a fresh database of our schema in one transaction, its indexes and triggers set aside until Finish. The file is
+// not safe against a crash before that.
+class DepartmentWriter {
+public:
+    explicit DepartmentWriter(const std::string& path);
+
+    void AddLocation(const Location& location);
+    void AddCodes(int16_t table, const std::vector<Code>& codes);
+    void AddPerson(const Person& person);
+    void AddAccount(const std::string& username, const std::string& passwordHash, int32_t person);
+    void AddRight(const std::string& username, const std::string& module, int32_t value);
+    void AddSetting(const std::string& name, const std::string& value);
+    void AddIncident(const Incident& incident);
+    // The item with its whole chain, oldest row first; the last row is the current one.
+    void AddProperty(const Property& property, const std::vector<Custody>& chain);
+    void AddVehicle(const Vehicle& vehicle, const std::vector<Custody>& chain);
+    void LinkProperty(int32_t incident, int32_t property);
+    void LinkVehicle(int32_t incident, int32_t vehicle);
+
+    // Puts indexes and triggers back, fills what the triggers would have filled, commits.
+    void Finish();
+
+private:
+    struct Aside {
+        std::string type;
+        std::string name;
+        std::string sql;
+    };
+
+    static void Add(SQLite::Statement& insert);
+    static void AddChain(SQLite::Statement& insert, int32_t item, const std::vector<Custody>& chain);
+
+    SQLite::Database m_database;
+    std::vector<Aside> m_aside;
+    SQLite::Statement m_location;
+    SQLite::Statement m_code;
+    SQLite::Statement m_person;
+    SQLite::Statement m_account;
+    SQLite::Statement m_right;
+    SQLite::Statement m_setting;
+    SQLite::Statement m_incident;
+    SQLite::Statement m_property;
+    SQLite::Statement m_propertyCustody;
+    SQLite::Statement m_propertyLink;
+    SQLite::Statement m_vehicle;
+    SQLite::Statement m_vehicleCustody;
+    SQLite::Statement m_vehicleLink;
+};
+
+}  // namespace quellbrook::sample

@@ -1,0 +1,118 @@
+#include "app/sample/Locations.h"
+
+#include "app/sample/SampleDepartment.h"
+#include "base/Error.h"
+#include "host/LocationPath.h"
+
+#include <algorithm>
+
+namespace quellbrook::sample {
+
+int32_t LocationTree::Add(int32_t container, const std::string& name, int32_t type, bool active) {
+    LocationPath path = LocationPath().Append(0);
+    std::string fullName = name;
+    if (container > 0) {
+        const size_t index = static_cast<size_t>(container) - 1;
+        path = LocationPath().Parse(m_locations[index].ownPath);
+        fullName = m_fullNames[index] + " > " + name;
+    }
+    Location location;
+    location.id = static_cast<int32_t>(m_locations.size()) + 1;
+    location.name = name;
+    location.type = type;
+    location.path = path.ToText();
+    location.ownPath = path.Append(location.id).ToText();
+    location.active = active;
+    m_locations.push_back(std::move(location));
+    m_fullNames.push_back(std::move(fullName));
+    return m_locations.back().id;
+}
+
+int32_t LocationTree::Find(const std::string& fullName) const {
+    const auto found = std::find(m_fullNames.begin(), m_fullNames.end(), fullName);
+    if (found == m_fullNames.end()) {
+        Raise(ErrorNumber::General, "LocationTree.Find", "There is no location '" + fullName + "'.");
+    }
+    return static_cast<int32_t>(found - m_fullNames.begin()) + 1;
+}
+
+namespace {
+
+struct Entry {
+    int depth;
+    const char* name;
+    bool active = true;
+};
+
+void AddEntries(LocationTree& tree, int32_t type, const std::vector<Entry>& entries) {
+    std::vector<int32_t> containers = {0};
+    for (const Entry& entry : entries) {
+        containers.resize(static_cast<size_t>(entry.depth) + 1);
+        containers.push_back(tree.Add(containers.back(), entry.name, type, entry.active));
+    }
+}
+
+// A category of so many locations on five levels, each container of a level holding nearly as many as the next. The
+// identifiers of all but the first two levels are added to `leaves`.
+void AddCategory(LocationTree& tree, int32_t type, int32_t count, std::vector<int32_t>& leaves) {
+    static const char* const names[] = {"Building ", "Floor ", "Room ", "Aisle ", "Shelf "};
+    std::vector<int32_t> containers = {0};
+    int32_t left = count;
+    for (int level = 0; level < 5; ++level) {
+        const int32_t share[] = {count / 400 + 1, count / 100 + 1, count / 20 + 1, count / 5, left};
+        const int32_t here = std::min(left, share[level]);
+        std::vector<int32_t> added;
+        for (int32_t k = 0; k < here; ++k) {
+            const auto width = static_cast<int32_t>(containers.size());
+            const int32_t container = containers[static_cast<size_t>(k % width)];
+            added.push_back(tree.Add(container, names[level] + std::to_string(k / width + 1), type));
+            if (level >= 2) leaves.push_back(added.back());
+        }
+        left -= here;
+        containers = std::move(added);
+    }
+}
+
+}  // namespace
+
+LocationTree MakeSmallTree() {
+    LocationTree tree;
+    AddEntries(tree, Internal,
+               {{0, "Property Room"},
+                {1, "Aisle 1"}, {2, "Shelf A"}, {2, "Shelf B"}, {2, "Shelf C"},
+                {1, "Aisle 2"}, {2, "Shelf A"}, {2, "Shelf B"}, {2, "Shelf C"}, {2, "Shelf D"},
+                {1, "Aisle 3"}, {2, "Shelf A"}, {2, "Shelf B"}, {3, "Bin B-1"}, {4, "Tray 1"}, {4, "Tray 2"},
+                {3, "Bin B-2"}, {2, "Shelf C"},
+                {1, "Drug Vault"}, {2, "Safe 1"}, {2, "Safe 2"}, {3, "Drawer 1"}, {3, "Drawer 2"},
+                {1, "Firearms Cage"},
+                {0, "Impound Lot"}, {1, "Row 1"}, {1, "Row 2"}, {1, "Row 3"}, {1, "Covered Bay"},
+                {0, "Intake Lockers"}, {1, "Locker 11"}, {1, "Locker 12"}, {1, "Locker 13"}, {1, "Locker 14"},
+                {0, "Refrigerated Storage"},
+                {0, "Records Annex", false}, {1, "Cage 1", false}, {1, "Cage 2"}});
+    AddEntries(tree, External,
+               {{0, "Circuit Court"},
+                {0, "Crime Lab"}, {1, "Biology"}, {1, "Digital Forensics"}, {1, "Firearms"}, {1, "Latent Prints"},
+                {1, "Toxicology"},
+                {0, "Municipal Court"}, {0, "Officer Custody"}, {0, "Prosecutor's Office"},
+                {0, "State Archive", false}});
+    AddEntries(tree, Disposal,
+               {{0, "Auction"}, {0, "Destroyed"}, {1, "Incineration"}, {1, "Shredding"}, {0, "Released to Agency"},
+                {0, "Returned to Owner"}, {0, "Scrap Yard", false}});
+    AddEntries(tree, Other,
+               {{0, "Pending Review"}, {1, "Awaiting Court Order"}, {1, "Missing Paperwork"}, {0, "In Transit"}});
+    return tree;
+}
+
+LargeTree MakeLargeTree() {
+    LargeTree large;
+    large.counter = large.tree.Add(0, SampleNames::SignInCounter, Internal);
+    large.warehouse = large.tree.Add(0, "Property Warehouse", Internal);
+    large.fullShelf = large.tree.Add(large.warehouse, SampleNames::FullShelf, Internal);
+    AddCategory(large.tree, Internal, 3997, large.storage);
+    AddCategory(large.tree, External, 600, large.signOut);
+    AddCategory(large.tree, Disposal, 300, large.disposal);
+    AddCategory(large.tree, Other, 100, large.other);
+    return large;
+}
+
+}  // namespace quellbrook::sample

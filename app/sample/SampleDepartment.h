@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quellbrook {
+
+// Which department to make. Every date of it lies in the three years before LastDay.
+struct SampleOptions {
+    // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations. Above 0: a generated department
+    // of so many items, one in ten of them a vehicle, in 5,000 locations.
+    int32_t items = 0;
+};
+
+namespace SampleNames {
+inline constexpr const char* AgencyName = "Harlow Bay Police Department";
+// Of a generated department: the location through which every tracked item has passed, and a shelf on which 190 items
+// lie now (a tenth of the items, where there are fewer than 1,900).
+inline constexpr const char* SignInCounter = "Sign-In Counter";
+inline constexpr const char* FullShelf = "Bulk Shelf";
+// The setting that marks a department whose accounts may be shown.
+inline constexpr const char* MarkerSetting = "SampleDepartment";
+}  // namespace SampleNames
+
+inline constexpr int32_t FirstVehicleNo = 5'000'001;  // property is numbered from 1, so that no two items share a key
+
+// An account of every sample department, its password in the open.
+struct SampleAccount {
+    std::string username;
+    std::string password;
+    std::string role;  // a few words for the login form
+};
+const std::vector<SampleAccount>& SampleAccounts();
+
+// Hears how far the making has come, 0 to 100, never less than before. What it throws ends the making.
+using SampleProgress = std::function<void(int percent)>;
+
+// Writes a department into a new database file of our schema. The same options give the same rows, password hashes
+// excepted. The file appears at the path only when it is complete. Error 5 with a sentence when a file stands there
+// already, or when it can't be written.
+void CreateSampleDepartment(const std::string& path, const SampleOptions& options, const SampleProgress& progress = {});
+
+}  // namespace quellbrook

@@ -1,0 +1,286 @@
+#include "app/sample/Chains.h"
+#include "app/sample/Departments.h"
+#include "app/sample/KnownItems.h"
+#include "app/sample/Locations.h"
+#include "app/sample/Numbering.h"
+#include "app/sample/Words.h"
+
+#include <algorithm>
+#include <map>
+
+namespace quellbrook::sample {
+
+namespace {
+
+constexpr int32_t propertyCount = 300, vehicleCount = 40, generatedIncidents = 118;
+
+// "2026-0417" for an incident of this day: a department of this size has some 1.6 a day.
+std::string IncidentId(int32_t day) {
+    const DateTime date{FirstDay.milliseconds + day * DayLength};
+    const DateTime::Parts parts = date.ToParts();
+    const DateTime newYear = DateTime::FromParts({parts.year, 1, 1, 0, 0, 0, 0});
+    const auto dayOfYear = static_cast<int32_t>((date.milliseconds - newYear.milliseconds) / DayLength);
+    return std::to_string(parts.year) + "-" + Padded(dayOfYear * 8 / 5 + 1, 4);
+}
+
+class SmallDepartment {
+public:
+    SmallDepartment(DepartmentWriter& writer, const SampleProgress& progress)
+        : m_writer(writer), m_progress(progress), m_tree(MakeSmallTree()) {}
+
+    void Write() {
+        for (const Location& location : m_tree.All()) m_writer.AddLocation(location);
+        PlacePurposes();
+        for (const Incident& incident : KnownIncidents()) AddIncident(incident);
+        AddKnownProperty();
+        AddKnownVehicles();
+        for (const KnownLink& link : KnownLinks()) Link(m_incidents.at(link.incident), link.item);
+        while (m_generated < generatedIncidents) AddGeneratedIncident();
+        while (m_properties < propertyCount || m_vehicles < vehicleCount) AddLoneItem();
+    }
+
+private:
+    int32_t At(const char* fullName) const { return m_tree.Find(fullName); }
+
+    void PlacePurposes() {
+        m_places.intake = {At("Intake Lockers > Locker 11"), At("Intake Lockers > Locker 12"),
+                           At("Intake Lockers > Locker 13"), At("Intake Lockers > Locker 14")};
+        m_places.labs = {At("Crime Lab > Biology"), At("Crime Lab > Digital Forensics"), At("Crime Lab > Firearms"),
+                         At("Crime Lab > Latent Prints"), At("Crime Lab > Toxicology")};
+        m_places.courts = {At("Circuit Court"), At("Municipal Court")};
+        m_places.officers = {At("Officer Custody")};
+        m_places.prosecutors = {At("Prosecutor's Office")};
+        m_dispositions = {
+            {At("Auction"), {Status::SoldAtAuction, "Sold as part of the quarterly lot."}},
+            {At("Destroyed > Incineration"), {Status::Destroyed, "Destroyed in the presence of two officers."}},
+            {At("Destroyed > Shredding"), {Status::Destroyed, "Destroyed in the presence of two officers."}},
+            {At("Released to Agency"), {Status::ReleasedToAgency, ""}},
+            {At("Returned to Owner"), {Status::ReturnedToOwner, "Receipt signed by owner."}},
+        };
+        for (const auto& [place, disposition] : m_dispositions) m_places.disposal.push_back(place);
+        m_places.review = {At("Pending Review"), At("Pending Review > Missing Paperwork")};
+        for (const char* place : {"Property Room > Aisle 1 > Shelf A", "Property Room > Aisle 1 > Shelf B",
+                                  "Property Room > Aisle 1 > Shelf C", "Property Room > Aisle 2 > Shelf A",
+                                  "Property Room > Aisle 2 > Shelf B", "Property Room > Aisle 2 > Shelf C",
+                                  "Property Room > Aisle 2 > Shelf D", "Property Room > Aisle 3 > Shelf A",
+                                  "Property Room > Aisle 3 > Shelf B > Bin B-1 > Tray 1",
+                                  "Property Room > Aisle 3 > Shelf B > Bin B-2", "Property Room > Aisle 3 > Shelf C"}) {
+            m_shelves.push_back(At(place));
+        }
+        m_vaults = {At("Property Room > Drug Vault > Safe 1"), At("Property Room > Drug Vault > Safe 2 > Drawer 1"),
+                    At("Property Room > Drug Vault > Safe 2 > Drawer 2")};
+        m_rows = {At("Impound Lot > Row 1"), At("Impound Lot > Row 1"), At("Impound Lot > Row 2"),
+                  At("Impound Lot > Row 3"), At("Impound Lot > Row 3"), At("Impound Lot > Covered Bay")};
+    }
+
+    void AddIncident(Incident incident) {
+        incident.no = static_cast<int32_t>(m_incidents.size()) + 1;
+        m_writer.AddIncident(incident);
+        m_incidents.emplace(incident.id, incident.no);
+    }
+
+    void Link(int32_t incident, const std::string& item) {
+        const int32_t no = m_items.at(item);
+        if (no >= FirstVehicleNo) {
+            m_writer.LinkVehicle(incident, no);
+        } else {
+            m_writer.LinkProperty(incident, no);
+        }
+    }
+
+    void AddProperty(Property property, const std::vector<Custody>& chain) {
+        property.no = ++m_properties;
+        property.disposition = DispositionOf(chain);
+        m_items.emplace(property.id, property.no);
+        m_writer.AddProperty(property, chain);
+        Report();
+    }
+
+    void AddVehicle(Vehicle vehicle, const std::vector<Custody>& chain) {
+        vehicle.no = FirstVehicleNo + m_vehicles++;
+        vehicle.disposition = DispositionOf(chain);
+        m_items.emplace(vehicle.tag, vehicle.no);
+        m_writer.AddVehicle(vehicle, chain);
+        Report();
+    }
+
+    void Report() {
+        if (m_progress) m_progress((m_properties + m_vehicles) * 100 / (propertyCount + vehicleCount));
+    }
+
+    // How an item that lies at this place now has fared.
+    Fate FateThatEndsAt(int32_t place, int32_t day) {
+        Fate fate;
+        fate.day = day;
+        fate.endPlace = place;
+        fate.home = place;
+        const int32_t type = m_tree.All()[static_cast<size_t>(place) - 1].type;
+        if (type != Internal) fate.home = m_random.Pick(m_shelves);
+        fate.end = type == Internal ? End::InStorage : type == External ? End::SignedOut : End::Disposed;
+        fate.journeys = m_random.Below(2);
+        return fate;
+    }
+
+    std::vector<Custody> ChainOfLaptop() {
+        std::vector<Custody> chain;
+        for (const KnownRow& row : LaptopChain()) {
+            Custody custody;
+            custody.receivedFrom = row.from;
+            if (row.to > 0) custody.receivedBy = row.to;
+            custody.received = DateTime::FromParts(row.received);
+            custody.written.milliseconds = custody.received.milliseconds + m_random.Between(20'000, 1'200'000);
+            custody.reason = row.reason;
+            custody.location = At(row.place);
+            chain.push_back(custody);
+        }
+        return chain;
+    }
+
+    void AddKnownProperty() {
+        for (const KnownItem& known : KnownProperty()) {
+            Property property;
+            property.id = known.id;
+            property.category = known.category;
+            property.description = known.description;
+            std::vector<Custody> chain;
+            if (property.id == LaptopId) {
+                property.make = "Brandtmoor";
+                property.model = "BX-40";
+                property.serial = "4Q17-088213";
+                property.cents = 85'000;
+                chain = ChainOfLaptop();
+            } else if (*known.place) {
+                const int32_t day = m_random.Between(1020, 1070);
+                chain = MakeChain(m_random, m_places, FateThatEndsAt(At(known.place), day));
+            }
+            AddProperty(property, chain);
+            const auto incident = m_incidents.find(property.id.substr(0, 9));
+            if (incident != m_incidents.end()) Link(incident->second, property.id);
+        }
+    }
+
+    void AddKnownVehicles() {
+        const Fate fate = FateThatEndsAt(At("Impound Lot > Row 2"), 1015);
+        AddVehicle({0, "KTR4821", "OR", 2018, "Silver", "Veldra", "Tarn", 1, true, std::nullopt},
+                   MakeChain(m_random, m_places, fate));
+        AddVehicle({0, "LVN2077", "OR", 2021, "White", "Halden", "Courier", 3, true, std::nullopt}, {});
+    }
+
+    // A day whose incident is not told yet.
+    int32_t FreeDay() {
+        for (;;) {
+            const int32_t day = m_random.Below(1010);
+            if (m_incidents.find(IncidentId(day)) == m_incidents.end()) return day;
+        }
+    }
+
+    void AddGeneratedIncident() {
+        const int32_t day = FreeDay();
+        Incident incident;
+        incident.id = IncidentId(day);
+        incident.secured = m_random.Chance(8);
+        if (m_random.Chance(65)) {
+            incident.caseNumber = "C-" + incident.id.substr(2, 2) + "-" + std::to_string(m_random.Between(1000, 1999));
+        }
+        AddIncident(incident);
+        const int32_t no = m_incidents.at(incident.id);
+        ++m_generated;
+        const int32_t pieces = m_random.Between(1, 3);
+        for (int32_t piece = 1; piece <= pieces && m_properties < propertyCount; ++piece) {
+            AddGeneratedProperty(incident.id + "-" + Padded(piece, 2), day);
+            m_writer.LinkProperty(no, m_properties);
+            if (m_random.Chance(8)) m_writer.LinkProperty(m_random.Between(1, no), m_properties);
+        }
+        if (m_random.Chance(25) && m_vehicles < vehicleCount) {
+            AddGeneratedVehicle(day);
+            m_writer.LinkVehicle(no, FirstVehicleNo + m_vehicles - 1);
+        }
+    }
+
+    // Found property and abandoned vehicles, which belong to no incident.
+    void AddLoneItem() {
+        const int32_t day = m_random.Below(DayCount - LongestChain);
+        if (m_properties < propertyCount) {
+            AddGeneratedProperty("F-" + Padded(++m_found, 4), day);
+        } else {
+            AddGeneratedVehicle(day);
+        }
+    }
+
+    Fate GeneratedFate(int32_t day, int32_t home) {
+        Fate fate;
+        fate.day = day;
+        fate.home = home;
+        fate.journeys = std::max(0, m_random.Below(5) - 1);
+        fate.startsInReview = m_random.Chance(15);
+        const int32_t drawn = m_random.Below(100);
+        fate.end = drawn < 72   ? End::InStorage
+                   : drawn < 83 ? End::SignedOut
+                   : drawn < 95 ? End::Disposed
+                   : drawn < 97 ? End::UnderReview
+                                : End::NoLocation;
+        return fate;
+    }
+
+    // Of an item whose last row took it out of storage for good.
+    std::optional<Disposition> DispositionOf(const std::vector<Custody>& chain) const {
+        if (chain.empty()) return std::nullopt;
+        const std::optional<int32_t>& place = chain.back().location;
+        if (!place) return Disposition{Status::ReleasedToAgency, "Transferred with the case file."};
+        const auto known = m_dispositions.find(*place);
+        if (known == m_dispositions.end()) return std::nullopt;
+        return known->second;
+    }
+
+    int32_t HomeOf(const Property& property) {
+        if (m_random.Chance(4)) return m_random.Pick(m_places.intake);
+        if (property.category == Category::Drugs) return m_random.Pick(m_vaults);
+        if (property.category == Category::Firearms) return At("Property Room > Firearms Cage");
+        if (property.category == Category::Biological) return At("Refrigerated Storage");
+        return m_random.Pick(m_shelves);
+    }
+
+    void AddGeneratedProperty(const std::string& id, int32_t day) {
+        Property property;
+        property.id = id;
+        DescribeProperty(m_random, property);
+        AddProperty(property, MakeChain(m_random, m_places, GeneratedFate(day, HomeOf(property))));
+    }
+
+    void AddGeneratedVehicle(int32_t day) {
+        Vehicle vehicle;
+        do {
+            DescribeVehicle(m_random, vehicle);
+        } while (m_items.find(vehicle.tag) != m_items.end());
+        const int32_t row = m_random.Pick(m_rows);
+        Places places = m_places;
+        places.intake = {row};
+        places.labs = {At("Crime Lab > Latent Prints")};
+        places.disposal = {At("Auction"), At("Returned to Owner")};
+        AddVehicle(vehicle, MakeChain(m_random, places, GeneratedFate(day, row)));
+    }
+
+    DepartmentWriter& m_writer;
+    const SampleProgress& m_progress;
+    const LocationTree m_tree;
+    Random m_random{20261120};
+    Places m_places;
+    std::map<int32_t, Disposition> m_dispositions;
+    std::vector<int32_t> m_shelves;
+    std::vector<int32_t> m_vaults;
+    std::vector<int32_t> m_rows;
+    std::map<std::string, int32_t> m_incidents;
+    std::map<std::string, int32_t> m_items;
+    int32_t m_properties = 0;
+    int32_t m_vehicles = 0;
+    int32_t m_generated = 0;
+    int32_t m_found = 0;
+};
+
+}  // namespace
+
+void WriteSmallDepartment(DepartmentWriter& writer, const SampleProgress& progress) {
+    SmallDepartment(writer, progress).Write();
+}
+
+}  // namespace quellbrook::sample

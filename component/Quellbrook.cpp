@@ -1,0 +1,45 @@
+#include "component/Quellbrook.h"
+
+#include "base/CommandRunner.h"
+#include "base/KeyState.h"
+#include "base/Screen.h"
+#include "base/Timer.h"
+#include "core/Dispatcher.h"
+#include "core/Singletons.h"
+#include "core/Stores.h"
+#include "ui/common/DesktopCommandRunner.h"
+#include "ui/common/Dialogs.h"
+#include "ui/common/WidgetScreen.h"
+#include "ui/controls/Theme.h"
+#include "ui/shell/EvidenceUI.h"
+
+namespace quellbrook {
+
+void Startup() {
+    WidgetScreen::Install();
+    InstallDesktopCommandRunner();
+}
+
+void Shutdown() {
+    DiscardStores();
+    DiscardDispatcher();
+    GetSingletons().SetDialogParent(nullptr);
+    SetCommandRunner(nullptr);
+    SetKeyStateProbe(nullptr);
+    SetTimerFactory(nullptr);
+    SetScreen(nullptr);
+}
+
+void InstallTheme(bool dark) { Theme::Install(dark); }
+
+void SetDialogParent(QWidget* window) { GetSingletons().SetDialogParent(std::make_shared<WindowReference>(window)); }
+
+bool InitializeQuellbrook() { return GetSingletons().InitializeQuellbrook(); }
+
+QWidget* CreateEvidenceUI(QWidget* parent) {
+    auto* control = new EvidenceUI(parent);
+    control->hide();
+    return control;
+}
+
+}  // namespace quellbrook

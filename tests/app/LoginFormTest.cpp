@@ -1,0 +1,106 @@
+#include "app/LoginForm.h"
+#include "tests/support/ui/Widgets.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+namespace {
+
+const std::vector<ShownAccount> accounts = {{"custodian", "lantern", "everything"}, {"auditor", "ledger", "view only"}};
+
+struct Heard {
+    QString username;
+    QString password;
+    int times = 0;
+};
+
+void Listen(LoginForm& form, Heard& heard) {
+    QObject::connect(&form, &LoginForm::Submitted, [&heard](const QString& username, const QString& password) {
+        heard = {username, password, heard.times + 1};
+    });
+}
+
+}  // namespace
+
+TEST(LoginForm, SubmitsWhatIsTypedAtAClickOfTheButton) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    Heard heard;
+    Listen(form, heard);
+    ShowActive(form);
+    form.Restart();
+    Type(Find(form, "username"), " clerk ");
+    Type(Find(form, "password"), " pencil ");
+    Click(Find(form, "logIn"));
+    EXPECT_EQ(heard.times, 1);
+    EXPECT_EQ(heard.username, "clerk");
+    EXPECT_EQ(heard.password, " pencil ") << "blanks may belong to a password";
+}
+
+TEST(LoginForm, EnterSubmitsFromEitherField) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    Heard heard;
+    Listen(form, heard);
+    ShowActive(form);
+    Press(Find(form, "username"), Qt::Key_Return);
+    Press(Find(form, "password"), Qt::Key_Enter);
+    EXPECT_EQ(heard.times, 2);
+}
+
+TEST(LoginForm, ThePasswordIsNotShown) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    EXPECT_EQ(Find<QLineEdit>(form, "password")->echoMode(), QLineEdit::Password);
+}
+
+TEST(LoginForm, WithAUserOnlyThePasswordIsAsked) {
+    LoginForm form("Harlow Bay", QString("clerk"), accounts);
+    Heard heard;
+    Listen(form, heard);
+    ShowActive(form);
+    form.Restart();
+    EXPECT_EQ(form.findChild<QLineEdit*>("username"), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
+    Type(Find(form, "password"), "pencil");
+    Press(Find(form, "password"), Qt::Key_Return);
+    EXPECT_EQ(heard.username, "clerk");
+    EXPECT_EQ(heard.password, "pencil");
+}
+
+TEST(LoginForm, AFailureIsShownAndThePasswordAskedAnew) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    ShowActive(form);
+    Type(Find(form, "password"), "wrong");
+    form.ShowFailure("The user name or the password is not right.");
+    auto* failure = Find<QLabel>(form, "loginError");
+    EXPECT_TRUE(failure->isVisible());
+    EXPECT_EQ(failure->text(), "The user name or the password is not right.");
+    EXPECT_EQ(Find<QLineEdit>(form, "password")->text(), "");
+    EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
+    form.Restart();
+    EXPECT_FALSE(failure->isVisible());
+}
+
+TEST(LoginForm, ShowsTheAccountsThatItIsGivenAndNoOthers) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    EXPECT_EQ(Find<QLabel>(form, "account0")->text(), "custodian");
+    EXPECT_EQ(Find<QLabel>(form, "account1")->text(), "auditor");
+    LoginForm plain("Harlow Bay", std::nullopt, {});
+    for (const QLabel* label : plain.findChildren<QLabel*>()) EXPECT_FALSE(label->objectName().startsWith("account"));
+}
+
+TEST(LoginForm, TextsStayPlain) {
+    LoginForm form("<b>Bay</b>", QString("<i>clerk</i>"), {});
+    for (const QLabel* label : form.findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+TEST(LoginForm, FieldsHaveAccessibleNames) {
+    LoginForm form("Harlow Bay", std::nullopt, {});
+    EXPECT_EQ(Find(form, "username")->accessibleName(), "User name");
+    EXPECT_EQ(Find(form, "password")->accessibleName(), "Password");
+}
+
+}  // namespace quellbrook::testing

@@ -1,0 +1,137 @@
+#include "app/Department.h"
+#include "base/Error.h"
+#include "tests/app/SampleFile.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+namespace {
+
+std::string Bytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+class OpenDepartmentTest : public ::testing::Test {
+protected:
+    std::string InScratch(const std::string& name) const { return m_directory.Path() + "/" + name; }
+
+    std::string CopyOfSample(const std::string& name) const {
+        std::filesystem::copy_file(TheSample().Path(), InScratch(name));
+        return InScratch(name);
+    }
+
+    // The sentence with which the file is refused. It must be as it was afterwards.
+    static std::string RefusalOf(const std::string& path) {
+        const std::string before = Bytes(path);
+        Options options;
+        options.databasePath = path;
+        std::string sentence;
+        try {
+            OpenDepartment(options, "/nowhere", {});
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::General);
+            sentence = error.Description();
+        }
+        EXPECT_EQ(Bytes(path), before);
+        return sentence;
+    }
+
+    ScratchDirectory m_directory;
+};
+
+}  // namespace
+
+TEST_F(OpenDepartmentTest, AFileOfOursOpens) {
+    Options options;
+    options.databasePath = CopyOfSample("room.sqlite");
+    const Department department = OpenDepartment(options, "/nowhere", {});
+    EXPECT_EQ(department.path, InScratch("room.sqlite"));
+    EXPECT_NE(department.engine, nullptr);
+    EXPECT_EQ(department.scratch, nullptr);
+}
+
+TEST_F(OpenDepartmentTest, AnAbsentFileIsNotMade) {
+    const std::string path = InScratch("absent.sqlite");
+    EXPECT_EQ(RefusalOf(path), "There is no database '" + path + "'.");
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(OpenDepartmentTest, AFileThatIsNoDatabaseIsRefused) {
+    const std::string path = InScratch("notes.txt");
+    std::ofstream(path) << std::string(4096, 'x');
+    EXPECT_EQ(RefusalOf(path), "The file '" + path + "' is not a database.");
+}
+
+TEST_F(OpenDepartmentTest, AnotherProgramsDatabaseIsRefused) {
+    const std::string path = InScratch("other.sqlite");
+    SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("CREATE TABLE Property (Name TEXT)");
+    EXPECT_EQ(RefusalOf(path), "The database '" + path + "' belongs to another program.");
+}
+
+TEST_F(OpenDepartmentTest, ANewerDatabaseIsRefused) {
+    const std::string path = CopyOfSample("newer.sqlite");
+    SQLite::Database(path, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 999");
+    EXPECT_EQ(RefusalOf(path), "The database '" + path + "' was made by a newer version of this program.");
+}
+
+TEST_F(OpenDepartmentTest, ADamagedDatabaseIsRefusedWithASentence) {
+    const std::string path = CopyOfSample("damaged.sqlite");
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    for (const int offset : {8192, 40960, 81920}) {
+        file.seekp(offset);
+        file << std::string(2048, '\xEE');
+    }
+    file.close();
+    const std::string sentence = RefusalOf(path);
+    EXPECT_NE(sentence.find(path), std::string::npos) << sentence;
+}
+
+TEST_F(OpenDepartmentTest, TheSampleIsMadeInTheDataDirectoryOnceAndKept) {
+    const std::string data = InScratch("data/quellbrook");
+    int made = 0;
+    const auto progress = [&made](int percent) { made += percent == 100 ? 1 : 0; };
+    EXPECT_EQ(OpenDepartment({}, data, progress).path, data + "/sample.sqlite");
+    EXPECT_GT(made, 0);
+    made = 0;
+    EXPECT_EQ(OpenDepartment({}, data, progress).path, data + "/sample.sqlite");
+    EXPECT_EQ(made, 0);
+}
+
+TEST_F(OpenDepartmentTest, AGeneratedDepartmentHasAFileOfItsOwn) {
+    Options options;
+    options.size = 20;
+    EXPECT_EQ(OpenDepartment(options, InScratch("data"), {}).path, InScratch("data") + "/department-20.sqlite");
+}
+
+TEST_F(OpenDepartmentTest, AScratchCopyIsGoneAfterwards) {
+    Options options;
+    options.fresh = true;
+    std::string path;
+    {
+        const Department department = OpenDepartment(options, InScratch("data"), {});
+        path = department.path;
+        EXPECT_TRUE(std::filesystem::exists(path));
+        EXPECT_FALSE(std::filesystem::exists(InScratch("data")));
+    }
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(path).parent_path()));
+}
+
+TEST_F(OpenDepartmentTest, ADataDirectoryThatCannotBeMadeIsSaidSo) {
+    std::ofstream(InScratch("file")) << "";
+    try {
+        OpenDepartment({}, InScratch("file") + "/data", {});
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Description(),
+                  "The directory '" + InScratch("file") + "/data' can't be made: Not a directory.");
+    }
+}
+
+}  // namespace quellbrook::testing
