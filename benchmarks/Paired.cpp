@@ -1,0 +1,75 @@
+#include "benchmarks/Paired.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+
+namespace quellbrook::bench {
+
+namespace {
+
+double TimeOf(const std::function<void()>& operation, int batch) {
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < batch; ++i) operation();
+    const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
+    return elapsed.count() / batch;
+}
+
+double Median(std::vector<double> times) {
+    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+}
+
+}  // namespace
+
+PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns, int batch) {
+    ours();
+    baseline();
+    std::vector<double> oursTimes, baselineTimes;
+    for (int turn = 0; turn < turns; ++turn) {
+        const bool oursFirst = turn % 2 == 0;
+        if (oursFirst) oursTimes.push_back(TimeOf(ours, batch));
+        baselineTimes.push_back(TimeOf(baseline, batch));
+        if (!oursFirst) oursTimes.push_back(TimeOf(ours, batch));
+    }
+    return {Median(oursTimes), Median(baselineTimes)};
+}
+
+double Measure(const std::function<void()>& operation, int turns, int batch) {
+    operation();
+    std::vector<double> times;
+    for (int turn = 0; turn < turns; ++turn) times.push_back(TimeOf(operation, batch));
+    return Median(times);
+}
+
+void PrintTable(const std::vector<Result>& results) {
+    fmt::print("{:<58} {:>6} {:>12} {:>12} {:>7} {:>7}  {}\n", "row", "n", "ours", "baseline", "ratio", "bar", "holds");
+    for (const Result& result : results) {
+        const std::string baseline = result.baseline ? fmt::format("{:.1f} {}", *result.baseline, result.unit) : "";
+        const std::string ratio = result.baseline ? fmt::format("{:.2f}", result.Ratio()) : "";
+        fmt::print("{:<58} {:>6} {:>12} {:>12} {:>7} {:>7}  {}\n", result.name, result.n,
+                   fmt::format("{:.1f} {}", result.ours, result.unit), baseline, ratio, result.bar,
+                   result.Holds() ? "yes" : "NO");
+    }
+}
+
+void WriteJson(const std::vector<Result>& results, const std::string& path) {
+    std::ofstream file(path);
+    file << "{\"rows\": [";
+    for (size_t i = 0; i < results.size(); ++i) {
+        const Result& result = results[i];
+        file << (i > 0 ? ",\n  " : "\n  ")
+             << fmt::format("{{\"name\": \"{}\", \"n\": {}, \"unit\": \"{}\", \"ours\": {:.3f}, \"baseline\": {}, "
+                            "\"ratio\": {}, \"bar\": {}, \"holds\": {}}}",
+                            result.name, result.n, result.unit, result.ours,
+                            result.baseline ? fmt::format("{:.3f}", *result.baseline) : "null",
+                            result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar,
+                            result.Holds());
+    }
+    file << "\n]}\n";
+}
+
+}  // namespace quellbrook::bench

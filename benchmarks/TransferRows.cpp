@@ -1,0 +1,74 @@
+#include "benchmarks/Rows.h"
+
+#include "data/StorageLocationStatic.h"
+#include "data/StoredItemSearch.h"
+#include "data/TransferStatements.h"
+#include "host/HostDatabase.h"
+
+#include <string>
+
+namespace quellbrook::bench {
+
+namespace {
+
+class Items : public StoredItemList {
+public:
+    std::string TypeName() const override { return "Collection"; }
+    int32_t Count() const override { return static_cast<int32_t>(m_items.size()); }
+    StoredItemRef ItemAt(int32_t index) const override { return m_items.at(static_cast<size_t>(index)); }
+    void Add(StoredItemRef item) { m_items.push_back(std::move(item)); }
+
+private:
+    std::vector<StoredItemRef> m_items;
+};
+
+struct Batch {
+    Items items;
+    std::vector<Baseline::Key> keys;
+};
+
+// Nine in ten are property, spread over the whole department.
+Batch MakeBatch(Baseline& baseline, int count, int offset) {
+    const auto properties = baseline.Integers("SELECT ItemNo FROM CurrentPlace WHERE ItemType = 1 ORDER BY ItemNo");
+    const auto vehicles = baseline.Integers("SELECT ItemNo FROM CurrentPlace WHERE ItemType = 2 ORDER BY ItemNo");
+    Batch batch;
+    for (int i = 0; i < count; ++i) {
+        const bool isVehicle = i % 10 == 9;
+        const auto& keys = isVehicle ? vehicles : properties;
+        const int32_t key = keys.at(static_cast<size_t>((i + offset) * 6007) % keys.size());
+        batch.keys.push_back({isVehicle, key});
+        const auto type = isVehicle ? NumberSearchTypes::VehiclePK : NumberSearchTypes::PropertyPK;
+        batch.items.Add(StoredItemSearch().WithNumber(type, std::to_string(key)).Execute()->ItemAt(0));
+    }
+    return batch;
+}
+
+}  // namespace
+
+void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
+    const auto places = baseline.Integers("SELECT IdNo FROM StorageLocation WHERE Type = 2 ORDER BY IdNo");
+    const auto persons = baseline.Integers("SELECT PersonNo FROM Person ORDER BY PersonNo");
+    const int32_t reason = baseline.Integers("SELECT Code FROM CodeTable WHERE TableNumber = 38 ORDER BY Code").at(0);
+    size_t turn = 0;
+    for (const int count : {1, 10, 100}) {
+        const Batch batch = MakeBatch(baseline, count, 17 * count);
+        TransferData xfer;
+        xfer.DateReceived = xfer.Timestamp();
+        xfer.ReceivedBy = persons.at(0);
+        xfer.ReceivedFrom = persons.at(1);
+        xfer.Reason = reason;
+        const auto place = [&] { return places[turn++ * 31 % places.size()]; };
+        const PairedTimes times = MeasurePair(
+            [&] {
+                xfer.Location = GetStorageLocationStatic().FindByID(place());
+                GetHostDatabase().ExecuteBatch(MakeTransferStatements(batch.items, xfer));
+            },
+            [&] {
+                baseline.Transfer(batch.keys, place(), persons[0], persons[1], reason, xfer.Timestamp().ToText());
+            },
+            count == 100 ? 41 : 81, 1);
+        results.push_back({"transfer in one batch", count, "us", times.ours, times.baseline, 2});
+    }
+}
+
+}  // namespace quellbrook::bench
