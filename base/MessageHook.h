@@ -21,8 +21,8 @@ struct KeyMessage {
 };
 
 // Sees every key and character message of the user interface thread before it is dispatched, as long as it lives. One
-// press of a key is a key-down message and then, where the key has one, a character message; the press is swallowed when
-// either is cancelled. Each press and release is seen once.
+// press of a key is a key-down message and then, where the key has one, a character message; the press is swallowed
+// when either is cancelled. Each press and release is seen once.
 class MessageHook {
 public:
     virtual ~MessageHook() = default;

@@ -197,6 +197,23 @@ TEST_F(ExecuteBatchTest, AFailingStatementInTheMiddleLeavesNothingOfTheBatch) {
     ExpectNothingRemains(before);
 }
 
+TEST_F(ExecuteBatchTest, AFailureEndsInARollbackAndInNothingElse) {
+    const auto recorder = std::make_shared<RecordingEngine>(m_database.GetEngine());
+    m_database.Install(recorder);
+    RaisedBy([] { GetHostDatabase().ExecuteBatch({"UPDATE Setting SET Value='x'", "UPDATE Nowhere SET A=1", "SELECT 1"}); });
+    EXPECT_EQ(recorder->Log(),
+              (Statements{"BEGIN", "UPDATE Setting SET Value='x'", "UPDATE Nowhere SET A=1", "ROLLBACK"}));
+}
+
+TEST_F(ExecuteBatchTest, AFailingCommitEndsInARollback) {
+    const auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    const auto recorder = std::make_shared<RecordingEngine>(faults);
+    m_database.Install(recorder);
+    faults->FailAtCommit(Error(4711, "Fault", "The disk is full."));
+    EXPECT_EQ(RaisedBy([] { GetHostDatabase().ExecuteBatch({"UPDATE Setting SET Value='x'"}); }).Number(), 4711);
+    EXPECT_EQ(recorder->Log(), (Statements{"BEGIN", "UPDATE Setting SET Value='x'", "COMMIT", "ROLLBACK"}));
+}
+
 TEST_F(ExecuteBatchTest, TwoWorkstationsThatWriteOneNumberFailOneBatchAsAWhole) {
     Statements statements = TwoItems();
     statements.insert(statements.begin() + 3, "INSERT INTO PropertyTracking (PropertyNo,SeqNo,LastUpdated) VALUES (" +
