@@ -1,7 +1,6 @@
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
@@ -9,9 +8,13 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2")
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+    "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
 endif()
 
+# Given here and not as a property, which would tell programs from libraries and so keep them from sharing a
+# precompiled header.
+add_compile_options(-fPIC)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
 if(QUELLBROOK_WERROR)
   add_compile_options(-Werror)
@@ -25,10 +28,23 @@ if(QUELLBROOK_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# One static library for one folder: every .cpp in it, and in the sub-folders named behind SUBFOLDERS.
+# Tests are compiled more often than they run.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  set(QUELLBROOK_TEST_OPTIONS -O0)
+endif()
+
+# Lets a target use one of the precompiled headers, where they are switched on.
+function(quellbrook_precompile target headers)
+  if(QUELLBROOK_PRECOMPILE)
+    target_precompile_headers(${target} REUSE_FROM quellbrook_precompiled_${headers})
+  endif()
+endfunction()
+
+# One static library for one folder: every .cpp in it, and in the sub-folders named behind SUBFOLDERS. VIEWS says that
+# it draws widgets.
 # LINK names what its public headers need. All includes are written from the project's root.
 function(quellbrook_library name)
-  cmake_parse_arguments(ARG "" "" "SUBFOLDERS;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "VIEWS" "" "SUBFOLDERS;LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
   foreach(folder IN LISTS ARG_SUBFOLDERS)
     file(GLOB more CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.h")
@@ -42,4 +58,10 @@ function(quellbrook_library name)
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC ${ARG_LINK})
+  set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_VIEWS})
+  if(ARG_VIEWS)
+    quellbrook_precompile(${name} views)
+  else()
+    quellbrook_precompile(${name} model)
+  endif()
 endfunction()
