@@ -159,6 +159,7 @@ void EvidenceExplorer::Shown() {
 
 void EvidenceExplorer::Refresh() {
     m_itemPane->Refresh();
+    if (const StorageLocationRef location = SelectedLocation()) ShowCounts(*location);
 }
 
 void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
@@ -202,11 +203,15 @@ void EvidenceExplorer::DisplayLocation(const StorageLocationRef& location, int& 
     LayoutView();
     m_lblSubtitle->SetCaption("Loading...");
     m_picInfobar->repaint();
-    const auto subLocations = static_cast<int64_t>(location->SubLocations().size());
-    m_lblSubtitle->SetCaption(ToQString(FormatCount(subLocations, "%d storage unit", "%d storage units") + ", " +
-                                        FormatCount(location->StoredItemsCount(), "%d item", "%d items")));
+    ShowCounts(*location);
     m_picInfobar->repaint();
     m_itemPane->SetLocation(location);
+}
+
+void EvidenceExplorer::ShowCounts(StorageLocation& location) {
+    const auto subLocations = static_cast<int64_t>(location.SubLocations().size());
+    m_lblSubtitle->SetCaption(ToQString(FormatCount(subLocations, "%d storage unit", "%d storage units") + ", " +
+                                        FormatCount(location.StoredItemsCount(), "%d item", "%d items")));
 }
 
 QWidget* EvidenceExplorer::ActiveChild() const {

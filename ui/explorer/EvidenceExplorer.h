@@ -61,6 +61,7 @@ private:
     void DisplayCurrentLocation();
     void DisplayNoLocation();
     void DisplayLocation(const StorageLocationRef& location, int& step);
+    void ShowCounts(StorageLocation& location);
     void LayoutView();
 
     QWidget* ActiveChild() const;

@@ -167,6 +167,15 @@ TEST_F(EvidenceExplorerTest, ANodeShowsItsLocation) {
     EXPECT_EQ(m_list->RowCount(), 3);
 }
 
+TEST_F(EvidenceExplorerTest, WhenShownAgainTheListAndItsCountsAreThoseOfNow) {
+    Show(m_shelf);
+    m_explorer->hide();
+    m_database.AddCustodyRow(StoredItemTypes::Property, m_first, m_empty);
+    m_explorer->show();
+    EXPECT_EQ(m_list->RowCount(), 2);
+    EXPECT_EQ(Subtitle(), "1 storage unit, 1 item");
+}
+
 TEST_F(EvidenceExplorerTest, OneOfEachHasTheSingularOfBothWords) {
     const int32_t room = AddLocation("Room");
     AddLocation("Locker", room);
