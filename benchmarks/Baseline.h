@@ -1,5 +1,7 @@
 #pragma once
 
+#include "benchmarks/Statement.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -7,12 +9,11 @@
 
 namespace quellbrook::bench {
 
-// What somebody would write by hand for one job: statements prepared once on a connection of their own, the same file,
-// schema, triggers and settings as the module's connection, rows read into plain structs.
+// What somebody would write by hand for one job: the least text that brings the same rows, prepared once on a connection
+// of its own, the same file, schema, triggers and settings as the module's connection, rows read into plain structs.
 class Baseline {
 public:
     explicit Baseline(const std::string& path);
-    ~Baseline();
 
     struct Item {
         int itemType;
@@ -24,24 +25,26 @@ public:
         double quantity, value;
         int recordType;
     };
+    using Items = std::vector<std::unique_ptr<Item>>;
 
-    std::unique_ptr<Item> Property(int32_t propertyNo);
-    std::unique_ptr<Item> Vehicle(int32_t vehicleNo);
-    std::vector<std::unique_ptr<Item>> Contents(int32_t location);
+    // The two halves of every query for items, with the thirteen columns; conditions on p, v, t and d follow.
+    static const char* const PropertyColumns;
+    static const char* const VehicleColumns;
+    static const char* const VehicleDescription;
 
-    struct Key {
-        bool isVehicle;
-        int32_t id;
-    };
-    // One transaction, two statements an item: the custody row and the pointer to it.
-    void Transfer(const std::vector<Key>& items, int32_t location, int32_t by, int32_t from, int32_t reason,
-                  const std::string& moment);
-
+    Statement Prepare(const std::string& sql) { return Statement(m_database.get(), sql); }
+    void Run(const std::string& sql);
     std::vector<int32_t> Integers(const std::string& sql);
+    std::vector<std::string> Texts(const std::string& sql);
+
+    // Every row of a bound statement, its columns those above.
+    static Items ReadItems(Statement& statement);
 
 private:
-    struct Statements;
-    std::unique_ptr<Statements> m_statements;
+    struct Close {
+        void operator()(sqlite3* database) const { sqlite3_close(database); }
+    };
+    std::unique_ptr<sqlite3, Close> m_database;
 };
 
 }  // namespace quellbrook::bench

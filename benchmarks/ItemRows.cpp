@@ -5,35 +5,50 @@
 
 #include <benchmark/benchmark.h>
 
-#include <stdexcept>
 #include <string>
 
 namespace quellbrook::bench {
 
 namespace {
 
-std::vector<int32_t> Sample(const std::vector<int32_t>& keys, size_t count) {
-    std::vector<int32_t> sample;
-    for (size_t i = 0; i < count; ++i) sample.push_back(keys.at(i * 7919 % keys.size()));
-    return sample;
+const std::string inStorage = " AND t.StorageLocNo IS NOT NULL";
+
+// The candidates that the triggers keep, checked against the item's current custody row.
+std::string LyingIn(const std::string& key, const char* type) {
+    return " WHERE " + key + " IN (SELECT ItemNo FROM CurrentPlace WHERE StorageLocNo = ?1 AND ItemType = " + type +
+           ") AND +t.StorageLocNo = ?1";
 }
 
-void Require(bool found, const char* what) {
-    if (!found) throw std::runtime_error(what);
-}
+const std::string contentsText = Baseline::PropertyColumns + LyingIn("p.PropertyNo", "1") + " UNION ALL " +
+                                 Baseline::VehicleColumns + LyingIn("v.VehicleNo", "2");
+
+const std::string countText =
+    "SELECT (SELECT COUNT(*) FROM Property p INNER JOIN PropertyTracking t ON t.PropertyNo = p.PropertyNo AND "
+    "t.SeqNo = p.CurrTrackSeq" + LyingIn("p.PropertyNo", "1") +
+    ") + (SELECT COUNT(*) FROM Vehicle v INNER JOIN VehicleTracking t ON t.VehicleNo = v.VehicleNo AND "
+    "t.SeqNo = v.CurrTrackSeq" + LyingIn("v.VehicleNo", "2") + ")";
 
 }  // namespace
 
 void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
-    const auto properties = Sample(
-        baseline.Integers("SELECT ItemNo FROM CurrentPlace WHERE ItemType = 1 ORDER BY ItemNo"), 500);
-    const auto vehicles = Sample(
-        baseline.Integers("SELECT ItemNo FROM CurrentPlace WHERE ItemType = 2 ORDER BY ItemNo"), 500);
+    const auto keysOf = [&](const char* type) {
+        return Spread(baseline.Integers(std::string("SELECT ItemNo FROM CurrentPlace WHERE ItemType = ") + type +
+                                        " ORDER BY ItemNo"),
+                      500);
+    };
+    const auto properties = keysOf("1"), vehicles = keysOf("2");
+    Statement property = baseline.Prepare(Baseline::PropertyColumns + (" WHERE p.PropertyNo = ?1" + inStorage));
+    Statement vehicle = baseline.Prepare(Baseline::VehicleColumns + (" WHERE v.VehicleNo = ?1" + inStorage));
     size_t ours = 0, theirs = 0;
     const auto find = [](NumberSearchTypes type, int32_t key) {
         const auto items = StoredItemSearch().WithNumber(type, std::to_string(key)).Execute();
         Require(items->Count() == 1, "An item was not found by its key.");
         benchmark::DoNotOptimize(items->ItemAt(0)->DisplayID().size());
+    };
+    const auto read = [](Statement& statement, int32_t key) {
+        const Baseline::Items items = Baseline::ReadItems(statement.Bind(1, key));
+        Require(items.size() == 1, "The baseline did not find an item.");
+        benchmark::DoNotOptimize(items[0]->displayId.size());
     };
     const PairedTimes times = MeasurePair(
         [&] {
@@ -41,22 +56,22 @@ void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
             find(NumberSearchTypes::VehiclePK, vehicles[ours++ % vehicles.size()]);
         },
         [&] {
-            const auto property = baseline.Property(properties[theirs % properties.size()]);
-            const auto vehicle = baseline.Vehicle(vehicles[theirs++ % vehicles.size()]);
-            Require(property && vehicle, "The baseline did not find an item.");
-            benchmark::DoNotOptimize(property->displayId.size() + vehicle->displayId.size());
+            read(property, properties[theirs % properties.size()]);
+            read(vehicle, vehicles[theirs++ % vehicles.size()]);
         },
         21, 200);
     results.push_back({"item by key, property and vehicle, as objects", 2, "us", times.ours, times.baseline, 4});
 }
 
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
-    const auto places = baseline.Integers(
-        "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1");
-    const StorageLocationRef location = GetStorageLocationStatic().FindByID(places.at(0));
+    const int32_t place = baseline.Integers("SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
+                                            "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1").at(0);
+    const StorageLocationRef location = GetStorageLocationStatic().FindByID(place);
     Require(location != nullptr, "The location with 190 items is not in the location document.");
+    Statement contents = baseline.Prepare(contentsText);
+    Statement counter = baseline.Prepare(countText);
     int count = 0;
-    const PairedTimes times = MeasurePair(
+    const PairedTimes listed = MeasurePair(
         [&] {
             const auto items = location->StoredItems();
             count = items->Count();
@@ -65,12 +80,22 @@ void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
             benchmark::DoNotOptimize(objects.data());
         },
         [&] {
-            const auto items = baseline.Contents(places[0]);
+            const Baseline::Items items = Baseline::ReadItems(contents.Bind(1, place));
             Require(count == static_cast<int>(items.size()), "The baseline reads other contents.");
             benchmark::DoNotOptimize(items.data());
         },
         31, 10);
-    results.push_back({"contents of a location, as objects", count, "us", times.ours, times.baseline, 3});
+    results.push_back({"contents of a location, as objects", count, "us", listed.ours, listed.baseline, 2});
+
+    const PairedTimes counted = MeasurePair(
+        [&] { Require(location->StoredItemsCount() == count, "The count is another than that of the contents."); },
+        [&] {
+            counter.Bind(1, place).Step();
+            Require(counter.Integer(0) == count, "The baseline counts other contents.");
+            counter.Step();
+        },
+        31, 20);
+    results.push_back({"count of a location's contents", count, "us", counted.ours, counted.baseline, 2});
 }
 
 }  // namespace quellbrook::bench

@@ -1,10 +1,13 @@
 #include "app/sample/SampleDepartment.h"
+#include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
+#include "host/HostLocationData.h"
 #include "host/HostServices.h"
 #include "host/engines/SqliteEngine.h"
 
 #include <fmt/core.h>
 
+#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
@@ -22,25 +25,66 @@ public:
     bool HasPermission(const std::string&, int16_t) override { return true; }
 };
 
-int Run(bool quick, const std::string& directory) {
-    const int items = quick ? 100'000 : 1'000'000;
+constexpr int quickSize = 100'000, fullSize = 1'000'000, manyLocations = 100'000;
+
+std::string Department(const std::string& directory, int items) {
     const std::string path = directory + "/bench-" + std::to_string(items) + ".db";
-    std::filesystem::create_directories(directory);
     if (!std::filesystem::exists(path)) {
         fmt::print("Making a department of {} items...\n", items);
+        std::fflush(stdout);
         SampleOptions options;
         options.items = items;
         CreateSampleDepartment(path, options, {});
     }
-    HostServices::Current().SetSession(std::make_shared<EverybodySession>());
-    HostServices::Current().SetEngine(SqliteEngine::Open(path));
+    return path;
+}
 
+void Open(const std::string& path) {
+    HostServices::Current().SetEngine(SqliteEngine::Open(path));
+    HostLocationData::Discard();
+}
+
+// What may take at most twice the time with ten times the items.
+void MeasureGrowth(const std::string& directory, std::vector<bench::Result>& results) {
+    std::vector<bench::Result> few;
+    const std::string path = Department(directory, quickSize);
+    Open(path);
     bench::Baseline baseline(path);
+    bench::MeasureLookups(baseline, few);
+    for (const bench::Result& small : few)
+        for (const bench::Result& large : std::vector(results))
+            if (large.name == small.name)
+                results.push_back({"growth from 100,000 items, " + large.name, 1, "us", large.ours, small.ours, 2});
+}
+
+void MeasureManyLocations(const std::string& directory, std::vector<bench::Result>& results) {
+    const std::string path = directory + "/bench-locations.db";
+    if (!std::filesystem::exists(path)) bench::CreateLocationsOnly(path, manyLocations);
+    Open(path);
+    bench::Baseline baseline(path);
+    bench::MeasureLocationTree(baseline, 300, results);
+}
+
+int Run(bool quick, const std::string& directory) {
+    std::filesystem::create_directories(directory);
+    HostServices::Current().SetSession(std::make_shared<EverybodySession>());
     std::vector<bench::Result> results;
-    bench::MeasureItemByKey(baseline, results);
-    bench::MeasureLocationContents(baseline, results);
-    bench::MeasureTransfers(baseline, results);
-    bench::MeasureLocationTree(results);
+    {
+        const std::string path = Department(directory, quick ? quickSize : fullSize);
+        Open(path);
+        bench::Baseline baseline(path);
+        bench::MeasureItemByKey(baseline, results);
+        bench::MeasureLookups(baseline, results);
+        bench::MeasureLocationContents(baseline, results);
+        bench::MeasureDescriptions(baseline, results);
+        bench::MeasureChain(baseline, results);
+        bench::MeasureRelations(baseline, results);
+        bench::MeasureLocationTree(baseline, 10, results);
+        bench::MeasureTransfers(baseline, results);
+        bench::MeasureManyHits(baseline, results);
+    }
+    if (!quick) MeasureGrowth(directory, results);
+    MeasureManyLocations(directory, results);
     bench::PrintTable(results);
     bench::WriteJson(results, directory + "/bench.json");
 

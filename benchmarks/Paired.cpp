@@ -5,16 +5,20 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
+#include <stdexcept>
 
 namespace quellbrook::bench {
 
 namespace {
 
-double TimeOf(const std::function<void()>& operation, int batch) {
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < batch; ++i) operation();
-    const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
-    return elapsed.count() / batch;
+// Each operation is timed by itself, so that one that the machine interrupts does not weigh on the others.
+void Time(const std::function<void()>& operation, int batch, std::vector<double>& times) {
+    for (int i = 0; i < batch; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        operation();
+        const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
+        times.push_back(elapsed.count());
+    }
 }
 
 double Median(std::vector<double> times) {
@@ -31,9 +35,9 @@ PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<v
     std::vector<double> oursTimes, baselineTimes;
     for (int turn = 0; turn < turns; ++turn) {
         const bool oursFirst = turn % 2 == 0;
-        if (oursFirst) oursTimes.push_back(TimeOf(ours, batch));
-        baselineTimes.push_back(TimeOf(baseline, batch));
-        if (!oursFirst) oursTimes.push_back(TimeOf(ours, batch));
+        if (oursFirst) Time(ours, batch, oursTimes);
+        Time(baseline, batch, baselineTimes);
+        if (!oursFirst) Time(ours, batch, oursTimes);
     }
     return {Median(oursTimes), Median(baselineTimes)};
 }
@@ -41,16 +45,20 @@ PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<v
 double Measure(const std::function<void()>& operation, int turns, int batch) {
     operation();
     std::vector<double> times;
-    for (int turn = 0; turn < turns; ++turn) times.push_back(TimeOf(operation, batch));
+    Time(operation, turns * batch, times);
     return Median(times);
 }
 
+void Require(bool holds, const std::string& sentence) {
+    if (!holds) throw std::runtime_error(sentence);
+}
+
 void PrintTable(const std::vector<Result>& results) {
-    fmt::print("{:<58} {:>6} {:>12} {:>12} {:>7} {:>7}  {}\n", "row", "n", "ours", "baseline", "ratio", "bar", "holds");
+    fmt::print("{:<58} {:>8} {:>12} {:>12} {:>7} {:>7}  {}\n", "row", "n", "ours", "baseline", "ratio", "bar", "holds");
     for (const Result& result : results) {
         const std::string baseline = result.baseline ? fmt::format("{:.1f} {}", *result.baseline, result.unit) : "";
         const std::string ratio = result.baseline ? fmt::format("{:.2f}", result.Ratio()) : "";
-        fmt::print("{:<58} {:>6} {:>12} {:>12} {:>7} {:>7}  {}\n", result.name, result.n,
+        fmt::print("{:<58} {:>8} {:>12} {:>12} {:>7} {:>7}  {}\n", result.name, result.n,
                    fmt::format("{:.1f} {}", result.ours, result.unit), baseline, ratio, result.bar,
                    result.Holds() ? "yes" : "NO");
     }

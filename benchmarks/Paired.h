@@ -21,13 +21,16 @@ struct Result {
 };
 
 // Runs both by turns, so that whatever else the machine does meets both alike, each turn `batch` operations long, and
-// gives the medians of the turns in microseconds for one operation.
+// gives the medians of the operations in microseconds.
 struct PairedTimes {
     double ours;
     double baseline;
 };
 PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns, int batch);
 double Measure(const std::function<void()>& operation, int turns, int batch);
+
+// Stops the run with the sentence, so that no row compares two different things.
+void Require(bool holds, const std::string& sentence);
 
 void PrintTable(const std::vector<Result>& results);
 void WriteJson(const std::vector<Result>& results, const std::string& path);
