@@ -107,7 +107,7 @@ std::string HelpText() {
            "first use in the user's data directory.\n"
            "\n"
            "  --database sqlite:PATH  opens the department in this database file\n"
-           "  --size N                opens a generated department of N items, made on first use\n"
+           "  --size N                opens a generated department of N items, made on first use; up to 2000000\n"
            "  --fresh                 works on a scratch copy that is gone afterwards\n"
            "  --user NAME             logs in as this user; only the password is asked\n"
            "  --tour DIR              plays one transfer on a scratch copy of the sample, by real key and mouse events,\n"

@@ -3,9 +3,11 @@
 #include "app/Department.h"
 #include "app/LocaleFormats.h"
 #include "app/MainWindow.h"
+#include "app/sample/ProgressBar.h"
 #include "app/tour/TourPlayer.h"
 #include "app/tour/TransferRoad.h"
 #include "base/Error.h"
+#include "base/FormatCount.h"
 #include "component/Quellbrook.h"
 #include "host/DatabaseSession.h"
 #include "host/ErrorLog.h"
@@ -65,7 +67,13 @@ Department OpenWithProgress(const Options& options, const QString& dataDirectory
     QProgressDialog window(QObject::tr("Making the sample department..."), QString(), 0, 100);
     window.setWindowTitle(QStringLiteral("Quellbrook"));
     window.setMinimumDuration(300);
-    return OpenDepartment(options, dataDirectory.toStdString(), [&window](int percent) { window.setValue(percent); });
+    sample::ProgressBar bar(options.size ? FormatCount(*options.size, "Making a department of %d item",
+                                                       "Making a department of %d items")
+                                         : "Making the sample department");
+    return OpenDepartment(options, dataDirectory.toStdString(), [&window, &bar](int percent) {
+        window.setValue(percent);
+        bar.Show(percent);
+    });
 }
 
 void Refuse(const Options& options, const Error& error) {

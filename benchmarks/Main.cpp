@@ -1,3 +1,4 @@
+#include "app/sample/ProgressBar.h"
 #include "app/sample/SampleDepartment.h"
 #include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
@@ -30,11 +31,8 @@ constexpr int quickSize = 100'000, fullSize = 1'000'000, manyLocations = 100'000
 std::string Department(const std::string& directory, int items) {
     const std::string path = directory + "/bench-" + std::to_string(items) + ".db";
     if (!std::filesystem::exists(path)) {
-        fmt::print("Making a department of {} items...\n", items);
-        std::fflush(stdout);
-        SampleOptions options;
-        options.items = items;
-        CreateSampleDepartment(path, options, {});
+        sample::ProgressBar bar(fmt::format("Making a department of {} items", items));
+        CreateSampleDepartment(path, SampleOptions{items}, [&bar](int percent) { bar.Show(percent); });
     }
     return path;
 }

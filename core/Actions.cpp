@@ -1,10 +1,24 @@
 #include "core/Actions.h"
 
+#include "base/Error.h"
 #include "base/Screen.h"
 #include "core/ActionTypes.h"
 #include "core/Stores.h"
+#include "host/ErrorLog.h"
 
 namespace quellbrook {
+
+namespace {
+
+void LogFailure(const char* source, const std::string& description) noexcept {
+    try {
+        GetErrorLog().Log("Quellbrook", source, description);
+    } catch (...) {
+        // There is no other place left to tell of it.
+    }
+}
+
+}  // namespace
 
 Action Actions::CreateAction(const char* actionType, TaggedValue payload) { return {actionType, std::move(payload)}; }
 
@@ -14,6 +28,25 @@ void Actions::NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary
 }
 
 void Actions::GoBack() { GetDispatcher()->Dispatch(CreateAction(ActionTypes::VIEW_GO_BACK)); }
+
+void Actions::CreateLocation(const std::string& name, StorageLocationTypes locationType, int32_t containerId) {
+    std::string failure;
+    try {
+        const StorageLocationStatic& locations = GetStorageLocationStatic();
+        const StorageLocationRef parent =
+            containerId != 0 ? locations.FindByID(containerId) : locations.GetRoot(locationType);
+        StorageLocationRef created = Require(parent, "Actions.CreateLocation")->CreateSubLocation(name);
+        GetDispatcher()->Dispatch(CreateAction(ActionTypes::LOCATION_CREATE_SUCCESS, std::move(created)));
+        return;
+    } catch (...) {
+        failure = CurrentError().Description();
+    }
+    try {
+        GetDispatcher()->Dispatch(CreateAction(ActionTypes::LOCATION_CREATE_FAILED, failure));
+    } catch (...) {
+        LogFailure("Actions.CreateLocation", CurrentError().Description());
+    }
+}
 
 void Actions::BeginTransaction(int32_t transactionType, std::shared_ptr<ObjectList> items) {
     SetTransactionType(transactionType);

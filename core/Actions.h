@@ -12,6 +12,9 @@ class Actions {
 public:
     void NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary> viewParameters);
     void GoBack();
+    // Makes a location in the container or, where containerId is 0, at the top of the category. Never fails to its
+    // caller: why it could not be done is the payload of LOCATION_CREATE_FAILED.
+    void CreateLocation(const std::string& name, StorageLocationTypes locationType, int32_t containerId);
     // Two dispatches: the type, then the items.
     void BeginTransaction(int32_t transactionType, std::shared_ptr<ObjectList> items);
     void AddToCart(std::shared_ptr<ObjectList> items);

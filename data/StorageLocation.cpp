@@ -27,8 +27,7 @@ std::string StorageLocation::FullPath(const std::string& pathSeparator, bool inc
 }
 
 StorageLocationList StorageLocation::SubLocations() const {
-    if (m_isDeleted)
-        Raise(ErrorNumber::General, "StorageLocation.SubLocations", "The current location has been deleted.");
+    RequireStanding("StorageLocation.SubLocations");
     const auto document = m_locationData.GetDocument();
     StorageLocationList children;
     for (const pugi::xml_node& node : document->Children(m_path.Append(m_id).ToText(), static_cast<int32_t>(m_type))) {
@@ -60,6 +59,10 @@ std::vector<int32_t> StorageLocation::GetSelfAndDescendantIDs() const {
         ids.insert(ids.end(), below.begin(), below.end());
     }
     return ids;
+}
+
+void StorageLocation::RequireStanding(const char* source) const {
+    if (m_isDeleted) Raise(ErrorNumber::General, source, "The current location has been deleted.");
 }
 
 void StorageLocation::InitializeAs(const std::string& name, StorageLocationTypes type) {

@@ -19,7 +19,12 @@ using StorageLocationRef = std::shared_ptr<StorageLocation>;
 using StorageLocationList = std::vector<StorageLocationRef>;
 
 // A place where evidence can be: a snapshot of one row of StorageLocation, or one of the five roots that stand for the
-// categories and are no rows. Two objects for one row are told to be the same by IsSame. Always held by shared reference.
+// categories and are no rows. Two objects for one row are told to be the same by IsSame. Always held by shared
+// reference.
+//
+// Move, CreateSubLocation, SetEnabled, Rename and Delete write to the database, all of it or nothing, and read the
+// location document again. They fail with error 5 and a sentence for the custodian; where it was the reading that
+// failed, what has been written stands all the same. They test no right.
 class StorageLocation : public Object, public std::enable_shared_from_this<StorageLocation> {
 public:
     std::string TypeName() const override { return "StorageLocation"; }
@@ -29,9 +34,16 @@ public:
     const std::string& Name() const { return m_name; }
     // Null for a root, and where the container's row has gone.
     StorageLocationRef Parent() const;
+    // Puts this location and all below it into another container, or under the root of a category, which all of them
+    // then belong to. Nothing is sent where it stands there already. Error 91 for null.
+    void Move(const StorageLocationRef& newParent);
     // The trimmed names from the top down.
     std::string FullPath(const std::string& pathSeparator = "/", bool includeRoot = false) const;
     StorageLocationTypes LocationType() const { return m_type; }
+    // A new, enabled location in this one, which may be a root; the name is stored as given.
+    StorageLocationRef CreateSubLocation(const std::string& name);
+    // Sets the flag of this location alone; its sublocations keep theirs.
+    void SetEnabled(bool rhs);
     bool Enabled() const { return m_enabled; }
     // The direct children in document order. Error 5 on a deleted object.
     StorageLocationList SubLocations() const;
@@ -39,6 +51,10 @@ public:
     std::shared_ptr<StoredItemList> StoredItems();
     int32_t StoredItemsCount();
     bool IsRoot() const { return m_id == 0; }
+    // The name is stored as given; one of blanks alone is refused.
+    void Rename(const std::string& newName);
+    // Removes this location and all below it, or nothing where one of them is in use.
+    void Delete();
     // False for null; the type is compared too, since all roots have identifier 0.
     bool IsSame(const StorageLocation* other) const;
     // Reads the whole table again; a vanished row leaves this object deleted. A root does nothing.
@@ -53,6 +69,12 @@ public:
     void LoadFromXMLDOMNode(const pugi::xml_node& node);
 
 private:
+    // Error 5 on a deleted object.
+    void RequireStanding(const char* source) const;
+    // Asks the database, not the document.
+    static bool NameExists(const std::string& path, const std::string& name, StorageLocationTypes locationType,
+                           int32_t excludeId);
+
     mutable HostLocationData m_locationData;
     int32_t m_id = -1;
     std::string m_name;

@@ -26,7 +26,8 @@ constexpr int32_t soon = 3, sometime = 90;
 
 class Itinerary {
 public:
-    Itinerary(Random& random, const Places& places, const Fate& fate) : m_random(random), m_places(places), m_fate(fate) {
+    Itinerary(Random& random, const Places& places, const Fate& fate)
+        : m_random(random), m_places(places), m_fate(fate) {
         ComeIn();
         for (int32_t k = 0; k < fate.journeys; ++k) {
             GoOut(0);

@@ -77,4 +77,15 @@ const std::vector<Person>& Persons() {
     return persons;
 }
 
+const std::vector<Stand>& OddStands() {
+    static const std::vector<Stand> stands = {
+        {{115, "Łukasiewicz-Žižková", "Żaneta", "Evidence Technician"}, 107},
+        {{116, "山田", "花子", "Forensic Analyst"}, 110},
+        {{117, "Кузнецова", "Ольга", "Detective"}, 106},
+        {{118, "  D'Arcy \"Red\" ", "Niamh", "Court Liaison"}, 113},
+        {{119, "الخطيب", "ليلى", "Patrol Officer"}, 108},
+    };
+    return stands;
+}
+
 }  // namespace quellbrook::sample

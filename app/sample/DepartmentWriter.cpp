@@ -6,15 +6,11 @@ namespace {
 
 const char* const locationDate = "2023-11-01T08:00:00.000";
 
-SQLite::Database OpenForLoading(const std::string& path) {
-    SQLite::Database database(path, SQLite::OPEN_READWRITE);
-    database.exec("PRAGMA journal_mode = OFF");
-    database.exec("PRAGMA synchronous = OFF");
-    database.exec("PRAGMA cache_size = -65536");
-    return database;
-}
+// Of an attachment's owner.
+constexpr int32_t ownedByProperty = 6, ownedByVehicle = 7;
 
-void BindNumber(SQLite::Statement& statement, int index, const std::optional<int32_t>& value) {
+template <typename Number>
+void BindNumber(SQLite::Statement& statement, int index, const std::optional<Number>& value) {
     if (value) {
         statement.bind(index, *value);
     } else {
@@ -50,40 +46,37 @@ std::optional<int32_t> CurrentSequence(const std::vector<Custody>& chain) {
 }  // namespace
 
 DepartmentWriter::DepartmentWriter(const std::string& path)
-    : m_database(OpenForLoading(path)),
-      m_location(m_database, "INSERT INTO StorageLocation (IdNo, Name, Type, Path, ActiveFlag, DateEntered, LastUpdated) "
-                             "VALUES (?, ?, ?, ?, ?, ?, ?)"),
-      m_code(m_database, "INSERT INTO CodeTable (TableNumber, Code, Name, Description, IsActive) VALUES (?, ?, ?, ?, ?)"),
-      m_person(m_database, "INSERT INTO Person (PersonNo, Title, FirstName, LastName, IsActive) VALUES (?, ?, ?, ?, ?)"),
+    : m_load(path),
+      m_location(m_database,
+                 "INSERT INTO StorageLocation (IdNo, Name, Type, Path, ActiveFlag, DateEntered, LastUpdated) "
+                 "VALUES (?, ?, ?, ?, ?, ?, ?)"),
+      m_code(m_database,
+             "INSERT INTO CodeTable (TableNumber, Code, Name, Description, IsActive) VALUES (?, ?, ?, ?, ?)"),
+      m_person(m_database,
+               "INSERT INTO Person (PersonNo, Title, FirstName, LastName, IsActive) VALUES (?, ?, ?, ?, ?)"),
       m_account(m_database, "INSERT INTO Account (Username, PasswordHash, PersonNo) VALUES (?, ?, ?)"),
       m_right(m_database, "INSERT INTO AccountRight (Username, ModuleKey, Value) VALUES (?, ?, ?)"),
       m_setting(m_database, "INSERT INTO Setting (Name, Value) VALUES (?, ?)"),
       m_incident(m_database, "INSERT INTO Incident (IncidentNo, IncidentId, CaseNbr, IsSecured) VALUES (?, ?, ?, ?)"),
+      m_folder(m_database, "INSERT INTO AttachmentFolder (FolderNo, Path) VALUES (?, ?)"),
+      m_attachment(m_database,
+                   "INSERT INTO AttachmentIndex (IdNo, ObjTypeInd, SeqNo, FolderNo, FileName) VALUES (?, ?, ?, ?, ?)"),
       m_property(m_database,
                  "INSERT INTO Property (PropertyNo, PropertyID, Description, CategoryNo, Quantity, PropertyValue, "
-                 "ManufacNbr, ModelNbr, SerialNbr, RecordTypeInd, CurrTrackSeq, HasFinalDisposition, DisposalNote, "
-                 "CurrStatusNo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                 "ManufacNbr, ModelNbr, SerialNbr, RecordTypeInd, CurrTrackSeq, CurrImageSeq, HasFinalDisposition, "
+                 "DisposalNote, CurrStatusNo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       m_propertyCustody(m_database,
                         "INSERT INTO PropertyTracking (PropertyNo, SeqNo, ReceivedBy, ReceivedFrom, DateReceived, "
                         "CustodyReasonNo, StorageLocNo, LastUpdated) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
       m_propertyLink(m_database, "INSERT INTO IncdProperty (IncidentNo, PropertyNo) VALUES (?, ?)"),
       m_vehicle(m_database,
                 "INSERT INTO Vehicle (VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel, "
-                "CategoryNo, RecordTypeInd, CurrTrackSeq, HasFinalDisposition, DisposalNote, CurrStatusNo) "
-                "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                "CategoryNo, RecordTypeInd, CurrTrackSeq, CurrImageSeq, HasFinalDisposition, DisposalNote, "
+                "CurrStatusNo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
       m_vehicleCustody(m_database,
                        "INSERT INTO VehicleTracking (VehicleNo, SeqNo, ReceivedBy, ReceivedFrom, DateReceived, "
                        "CustodyReasonNo, StorageLocNo, LastUpdated) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
-      m_vehicleLink(m_database, "INSERT INTO IncdVehicle (IncidentNo, VehicleNo) VALUES (?, ?)") {
-    SQLite::Statement list(m_database,
-                           "SELECT type, name, sql FROM sqlite_schema WHERE type IN ('index', 'trigger') AND sql IS NOT "
-                           "NULL ORDER BY rowid");
-    while (list.executeStep()) {
-        m_aside.push_back({list.getColumn(0).getString(), list.getColumn(1).getString(), list.getColumn(2).getString()});
-    }
-    for (const Aside& aside : m_aside) m_database.exec("DROP " + aside.type + " " + aside.name);
-    m_database.exec("BEGIN");
-}
+      m_vehicleLink(m_database, "INSERT INTO IncdVehicle (IncidentNo, VehicleNo) VALUES (?, ?)") {}
 
 void DepartmentWriter::Add(SQLite::Statement& insert) {
     insert.exec();
@@ -95,7 +88,7 @@ void DepartmentWriter::AddLocation(const Location& location) {
     m_location.bindNoCopy(2, location.name);
     m_location.bind(3, location.type);
     m_location.bindNoCopy(4, location.path);
-    m_location.bind(5, location.active ? 1 : 0);
+    BindNumber(m_location, 5, location.active);
     m_location.bind(6, locationDate);
     m_location.bind(7, locationDate);
     Add(m_location);
@@ -149,12 +142,22 @@ void DepartmentWriter::AddIncident(const Incident& incident) {
     Add(m_incident);
 }
 
+void DepartmentWriter::AddFolder(int32_t folder, const std::string& path) {
+    m_folder.bind(1, folder);
+    m_folder.bindNoCopy(2, path);
+    Add(m_folder);
+}
+
 void DepartmentWriter::AddProperty(const Property& property, const std::vector<Custody>& chain) {
     m_property.bind(1, property.no);
-    BindText(m_property, 2, property.id);
-    m_property.bindNoCopy(3, property.description);
-    m_property.bind(4, property.category);
-    m_property.bind(5, property.quantity);
+    if (property.id) {
+        m_property.bindNoCopy(2, *property.id);
+    } else {
+        m_property.bind(2);
+    }
+    BindText(m_property, 3, property.description);
+    BindNumber(m_property, 4, property.category);
+    BindNumber(m_property, 5, property.quantity);
     if (property.cents) {
         m_property.bind(6, *property.cents / 100.0);
     } else {
@@ -165,26 +168,42 @@ void DepartmentWriter::AddProperty(const Property& property, const std::vector<C
     BindText(m_property, 9, property.serial);
     m_property.bind(10, property.tagged ? 1 : 0);
     BindNumber(m_property, 11, CurrentSequence(chain));
-    BindDisposition(m_property, 12, property.disposition);
+    BindNumber(m_property, 12, property.attachments.image);
+    BindDisposition(m_property, 13, property.disposition);
     Add(m_property);
     AddChain(m_propertyCustody, property.no, chain);
+    AddAttachments(property.no, ownedByProperty, property.attachments.files);
 }
 
 void DepartmentWriter::AddVehicle(const Vehicle& vehicle, const std::vector<Custody>& chain) {
-    const std::string year = std::to_string(vehicle.year);
+    const std::string year = vehicle.year > 0 ? std::to_string(vehicle.year) : "";
     m_vehicle.bind(1, vehicle.no);
     BindText(m_vehicle, 2, vehicle.tag);
     BindText(m_vehicle, 3, vehicle.state);
-    m_vehicle.bindNoCopy(4, year);
-    m_vehicle.bindNoCopy(5, vehicle.color);
-    m_vehicle.bindNoCopy(6, vehicle.make);
-    m_vehicle.bindNoCopy(7, vehicle.model);
-    m_vehicle.bind(8, vehicle.category);
+    BindText(m_vehicle, 4, year);
+    BindText(m_vehicle, 5, vehicle.color);
+    BindText(m_vehicle, 6, vehicle.make);
+    BindText(m_vehicle, 7, vehicle.model);
+    BindNumber(m_vehicle, 8, vehicle.category);
     m_vehicle.bind(9, vehicle.tagged ? 1 : 0);
     BindNumber(m_vehicle, 10, CurrentSequence(chain));
-    BindDisposition(m_vehicle, 11, vehicle.disposition);
+    BindNumber(m_vehicle, 11, vehicle.attachments.image);
+    BindDisposition(m_vehicle, 12, vehicle.disposition);
     Add(m_vehicle);
     AddChain(m_vehicleCustody, vehicle.no, chain);
+    AddAttachments(vehicle.no, ownedByVehicle, vehicle.attachments.files);
+}
+
+void DepartmentWriter::AddAttachments(int32_t owner, int32_t ownerKind, const std::vector<Attachment>& files) {
+    int32_t sequence = 0;
+    for (const Attachment& file : files) {
+        m_attachment.bind(1, owner);
+        m_attachment.bind(2, ownerKind);
+        m_attachment.bind(3, ++sequence);
+        BindNumber(m_attachment, 4, file.folder);
+        BindText(m_attachment, 5, file.fileName);
+        Add(m_attachment);
+    }
 }
 
 void DepartmentWriter::AddChain(SQLite::Statement& insert, int32_t item, const std::vector<Custody>& chain) {
@@ -214,19 +233,6 @@ void DepartmentWriter::LinkVehicle(int32_t incident, int32_t vehicle) {
     m_vehicleLink.bind(1, incident);
     m_vehicleLink.bind(2, vehicle);
     Add(m_vehicleLink);
-}
-
-void DepartmentWriter::Finish() {
-    m_database.exec(
-        "INSERT INTO CurrentPlace (StorageLocNo, ItemType, ItemNo) "
-        "SELECT t.StorageLocNo, 1, i.PropertyNo FROM Property i INNER JOIN PropertyTracking t "
-        "ON t.PropertyNo = i.PropertyNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL "
-        "UNION ALL SELECT t.StorageLocNo, 2, i.VehicleNo FROM Vehicle i INNER JOIN VehicleTracking t "
-        "ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL ORDER BY 1, 2, 3");
-    m_database.exec("INSERT INTO PropertyDescription (PropertyDescription) VALUES ('rebuild')");
-    for (const Aside& aside : m_aside) m_database.exec(aside.sql);
-    m_database.exec("COMMIT");
-    m_database.exec("PRAGMA journal_mode = WAL");
 }
 
 }  // namespace quellbrook::sample

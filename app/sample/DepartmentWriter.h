@@ -1,17 +1,15 @@
 #pragma once
 
+#include "app/sample/BulkLoad.h"
 #include "app/sample/Codes.h"
 #include "app/sample/Rows.h"
-
-#include <SQLiteCpp/SQLiteCpp.h>
 
 #include <string>
 #include <vector>
 
 namespace quellbrook::sample {
 
-// Fills a fresh database of our schema in one transaction, its indexes and triggers set aside until Finish. The file is
-// not safe against a crash before that.
+// Fills a fresh database of our schema; see BulkLoad for what is in force meanwhile.
 class DepartmentWriter {
 public:
     explicit DepartmentWriter(const std::string& path);
@@ -23,27 +21,23 @@ public:
     void AddRight(const std::string& username, const std::string& module, int32_t value);
     void AddSetting(const std::string& name, const std::string& value);
     void AddIncident(const Incident& incident);
-    // The item with its whole chain, oldest row first; the last row is the current one.
+    void AddFolder(int32_t folder, const std::string& path);
+    // The item with its attachments and its whole chain, oldest row first; the last row is the current one.
     void AddProperty(const Property& property, const std::vector<Custody>& chain);
     void AddVehicle(const Vehicle& vehicle, const std::vector<Custody>& chain);
     void LinkProperty(int32_t incident, int32_t property);
     void LinkVehicle(int32_t incident, int32_t vehicle);
 
-    // Puts indexes and triggers back, fills what the triggers would have filled, commits.
-    void Finish();
+    // Nothing may be added afterwards. Error 5 with a sentence when the rows do not fit together.
+    void Finish(const SampleProgress& progress) { m_load.Finish(progress); }
 
 private:
-    struct Aside {
-        std::string type;
-        std::string name;
-        std::string sql;
-    };
-
     static void Add(SQLite::Statement& insert);
     static void AddChain(SQLite::Statement& insert, int32_t item, const std::vector<Custody>& chain);
+    void AddAttachments(int32_t owner, int32_t ownerKind, const std::vector<Attachment>& files);
 
-    SQLite::Database m_database;
-    std::vector<Aside> m_aside;
+    BulkLoad m_load;
+    SQLite::Database& m_database = m_load.Database();
     SQLite::Statement m_location;
     SQLite::Statement m_code;
     SQLite::Statement m_person;
@@ -51,6 +45,8 @@ private:
     SQLite::Statement m_right;
     SQLite::Statement m_setting;
     SQLite::Statement m_incident;
+    SQLite::Statement m_folder;
+    SQLite::Statement m_attachment;
     SQLite::Statement m_property;
     SQLite::Statement m_propertyCustody;
     SQLite::Statement m_propertyLink;

@@ -2,6 +2,7 @@
 #include "app/sample/Departments.h"
 #include "app/sample/Locations.h"
 #include "app/sample/Numbering.h"
+#include "app/sample/Oddities.h"
 #include "app/sample/Words.h"
 
 #include <algorithm>
@@ -20,10 +21,11 @@ public:
           m_vehicles(items / 10),
           m_properties(items - m_vehicles),
           m_incidents(std::max(1, items * 2 / 5)),
-          m_large(MakeLargeTree()) {}
+          m_large(MakeLargeTree(LocationsFor(items))) {}
 
     void Write() {
         for (const Location& location : m_large.tree.All()) m_writer.AddLocation(location);
+        for (const Stand& stand : OddStands()) m_writer.AddPerson(stand.person);
         m_places.intake = {m_large.counter};
         m_places.labs = m_places.courts = m_places.officers = m_places.prosecutors = m_large.signOut;
         m_places.disposal = m_large.disposal;
@@ -44,12 +46,16 @@ private:
         return std::to_string(date.ToParts().year) + "-" + Padded(incident, 6);
     }
 
+    // One incident in forty is told under the case number of the one before.
     void AddIncident(int32_t no) {
         Incident incident;
         incident.no = no;
         incident.id = IdOf(no);
         incident.secured = m_random.Chance(5);
-        if (m_random.Chance(70)) incident.caseNumber = "C-" + incident.id.substr(2, 2) + "-" + std::to_string(100'000 + no);
+        if (m_random.Chance(70)) {
+            const int32_t number = no > 1 && no % 40 == 0 ? no - 1 : no;
+            incident.caseNumber = "C-" + incident.id.substr(2, 2) + "-" + std::to_string(100'000 + number);
+        }
         m_writer.AddIncident(incident);
     }
 
@@ -59,11 +65,20 @@ private:
         return index * marks / m_properties != (index + 1) * marks / m_properties;
     }
 
+    // Where the piece lies if that is not left to chance; 0 for most.
+    int32_t MarkedPlace(int32_t index) const {
+        if (Marked(index, itemsOnFullShelf)) return m_large.fullShelf;
+        return Marked((index + m_properties / 3) % m_properties, itemsAtCounter) ? m_large.counter : 0;
+    }
+
     Fate MakeFate(int32_t day) {
         Fate fate;
         fate.day = day;
         const int32_t drawn = m_random.Below(100);
-        fate.end = drawn < 84 ? End::InStorage : drawn < 89 ? End::SignedOut : drawn < 95 ? End::Disposed : End::NoLocation;
+        fate.end = drawn < 84   ? End::InStorage
+                   : drawn < 89 ? End::SignedOut
+                   : drawn < 95 ? End::Disposed
+                                : End::NoLocation;
         const int32_t home = m_random.Below(100);
         fate.home = home < 2 ? m_large.warehouse : m_random.Pick(m_large.storage);
         const int32_t journeys = m_random.Below(100);
@@ -81,26 +96,27 @@ private:
         property.id = IdOf(incident) + "-" + Padded(m_piece, 2);
         DescribeProperty(m_random, property);
         Fate fate = MakeFate(DayOf(incident));
-        const bool untracked = m_random.Chance(3);
-        if (Marked(index, itemsOnFullShelf)) {
-            fate.home = m_large.fullShelf;
+        bool untracked = m_random.Chance(3);
+        if (const int32_t place = MarkedPlace(index); place > 0) {
+            fate.home = place;
             fate.end = End::InStorage;
-            m_writer.AddProperty(property, MakeChain(m_random, m_places, fate));
-        } else if (Marked((index + m_properties / 3) % m_properties, itemsAtCounter)) {
-            fate.home = m_large.counter;
-            fate.end = End::InStorage;
-            m_writer.AddProperty(property, MakeChain(m_random, m_places, fate));
-        } else {
-            AddTracked(property, untracked, fate);
+            untracked = false;
         }
+        if (fate.end == End::Disposed && !untracked) property.disposition = Disposition{Status::Destroyed, ""};
+        MakeOdd(index, property);
+        if (const auto filing = FilingOf(index)) AttachPictures(property, *filing, index / 6);
+        m_writer.AddProperty(property, ChainOf(index, untracked, fate));
         m_writer.LinkProperty(incident, property.no);
         if (m_random.Chance(25)) m_writer.LinkProperty(m_random.Between(1, m_incidents), property.no);
+        if (IsLinkedTwice(index)) m_writer.LinkProperty(incident, property.no);
         Report(index);
     }
 
-    void AddTracked(Property& property, bool untracked, const Fate& fate) {
-        if (fate.end == End::Disposed && !untracked) property.disposition = Disposition{Status::Destroyed, ""};
-        m_writer.AddProperty(property, untracked ? std::vector<Custody>() : MakeChain(m_random, m_places, fate));
+    std::vector<Custody> ChainOf(int32_t index, bool untracked, const Fate& fate) {
+        if (untracked) return {};
+        std::vector<Custody> chain = MakeChain(m_random, m_places, fate);
+        NameOddPersons(index, chain);
+        return chain;
     }
 
     void AddVehicle(int32_t index) {
@@ -111,8 +127,11 @@ private:
         const Fate fate = MakeFate(DayOf(incident));
         const bool untracked = m_random.Chance(3);
         if (fate.end == End::Disposed && !untracked) vehicle.disposition = Disposition{Status::SoldAtAuction, ""};
-        m_writer.AddVehicle(vehicle, untracked ? std::vector<Custody>() : MakeChain(m_random, m_places, fate));
+        MakeOdd(index, vehicle);
+        if (const auto filing = FilingOf(index)) AttachPictures(vehicle, *filing);
+        m_writer.AddVehicle(vehicle, ChainOf(index, untracked, fate));
         m_writer.LinkVehicle(incident, vehicle.no);
+        if (IsLinkedTwice(index)) m_writer.LinkVehicle(incident, vehicle.no);
         Report(m_properties + index);
     }
 

@@ -2,6 +2,7 @@
 
 #include "app/sample/Rows.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ namespace quellbrook::sample {
 class LocationTree {
 public:
     // Under the container with this identifier, or at the top of the category when it is 0. The new identifier.
-    int32_t Add(int32_t container, const std::string& name, int32_t type, bool active = true);
+    int32_t Add(int32_t container, const std::string& name, int32_t type, std::optional<bool> active = true);
 
     const std::vector<Location>& All() const { return m_locations; }
     // By the names from the top down, joined by " > ". Error 5 when there is no such location.
@@ -25,6 +26,10 @@ private:
 // The sixty locations of the sample department.
 LocationTree MakeSmallTree();
 
+// How many locations a generated department has: one for twenty items, 100 at least and 5,000 at most. One of more than
+// 100,000 items has no more places than that, but fuller ones.
+int32_t LocationsFor(int32_t items);
+
 struct LargeTree {
     LocationTree tree;
     int32_t counter = 0;                // the sign-in counter
@@ -36,7 +41,8 @@ struct LargeTree {
     std::vector<int32_t> other;
 };
 
-// Five thousand locations on five levels.
-LargeTree MakeLargeTree();
+// So many locations, 100 at least, on five levels in every category but the uncategorised. One in eleven has an odd
+// name. Some have no word on whether they are in use, some are out of use, and some of these hold others that are not.
+LargeTree MakeLargeTree(int32_t locations);
 
 }  // namespace quellbrook::sample

@@ -9,7 +9,8 @@
 
 namespace quellbrook::sample {
 
-// The rows of a department, as the makers hand them to the writer.
+// The rows of a department, as the makers hand them to the writer. An empty text is written as NULL, except an
+// identifier that is there and empty.
 
 inline constexpr int32_t Internal = 2, External = 4, Disposal = 8, Other = 16;
 
@@ -19,7 +20,7 @@ struct Location {
     int32_t type = Internal;
     std::string path;  // of the container
     std::string ownPath;  // of what lies in it
-    bool active = true;
+    std::optional<bool> active = true;
 };
 
 struct Custody {
@@ -36,37 +37,50 @@ struct Disposition {
     std::string note;
 };
 
+struct Attachment {
+    std::optional<int32_t> folder;
+    std::string fileName;
+};
+
+// The files of an item are numbered from 1 in their order; the image is the number of the main one.
+struct Attachments {
+    std::vector<Attachment> files;
+    std::optional<int32_t> image;
+};
+
 struct Property {
     int32_t no = 0;
-    std::string id;
+    std::optional<std::string> id;
     std::string description;
-    int32_t category = 0;
-    int32_t quantity = 1;
+    std::optional<int32_t> category;
+    std::optional<double> quantity = 1;
     std::optional<int32_t> cents;
-    std::string make;  // an empty text is written as NULL
+    std::string make;
     std::string model;
     std::string serial;
     bool tagged = true;
     std::optional<Disposition> disposition;
+    Attachments attachments;
 };
 
 struct Vehicle {
     int32_t no = 0;
     std::string tag;
     std::string state;
-    int32_t year = 0;
+    int32_t year = 0;  // 0: not known
     std::string color;
     std::string make;
     std::string model;
-    int32_t category = 0;
+    std::optional<int32_t> category;
     bool tagged = true;
     std::optional<Disposition> disposition;
+    Attachments attachments;
 };
 
 struct Incident {
     int32_t no = 0;
     std::string id;
-    std::string caseNumber;  // an empty text is written as NULL
+    std::string caseNumber;
     bool secured = false;
 };
 

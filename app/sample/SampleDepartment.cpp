@@ -1,16 +1,20 @@
 #include "app/sample/SampleDepartment.h"
 
+#include "app/sample/Attach.h"
 #include "app/sample/Departments.h"
+#include "app/sample/Pictures.h"
+#include "app/sample/Progress.h"
 #include "base/Error.h"
+#include "base/Text.h"
 #include "host/CodeTableLookup.h"
 #include "host/DatabaseSession.h"
 #include "host/schema/SqliteSchema.h"
 
-#include <algorithm>
+#include <cerrno>
 #include <filesystem>
-#include <utility>
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 namespace quellbrook {
@@ -18,6 +22,7 @@ namespace quellbrook {
 namespace {
 
 const char* const source = "CreateSampleDepartment";
+const char* const unfinishedEnding = ".making";
 
 struct Right {
     const char* module;
@@ -35,7 +40,8 @@ const std::vector<AccountPlan>& Plans() {
         {{"custodian", "lantern", "everything"},
          sample::Officer::Raman,
          {{"MIProperty", 0}, {"MIVehicle", 0}, {"Storage", 0}, {"Storage", 1}, {"Storage", 2}, {"Storage", 11},
-          {"Storage", 12}, {"Storage", 13}, {"Storage", 15}, {"EvidenceManagement", 11}, {"Incident", 5}, {"Incident", 6}}},
+          {"Storage", 12}, {"Storage", 13}, {"Storage", 15}, {"EvidenceManagement", 11}, {"Incident", 5},
+          {"Incident", 6}}},
         {{"clerk", "pencil", "sign in, sign out, move"},
          107,
          {{"MIProperty", 0}, {"MIVehicle", 0}, {"Storage", 0}, {"Storage", 1}}},
@@ -56,6 +62,8 @@ void WriteHostTables(sample::DepartmentWriter& writer) {
         writer.AddAccount(plan.account.username, HashPassword(plan.account.password), plan.person);
         for (const Right& right : plan.rights) writer.AddRight(plan.account.username, right.module, right.value);
     }
+    writer.AddFolder(sample::PropertyFolder, sample::PropertyPictures);
+    writer.AddFolder(sample::VehicleFolder, sample::VehiclePictures);
     writer.AddSetting("AgencyName", SampleNames::AgencyName);
     writer.AddSetting(SampleNames::MarkerSetting, "1");
 }
@@ -75,12 +83,38 @@ void FlushToDisk(const std::string& path) {
 void Fill(const std::string& path, const SampleOptions& options, const SampleProgress& progress) {
     sample::DepartmentWriter writer(path);
     WriteHostTables(writer);
+    const SampleProgress rows = sample::PartOf(progress, 0, 55);
     if (options.items > 0) {
-        WriteLargeDepartment(writer, options.items, progress);
+        WriteLargeDepartment(writer, options.items, rows);
     } else {
-        WriteSmallDepartment(writer, progress);
+        WriteSmallDepartment(writer, rows);
     }
-    writer.Finish();
+    writer.Finish(sample::PartOf(progress, 55, 99));
+}
+
+// Whether the text is a number of a process, and none of that number runs.
+bool IsGoneProcess(const std::string& text) {
+    int32_t number = 0;
+    try {
+        number = ParseInt32(text);
+    } catch (const Error&) {
+        return false;
+    }
+    return number > 0 && kill(number, 0) != 0 && errno == ESRCH;
+}
+
+// What a making left that was killed; nobody else would ever remove it.
+void RemoveLeftovers(const std::filesystem::path& path) {
+    std::vector<std::string> leftovers;
+    std::error_code ignored;
+    const std::filesystem::path directory = path.has_parent_path() ? path.parent_path() : ".";
+    for (const auto& entry : std::filesystem::directory_iterator(directory, ignored)) {
+        const std::filesystem::path name = entry.path().filename(), stem = name.stem();
+        const std::string process = stem.extension().string();
+        if (name.extension() != unfinishedEnding || stem.stem() != path.filename() || process.empty()) continue;
+        if (IsGoneProcess(process.substr(1))) leftovers.push_back(entry.path().string());
+    }
+    for (const std::string& leftover : leftovers) RemoveDatabaseFiles(leftover);
 }
 
 void RefuseStandingFile(const std::string& path) {
@@ -102,14 +136,19 @@ const std::vector<SampleAccount>& SampleAccounts() {
 
 void CreateSampleDepartment(const std::string& path, const SampleOptions& options, const SampleProgress& progress) {
     RefuseStandingFile(path);
-    const std::string unfinished = path + "." + std::to_string(getpid()) + ".making";
+    RemoveLeftovers(path);
+    const std::string unfinished = path + "." + std::to_string(getpid()) + unfinishedEnding;
     RemoveDatabaseFiles(unfinished);
+    sample::PictureFiles pictures(std::filesystem::path(path).parent_path());
     try {
         CreateDatabase(unfinished);
         Fill(unfinished, options, progress);
+        pictures.Write();
         FlushToDisk(unfinished);
+        if (progress) progress(100);
         RefuseStandingFile(path);
         std::filesystem::rename(unfinished, path);
+        pictures.Keep();
     } catch (...) {
         const Error failure = CurrentError();
         RemoveDatabaseFiles(unfinished);

@@ -7,10 +7,13 @@
 
 namespace quellbrook {
 
-// Which department to make. Every date of it lies in the three years before LastDay.
+// Which department to make. Every date of it lies in the three years up to November 20th, 2026.
 struct SampleOptions {
-    // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations. Above 0: a generated department
-    // of so many items, one in ten of them a vehicle, in 5,000 locations.
+    // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations, a few odd things among them.
+    // Above 0: a generated department of so many items, one in ten of them a vehicle, in one location for twenty items,
+    // 100 locations at least and 5,000 at most. From a thousand items on it holds everything that is awkward: names
+    // with quotes, padded blanks and other scripts; items that lack a location, a category, an identifier, a state code
+    // or a quantity; items linked twice to an incident; locations out of use that hold others; pictures filed wrongly.
     int32_t items = 0;
 };
 
@@ -37,9 +40,11 @@ const std::vector<SampleAccount>& SampleAccounts();
 // Hears how far the making has come, 0 to 100, never less than before. What it throws ends the making.
 using SampleProgress = std::function<void(int percent)>;
 
-// Writes a department into a new database file of our schema. The same options give the same rows, password hashes
-// excepted. The file appears at the path only when it is complete. Error 5 with a sentence when a file stands there
-// already, or when it can't be written.
+// Writes a department into a new database file of our schema, and the pictures that it names into the folder Pictures
+// beside it; all departments of a directory share them. The same options give the same rows, password hashes excepted,
+// and a picture has the same bytes everywhere. The file appears at the path only when it is complete and its rows are
+// proven to fit together; what a making that was killed left is refused as a database and is removed by the next one.
+// Error 5 with a sentence when a file stands there already, or when it can't be written.
 void CreateSampleDepartment(const std::string& path, const SampleOptions& options, const SampleProgress& progress = {});
 
 }  // namespace quellbrook

@@ -3,6 +3,8 @@
 #include "app/sample/KnownItems.h"
 #include "app/sample/Locations.h"
 #include "app/sample/Numbering.h"
+#include "app/sample/SmallOddities.h"
+#include "app/sample/SmallPlaces.h"
 #include "app/sample/Words.h"
 
 #include <algorithm>
@@ -26,11 +28,10 @@ std::string IncidentId(int32_t day) {
 class SmallDepartment {
 public:
     SmallDepartment(DepartmentWriter& writer, const SampleProgress& progress)
-        : m_writer(writer), m_progress(progress), m_tree(MakeSmallTree()) {}
+        : m_writer(writer), m_progress(progress), m_tree(MakeSmallTree()), m_small(PlacesIn(m_tree)) {}
 
     void Write() {
         for (const Location& location : m_tree.All()) m_writer.AddLocation(location);
-        PlacePurposes();
         for (const Incident& incident : KnownIncidents()) AddIncident(incident);
         AddKnownProperty();
         AddKnownVehicles();
@@ -41,37 +42,6 @@ public:
 
 private:
     int32_t At(const char* fullName) const { return m_tree.Find(fullName); }
-
-    void PlacePurposes() {
-        m_places.intake = {At("Intake Lockers > Locker 11"), At("Intake Lockers > Locker 12"),
-                           At("Intake Lockers > Locker 13"), At("Intake Lockers > Locker 14")};
-        m_places.labs = {At("Crime Lab > Biology"), At("Crime Lab > Digital Forensics"), At("Crime Lab > Firearms"),
-                         At("Crime Lab > Latent Prints"), At("Crime Lab > Toxicology")};
-        m_places.courts = {At("Circuit Court"), At("Municipal Court")};
-        m_places.officers = {At("Officer Custody")};
-        m_places.prosecutors = {At("Prosecutor's Office")};
-        m_dispositions = {
-            {At("Auction"), {Status::SoldAtAuction, "Sold as part of the quarterly lot."}},
-            {At("Destroyed > Incineration"), {Status::Destroyed, "Destroyed in the presence of two officers."}},
-            {At("Destroyed > Shredding"), {Status::Destroyed, "Destroyed in the presence of two officers."}},
-            {At("Released to Agency"), {Status::ReleasedToAgency, ""}},
-            {At("Returned to Owner"), {Status::ReturnedToOwner, "Receipt signed by owner."}},
-        };
-        for (const auto& [place, disposition] : m_dispositions) m_places.disposal.push_back(place);
-        m_places.review = {At("Pending Review"), At("Pending Review > Missing Paperwork")};
-        for (const char* place : {"Property Room > Aisle 1 > Shelf A", "Property Room > Aisle 1 > Shelf B",
-                                  "Property Room > Aisle 1 > Shelf C", "Property Room > Aisle 2 > Shelf A",
-                                  "Property Room > Aisle 2 > Shelf B", "Property Room > Aisle 2 > Shelf C",
-                                  "Property Room > Aisle 2 > Shelf D", "Property Room > Aisle 3 > Shelf A",
-                                  "Property Room > Aisle 3 > Shelf B > Bin B-1 > Tray 1",
-                                  "Property Room > Aisle 3 > Shelf B > Bin B-2", "Property Room > Aisle 3 > Shelf C"}) {
-            m_shelves.push_back(At(place));
-        }
-        m_vaults = {At("Property Room > Drug Vault > Safe 1"), At("Property Room > Drug Vault > Safe 2 > Drawer 1"),
-                    At("Property Room > Drug Vault > Safe 2 > Drawer 2")};
-        m_rows = {At("Impound Lot > Row 1"), At("Impound Lot > Row 1"), At("Impound Lot > Row 2"),
-                  At("Impound Lot > Row 3"), At("Impound Lot > Row 3"), At("Impound Lot > Covered Bay")};
-    }
 
     void AddIncident(Incident incident) {
         incident.no = static_cast<int32_t>(m_incidents.size()) + 1;
@@ -91,7 +61,9 @@ private:
     void AddProperty(Property property, const std::vector<Custody>& chain) {
         property.no = ++m_properties;
         property.disposition = DispositionOf(chain);
-        m_items.emplace(property.id, property.no);
+        m_items.emplace(*property.id, property.no);
+        MakeOddInSample(property);
+        AttachInSample(property);
         m_writer.AddProperty(property, chain);
         Report();
     }
@@ -100,6 +72,8 @@ private:
         vehicle.no = FirstVehicleNo + m_vehicles++;
         vehicle.disposition = DispositionOf(chain);
         m_items.emplace(vehicle.tag, vehicle.no);
+        MakeOddInSample(vehicle);
+        AttachInSample(vehicle);
         m_writer.AddVehicle(vehicle, chain);
         Report();
     }
@@ -115,7 +89,7 @@ private:
         fate.endPlace = place;
         fate.home = place;
         const int32_t type = m_tree.All()[static_cast<size_t>(place) - 1].type;
-        if (type != Internal) fate.home = m_random.Pick(m_shelves);
+        if (type != Internal) fate.home = m_random.Pick(m_small.shelves);
         fate.end = type == Internal ? End::InStorage : type == External ? End::SignedOut : End::Disposed;
         fate.journeys = m_random.Below(2);
         return fate;
@@ -154,16 +128,16 @@ private:
                 chain = MakeChain(m_random, m_places, FateThatEndsAt(At(known.place), day));
             }
             AddProperty(property, chain);
-            const auto incident = m_incidents.find(property.id.substr(0, 9));
-            if (incident != m_incidents.end()) Link(incident->second, property.id);
+            const auto incident = m_incidents.find(property.id->substr(0, 9));
+            if (incident != m_incidents.end()) Link(incident->second, *property.id);
         }
     }
 
     void AddKnownVehicles() {
         const Fate fate = FateThatEndsAt(At("Impound Lot > Row 2"), 1015);
-        AddVehicle({0, "KTR4821", "OR", 2018, "Silver", "Veldra", "Tarn", 1, true, std::nullopt},
+        AddVehicle({0, "KTR4821", "OR", 2018, "Silver", "Veldra", "Tarn", 1, true, std::nullopt, {}},
                    MakeChain(m_random, m_places, fate));
-        AddVehicle({0, "LVN2077", "OR", 2021, "White", "Halden", "Courier", 3, true, std::nullopt}, {});
+        AddVehicle({0, "LVN2077", "OR", 2021, "White", "Halden", "Courier", 3, true, std::nullopt, {}}, {});
     }
 
     // A day whose incident is not told yet.
@@ -189,11 +163,14 @@ private:
         for (int32_t piece = 1; piece <= pieces && m_properties < propertyCount; ++piece) {
             AddGeneratedProperty(incident.id + "-" + Padded(piece, 2), day);
             m_writer.LinkProperty(no, m_properties);
+            if (IsLinkedTwiceInSample(m_properties)) m_writer.LinkProperty(no, m_properties);
             if (m_random.Chance(8)) m_writer.LinkProperty(m_random.Between(1, no), m_properties);
         }
         if (m_random.Chance(25) && m_vehicles < vehicleCount) {
             AddGeneratedVehicle(day);
-            m_writer.LinkVehicle(no, FirstVehicleNo + m_vehicles - 1);
+            const int32_t vehicle = FirstVehicleNo + m_vehicles - 1;
+            m_writer.LinkVehicle(no, vehicle);
+            if (IsLinkedTwiceInSample(vehicle)) m_writer.LinkVehicle(no, vehicle);
         }
     }
 
@@ -227,24 +204,26 @@ private:
         if (chain.empty()) return std::nullopt;
         const std::optional<int32_t>& place = chain.back().location;
         if (!place) return Disposition{Status::ReleasedToAgency, "Transferred with the case file."};
-        const auto known = m_dispositions.find(*place);
-        if (known == m_dispositions.end()) return std::nullopt;
+        const auto known = m_small.dispositions.find(*place);
+        if (known == m_small.dispositions.end()) return std::nullopt;
         return known->second;
     }
 
     int32_t HomeOf(const Property& property) {
         if (m_random.Chance(4)) return m_random.Pick(m_places.intake);
-        if (property.category == Category::Drugs) return m_random.Pick(m_vaults);
+        if (property.category == Category::Drugs) return m_random.Pick(m_small.vaults);
         if (property.category == Category::Firearms) return At("Property Room > Firearms Cage");
         if (property.category == Category::Biological) return At("Refrigerated Storage");
-        return m_random.Pick(m_shelves);
+        return m_random.Pick(m_small.shelves);
     }
 
     void AddGeneratedProperty(const std::string& id, int32_t day) {
         Property property;
         property.id = id;
         DescribeProperty(m_random, property);
-        AddProperty(property, MakeChain(m_random, m_places, GeneratedFate(day, HomeOf(property))));
+        Fate fate = GeneratedFate(day, HomeOf(property));
+        if (const char* place = PlaceOutOfUse(m_properties + 1)) fate.home = At(place);
+        AddProperty(property, MakeChain(m_random, m_places, fate));
     }
 
     void AddGeneratedVehicle(int32_t day) {
@@ -252,7 +231,7 @@ private:
         do {
             DescribeVehicle(m_random, vehicle);
         } while (m_items.find(vehicle.tag) != m_items.end());
-        const int32_t row = m_random.Pick(m_rows);
+        const int32_t row = m_random.Pick(m_small.rows);
         Places places = m_places;
         places.intake = {row};
         places.labs = {At("Crime Lab > Latent Prints")};
@@ -264,11 +243,8 @@ private:
     const SampleProgress& m_progress;
     const LocationTree m_tree;
     Random m_random{20261120};
-    Places m_places;
-    std::map<int32_t, Disposition> m_dispositions;
-    std::vector<int32_t> m_shelves;
-    std::vector<int32_t> m_vaults;
-    std::vector<int32_t> m_rows;
+    const SmallPlaces m_small;
+    const Places& m_places = m_small.purposes;
     std::map<std::string, int32_t> m_incidents;
     std::map<std::string, int32_t> m_items;
     int32_t m_properties = 0;

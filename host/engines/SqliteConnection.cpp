@@ -103,7 +103,13 @@ void SqliteConnection::Query(const std::string& sql, const RowReceiver& receiver
 SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const sql::QueryShape& shape) {
     StatementPtr statement = TakeKeptQuery(shape.text);
     if (!statement) statement = PrepareQuery(shape.text, shape.keys.size());
-    for (size_t i = 0; i < shape.keys.size(); ++i) statement->Bind(static_cast<int>(i) + 1, shape.keys[i]);
+    for (size_t i = 0; i < shape.keys.size(); ++i) {
+        const int position = static_cast<int>(i) + 1;
+        if (const auto* number = std::get_if<int64_t>(&shape.keys[i]))
+            statement->Bind(position, *number);
+        else
+            statement->Bind(position, std::string_view(std::get<std::string>(shape.keys[i])));
+    }
     return statement;
 }
 
@@ -210,6 +216,12 @@ void SqliteConnection::Rollback() noexcept {
     m_inBatch = false;
     if (sqlite3_get_autocommit(m_database->getHandle())) return;
     if (sqlite3_exec(m_database->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr) != SQLITE_OK) m_isHealthy = false;
+}
+
+bool SqliteConnection::IsHealthy() {
+    int hasMoved = 0;
+    sqlite3_file_control(m_database->getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    return m_isHealthy && !hasMoved;
 }
 
 void SqliteConnection::Reset() {

@@ -33,7 +33,8 @@ public:
     void Begin() override;
     void Commit() override;
     void Rollback() noexcept override;
-    bool IsHealthy() override { return m_isHealthy; }
+    // False also once the file has been deleted or replaced: what is written to it then is lost.
+    bool IsHealthy() override;
     void Reset() override;
 
 private:

@@ -33,6 +33,7 @@ Dialect DialectOf(Connection& connection) {
     const Names names = NamesInSchema(connection);
     Dialect dialect;
     dialect.concatenation = "||";
+    dialect.equalsLikeLike = true;  // every text column of the schema collates NOCASE
     dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
     dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
     return dialect;

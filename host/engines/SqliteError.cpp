@@ -2,6 +2,8 @@
 
 #include "base/Error.h"
 
+#include <filesystem>
+
 #include <sqlite3.h>
 
 namespace quellbrook {
@@ -36,6 +38,10 @@ void RaiseOpenFailure(const std::string& path, int code, std::string_view words)
         case SQLITE_READONLY:
         case SQLITE_PERM:
         case SQLITE_CANTOPEN:
+            if (std::error_code ignored; !std::filesystem::exists(path, ignored)) {
+                sentence = "There is no database '" + path + "'.";
+                break;
+            }
             sentence = "The database '" + path + "' or the folder that it is in is write-protected.";
             break;
         default: sentence = "The database '" + path + "' can't be opened: " + std::string(words) + ".";

@@ -1,5 +1,6 @@
 #include "app/Department.h"
 #include "base/Error.h"
+#include "host/HostServices.h"
 #include "tests/app/SampleFile.h"
 
 #include <filesystem>
@@ -107,6 +108,16 @@ TEST_F(OpenDepartmentTest, AGeneratedDepartmentHasAFileOfItsOwn) {
     Options options;
     options.size = 20;
     EXPECT_EQ(OpenDepartment(options, InScratch("data"), {}).path, InScratch("data") + "/department-20.sqlite");
+}
+
+TEST_F(OpenDepartmentTest, OnlyOneOfTheSamplesMakingMayShowItsAccounts) {
+    Options options;
+    options.databasePath = CopyOfSample("room.sqlite");
+    HostServices::Current().SetEngine(OpenDepartment(options, "/nowhere", {}).engine);
+    EXPECT_TRUE(IsSampleDepartment());
+    SQLite::Database(*options.databasePath, SQLite::OPEN_READWRITE).exec("DELETE FROM Setting");
+    EXPECT_FALSE(IsSampleDepartment());
+    HostServices::Current().SetEngine(nullptr);
 }
 
 TEST_F(OpenDepartmentTest, AScratchCopyIsGoneAfterwards) {

@@ -67,6 +67,13 @@ TEST_F(ActionsTest, BeginningWithAnEmptyCollectionLeavesABatchOpenAndEmpty) {
     EXPECT_TRUE(m_stores.Cart->IsEmpty());
 }
 
+TEST_F(ActionsTest, BeginningDuringAnOpenBatchIsNotRefused) {
+    GetActions().BeginTransaction(TransactionType::SignOut, ListOf({MakeItem(1)}));
+    GetActions().BeginTransaction(TransactionType::Move, ListOf({MakeItem(2)}));
+    EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::Move);
+    EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 2);
+}
+
 TEST_F(ActionsTest, AddingGoesToTheOpenBatch) {
     GetActions().BeginTransaction(TransactionType::SignOut, ListOf({MakeItem(1)}));
     GetActions().AddToCart(ListOf({MakeItem(2)}));
@@ -133,6 +140,14 @@ TEST_F(ActionsTest, AnsweringNoToTheCancelPromptDispatchesNothing) {
     GetActions().CancelTransactionWithPrompt();
     EXPECT_TRUE(m_seen->actions.empty());
     EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 1);
+}
+
+TEST_F(ActionsTest, APromptThatCannotBeShownReachesTheCallerAndDispatchesNothing) {
+    GetActions().BeginTransaction(TransactionType::Move, ListOf({MakeItem(1)}));
+    m_seen->actions.clear();
+    m_screen.WhileMessageOpen = [](const testing::RecordingScreen::Message&) { Raise(91, "Dialogs.ShowForm"); };
+    EXPECT_EQ(testing::RaisedBy([] { GetActions().CancelTransactionWithPrompt(); }).Number(), 91);
+    EXPECT_TRUE(m_seen->actions.empty());
 }
 
 TEST_F(ActionsTest, CancellingAsksNothing) {

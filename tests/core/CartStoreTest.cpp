@@ -263,6 +263,12 @@ TEST_F(CartStoreTest, EachTaskNeedsItsRight) {
     EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "nothing");
 }
 
+TEST_F(CartStoreTest, AFailureOfTheHostsSessionReachesTheCaller) {
+    const auto item = ItemAt(StorageLocationTypes::Internal);
+    HostServices::Current().SetSession(nullptr);
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetAllowedTasks(item); }).Number(), 91);
+}
+
 TEST_F(CartStoreTest, TheHostIsAskedFiveTimesForOneAnswer) {
     const auto item = ItemAt(StorageLocationTypes::DisposalLocation);
     Add({item});

@@ -193,6 +193,18 @@ TEST_F(StorageLocationTest, RefreshOfAVanishedRowLeavesADeletedObjectThatStillAn
     EXPECT_EQ(Find(m_annex), nullptr);
 }
 
+TEST_F(StorageLocationTest, ARowThatComesBackIsReadAgainButTheObjectStaysDeleted) {
+    const auto location = Find(m_annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    location->Refresh();
+    m_database.Execute("INSERT INTO StorageLocation (IdNo, Name, Type, Path, DateEntered, LastUpdated) "
+                       "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02', '2026-01-02')",
+                       {m_annex});
+    location->Refresh();
+    EXPECT_EQ(location->Name(), "Annex again");
+    EXPECT_TRUE(location->IsDeleted());
+}
+
 TEST_F(StorageLocationTest, ADeletedObjectHasNoContents) {
     const auto location = Find(m_annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});

@@ -115,7 +115,7 @@ TEST_F(SqliteConnectionTest, ParametersAreBoundByTheirKind) {
     for (const auto& [value, expected] : cases) {
         m_connection->Execute("DELETE FROM Kinds");
         m_connection->Execute("INSERT INTO Kinds (Value) VALUES (?)", {value});
-        EXPECT_EQ(Value("SELECT typeof(Value) || ' ' || Value FROM Kinds"), TaggedValue(expected));
+        EXPECT_EQ(m_database.QueryValue("SELECT typeof(Value) || ' ' || Value FROM Kinds"), TaggedValue(expected));
     }
     for (const TaggedValue& nothing : {TaggedValue(), TaggedValue(Null())}) {
         m_connection->Execute("DELETE FROM Kinds");
@@ -255,7 +255,8 @@ TEST_F(SqliteConnectionTest, StatementsOfOneShapeInABatchKeepTheirOwnValues) {
         m_connection->Execute("UPDATE Setting SET Value = Value || '!' WHERE Name = 'n" + number + "'");
     }
     m_connection->Commit();
-    EXPECT_EQ(Value("SELECT COUNT(*) FROM Setting WHERE Value = 'it''s ' || substr(Name, 2) || '!'"), TaggedValue(50));
+    EXPECT_EQ(Value("SELECT COUNT(*) FROM Setting WHERE Value = 'it''s ' || REPLACE(Name, 'n', '') || '!'"),
+              TaggedValue(50));
 }
 
 TEST_F(SqliteConnectionTest, ALiteralWhereNoParameterMayStandStillWorksInABatch) {

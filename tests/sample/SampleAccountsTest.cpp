@@ -2,7 +2,7 @@
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
 #include "host/engines/SqliteEngine.h"
-#include "tests/app/SampleFile.h"
+#include "tests/sample/SampleFile.h"
 
 #include <map>
 #include <set>
@@ -50,7 +50,8 @@ TEST_F(SampleAccountsTest, ThreeAccountsLogInWithThePasswordsShownAndHaveTheirRi
 
 TEST_F(SampleAccountsTest, PasswordsStandHashedOnly) {
     for (const SampleAccount& account : SampleAccounts()) {
-        const auto hash = TheSample().Rows("SELECT PasswordHash FROM Account WHERE Username = '" + account.username + "'");
+        const auto hash =
+            TheSample().Rows("SELECT PasswordHash FROM Account WHERE Username = '" + account.username + "'");
         ASSERT_EQ(hash.size(), 1u);
         EXPECT_EQ(hash[0].find(account.password), std::string::npos);
         EXPECT_GT(hash[0].size(), 40u);
@@ -64,7 +65,9 @@ TEST_F(SampleAccountsTest, OneAccountsPasswordDoesNotOpenAnother) {
 }
 
 TEST_F(SampleAccountsTest, TheSampleMayShowItsAccountsAndNamesItsAgency) {
-    EXPECT_TRUE(IsSampleDepartment());
+    EXPECT_EQ(
+        TheSample().Rows("SELECT Value FROM Setting WHERE Name = '" + std::string(SampleNames::MarkerSetting) + "'"),
+        std::vector<std::string>{"1"});
     EXPECT_EQ(DatabaseSession().AgencyName(), SampleNames::AgencyName);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/app/SampleFile.h"
+#include "tests/sample/SampleFile.h"
 
 #include <gtest/gtest.h>
 
@@ -35,16 +35,20 @@ inline void ExpectSoundChains(const SampleFile& file) {
         EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " WHERE ReceivedBy NOT IN (SELECT PersonNo FROM "
                               "Person) OR ReceivedFrom NOT IN (SELECT PersonNo FROM Person)"), 0);
         // What has been disposed of is marked so, and nothing else.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + std::string(item) + " i LEFT JOIN " + table + " t ON t." + key +
-                              " = i." + key + " AND t.SeqNo = i.CurrTrackSeq LEFT JOIN StorageLocation s ON s.IdNo = "
-                              "t.StorageLocNo WHERE s.Type = 8 AND (i.HasFinalDisposition = 0 OR i.CurrStatusNo IS NULL) "
-                              "OR s.Type <> 8 AND i.HasFinalDisposition = 1"), 0);
+        EXPECT_EQ(
+            file.Number("SELECT COUNT(*) FROM " + std::string(item) + " i LEFT JOIN " + table + " t ON t." + key +
+                        " = i." + key +
+                        " AND t.SeqNo = i.CurrTrackSeq LEFT JOIN StorageLocation s ON s.IdNo = "
+                        "t.StorageLocNo WHERE s.Type = 8 AND (i.HasFinalDisposition = 0 OR i.CurrStatusNo IS NULL) "
+                        "OR s.Type <> 8 AND i.HasFinalDisposition = 1"),
+            0);
     }
-    EXPECT_EQ(file.Number("SELECT COUNT(*) FROM CurrentPlace"),
-              file.Number("SELECT COUNT(*) FROM Property i INNER JOIN PropertyTracking t ON t.PropertyNo = i.PropertyNo "
-                          "AND t.SeqNo = i.CurrTrackSeq AND t.StorageLocNo IS NOT NULL") +
-                  file.Number("SELECT COUNT(*) FROM Vehicle i INNER JOIN VehicleTracking t ON t.VehicleNo = i.VehicleNo "
-                              "AND t.SeqNo = i.CurrTrackSeq AND t.StorageLocNo IS NOT NULL"));
+    EXPECT_EQ(
+        file.Number("SELECT COUNT(*) FROM CurrentPlace"),
+        file.Number("SELECT COUNT(*) FROM Property i INNER JOIN PropertyTracking t ON t.PropertyNo = i.PropertyNo "
+                    "AND t.SeqNo = i.CurrTrackSeq AND t.StorageLocNo IS NOT NULL") +
+            file.Number("SELECT COUNT(*) FROM Vehicle i INNER JOIN VehicleTracking t ON t.VehicleNo = i.VehicleNo "
+                        "AND t.SeqNo = i.CurrTrackSeq AND t.StorageLocNo IS NOT NULL"));
     EXPECT_TRUE(file.Rows("PRAGMA foreign_key_check").empty());
     EXPECT_EQ(file.Rows("PRAGMA integrity_check"), std::vector<std::string>{"ok"});
 }

@@ -1,0 +1,163 @@
+#include "base/Clock.h"
+#include "base/Error.h"
+#include "base/Text.h"
+#include "data/RowDocuments.h"
+#include "data/StorageLocationStatic.h"
+#include "host/HostDatabase.h"
+
+namespace quellbrook {
+
+namespace {
+
+constexpr const char* emptyLine = "\r\n\r\n";
+
+std::string NumberText(int32_t number) { return std::to_string(number); }
+std::string NumberText(StorageLocationTypes type) { return std::to_string(static_cast<int32_t>(type)); }
+std::string Literal(const std::string& text) { return GetHostDatabase().PrepareText(text); }
+std::string Literal(const LocationPath& path) { return Literal(path.ToText()); }
+std::string AnyBelow(const LocationPath& path) { return GetHostDatabase().PrepareLike(path.ToText() + "*"); }
+
+// Does the work; any failure in it becomes error 5 with the sentence made of it.
+template <typename Work, typename Sentence>
+auto Guarded(const char* source, Work work, Sentence sentence) {
+    try {
+        return work();
+    } catch (...) {
+        Raise(ErrorNumber::General, source, sentence(CurrentError()));
+    }
+}
+
+std::string NameTakenText(const std::string& name) {
+    return "A location with the name '" + name + "' already exists here.";
+}
+
+std::unique_ptr<pugi::xml_document> MakeRow(const std::string& name, StorageLocationTypes type,
+                                            const LocationPath& path, const DateTime& moment) {
+    using List = std::vector<TaggedValue>;
+    return CreateRowXmlNode("StorageLocation",
+                            List{"Name", "Type", "Path", "ActiveFlag", "DateEntered", "LastUpdated"},
+                            List{name, static_cast<int32_t>(type), path.ToText(), true, moment, moment});
+}
+
+}  // namespace
+
+bool StorageLocation::NameExists(const std::string& path, const std::string& name, StorageLocationTypes locationType,
+                                 int32_t excludeId) {
+    const TaggedValue count = GetHostDatabase().LookupValue(
+        "StorageLocation", "COUNT(IdNo) AS TotalCount",
+        {"Path=" + Literal(path), "Name=" + Literal(name), "Type=" + NumberText(locationType),
+         "IdNo <> " + NumberText(excludeId)});
+    return ToInt32(count) > 0;
+}
+
+void StorageLocation::Move(const StorageLocationRef& newParent) {
+    const char* const source = "StorageLocation.Move";
+    if (IsRoot())
+        Raise(ErrorNumber::General, source,
+              "Cannot move '" + m_name + "' - it is a type of location, not an actual location.");
+    RequireStanding(source);
+    Require(newParent, source);
+    const auto move = [&] {
+        const LocationPath selfChildren = m_path.Append(m_id);
+        const LocationPath target = newParent->GetPath().Append(newParent->ID());
+        const LocationPath proposed = target.Append(m_id);
+        const StorageLocationTypes type = newParent->LocationType();
+        if (proposed.HasRepeatedId())
+            Raise(ErrorNumber::General, source,
+                  "A location cannot be moved into itself or one of its own sublocations.");
+        if (m_path.Equals(target) && m_type == type) return;
+        if (NameExists(target.ToText(), m_name, type, 0))
+            Raise(ErrorNumber::General, source,
+                  "There is already a location with the name '" + m_name + "' in '" + newParent->Name() + "'. " +
+                      emptyLine + "Rename this location or the other location already in '" + newParent->Name() +
+                      "' before moving this location.");
+        GetHostDatabase().ExecuteBatch(
+            {"UPDATE StorageLocation SET Type = " + NumberText(type) + ", Path = REPLACE(Path, " +
+                 Literal(selfChildren) + ", " + Literal(proposed) + ") WHERE Path LIKE " + AnyBelow(selfChildren),
+             "UPDATE StorageLocation SET Type = " + NumberText(type) + ", Path = " + Literal(target) +
+                 " WHERE IdNo = " + NumberText(m_id)});
+        Refresh();
+    };
+    Guarded(source, move, [&](const Error& error) {
+        return "Could not move location '" + m_name + "' into '" + newParent->Name() + "'. " + emptyLine +
+               error.Description();
+    });
+}
+
+StorageLocationRef StorageLocation::CreateSubLocation(const std::string& name) {
+    const char* const source = "StorageLocation.CreateSubLocation";
+    RequireStanding(source);
+    const DateTime moment = GetClock().Now();
+    const LocationPath path = m_path.Append(m_id);
+    const auto create = [&] {
+        Literal(name);  // Refuses NUL, where the text in a row document would end.
+        const auto row = MakeRow(name, m_type, path, moment);
+        const int32_t newId = GetHostDatabase().InsertRow("StorageLocation", "IdNo", row->document_element());
+        m_locationData.Reload();
+        return GetStorageLocationStatic().FindByID(newId);
+    };
+    const auto isTaken = [&] {
+        try {
+            return NameExists(path.ToText(), name, m_type, 0);
+        } catch (...) {
+            return false;  // The first failure is the one to tell of.
+        }
+    };
+    return Guarded(source, create, [&](const Error& error) {
+        if (isTaken() || error.Number() == ErrorNumber::IntegrityViolation) return NameTakenText(name);
+        return "Could not create location '" + name + "'. " + emptyLine + error.Description();
+    });
+}
+
+void StorageLocation::SetEnabled(bool rhs) {
+    const char* const source = "StorageLocation.SetEnabled";
+    RequireStanding(source);
+    if (IsRoot()) Raise(ErrorNumber::General, source, "A root location cannot be disabled.");
+    const auto setFlag = [&] {
+        GetHostDatabase().ExecuteWithParameters("UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
+                                                {rhs, m_id});
+        Refresh();
+    };
+    Guarded(source, setFlag, [&](const Error& error) {
+        return std::string("Could not ") + (rhs ? "enable" : "disable") + " this location." + emptyLine +
+               error.Description();
+    });
+}
+
+void StorageLocation::Rename(const std::string& newName) {
+    const char* const source = "StorageLocation.Rename";
+    if (IsRoot()) Raise(ErrorNumber::General, source, "Cannot rename this location.");
+    RequireStanding(source);
+    if (Trim(newName).empty()) Raise(ErrorNumber::General, source, "New name cannot be blank.");
+    const auto rename = [&] {
+        GetHostDatabase().Execute("UPDATE StorageLocation SET Name = " + Literal(newName) + ", LastUpdated = " +
+                                  GetHostDatabase().PrepareDate(GetClock().Now().ToText()) +
+                                  " WHERE IdNo = " + NumberText(m_id));
+        Refresh();
+    };
+    Guarded(source, rename, [&](const Error& error) {
+        if (error.Number() == ErrorNumber::IntegrityViolation) return NameTakenText(newName);
+        return "Could not rename location '" + newName + "'. " + emptyLine + error.Description();
+    });
+}
+
+void StorageLocation::Delete() {
+    const char* const source = "StorageLocation.Delete";
+    if (IsRoot()) Raise(ErrorNumber::General, source, "Cannot delete this location.");
+    RequireStanding(source);
+    const auto remove = [&] {
+        const LocationPath children = m_path.Append(m_id);
+        GetHostDatabase().ExecuteBatch({"DELETE FROM StorageLocation WHERE Path LIKE " + AnyBelow(children),
+                                        "DELETE FROM StorageLocation WHERE IdNo = " + NumberText(m_id)});
+        m_locationData.Reload();
+        m_isDeleted = true;
+    };
+    Guarded(source, remove, [](const Error& error) {
+        const std::string sentence = "Could not delete this location";
+        if (error.Number() == ErrorNumber::IntegrityViolation)
+            return sentence + " because this location (or one of its sublocations) is currently in use.";
+        return sentence + ". " + emptyLine + error.Description();
+    });
+}
+
+}  // namespace quellbrook

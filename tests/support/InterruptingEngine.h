@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/engines/Connection.h"
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace quellbrook::testing {
+
+// An engine around another that lets another workstation slip in: what it is to do runs once, just before the next
+// transaction begins.
+class InterruptingEngine : public Engine {
+public:
+    explicit InterruptingEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}
+
+    void BeforeTransaction(std::function<void()> interruption) { *m_interruption = std::move(interruption); }
+
+    std::unique_ptr<Connection> Open() override {
+        return std::make_unique<InterruptedConnection>(m_inner->Open(), m_interruption);
+    }
+    const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
+
+private:
+    using Interruption = std::shared_ptr<std::function<void()>>;
+
+    class InterruptedConnection : public Connection {
+    public:
+        InterruptedConnection(std::unique_ptr<Connection> inner, Interruption interruption)
+            : m_inner(std::move(inner)), m_interruption(std::move(interruption)) {}
+
+        void Query(const std::string& sql, const RowReceiver& receiver) override { m_inner->Query(sql, receiver); }
+        void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
+            m_inner->Execute(sql, parameters);
+        }
+        std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
+            return m_inner->DescribeTable(table);
+        }
+        int32_t LastIdentity() override { return m_inner->LastIdentity(); }
+        void Begin() override {
+            if (const auto interruption = std::exchange(*m_interruption, nullptr)) interruption();
+            m_inner->Begin();
+        }
+        void Commit() override { m_inner->Commit(); }
+        void Rollback() noexcept override { m_inner->Rollback(); }
+        bool IsHealthy() override { return m_inner->IsHealthy(); }
+        void Reset() override { m_inner->Reset(); }
+
+    private:
+        std::unique_ptr<Connection> m_inner;
+        Interruption m_interruption;
+    };
+
+    std::shared_ptr<Engine> m_inner;
+    Interruption m_interruption = std::make_shared<std::function<void()>>();
+};
+
+}  // namespace quellbrook::testing
