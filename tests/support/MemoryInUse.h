@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+#include <malloc.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/allocator_interface.h>
+#endif
+
+namespace quellbrook::testing {
+
+// Bytes that the process has taken from the heap and not given back.
+inline size_t MemoryInUse() {
+#if defined(__SANITIZE_ADDRESS__)
+    return __sanitizer_get_current_allocated_bytes();
+#else
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+#endif
+}
+
+}  // namespace quellbrook::testing

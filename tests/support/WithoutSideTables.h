@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/engines/Connection.h"
+
+#include <memory>
+
+namespace quellbrook::testing {
+
+// An engine around another that says nothing of its side tables, as a host's own schema has none.
+class WithoutSideTables : public Engine {
+public:
+    explicit WithoutSideTables(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {
+        m_dialect = m_inner->GetDialect();
+        m_dialect.hasCurrentPlace = m_dialect.hasDescriptionIndex = false;
+    }
+    std::unique_ptr<Connection> Open() override { return m_inner->Open(); }
+    const Dialect& GetDialect() const override { return m_dialect; }
+
+private:
+    std::shared_ptr<Engine> m_inner;
+    Dialect m_dialect;
+};
+
+}  // namespace quellbrook::testing
