@@ -6,6 +6,8 @@ namespace quellbrook {
 
 namespace {
 
+constexpr size_t rowsOfABlock = 256;
+
 enum class Kind : char { Empty, Null, False, True, Integer, Float, Decimal, Text, Moment };
 
 template <typename T>
@@ -85,13 +87,20 @@ private:
 
 void PackedRows::Add(const Row& row) {
     if (!m_columns) m_columns = std::make_shared<ColumnSet>(row.Columns().Names());
-    const size_t start = m_bytes.size();
-    for (size_t i = 0; i < m_columns->Names().size(); ++i) AppendValue(m_bytes, row.At(static_cast<int>(i)));
-    m_starts.push_back(start);
+    if (m_count == m_blocks.size() * rowsOfABlock) {
+        ShrinkToFit();
+        m_blocks.emplace_back();
+    }
+    Block& block = m_blocks.back();
+    const size_t start = block.bytes.size();
+    for (size_t i = 0; i < m_columns->Names().size(); ++i) AppendValue(block.bytes, row.At(static_cast<int>(i)));
+    block.starts.push_back(start);
+    ++m_count;
 }
 
 Row PackedRows::At(size_t position) const {
-    Unpacker unpacker(m_bytes.data() + m_starts[position]);
+    const Block& block = m_blocks[position / rowsOfABlock];
+    Unpacker unpacker(block.bytes.data() + block.starts[position % rowsOfABlock]);
     std::vector<TaggedValue> values;
     values.reserve(m_columns->Names().size());
     for (size_t i = 0; i < m_columns->Names().size(); ++i) values.push_back(unpacker.Next());
@@ -99,8 +108,9 @@ Row PackedRows::At(size_t position) const {
 }
 
 void PackedRows::ShrinkToFit() {
-    m_bytes.shrink_to_fit();
-    m_starts.shrink_to_fit();
+    if (m_blocks.empty()) return;
+    m_blocks.back().bytes.shrink_to_fit();
+    m_blocks.back().starts.shrink_to_fit();
 }
 
 }  // namespace quellbrook

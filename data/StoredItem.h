@@ -46,8 +46,8 @@ public:
     // either of the host's two rights to secured incidents does not learn of them.
     const IncidentList& RelatedIncidents();
     const CaseList& RelatedCases();
-    // The chain of custody, newest first (by DateReceived, then LastUpdated; the order among ties is the engine's). Each
-    // record's Previous is the one older by a row. Read anew at each call.
+    // The chain of custody, newest first (by DateReceived, then LastUpdated; the order among ties is the engine's).
+    // Each record's Previous is the one older by a row. Read anew at each call.
     TrackingRecordList TrackingRecords() const;
 
     // Takes the values of this item's search row again. Changes nothing when the search, which keeps to items with a

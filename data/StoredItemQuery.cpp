@@ -108,40 +108,88 @@ QuerySource ChooseByRights(const QuerySource& propertyQuery, const QuerySource& 
     return mayViewProperty ? propertyQuery : vehicleQuery;
 }
 
+// The query in its parts; conditions added to either kind's query, and to the whole, take effect in it.
+struct Composition {
+    Tables tables;
+    QuerySource property = SelectProperty(tables);
+    QuerySource vehicles = SelectVehicles(tables);
+    QuerySource base = ChooseByRights(property, vehicles);
+    QuerySource whole = base.As("Results").Select({"*"});
+};
+
 QueryCondition IsKey(const QueryExpression& column, int32_t key, KeyForm form) {
-    return form == KeyForm::Place ? column.EqualsNumberPlace() : column.Equals(key);
+    return form == KeyForm::Place ? column.EqualsKeyPlace() : column.Equals(key);
 }
 
-void AddNumberCriterion(StoredItemCriteria& criteria, KeyForm keys, const Tables& tables, QuerySource& propertyQuery,
-                        QuerySource& vehicleQuery) {
-    const auto onIncident = [&](const char* column) {
-        vehicleQuery.Where(tables.incident.Column(column).Like(criteria.number));
-        propertyQuery.Where(tables.incident.Column(column).Like(criteria.number));
-    };
-    const auto onProperty = [&](const QueryCondition& condition) {
-        propertyQuery.Where(condition);
-        criteria.itemType = static_cast<int32_t>(StoredItemTypes::Property);
-    };
-    const auto onVehicles = [&](const QueryCondition& condition) {
-        vehicleQuery.Where(condition);
-        criteria.itemType = static_cast<int32_t>(StoredItemTypes::vehicle);
-    };
+QueryCondition IsLike(const QueryExpression& column, const std::string& pattern, KeyForm form) {
+    return form == KeyForm::Place ? column.LikeKeyPlace() : column.Like(pattern);
+}
+
+// One criterion a function
+
+void KeepToLocation(Composition& query, const StoredItemCriteria& criteria, KeyForm keys) {
+    if (!criteria.location) return;
+    query.whole.Where(IsKey(query.base.Column("StorageLocNo"), criteria.location->ID(), keys));
+}
+
+void KeepToDescription(Composition& query, const StoredItemCriteria& criteria) {
+    if (criteria.description.empty()) return;
+    query.whole.Where(query.base.Column("Description").Like(criteria.description));
+}
+
+void KeepToIncident(Composition& query, const QueryCondition& condition) {
+    query.vehicles.Where(condition);
+    query.property.Where(condition);
+}
+
+void KeepToPropertyNumber(Composition& query, StoredItemCriteria& criteria, const QueryCondition& condition) {
+    query.property.Where(condition);
+    criteria.itemType = static_cast<int32_t>(StoredItemTypes::Property);
+}
+
+void KeepToVehicleNumber(Composition& query, StoredItemCriteria& criteria, const QueryCondition& condition) {
+    query.vehicles.Where(condition);
+    criteria.itemType = static_cast<int32_t>(StoredItemTypes::vehicle);
+}
+
+void KeepToNumber(Composition& query, StoredItemCriteria& criteria, KeyForm keys) {
+    const QuerySource& property = query.tables.property;
+    const QuerySource& vehicle = query.tables.vehicle;
+    const QuerySource& incident = query.tables.incident;
     switch (static_cast<NumberSearchTypes>(criteria.numberType)) {
-        case NumberSearchTypes::IncidentId: onIncident("IncidentId"); break;
-        case NumberSearchTypes::CaseNumber: onIncident("CaseNbr"); break;
+        case NumberSearchTypes::IncidentId:
+            return KeepToIncident(query, IsLike(incident.Column("IncidentId"), criteria.number, keys));
+        case NumberSearchTypes::CaseNumber:
+            return KeepToIncident(query, IsLike(incident.Column("CaseNbr"), criteria.number, keys));
         case NumberSearchTypes::PropertyID:
-            onProperty(tables.property.Column("PropertyID").Like(criteria.number));
-            break;
+            return KeepToPropertyNumber(query, criteria,
+                                        IsLike(property.Column("PropertyID"), criteria.number, keys));
         case NumberSearchTypes::VehicleTag:
-            onVehicles(tables.vehicle.Column("RegNumber").Like(criteria.number));
-            break;
+            return KeepToVehicleNumber(query, criteria, IsLike(vehicle.Column("RegNumber"), criteria.number, keys));
         case NumberSearchTypes::PropertyPK:
-            onProperty(IsKey(tables.property.Column("PropertyNo"), ParseInt32(criteria.number), keys));
-            break;
+            return KeepToPropertyNumber(query, criteria,
+                                        IsKey(property.Column("PropertyNo"), ParseInt32(criteria.number), keys));
         case NumberSearchTypes::VehiclePK:
-            onVehicles(IsKey(tables.vehicle.Column("VehicleNo"), ParseInt32(criteria.number), keys));
-            break;
+            return KeepToVehicleNumber(query, criteria,
+                                       IsKey(vehicle.Column("VehicleNo"), ParseInt32(criteria.number), keys));
     }
+}
+
+// After KeepToNumber, which may change the kind.
+void KeepToKind(Composition& query, const StoredItemCriteria& criteria) {
+    if (criteria.itemType >= 1) query.whole.Where(query.base.Column("ItemType").Equals(criteria.itemType));
+}
+
+void KeepToTracked(Composition& query, const StoredItemCriteria& criteria) {
+    const QueryExpression place = query.base.Column("StorageLocNo");
+    if (criteria.untracked)
+        query.whole.Where(place.Equals(Null()).And(query.base.Column("CurrTrackSeq").Equals(Null())));
+    else
+        query.whole.Where(place.NotEquals(Null()));
+}
+
+void KeepToTagged(Composition& query, const StoredItemCriteria& criteria) {
+    if (criteria.tagged) query.whole.Where(query.base.Column("RecordTypeInd").Equals(1));
 }
 
 }  // namespace
@@ -149,22 +197,14 @@ void AddNumberCriterion(StoredItemCriteria& criteria, KeyForm keys, const Tables
 bool StoredItemCriteria::IsEmpty() const { return description.empty() && !location && number.empty() && itemType == 0; }
 
 QuerySource ComposeQuery(StoredItemCriteria& criteria, KeyForm keys) {
-    const Tables tables;
-    QuerySource propertyQuery = SelectProperty(tables);
-    QuerySource vehicleQuery = SelectVehicles(tables);
-    const QuerySource base = ChooseByRights(propertyQuery, vehicleQuery);
-    QuerySource outer = base.As("Results").Select({"*"});
-
-    if (criteria.location) outer.Where(IsKey(base.Column("StorageLocNo"), criteria.location->ID(), keys));
-    if (!criteria.description.empty()) outer.Where(base.Column("Description").Like(criteria.description));
-    AddNumberCriterion(criteria, keys, tables, propertyQuery, vehicleQuery);
-    if (criteria.itemType >= 1) outer.Where(base.Column("ItemType").Equals(criteria.itemType));
-    if (criteria.untracked)
-        outer.Where(base.Column("StorageLocNo").Equals(Null()).And(base.Column("CurrTrackSeq").Equals(Null())));
-    else
-        outer.Where(base.Column("StorageLocNo").NotEquals(Null()));
-    if (criteria.tagged) outer.Where(base.Column("RecordTypeInd").Equals(1));
-    return outer;
+    Composition query;
+    KeepToLocation(query, criteria, keys);
+    KeepToDescription(query, criteria);
+    KeepToNumber(query, criteria, keys);
+    KeepToKind(query, criteria);
+    KeepToTracked(query, criteria);
+    KeepToTagged(query, criteria);
+    return query.whole;
 }
 
 RowList QueryStoredItems(StoredItemCriteria& criteria) {

@@ -27,14 +27,14 @@ struct StoredItemCriteria {
 };
 
 // The one query that brings property and vehicles under one list of columns: ItemType, ID, CategoryNo, CurrTrackSeq,
-// StorageLocNo, DisplayID, Description, Quantity, Value, Make, Model, Serial, RecordTypeInd. Which kinds it holds follows
-// from the user's rights. A number of one kind makes that kind the item type of the criteria. Error 13 or 6 for a
-// primary key that is no number.
-enum class KeyForm { Written, Place };  // Place: keys stand as places of a QueryTemplate
+// StorageLocNo, DisplayID, Description, Quantity, Value, Make, Model, Serial, RecordTypeInd. Which kinds it holds
+// follows from the user's rights. A number of one kind makes that kind the item type of the criteria. Error 13 or 6 for
+// a primary key that is no number.
+enum class KeyForm { Written, Place };  // Place: the one key stands as the place of a QueryTemplate
 QuerySource ComposeQuery(StoredItemCriteria& criteria, KeyForm keys = KeyForm::Written);
 
-// The text of that query. Where the criteria name a single key, a location's or an item's, it comes from a template that
-// is planned once for each shape of criteria, set of rights and engine.
+// The text of that query. Where the criteria name a single key - a location's or an item's, or a number without "*" -,
+// it comes from a template that is planned once for each shape of criteria, set of rights and engine.
 std::string StoredItemQueryText(StoredItemCriteria& criteria);
 
 // The rows of the query in the database's order. The criteria's item type may change, as ComposeQuery says.

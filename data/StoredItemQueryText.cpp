@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <variant>
 
 namespace quellbrook {
 
@@ -24,11 +25,22 @@ bool IsPrimaryKey(int32_t numberType) {
            numberType == static_cast<int32_t>(NumberSearchTypes::VehiclePK);
 }
 
+bool IsPlainNumber(const StoredItemCriteria& criteria) {
+    return criteria.numberType >= static_cast<int32_t>(NumberSearchTypes::IncidentId) &&
+           criteria.numberType <= static_cast<int32_t>(NumberSearchTypes::VehicleTag) &&
+           criteria.number.find('*') == std::string::npos &&
+           HostServices::Current().Pool().GetDialect().equalsLikeLike;
+}
+
+using Key = std::variant<int32_t, std::string>;
+
 // The one key that the criteria name; nothing where they name two, none, or a pattern.
-std::optional<int32_t> OnlyKey(const StoredItemCriteria& criteria) {
+std::optional<Key> OnlyKey(const StoredItemCriteria& criteria) {
     if (!criteria.description.empty()) return std::nullopt;
     if (criteria.location && criteria.numberType == 0) return criteria.location->ID();
-    if (!criteria.location && IsPrimaryKey(criteria.numberType)) return ParseInt32(criteria.number);
+    if (criteria.location) return std::nullopt;
+    if (IsPrimaryKey(criteria.numberType)) return ParseInt32(criteria.number);
+    if (IsPlainNumber(criteria)) return criteria.number;
     return std::nullopt;
 }
 
@@ -49,7 +61,7 @@ Shape ShapeOf(const StoredItemCriteria& criteria) {
 }  // namespace
 
 std::string StoredItemQueryText(StoredItemCriteria& criteria) {
-    const std::optional<int32_t> key = OnlyKey(criteria);
+    const std::optional<Key> key = OnlyKey(criteria);
     if (!key) return QueryServices::Factory().ToSql(ComposeQuery(criteria));
 
     static std::map<Shape, Planned> planned;
@@ -60,7 +72,7 @@ std::string StoredItemQueryText(StoredItemCriteria& criteria) {
         found = planned.emplace(shape, Planned{std::move(text), criteria.itemType}).first;
     }
     criteria.itemType = found->second.itemType;
-    return found->second.text.With(*key);
+    return std::visit([&](const auto& value) { return found->second.text.With(value); }, *key);
 }
 
 }  // namespace quellbrook

@@ -7,6 +7,10 @@
 #include "host/HostServices.h"
 #include "host/QueryFactory.h"
 
+#include <map>
+#include <string>
+#include <tuple>
+
 namespace quellbrook {
 
 namespace {
@@ -19,7 +23,7 @@ QuerySource JoinLinkedIncidents(const StoredItem& item, const QuerySource& incid
     const QuerySource link = QueryServices::Factory().Table(IsProperty(item) ? "IncdProperty" : "IncdVehicle");
     return link.Join(incident, 0).On(link.Column("IncidentNo")
                                          .Equals(incident.Column("IncidentNo"))
-                                         .And(link.Column(KeyColumn(item)).Equals(item.ID())));
+                                         .And(link.Column(KeyColumn(item)).EqualsKeyPlace()));
 }
 
 bool SeesSecuredIncidents() {
@@ -29,20 +33,34 @@ bool SeesSecuredIncidents() {
     return first || second;
 }
 
-RowList QueryIncidents(const StoredItem& item) {
+enum class Related { Incidents, OpenIncidents, Cases };
+
+QuerySource ComposeRelated(const StoredItem& item, Related related) {
     const QuerySource incident = QueryServices::Factory().Table("Incident");
-    QuerySource query = JoinLinkedIncidents(item, incident)
-                            .Select({incident.Column("IncidentNo"), incident.Column("IncidentId"),
-                                     incident.Column("IsSecured")});
-    if (!SeesSecuredIncidents()) query.Where(incident.Column("IsSecured").Equals(0));
-    return HostDatabase().QueryRows(QueryServices::Factory().ToSql(query));
+    const QuerySource linked = JoinLinkedIncidents(item, incident);
+    if (related == Related::Cases) return linked.Select({incident.Column("CaseNbr")});
+    QuerySource query = linked.Select(
+        {incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
+    if (related == Related::OpenIncidents) query.Where(incident.Column("IsSecured").Equals(0));
+    return query;
 }
 
-RowList QueryCases(const StoredItem& item) {
-    const QuerySource incident = QueryServices::Factory().Table("Incident");
-    const QuerySource query = JoinLinkedIncidents(item, incident).Select({incident.Column("CaseNbr")});
-    return HostDatabase().QueryRows(QueryServices::Factory().ToSql(query));
+// Composed once for each kind of item and engine: a list of search results asks for every row of it.
+RowList QueryRelated(const StoredItem& item, Related related) {
+    static std::map<std::tuple<bool, Related, std::string>, QueryTemplate> composed;
+    const Dialect& dialect = HostServices::Current().Pool().GetDialect();
+    const std::tuple shape{IsProperty(item), related, dialect.concatenation + dialect.textPrefix};
+    auto found = composed.find(shape);
+    if (found == composed.end())
+        found = composed.emplace(shape, QueryServices::Factory().ToTemplate(ComposeRelated(item, related))).first;
+    return HostDatabase().QueryRows(found->second.With(item.ID()));
 }
+
+RowList QueryIncidents(const StoredItem& item) {
+    return QueryRelated(item, SeesSecuredIncidents() ? Related::Incidents : Related::OpenIncidents);
+}
+
+RowList QueryCases(const StoredItem& item) { return QueryRelated(item, Related::Cases); }
 
 std::string KeyOf(const IncidentInfo& incident) { return "K" + std::to_string(incident.ID()); }
 std::string KeyOf(const CaseInfo& info) { return "K" + info.CaseNumber(); }

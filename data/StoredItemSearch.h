@@ -7,9 +7,9 @@
 
 namespace quellbrook {
 
-// The one way in which items are found. The first six operations record a criterion and return the search. Patterns know
-// "*"; the search adds none of its own. A search without location, description, number and type finds nothing and does
-// not ask the database. Not to be used twice with different criteria.
+// The one way in which items are found. The first six operations record a criterion and return the search. Patterns
+// know "*"; the search adds none of its own. A search without location, description, number and type finds nothing and
+// does not ask the database. Not to be used twice with different criteria.
 class StoredItemSearch {
 public:
     StoredItemSearch& InLocation(StorageLocationRef location);

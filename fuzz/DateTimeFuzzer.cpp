@@ -1,13 +1,53 @@
+// Any text gives nothing, or a moment of a day that exists, whose own text is of the fixed form and gives the same
+// moment. Moments and their texts sort alike. The first byte is where a second text begins.
+
 #include "base/DateTime.h"
+#include "fuzz/Fail.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <string_view>
+#include <string>
 
-// A text gives nothing, or a moment whose own text gives the same moment.
+using quellbrook::DateTime;
+using quellbrook::fuzz::Check;
+
+namespace {
+
+std::optional<DateTime> Read(const std::string& text) {
+    const auto moment = DateTime::Parse(text);
+    if (!moment) return moment;
+    const std::string own = moment->ToText();
+    Check(own.size() == 23 && own[4] == '-' && own[7] == '-' && own[10] == 'T' && own[13] == ':' && own[16] == ':' &&
+              own[19] == '.' && own.find_first_not_of("0123456789-T:.") == std::string::npos,
+          "The text has another form", own);
+    Check(DateTime::Parse(own) == moment, "The text gives another moment", own);
+    Check(DateTime::FromParts(moment->ToParts()) == *moment, "The parts give another moment", own);
+    const size_t kept = std::min<size_t>(text.size(), 10);
+    Check(own.compare(0, kept, text, 0, kept) == 0, "Another day was read", text);
+    return moment;
+}
+
+// Bytes as the characters of a moment, so that moments are found soon.
+std::string AsMomentText(const uint8_t* data, size_t size) {
+    constexpr const char* form = "0000-00-00T00:00:00.000";
+    std::string text;
+    for (size_t i = 0; i < size && i < 30; ++i) {
+        char c = form[std::min<size_t>(i, 22)];
+        if (c == '0') c = static_cast<char>('0' + data[i] % 10);
+        text += data[i] >= 250 ? static_cast<char>(data[i] / 2) : c;
+    }
+    return text;
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto moment = quellbrook::DateTime::Parse(text);
-    if (moment && quellbrook::DateTime::Parse(moment->ToText()) != moment) std::abort();
+    if (size == 0) return 0;
+    Read(std::string(reinterpret_cast<const char*>(data), size));
+    const size_t middle = 1 + data[0] % size;
+    const auto first = Read(AsMomentText(data + 1, middle - 1));
+    const auto second = Read(AsMomentText(data + middle, size - middle));
+    if (first && second)
+        Check((*first < *second) == (first->ToText() < second->ToText()), "Texts sort in another way", first->ToText());
     return 0;
 }

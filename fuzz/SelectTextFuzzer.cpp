@@ -1,26 +1,100 @@
+// Raw text of a select list, and a pattern, whatever they hold: each entry stands as it was written and none is lost;
+// the query is planned and written, always the same, or refused with an Error.
+
 #include "base/Error.h"
+#include "base/Text.h"
+#include "fuzz/Fail.h"
 #include "host/QueryFactory.h"
+#include "host/sql/Literals.h"
 #include "host/sql/QueryPlanner.h"
 #include "host/sql/QueryWriter.h"
+#include "host/sql/SelectText.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
-// Raw text of a select list, and a pattern, whatever they hold: the query is planned and written, or refused with an Error.
+using namespace quellbrook;
+using quellbrook::fuzz::Check;
+
+namespace {
+
+std::string Squeezed(std::string_view text) {
+    std::string folded = FoldCase(text);
+    std::erase(folded, ' ');
+    return folded;
+}
+
+std::string RawText(const sql::ResultColumn& column) {
+    return column.IsStar() ? "*" : std::get<sql::RawText>(column.expression->content).text;
+}
+
+// Takes the entry from the front of the rest, and the comma behind it.
+bool TakeEntry(std::string_view& rest, const std::string& entry) {
+    if (!rest.starts_with(entry)) return false;
+    const std::string_view behind = rest.substr(entry.size());
+    if (!behind.empty() && behind[0] != ',') return false;
+    rest = behind.substr(behind.empty() ? 0 : 1);
+    return true;
+}
+
+// The entries written down again are the text, but for blanks and capitals.
+void CheckEntries(const std::string& text) {
+    const std::string squeezed = Squeezed(text);
+    std::string_view rest = squeezed;
+    for (const sql::ResultColumn& column : sql::ParseSelectText(text)) {
+        const std::string plain = Squeezed(RawText(column));
+        const bool isTaken = TakeEntry(rest, plain + "as" + Squeezed(column.name)) || TakeEntry(rest, plain);
+        Check(isTaken, "An entry is not what was written", text);
+    }
+    Check(rest.empty(), "Something of the text is lost", text);
+}
+
+QuerySource Compose(const std::string& text) {
+    const QueryFactory factory;
+    const QuerySource p = factory.Table("Property"), ip = factory.Table("IncdProperty"), i = factory.Table("Incident");
+    const QuerySource linked = ip.Join(i, 0).On(i.Column("IncidentNo").Equals(ip.Column("IncidentNo")));
+    const QuerySource source = p.Join(linked, 1).On(ip.Column("PropertyNo").Equals(p.Column("PropertyNo")));
+    QuerySource query = source.Select({text, p.Column("Description").As("Text")});
+    query.Where(i.Column("CaseNbr").Like(text));
+    QuerySource outer = query.As("Results").Select({"*"});
+    return outer.Where(query.Column("Text").Like(text)).Where(query.Column("Text").NotEquals(text));
+}
+
+std::optional<std::string> Written(const QuerySource& query, const Dialect& dialect) {
+    try {
+        return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+// Without planning, everything stands in the text.
+void CheckLiterally(const QuerySource& query, const std::string& text, const Dialect& dialect) {
+    const std::string written = sql::WriteQuery(*query.Node(), dialect);
+    for (const sql::ResultColumn& column : sql::ParseSelectText(text))
+        Check(written.find(RawText(column)) != std::string::npos, "An entry is missing", written);
+    for (const std::string& literal : {sql::LikeLiteral(text, dialect), sql::TextLiteral(text, dialect)})
+        Check(written.find(literal) != std::string::npos, "A literal is missing", written);
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    using namespace quellbrook;
     const std::string text(reinterpret_cast<const char*>(data), size);
+    CheckEntries(text);
     Dialect dialect;
     dialect.hasCurrentPlace = true;
     dialect.hasDescriptionIndex = true;
+    dialect.equalsLikeLike = size % 2 == 0;
     try {
-        const QueryFactory factory;
-        const QuerySource p = factory.Table("Property");
-        QuerySource query = p.Select({text, p.Column("Description").As("Text")});
-        QuerySource outer = query.As("Results").Select({"*"});
-        outer.Where(query.Column("Text").Like(text)).Where(p.Select({text}).Column("a").Equals(1));
-        sql::WriteQuery(*sql::PlanQuery(outer.Node(), dialect), dialect);
-    } catch (const Error&) {
+        const QuerySource query = Compose(text);
+        const std::optional<std::string> planned = Written(query, dialect);
+        Check(planned.has_value() == (text.find('\0') == std::string::npos), "Refused, or not, without cause", text);
+        Check(planned == Written(query, dialect), "Planned in two ways", text);
+        if (planned) CheckLiterally(query, text, dialect);
+    } catch (const Error& error) {
+        Check(error.Number() == ErrorNumber::General, "Refused with another number", text);
     }
     return 0;
 }

@@ -38,12 +38,14 @@ public:
     QueryExpression As(const std::string& alias) const;
     QueryCondition Equals(const TaggedValue& value) const;  // NULL gives IS NULL
     QueryCondition Equals(const QueryExpression& other) const;
-    // Equal to the number that the finished template is given (QueryFactory::ToTemplate).
-    QueryCondition EqualsNumberPlace() const;
+    // Equal to the whole number that the finished template is given (QueryFactory::ToTemplate).
+    QueryCondition EqualsKeyPlace() const;
     QueryCondition NotEquals(const TaggedValue& value) const;  // NULL gives IS NOT NULL
     QueryCondition NotEquals(const QueryExpression& other) const;
     // "*" stands for any run of characters, all else for itself; quoting and escaping are done here.
     QueryCondition Like(const std::string& text) const;
+    // Like the text, without "*", that the finished template is given.
+    QueryCondition LikeKeyPlace() const;
 
     const std::shared_ptr<const sql::ExpressionNode>& Node() const { return m_node; }
 
@@ -89,18 +91,22 @@ private:
     int32_t m_kind;
 };
 
-// A finished SELECT text but for one whole number, which may stand in several places. Lets a query that differs from
-// one time to the next in nothing but a key be planned once.
+// A finished SELECT text but for one key, a whole number or a text, which may stand in several places. Lets a query that
+// differs from one time to the next in nothing but the key be planned once.
 class QueryTemplate {
 public:
-    QueryTemplate(std::string text, std::vector<size_t> places)
-        : m_text(std::move(text)), m_places(std::move(places)) {}
+    QueryTemplate(std::string text, std::vector<size_t> places, std::string textPrefix)
+        : m_text(std::move(text)), m_places(std::move(places)), m_textPrefix(std::move(textPrefix)) {}
 
     std::string With(int32_t number) const;
+    std::string With(const std::string& text) const;  // Error 5 for a text that holds NUL
 
 private:
+    std::string Filled(const std::string& literal) const;
+
     std::string m_text;
     std::vector<size_t> m_places;  // ascending
+    std::string m_textPrefix;
 };
 
 class QueryFactory {
@@ -112,7 +118,8 @@ public:
     // The finished SELECT text, planned for the engine in use. Duplicate rows of a query that holds a left join are
     // removed, with a union or without. Error 5 for a source that is no query, and for a column of another source.
     std::string ToSql(const QuerySource& query) const;
-    // The same for a query with conditions EqualsNumberPlace, all of which are to be given one number.
+    // The same for a query with conditions EqualsKeyPlace or LikeKeyPlace, all of which are to be given one key. Error 5
+    // for LikeKeyPlace where the engine has no equality that compares as LIKE does.
     QueryTemplate ToTemplate(const QuerySource& query) const;
 };
 

@@ -73,7 +73,7 @@ std::optional<PlaceTest> PlaceTestOf(const ConditionRef& condition) {
     if (!comparison || !comparison->equal) return std::nullopt;
     const ColumnReference* column = ColumnOf(comparison->left);
     const auto number = ConstantOf(comparison->right);
-    const bool isNumber = IsNumberPlace(comparison->right) || (number && number->Holds<int32_t>());
+    const bool isNumber = IsKeyPlace(comparison->right) || (number && number->Holds<int32_t>());
     if (!column || !EqualsNoCase(column->name, "StorageLocNo") || !isNumber) return std::nullopt;
     return PlaceTest{*column, comparison->right};
 }
@@ -121,7 +121,8 @@ bool IsNarrow(const ConditionRef& condition) {
                !EqualsNoCase(ColumnOf(pattern->operand)->name, "Description");
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     const ColumnReference* column = comparison && comparison->equal ? ColumnOf(comparison->left) : nullptr;
-    return column && (EqualsNoCase(column->name, "PropertyNo") || EqualsNoCase(column->name, "StorageLocNo"));
+    return column && (EqualsNoCase(column->name, "PropertyNo") || EqualsNoCase(column->name, "PropertyID") ||
+                      EqualsNoCase(column->name, "StorageLocNo"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/HostServices.h"
+#include "host/sql/Literals.h"
 #include "host/sql/QueryPlanner.h"
 #include "host/sql/QueryTraversal.h"
 #include "host/sql/QueryWriter.h"
@@ -69,8 +70,8 @@ QueryCondition QueryExpression::Equals(const QueryExpression& other) const {
     return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, other.m_node}));
 }
 
-QueryCondition QueryExpression::EqualsNumberPlace() const {
-    return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, sql::MakeExpression(sql::NumberPlace{})}));
+QueryCondition QueryExpression::EqualsKeyPlace() const {
+    return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, sql::MakeExpression(sql::KeyPlace{})}));
 }
 
 QueryCondition QueryExpression::NotEquals(const TaggedValue& value) const { return Compare(*this, false, value); }
@@ -159,13 +160,24 @@ QueryExpression QueryFactory::Concat(const std::vector<QueryArgument>& parts, in
     return QueryExpression(sql::MakeExpression(sql::Concatenation{ArgumentNodes(parts)}));
 }
 
-std::string QueryTemplate::With(int32_t number) const {
-    const std::string digits = std::to_string(number);
+QueryCondition QueryExpression::LikeKeyPlace() const {
+    return QueryCondition(sql::MakeCondition(sql::PatternTest{m_node, {}, true}));
+}
+
+std::string QueryTemplate::With(int32_t number) const { return Filled(std::to_string(number)); }
+
+std::string QueryTemplate::With(const std::string& text) const {
+    Dialect dialect;
+    dialect.textPrefix = m_textPrefix;
+    return Filled(sql::TextLiteral(text, dialect));
+}
+
+std::string QueryTemplate::Filled(const std::string& literal) const {
     std::string text;
-    text.reserve(m_text.size() + m_places.size() * digits.size());
+    text.reserve(m_text.size() + m_places.size() * literal.size());
     size_t from = 0;
     for (const size_t place : m_places) {
-        text.append(m_text, from, place - from).append(digits);
+        text.append(m_text, from, place - from).append(literal);
         from = place;
     }
     return text.append(m_text, from);
@@ -174,7 +186,7 @@ std::string QueryTemplate::With(int32_t number) const {
 QueryTemplate QueryFactory::ToTemplate(const QuerySource& query) const {
     const Dialect& dialect = HostServices::Current().Pool().GetDialect();
     sql::WrittenQuery written = sql::WriteTemplate(*sql::PlanQuery(query.Node(), dialect), dialect);
-    return QueryTemplate(std::move(written.text), std::move(written.numberPlaces));
+    return QueryTemplate(std::move(written.text), std::move(written.keyPlaces), dialect.textPrefix);
 }
 
 std::string QueryFactory::ToSql(const QuerySource& query) const {

@@ -34,7 +34,7 @@ struct Literal {
 struct RawText {  // stands as it is
     std::string text;
 };
-struct NumberPlace {};  // a whole number that is filled in when the text is used
+struct KeyPlace {};  // a whole number or a text that is filled in when the query is used
 struct FunctionCall {
     std::string name;
     std::vector<ExpressionRef> arguments;
@@ -47,7 +47,7 @@ struct HiddenFromIndexes {  // a number, written so that the engine looks for no
 };
 
 struct ExpressionNode {
-    std::variant<ColumnReference, Literal, RawText, NumberPlace, FunctionCall, Concatenation, HiddenFromIndexes>
+    std::variant<ColumnReference, Literal, RawText, KeyPlace, FunctionCall, Concatenation, HiddenFromIndexes>
         content;
     std::string alias;  // counts in a select list
 };
@@ -66,6 +66,7 @@ struct NullTest {
 struct PatternTest {
     ExpressionRef operand;
     std::string pattern;  // "*" stands for any run of characters
+    bool isPlace = false;  // a text without "*" that is filled in when the query is used, in place of the pattern
 };
 struct Membership {  // operand IN (query)
     ExpressionRef operand;

@@ -21,24 +21,36 @@ int64_t NumberOf(const Token& token) {
     return number;
 }
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+QueryKey KeyOf(const Token& token) {
+    if (token.Is(TokenKind::Text)) return TextOf(token);
+    return NumberOf(token);
+}
+
 }  // namespace
 
 QueryShape FindQueryShape(std::string_view text) {
     QueryShape shape;
     TransactSqlScanner scanner(text);
-    Token token{}, previous{};
+    Token token{}, previous{}, key{};
     const char* copied = text.data();
-    bool isFirst = true;
+    bool isFirst = true, hasKey = false;
+    const auto take = [&] {
+        shape.keys.push_back(KeyOf(key));
+        shape.text.append(copied, key.text.data()).append("?").append(std::to_string(shape.keys.size()));
+        copied = key.text.data() + key.text.size();
+        if (copied < text.data() + text.size() && IsDigit(*copied)) shape.text += ' ';
+    };
     while (scanner.Next(token)) {
         if ((isFirst && !token.IsWord("SELECT")) || token.Is(TokenKind::Marker)) return {std::string(text), {}};
-        if (!isFirst && previous.IsSign('=') && IsWhole(token)) {
-            shape.keys.push_back(NumberOf(token));
-            shape.text.append(copied, token.text.data()).append("?").append(std::to_string(shape.keys.size()));
-            copied = token.text.data() + token.text.size();
-        }
+        if (hasKey && !token.IsSign('+')) take();
+        hasKey = !isFirst && previous.IsSign('=') && (IsWhole(token) || token.Is(TokenKind::Text));
+        if (hasKey) key = token;
         isFirst = false;
         previous = token;
     }
+    if (hasKey) take();
     shape.text.append(copied, text.data() + text.size());
     return shape;
 }

@@ -84,8 +84,8 @@ private:
             m_out += ValueLiteral(literal->value, m_dialect);
         } else if (const auto* raw = std::get_if<RawText>(&expression->content)) {
             m_out += raw->text;
-        } else if (IsNumberPlace(expression)) {
-            m_written.numberPlaces.push_back(m_out.size());
+        } else if (IsKeyPlace(expression)) {
+            m_written.keyPlaces.push_back(m_out.size());
         } else if (const auto* hidden = std::get_if<HiddenFromIndexes>(&expression->content)) {
             m_out += "+";
             WriteExpression(hidden->operand);
@@ -120,6 +120,9 @@ private:
             WriteExpression(nullTest->operand);
             m_out += nullTest->isNull ? " IS NULL" : " IS NOT NULL";
         } else if (const auto* pattern = std::get_if<PatternTest>(&condition->content)) {
+            if (pattern->isPlace)
+                Raise(ErrorNumber::General, "QueryFactory.ToTemplate",
+                      "On this database a text can't be filled in for a pattern.");
             WriteExpression(pattern->operand);
             m_out += " LIKE " + LikeLiteral(pattern->pattern, m_dialect);
         } else if (const auto* membership = std::get_if<Membership>(&condition->content)) {
@@ -196,8 +199,8 @@ WrittenQuery WriteTemplate(const SourceNode& query, const Dialect& dialect) {
 
 std::string WriteQuery(const SourceNode& query, const Dialect& dialect) {
     WrittenQuery written = WriteTemplate(query, dialect);
-    if (!written.numberPlaces.empty())
-        Raise(ErrorNumber::General, "QueryFactory.ToSql", "The query has a place for a number that was not filled in.");
+    if (!written.keyPlaces.empty())
+        Raise(ErrorNumber::General, "QueryFactory.ToSql", "The query has a place for a key that was not filled in.");
     return std::move(written.text);
 }
 

@@ -13,7 +13,7 @@ namespace quellbrook::sql {
 // from, and for a source that is no query.
 struct WrittenQuery {
     std::string text;
-    std::vector<size_t> numberPlaces;  // ascending positions in the text at which the number is to be filled in
+    std::vector<size_t> keyPlaces;  // ascending positions in the text at which the key is to be filled in
 };
 WrittenQuery WriteTemplate(const SourceNode& query, const Dialect& dialect);
 

@@ -49,7 +49,9 @@ private:
         return at;
     }
     bool EndsName(const char* at) const {
-        return at == m_end || (ClassOf(*at) != Class::Mark && ClassOf(*at) != Class::Odd && ClassOf(*at) != Class::Wide);
+        if (at == m_end) return true;
+        const Class next = ClassOf(*at);
+        return next != Class::Mark && next != Class::Odd && next != Class::Wide;
     }
 
     bool Word() {
@@ -58,8 +60,8 @@ private:
         if (!EndsName(end)) return false;
         if (word.size() == 1 && end < m_end && *end == '\'') return (*m_at | 0x20) == 'n' && Text(m_at, end);
         KeepApart();
-        m_precedesPattern = false;
-        m_followsLiteral = false;
+        m_keepsLiteral = m_followsLiteral = m_followsPlus = false;
+        if (EqualsNoCase(word, "AS")) m_keepsLiteral = true;
         if (word.size() >= 4 && word.size() <= 7 && !Keyword(word)) return false;
         if (m_isFirst && !m_isChange) return false;
         m_beginsStatement = m_isFirst = false;
@@ -69,7 +71,7 @@ private:
     }
 
     bool Keyword(std::string_view word) {
-        if (EqualsNoCase(word, "LIKE") || EqualsNoCase(word, "ESCAPE")) m_precedesPattern = true;
+        if (EqualsNoCase(word, "LIKE") || EqualsNoCase(word, "ESCAPE")) m_keepsLiteral = true;
         if (EqualsNoCase(word, "CREATE") || EqualsNoCase(word, "DROP") || EqualsNoCase(word, "ORDER") ||
             EqualsNoCase(word, "LIMIT"))
             return false;
@@ -93,7 +95,7 @@ private:
 
     // From the N of a national text or its quote.
     bool Text(const char* from, const char* quote) {
-        if (m_followsLiteral || m_isFirst) return false;
+        if (m_followsLiteral || m_followsPlus || m_isFirst) return false;
         bool hasQuotes = false;
         const char* end = quote + 1;
         for (;; end += 2) {
@@ -111,7 +113,7 @@ private:
     }
 
     bool Literal(const char* from, const char* end, std::variant<int64_t, std::string_view> value) {
-        if (m_precedesPattern || m_isDeclaration) {
+        if (m_keepsLiteral || m_isDeclaration) {
             KeepApart();
         } else {
             m_shape.values.push_back(value);
@@ -120,7 +122,7 @@ private:
             m_copied = end;
             m_isMarkerOpen = true;
         }
-        m_precedesPattern = false;
+        m_keepsLiteral = m_followsPlus = false;
         m_beginsStatement = m_isFirst = false;
         m_at = end;
         m_touches = true;
@@ -141,7 +143,9 @@ private:
             return false;
         m_isMarkerOpen = false;
         const bool endsStatement = *m_at == ';';
-        if (!Pass(m_at + 1)) return false;
+        const bool isPlus = *m_at == '+';
+        if ((isPlus && m_followsLiteral) || !Pass(m_at + 1)) return false;
+        m_followsPlus = isPlus;
         if (endsStatement) {
             m_beginsStatement = true;
             m_isDeclaration = false;
@@ -151,7 +155,7 @@ private:
 
     bool Pass(const char* end) {
         if (m_isFirst) return false;
-        m_beginsStatement = m_precedesPattern = m_followsLiteral = false;
+        m_beginsStatement = m_keepsLiteral = m_followsLiteral = m_followsPlus = false;
         m_at = end;
         m_touches = true;
         return true;
@@ -171,8 +175,9 @@ private:
     bool m_beginsStatement = true;
     bool m_isDeclaration = false;
     bool m_isChange = false;
-    bool m_precedesPattern = false;
-    bool m_followsLiteral = false;
+    bool m_keepsLiteral = false;
+    bool m_followsLiteral = false;  // a text
+    bool m_followsPlus = false;
     bool m_touches = false;
     bool m_isMarkerOpen = false;
 };

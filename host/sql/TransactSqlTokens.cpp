@@ -17,6 +17,11 @@ bool IsDigit(char c) { return ClassOf(c) == CharacterClass::Digit; }
 bool BeginsName(char c) { return ClassOf(c) == CharacterClass::Letter || ClassOf(c) == CharacterClass::Wide; }
 bool IsNameCharacter(char c) { return BeginsName(c) || IsDigit(c); }
 bool IsNameMark(char c) { return c == '#' || c == '@' || c == '$'; }
+bool IsDoubleSign(char c, char next) {
+    for (const char* sign : {"||", "!=", "<>", "<=", ">="})
+        if (c == sign[0] && next == sign[1]) return true;
+    return false;
+}
 // Literals of other kinds than plain and national text.
 bool MakesAnotherLiteral(std::string_view word) {
     return word.size() == 1 && std::string_view("xXbBeEuU").find(word[0]) != std::string_view::npos;
@@ -42,9 +47,8 @@ bool Token::IsWord(std::string_view wanted) const {
 void TransactSqlScanner::Refuse(size_t from, size_t to) const { RefuseTransactSql(m_source.substr(from, to - from)); }
 
 Token TransactSqlScanner::Make(TokenKind kind, size_t end) {
-    const Token token{kind, m_source.substr(m_at, end - m_at), false, m_touches};
+    const Token token{kind, m_source.substr(m_at, end - m_at)};
     m_at = end;
-    m_touches = true;
     return token;
 }
 
@@ -102,9 +106,7 @@ Token TransactSqlScanner::Number() {
 }
 
 bool TransactSqlScanner::Next(Token& token) {
-    const size_t before = m_at;
     while (IsBlank(At(m_at))) ++m_at;
-    if (m_at != before) m_touches = false;
     if (m_at >= m_source.size()) return false;
 
     const char c = m_source[m_at];
@@ -130,7 +132,7 @@ bool TransactSqlScanner::Next(Token& token) {
         token = Make(TokenKind::Marker, end);
     } else if ((c == '-' && next == '-') || (c == '/' && next == '*')) {
         Refuse(m_at, m_at + 2);
-    } else if ((c == '|' && next == '|') || (c == '!' && next == '=')) {
+    } else if (IsDoubleSign(c, next)) {
         token = Make(TokenKind::Sign, m_at + 2);
     } else if (ClassOf(c) == CharacterClass::Sign) {
         token = Make(TokenKind::Sign, m_at + 1);

@@ -15,14 +15,13 @@ enum class TokenKind {
     Number,      // digits, with a point or an exponent where there is one
     Text,        // '...', quotes included; N'...' has isNational set and a text that begins at the N
     Marker,      // ? or ?12
-    Sign         // one character of punctuation or an operator
+    Sign         // punctuation or an operator, of one character or two
 };
 
 struct Token {
     TokenKind kind;
     std::string_view text;  // views the source
     bool isNational = false;
-    bool touchesPrevious = false;  // no blank in between
 
     bool Is(TokenKind wanted) const { return kind == wanted; }
     // A word, without regard to case; the wanted one in capitals.
@@ -50,7 +49,6 @@ private:
 
     std::string_view m_source;
     size_t m_at = 0;
-    bool m_touches = false;
 };
 
 std::vector<Token> ScanTransactSql(std::string_view source);

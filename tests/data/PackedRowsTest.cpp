@@ -1,5 +1,6 @@
 #include "data/PackedRows.h"
 
+#include "tests/support/MemoryInUse.h"
 #include "tests/support/RaisedBy.h"
 
 #include <gtest/gtest.h>
@@ -28,22 +29,48 @@ TEST(PackedRows, RowsComeBackAsTheyWentIn) {
     for (int32_t i = 0; i < 1000; ++i) rows.Add(Row::Of(CellsOfEveryKind(i)));
     rows.ShrinkToFit();
     ASSERT_EQ(rows.Count(), 1000u);
-    for (const int32_t i : {0, 1, 299, 300, 500, 999}) {
+    for (int32_t i = 0; i < 1000; ++i) {
         const Row row = rows.At(static_cast<size_t>(i));
         for (const auto& [name, value] : CellsOfEveryKind(i))
-            EXPECT_EQ(row.Value(name), value) << name << " of row " << i;
+            ASSERT_EQ(row.Value(name), value) << name << " of row " << i;
     }
+}
+
+TEST(PackedRows, RowsAddedAfterShrinkingStandBehindTheOthers) {
+    PackedRows rows;
+    for (int32_t i = 0; i < 600; ++i) {
+        rows.Add(Row::Of({{"Value", i}}));
+        if (i % 100 == 0) rows.ShrinkToFit();
+    }
+    for (int32_t i = 0; i < 600; ++i) ASSERT_EQ(rows.At(static_cast<size_t>(i)).Value("Value"), TaggedValue(i));
 }
 
 TEST(PackedRows, ThereAreNoRowsAtFirst) { EXPECT_EQ(PackedRows().Count(), 0u); }
 
 TEST(PackedRows, AnObjectIsRefusedAndLeavesTheRowsAsTheyWere) {
+    const auto row = [](const TaggedValue& second) { return Row::Of({{"First", "some text"}, {"Second", second}}); };
+    for (const size_t before : {0u, 1u, 255u, 256u}) {
+        PackedRows rows;
+        for (size_t i = 0; i < before; ++i) rows.Add(row(static_cast<int32_t>(i)));
+        EXPECT_EQ(testing::RaisedBy([&] { rows.Add(row(ObjectRef())); }).Number(), 13);
+        EXPECT_EQ(rows.Count(), before);
+        rows.Add(row(-1));
+        EXPECT_EQ(rows.At(before).Value("Second"), TaggedValue(-1));
+        for (size_t i = 0; i < before; ++i)
+            ASSERT_EQ(rows.At(i).Value("Second"), TaggedValue(static_cast<int32_t>(i)));
+    }
+}
+
+TEST(PackedRows, RowsTakeTheBytesOfTheirValuesAndLittleMore) {
+    const size_t count = 20000;
+    const std::string text(100, 'x');
+    const Row row = Row::Of({{"Key", 1}, {"Text", text}, {"Nothing", Null()}});
+    const size_t idle = testing::MemoryInUse();
     PackedRows rows;
-    rows.Add(Row::Of({{"Value", 1}}));
-    EXPECT_EQ(testing::RaisedBy([&] { rows.Add(Row::Of({{"Value", ObjectRef()}})); }).Number(), 13);
-    EXPECT_EQ(rows.Count(), 1u);
-    rows.Add(Row::Of({{"Value", 2}}));
-    EXPECT_EQ(rows.At(1).Value("Value"), TaggedValue(2));
+    for (size_t i = 0; i < count; ++i) rows.Add(row);
+    EXPECT_LT((testing::MemoryInUse() - idle) / count, 124u) << "nothing is taken far in advance";
+    rows.ShrinkToFit();
+    EXPECT_LT((testing::MemoryInUse() - idle) / count, 124u);
 }
 
 }  // namespace quellbrook

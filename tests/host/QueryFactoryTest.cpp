@@ -291,7 +291,7 @@ TEST_F(QueryFactoryOnEngine, ATemplateWithANumberIsTheTextOfTheQueryWithIt) {
         QuerySource outer = base.As("Results").Select({"*"});
         return outer.Where(equals(base.Column("StorageLocNo")));
     };
-    const QuerySource open = search([](const QueryExpression& column) { return column.EqualsNumberPlace(); });
+    const QuerySource open = search([](const QueryExpression& column) { return column.EqualsKeyPlace(); });
     for (const int32_t number : {0, 5, -3, 2147483647}) {
         const QuerySource query = search([&](const QueryExpression& column) { return column.Equals(number); });
         EXPECT_EQ(f.ToTemplate(open).With(number), f.ToSql(query));

@@ -107,7 +107,7 @@ TEST_F(SqliteSchemaTest, CustodyRowsCanNeitherBeChangedNorDeleted) {
 TEST_F(SqliteSchemaTest, TheFlagAndTheNameOfALocationChangeFreely) {
     const int32_t room = m_database.AddLocation("Room", Type::Internal);
     m_database.AddLocation("Shelf", Type::Internal, room);
-    EXPECT_EQ(Raised("UPDATE StorageLocation SET ActiveFlag = 0, Name = Name + 'x'").Number(), 0);
+    EXPECT_EQ(Raised("UPDATE StorageLocation SET ActiveFlag = 0, Name = Name || 'x'").Number(), 0);
 }
 
 TEST_F(SqliteSchemaTest, ALocationNeedsAContainerThatStandsThereInTheSameCategory) {

@@ -44,6 +44,18 @@ TEST(TransactSqlShape, PatternsStay) {
     EXPECT_EQ(shape.text, "DELETE FROM T WHERE A LIKE '/0/%' ESCAPE '\\' AND B=?1");
 }
 
+TEST(TransactSqlShape, NumbersOfASumBecomeMarkers) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("UPDATE T SET A=1 + B + 2 WHERE C='x' AND D=+3", shape));
+    EXPECT_EQ(shape.text, "UPDATE T SET A=?1 + B + ?2 WHERE C=?3 AND D=+?4");
+}
+
+TEST(TransactSqlShape, ALiteralThatIsANameStays) {
+    StatementShape shape;
+    ASSERT_TRUE(FindShape("INSERT INTO T (A,B) SELECT 'a', 'b' AS 'odd' FROM U AS V", shape));
+    EXPECT_EQ(shape.text, "INSERT INTO T (A,B) SELECT ?1, ?2 AS 'odd' FROM U AS V");
+}
+
 TEST(TransactSqlShape, DeclarationsStay) {
     StatementShape shape;
     ASSERT_TRUE(FindShape("DECLARE @x AS NVARCHAR(5);SELECT @x = MAX(A)+1 FROM T WHERE B=9;UPDATE U SET V=@x", shape));
@@ -58,6 +70,7 @@ TEST(TransactSqlShape, SomeTextsAreTakenAsTheyStand) {
           "UPDATE T SET A=.5", "UPDATE T SET A=2e3", "UPDATE T SET A=1234567890123456789", "UPDATE [T] SET A=1",
           "UPDATE T SET A=1 -- x", "UPDATE T SET A=1 /* x */", "UPDATE T SET A=X'00'", "UPDATE T SET A='x' 'y'",
           "UPDATE T SET A='x", "UPDATE T SET A=@@x", "UPDATE ##T SET A=1", "UPDATE \"T\" SET A=1", "UPDATE T SET A=b$c",
+          "UPDATE T SET A=A + 'x'", "UPDATE T SET A='x' + A", "UPDATE T SET A=1 + N'x'",
           "5", "'x'", ";UPDATE T SET A=1", "UPDATED T"})
         EXPECT_FALSE(FindShape(text, shape)) << text;
     EXPECT_FALSE(FindShape(std::string("UPDATE T SET A='x\0y'", 21), shape));

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "fuzz/Fail.h"
+#include "host/schema/SqliteSchema.h"
+
+#include <sqlite3.h>
+
+#include <string>
+
+namespace quellbrook::fuzz {
+
+// An empty department in memory, with a temporary table as a transfer makes it.
+class ReferenceDatabase {
+public:
+    static ReferenceDatabase& Instance() {
+        static ReferenceDatabase database;
+        return database;
+    }
+
+    sqlite3* Handle() const { return m_database; }
+
+    // What SQLite says against the statement; empty when it takes it.
+    std::string FailureOf(const std::string& sql) const {
+        sqlite3_stmt* statement = nullptr;
+        const int code = sqlite3_prepare_v2(m_database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
+        sqlite3_finalize(statement);
+        return code == SQLITE_OK ? std::string() : sqlite3_errmsg(m_database);
+    }
+
+private:
+    ReferenceDatabase() {
+        sqlite3_open(":memory:", &m_database);
+        for (const SchemaScript& script : SqliteSchemaScripts())
+            for (const std::string& sql : script.statements) Run(sql);
+        Run("CREATE TEMPORARY TABLE \"#NextSeqNo\" (Value INT NOT NULL)");
+    }
+
+    void Run(const std::string& sql) {
+        if (sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            Fail(sqlite3_errmsg(m_database), sql);
+    }
+
+    sqlite3* m_database = nullptr;
+};
+
+}  // namespace quellbrook::fuzz

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quellbrook::testing {
+
+// What a search asks for, and who asks.
+struct AskedSearch {
+    std::optional<int32_t> location = {};  // 0 for a root
+    int32_t itemType = 0;                  // 1 property, 2 vehicles
+    int32_t numberType = 0;                // 1 incident, 2 case, 3 property ID, 4 tag, 5 property key, 6 vehicle key
+    std::string number = {};
+    std::string description = {};
+    bool untracked = false;
+    bool tagged = false;
+    bool seesProperty = true;
+    bool seesVehicles = true;
+};
+
+// The search as one statement, written down clause by clause without any wit: both kinds with all their joins, the
+// conditions where they belong. What it finds is what a search is to find; rows that are equal count once.
+std::string LiteralSearchText(const AskedSearch& asked);
+
+std::string Describe(const AskedSearch& asked);
+
+}  // namespace quellbrook::testing
