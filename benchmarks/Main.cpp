@@ -63,7 +63,25 @@ void MeasureManyLocations(const std::string& directory, std::vector<bench::Resul
     bench::MeasureLocationTree(baseline, 300, results);
 }
 
-int Run(bool quick, const std::string& directory) {
+struct Group {
+    const char* name;
+    void (*measure)(bench::Baseline&, std::vector<bench::Result>&);
+};
+const Group groups[] = {
+    {"items", bench::MeasureItemByKey},
+    {"lookups", bench::MeasureLookups},
+    {"contents", bench::MeasureLocationContents},
+    {"descriptions", bench::MeasureDescriptions},
+    {"chains", bench::MeasureChain},
+    {"relations", bench::MeasureRelations},
+    {"locations", [](bench::Baseline& baseline, std::vector<bench::Result>& results) {
+         bench::MeasureLocationTree(baseline, 10, results);
+     }},
+    {"transfers", bench::MeasureTransfers},
+    {"many", bench::MeasureManyHits},
+};
+
+int Run(bool quick, const std::string& directory, const std::string& only) {
     std::filesystem::create_directories(directory);
     HostServices::Current().SetSession(std::make_shared<EverybodySession>());
     std::vector<bench::Result> results;
@@ -71,18 +89,11 @@ int Run(bool quick, const std::string& directory) {
         const std::string path = Department(directory, quick ? quickSize : fullSize);
         Open(path);
         bench::Baseline baseline(path);
-        bench::MeasureItemByKey(baseline, results);
-        bench::MeasureLookups(baseline, results);
-        bench::MeasureLocationContents(baseline, results);
-        bench::MeasureDescriptions(baseline, results);
-        bench::MeasureChain(baseline, results);
-        bench::MeasureRelations(baseline, results);
-        bench::MeasureLocationTree(baseline, 10, results);
-        bench::MeasureTransfers(baseline, results);
-        bench::MeasureManyHits(baseline, results);
+        for (const Group& group : groups)
+            if (only.empty() || only == group.name) group.measure(baseline, results);
     }
-    if (!quick) MeasureGrowth(directory, results);
-    MeasureManyLocations(directory, results);
+    if (!quick && (only.empty() || only == "lookups")) MeasureGrowth(directory, results);
+    if (only.empty() || only == "locations") MeasureManyLocations(directory, results);
     bench::PrintTable(results);
     bench::WriteJson(results, directory + "/bench.json");
 
@@ -96,19 +107,21 @@ int Run(bool quick, const std::string& directory) {
 
 int main(int argc, char** argv) {
     bool quick = false;
-    std::string directory = "build";
+    std::string directory = "build", only;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--quick") == 0) {
             quick = true;
         } else if (std::strcmp(argv[i], "--directory") == 0 && i + 1 < argc) {
             directory = argv[++i];
+        } else if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc) {
+            only = argv[++i];
         } else {
-            fmt::print(stderr, "Usage: quellbrook_bench [--quick] [--directory DIR]\n");
+            fmt::print(stderr, "Usage: quellbrook_bench [--quick] [--only GROUP] [--directory DIR]\n");
             return 2;
         }
     }
     try {
-        return Run(quick, directory);
+        return Run(quick, directory, only);
     } catch (const std::exception& failure) {
         fmt::print(stderr, "{}\n", failure.what());
         return 1;

@@ -31,16 +31,14 @@ std::string RawText(const sql::ResultColumn& column) {
 
 // Takes the entry from the front of the rest, and the comma behind it.
 bool TakeEntry(std::string_view& rest, const std::string& entry) {
-    if (!rest.starts_with(entry)) return false;
-    const std::string_view behind = rest.substr(entry.size());
-    if (!behind.empty() && behind[0] != ',') return false;
-    rest = behind.substr(behind.empty() ? 0 : 1);
+    if (!rest.starts_with(entry + ",")) return false;
+    rest.remove_prefix(entry.size() + 1);
     return true;
 }
 
 // The entries written down again are the text, but for blanks and capitals.
 void CheckEntries(const std::string& text) {
-    const std::string squeezed = Squeezed(text);
+    const std::string squeezed = Squeezed(text) + ",";
     std::string_view rest = squeezed;
     for (const sql::ResultColumn& column : sql::ParseSelectText(text)) {
         const std::string plain = Squeezed(RawText(column));

@@ -11,7 +11,9 @@ constexpr const char* beginnings[] = {
     "",
     "SELECT ",
     "SELECT Value FROM Setting WHERE ",
+    "SELECT Value FROM Setting WHERE Name='x'",
     "SELECT Value FROM Setting WHERE Name LIKE ",
+    "SELECT Value FROM Setting WHERE Name LIKE 'x' ESCAPE '",
     "UPDATE Property SET Description=",
     "INSERT INTO Setting (Name,Value) VALUES (",
     "DECLARE @x INT;SELECT @x = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7;UPDATE #Next SET Value=@x,b="};

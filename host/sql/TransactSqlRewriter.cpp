@@ -4,6 +4,7 @@
 #include "host/sql/TransactSqlGrammar.h"
 #include "host/sql/TransactSqlWords.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <span>
@@ -85,7 +86,8 @@ private:
         CheckOneRow(select, target);
 
         Variable variable;
-        variable.replacement = "(SELECT " + Emit(tokens, parts, begin) + ")";
+        const size_t end = !IsPostgreSql() && IsNullWithoutRows(select) ? begin + FindWord(select, "GROUP") : tokens.size();
+        variable.replacement = "(SELECT " + Emit(tokens.first(end), parts, begin) + ")";
         variable.isSet = true;
         for (const Token& token : select) {
             if (token.Is(TokenKind::Variable) || token.text == "?") RefuseTransactSql(token.text);
@@ -104,6 +106,17 @@ private:
             if (expression[i].IsSign(')')) --depth;
         }
         return false;
+    }
+
+    // Then a grouping that makes one row at most adds nothing, and without it SQLite takes the greatest or the least
+    // straight from an index.
+    static bool IsNullWithoutRows(Tokens select) {
+        const Tokens expression = select.first(FindWord(select, "FROM"));
+        return std::all_of(expression.begin(), expression.end(), [&](const Token& token) {
+            if (IsReserved(token)) return false;
+            const bool isCall = &token != &expression.back() && (&token + 1)->IsSign('(') && token.Is(TokenKind::Word);
+            return !isCall || token.IsWord("MAX") || token.IsWord("MIN");
+        });
     }
 
     // The expression has an aggregate, and a grouping makes no second row of it.

@@ -34,8 +34,8 @@ TEST(TransactSqlRewriter, TheStatementsOfATransfer) {
          {"INSERT INTO \"#nextseqno\" (Value) VALUES (0)"}},
         {"DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 GROUP BY "
          "PropertyNo;UPDATE #NextSeqNo SET VALUE = COALESCE(@NextSeqNo, 1)",
-         {"UPDATE \"#NextSeqNo\" SET VALUE = COALESCE((SELECT MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 "
-          "GROUP BY PropertyNo), 1)"},
+         {"UPDATE \"#NextSeqNo\" SET VALUE = COALESCE((SELECT MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7), "
+          "1)"},
          {"UPDATE \"#nextseqno\" SET VALUE = COALESCE((SELECT MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 "
           "GROUP BY PropertyNo), 1)"}},
         {"INSERT INTO PropertyTracking (PropertyNo,SeqNo,ReceivedBy,DateReceived) VALUES (7,(SELECT Value FROM "
@@ -160,7 +160,15 @@ TEST(TransactSqlRewriter, RefusesAVariableWhoseSelectCouldGiveSeveralRows) {
     ExpectRefused(declared + "UNION SELECT 1;UPDATE u SET c=@x", "UNION");
     ExpectRefused(declared + "HAVING 1=1;UPDATE u SET c=@x", "HAVING");
     EXPECT_EQ(ToSqlite(declared + "WHERE c>1 AND b='k' AND d=2 GROUP BY b;UPDATE u SET c=@x"),
-              Texts{"UPDATE u SET c=(SELECT MAX(a) FROM t WHERE c>1 AND b='k' AND d=2 GROUP BY b)"});
+              Texts{"UPDATE u SET c=(SELECT MAX(a) FROM t WHERE c>1 AND b='k' AND d=2)"});
+}
+
+TEST(TransactSqlRewriter, KeepsTheGroupingOfAnAssignmentThatWouldHaveAValueWithoutRows) {
+    const std::string counted = "FROM t WHERE b=1 GROUP BY b";
+    EXPECT_EQ(ToSqlite("DECLARE @x INT;SELECT @x = COUNT(a) " + counted + ";UPDATE u SET c=@x"),
+              Texts{"UPDATE u SET c=(SELECT COUNT(a) " + counted + ")"});
+    EXPECT_EQ(ToSqlite("DECLARE @x INT;SELECT @x = MAX(a)+COUNT(a) " + counted + ";UPDATE u SET c=@x"),
+              Texts{"UPDATE u SET c=(SELECT MAX(a)+COUNT(a) " + counted + ")"});
 }
 
 TEST(TransactSqlRewriter, RefusesAVariableUsedWhenItsRowsMayHaveChanged) {
