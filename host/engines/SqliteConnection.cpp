@@ -19,6 +19,7 @@ namespace {
 
 constexpr size_t keptQueryLimit = 16;
 constexpr size_t keptQueryLength = 4096;
+constexpr size_t keptShapeLimit = 64;
 const char* const executeSource = "SqliteConnection.Execute";
 const char* const querySource = "SqliteConnection.Query";
 
@@ -148,6 +149,7 @@ void SqliteConnection::Execute(const std::string& sql, const std::vector<TaggedV
 void SqliteConnection::ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters) {
     const sql::TranslatedText translated = sql::TranslateTransactSql(sql, sql::SqlTarget::Sqlite);
     m_temporaryTables += translated.createdTables;
+    if (IsOfTemporaryTables(translated)) return;
     if (!parameters.empty() && translated.statements.size() != 1)
         Raise(ErrorNumber::General, executeSource, "Only a single statement can have parameters.");
     for (const std::string& text : translated.statements) {
@@ -158,6 +160,31 @@ void SqliteConnection::ExecutePlain(const std::string& sql, const std::vector<Ta
         RunToEnd(statement);
     }
     m_temporaryTables -= translated.droppedTables;
+}
+
+// Carries out the making and dropping of a temporary table in a batch as far as that needs no change of the schema.
+// False where the statement is to be executed as it stands.
+bool SqliteConnection::IsOfTemporaryTables(const sql::TranslatedText& text) {
+    if (text.createdTables + text.droppedTables == 0) return false;
+    const bool isAlone = m_inBatch && text.statements.size() == 1;
+    if (isAlone && text.createdTables == 1 && m_temporary.Take(text.statements[0])) return true;
+    for (const std::string& statement : text.statements) {
+        const std::string name = TemporaryTables::NameIn(statement);
+        if (!m_temporary.IsSetAside(name)) continue;
+        Control(("DROP TABLE temp." + name).c_str(), executeSource);
+        m_temporary.Forget(name);
+    }
+    if (!isAlone) return false;
+    if (text.createdTables == 1) {
+        Control(text.statements[0].c_str(), executeSource);
+        m_temporary.Created(text.statements[0]);
+        return true;
+    }
+    const std::string name = TemporaryTables::NameIn(text.statements[0]);
+    if (!m_temporary.SetAside(name)) return false;
+    Control(("DELETE FROM temp." + name).c_str(), executeSource);
+    --m_temporaryTables;
+    return true;
 }
 
 bool SqliteConnection::ExecuteKept(const std::string& sql) {
@@ -207,13 +234,18 @@ void SqliteConnection::Begin() {
 
 void SqliteConnection::Commit() {
     Control("COMMIT", "SqliteConnection.Commit");
-    m_keptShapes.clear();
+    m_temporary.Commit();
+    EndBatch();
+}
+
+void SqliteConnection::EndBatch() noexcept {
+    if (m_keptShapes.size() > keptShapeLimit) m_keptShapes.clear();
     m_inBatch = false;
 }
 
 void SqliteConnection::Rollback() noexcept {
-    m_keptShapes.clear();
-    m_inBatch = false;
+    if (m_inBatch) m_temporary.Rollback();
+    EndBatch();
     if (sqlite3_get_autocommit(m_database->getHandle())) return;
     if (sqlite3_exec(m_database->getHandle(), "ROLLBACK", nullptr, nullptr, nullptr) != SQLITE_OK) m_isHealthy = false;
 }
@@ -242,6 +274,7 @@ void SqliteConnection::DropTemporaryTables() {
     for (const std::string& name : names)
         Control(("DROP TABLE temp." + Quoted(name)).c_str(), "SqliteConnection.Reset");
     m_temporaryTables = 0;
+    m_temporary.Clear();
 }
 
 }  // namespace quellbrook

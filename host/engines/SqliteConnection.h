@@ -1,7 +1,9 @@
 #pragma once
 
 #include "host/engines/Connection.h"
+#include "host/engines/TemporaryTables.h"
 #include "host/sql/QueryShape.h"
+#include "host/sql/TransactSqlRewriter.h"
 #include "host/sql/TransactSqlShape.h"
 
 #include <memory>
@@ -19,8 +21,9 @@ namespace quellbrook {
 class SqliteStatement;
 
 // A connection to a SQLite file: write-ahead log, full synchronisation, foreign keys on. Statements of the
-// Transact-SQL subset are translated. Between Begin and Commit changing statements are kept prepared by their shape;
-// queries are kept by their shape, a few of the latest.
+// Transact-SQL subset are translated. Between Begin and Commit changing statements are kept prepared by their shape,
+// over the end of the batch too, and dropped temporary tables are set aside for the next one; queries are kept by their
+// shape, a few of the latest.
 class SqliteConnection : public Connection {
 public:
     SqliteConnection(const std::string& path, int busyMilliseconds);
@@ -39,11 +42,12 @@ public:
 
 private:
     using StatementPtr = std::unique_ptr<SqliteStatement>;
-    // A shape in use in this batch; without statements where its text is better taken as it stands.
+    // A shape of the latest batches; without statements where its text is better taken as it stands.
     using KeptShape = std::vector<SqliteStatement>;
 
     template <typename Work>
     auto Watched(Work work);
+    void EndBatch() noexcept;
     void Control(const char* sql, const char* source);
     void ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters);
     bool ExecuteKept(const std::string& sql);
@@ -52,12 +56,14 @@ private:
     StatementPtr TakeKeptQuery(const std::string& text);
     StatementPtr PrepareQuery(const std::string& text, size_t parameterCount);
     void KeepQuery(const std::string& text, StatementPtr statement);
+    bool IsOfTemporaryTables(const sql::TranslatedText& text);
     void DropTemporaryTables();
 
     std::unique_ptr<SQLite::Database> m_database;
     std::unordered_map<std::string, KeptShape> m_keptShapes;
     std::vector<std::pair<std::string, StatementPtr>> m_keptQueries;  // the latest last
     sql::StatementShape m_shape;
+    TemporaryTables m_temporary;
     int m_temporaryTables = 0;  // at most so many
     bool m_inBatch = false;
     bool m_isHealthy = true;
