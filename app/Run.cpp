@@ -26,6 +26,8 @@ namespace quellbrook {
 
 namespace {
 
+constexpr int tourKeyPause = 2000;  // milliseconds
+
 // The component's seams, installed as long as this lives.
 class Component {
 public:
@@ -105,6 +107,8 @@ int Open(const Options& options, const Department& department) {
         return QApplication::exec();
     }
     window.showMaximized();
+    // On a busy machine keys come with pauses that a list would take for the end of a word.
+    QApplication::setKeyboardInputInterval(tourKeyPause);
     TourPlayer player(window, QString::fromStdString(*options.tourDirectory), department.path);
     PlanTransferRoad(player);
     player.Start();

@@ -86,7 +86,8 @@ private:
         CheckOneRow(select, target);
 
         Variable variable;
-        const size_t end = !IsPostgreSql() && IsNullWithoutRows(select) ? begin + FindWord(select, "GROUP") : tokens.size();
+        const bool needsGrouping = IsPostgreSql() || !IsNullWithoutRows(select);
+        const size_t end = needsGrouping ? tokens.size() : begin + FindWord(select, "GROUP");
         variable.replacement = "(SELECT " + Emit(tokens.first(end), parts, begin) + ")";
         variable.isSet = true;
         for (const Token& token : select) {
