@@ -64,9 +64,9 @@ namespace quellbrook::sql {
 // reads. An assign takes numbered markers only.
 //
 // A temporary table gets a quoted name, N'...' becomes '...', all else is handed on byte by byte. For SQLite the
-// grouping of an assign is left out where its value is NULL without rows anyhow, with no aggregates but MAX and MIN. For
-// PostgreSQL are added: where NULL sorts (below all else), ESCAPE '' behind a pattern that has a backslash and no escape
-// sign, and blanks between operators; a literal behind AS is refused there.
+// grouping of an assign is left out where its value is NULL without rows anyhow, with no aggregates but MAX and MIN.
+// For PostgreSQL are added: where NULL sorts (below all else), ESCAPE '' behind a pattern that has a backslash and no
+// escape sign, and blanks between operators; a literal behind AS is refused there.
 //
 // Whatever leaves the grammar is refused with Error 5 and a sentence that quotes the first token that does not fit.
 
