@@ -73,6 +73,20 @@ with_x_server() {
     XDG_CACHE_HOME="$scratch/home/.cache" XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORM=xcb)
   "${environment[@]}" openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
   local manager=$!
+  # A window that opens before the manager is there never learns where it stands.
+  tries=0
+  until "${environment[@]}" xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
+    tries=$((tries + 1))
+    if [ $tries -gt 200 ] || ! kill -0 $manager 2>/dev/null; then
+      cat "$scratch/openbox.log" >&2
+      echo "The window manager did not start." >&2
+      kill $manager $server 2>/dev/null || true
+      wait $manager $server 2>/dev/null || true
+      rm -rf "$scratch"
+      return 1
+    fi
+    sleep 0.05
+  done
   "${environment[@]}" "$@" || status=$?
   kill $manager $server 2>/dev/null || true
   wait $manager $server 2>/dev/null || true
