@@ -34,7 +34,7 @@ struct Batch {
 
 constexpr int batchesInTurn = 8;
 
-// Items in a place, with a chain as short as most have: each run of this program makes the chains of its items longer.
+// Items in a place, with a chain as short as most have.
 std::vector<int32_t> ItemsWithShortChains(Baseline& baseline, const std::string& kind, const std::string& itemType) {
     return baseline.Integers("SELECT ItemNo FROM CurrentPlace INNER JOIN " + kind + " ON " + kind +
                              "No = ItemNo WHERE ItemType = " + itemType + " AND CurrTrackSeq <= 30 ORDER BY ItemNo");

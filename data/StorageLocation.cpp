@@ -7,7 +7,8 @@ namespace quellbrook {
 
 namespace {
 
-std::string ChildText(const pugi::xml_node& node, const char* name) {
+// Views the document.
+std::string_view ChildText(const pugi::xml_node& node, const char* name) {
     const pugi::xml_node child = node.child(name);
     if (!child) Raise(ErrorNumber::NullObject, "StorageLocation.LoadFromXMLDOMNode");
     return child.text().get();
@@ -79,13 +80,13 @@ void StorageLocation::MakeRoot() {
 void StorageLocation::LoadFromXMLDOMNode(const pugi::xml_node& node) {
     int step = 1;
     try {
-        m_id = ToInt32(ChildText(node, "IdNo"));
+        m_id = ParseInt32(ChildText(node, "IdNo"));
         step = 2;
         m_name = ChildText(node, "Name");
         step = 3;
         m_path = LocationPath().Parse(ChildText(node, "Path"));
         step = 4;
-        m_type = static_cast<StorageLocationTypes>(ToInt32(ChildText(node, "Type")));
+        m_type = static_cast<StorageLocationTypes>(ParseInt32(ChildText(node, "Type")));
         step = 5;
         if (node.child("ActiveFlag")) m_enabled = ToBool(ChildText(node, "ActiveFlag"));
         step = 6;

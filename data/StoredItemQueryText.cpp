@@ -2,8 +2,8 @@
 #include "base/Text.h"
 #include "data/StoredItemQuery.h"
 #include "host/HostServices.h"
+#include "host/PlannedQueries.h"
 
-#include <map>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -14,7 +14,7 @@ namespace quellbrook {
 namespace {
 
 // Everything that decides the text but for the key, and the item type that composing leaves in the criteria.
-using Shape = std::tuple<bool, int32_t, int32_t, bool, bool, bool, bool, std::string, bool, bool>;
+using Shape = std::tuple<bool, int32_t, int32_t, bool, bool, bool, bool>;
 struct Planned {
     QueryTemplate text;
     int32_t itemType;
@@ -45,17 +45,13 @@ std::optional<Key> OnlyKey(const StoredItemCriteria& criteria) {
 }
 
 Shape ShapeOf(const StoredItemCriteria& criteria) {
-    const Dialect& dialect = HostServices::Current().Pool().GetDialect();
     return {criteria.location != nullptr,
             criteria.numberType,
             criteria.itemType,
             criteria.untracked,
             criteria.tagged,
             GetUser().Can(GetPermissions().VIEW_PROPERTY()),
-            GetUser().Can(GetPermissions().VIEW_VEHICLE()),
-            dialect.concatenation + dialect.textPrefix,
-            dialect.hasCurrentPlace,
-            dialect.hasDescriptionIndex};
+            GetUser().Can(GetPermissions().VIEW_VEHICLE())};
 }
 
 }  // namespace
@@ -64,15 +60,13 @@ std::string StoredItemQueryText(StoredItemCriteria& criteria) {
     const std::optional<Key> key = OnlyKey(criteria);
     if (!key) return QueryServices::Factory().ToSql(ComposeQuery(criteria));
 
-    static std::map<Shape, Planned> planned;
-    const Shape shape = ShapeOf(criteria);
-    auto found = planned.find(shape);
-    if (found == planned.end()) {
+    static PlannedQueries<Shape, Planned> queries;
+    const Planned& planned = queries.Get(ShapeOf(criteria), [&] {
         QueryTemplate text = QueryServices::Factory().ToTemplate(ComposeQuery(criteria, KeyForm::Place));
-        found = planned.emplace(shape, Planned{std::move(text), criteria.itemType}).first;
-    }
-    criteria.itemType = found->second.itemType;
-    return std::visit([&](const auto& value) { return found->second.text.With(value); }, *key);
+        return Planned{std::move(text), criteria.itemType};
+    });
+    criteria.itemType = planned.itemType;
+    return std::visit([&](const auto& value) { return planned.text.With(value); }, *key);
 }
 
 }  // namespace quellbrook

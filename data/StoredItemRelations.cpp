@@ -5,11 +5,11 @@
 #include "data/CustodyRecords.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
+#include "host/PlannedQueries.h"
 #include "host/QueryFactory.h"
 
-#include <map>
 #include <string>
-#include <tuple>
+#include <utility>
 
 namespace quellbrook {
 
@@ -45,15 +45,13 @@ QuerySource ComposeRelated(const StoredItem& item, Related related) {
     return query;
 }
 
-// Composed once for each kind of item and engine: a list of search results asks for every row of it.
+// Composed once for each kind of item: a list of search results asks for every row of it.
 RowList QueryRelated(const StoredItem& item, Related related) {
-    static std::map<std::tuple<bool, Related, std::string>, QueryTemplate> composed;
-    const Dialect& dialect = HostServices::Current().Pool().GetDialect();
-    const std::tuple shape{IsProperty(item), related, dialect.concatenation + dialect.textPrefix};
-    auto found = composed.find(shape);
-    if (found == composed.end())
-        found = composed.emplace(shape, QueryServices::Factory().ToTemplate(ComposeRelated(item, related))).first;
-    return HostDatabase().QueryRows(found->second.With(item.ID()));
+    static PlannedQueries<std::pair<bool, Related>, QueryTemplate> queries;
+    const QueryTemplate& query = queries.Get({IsProperty(item), related}, [&] {
+        return QueryServices::Factory().ToTemplate(ComposeRelated(item, related));
+    });
+    return HostDatabase().QueryRows(query.With(item.ID()));
 }
 
 RowList QueryIncidents(const StoredItem& item) {

@@ -14,6 +14,13 @@ namespace {
           "'" + std::string(text) + "' is not the path of a storage location.");
 }
 
+// The digits are those that ToText writes for this number.
+bool IsCanonical(std::string_view digits, int32_t id) {
+    char buffer[16];
+    const char* end = std::to_chars(buffer, buffer + sizeof buffer, id).ptr;
+    return digits == std::string_view(buffer, end);
+}
+
 }  // namespace
 
 LocationPath LocationPath::Append(int32_t id) const {
@@ -40,7 +47,7 @@ LocationPath LocationPath::Parse(std::string_view text) const {
         const auto [end, failure] = std::from_chars(rest.data(), rest.data() + rest.size(), id);
         const auto length = static_cast<size_t>(end - rest.data());
         if (failure != std::errc() || length == rest.size() || *end != '/') RaiseNoPath(text);
-        if (rest.substr(0, length) != std::to_string(id)) RaiseNoPath(text);
+        if (!IsCanonical(rest.substr(0, length), id)) RaiseNoPath(text);
         ids.push_back(id);
         rest.remove_prefix(length + 1);
     }

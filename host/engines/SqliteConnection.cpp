@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/engines/SqliteError.h"
+#include "host/engines/SqliteKeys.h"
 #include "host/engines/SqliteStatement.h"
 #include "host/sql/TransactSqlRewriter.h"
 
@@ -255,6 +256,8 @@ bool SqliteConnection::IsHealthy() {
     sqlite3_file_control(m_database->getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
     return m_isHealthy && !hasMoved;
 }
+
+std::vector<RowKey> SqliteConnection::Keys() const { return ReadKeys(m_database->getHandle()); }
 
 void SqliteConnection::Reset() {
     Rollback();

@@ -38,6 +38,7 @@ public:
     void Rollback() noexcept override;
     // False also once the file has been deleted or replaced: what is written to it then is lost.
     bool IsHealthy() override;
+    std::vector<RowKey> Keys() const;
     void Reset() override;
 
 private:

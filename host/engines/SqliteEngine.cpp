@@ -29,13 +29,14 @@ bool HasAll(const Names& present, const char* table, const std::vector<std::stri
     return true;
 }
 
-Dialect DialectOf(Connection& connection) {
+Dialect DialectOf(SqliteConnection& connection) {
     const Names names = NamesInSchema(connection);
     Dialect dialect;
     dialect.concatenation = "||";
     dialect.equalsLikeLike = true;  // every text column of the schema collates NOCASE
     dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
     dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
+    dialect.keys = connection.Keys();
     return dialect;
 }
 

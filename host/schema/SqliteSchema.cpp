@@ -101,8 +101,7 @@ CREATE TABLE Vehicle (
     CurrStatusNo INTEGER
 ))sql";
 
-const char* const vehicleView = R"sql(
-CREATE VIEW vwVehicleDisplayInfo AS
+const char* const vehicleView = R"sql(CREATE VIEW vwVehicleDisplayInfo AS
 SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle)sql";
 
 // Below, {0} is Property or Vehicle and {1} the item's type.
@@ -346,5 +345,7 @@ const std::vector<std::string>& DescriptionIndexTriggers() {
                                                    descriptionTriggers[2].name};
     return names;
 }
+
+std::string VehicleViewStatement() { return vehicleView; }
 
 }  // namespace quellbrook

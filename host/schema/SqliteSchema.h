@@ -38,6 +38,9 @@ const std::vector<SchemaScript>& SqliteSchemaScripts();
 const std::vector<std::string>& CurrentPlaceTriggers();
 const std::vector<std::string>& DescriptionIndexTriggers();
 
+// The statement that makes vwVehicleDisplayInfo, a row for each row of Vehicle.
+std::string VehicleViewStatement();
+
 // Makes an empty department database at the path. Error 5 with a sentence when something stands there already or the
 // file can't be made; no half-made file is left.
 void CreateDatabase(const std::string& path);

@@ -24,5 +24,9 @@ bool IsEmptyArm(const QuerySelect& query);
 bool HasLeftJoin(const SourceRef& from);
 // Whether every column of the select list is known and IsRowwise.
 bool HasRowwiseColumns(const QuerySelect& query);
+// Whether the keys alone make any two rows of the result differ.
+bool HasNoEqualRows(const QuerySelect& query, const std::vector<RowKey>& keys);
+// Whether a column tells the rows of the one from those of the other: a constant, and another one.
+bool ShareNoRow(const QuerySelect& a, const QuerySelect& b);
 
 }  // namespace quellbrook::sql

@@ -114,8 +114,9 @@ struct QuerySelect {
     std::vector<ConditionRef> where;  // all of them hold
     bool distinct = false;
 };
-struct UnionOfQueries {  // equal rows once
+struct UnionOfQueries {
     std::vector<SourceRef> arms;
+    bool hasNoEqualRows = false;  // otherwise equal rows are to come once
 };
 struct DerivedTable {
     SourceRef query;

@@ -68,6 +68,15 @@ void DropEmptyArms(std::vector<Arm>& arms, bool namesAreKnown) {
     arms.erase(std::remove_if(arms.begin() + (keepsFirst ? 1 : 0), arms.end(), isEmpty), arms.end());
 }
 
+bool HaveNoEqualRows(const std::vector<Arm>& arms, const std::vector<RowKey>& keys) {
+    for (auto arm = arms.begin(); arm != arms.end(); ++arm) {
+        if (!HasNoEqualRows(arm->query, keys)) return false;
+        const auto shares = [&](const Arm& other) { return !ShareNoRow(arm->query, other.query); };
+        if (std::any_of(arms.begin(), arm, shares)) return false;
+    }
+    return true;
+}
+
 void NameColumns(QuerySelect& query, const std::vector<std::string>& names) {
     auto columns = ExpandedColumns(query);
     if (!columns || columns->size() != names.size()) return;
@@ -87,11 +96,12 @@ SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect) {
     for (Arm& arm : arms) PlanArm(arm.query, isDistinct, dialect);
     DropEmptyArms(arms, names.has_value());
     if (arms.front().id != first) NameColumns(arms.front().query, *names);
+    const bool hasNoEqualRows = HaveNoEqualRows(arms, dialect.keys);
     if (arms.size() == 1) {
-        arms.front().query.distinct = isDistinct;
+        arms.front().query.distinct = isDistinct && !hasNoEqualRows;
         return ChangedSource(*query, std::move(arms.front().query));
     }
-    UnionOfQueries all;
+    UnionOfQueries all{{}, hasNoEqualRows};
     for (Arm& arm : arms)
         all.arms.push_back(std::make_shared<const SourceNode>(SourceNode{arm.id, std::move(arm.query)}));
     return ChangedSource(*query, std::move(all));

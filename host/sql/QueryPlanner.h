@@ -14,13 +14,15 @@ namespace quellbrook::sql {
 //   FoldConstants              a condition between constants is decided; one that can't hold makes the arm empty
 //   DropEmptyArms              an empty arm of a union is left out; the last one stays and says 1 = 0
 //   TurnPlainPatternsToEqualities  a pattern without "*" on a table's column becomes "=", where that compares as LIKE
-//   does
+//                              does
 //   DropImpliedNullTests       IS NOT NULL beside another condition that refuses NULL is left out
 //   TurnLinkedCriteriaToLists  a criterion on a left-joined pair of tables becomes key IN (SELECT ... FROM the pair)
 //   DropUnusedLeftJoins        a left-joined source that nothing selects or tests is left out
 //   UseCurrentPlaces           an item's place is looked for among the candidates of CurrentPlace, where that stands
 //   UseDescriptionIndex        a description is looked for among the candidates of PropertyDescription, where that
-//   stands
+//                              stands
+//   HaveNoEqualRows            nothing is told to look for equal rows where the keys leave none to come: UNION ALL, and
+//                              no DISTINCT
 // The join of the current custody row stays a left join all along: as an inner join it would invite the engine to start
 // from the tracking table.
 SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect);

@@ -183,7 +183,7 @@ void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, Written
     if (!all) Raise(ErrorNumber::General, "QueryFactory.ToSql", "Only a query or a union can be turned into text.");
     bool first = true;
     for (const SourceRef& arm : all->arms) {
-        if (!first) out.text += " UNION ";
+        if (!first) out.text += all->hasNoEqualRows ? " UNION ALL " : " UNION ";
         first = false;
         WriteQueryOrUnion(*arm, dialect, out);
     }

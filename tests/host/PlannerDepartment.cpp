@@ -40,6 +40,15 @@ Dialect SqliteDialect(bool hasCurrentPlace, bool hasDescriptionIndex) {
     return dialect;
 }
 
+Dialect WithKeys(Dialect dialect) {
+    dialect.keys = {{"Property", {"PropertyNo"}},
+                    {"PropertyTracking", {"PropertyNo", "SeqNo"}},
+                    {"Vehicle", {"VehicleNo"}},
+                    {"vwVehicleDisplayInfo", {"VehicleNo"}},
+                    {"VehicleTracking", {"VehicleNo", "SeqNo"}}};
+    return dialect;
+}
+
 int Below(std::mt19937& random, int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
 
 std::string AnyOf(std::mt19937& random, const std::vector<std::string>& choices) {

@@ -36,6 +36,8 @@ private:
 
 // SQLite's way of writing, with or without the side tables.
 Dialect SqliteDialect(bool hasCurrentPlace, bool hasDescriptionIndex);
+// The same, told the keys of the reference schema.
+Dialect WithKeys(Dialect dialect);
 
 // One value that some row of a filled department may well match.
 std::string AnyOf(std::mt19937& random, const std::vector<std::string>& choices);

@@ -87,7 +87,8 @@ private:
 
 struct Dialects {
     const std::vector<Dialect> all = {SqliteDialect(false, false), SqliteDialect(true, false),
-                                      SqliteDialect(false, true), SqliteDialect(true, true)};
+                                      SqliteDialect(false, true), SqliteDialect(true, true),
+                                      WithKeys(SqliteDialect(false, false)), WithKeys(SqliteDialect(true, true))};
 };
 
 TEST(QueryPlanner, GivesTheRowsOfTheQueryAsComposed) {

@@ -6,6 +6,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/TestDatabase.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -272,6 +273,12 @@ TEST_F(SqliteSchemaTest, TheEngineKnowsWhatTheSchemaOffers) {
     EXPECT_EQ(m_database.GetEngine()->GetDialect().textPrefix, "");
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasCurrentPlace);
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasDescriptionIndex);
+    EXPECT_THAT(m_database.GetEngine()->GetDialect().keys,
+                ::testing::IsSupersetOf({RowKey{"Property", {"PropertyNo"}},
+                                         RowKey{"PropertyTracking", {"PropertyNo", "SeqNo"}},
+                                         RowKey{"Vehicle", {"VehicleNo"}},
+                                         RowKey{"vwVehicleDisplayInfo", {"VehicleNo"}},
+                                         RowKey{"VehicleTracking", {"VehicleNo", "SeqNo"}}}));
 }
 
 namespace {
