@@ -8,18 +8,6 @@
 
 namespace quellbrook {
 
-namespace {
-
-void LogFailure(const char* source, const std::string& description) noexcept {
-    try {
-        GetErrorLog().Log("Quellbrook", source, description);
-    } catch (...) {
-        // There is no other place left to tell of it.
-    }
-}
-
-}  // namespace
-
 Action Actions::CreateAction(const char* actionType, TaggedValue payload) { return {actionType, std::move(payload)}; }
 
 void Actions::NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary> viewParameters) {

@@ -14,13 +14,7 @@ namespace quellbrook {
 
 namespace {
 
-void LogFailure(const std::string& description) noexcept {
-    try {
-        GetErrorLog().Log("Quellbrook", "Actions.ProcessTransaction", description);
-    } catch (...) {
-        // There is no other place left to tell of it.
-    }
-}
+const char* const source = "Actions.ProcessTransaction";
 
 // Carries out one step of the report on a transfer whose outcome is settled: a failure here changes nothing about it.
 template <typename Step>
@@ -28,7 +22,7 @@ void Attempt(Step step) {
     try {
         step();
     } catch (...) {
-        LogFailure(CurrentError().Description());
+        LogFailure(source, CurrentError().Description());
     }
 }
 
@@ -36,7 +30,7 @@ void Attempt(Step step) {
 std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<CartItems>& items) {
     try {
         items = GetStores().Cart->GetItems();
-        GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, "Actions.ProcessTransaction")));
+        GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, source)));
         return std::nullopt;
     } catch (...) {
         return CurrentError().Description();
@@ -54,7 +48,7 @@ void Actions::ProcessTransaction(std::shared_ptr<TransferData> xfer) {
     if (failure) {
         Attempt([&] { CancelTransaction(); });
         Attempt([&] { GetDispatcher()->Dispatch(CreateAction(ActionTypes::CART_TRANSACTION_FAILED, *failure)); });
-        LogFailure(*failure);
+        LogFailure(source, *failure);
     } else {
         Attempt([&] {
             NotifyUser("Successfully transferred " + FormatCount(items->Count(), "%d item", "%d items"));

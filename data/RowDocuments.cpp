@@ -37,7 +37,9 @@ std::unique_ptr<pugi::xml_document> CreateRowXmlNode(const std::string& rootName
     if (!row) Raise(ErrorNumber::NullObject, "StorageLocation.CreateRowXmlNode");
     for (size_t i = 0; i < std::get<List>(columns).size(); ++i) {
         pugi::xml_node cell = row.append_child(ToText(std::get<List>(columns)[i]).c_str());
-        cell.text().set(ValueText(std::get<List>(values)[i]).c_str());
+        const std::string text = ValueText(std::get<List>(values)[i]);
+        if (text.find('\0') != std::string::npos) Refuse("A text with a NUL character can't be stored.");
+        cell.text().set(text.c_str());
         cell.append_attribute("isPersistable").set_value(1);
     }
     return document;

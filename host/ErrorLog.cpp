@@ -52,6 +52,14 @@ ErrorLog* current = &standardErrorLog;
 ErrorLog& GetErrorLog() { return *current; }
 void SetErrorLog(ErrorLog* log) { current = log ? log : &standardErrorLog; }
 
+void LogFailure(const std::string& source, const std::string& description) noexcept {
+    try {
+        GetErrorLog().Log("Quellbrook", source, description);
+    } catch (...) {
+        return;
+    }
+}
+
 std::unique_ptr<ErrorLog> MakeFileErrorLog(const std::string& path) {
     try {
         return std::make_unique<FileErrorLog>(path);

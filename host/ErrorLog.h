@@ -16,6 +16,9 @@ public:
 ErrorLog& GetErrorLog();
 void SetErrorLog(ErrorLog* log);  // the caller keeps ownership
 
+// An entry of this module's own. A log that fails is passed over: there is no other place left to tell of it.
+void LogFailure(const std::string& source, const std::string& description) noexcept;
+
 // A log in a rotating file: 5 files of 1 MiB. Error 5 where the file can't be written.
 std::unique_ptr<ErrorLog> MakeFileErrorLog(const std::string& path);
 

@@ -57,6 +57,13 @@ TEST(RowDocuments, AValueThatHasNoTextFails) {
     EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, List{Null()}); }).Number(), 94);
 }
 
+TEST(RowDocuments, ATextWithNulIsRefusedAndNotCut) {
+    const Error error =
+        RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, List{std::string("Shelf\0 12", 9)}); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Description(), "A text with a NUL character can't be stored.");
+}
+
 TEST(RowDocuments, ARootNameThatIsNoNameFails) {
     EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("", List{}, List{}); }).Number(), 91);
 }

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
 #include <unistd.h>
 
@@ -93,6 +94,26 @@ TEST(ErrorLog, TheLogInUseCanBeReplacedAndPutBack) {
     SetErrorLog(nullptr);
     EXPECT_EQ(recording.Entries(), (std::vector<RecordingErrorLog::Entry>{{"Quellbrook", "A.B", "text"}}));
     EXPECT_NE(&GetErrorLog(), &recording);
+}
+
+TEST(ErrorLog, AFailureIsLoggedUnderTheNameOfTheModule) {
+    RecordingErrorLog recording;
+    recording.Announce("A.B");
+    SetErrorLog(&recording);
+    LogFailure("A.B", "text");
+    SetErrorLog(nullptr);
+    EXPECT_EQ(recording.Entries(), (std::vector<RecordingErrorLog::Entry>{{"Quellbrook", "A.B", "text"}}));
+}
+
+TEST(ErrorLog, ALogThatFailsIsPassedOver) {
+    struct FullLog : ErrorLog {
+        void Log(const std::string&, const std::string&, const std::string&) override {
+            throw std::runtime_error("The disk is full.");
+        }
+    } log;
+    SetErrorLog(&log);
+    EXPECT_NO_THROW(LogFailure("A.B", "text"));
+    SetErrorLog(nullptr);
 }
 
 }  // namespace

@@ -16,9 +16,7 @@ ErrorReport& InstalledReport() {
 // would otherwise open dialogs without end.
 bool reporting = false;
 
-void LogError(const Error& error) {
-    GetErrorLog().Log("Quellbrook", error.Source(), error.Description());
-}
+void LogError(const Error& error) { LogFailure(error.Source(), error.Description()); }
 
 void ReportByDefault(const Error& error) {
     LogError(error);
