@@ -3,6 +3,7 @@
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqlite3-dev libpugixml-dev libboost-dev
   libspdlog-dev libsodium-dev libgtest-dev libgmock-dev)
 VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
+DESIGNER_PACKAGES=(qt6-tools-dev libqt6opengl6-dev)
 DESKTOP_PACKAGES=(xvfb openbox xdotool x11-utils)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
@@ -26,6 +27,7 @@ install_packages() {
     echo "These packages could not be installed: ${missing[*]}" >&2
     return 1
   fi
+  rm -f build/*/build.ninja  # to be configured anew: what was missing may be there now
 }
 
 # build PRESET [TARGET...]: configures where needed and builds; prints only what went wrong.

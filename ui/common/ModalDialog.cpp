@@ -222,7 +222,7 @@ void frmModal::LetMessageScroll(const ModalLayout& layout) {
     if (!m_scroll) {
         m_scroll = new QScrollArea(this);
         m_scroll->setObjectName("scrMessage");
-        m_scroll->setAccessibleName(ToQString(m_title));
+        m_scroll->setAccessibleName(ToQString(m_title.empty() ? m_prompt : m_title));
         m_scroll->setFrameShape(QFrame::NoFrame);
         m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         m_scroll->setWidget(m_message);

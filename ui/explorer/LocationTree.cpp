@@ -53,6 +53,7 @@ LocationTree::LocationTree(QWidget* parent)
     : View(parent), m_treeView(new LocationTreeWidget(this)), m_picLoading(new GroupBox(this)) {
     m_treeView->setObjectName("TreeView");
     m_treeView->setAccessibleName("Evidence Locations");
+    setAccessibleName(m_treeView->accessibleName());
     setFocusProxy(m_treeView);
     MakeLoadingPanel();
     MakeMenu();

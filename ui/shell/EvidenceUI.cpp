@@ -94,6 +94,7 @@ void EvidenceUI::BuildViews(const ShellViews& views) {
         page->SetIndex(static_cast<int>(m_views.size()));
         Control* view = each.make(page);
         view->setObjectName(each.name);
+        if (view->accessibleName().isEmpty()) view->setAccessibleName(each.caption);
         m_views.emplace_back(view);
         m_controls.emplace_back(view);
     }

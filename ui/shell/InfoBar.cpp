@@ -149,7 +149,8 @@ void InfoBar::LayoutControls() {
     const float iconSize = ToTwips(IconSize);
     m_icon->Move(ToTwips(IconLeft), (OpenHeight - iconSize) / 2 + TwipsPerPixel, iconSize, iconSize);
     const float textLeft = ToTwips(TextLeft);
-    m_selected->Move(textLeft, TwipsPerPixel, m_buttonGroup->Left() - textLeft - ToTwips(Theme::Margin), OpenHeight);
+    m_selected->Move(textLeft, TwipsPerPixel, m_buttonGroup->Left() - textLeft - ToTwips(Theme::Margin),
+                     OpenHeight - TwipsPerPixel);
 }
 
 void InfoBar::paintEvent(QPaintEvent*) {

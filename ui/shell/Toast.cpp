@@ -33,16 +33,21 @@ QColor MarkColor() { return Theme::IsDark() ? QColor(0x0B, 0x7A, 0x5B) : QColor(
 
 }  // namespace
 
-Toast::Toast(QWidget* parent) : Control(parent), m_expandedHeight(DesignHeight), m_toastTimer(MakeTimer()) {
+Toast::Toast(QWidget* parent) : Control(parent), m_expandedHeight(DesignHeight) {
     setObjectName("toastMessage");
     BuildControls();
     SetOverlaying(true);
     SetAlign(Alignment::Bottom);
     Control::SetHeight(m_expandedHeight);
-    if (!IsInsideDesigner()) hide();
-    m_toastTimer->Elapsed = [this] { ToastTimer_Elapsed(); };
-    m_slideUpSubscription = m_slideUp.Finished.connect([this] { SlideUp_Finished(); });
-    m_slideDownSubscription = m_slideDown.Finished.connect([this] { SlideDown_Finished(); });
+    if (IsInsideDesigner()) return;
+    hide();
+    m_motion = std::make_unique<Motion>(*this);
+}
+
+Toast::Motion::Motion(Toast& toast) : toastTimer(MakeTimer()) {
+    toastTimer->Elapsed = [&toast] { toast.ToastTimer_Elapsed(); };
+    slideUpSubscription = slideUp.Finished.connect([&toast] { toast.SlideUp_Finished(); });
+    slideDownSubscription = slideDown.Finished.connect([&toast] { toast.SlideDown_Finished(); });
 }
 
 void Toast::BuildControls() {
@@ -67,11 +72,12 @@ void Toast::Slide(LinearAnimation& animation, float from, float to) {
 }
 
 void Toast::Popup(const std::string& message) {
-    m_toastTimer->Stop();
+    if (!m_motion) return;
+    m_motion->toastTimer->Stop();
     m_message->SetCaption(ToQString(message));
     m_icon->SetForeColor(MarkColor());
     setVisible(true);
-    Slide(m_slideUp, CollapsedHeight(), m_expandedHeight);
+    Slide(m_motion->slideUp, CollapsedHeight(), m_expandedHeight);
     Announce();
 }
 
@@ -82,13 +88,13 @@ void Toast::Announce() {
 }
 
 void Toast::SlideUp_Finished() {
-    m_toastTimer->SetInterval(DisplayTime);
-    m_toastTimer->Start();
+    m_motion->toastTimer->SetInterval(DisplayTime);
+    m_motion->toastTimer->Start();
 }
 
 void Toast::ToastTimer_Elapsed() {
-    m_toastTimer->Stop();
-    Slide(m_slideDown, m_expandedHeight, CollapsedHeight());
+    m_motion->toastTimer->Stop();
+    Slide(m_motion->slideDown, m_expandedHeight, CollapsedHeight());
 }
 
 void Toast::SlideDown_Finished() { hide(); }
@@ -106,7 +112,7 @@ void Toast::FirstShow() {
 // The content keeps its place under the sliding edge: the toast slides in, it does not unfold.
 void Toast::Layout() {
     if (Align() != Alignment::Bottom) SetAlign(Alignment::Bottom);
-    if (!m_slideUp.InProgress() && !m_slideDown.InProgress()) SetHeight(CollapsedHeight());
+    if (!m_motion || !m_motion->InProgress()) SetHeight(CollapsedHeight());
     const float iconSize = ToTwips(IconSize);
     m_icon->Move(ToTwips(IconLeft), (m_expandedHeight - iconSize) / 2, iconSize, iconSize);
     m_message->Move(ToTwips(TextLeft), 0, ClientWidth() - ToTwips(TextLeft + Theme::Margin), m_expandedHeight);

@@ -28,6 +28,18 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    // What moves it; there is none inside a designer.
+    struct Motion {
+        explicit Motion(Toast& toast);
+        bool InProgress() const { return slideUp.InProgress() || slideDown.InProgress(); }
+
+        std::unique_ptr<Timer> toastTimer;
+        LinearAnimation slideUp;
+        LinearAnimation slideDown;
+        Subscription slideUpSubscription;
+        Subscription slideDownSubscription;
+    };
+
     void BuildControls();
     void FirstShow();
     float CollapsedHeight() const;
@@ -41,11 +53,7 @@ private:
     bool m_wasShown = false;
     FontIcon* m_icon = nullptr;
     Label* m_message = nullptr;
-    std::unique_ptr<Timer> m_toastTimer;
-    LinearAnimation m_slideUp;
-    LinearAnimation m_slideDown;
-    Subscription m_slideUpSubscription;
-    Subscription m_slideDownSubscription;
+    std::unique_ptr<Motion> m_motion;
 };
 
 }  // namespace quellbrook

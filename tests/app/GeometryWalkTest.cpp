@@ -1,0 +1,242 @@
+#include "tests/support/ui/GeometryWalk.h"
+
+#include "app/MainWindow.h"
+#include "app/tour/Look.h"
+#include "base/Screen.h"
+#include "component/Quellbrook.h"
+#include "core/Actions.h"
+#include "data/StorageLocationStatic.h"
+#include "host/HostServices.h"
+#include "host/engines/SqliteEngine.h"
+#include "tests/app/SampleFile.h"
+#include "tests/support/Items.h"
+#include "tests/support/RecordingScreen.h"
+#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ui/ScaledProcess.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/common/Dialogs.h"
+#include "ui/common/ModalDialog.h"
+#include "ui/controls/FlatTabs.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quellbrook::testing {
+namespace {
+
+// Every view of the program, on the sample department, at two sizes and in both palettes.
+std::vector<MeantFault> Meant() {
+    using enum MeantFault::Kind;
+    return {
+        {Overlap, "quellbrook::FocusRing", "", "the mark of the focus lies around what has the focus"},
+        {Overlap, "shpBorder", "", "the frame of a dialog lies behind all that it frames"},
+        {Overlap, "grpTitlebar", "lnkClose", "the cross stands on the title strip"},
+        {Overlap, "grpTitlebar", "scrMessage", "the title strip stands one pixel down, inside the frame"},
+        {Overlap, "searchResult/Label2", "searchResult/Label3", "lines stand closer than their boxes are high"},
+        {Overlap, "lblRelatedIncidents", "lblRelatedCases", "lines stand closer than their boxes are high"},
+        {Overlap, "itemView/quellbrook::Line", "itemView/tabs", "the rule under the captions runs the whole width"},
+        {Overlap, "explorer/picLeftPanel", "explorer/LocationPane", "the panel is the ground of the left column"},
+        {Overlap, "evidence/toastMessage", "", "the toast slides over what is on show"},
+        {Outside, "explorer/picLeftPanel", "", "the panel is the ground of the left column and begins above it"},
+        {Outside, "itemList/picContainer", "", "the rows of a list scroll"},
+    };
+}
+
+class EveryView : public ::testing::TestWithParam<std::tuple<bool, QSize>> {
+protected:
+    void SetUp() override {
+        HostServices::Current().SetEngine(SqliteEngine::Open(TheSample().Path()));
+        InstallTheme(std::get<0>(GetParam()));
+        Startup();
+        SetScreen(&m_screen);
+        m_timers = std::make_unique<ManualTimers>();
+        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, Accounts());
+        m_window->resize(std::get<1>(GetParam()));
+        ShowActive(*m_window);
+    }
+
+    void TearDown() override {
+        m_window.reset();
+        m_timers.reset();
+        HostServices::Current().SetSession(nullptr);
+        HostServices::Current().SetEngine(nullptr);
+        Shutdown();
+        InstallTheme(false);
+    }
+
+    static std::vector<ShownAccount> Accounts() {
+        std::vector<ShownAccount> shown;
+        for (const SampleAccount& account : SampleAccounts())
+            shown.push_back({QString::fromStdString(account.username), QString::fromStdString(account.password),
+                             QString::fromStdString(account.role)});
+        return shown;
+    }
+
+    void LogIn() {
+        Find<QLineEdit>(*m_window, "username")->setText(QString::fromStdString(SampleAccounts()[0].username));
+        Find<QLineEdit>(*m_window, "password")->setText(QString::fromStdString(SampleAccounts()[0].password));
+        Click(Find(*m_window, "logIn"));
+        ServeEvents();
+    }
+
+    // All that lies in the location of this name, as the explorer would list it.
+    static std::shared_ptr<StoredItemList> ItemsAt(const std::string& path) {
+        std::shared_ptr<StoredItemList> found;
+        const std::function<void(const StorageLocationRef&)> look = [&](const StorageLocationRef& location) {
+            if (location->FullPath() == path) found = location->StoredItems();
+            for (const StorageLocationRef& below : location->SubLocations()) look(below);
+        };
+        for (const StorageLocationRef& root : GetStorageLocationStatic().Roots()) look(root);
+        if (!found) ADD_FAILURE() << "No location " << path;
+        return found;
+    }
+
+    void BeginBatch(int32_t type) {
+        LogIn();
+        auto batch = std::make_shared<ObjectVector>();
+        const auto items = ItemsAt("Impound Lot/Row 2");
+        for (int32_t i = 0; i < items->Count(); ++i) batch->Add(items->ItemAt(i));
+        GetActions().BeginTransaction(type, batch);
+        ServeEvents();
+    }
+
+    void OpenItem() {
+        LogIn();
+        GetActions().OpenStoredItem(ItemsAt("Impound Lot/Row 2")->ItemAt(0));
+        ServeEvents();
+    }
+
+    void OpenLocation(const QString& name) {
+        QAbstractItemView* tree = tour::FindView(QStringLiteral("explorer/LocationPane"));
+        ASSERT_NE(tree, nullptr);
+        const QModelIndex row = tour::FindRow(tree, name);
+        ASSERT_TRUE(row.isValid());
+        tree->scrollTo(row);
+        Click(tree->viewport(), tree->visualRect(row).center());
+        Press(tree, Qt::Key_Right);
+        ServeEvents();
+    }
+
+    static void Walk(QWidget& window) {
+        const int before = TheWalk().Visited();
+        for (const std::string& fault : TheWalk().FaultsOf(window)) ADD_FAILURE() << fault;
+        EXPECT_GT(TheWalk().Visited(), before + 5);
+    }
+    void Walk() { Walk(*m_window); }
+
+    // One for all tests, so that it knows at the end which of the exceptions nothing needed.
+    static GeometryWalk& TheWalk() {
+        static GeometryWalk walk(Meant());
+        return walk;
+    }
+    static void TearDownTestSuite() { EXPECT_EQ(TheWalk().NeverMet(), std::vector<std::string>()); }
+
+    RecordingScreen m_screen;
+    std::unique_ptr<ManualTimers> m_timers;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+TEST_P(EveryView, TheLoginForm) { Walk(); }
+
+TEST_P(EveryView, TheLoginFormWithItsSentence) {
+    Click(Find(*m_window, "logIn"));
+    Walk();
+}
+
+TEST_P(EveryView, TheExplorer) {
+    LogIn();
+    Walk();
+}
+
+TEST_P(EveryView, ALocationWithItems) {
+    LogIn();
+    OpenLocation("Impound Lot");
+    OpenLocation("Row 2");
+    Walk();
+}
+
+TEST_P(EveryView, TheExplorerDuringABatch) {
+    BeginBatch(TransactionType::SignOut);
+    OpenLocation("Impound Lot");
+    OpenLocation("Row 2");
+    Walk();
+}
+
+TEST_P(EveryView, TheTransferForm) {
+    for (const int32_t type : {TransactionType::SignOut, TransactionType::SignIn, TransactionType::Move}) {
+        BeginBatch(type);
+        GetActions().NavigateTo("cart", nullptr);
+        Walk();
+        GetActions().CancelTransaction();
+        Click(Find(*m_window, "logOut"));
+        ServeEvents();
+    }
+}
+
+TEST_P(EveryView, AnItem) {
+    OpenItem();
+    Walk();
+}
+
+TEST_P(EveryView, AnItemsChainOfCustody) {
+    OpenItem();
+    auto* tabs = Find<FlatTabs>(*Find(*m_window, "itemView"), "tabs");
+    for (int tab = 0; tab < tabs->Count(); ++tab) {
+        tabs->SetSelectedIndex(tab);
+        ServeEvents();
+        Walk();
+    }
+}
+
+TEST_P(EveryView, TheLoadingView) {
+    LogIn();
+    GetActions().LoadingStarted();
+    ServeEvents();
+    Walk();
+    GetActions().LoadingFinished();
+}
+
+TEST_P(EveryView, TheToast) {
+    LogIn();
+    GetActions().NotifyUser("Successfully transferred 3 items");
+    for (int tick = 0; tick < 200; ++tick) m_timers->Tick(10);
+    ServeEvents();
+    EXPECT_TRUE(Find(*m_window, "toastMessage")->isVisible());
+    Walk();
+}
+
+TEST_P(EveryView, EveryMessage) {
+    const std::string sentence = "Please specify where this evidence is going.";
+    std::string book;
+    for (int i = 0; i < 400; ++i) book += sentence + (i % 5 == 4 ? "\r\n\r\n" : " ");
+    for (const int32_t style : {2, 36}) {
+        for (const std::string& prompt : {std::string("No."), sentence, sentence + " " + sentence + " " + sentence, book}) {
+            for (const std::string& title : {std::string(), std::string("Missing destination"), sentence + sentence}) {
+                frmModal form;
+                form.SetPrompt(prompt);
+                form.SetButtons(style);
+                form.SetTitle(title);
+                form.EnsureLoaded();
+                ShowActive(form);
+                Walk(form);
+                form.hide();
+            }
+        }
+    }
+}
+
+TEST(EveryViewAtScaleTwo, HasNoFaultsEither) {
+    if (IsScaledProcess()) GTEST_SKIP() << "This is the scaled process.";
+    ExpectTheSameAtScaleTwo("*/EveryView.*", "LightAndDark/EveryView.TheExplorer/0");
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, EveryView,
+                         ::testing::Combine(::testing::Bool(), ::testing::Values(QSize(1280, 800), QSize(1920, 1080))));
+
+}  // namespace
+}  // namespace quellbrook::testing
