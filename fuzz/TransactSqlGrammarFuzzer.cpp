@@ -25,7 +25,9 @@ public:
 
 private:
     size_t Choose(size_t choices) { return m_at < m_size ? m_data[m_at++] % choices : 0; }
-    bool Maybe() { return Choose(2) == 1 && m_depth < 12; }
+    bool Maybe() { return Choose(2) == 1 && HasRoom(); }
+    // Each level may hold a NOT besides, and all that is opened here stays below the deepest nesting of the language.
+    bool HasRoom() const { return m_depth < 12; }
     void Put(const char* text) { (m_text += text) += Choose(8) == 7 ? "\r\n\t" : " "; }
     template <size_t N>
     void PutAnyOf(const char* const (&texts)[N]) {
@@ -160,7 +162,7 @@ private:
     }
 
     void Member() {
-        switch (Choose(4)) {
+        switch (HasRoom() ? Choose(4) : 0) {
             case 2:
                 Nested([this] { Query(); });
                 PutAnyOf({"AS q", "q", "AS \"a b\""});
@@ -194,7 +196,7 @@ private:
     }
 
     void Term() {
-        if (m_depth < 12 && Choose(6) == 1) Put("NOT");
+        if (HasRoom() && Choose(6) == 1) Put("NOT");
         switch (Choose(8)) {
             case 1:
                 Value();
@@ -208,21 +210,25 @@ private:
             case 3:
                 Value();
                 PutAnyOf({"IN", "NOT IN"});
-                if (m_depth < 12 && Choose(2) == 1) return Nested([this] { Query(); });
+                if (HasRoom() && Choose(2) == 1) return Nested([this] { Query(); });
                 return Row();
             case 4:
                 Value();
                 PutAnyOf({"LIKE", "NOT LIKE"});
                 return PutAnyOf({"'x%'", "N'x_'", "'\\[x]' ESCAPE '\\'", "'a\\b'", "?", "'!!' ESCAPE '!'", "''"});
-            case 5: Put("EXISTS"); return Nested([this] { Query(); });
-            case 6:
-                if (m_depth < 12) return Nested([this] { Condition(); });
-                [[fallthrough]];
-            default:
-                Value();
-                PutAnyOf({"=", "<>", "!=", "<", "<=", ">", ">="});
-                return Value();
+            case 5:
+                if (!HasRoom()) return Comparison();
+                Put("EXISTS");
+                return Nested([this] { Query(); });
+            case 6: return HasRoom() ? Nested([this] { Condition(); }) : Comparison();
+            default: return Comparison();
         }
+    }
+
+    void Comparison() {
+        Value();
+        PutAnyOf({"=", "<>", "!=", "<", "<=", ">", ">="});
+        Value();
     }
 
     void Value() {
@@ -241,7 +247,7 @@ private:
             Put("-");
             mayBeText = false;
         }
-        switch (m_depth < 12 ? Choose(10) : Choose(6)) {
+        switch (HasRoom() ? Choose(10) : Choose(6)) {
             case 1: return PutAnyOf({"1", "0", "2.5", ".5", "1e-3", "7."});
             case 2: return mayBeText ? PutAnyOf({"'x'", "N'it''s'", "'; -- [x] @y #z'", "''"}) : Put("3");
             case 3: return PutAnyOf({"?", "?1", "?12"});
