@@ -1,5 +1,7 @@
 #include "ui/controls/Accessibility.h"
 
+#include "ui/controls/DropdownBox.h"
+#include "ui/controls/DropdownBoxAccessible.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/FlatTabsAccessible.h"
@@ -27,9 +29,10 @@ public:
 
     QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
 
+    // Not at once: the assistive tool waits for the end of this call, and a click may open a dialog.
     void doAction(const QString& name) override {
         if (name == pressAction())
-            m_control->Click();
+            QMetaObject::invokeMethod(m_control, [control = m_control] { control->Click(); }, Qt::QueuedConnection);
         else
             QAccessibleWidget::doAction(name);
     }
@@ -67,6 +70,7 @@ QAccessible::Role RoleOf(const Control* widget) {
 }
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
+    if (auto* box = qobject_cast<DropdownBox*>(object)) return new DropdownBoxAccessible(box);
     auto* control = qobject_cast<Control*>(object);
     if (!control) return nullptr;
     if (auto* button = qobject_cast<FlatButton*>(control))

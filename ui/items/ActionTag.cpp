@@ -4,6 +4,7 @@
 #include "ui/controls/Theme.h"
 #include "ui/controls/Twips.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
@@ -25,7 +26,10 @@ int WidestLine(const QStringList& lines) {
 
 }  // namespace
 
-ActionTag::ActionTag(QWidget* parent) : Control(parent) { setFocusPolicy(Qt::NoFocus); }
+ActionTag::ActionTag(QWidget* parent) : Control(parent) {
+    setFocusPolicy(Qt::NoFocus);
+    SetAccessibleRole(QAccessible::StaticText);
+}
 
 void ActionTag::SetCaption(const QString& caption) {
     if (m_caption == caption) return;

@@ -1,0 +1,174 @@
+"""Finds the controls of the running program by role and name, as a screen reader does, and works with them.
+
+Usage: accessibility.py PROGRAM USER PASSWORD
+Starts the program on a scratch department, logs in and opens a location through the accessibility bus alone.
+Prints a line for each thing found; ends with 1 at the first that does not come.
+"""
+
+import subprocess
+import sys
+import time
+
+import pyatspi
+from gi.repository import GLib
+
+PATIENCE = 30  # seconds
+MOST_ENTRIES = 40
+
+
+def is_showing(element):
+    return element.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def below(element):
+    """The element and everything below it that is on show."""
+    pending = [element]
+    while pending:
+        current = pending.pop()
+        if current is None:
+            continue
+        yield current
+        try:
+            pending.extend(reversed([current.getChildAtIndex(i) for i in range(current.childCount)]))
+        except Exception:  # it has gone while it was looked at
+            continue
+
+
+def program():
+    desktop = pyatspi.Registry.getDesktop(0)
+    for i in range(desktop.childCount):
+        application = desktop.getChildAtIndex(i)
+        if application is not None and application.name == "quellbrook":
+            return application
+    return None
+
+
+def look_for(role, name, inside):
+    root = inside or program()
+    if root is None:
+        return None
+    for element in below(root):
+        try:
+            if element.getRoleName() == role and element.name == name and is_showing(element):
+                return element
+        except Exception:
+            continue
+    return None
+
+
+def find(role, name, inside=None):
+    deadline = time.monotonic() + PATIENCE
+    while time.monotonic() < deadline:
+        element = look_for(role, name, inside)
+        if element is not None:
+            print(f"{role} \"{name}\"")
+            return element
+        time.sleep(0.1)
+    sys.exit(f"There is no {role} of the name \"{name}\".")
+
+
+def do(element, action):
+    actions = element.queryAction()
+    names = [actions.getName(i) for i in range(actions.nActions)]
+    if action not in names:
+        sys.exit(f"\"{element.name}\" can't \"{action}\", only {names}.")
+    actions.doAction(names.index(action))
+
+
+def fill(name, role, text):
+    find(role, name).queryEditableText().setTextContents(text)
+
+
+def click(element, button=1, times=1):
+    """A real click in the middle of where the element says it is."""
+    place = element.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2), "click",
+                    "--repeat", str(times), "--delay", "60", str(button)], check=True)
+
+
+def press(key):
+    subprocess.run(["xdotool", "key", key], check=True)
+
+
+class Spoken:
+    """What a screen reader would speak: the name of each element that gets the focus."""
+
+    def __init__(self):
+        self.names = []
+        pyatspi.Registry.registerEventListener(self.hear, "object:state-changed:focused")
+
+    def hear(self, event):
+        if event.detail1:
+            self.names.append(event.source.name)
+
+    def next(self):
+        """The next name; nothing where none comes for a second."""
+        deadline = time.monotonic() + 1
+        while not self.names and time.monotonic() < deadline:
+            GLib.MainContext.default().iteration(False)
+            time.sleep(0.01)
+        return self.names.pop(0) if self.names else None
+
+
+def choose_in_menu(entry, spoken):
+    """Goes down the open menu until the entry is spoken, and takes it."""
+    for _ in range(MOST_ENTRIES):
+        press("Down")
+        name = spoken.next()
+        while name is not None and name != entry:
+            name = spoken.next()
+        if name == entry:
+            print(f"menu entry \"{entry}\"")
+            press("Return")
+            return
+    sys.exit(f"The menu does not speak the entry \"{entry}\".")
+
+
+def walk(user, password):
+    spoken = Spoken()
+    fill("User name", "text", user)
+    fill("Password", "password text", password)
+    do(find("push button", "Log In"), "Press")
+
+    find("text", "Quellbrook")
+    find("panel", "Evidence Explorer")
+    locations = find("tree", "Evidence Locations")
+    click(find("table cell", "Impound Lot", locations))
+    find("label", "Impound Lot")
+    press("Right")
+    click(find("table cell", "Row 2", locations))
+    find("label", "Row 2")
+    contents = find("tree", "Contents")
+
+    click(find("table cell", "2026-0388-08", contents), button=3)
+    choose_in_menu("Sign out  this item", spoken)
+    find("panel", "1 item selected for signing out of storage")
+    do(find("push button", "Finish"), "Press")
+    find("label", "Sign Out Evidence")
+    for field in ("This evidence is being transferred from", "into the custody of", "and will be going to",
+                  "for the purpose of"):
+        find("combo box", field)
+    do(find("push button", "Sign Out"), "Press")
+    find("dialog", "Missing destination")
+    find("label", "Please specify where this evidence is going.")
+    do(find("push button", "OK"), "Press")
+    do(find("link", "Close"), "Press")
+
+    click(find("table cell", "2026-0388-08", contents), times=2)
+    find("label", "2026-0388-08")
+    do(find("page tab", "Chain of Custody"), "Press")
+    find("label", "Signed In")
+
+
+def main():
+    _, path, user, password = sys.argv
+    process = subprocess.Popen([path, "--fresh"])
+    try:
+        walk(user, password)
+    finally:
+        process.terminate()
+        process.wait()
+
+
+if __name__ == "__main__":
+    main()
