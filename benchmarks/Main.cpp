@@ -51,6 +51,12 @@ void MeasureIn(const std::string& path, MeasureRows measure, std::vector<bench::
     HostServices::Current().SetEngine(nullptr);
 }
 
+void MeasureShellOn(const std::string& path, bool quick, std::vector<bench::Result>& results) {
+    Open(path);
+    bench::MeasureShell(quick, results);
+    HostServices::Current().SetEngine(nullptr);
+}
+
 // What may take at most twice the time with ten times the items.
 void MeasureGrowth(const std::string& directory, std::vector<bench::Result>& results) {
     std::vector<bench::Result> few;
@@ -123,6 +129,7 @@ int Run(bool quick, const std::string& directory, const std::string& only) {
         else
             MeasureIn(path, group.measure, results);
     }
+    if (only.empty() || only == "shell") MeasureShellOn(path, quick, results);
     if (!quick && (only.empty() || only == "lookups")) MeasureGrowth(directory, results);
     if (only.empty() || only == "locations") MeasureManyLocations(directory, results);
     bench::PrintTable(results);

@@ -17,6 +17,8 @@ void MeasureManyHits(Baseline& baseline, std::vector<Result>& results);
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results);
 void MeasureChain(Baseline& baseline, std::vector<Result>& results);
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
+// The component's own, not the department's: whether dialogs and views keep their pace and leave nothing behind.
+void MeasureShell(bool quick, std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
 

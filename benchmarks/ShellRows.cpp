@@ -1,0 +1,128 @@
+#include "benchmarks/Rows.h"
+
+#include "component/Quellbrook.h"
+#include "core/Actions.h"
+#include "core/Stores.h"
+#include "data/StoredItemSearch.h"
+#include "ui/common/WidgetScreen.h"
+#include "ui/controls/FlatButton.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+#include <malloc.h>
+
+namespace quellbrook::bench {
+
+namespace {
+
+constexpr int dialogs = 1000, switches = 10'000, share = 100;
+constexpr int fewSwitches = 2000;  // in a quick run
+constexpr double pace = 1.2, bytesLeft = 16;
+
+// The widgets' screen; what the shell says of too many moves of the focus is answered as it comes.
+class AnsweringScreen : public WidgetScreen {
+public:
+    int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) override {
+        if (title == "Focus Loop Detected!") return MessageAnswer::Ok;
+        return WidgetScreen::ShowMessage(prompt, buttons, title);
+    }
+};
+
+void PressOk() {
+    QWidget* dialog = QApplication::activeModalWidget();
+    Require(dialog != nullptr, "No dialog is open.");
+    dialog->findChild<FlatButton*>(QStringLiteral("button"))->Click();
+}
+
+void OpenAndClose() {
+    QTimer::singleShot(0, qApp, PressOk);
+    const int32_t answer =
+        GetScreen().ShowMessage("Please specify where this evidence is going.", MessageStyle::Critical, "Missing destination");
+    Require(answer == MessageAnswer::Ok, "The dialog was not closed by its button.");
+}
+
+void Settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+double Median(std::vector<double> times) {
+    std::nth_element(times.begin(), times.begin() + share / 2, times.end());
+    return times[share / 2];
+}
+
+// The last hundred of so many operations beside the first hundred, and what each of the second half has left behind:
+// by then the toolkit's caches are full.
+void MeasurePace(const char* name, int count, const std::function<void()>& operation, std::vector<Result>& results) {
+    for (int i = 0; i < share; ++i) operation();
+    std::vector<double> times;
+    times.reserve(static_cast<size_t>(count));
+    size_t bytes = 0;
+    qsizetype widgets = 0;
+    for (int i = 0; i < count; ++i) {
+        if (i == count / 2) {
+            bytes = mallinfo2().uordblks;
+            widgets = QApplication::allWidgets().size();
+        }
+        const auto start = std::chrono::steady_clock::now();
+        operation();
+        const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
+        times.push_back(elapsed.count());
+    }
+    Require(QApplication::allWidgets().size() == widgets, std::string(name) + ": a widget was left behind.");
+    const double left = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(bytes);
+    results.push_back({std::string(name) + ", last hundred over first", count, "us",
+                       Median({times.end() - share, times.end()}), Median({times.begin(), times.begin() + share}), pace});
+    results.push_back(
+        {std::string(name) + ", bytes left by each", count, "B", std::max(0.0, left / (count / 2)), {}, bytesLeft});
+}
+
+std::shared_ptr<ObjectList> SomeItems() {
+    const auto found = StoredItemSearch().WithDescription("*").Execute();
+    auto items = std::make_shared<ObjectVector>();
+    for (int32_t i = 0; i < 3; ++i) items->Add(found->ItemAt(i));
+    return items;
+}
+
+}  // namespace
+
+void MeasureShell(bool quick, std::vector<Result>& results) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int argumentCount = 1;
+    std::array<char*, 2> arguments{const_cast<char*>("quellbrook_bench"), nullptr};
+    const QApplication application(argumentCount, arguments.data());
+    InstallTheme(false);
+    Startup();
+    AnsweringScreen screen;
+    SetScreen(&screen);
+    {
+        QWidget window;
+        window.resize(1280, 800);
+        SetDialogParent(&window);
+        QWidget* shell = CreateEvidenceUI(&window);
+        shell->resize(window.size());
+        window.show();
+        shell->show();
+        Settle();
+        MeasurePace("a message dialog", dialogs, [] {
+            OpenAndClose();
+            Settle();
+        }, results);
+        GetActions().BeginTransaction(TransactionType::SignOut, SomeItems());
+        bool toCart = false;
+        MeasurePace("a change of view", quick ? fewSwitches : switches, [&toCart] {
+            toCart = !toCart;
+            toCart ? GetActions().NavigateTo("cart", nullptr) : GetActions().GoBack();
+            Settle();
+        }, results);
+    }
+    Shutdown();
+}
+
+}  // namespace quellbrook::bench

@@ -1,0 +1,227 @@
+#include "core/Actions.h"
+#include "core/Stores.h"
+#include "data/StorageLocationStatic.h"
+#include "host/HostLocationData.h"
+#include "tests/app/MainWindowTest.h"
+#include "tests/support/Items.h"
+#include "tests/support/ui/ManualTimer.h"
+#include "ui/common/Dialogs.h"
+#include "ui/common/ViewHelpers.h"
+#include "ui/common/WidgetScreen.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/Guard.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+
+namespace quellbrook::testing {
+namespace {
+
+// The widgets' own screen with a wizard whose form is open until a test ends it.
+class ScreenWithWizard : public WidgetScreen {
+public:
+    class Wizard : public SetupWizard {
+    public:
+        explicit Wizard(const bool& isOpen) : m_isOpen(isOpen) {}
+        void Show() override {}
+        bool Visible() const override { return m_isOpen; }
+        bool Completed() const override { return true; }
+
+    private:
+        const bool& m_isOpen;
+    };
+
+    std::shared_ptr<SetupWizard> MakeSetupWizard() override { return std::make_shared<Wizard>(isOpen); }
+    bool isOpen = true;
+};
+
+class PlainForm : public ModuleForm {
+public:
+    PlainForm() { resize(300, 200); }
+};
+
+enum class Loop { MessageDialog, PromptOfAView, Form, ContextMenu, GateWait, Yield };
+enum class Event { Scan, ToastTicks, ViewChange, LogOut, HostCloses };
+
+// Something happens while a loop of another kind is running: nothing crashes, nothing is lost, and the loop ends as its
+// user ends it.
+class NestedLoops : public MainWindowTest, public ::testing::WithParamInterface<std::tuple<Loop, Event>> {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        SetScreen(&m_widgetScreen);
+        m_timers.emplace();
+        SetUnexpectedReport([](const Error& error) { ADD_FAILURE() << error.Source() << ": " << error.Description(); });
+        if (TheLoop() == Loop::GateWait) return;
+        LogIn(SampleAccounts()[0]);
+        GetActions().BeginTransaction(TransactionType::SignOut, ListOf({SomeItem(0), SomeItem(1), SomeItem(2)}));
+    }
+
+    void TearDown() override {
+        MainWindowTest::TearDown();
+        m_timers.reset();
+        SetUnexpectedReport(nullptr);
+    }
+
+    static Loop TheLoop() { return std::get<0>(GetParam()); }
+    static Event TheEvent() { return std::get<1>(GetParam()); }
+
+    static StoredItemRef SomeItem(int32_t position) {
+        return StoredItemSearch().WithNumber(NumberSearchTypes::PropertyPK, std::to_string(position + 1)).Execute()->ItemAt(0);
+    }
+
+    // Runs the loop; what happens comes from inside it, and then its user's answer.
+    void RunLoop() {
+        QTimer::singleShot(0, qApp, [this] {
+            Happen();
+            m_happened = true;
+            EndLoop();
+        });
+        switch (TheLoop()) {
+        case Loop::MessageDialog:
+            EXPECT_EQ(GetScreen().ShowMessage("Is this right?", MessageStyle::YesNoQuestion, "Question"), MessageAnswer::Yes);
+            break;
+        case Loop::PromptOfAView: Click(Find<FlatButton>(*Find(*m_window, "infobar"), "btnCancel")); break;
+        case Loop::Form: {
+            PlainForm form;
+            m_form = &form;
+            ShowFormCentered(form);
+            EXPECT_FALSE(form.isVisible());
+            break;
+        }
+        case Loop::ContextMenu: {
+            QMenu menu;
+            menu.addAction("Open");
+            m_menu = &menu;
+            ShowContextMenu(Evidence(), &menu, nullptr);
+            break;
+        }
+        case Loop::GateWait:
+            m_database->exec("UPDATE StorageLocation SET Type = 1 WHERE IdNo = (SELECT MAX(IdNo) FROM StorageLocation)");
+            HostLocationData().Reload();
+            LogIn(SampleAccounts()[0]);
+            break;
+        case Loop::Yield: QCoreApplication::processEvents(); break;
+        }
+        EXPECT_TRUE(m_happened);
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        ServeEvents();
+        EXPECT_TRUE(m_window->findChildren<QWidget*>("windowShade").isEmpty());
+    }
+
+    void EndLoop() {
+        switch (TheLoop()) {
+        case Loop::MessageDialog: return ClickInDialog(0);
+        case Loop::PromptOfAView: return ClickInDialog(1);
+        case Loop::Form: m_form->close(); return;
+        case Loop::ContextMenu:
+            if (m_menu) m_menu->close();
+            return;
+        case Loop::GateWait:
+            m_database->exec("UPDATE StorageLocation SET Type = 16 WHERE Type = 1");
+            HostLocationData().Reload();
+            m_widgetScreen.isOpen = false;
+            return;
+        case Loop::Yield: return;
+        }
+    }
+
+    static void ClickInDialog(size_t button) {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        const auto buttons = FindAll<FlatButton>(*dialog, "button");
+        ASSERT_GT(buttons.size(), button);
+        Click(buttons[button]);
+    }
+
+    void Happen() {
+        switch (TheEvent()) {
+        case Event::Scan: {
+            // As a scanner's reading arrives: by a timer that fires once.
+            const auto timer = MakeTimer();
+            timer->SetSingleShot(true);
+            timer->Elapsed = [] { GetActions().OpenStoredItem(SomeItem(4)); };
+            timer->Start();
+            m_timers->TickAll();
+            return;
+        }
+        case Event::ToastTicks:
+            GetActions().NotifyUser("Successfully transferred 3 items");
+            for (int tick = 0; tick < 60; ++tick) m_timers->TickAll();
+            return;
+        case Event::ViewChange: GetActions().NavigateTo("cart", nullptr); return;
+        case Event::LogOut:
+            if (IsOnShow("logOut")) Click(Find(*m_window, "logOut"));
+            return;
+        case Event::HostCloses: m_window->close(); return;
+        }
+    }
+
+    bool IsOnShow(const char* name) {
+        const auto* widget = m_window->findChild<QWidget*>(name);
+        return widget && widget->isVisible();
+    }
+
+    ScreenWithWizard m_widgetScreen;
+    std::optional<ManualTimers> m_timers;
+    QPointer<ModuleForm> m_form;
+    QPointer<QMenu> m_menu;
+    bool m_happened = false;
+};
+
+TEST_P(NestedLoops, WhatHappensBehindALoopIsNotLostAndBreaksNothing) {
+    RunLoop();
+    const bool gate = TheLoop() == Loop::GateWait;
+    if (!gate && TheEvent() != Event::LogOut) {
+        ASSERT_FALSE(GetStores().Cart->IsEmpty());
+        EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 3);
+    }
+    switch (TheEvent()) {
+    case Event::Scan: EXPECT_TRUE(IsOnShow(gate ? "explorer" : "itemView")); break;
+    case Event::ToastTicks:
+        EXPECT_TRUE(IsOnShow("explorer"));
+        EXPECT_FALSE(IsOnShow("toastMessage"));
+        EXPECT_TRUE(m_timers->Running().empty());
+        break;
+    case Event::ViewChange: EXPECT_TRUE(IsOnShow(gate ? "explorer" : "cart")); break;
+    case Event::LogOut:
+        // At the gate nobody can log out yet.
+        EXPECT_EQ(Evidence() != nullptr, gate);
+        EXPECT_EQ(IsOnShow("loginForm"), !gate);
+        EXPECT_EQ(HostServices::Current().Session().Username().empty(), !gate);
+        break;
+    case Event::HostCloses:
+        EXPECT_FALSE(m_window->isVisible());
+        ASSERT_NE(Evidence(), nullptr);
+        ShowActive(*m_window);
+        EXPECT_TRUE(IsOnShow("explorer"));
+        break;
+    }
+    if (Evidence()) Click(Find(*m_window, "logOut"));
+    ServeEvents();
+    EXPECT_EQ(Evidence(), nullptr);
+    LogIn(SampleAccounts()[1]);
+    EXPECT_TRUE(IsOnShow("explorer"));
+    EXPECT_TRUE(GetStores().Cart->IsEmpty());
+}
+
+std::string NameOf(const ::testing::TestParamInfo<std::tuple<Loop, Event>>& info) {
+    static const char* const loops[] = {"MessageDialog", "PromptOfAView", "Form", "ContextMenu", "GateWait", "Yield"};
+    static const char* const events[] = {"Scan", "ToastTicks", "ViewChange", "LogOut", "HostCloses"};
+    return std::string(loops[static_cast<int>(std::get<0>(info.param))]) + "_" +
+           events[static_cast<int>(std::get<1>(info.param))];
+}
+
+INSTANTIATE_TEST_SUITE_P(Matrix, NestedLoops,
+                         ::testing::Combine(::testing::Values(Loop::MessageDialog, Loop::PromptOfAView, Loop::Form,
+                                                              Loop::ContextMenu, Loop::GateWait, Loop::Yield),
+                                            ::testing::Values(Event::Scan, Event::ToastTicks, Event::ViewChange,
+                                                              Event::LogOut, Event::HostCloses)),
+                         NameOf);
+
+}  // namespace
+}  // namespace quellbrook::testing
