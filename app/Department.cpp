@@ -43,19 +43,23 @@ ScratchDirectory::~ScratchDirectory() {
     std::filesystem::remove_all(m_path, ignored);
 }
 
+std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory) {
+    if (options.databasePath) return options.databasePath;
+    if (options.fresh || options.tourDirectory) return std::nullopt;
+    return (std::filesystem::path(dataDirectory) / FileName({options.size.value_or(0)})).string();
+}
+
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    const SampleOptions sample{options.size.value_or(0)};
     Department department;
-    if (options.databasePath) {
-        department.path = *options.databasePath;
+    if (const auto path = DepartmentPath(options, dataDirectory)) {
+        department.path = *path;
     } else {
-        const SampleOptions sample{options.size.value_or(0)};
-        std::string directory = dataDirectory;
-        if (options.fresh || options.tourDirectory) {
-            department.scratch = std::make_unique<ScratchDirectory>();
-            directory = department.scratch->Path();
-        }
-        MakeDirectory(directory);
-        department.path = (std::filesystem::path(directory) / FileName(sample)).string();
+        department.scratch = std::make_unique<ScratchDirectory>();
+        department.path = (std::filesystem::path(department.scratch->Path()) / FileName(sample)).string();
+    }
+    if (!options.databasePath) {
+        MakeDirectory(std::filesystem::path(department.path).parent_path().string());
         if (!std::filesystem::exists(department.path)) CreateSampleDepartment(department.path, sample, progress);
     }
     department.engine = SqliteEngine::Open(department.path);

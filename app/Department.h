@@ -5,6 +5,7 @@
 #include "host/engines/Connection.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace quellbrook {
@@ -29,6 +30,9 @@ struct Department {
     std::string path;
     std::shared_ptr<Engine> engine;
 };
+
+// Where the department that the options name stands or is to be made; nothing for a copy for one run alone.
+std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
 // Opens the database that the options name; a department of the sample's making is made first where it does not stand
 // yet, in the data directory or in a scratch directory. Error 5 with a sentence for a file that can't be used; such a

@@ -1,5 +1,7 @@
 #include "app/LoginForm.h"
 
+#include "app/PlainLabels.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,27 +27,6 @@ QPushButton#logIn { background: palette(link); color: palette(window); border: n
                     min-height: 36px; font-weight: 600; }
 QPushButton#logIn:focus { border: 2px solid palette(window-text); }
 )css";
-
-QFont Sized(int pixels, QFont::Weight weight) {
-    QFont font;
-    font.setPixelSize(pixels);
-    font.setWeight(weight);
-    return font;
-}
-
-QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setFont(Sized(pixels, weight));
-    return label;
-}
-
-void MakeQuiet(QWidget* widget) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
-    widget->setPalette(palette);
-}
 
 QLineEdit* MakeField(const char* name, const QString& caption, QWidget* parent) {
     auto* field = new QLineEdit(parent);

@@ -36,7 +36,11 @@ private:
         if (name == "--fresh" || name == "--help") {
             if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
             (name == "--help" ? m_options.help : m_options.fresh) = true;
-        } else if (name == "--database" || name == "--user" || name == "--size" || name == "--tour") {
+        } else if (name == "--gallery") {
+            if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
+            m_options.gallery = true;
+        } else if (name == "--database" || name == "--user" || name == "--size" || name == "--tour" ||
+                   name == "--gallery-pictures") {
             std::string value;
             if (equals != std::string::npos) {
                 value = argument.substr(equals + 1);
@@ -45,6 +49,11 @@ private:
             }
             if (value.empty()) return Refuse("The option " + name + " needs a value.");
             TakeValue(name, value);
+        } else if (name == "--register") {
+            if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
+            m_options.registerScheme = true;
+        } else if (HasRecordScheme(argument)) {
+            TakeRecord(argument);
         } else if (argument.rfind("--", 0) == 0) {
             Refuse("There is no option " + name + "; --help lists them all.");
         } else {
@@ -57,12 +66,23 @@ private:
             m_options.user = value;
         } else if (name == "--tour") {
             m_options.tourDirectory = value;
+        } else if (name == "--gallery-pictures") {
+            m_options.galleryDirectory = value;
         } else if (name == "--size") {
             TakeSize(value);
         } else if (value.rfind(sqliteScheme, 0) != 0 || value.size() == sqliteScheme.size()) {
             Refuse("'" + value + "' names no database; write sqlite:PATH.");
         } else {
             m_options.databasePath = value.substr(sqliteScheme.size());
+        }
+    }
+
+    void TakeRecord(const std::string& address) {
+        if (m_options.record) return Refuse("One record can be opened at a time.");
+        try {
+            m_options.record = ParseRecordAddress(address);
+        } catch (const Error& error) {
+            Refuse(error.Description());
         }
     }
 
@@ -82,12 +102,27 @@ private:
 
     void CheckTogether() {
         if (m_options.help) return;
+        if ((m_options.gallery || m_options.galleryDirectory) && AsksForADepartment()) {
+            Refuse("The gallery shows controls, not a department; it can't be combined with other options.");
+        }
         if (m_options.databasePath && (m_options.fresh || m_options.size)) {
             Refuse("--database opens what stands there; it can't be combined with --fresh or --size.");
+        }
+        if (m_options.registerScheme &&
+            (m_options.fresh || m_options.user || m_options.tourDirectory || m_options.record)) {
+            Refuse("--register opens nothing; it can be combined with --database or --size alone.");
+        }
+        if (m_options.tourDirectory && m_options.record) {
+            Refuse("--tour plays on a scratch copy of the sample; it can't be combined with the address of a record.");
         }
         if (m_options.tourDirectory && (m_options.databasePath || m_options.size || m_options.user)) {
             Refuse("--tour plays on a scratch copy of the sample; it can't be combined with --database, --size or --user.");
         }
+    }
+
+    bool AsksForADepartment() const {
+        return m_options.databasePath || m_options.user || m_options.size || m_options.tourDirectory ||
+               m_options.record || m_options.fresh || m_options.registerScheme;
     }
 
     const std::vector<std::string>& m_arguments;
@@ -113,6 +148,13 @@ std::string HelpText() {
            "  --tour DIR              plays one transfer on a scratch copy of the sample, by real key and mouse events,\n"
            "                          and writes a picture of each step and tour.json into DIR; needs an X server of its\n"
            "                          own and xdotool\n"
+           "  --gallery               shows every control in each of its states, light and dark; needs no department\n"
+           "  --gallery-pictures DIR  writes the same as light.png and dark.png into DIR and ends\n"
+           "  --register              lets this user's desktop open addresses of records with this program, in the\n"
+           "                          department that --database or --size names\n"
+           "  tessarine://miproperty/open/NUMBER\n"
+           "  tessarine://mivehicle/open/NUMBER\n"
+           "                          shows this record, in the program that has the department open if there is one\n"
            "  --help                  prints this text\n";
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/records/RecordAddress.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,7 +16,11 @@ struct Options {
     std::optional<std::string> user;
     std::optional<int32_t> size;
     std::optional<std::string> tourDirectory;
+    std::optional<std::string> galleryDirectory;  // where to write the gallery's pictures
+    std::optional<RecordAddress> record;  // the record to show
     bool fresh = false;
+    bool gallery = false;
+    bool registerScheme = false;
     bool help = false;
 };
 
@@ -23,7 +29,8 @@ struct OptionError {
     std::string sentence;
 };
 
-// The arguments behind the program's name. A value stands behind its option or behind "=".
+// The arguments behind the program's name. A value stands behind its option or behind "="; the address of a record
+// stands by itself.
 std::variant<Options, OptionError> ParseOptions(const std::vector<std::string>& arguments);
 
 std::string HelpText();

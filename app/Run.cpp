@@ -3,6 +3,9 @@
 #include "app/Department.h"
 #include "app/LocaleFormats.h"
 #include "app/MainWindow.h"
+#include "app/gallery/GalleryWindow.h"
+#include "app/records/SchemeRegistration.h"
+#include "app/records/SingleInstance.h"
 #include "app/sample/ProgressBar.h"
 #include "app/tour/TourPlayer.h"
 #include "app/tour/TransferRoad.h"
@@ -15,6 +18,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -80,7 +84,7 @@ Department OpenWithProgress(const Options& options, const QString& dataDirectory
 
 void Refuse(const Options& options, const Error& error) {
     std::fprintf(stderr, "%s\n", error.what());
-    if (options.tourDirectory) return;  // nobody is there to close a box
+    if (options.tourDirectory || options.galleryDirectory) return;  // nobody is there to close a box
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Quellbrook"), QString::fromStdString(error.Description()));
     box.setTextFormat(Qt::PlainText);
     box.exec();
@@ -96,6 +100,28 @@ std::vector<ShownAccount> AccountsToShow() {
     return shown;
 }
 
+QString SocketOf(const std::string& databasePath) {
+    return InstanceSocket(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation), databasePath);
+}
+
+// Whether a program that runs already shows the record.
+bool IsShownElsewhere(const Options& options, const QString& dataDirectory) {
+    if (!options.record) return false;
+    const auto path = DepartmentPath(options, dataDirectory.toStdString());
+    return path && HandOver(SocketOf(*path), *options.record);
+}
+
+// Null for a copy that no other start can open.
+std::unique_ptr<InstanceServer> HearAddresses(const Department& department, MainWindow& window) {
+    if (department.scratch) return nullptr;
+    auto server = std::make_unique<InstanceServer>(SocketOf(department.path));
+    QObject::connect(server.get(), &InstanceServer::Arrived, &window, [&window](const RecordAddress& address) {
+        window.BringToFront();
+        window.OpenRecord(address);
+    });
+    return server;
+}
+
 int Open(const Options& options, const Department& department) {
     HostServices::Current().SetEngine(department.engine);
     HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
@@ -103,6 +129,8 @@ int Open(const Options& options, const Department& department) {
     if (options.user) user = QString::fromStdString(*options.user);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
     if (!options.tourDirectory) {
+        if (options.record) window.OpenRecord(*options.record);
+        const auto server = HearAddresses(department, window);
         window.show();
         return QApplication::exec();
     }
@@ -116,13 +144,41 @@ int Open(const Options& options, const Department& department) {
     return player.Held() ? 0 : 1;
 }
 
+int ShowGallery(const Options& options) {
+    gallery::GalleryWindow window;
+    if (options.galleryDirectory) {
+        window.WritePictures(QString::fromStdString(*options.galleryDirectory));
+        return 0;
+    }
+    window.show();
+    return QApplication::exec();
+}
+
 }  // namespace
+
+int RunRegistration(const Options& options) {
+    std::vector<std::string> arguments;
+    if (options.databasePath) {
+        const QFileInfo file(QString::fromStdString(*options.databasePath));
+        arguments.push_back("--database=sqlite:" + file.absoluteFilePath().toStdString());
+    }
+    if (options.size) arguments.push_back("--size=" + std::to_string(*options.size));
+    try {
+        std::puts(RegisterRecordScheme(QCoreApplication::applicationFilePath().toStdString(), arguments).c_str());
+        return 0;
+    } catch (...) {
+        std::fprintf(stderr, "%s\n", CurrentError().what());
+        return 1;
+    }
+}
 
 int RunHost(const Options& options) {
     const QString dataDirectory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     const LogFile log(dataDirectory);
+    if (IsShownElsewhere(options, dataDirectory)) return 0;
     const Component component;
     try {
+        if (options.gallery || options.galleryDirectory) return ShowGallery(options);
         const Department department = OpenWithProgress(options, dataDirectory);
         return Open(options, department);
     } catch (...) {

@@ -17,6 +17,10 @@ int main(int argc, char** argv) {
         std::fputs(HelpText().c_str(), stdout);
         return 0;
     }
+    if (options.registerScheme) {
+        const QCoreApplication application(argc, argv);
+        return RunRegistration(options);
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quellbrook"));
     return RunHost(options);

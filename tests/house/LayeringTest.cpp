@@ -79,6 +79,7 @@ bool MayInclude(const std::string& from, const std::string& to) {
     if (source == target)
         return FolderOf(from) != "host/engines" || FolderOf(to) != "host" || to == "host/Row.h";
     if (source == "input") return target == "base";
+    if (FolderOf(from) == "app/gallery" && (target == "ui/controls" || target == "ui/common")) return true;
     if (source == "app") return target == "component" || target == "host" || target == "base";
     if (target == "input") return Height(source) > Height("core");
     return Height(source) >= 0 && Height(target) >= 0 && Height(target) < Height(source);
@@ -229,6 +230,14 @@ TEST(LayeringRules, TheHostApplicationReachesTheModuleThroughItsPublicFaceAlone)
     for (const char* refused : {"core/Actions.h", "data/StoredItem.h", "ui/shell/EvidenceUI.h", "access/User.h",
                                 "input/BarcodeListener.h"})
         EXPECT_FALSE(MayInclude("app/Main.cpp", refused)) << refused;
+}
+
+TEST(LayeringRules, TheGalleryAloneKnowsTheControlsThatItShows) {
+    EXPECT_TRUE(MayInclude("app/gallery/Buttons.cpp", "ui/controls/FlatButton.h"));
+    EXPECT_TRUE(MayInclude("app/gallery/Tags.cpp", "ui/common/RelatedIncidentStrip.h"));
+    EXPECT_FALSE(MayInclude("app/gallery/Tags.cpp", "ui/shell/EvidenceUI.h"));
+    EXPECT_FALSE(MayInclude("app/gallery/Tags.cpp", "core/Actions.h"));
+    EXPECT_FALSE(MayInclude("app/MainWindow.cpp", "ui/controls/FlatButton.h"));
 }
 
 TEST(LayeringRules, InputStandsOnBaseAlone) {

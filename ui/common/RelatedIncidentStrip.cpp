@@ -190,7 +190,8 @@ void RelatedIncidentStrip::paintEvent(QPaintEvent*) {
 
 void RelatedIncidentStrip::changeEvent(QEvent* event) {
     Control::changeEvent(event);
-    if (event->type() != QEvent::FontChange && event->type() != QEvent::PaletteChange) return;
+    const QEvent::Type type = event->type();
+    if (type != QEvent::FontChange && type != QEvent::PaletteChange && type != QEvent::EnabledChange) return;
     GuardSilently([this] {
         ApplyLook();
         Layout();

@@ -43,7 +43,8 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 
 void CellDelegate::DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, bool highlighted) const {
     if (icon.isEmpty()) return;
-    const QColor ink = highlighted ? Theme::Get(Theme::Color::HighlightText) : IconColor(icon);
+    QColor ink = highlighted ? Theme::Get(Theme::Color::HighlightText) : IconColor(icon);
+    if (!m_tree.isEnabled()) ink = Theme::Get(Theme::Color::DisabledText);
     const int size = m_tree.picture;
     painter.drawPixmap(cell.left() + (cell.width() - size) / 2, cell.top() + (cell.height() - size) / 2,
                        Icons::Pixmap(icon, size, ink, m_tree.devicePixelRatioF()));

@@ -107,7 +107,7 @@ void FlatTabs::paintEvent(QPaintEvent*) {
                              Caption(i));
             if (!selected) continue;
             painter.fillRect(place.left(), HeaderHeight - UnderlineHeight, place.width(), UnderlineHeight,
-                             Theme::Get(Color::Accent));
+                             Theme::Get(isEnabled() ? Color::Accent : Color::FieldBorder));
             if (!hasFocus()) continue;
             painter.setRenderHint(QPainter::Antialiasing);
             painter.setPen(QPen(Theme::Get(Color::Link), 2));

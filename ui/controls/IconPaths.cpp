@@ -78,4 +78,10 @@ std::string_view IconPath(std::string_view name) {
     return {};
 }
 
+std::vector<std::string_view> IconPathNames() {
+    std::vector<std::string_view> names;
+    for (const Entry& entry : Entries) names.push_back(entry.name);
+    return names;
+}
+
 }  // namespace quellbrook

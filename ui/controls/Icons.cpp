@@ -28,10 +28,17 @@ void DrawStrokes(QPainter& painter, std::string_view path, const QColor& color, 
 
 enum class Shape { None, Disc, FilledSquare, EmptySquare };
 
+struct NamedShape {
+    const char* name;
+    Shape shape;
+};
+
+constexpr NamedShape Shapes[] = {
+    {"marked", Shape::Disc}, {"selected", Shape::FilledSquare}, {"unselected", Shape::EmptySquare}};
+
 Shape ShapeOf(const QString& name) {
-    if (name == QLatin1String("marked")) return Shape::Disc;
-    if (name == QLatin1String("selected")) return Shape::FilledSquare;
-    if (name == QLatin1String("unselected")) return Shape::EmptySquare;
+    for (const NamedShape& named : Shapes)
+        if (name == QLatin1String(named.name)) return named.shape;
     return Shape::None;
 }
 
@@ -105,6 +112,14 @@ private:
 }  // namespace
 
 bool Has(const QString& name) { return ShapeOf(name) != Shape::None || !IconPath(name.toStdString()).empty(); }
+
+QStringList Names() {
+    QStringList names;
+    for (const std::string_view name : IconPathNames())
+        names << QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    for (const NamedShape& named : Shapes) names << QLatin1String(named.name);
+    return names;
+}
 
 QPixmap Pixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
     if (!Has(name) || size < 1) return QPixmap();

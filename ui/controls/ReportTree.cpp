@@ -74,7 +74,9 @@ void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
         const bool selected = selectionModel()->isSelected(index.siblingAtColumn(0));
         painter->setPen(QPen(Theme::Get(selected ? Theme::Color::HighlightText : Theme::Color::Link), 2));
         painter->setBrush(Qt::NoBrush);
-        painter->drawRect(row.adjusted(1, 1, -1, -2));
+        // On a selected row it would melt into the ground around it.
+        const int inset = selected ? AccentBarWidth + 1 : 1;
+        painter->drawRect(row.adjusted(inset, inset, -inset, -inset - 1));
     });
 }
 

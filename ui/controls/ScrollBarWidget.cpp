@@ -40,8 +40,8 @@ void ScrollBarWidget::paintEvent(QPaintEvent*) {
         const bool active = underMouse() || isSliderDown();
         painter.setBrush(Theme::Get(active ? Theme::Color::FieldBorder : Theme::Color::Thumb));
         const QRect thumb(slider.center().x() - ThumbWidth / 2 + 1, slider.top(), ThumbWidth, slider.height());
-        painter.drawRoundedRect(thumb, Theme::Radius, Theme::Radius);
-        const QColor ink = Theme::Get(Theme::Color::GrayText);
+        if (isEnabled()) painter.drawRoundedRect(thumb, Theme::Radius, Theme::Radius);
+        const QColor ink = Theme::Get(isEnabled() ? Theme::Color::GrayText : Theme::Color::Thumb);
         const auto arrow = [&](QStyle::SubControl control, bool up) {
             const QRect place = part(control);
             painter.save();

@@ -159,6 +159,16 @@ TEST(RelatedIncidentStrip, OnTheHighlightTheSecuredNumberKeepsItsColourOnAChip) 
     EXPECT_NE(testing::PixelAt(picture, Number(strip, 0)->geometry().topLeft()), Theme::Get(Theme::Color::Window));
 }
 
+TEST(RelatedIncidentStrip, ADisabledOneIsGreyButForTheSecuredNumber) {
+    RelatedIncidentStrip strip;
+    strip.SetIncidents(Incidents({{"2026-0042", false}, {"2026-0043", true}}));
+    strip.setEnabled(false);
+    EXPECT_EQ(Number(strip, 0)->ForeColor(), Theme::Get(Theme::Color::GrayText));
+    EXPECT_EQ(Number(strip, 1)->ForeColor(), SecuredColor);
+    strip.setEnabled(true);
+    EXPECT_EQ(Number(strip, 0)->ForeColor(), Theme::Get(Theme::Color::Text));
+}
+
 TEST(RelatedIncidentStrip, ANumberShowsItsCharactersAndNoMarkup) {
     RelatedIncidentStrip strip;
     strip.SetIncidents(Incidents({{"<b>1</b> & 2", false}}));

@@ -35,6 +35,15 @@ TEST_F(FlatScrollBarTest, BeginsWithTheWholeSixteenBitRange) {
     EXPECT_EQ(m_bar.Value(), 0);
 }
 
+TEST_F(FlatScrollBarTest, ADisabledOneHasNoThumb) {
+    const auto hasThumb = [this] {
+        return HasColor(Grab(m_bar), QRect(0, 16, 16, 160), Theme::Get(Theme::Color::Thumb));
+    };
+    EXPECT_TRUE(hasThumb());
+    m_bar.setEnabled(false);
+    EXPECT_FALSE(hasThumb());
+}
+
 TEST_F(FlatScrollBarTest, LengthsOutsideSixteenBitsOverflow) {
     const std::vector<std::function<void(int)>> setters = {
         [this](int v) { m_bar.SetMin(v); }, [this](int v) { m_bar.SetMax(v); }, [this](int v) { m_bar.SetValue(v); },

@@ -37,6 +37,12 @@ TEST_F(IconsTest, EveryNameHasAPictureOfItsOwn) {
     }
 }
 
+TEST_F(IconsTest, TheNamesAreThoseThatHaveAPicture) {
+    const QStringList names = Icons::Names();
+    for (const QString& name : names) EXPECT_TRUE(Icons::Has(name)) << name.toStdString();
+    for (const QString& name : Names()) EXPECT_EQ(names.count(name), 1) << name.toStdString();
+}
+
 TEST_F(IconsTest, AnUnknownNameIsEmpty) {
     EXPECT_FALSE(Icons::Has("nothing"));
     EXPECT_FALSE(Icons::Has(""));

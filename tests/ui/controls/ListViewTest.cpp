@@ -296,6 +296,37 @@ TEST_F(ListViewTest, ASelectedRowInTheBatchKeepsItsAccentBar) {
     EXPECT_EQ(Ground(0, RightEdge()), Theme::Get(Theme::Color::SelectedInactive));
 }
 
+TEST_F(ListViewTest, TheRingOfASelectedRowLiesWithinItsGround) {
+    AddRows(2);
+    Show();
+    m_list.setFocus();
+    m_list.SetCurrentRow(0);
+    Press(m_list.Tree(), Qt::Key_Down);
+    ASSERT_EQ(Selected(), (Rows{1}));
+    const QColor ground = Theme::Get(Theme::Color::Highlight);
+    const QColor ring = Theme::Get(Theme::Color::HighlightText);
+    EXPECT_EQ(Ground(1, 0), ground);
+    EXPECT_EQ(Ground(1, 2), ground);
+    EXPECT_EQ(Ground(1, 3), ring);
+    EXPECT_EQ(Ground(1, RightEdge()), ground);
+    EXPECT_EQ(Ground(1, RightEdge() - 4), ring);
+    m_list.Tree()->clearSelection();
+    EXPECT_EQ(Ground(1, 0), Theme::Get(Theme::Color::Link));
+}
+
+TEST_F(ListViewTest, ADisabledListHasGreyIcons) {
+    m_list.AddRow("1", "selected", {{"Mobile phone"}, {"Phones"}});
+    Show();
+    const auto hasColor = [this](Theme::Color color) {
+        return HasColor(Grab(*m_list.Tree()->viewport()), QRect(0, 0, 41, 36), Theme::Get(color));
+    };
+    EXPECT_TRUE(hasColor(Theme::Color::Strong));
+    EXPECT_FALSE(hasColor(Theme::Color::DisabledText));
+    m_list.setEnabled(false);
+    EXPECT_FALSE(hasColor(Theme::Color::Strong));
+    EXPECT_TRUE(hasColor(Theme::Color::DisabledText));
+}
+
 TEST_F(ListViewTest, HairlinesLieBetweenRows) {
     AddRows(2);
     Show();

@@ -1,0 +1,150 @@
+#include "app/HostTabs.h"
+
+#include "app/HostGuard.h"
+#include "app/records/RecordPage.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace quellbrook {
+
+namespace {
+
+// Only the strip carries a style sheet; what stands below it keeps the application's style.
+const char* const stripSheet = R"css(
+#hostTabStrip { background: palette(button); border: none; border-bottom: 1px solid palette(mid); }
+QTabBar::tab { background: transparent; color: %1; border: none; padding: 0 16px; min-height: 35px;
+               border-bottom: 3px solid transparent; }
+QTabBar::tab:selected { color: palette(window-text); border-bottom: 3px solid palette(link); }
+QPushButton { background: transparent; border: 1px solid palette(dark); border-radius: 2px; padding: 0 12px;
+              min-height: 24px; }
+QPushButton:hover { background: palette(mid); }
+QPushButton:focus { border: 2px solid palette(link); padding: 0 11px; min-height: 22px; }
+QToolButton#closeTab { background: transparent; color: palette(window-text); border: none; border-radius: 2px;
+                       min-width: 20px; min-height: 20px; }
+QToolButton#closeTab:hover { background: palette(mid); }
+)css";
+
+constexpr int evidenceTab = 0;
+constexpr int widestTitle = 220;  // pixels
+
+QString TabText(const QTabBar& tabs, const RecordPage& page) {
+    return tabs.fontMetrics().elidedText(page.Title(), Qt::ElideRight, widestTitle).replace('&', QLatin1String("&&"));
+}
+
+}  // namespace
+
+HostTabs::HostTabs(QWidget* parent) : QWidget(parent) {
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    m_pages = new QStackedWidget(this);
+    rows->addWidget(MakeStrip());
+    rows->addWidget(m_pages, 1);
+    connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { GuardHost(this, [&] { ShowPage(index); }); });
+    auto* closeKey = new QShortcut(QKeySequence::Close, this);
+    connect(closeKey, &QShortcut::activated, this, [this] {
+        GuardHost(this, [this] { Close(PageAt(m_tabs->currentIndex())); });
+    });
+}
+
+QWidget* HostTabs::MakeStrip() {
+    auto* strip = new QFrame(this);
+    strip->setObjectName(QStringLiteral("hostTabStrip"));
+    const QColor gray = palette().color(QPalette::Disabled, QPalette::WindowText);
+    strip->setStyleSheet(QString::fromLatin1(stripSheet).arg(gray.name()));
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(0, 0, 16, 0);
+    row->setSpacing(12);
+    m_tabs = new QTabBar(strip);
+    m_tabs->setObjectName(QStringLiteral("hostTabs"));
+    m_tabs->setDrawBase(false);
+    m_tabs->setExpanding(false);
+    m_tabs->setElideMode(Qt::ElideNone);
+    m_tabs->setSelectionBehaviorOnRemove(QTabBar::SelectLeftTab);
+    m_tabs->addTab(tr("Evidence"));
+    row->addWidget(m_tabs, 1);
+    m_loggedInAs = new QLabel(strip);
+    m_loggedInAs->setObjectName(QStringLiteral("loggedInAs"));
+    m_loggedInAs->setTextFormat(Qt::PlainText);
+    row->addWidget(m_loggedInAs);
+    auto* logOut = new QPushButton(tr("Log Out"), strip);
+    logOut->setObjectName(QStringLiteral("logOut"));
+    connect(logOut, &QPushButton::clicked, this, &HostTabs::LogOutRequested);
+    row->addWidget(logOut);
+    return strip;
+}
+
+void HostTabs::SetUser(const QString& username) { m_loggedInAs->setText(username); }
+
+void HostTabs::SetEvidence(QWidget* evidence) {
+    m_pages->insertWidget(evidenceTab, evidence);
+    m_tabs->setTabData(evidenceTab, QVariant::fromValue(evidence));
+    m_pages->setCurrentWidget(evidence);
+    evidence->show();
+}
+
+void HostTabs::Clear() {
+    while (m_tabs->count() > 1) Close(PageAt(m_tabs->count() - 1));
+    m_tabs->setTabData(evidenceTab, QVariant());
+}
+
+void HostTabs::OpenRecord(const RecordAddress& address) {
+    if (IndexOf(address) < 0) AddRecord(new RecordPage(address, m_pages));
+    const int index = IndexOf(address);
+    if (index == m_tabs->currentIndex())
+        ShowPage(index);
+    else
+        m_tabs->setCurrentIndex(index);
+    PageAt(index)->setFocus();
+}
+
+void HostTabs::AddRecord(RecordPage* page) {
+    page->setObjectName(QStringLiteral("recordPage"));
+    m_pages->addWidget(page);
+    const int index = m_tabs->addTab(TabText(*m_tabs, *page));
+    m_tabs->setTabData(index, QVariant::fromValue<QWidget*>(page));
+    auto* cross = new QToolButton(m_tabs);
+    cross->setObjectName(QStringLiteral("closeTab"));
+    cross->setText(QStringLiteral("\u2715"));
+    cross->setFocusPolicy(Qt::NoFocus);
+    connect(cross, &QToolButton::clicked, page, [this, page] { GuardHost(this, [&] { Close(page); }); });
+    m_tabs->setTabButton(index, QTabBar::RightSide, cross);
+}
+
+int HostTabs::IndexOf(const RecordAddress& address) const {
+    for (int index = 0; index < m_tabs->count(); ++index) {
+        const auto* page = qobject_cast<RecordPage*>(PageAt(index));
+        if (page && page->Address() == address) return index;
+    }
+    return -1;
+}
+
+QWidget* HostTabs::PageAt(int index) const { return m_tabs->tabData(index).value<QWidget*>(); }
+
+void HostTabs::ShowPage(int index) {
+    QWidget* page = PageAt(index);
+    if (!page) return;
+    if (auto* record = qobject_cast<RecordPage*>(page)) {
+        record->Load();
+        m_tabs->setTabText(index, TabText(*m_tabs, *record));
+        m_tabs->tabButton(index, QTabBar::RightSide)->setAccessibleName(tr("Close %1").arg(record->Title()));
+    }
+    m_pages->setCurrentWidget(page);
+}
+
+void HostTabs::Close(QWidget* page) {
+    auto* record = qobject_cast<RecordPage*>(page);
+    if (!record) return;
+    m_tabs->removeTab(IndexOf(record->Address()));
+    m_pages->removeWidget(record);
+    record->deleteLater();
+}
+
+}  // namespace quellbrook

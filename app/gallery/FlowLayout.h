@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QLayout>
+
+#include <memory>
+#include <vector>
+
+namespace quellbrook::gallery {
+
+// Widgets from left to right at their own sizes, in as many lines as the width asks for.
+class FlowLayout : public QLayout {
+    Q_OBJECT
+
+public:
+    FlowLayout(int gap, int lineGap);
+    ~FlowLayout() override;
+
+    void addItem(QLayoutItem* item) override;
+    int count() const override;
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override { return minimumSize(); }
+    QSize minimumSize() const override;  // of the widest item alone
+    void setGeometry(const QRect& place) override;
+
+private:
+    // Calls place(item, rectangle) for each; the height of all lines.
+    template <typename Place>
+    int Flow(int width, Place&& place) const;
+
+    std::vector<std::unique_ptr<QLayoutItem>> m_items;
+    int m_gap;
+    int m_lineGap;
+};
+
+}  // namespace quellbrook::gallery

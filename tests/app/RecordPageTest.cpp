@@ -1,0 +1,287 @@
+#include "app/PlainLabels.h"
+#include "app/records/RecordPage.h"
+#include "host/DatabaseSession.h"
+#include "host/HostServices.h"
+#include "host/engines/SqliteEngine.h"
+#include "tests/app/SampleFile.h"
+#include "tests/support/HostileTexts.h"
+#include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/Widgets.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTreeWidget>
+
+#include <filesystem>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+// Pages over a copy of the sample department.
+class RecordPageTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const std::string path = m_directory.Path() + "/copy.sqlite";
+        std::filesystem::copy_file(TheSample().Path(), path);
+        m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE);
+        HostServices::Current().SetEngine(SqliteEngine::Open(path));
+        LogIn(SampleAccounts()[0]);
+    }
+
+    void TearDown() override {
+        m_page.reset();
+        HostServices::Current().SetSession(nullptr);
+        HostServices::Current().SetEngine(nullptr);
+    }
+
+    static void LogIn(const SampleAccount& account) {
+        const auto session = std::make_shared<DatabaseSession>();
+        session->Login(account.username, account.password, "");
+        HostServices::Current().SetSession(session);
+    }
+
+    int32_t NumberOf(const std::string& propertyId) {
+        return m_database->execAndGet("SELECT PropertyNo FROM Property WHERE PropertyID = '" + propertyId + "'");
+    }
+
+    RecordPage& Open(RecordKind kind, int32_t number) {
+        m_page = std::make_unique<RecordPage>(RecordAddress{kind, number});
+        m_page->resize(1280, 760);
+        m_page->Load();
+        ShowActive(*m_page);
+        return *m_page;
+    }
+    RecordPage& OpenLaptop() { return Open(RecordKind::Property, NumberOf("2026-0417-03")); }
+
+    std::string Text(const char* name) const { return Find<QLabel>(*m_page, name)->text().toStdString(); }
+    std::vector<std::string> Incidents() const {
+        std::vector<std::string> texts;
+        for (const QLabel* label : FindAll<QLabel>(*m_page, "incident")) texts.push_back(label->text().toStdString());
+        return texts;
+    }
+    std::string Row(int row) const {
+        const auto* table = Find<QTreeWidget>(*m_page, "custody");
+        QStringList cells;
+        for (int column = 0; column < table->columnCount(); ++column) cells << table->topLevelItem(row)->text(column);
+        return cells.join(" | ").toStdString();
+    }
+
+    ScratchDirectory m_directory;
+    std::unique_ptr<SQLite::Database> m_database;
+    std::unique_ptr<RecordPage> m_page;
+};
+
+}  // namespace
+
+TEST_F(RecordPageTest, PropertyIsShownFieldByField) {
+    m_database->exec("UPDATE Property SET Quantity = 1500, PropertyValue = 850, ManufacNbr = 'Brandtmoor', ModelNbr = "
+                     "'BX-40', SerialNbr = '4Q17-088213' WHERE PropertyID = '2026-0417-03'");
+    OpenLaptop();
+    EXPECT_EQ(Text("title"), "2026-0417-03");
+    EXPECT_EQ(Text("identifier"), "2026-0417-03");
+    EXPECT_EQ(Text("kind"), "Property");
+    EXPECT_EQ(Text("description"), "Laptop computer, silver, with charger");
+    EXPECT_EQ(Text("category"), "Electronics");
+    EXPECT_EQ(Text("quantity"), QLocale().toString(1500.0, 'f', 0).toStdString());
+    EXPECT_EQ(Text("value"), "$850.00");
+    EXPECT_EQ(Text("make"), "Brandtmoor");
+    EXPECT_EQ(Text("model"), "BX-40");
+    EXPECT_EQ(Text("serialNumber"), "4Q17-088213");
+    EXPECT_EQ(Text("status"), "In Storage");
+    EXPECT_EQ(Text("statusTag"), "In Storage");
+    EXPECT_EQ(Text("location"), "Property Room > Aisle 3 > Shelf B");
+    EXPECT_EQ(Text("finalDisposition"), "None yet");
+    EXPECT_EQ(Text("dispositionNote"), "Not recorded");
+}
+
+TEST_F(RecordPageTest, AVehicleHasFieldsOfItsOwn) {
+    Open(RecordKind::Vehicle, m_database->execAndGet("SELECT VehicleNo FROM Vehicle WHERE RegNumber = 'KTR4821'"));
+    EXPECT_EQ(m_page->Title().left(15), "Vehicle KTR4821");
+    EXPECT_EQ(Text("kind"), "Vehicle");
+    EXPECT_NE(Text("year"), "Not recorded");
+    EXPECT_NE(Text("color"), "Not recorded");
+    EXPECT_NE(Text("make"), "Not recorded");
+    EXPECT_EQ(m_page->findChild<QLabel*>("serialNumber"), nullptr);
+    EXPECT_EQ(m_page->findChild<QLabel*>("quantity"), nullptr);
+}
+
+TEST_F(RecordPageTest, TheHostsFormatsAreUsed) {
+    m_database->exec("UPDATE Property SET PropertyValue = 1234.5 WHERE PropertyID = '2026-0417-03'");
+    HostFormats formats;
+    formats.currency = "EUR %d";
+    formats.date = "yyyy-MM-dd";
+    formats.time = "HH:mm";
+    HostServices::Current().SetFormats(formats);
+    OpenLaptop();
+    HostServices::Current().SetFormats({});
+    EXPECT_EQ(Text("value"), "EUR " + QLocale().toString(1234.5, 'f', 2).toStdString());
+    EXPECT_EQ(Row(0).substr(0, 16), "2026-11-18 14:42");
+}
+
+TEST_F(RecordPageTest, TheChainIsListedNewestFirstWithFullPaths) {
+    OpenLaptop();
+    EXPECT_EQ(Find<QTreeWidget>(*m_page, "custody")->topLevelItemCount(), 8);
+    EXPECT_EQ(Row(0), "11/18/2026 2:42 PM | Returned from analysis | Brandt, Tomas | Raman, Priya | "
+                      "Property Room > Aisle 3 > Shelf B");
+    EXPECT_EQ(Row(1), "10/30/2026 9:05 AM | Laboratory analysis | Raman, Priya | Brandt, Tomas | "
+                      "Crime Lab > Digital Forensics");
+    EXPECT_EQ(Row(5), "09/16/2026 1:07 PM | Storage reorganization | Oyelaran, Marcus | Not specified | "
+                      "Property Room > Aisle 1 > Shelf C");
+    EXPECT_EQ(Row(7), "09/14/2026 11:52 PM | Collected at scene | Whitfield, Dana | Whitfield, Dana | Pending Review");
+}
+
+TEST_F(RecordPageTest, AnItemThatWasNeverTrackedHasNoTable) {
+    Open(RecordKind::Property, NumberOf("2026-0431-03"));
+    EXPECT_EQ(m_page->findChild<QTreeWidget*>("custody"), nullptr);
+    EXPECT_EQ(Text("noCustody"), "Nothing has been entered yet.");
+    EXPECT_EQ(Text("status"), "Not in Storage");
+}
+
+TEST_F(RecordPageTest, SecuredIncidentsAreShownToWhomTheyMayBe) {
+    const int32_t number = NumberOf("2026-0417-01");
+    Open(RecordKind::Property, number);
+    EXPECT_THAT(Incidents(), ElementsAre("2026-0388 (case C-26-1090), secured", "2026-0417 (case C-26-1182)"));
+    LogIn(SampleAccounts()[1]);
+    Open(RecordKind::Property, number);
+    EXPECT_THAT(Incidents(), ElementsAre("2026-0417 (case C-26-1182)"));
+}
+
+TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheRecord) {
+    m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian' AND ModuleKey = 'MIProperty'");
+    OpenLaptop();
+    EXPECT_EQ(Text("refusal"), "You do not have the appropriate permissions to view property.");
+    EXPECT_EQ(m_page->findChildren<QLabel*>().size(), 1);
+    EXPECT_EQ(m_page->findChild<QTreeWidget*>("custody"), nullptr);
+    EXPECT_EQ(m_page->Title(), "Property " + QString::number(NumberOf("2026-0417-03")));
+}
+
+TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheChain) {
+    m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian' AND ModuleKey = 'Storage' AND Value = 0");
+    OpenLaptop();
+    EXPECT_EQ(m_page->findChild<QTreeWidget*>("custody"), nullptr);
+    EXPECT_EQ(Text("noCustody"), "You do not have the appropriate permissions to view chain-of-custody information.");
+    EXPECT_EQ(Text("identifier"), "2026-0417-03");
+}
+
+TEST_F(RecordPageTest, AnUnknownNumberIsSaidSo) {
+    Open(RecordKind::Vehicle, 42);
+    EXPECT_EQ(Text("refusal"), "There is no vehicle with the number 42.");
+    EXPECT_EQ(m_page->Title(), "Vehicle 42");
+}
+
+TEST_F(RecordPageTest, ARecordThatCannotBeReadIsSaidSoAndLogged) {
+    m_database->exec("PRAGMA foreign_keys = OFF; ALTER TABLE Property RENAME COLUMN Quantity TO Amount");
+    TestErrorLog().Announce("Row.Value");
+    OpenLaptop();
+    EXPECT_EQ(Text("refusal").rfind("This record could not be read: ", 0), 0u) << Text("refusal");
+}
+
+TEST_F(RecordPageTest, ItsTitleNamesKindAndIdentifier) {
+    EXPECT_EQ(OpenLaptop().Title(), "Property 2026-0417-03");
+    EXPECT_EQ(Open(RecordKind::Property, 297).Title(), "Property 297") << "it has no identifier";
+    EXPECT_EQ(Text("title"), "<missing ID>");
+    EXPECT_EQ(Text("identifier"), "Not recorded");
+    m_database->exec("UPDATE Property SET PropertyID = 'a' || char(10) || '  b' WHERE PropertyNo = 297");
+    EXPECT_EQ(Open(RecordKind::Property, 297).Title(), "Property a b");
+}
+
+TEST_F(RecordPageTest, LoadingAgainShowsWhatHasChangedAndKeepsThePageOtherwise) {
+    OpenLaptop();
+    QPointer<QTreeWidget> table = Find<QTreeWidget>(*m_page, "custody");
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(table.isNull());
+    m_database->exec("UPDATE Property SET Description = 'Tablet' WHERE PropertyID = '2026-0417-03'");
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(table.isNull());
+    EXPECT_EQ(Text("description"), "Tablet");
+}
+
+TEST_F(RecordPageTest, RightsAreAskedAgainAtEachLoading) {
+    OpenLaptop();
+    m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian'");
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Text("refusal"), "You do not have the appropriate permissions to view property.");
+    EXPECT_EQ(m_page->findChild<QLabel*>("identifier"), nullptr);
+}
+
+TEST_F(RecordPageTest, HostileTextsAreShownAsTheyAreAndFitThePage) {
+    const int32_t number = NumberOf("2026-0417-03");
+    for (const HostileText& each : HostileTexts()) {
+        SCOPED_TRACE(each.description);
+        SQLite::Statement update(*m_database, "UPDATE Property SET PropertyID = ?, Description = ?, DisposalNote = ?, "
+                                              "SerialNbr = ? WHERE PropertyNo = ?");
+        for (int column = 1; column <= 4; ++column) update.bind(column, each.text);
+        update.bind(5, number);
+        update.exec();
+        Open(RecordKind::Property, number);
+        QString shown = QString::fromStdString(each.text);
+        shown.replace("\r\n", "\n");
+        for (const char* name : {"title", "identifier", "description", "dispositionNote", "serialNumber"}) {
+            const auto* label = Find<QLabel>(*m_page, name);
+            EXPECT_EQ(label->text(), shown) << name;
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << name;
+            EXPECT_LE(label->mapTo(m_page.get(), QPoint(label->width(), 0)).x(), m_page->width()) << name;
+        }
+        EXPECT_EQ(m_page->width(), 1280);
+    }
+}
+
+TEST_F(RecordPageTest, MarkupInTheChainStaysPlainInItsTooltipsToo) {
+    m_database->exec("UPDATE StorageLocation SET Name = '<b>Box</b> & co' WHERE Name = 'Shelf B'");
+    OpenLaptop();
+    const auto* row = Find<QTreeWidget>(*m_page, "custody")->topLevelItem(0);
+    EXPECT_EQ(row->text(4), "Property Room > Aisle 3 > <b>Box</b> & co");
+    EXPECT_EQ(row->toolTip(4), "<span>Property Room &gt; Aisle 3 &gt; &lt;b&gt;Box&lt;/b&gt; &amp; co</span>");
+}
+
+TEST_F(RecordPageTest, ALongFieldTakesAsManyLinesAsItNeeds) {
+    m_database->exec("UPDATE Property SET SerialNbr = '" + std::string(400, 'W') +
+                     "' WHERE PropertyID = '2026-0417-03'");
+    OpenLaptop();
+    const auto* label = Find<QLabel>(*m_page, "serialNumber");
+    EXPECT_GT(label->height(), 10 * QFontMetrics(label->font()).height());
+    EXPECT_GT(Find<QScrollArea>(*m_page, "fields")->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(Find<QScrollArea>(*m_page, "fields")->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(RecordPageTest, AWholeLongChainCanBeScrolledTo) {
+    const int32_t number = NumberOf("2026-0417-03");
+    m_database->exec("WITH RECURSIVE n(i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT INTO "
+                     "PropertyTracking (PropertyNo, SeqNo, DateReceived, LastUpdated) SELECT " +
+                     std::to_string(number) + ", i, '2020-01-01T00:00:00.000', '2020-01-01T00:00:00.000' FROM n");
+    OpenLaptop();
+    auto* table = Find<QTreeWidget>(*m_page, "custody");
+    ASSERT_EQ(table->topLevelItemCount(), 2008);
+    table->scrollToBottom();
+    const QRect last = table->visualItemRect(table->topLevelItem(2007));
+    EXPECT_GE(last.top(), 0);
+    EXPECT_LE(last.bottom(), table->viewport()->height());
+    EXPECT_EQ(Row(2007).rfind("01/01/2020", 0), 0u);
+}
+
+TEST_F(RecordPageTest, ItIsReadByKeyboardAlone) {
+    OpenLaptop();
+    m_page->setFocus();
+    auto* table = Find<QTreeWidget>(*m_page, "custody");
+    auto* fields = Find<QScrollArea>(*m_page, "fields");
+    QWidget* first = QApplication::focusWidget();
+    EXPECT_TRUE(first == table || first == fields);
+    Press(Qt::Key_Tab);
+    EXPECT_NE(QApplication::focusWidget(), first);
+    table->setFocus();
+    Press(Qt::Key_End);
+    EXPECT_EQ(table->currentIndex().row(), 7);
+    EXPECT_EQ(table->accessibleName(), "Chain of custody");
+    EXPECT_EQ(Find(*m_page, "category")->accessibleName(), "Category: Electronics");
+}
+
+}  // namespace quellbrook::testing
