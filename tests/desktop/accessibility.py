@@ -1,8 +1,9 @@
 """Finds the controls of the running program by role and name, as a screen reader does, and works with them.
 
 Usage: accessibility.py PROGRAM USER PASSWORD
-Starts the program on a scratch department, logs in and opens a location through the accessibility bus alone.
-Prints a line for each thing found; ends with 1 at the first that does not come.
+Starts the program on the sample department of the folders in the environment, which the caller keeps scratch. Logs in,
+opens a location, begins to sign an item out, reads a chain of custody, and starts the program a second time with a
+record's address. Prints a line for each thing found; ends with 1 at the first that does not come.
 """
 
 import subprocess
@@ -160,11 +161,19 @@ def walk(user, password):
     find("label", "Signed In")
 
 
+def start_again(path):
+    """The running program shows the record; the second one has nothing left to do."""
+    subprocess.run([path, "tessarine://miproperty/open/1"], check=True, timeout=PATIENCE)
+    find("page tab", "Property 2026-0398-01")
+    find("label", "Gold chain necklace with heart pendant, sealed bag")
+
+
 def main():
     _, path, user, password = sys.argv
-    process = subprocess.Popen([path, "--fresh"])
+    process = subprocess.Popen([path])
     try:
         walk(user, password)
+        start_again(path)
     finally:
         process.terminate()
         process.wait()
