@@ -40,8 +40,12 @@ TaggedValue Dialogs::ShowForm(ModuleForm& form) {
     QWidget* parent = GetParent();
     if (!parent) Raise(ErrorNumber::NullObject, "Dialogs.ShowForm", "No dialog parent has been set.");
     form.setWindowModality(Qt::ApplicationModal);
+    // First before SetOwner makes its native window: one that is moved between its making and its first showing may be
+    // told by the window manager that it stands in the corner of the screen. Then for the frame, where it has one.
+    const auto place = [&] { form.move(PlaceOver(*parent, form.frameGeometry().size())); };
+    place();
     SetOwner(form, parent);
-    form.move(PlaceOver(*parent, form.frameGeometry().size()));
+    place();
     const WindowShade shade(parent->window());
     form.exec();
     return {};

@@ -34,8 +34,7 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
         const bool highlighted = (option.state & QStyle::State_Selected) && m_tree.ShowsFocus();
         painter->save();
         painter->setClipRect(option.rect);
-        const QString icon = index.column() == 0 ? index.data(ReportTree::IconRole).toString() : QString();
-        DrawIcon(*painter, option.rect, icon, highlighted);
+        DrawIcon(*painter, option.rect, index.data(ReportTree::IconRole).toString(), highlighted);
         DrawText(*painter, option.rect, index, highlighted);
         painter->restore();
     });

@@ -5,6 +5,12 @@
 namespace quellbrook {
 
 // A push button. Inverted: border and dark text instead of the strong ground. Acts at a click, Space and Enter.
+// Who asks what:
+// - EvidenceExplorer, SubmitEvidenceView: off without the right (btnAddEvidence) or with nothing ticked (btnSubmit).
+// - CartView: btnCancel Inverted; btnTransfer keeps its size while its caption changes.
+// - SetupLocationsWizard: btnBack and btnNext come and go, btnNext changes its caption.
+// - frmAddEditLocation, frmFinalDisposition, InfoBar: Clicked.
+// - frmModal: width by caption (sizeHint), the answer in Tag, members of an array.
 class FlatButton : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

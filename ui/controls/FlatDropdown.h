@@ -7,6 +7,13 @@ class QComboBox;
 namespace quellbrook {
 
 // A list of entries to choose one from, each with a text and a whole number. Typing goes to the entry that begins so.
+// Who asks what:
+// - LocationPicker: entries with the ID as number and 0 for "(None)", SetListIndex, Clicked at the user's choice, the
+//   font of its Box.
+// - frmAddEditLocation (cboType): a set index raises Clicked on a change and only then, since the handler sets it
+//   again.
+// - SubmitEvidenceView (cboFilter): index 0 after Clear and filling raises Clicked; the number is the kind of search.
+// - TessarineDropdown: -1 for NULL.
 class FlatDropdown : public Control {
     Q_OBJECT
 

@@ -8,6 +8,10 @@ namespace quellbrook {
 
 // A vertical scroll bar with a 16-bit range. Setters fail with 6 outside -32768 to 32767 and with 380 for a Value
 // outside Min to Max. Changed is raised at every change of the value, also while the thumb moves.
+// Who asks what:
+// - SearchResultList: Value as items above the first row, SetMax failing with 6, SetArrows, the thumb filter, Changed
+//   while the thumb moves.
+// - TrackingList: Value in twips up to 32767, small and large changes of its own, Changed while the thumb moves.
 class FlatScrollBar : public Control {
     Q_OBJECT
 

@@ -7,6 +7,9 @@
 namespace quellbrook {
 
 // One page of a FlatTabs.
+// Who asks what:
+// - StoredItemView: an inner size for "propertyDetails" and "tracking"; members named "tabs_Page".
+// - EvidenceUI: a place for a view that is not on show.
 class FlatTabPage : public Control {
     Q_OBJECT
 
@@ -19,6 +22,9 @@ protected:
 };
 
 // Captions in a row over the page of the selected one.
+// Who asks what:
+// - StoredItemView: SelectedIndex set at each item, also to the one it has; captions, SetIndent.
+// - EvidenceUI: pages that park views; never shown itself.
 class FlatTabs : public Control {
     Q_OBJECT
     Q_PROPERTY(int SelectedIndex READ SelectedIndex WRITE SetSelectedIndex)

@@ -7,6 +7,8 @@ class QPlainTextEdit;
 namespace quellbrook {
 
 // A text field of several lines. Tab leaves it; its line ends read as "\n".
+// Who asks what:
+// - frmFinalDisposition (notesField): Text, empty too; Enter begins a line.
 class FlatTextArea : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE SetText)

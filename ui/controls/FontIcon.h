@@ -7,6 +7,13 @@ namespace quellbrook {
 
 // One of our icons as a control. An empty name shows nothing. Its accessible name is the icon's unless another was set.
 // "busy" is a ring that turns while it is seen.
+// Who asks what:
+// - SearchResultRow (imgIcon): "tag" or "marked" with the batch, the colour with the focus.
+// - EvidenceExplorer: images of the action bar.
+// - CategorizedSearchResults (imgDownArrow): "chevron".
+// - StoredItemMenu: imgMenu(0) to (4) by name; their height sets the bar's.
+// - PropertyDetails (imgIcon): "basic", "identifiers", "notes". frmAddEditLocation (Image1): one picture.
+// - frmModal, InfoBar, Toast, RelatedIncidentStrip: an icon in its colour. LoadingView, BusyPanel: "busy".
 class FontIcon : public Control {
     Q_OBJECT
 

@@ -6,6 +6,11 @@
 namespace quellbrook {
 
 // A horizontal or vertical rule, as thick as its smaller side.
+// Who asks what:
+// - EvidenceExplorer: lnDivider upright, lnSeparator across.
+// - SearchResultRow (lnBottom), TrackingResult (lnSeparator): one pixel at the lower edge.
+// - StoredItemView, CartView, SubmitEvidenceView, frmModal: under a heading or over a strip, as wide as what it bounds.
+// - InfoBar (topBorder): SetColor.
 class Line : public Control {
     Q_OBJECT
 

@@ -6,6 +6,14 @@ namespace quellbrook {
 
 // A caption, with an icon before it if one is set, that acts at a click, at Space and at Enter. Sizes itself.
 // Underlined while the pointer is over it.
+// Who asks what:
+// - EvidenceExplorer: off without the right.
+// - CategorizedSearchResults (lnkMoreResults): width by caption, its Left and Bottom as the place of a menu.
+// - StoredItemView, CartView, SubmitEvidenceView, frmModal: lnkClose, quiet, named "Close".
+// - StoredItemView (lnkOpenInTessarine): an icon before the caption.
+// - StoredItemMenu: lnkMenu(0) to (4), width by caption; whether one is enabled decides if it takes room.
+// - SubmitEvidenceView (imgSelectAll): an icon without a caption that changes, a tooltip, the hand pointer.
+// - SetupLocationsWizard (lnkSelectAll): the width follows a changed caption.
 class Link : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -10,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QStringList>
 
 #include <algorithm>
@@ -29,17 +30,34 @@ QString IconMeaning(const QString& icon) {
     return QString();
 }
 
+int ButtonMask(Qt::MouseButton button) {
+    return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
+}
+
 }  // namespace
 
 ListView::ListView(QWidget* parent) : Control(parent), m_tree(new ReportTree(this)) {
     setFocusProxy(m_tree);
     setFocusPolicy(Qt::StrongFocus);
     m_tree->installEventFilter(this);
-    m_tree->OnMouseUp = [this](Qt::MouseButton button, const QPoint& at) {
-        const int mask = button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
-        Guard([&] { emit MouseUp(mask, at); });
+    m_tree->OnMouseDown = [this](Qt::MouseButton button, const QPoint& at) {
+        Guard([&] {
+            const QPointer<ListView> alive(this);
+            emit MouseDown(ButtonMask(button), at);
+            if (alive) PressBox(button, at);
+        });
     };
-    m_tree->OnDoubleClick = [this](const QPoint& at) { Guard([&] { emit DoubleClicked(at); }); };
+    m_tree->OnMouseMove = [this](const QPoint& at) { Guard([&] { emit MouseMove(at); }); };
+    m_tree->OnMouseUp = [this](Qt::MouseButton button, const QPoint& at) {
+        Guard([&] { emit MouseUp(ButtonMask(button), at); });
+    };
+    m_tree->OnDoubleClick = [this](Qt::MouseButton button, const QPoint& at) {
+        Guard([&] {
+            const QPointer<ListView> alive(this);
+            emit DoubleClicked(at);
+            if (alive) PressBox(button, at);
+        });
+    };
     m_tree->OnKeyboardMove = [this](int row) { Guard([&] { emit CurrentRowMovedByKeyboard(row); }); };
 }
 
@@ -53,12 +71,22 @@ void ListView::AddColumn(const QString& key, const QString& caption, float width
     SetColumnWidth(column, width);
 }
 
+void ListView::ClearColumns() {
+    ClearRows();
+    m_columnKeys.clear();
+    m_tree->setColumnCount(0);
+}
+
 int ListView::ColumnCount() const { return static_cast<int>(m_columnKeys.size()); }
 float ListView::ColumnWidth(int column) const { return ToTwips(m_tree->columnWidth(column)); }
 
 void ListView::SetColumnWidth(int column, float width) {
-    m_tree->setColumnWidth(column, std::max(ToPixels(width), m_tree->header()->minimumSectionSize()));
+    const int pixels = std::max(ToPixels(width), 0);
+    if (pixels == 0) m_tree->header()->setMinimumSectionSize(0);
+    m_tree->setColumnWidth(column, std::max(pixels, m_tree->header()->minimumSectionSize()));
 }
+
+QString ListView::ColumnCaption(int column) const { return m_tree->headerItem()->text(column); }
 
 int ListView::ColumnIndex(const QString& key) const {
     const auto found = std::find(m_columnKeys.begin(), m_columnKeys.end(), key);
@@ -71,6 +99,9 @@ void ListView::SetIconSize(int pixels, double rowFactor, int picture) {
     m_tree->picture = picture > 0 ? picture : pixels <= LargestPicture ? pixels : PictureInLargeIcon;
     m_tree->doItemsLayout();
 }
+
+void ListView::SetIconColumn(int column) { m_iconColumn = column; }
+void ListView::SetCheckBoxes(bool boxes) { m_checkBoxes = boxes; }
 
 void ListView::SetHeaderVisible(bool visible) { m_tree->setHeaderHidden(!visible); }
 
@@ -101,7 +132,7 @@ void ListView::AddRow(const QString& key, const QString& icon, const std::vector
     m_rowKeys.insert(key);
     auto* item = new QTreeWidgetItem;
     item->setData(0, ReportTree::KeyRole, key);
-    item->setData(0, ReportTree::IconRole, icon);
+    item->setData(m_iconColumn, ReportTree::IconRole, icon);
     for (size_t i = 0; i < cells.size(); ++i) {
         const int column = static_cast<int>(i) + 1;
         item->setText(column, cells[i].text);
@@ -123,18 +154,38 @@ void ListView::DescribeRow(QTreeWidgetItem* item) const {
     QStringList parts;
     for (int column = 0; column < item->columnCount(); ++column)
         if (!item->text(column).isEmpty()) parts << item->text(column);
-    const QString meaning = IconMeaning(item->data(0, ReportTree::IconRole).toString());
+    const QString meaning = IconMeaning(item->data(m_iconColumn, ReportTree::IconRole).toString());
     if (!meaning.isEmpty()) parts << meaning;
-    item->setData(0, Qt::AccessibleTextRole, parts.join(QStringLiteral(", ")));
+    item->setData(m_iconColumn, Qt::AccessibleTextRole, parts.join(QStringLiteral(", ")));
 }
 
 int ListView::RowCount() const { return m_tree->topLevelItemCount(); }
 QString ListView::RowKey(int row) const { return Item(row)->data(0, ReportTree::KeyRole).toString(); }
-QString ListView::RowIcon(int row) const { return Item(row)->data(0, ReportTree::IconRole).toString(); }
+QString ListView::RowIcon(int row) const { return Item(row)->data(m_iconColumn, ReportTree::IconRole).toString(); }
 
 void ListView::SetRowIcon(int row, const QString& icon) {
-    Item(row)->setData(0, ReportTree::IconRole, icon);
+    Item(row)->setData(m_iconColumn, ReportTree::IconRole, icon);
     DescribeRow(Item(row));
+}
+
+bool ListView::RowChecked(int row) const { return Item(row)->data(0, ReportTree::CheckedRole).toBool(); }
+
+void ListView::SetRowChecked(int row, bool checked) {
+    Item(row)->setData(0, ReportTree::CheckedRole, checked);
+    SetRowIcon(row, checked ? QStringLiteral("selected") : QStringLiteral("unselected"));
+}
+
+void ListView::ToggleRow(int row) {
+    const bool checked = !RowChecked(row);
+    SetRowChecked(row, checked);
+    emit RowToggled(row, checked);
+}
+
+void ListView::PressBox(Qt::MouseButton button, const QPoint& at) {
+    const int left = m_tree->header()->sectionViewportPosition(m_iconColumn);
+    const bool onColumn = at.x() >= left && at.x() < left + m_tree->columnWidth(m_iconColumn);
+    const int row = HitTest(at);
+    if (m_checkBoxes && button == Qt::LeftButton && onColumn && row >= 0) ToggleRow(row);
 }
 
 QString ListView::CellText(int row, int column) const { return Item(row)->text(column); }
@@ -207,8 +258,13 @@ bool ListView::eventFilter(QObject* watched, QEvent* event) {
     const int code = KeyCodeOf(key);
     if (code == 0) return false;
     const bool ctrl = key.modifiers() & Qt::ControlModifier;
-    Guard([&] { emit KeyDown(code, ctrl); });
-    return code == 13;
+    const bool toggles = m_checkBoxes && code == 32 && !ctrl;
+    Guard([&] {
+        const QPointer<ListView> alive(this);
+        emit KeyDown(code, ctrl);
+        if (alive && toggles && !key.isAutoRepeat() && CurrentRow() >= 0) ToggleRow(CurrentRow());
+    });
+    return code == 13 || toggles;
 }
 
 void ListView::changeEvent(QEvent* event) {

@@ -14,6 +14,8 @@ class FlatScrollBar;
 
 // Presses, releases and double clicks over a container, wherever inside it they land, with the container's coordinates
 // in pixels. Buttons are a bit mask: 1 left, 2 right.
+// Who asks what:
+// - SearchResultList, TrackingList: Up with the button and DoubleClick, anywhere over picContainer and its rows.
 class MouseEvents : public QObject {
     Q_OBJECT
 
@@ -49,6 +51,8 @@ private:
 };
 
 // Turns of the wheel over a container reach its scroll bar.
+// Who asks what:
+// - SearchResultList, TrackingList: turns over picContainer.
 class ScrollWheelSupport : public QObject {
     Q_OBJECT
 

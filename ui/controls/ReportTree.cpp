@@ -33,6 +33,7 @@ ReportTree::ReportTree(QWidget* parent) : QTreeWidget(parent) {
     setTextElideMode(Qt::ElideRight);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    viewport()->setMouseTracking(true);
 }
 
 int ReportTree::RowHeight() const { return qRound(iconSize * rowFactor); }
@@ -82,7 +83,16 @@ void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 
 void ReportTree::mousePressEvent(QMouseEvent* event) {
     m_movedByKeyboard = false;
+    const Qt::MouseButton button = event->button();
+    const QPoint at = event->position().toPoint();
     QTreeWidget::mousePressEvent(event);
+    if (OnMouseDown) OnMouseDown(button, at);
+}
+
+void ReportTree::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    QTreeWidget::mouseMoveEvent(event);
+    if (OnMouseMove) OnMouseMove(at);
 }
 
 void ReportTree::mouseReleaseEvent(QMouseEvent* event) {
@@ -93,9 +103,10 @@ void ReportTree::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ReportTree::mouseDoubleClickEvent(QMouseEvent* event) {
+    const Qt::MouseButton button = event->button();
     const QPoint at = event->position().toPoint();
     QTreeWidget::mouseDoubleClickEvent(event);
-    if (OnDoubleClick) OnDoubleClick(at);
+    if (OnDoubleClick) OnDoubleClick(button, at);
 }
 
 void ReportTree::keyPressEvent(QKeyEvent* event) {

@@ -15,13 +15,15 @@ class ReportTree : public QTreeWidget {
 
 public:
     // Data of a row, on column 0, and of a cell.
-    enum Role { KeyRole = Qt::UserRole + 1, IconRole, BandRole, GrayRole, BoldRole, TooltipRole };
+    enum Role { KeyRole = Qt::UserRole + 1, CheckedRole, BandRole, IconRole, GrayRole, BoldRole, TooltipRole };
 
     explicit ReportTree(QWidget* parent);
 
     // Called after the tree has acted.
+    std::function<void(Qt::MouseButton, const QPoint&)> OnMouseDown;
+    std::function<void(const QPoint&)> OnMouseMove;
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseUp;
-    std::function<void(const QPoint&)> OnDoubleClick;
+    std::function<void(Qt::MouseButton, const QPoint&)> OnDoubleClick;
     std::function<void(int)> OnKeyboardMove;
 
     int iconSize = 22;
@@ -41,6 +43,7 @@ protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void drawBranches(QPainter*, const QRect&, const QModelIndex&) const override {}
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

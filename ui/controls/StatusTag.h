@@ -6,6 +6,10 @@ namespace quellbrook {
 
 // A solid block in a fixed colour with a short caption in whichever of black and white stands out more. Its width
 // follows the caption.
+// Who asks what:
+// - SearchResultRow, StoredItemView: Caption and Color, a width that follows the caption, TextTop for lblLocation
+//   beside it.
+// - SearchResultRow: no property "ForeColor", so that its text stays as it is on a highlighted row.
 class StatusTag : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -9,6 +9,10 @@ class FlatDropdown;
 
 // The entries of one of the host's code tables. Its value is NULL until one is chosen; an empty or unknown value set
 // gives NULL. The table is read when its number is set, at run time only.
+// Who asks what:
+// - CartView: tablenumber 9999 twice and 38; Value NULL until chosen, set again at each refresh; takes the focus by
+//   TrySetFocus.
+// - frmFinalDisposition (dispositionField): tablenumber 30; Value NULL until chosen, then a whole number.
 class TessarineDropdown : public Control {
     Q_OBJECT
     Q_PROPERTY(int tablenumber READ TableNumber WRITE SetTableNumber)

@@ -138,6 +138,22 @@ TEST_F(LinkTest, SizesItselfToCaptionAndIcon) {
     EXPECT_EQ(m_link.height(), 24);
 }
 
+TEST_F(LinkTest, AnIconAloneHasItsSizeAndActs) {
+    m_link.SetIcon("unselected", 24);
+    m_link.SetAccessibleCaption("Select All");
+    EXPECT_EQ(m_link.size(), QSize(24, 24));
+    EXPECT_EQ(m_link.accessibleName(), "Select All");
+    int clicks = 0;
+    QObject::connect(&m_link, &Link::Clicked, [&] { ++clicks; });
+    ShowActive(m_window);
+    const QImage unticked = Grab(m_link);
+    m_link.SetIcon("selected", 24);
+    EXPECT_NE(Grab(m_link), unticked);
+    Click(&m_link);
+    Press(&m_link, Qt::Key_Space);
+    EXPECT_EQ(clicks, 2);
+}
+
 TEST_F(LinkTest, TheClosingCrossIsDrawnAndNamed) {
     m_link.SetCaption("\u2715");
     m_link.SetAccessibleCaption("Close");

@@ -64,7 +64,8 @@ TEST_F(GeometryWalkTest, SiblingsThatTouchDoNotOverlap) {
 TEST_F(GeometryWalkTest, WhatSticksOutOfItsParentIsTold) {
     PlaceButton("save", {10, 10, 96, 36});
     Place<Label>("label", {-1, 60, 40, 20})->SetCaption("Shelf");
-    EXPECT_THAT(Faults(), ElementsAre(AllOf(HasSubstr("window/label (-1, 60, "), HasSubstr(" sticks out of its parent"))));
+    EXPECT_THAT(Faults(),
+                ElementsAre(AllOf(HasSubstr("window/label (-1, 60, "), HasSubstr(" sticks out of its parent"))));
 }
 
 TEST_F(GeometryWalkTest, HiddenWidgetsAreNoFaults) {

@@ -65,6 +65,24 @@ TEST_F(ListViewTest, ColumnsHaveKeysCaptionsAndWidths) {
     EXPECT_EQ(m_list.Tree()->header()->sizeHint().height(), 32);
 }
 
+TEST_F(ListViewTest, ColumnsCanBeMadeAnew) {
+    AddRows(2);
+    EXPECT_EQ(m_list.ColumnCaption(1), "Name");
+    m_list.ClearColumns();
+    EXPECT_EQ(m_list.ColumnCount(), 0);
+    EXPECT_EQ(m_list.ColumnIndex("name"), -1);
+    EXPECT_EQ(m_list.RowCount(), 0);
+    m_list.AddColumn("select_field", "", 0);
+    m_list.AddColumn("display_id", "ID", 1800);
+    EXPECT_EQ(m_list.ColumnCount(), 2);
+    EXPECT_EQ(m_list.ColumnCaption(0), "");
+    EXPECT_EQ(m_list.ColumnCaption(1), "ID");
+    EXPECT_FLOAT_EQ(m_list.ColumnWidth(0), 0);
+    EXPECT_FLOAT_EQ(m_list.ColumnWidth(1), 1800);
+    m_list.AddRow("P0", "tag", {{"2026-0417-01"}});
+    EXPECT_EQ(m_list.CellText(0, 1), "2026-0417-01");
+}
+
 TEST_F(ListViewTest, RowsStandInTheOrderOfTheirAdding) {
     m_list.AddRow("L5", "location", {{"Bin B-1"}, {"Location", true}});
     m_list.AddRow("P7", "tag", {{"2026-0398-01", false, true}, {"Jewelry", true, true}});
@@ -207,6 +225,120 @@ TEST_F(ListViewTest, MouseEventsComeAfterTheListHasActed) {
     EXPECT_EQ(doubles, 1);
     EXPECT_EQ(ups.size(), 3u);
     EXPECT_EQ(ups.back().first, 1);
+}
+
+TEST_F(ListViewTest, PressesAndMovesOfThePointerAreRaised) {
+    AddRows(3);
+    Show();
+    std::vector<std::pair<int, int>> downs;
+    Rows moves;
+    QObject::connect(&m_list, &ListView::MouseDown, [&](int button, const QPoint& at) {
+        downs.emplace_back(button, m_list.HitTest(at));
+        EXPECT_EQ(Selected(), Rows{m_list.HitTest(at)});
+    });
+    QObject::connect(&m_list, &ListView::MouseMove, [&](const QPoint& at) { moves.push_back(m_list.HitTest(at)); });
+    QTest::mouseMove(m_list.Tree()->viewport(), InRow(2));
+    EXPECT_EQ(moves, (Rows{2}));
+    Click(m_list.Tree()->viewport(), InRow(1));
+    RightClick(m_list.Tree()->viewport(), InRow(0));
+    EXPECT_EQ(downs, (std::vector<std::pair<int, int>>{{1, 1}, {2, 0}}));
+}
+
+TEST_F(ListViewTest, AColumnMayBeWithoutWidth) {
+    AddRows(1);
+    Show();
+    m_list.SetColumnWidth(0, 0);
+    EXPECT_FLOAT_EQ(m_list.ColumnWidth(0), 0);
+    EXPECT_EQ(m_list.Tree()->header()->sectionViewportPosition(1), 0);
+    m_list.SetColumnWidth(0, -300);
+    EXPECT_FLOAT_EQ(m_list.ColumnWidth(0), 0);
+    m_list.SetColumnWidth(0, 600);
+    EXPECT_FLOAT_EQ(m_list.ColumnWidth(0), 600);
+}
+
+// A column without width and a narrow one before the icon's.
+class IconColumnTest : public ControlsTest {
+protected:
+    IconColumnTest() {
+        m_list.SetIconSize(24, 1.4);
+        m_list.AddColumn("select_field", "", 0);
+        m_list.AddColumn("padding_left", "", 300);
+        m_list.AddColumn("icon", "", 510);
+        m_list.AddColumn("display_id", "ID", 3000);
+        m_list.SetIconColumn(2);
+        m_list.Move(0, 0, 9000, 6000);
+        for (const char* key : {"1", "2", "3"}) m_list.AddRow(key, "unselected", {{}, {}, {QString("2026-") + key}});
+        QObject::connect(&m_list, &ListView::RowToggled,
+                         [this](int row, bool checked) { m_toggles.emplace_back(row, checked); });
+        ShowActive(m_window);
+    }
+
+    QPoint BoxOf(int row) { return QPoint(20 + 17, row * m_list.RowHeight() + m_list.RowHeight() / 2); }
+    QPoint NameOf(int row) { return QPoint(100, BoxOf(row).y()); }
+    QRect IconCell(int row) { return QRect(20, row * m_list.RowHeight(), 34, m_list.RowHeight() - 1); }
+
+    using Toggles = std::vector<std::pair<int, bool>>;
+
+    ListView m_list{&m_window};
+    Toggles m_toggles;
+};
+
+TEST_F(IconColumnTest, TheIconStandsInItsColumn) {
+    const QImage before = Grab(*m_list.Tree()->viewport());
+    m_list.SetRowIcon(1, "selected");
+    ServeEvents();
+    const QImage after = Grab(*m_list.Tree()->viewport());
+    EXPECT_NE(after.copy(IconCell(1)), before.copy(IconCell(1)));
+    EXPECT_EQ(after.copy(IconCell(0)), before.copy(IconCell(0)));
+    EXPECT_EQ(after.copy(0, 0, 20, 200), before.copy(0, 0, 20, 200));
+    EXPECT_EQ(after.copy(54, 0, 200, 200), before.copy(54, 0, 200, 200));
+    EXPECT_EQ(m_list.RowIcon(1), "selected");
+    EXPECT_EQ(m_list.RowKey(1), "2");
+    EXPECT_EQ(m_list.Tree()->topLevelItem(1)->data(2, Qt::AccessibleTextRole), "2026-2, checked");
+}
+
+TEST_F(IconColumnTest, ASetTickChangesTheIconAndRaisesNothing) {
+    m_list.SetCheckBoxes(true);
+    EXPECT_FALSE(m_list.RowChecked(0));
+    m_list.SetRowChecked(0, true);
+    EXPECT_TRUE(m_list.RowChecked(0));
+    EXPECT_EQ(m_list.RowIcon(0), "selected");
+    m_list.SetRowChecked(0, false);
+    EXPECT_FALSE(m_list.RowChecked(0));
+    EXPECT_EQ(m_list.RowIcon(0), "unselected");
+    EXPECT_EQ(m_toggles, Toggles());
+}
+
+TEST_F(IconColumnTest, APressOnABoxTurnsItsTickOver) {
+    m_list.SetCheckBoxes(true);
+    Click(m_list.Tree()->viewport(), BoxOf(1));
+    EXPECT_TRUE(m_list.RowChecked(1));
+    Click(m_list.Tree()->viewport(), NameOf(2));
+    RightClick(m_list.Tree()->viewport(), BoxOf(2));
+    Click(m_list.Tree()->viewport(), BoxOf(5));
+    EXPECT_EQ(m_toggles, (Toggles{{1, true}}));
+    DoubleClick(m_list.Tree()->viewport(), BoxOf(0));
+    EXPECT_EQ(m_toggles, (Toggles{{1, true}, {0, true}, {0, false}}));
+    EXPECT_FALSE(m_list.RowChecked(0));
+}
+
+TEST_F(IconColumnTest, SpaceTurnsTheCurrentRowsTickOver) {
+    m_list.SetCheckBoxes(true);
+    m_list.setFocus();
+    m_list.SetCurrentRow(2);
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Up);
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(m_toggles, (Toggles{{2, true}, {1, true}, {1, false}}));
+}
+
+TEST_F(IconColumnTest, WithoutBoxesTheListLeavesTicksAlone) {
+    m_list.setFocus();
+    Click(m_list.Tree()->viewport(), BoxOf(1));
+    Press(Qt::Key_Space);
+    EXPECT_EQ(m_toggles, Toggles());
+    EXPECT_FALSE(m_list.RowChecked(1));
 }
 
 TEST_F(ListViewTest, KeysAreRaisedBeforeTheListActs) {
