@@ -39,6 +39,15 @@ std::string Join(const std::vector<std::string>& parts, std::string_view separat
     return result;
 }
 
+void AppendUtf8(std::string& text, uint32_t codePoint) {
+    const bool isSurrogate = codePoint >= 0xD800 && codePoint < 0xE000;
+    if (codePoint > 0x10FFFF || isSurrogate) codePoint = 0xFFFD;
+    const int more = codePoint < 0x80 ? 0 : codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
+    constexpr unsigned char leads[] = {0x00, 0xC0, 0xE0, 0xF0};
+    text.push_back(static_cast<char>(leads[more] | codePoint >> (6 * more)));
+    for (int i = more - 1; i >= 0; --i) text.push_back(static_cast<char>(0x80 | (codePoint >> (6 * i) & 0x3F)));
+}
+
 bool EqualsNoCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return FoldChar(x) == FoldChar(y); });
 }

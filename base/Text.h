@@ -14,6 +14,9 @@ std::string_view Trim(std::string_view text);  // leading and trailing blanks on
 std::string Replace(std::string_view text, std::string_view what, std::string_view with);  // every occurrence
 std::string Join(const std::vector<std::string>& parts, std::string_view separator);
 
+// One character more, by its code point; what is none gives U+FFFD.
+void AppendUtf8(std::string& text, uint32_t codePoint);
+
 // Comparison without regard to case, by the one folding that all engines share: ASCII letters.
 bool EqualsNoCase(std::string_view a, std::string_view b);
 std::string FoldCase(std::string_view text);

@@ -2,6 +2,7 @@
 
 #include "base/CommandRunner.h"
 #include "base/KeyState.h"
+#include "base/MessageHook.h"
 #include "base/Screen.h"
 #include "base/Timer.h"
 #include "core/Dispatcher.h"
@@ -25,6 +26,7 @@ void Shutdown() {
     DiscardDispatcher();
     GetSingletons().SetDialogParent(nullptr);
     SetCommandRunner(nullptr);
+    SetMessageHookFactory(nullptr);
     SetKeyStateProbe(nullptr);
     SetTimerFactory(nullptr);
     SetScreen(nullptr);

@@ -11,7 +11,7 @@
 #include "tests/app/SampleFile.h"
 #include "tests/support/Items.h"
 #include "tests/support/RecordingScreen.h"
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/support/ui/ScaledProcess.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/Dialogs.h"

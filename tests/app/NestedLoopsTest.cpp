@@ -4,7 +4,7 @@
 #include "host/HostLocationData.h"
 #include "tests/app/MainWindowTest.h"
 #include "tests/support/Items.h"
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/common/WidgetScreen.h"

@@ -55,5 +55,19 @@ TEST(Text, ParseInt32KnowsItsRange) {
     EXPECT_EQ(RaisedBy([] { ParseInt32("abc"); }).Number(), ErrorNumber::TypeMismatch);
 }
 
+TEST(AppendUtf8, WritesCharactersOfEveryLength) {
+    std::string text = "<";
+    for (const uint32_t codePoint : {0x41u, 0xE9u, 0x20ACu, 0x1F4E6u}) AppendUtf8(text, codePoint);
+    EXPECT_EQ(text, "<A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x93\xA6");
+}
+
+TEST(AppendUtf8, WhatIsNoCharacterBecomesTheReplacementCharacter) {
+    for (const uint32_t codePoint : {0xD800u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
+        std::string text;
+        AppendUtf8(text, codePoint);
+        EXPECT_EQ(text, "\xEF\xBF\xBD");
+    }
+}
+
 }  // namespace
 }  // namespace quellbrook

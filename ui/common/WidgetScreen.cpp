@@ -6,6 +6,7 @@
 #include "ui/common/WindowOwner.h"
 #include "ui/controls/Strings.h"
 #include "ui/controls/WidgetKeyState.h"
+#include "ui/controls/WidgetMessageHook.h"
 #include "ui/controls/WidgetTimer.h"
 
 #include <QApplication>
@@ -20,6 +21,7 @@ void WidgetScreen::Install() {
     SetScreen(&screen);
     InstallWidgetTimers();
     InstallWidgetKeyState();
+    InstallWidgetMessageHook();
 }
 
 int32_t WidgetScreen::ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) {

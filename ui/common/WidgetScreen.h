@@ -5,7 +5,7 @@
 namespace quellbrook {
 
 // The screen as widgets: the styled dialog, the toolkit's plain box, the loop of messages. Install also puts the
-// toolkit's timers and key state behind their seams.
+// toolkit's timers, key state and key messages behind their seams.
 class WidgetScreen : public Screen {
 public:
     static void Install();

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/KeyState.h"
+#include "base/MessageHook.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/ui/common/ScreenTest.h"
 
@@ -65,6 +66,11 @@ TEST_F(WidgetScreenTest, TimersAndKeysAreTheToolkitsFromNowOn) {
     EXPECT_TRUE(IsKeyDown(40));
     QTest::keyRelease(&m_host, Qt::Key_Down);
     EXPECT_FALSE(IsKeyDown(40));
+    const auto hook = MakeMessageHook();
+    int messages = 0;
+    hook->OnMessage = [&messages](KeyMessage&) { ++messages; };
+    QTest::simulateEvent(m_host.windowHandle(), true, Qt::Key_A, Qt::NoModifier, "a", false);
+    EXPECT_EQ(messages, 2);
 }
 
 }  // namespace quellbrook

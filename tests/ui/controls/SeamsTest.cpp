@@ -1,7 +1,7 @@
 #include "base/Error.h"
 #include "base/KeyState.h"
 #include "base/MessageHook.h"
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/WidgetKeyState.h"
 #include "ui/controls/WidgetTimer.h"

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/Items.h"
 #include "tests/support/RaisedBy.h"
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/MousePointer.h"
 #include "ui/controls/View.h"

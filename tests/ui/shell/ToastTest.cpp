@@ -1,6 +1,6 @@
 #include "ui/shell/Toast.h"
 
-#include "tests/support/ui/ManualTimer.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
