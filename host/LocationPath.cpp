@@ -9,6 +9,8 @@ namespace quellbrook {
 
 namespace {
 
+constexpr size_t mostDigits = 11;  // with the sign
+
 [[noreturn]] void RaiseNoPath(std::string_view text) {
     Raise(ErrorNumber::General, "LocationPath.Parse",
           "'" + std::string(text) + "' is not the path of a storage location.");
@@ -16,15 +18,17 @@ namespace {
 
 // The digits are those that ToText writes for this number.
 bool IsCanonical(std::string_view digits, int32_t id) {
-    char buffer[16];
-    const char* end = std::to_chars(buffer, buffer + sizeof buffer, id).ptr;
+    char buffer[mostDigits];
+    const char* end = std::to_chars(buffer, buffer + mostDigits, id).ptr;
     return digits == std::string_view(buffer, end);
 }
 
 }  // namespace
 
 LocationPath LocationPath::Append(int32_t id) const {
-    std::vector<int32_t> ids = m_ids;
+    std::vector<int32_t> ids;
+    ids.reserve(m_ids.size() + 1);
+    ids = m_ids;
     ids.push_back(id);
     return LocationPath(std::move(ids));
 }
@@ -32,13 +36,19 @@ LocationPath LocationPath::Append(int32_t id) const {
 std::string LocationPath::ToText() const {
     if (m_ids.empty()) return {};
     std::string text = "/";
-    for (const int32_t id : m_ids) text += std::to_string(id) + "/";
+    text.reserve(1 + m_ids.size() * (mostDigits + 1));
+    char digits[mostDigits];
+    for (const int32_t id : m_ids) {
+        text.append(digits, std::to_chars(digits, digits + mostDigits, id).ptr);
+        text += '/';
+    }
     return text;
 }
 
 LocationPath LocationPath::Parse(std::string_view text) const {
     std::vector<int32_t> ids;
     if (text.empty()) return LocationPath();
+    ids.reserve(static_cast<size_t>(std::count(text.begin(), text.end(), '/')));
     std::string_view rest = text;
     if (rest.front() != '/' || rest.size() == 1) RaiseNoPath(text);
     rest.remove_prefix(1);
