@@ -244,7 +244,6 @@ TEST_P(EveryView, EveryMessage) {
 }
 
 TEST(EveryViewAtScaleTwo, HasNoFaultsEither) {
-    if (IsScaledProcess()) GTEST_SKIP() << "This is the scaled process.";
     ExpectTheSameAtScaleTwo("*/EveryView.*", "LightAndDark/EveryView.TheExplorer/0");
 }
 

@@ -3,7 +3,7 @@
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
 #include "host/engines/SqliteEngine.h"
-#include "tests/app/SampleFile.h"
+#include "tests/app/SampleCopyTest.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
@@ -24,20 +24,16 @@ namespace {
 using ::testing::ElementsAre;
 
 // Pages over a copy of the sample department.
-class RecordPageTest : public ::testing::Test {
+class RecordPageTest : public SampleCopyTest {
 protected:
     void SetUp() override {
-        const std::string path = m_directory.Path() + "/copy.sqlite";
-        std::filesystem::copy_file(TheSample().Path(), path);
-        m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE);
-        HostServices::Current().SetEngine(SqliteEngine::Open(path));
+        SampleCopyTest::SetUp();
         LogIn(SampleAccounts()[0]);
     }
 
     void TearDown() override {
         m_page.reset();
-        HostServices::Current().SetSession(nullptr);
-        HostServices::Current().SetEngine(nullptr);
+        SampleCopyTest::TearDown();
     }
 
     static void LogIn(const SampleAccount& account) {
@@ -72,8 +68,6 @@ protected:
         return cells.join(" | ").toStdString();
     }
 
-    ScratchDirectory m_directory;
-    std::unique_ptr<SQLite::Database> m_database;
     std::unique_ptr<RecordPage> m_page;
 };
 

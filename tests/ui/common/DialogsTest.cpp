@@ -8,6 +8,8 @@
 
 #include <QScreen>
 
+#include <optional>
+
 namespace quellbrook {
 
 namespace {
@@ -30,6 +32,21 @@ protected:
     void OnCancel() override {
         ++cancels;
         if (!declines) done(0);
+    }
+};
+
+// Where it stands when its native window is made.
+class FramelessForm : public SampleForm {
+    Q_OBJECT
+
+public:
+    FramelessForm() { setWindowFlag(Qt::FramelessWindowHint); }
+    std::optional<QPoint> madeAt;
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::WinIdChange && internalWinId()) madeAt = pos();
+        return SampleForm::event(event);
     }
 };
 
@@ -69,6 +86,13 @@ TEST_F(DialogsTest, AFormLargerThanItsParentStaysOnTheScreen) {
         EXPECT_EQ(open.frameGeometry().topLeft(), room.topLeft());
     });
     ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, TheWindowOfAFormIsMadeWhereItWillStand) {
+    FramelessForm form;
+    WhenOpen<FramelessForm>([](FramelessForm& open) { EXPECT_EQ(open.madeAt, open.pos()); });
+    ShowFormCentered(form);
+    EXPECT_NE(form.madeAt, QPoint(0, 0));
 }
 
 TEST_F(DialogsTest, AFormIsModalAndOwnedByItsParentsWindow) {

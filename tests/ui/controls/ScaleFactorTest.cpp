@@ -15,7 +15,6 @@ TEST_F(ScaleFactor, IsTheOneOfTheEnvironment) {
 
 // Geometry, docking, lists and pictures again, in a process of its own with two device pixels to each of ours.
 TEST(ScaleFactorTwo, TheSameRulesHold) {
-    if (IsScaledProcess()) GTEST_SKIP() << "This is the scaled process.";
     ExpectTheSameAtScaleTwo("ScaleFactor.*:ControlGeometry.*:Docking.*:ListViewTest.*:LabelTest.*:FlatTabsTest.*:"
                             "PressableTest*:FocusRingTest.*:FlatScrollBarTest.*:IconsTest.*:MouseEventsTest.*",
                             "ScaleFactor.IsTheOneOfTheEnvironment");

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/HostServices.h"
+#include "host/engines/SqliteEngine.h"
+#include "tests/app/SampleFile.h"
+
+#include <filesystem>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+// A copy of the sample department as the host's database; m_database writes to it beside the program.
+class SampleCopyTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const std::string path = m_directory.Path() + "/copy.sqlite";
+        std::filesystem::copy_file(TheSample().Path(), path);
+        m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE);
+        HostServices::Current().SetEngine(SqliteEngine::Open(path));
+    }
+
+    void TearDown() override {
+        HostServices::Current().SetSession(nullptr);
+        HostServices::Current().SetEngine(nullptr);
+    }
+
+    ScratchDirectory m_directory;
+    std::unique_ptr<SQLite::Database> m_database;
+};
+
+}  // namespace quellbrook::testing
