@@ -46,12 +46,12 @@ int32_t TypeOf(const std::string& letter) {
 }  // namespace
 
 BarcodeListener::BarcodeListener(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings)), m_timer(MakeTimer()) {
-    m_timer->Elapsed = [this] { Timer_Elapsed(); };
-}
+    : m_surroundings(std::move(surroundings)) {}
 
 void BarcodeListener::Shown() {
     if (m_messageHook) return;
+    m_timer = MakeTimer();
+    m_timer->Elapsed = [this] { Timer_Elapsed(); };
     m_messageHook = MakeMessageHook();
     m_messageHook->OnMessage = [this](KeyMessage& message) { MessageHook_OnMessage(message); };
 }

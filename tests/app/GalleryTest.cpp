@@ -121,6 +121,7 @@ protected:
 
 TEST_F(GalleryTest, ShowsEveryKindOfControl) {
     std::set<std::string> types = ControlTypes();
+    types.erase("BarcodeListener");  // has no look
     EXPECT_GE(types.size(), 16u);
     EXPECT_EQ(types.count("FlatButton"), 1u);
     types.insert("RelatedIncidentStrip");

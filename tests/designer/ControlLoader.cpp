@@ -1,6 +1,7 @@
 #include "tests/designer/ControlLoader.h"
 
 #include "ui/common/RelatedIncidentStrip.h"
+#include "ui/controls/BarcodeListenerControl.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatScrollBar.h"
@@ -38,6 +39,7 @@ namespace quellbrook::testing {
 
 ControlLoader::ControlLoader() {
     Add<ActionTag>("ActionTag");
+    Add<BarcodeListenerControl>("BarcodeListenerControl");
     Add<CartView>("CartView");
     Add<EvidenceExplorer>("EvidenceExplorer");
     Add<EvidenceUI>("EvidenceUI");

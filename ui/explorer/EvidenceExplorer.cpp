@@ -53,6 +53,7 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     ApplyColors();
     ConnectPanes();
     ConnectMenu();
+    MakeBarcodeListener();
     if (IsInsideDesigner()) return;
     m_cartstore = GetStores().Cart;
     SetMousePointer(MousePointer::Hourglass);

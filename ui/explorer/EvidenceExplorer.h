@@ -2,6 +2,7 @@
 
 #include "base/ObjectList.h"
 #include "core/CartStore.h"
+#include "data/Types.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/ActionMenuRules.h"
 
@@ -13,6 +14,7 @@ class QMenu;
 namespace quellbrook {
 
 class ActionMenu;
+class BarcodeListenerControl;
 class BusyPanel;
 class GroupBox;
 class Label;
@@ -21,7 +23,8 @@ class LocationTree;
 class LocationView;
 
 // The main screen: the tree of locations on the left, the contents of the selected one on the right under a heading,
-// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens.
+// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens. While
+// it is on show, the barcode of a location selects that location and the barcode of an item opens the item.
 class EvidenceExplorer : public View {
     Q_OBJECT
 
@@ -57,12 +60,17 @@ private:
     void MakeLoadingCover();
     void ConnectPanes();
     void ConnectMenu();
+    void MakeBarcodeListener();
 
     void DisplayCurrentLocation();
     void DisplayNoLocation();
     void DisplayLocation(const StorageLocationRef& location, int& step);
     void ShowCounts(StorageLocation& location);
     void LayoutView();
+
+    void itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
+    void OpenScannedLocation(const std::string& number);
+    void OpenScannedItem(NumberSearchTypes numberType, const std::string& number);
 
     QWidget* ActiveChild() const;
     void PrepareActionMenu(MenuSource source, QWidget* pane);
@@ -86,6 +94,7 @@ private:
     Line* m_lnDivider = nullptr;
     Line* m_lnSeparator = nullptr;
     ActionMenu* m_mnuItems = nullptr;
+    BarcodeListenerControl* m_itemBarcodeListener = nullptr;
     std::shared_ptr<CartStore> m_cartstore;
 };
 

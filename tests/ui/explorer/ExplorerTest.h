@@ -1,13 +1,16 @@
 #pragma once
 
+#include "base/MessageHook.h"
 #include "core/Stores.h"
 #include "data/StorageLocationStatic.h"
 #include "tests/support/DatabaseTest.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Guard.h"
 #include "ui/controls/MousePointer.h"
 #include "ui/controls/View.h"
+#include "ui/controls/WidgetMessageHook.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -25,11 +28,13 @@ namespace quellbrook::testing {
 class ExplorerTest : public DatabaseTest {
 protected:
     ExplorerTest() {
+        InstallWidgetMessageHook();
         SetUnexpectedReport([this](const Error& error) { m_unexpected.push_back(error.Description()); });
     }
     ~ExplorerTest() override {
         ServeEvents();
         SetUnexpectedReport(nullptr);
+        SetMessageHookFactory(nullptr);
         SetInsideDesigner(false);
         SetMousePointer(MousePointer::Default);
         for (const std::string& description : m_unexpected) ADD_FAILURE() << "Unexpected error: " << description;
@@ -65,6 +70,8 @@ protected:
     }
 
     std::vector<std::string> TakeUnexpected() { return std::exchange(m_unexpected, {}); }
+
+    ManualTimers m_timers;
 
     // Runs while the menu that the next action opens is open; the menu is closed afterwards.
     static void WhileMenuOpen(std::function<void(QMenu&)> look) {

@@ -1,0 +1,55 @@
+#include "ui/controls/BarcodeListenerControl.h"
+
+#include "ui/controls/Guard.h"
+#include "ui/controls/Icons.h"
+#include "ui/controls/Theme.h"
+
+#include <QApplication>
+#include <QPainter>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int IconSize = 32;  // pixels
+
+// A sibling that was raised above the widget, or made later, and covers it.
+bool IsCoveredByView(const QWidget& widget) {
+    const QObjectList siblings = widget.parentWidget()->children();
+    for (auto index = siblings.indexOf(&widget) + 1; index < siblings.size(); ++index) {
+        const auto* above = qobject_cast<const View*>(siblings[index]);
+        if (above && above->isVisible() && above->geometry().contains(widget.geometry())) return true;
+    }
+    return false;
+}
+
+bool IsHolderOnTop(const QWidget& control) {
+    for (const QWidget* widget = control.parentWidget(); widget && !widget->isWindow(); widget = widget->parentWidget())
+        if (IsCoveredByView(*widget)) return false;
+    return true;
+}
+
+}  // namespace
+
+BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
+    : View(parent),
+      m_listener({[this] { return IsListening(); }, [this] { return QApplication::activeWindow() == window(); }}) {
+    const int size = IsInsideDesigner() ? IconSize : 0;
+    setFixedSize(size, size);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsHolderOnTop(*this); }
+
+void BarcodeListenerControl::Shown() { m_listener.Shown(); }
+
+void BarcodeListenerControl::paintEvent(QPaintEvent*) {
+    Guard([this] {
+        if (!IsInsideDesigner()) return;
+        QPainter painter(this);
+        const QColor ink = Theme::Get(Theme::Color::Text);
+        painter.drawPixmap(0, 0, Icons::Pixmap("identifiers", IconSize, ink, devicePixelRatioF()));
+    });
+}
+
+}  // namespace quellbrook

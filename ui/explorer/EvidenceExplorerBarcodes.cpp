@@ -1,0 +1,61 @@
+#include "ui/explorer/EvidenceExplorer.h"
+
+#include "base/Screen.h"
+#include "base/Text.h"
+#include "core/Actions.h"
+#include "data/StorageLocationStatic.h"
+#include "data/StoredItemSearch.h"
+#include "ui/controls/BarcodeListenerControl.h"
+#include "ui/controls/Guard.h"
+
+namespace quellbrook {
+
+namespace {
+
+void RequireNumeric(const std::string& barcodeData) {
+    if (IsNumeric(barcodeData)) return;
+    Raise(ErrorNumber::General, "EvidenceExplorer.itemBarcodeListener_BarcodeScanned",
+          "The barcode you scanned is invalid. If you believe the barcode is OK, try re-scanning it.");
+}
+
+void ReportScanError(const Error& error) {
+    ShowMessage("There was a problem with the barcode you scanned: \r\n\r\n" + error.Description(),
+                MessageStyle::Critical, "Barcode Scan Error");
+}
+
+}  // namespace
+
+void EvidenceExplorer::MakeBarcodeListener() {
+    m_itemBarcodeListener = new BarcodeListenerControl(this);
+    m_itemBarcodeListener->setObjectName("itemBarcodeListener");
+    m_itemBarcodeListener->BarcodeScanned().connect([this](int32_t barcodeType, const std::string& barcodeData) {
+        Guard([&] { itemBarcodeListener_BarcodeScanned(barcodeType, barcodeData); }, ReportScanError);
+    });
+}
+
+void EvidenceExplorer::itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData) {
+    switch (barcodeType) {
+    case BarcodeType::Location: return OpenScannedLocation(barcodeData);
+    case BarcodeType::Property: return OpenScannedItem(NumberSearchTypes::PropertyPK, barcodeData);
+    case BarcodeType::Vehicle: return OpenScannedItem(NumberSearchTypes::VehiclePK, barcodeData);
+    default: return;
+    }
+}
+
+void EvidenceExplorer::OpenScannedLocation(const std::string& number) {
+    RequireNumeric(number);
+    if (const StorageLocationRef location = GetStorageLocationStatic().FindByID(ParseInt32(number)))
+        return SetSelectedLocation(location);
+    ShowMessage("The location barcode you scanned refers to a location that is no longer in your database.",
+                MessageStyle::Critical, "Location Not Found");
+}
+
+void EvidenceExplorer::OpenScannedItem(NumberSearchTypes numberType, const std::string& number) {
+    RequireNumeric(number);
+    const auto found = StoredItemSearch().WithNumber(numberType, number).Execute();
+    if (!found->IsEmpty()) return GetActions().OpenStoredItem(found->ItemAt(0));
+    ShowMessage("The barcode you scanned refers to a item that is no longer in your database.",
+                MessageStyle::Critical, "Item Not Found");
+}
+
+}  // namespace quellbrook
