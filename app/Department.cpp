@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "host/HostDatabase.h"
+#include "host/HostServices.h"
 #include "host/engines/SqliteEngine.h"
 
 #include <filesystem>
@@ -61,9 +62,18 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
     if (!options.databasePath) {
         MakeDirectory(std::filesystem::path(department.path).parent_path().string());
         if (!std::filesystem::exists(department.path)) CreateSampleDepartment(department.path, sample, progress);
+        AddMissingLabelTemplates(std::filesystem::path(department.path).parent_path().string());
     }
     department.engine = SqliteEngine::Open(department.path);
     return department;
+}
+
+void UseDepartment(const Department& department) {
+    const std::filesystem::path directory = std::filesystem::absolute(department.path).parent_path();
+    HostServices& host = HostServices::Current();
+    host.SetEngine(department.engine);
+    host.SetFiles(std::make_shared<DirectoryFiles>(directory));
+    host.SetThumbnails(std::make_shared<PictureAttachments>(directory));
 }
 
 bool IsSampleDepartment() {

@@ -41,8 +41,12 @@ public:
         Startup();
     }
     ~Component() {
-        HostServices::Current().SetSession(nullptr);
-        HostServices::Current().SetEngine(nullptr);
+        HostServices& host = HostServices::Current();
+        host.SetSession(nullptr);
+        host.SetPrinter(nullptr);
+        host.SetThumbnails(nullptr);
+        host.SetFiles(nullptr);
+        host.SetEngine(nullptr);
         Shutdown();
     }
     Component(const Component&) = delete;
@@ -123,7 +127,7 @@ std::unique_ptr<InstanceServer> HearAddresses(const Department& department, Main
 }
 
 int Open(const Options& options, const Department& department) {
-    HostServices::Current().SetEngine(department.engine);
+    UseDepartment(department);
     HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
     std::optional<QString> user;
     if (options.user) user = QString::fromStdString(*options.user);

@@ -48,6 +48,9 @@ public:
     // Serves waiting messages of all windows, then rests for a millisecond at most.
     virtual void WaitForMessages() = 0;
 
+    // Twips to a device pixel, upright: 15 on a display of scale factor 1.
+    virtual double TwipsPerPixelY() const = 0;
+
     // Loaded top-level forms of the module, hidden ones too.
     virtual int32_t OpenFormCount() const = 0;
 };

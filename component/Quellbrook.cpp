@@ -8,6 +8,7 @@
 #include "core/Dispatcher.h"
 #include "core/Singletons.h"
 #include "core/Stores.h"
+#include "host/Picture.h"
 #include "ui/common/DesktopCommandRunner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
@@ -26,6 +27,7 @@ void Shutdown() {
     DiscardDispatcher();
     GetSingletons().SetDialogParent(nullptr);
     SetCommandRunner(nullptr);
+    SetPictureLoader(nullptr);
     SetMessageHookFactory(nullptr);
     SetKeyStateProbe(nullptr);
     SetTimerFactory(nullptr);

@@ -4,9 +4,11 @@
 #include "base/TaggedValue.h"
 #include "data/StorageLocation.h"
 #include "data/Types.h"
+#include "host/Picture.h"
 #include "host/Row.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,6 +51,16 @@ public:
     // The chain of custody, newest first (by DateReceived, then LastUpdated; the order among ties is the engine's).
     // Each record's Previous is the one older by a row. Read anew at each call.
     TrackingRecordList TrackingRecords() const;
+
+    // The main attachment as a picture; nothing where there is none, or where it is not wholly filed. Read anew at each
+    // call. Failures of the database, of the thumbnail reader and of the picture's file pass on.
+    std::optional<Picture> Thumbnail() const;
+
+    // Prints the evidence label of the item. Any failure is error 5 with a sentence that names the item.
+    void PrintBarcodeLabel() const;
+    // The item's barcode, with the same text as on its label, for this display. Error 5 for an unknown kind of item,
+    // Error 380 for a height that no control has.
+    Picture GetBarcodeImage(double heightTwips) const;
 
     // Takes the values of this item's search row again. Changes nothing when the search, which keeps to items with a
     // location, does not find it.

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "host/HostFiles.h"
 #include "host/HostSession.h"
+#include "host/ThumbnailReader.h"
 #include "host/engines/ConnectionPool.h"
+#include "host/labels/LabelPrinter.h"
 
 #include <functional>
 #include <memory>
@@ -17,7 +20,8 @@ struct HostFormats {
     std::string time = "h:mm AP";
 };
 
-// What the host hands to the module before anything else: its database, its session, its formats. One for the process.
+// What the host hands to the module before anything else: its database, its session, its formats, its files and this
+// workstation's label printer. One for the process.
 class HostServices {
 public:
     static HostServices& Current();
@@ -32,12 +36,25 @@ public:
     // Error 91 while no session is set.
     HostSession& Session();
 
+    void SetFiles(std::shared_ptr<HostFiles> files);
+    // Error 5 with a sentence while none are set; so are the next two.
+    HostFiles& Files();
+
+    void SetThumbnails(std::shared_ptr<ThumbnailReader> thumbnails);
+    ThumbnailReader& Thumbnails();
+
+    void SetPrinter(std::shared_ptr<LabelPrinter> printer);
+    LabelPrinter& Printer();
+
     void SetFormats(HostFormats formats) { m_formats = std::move(formats); }
     const HostFormats& Formats() const { return m_formats; }
 
 private:
     std::unique_ptr<ConnectionPool> m_pool;
     std::shared_ptr<HostSession> m_session;
+    std::shared_ptr<HostFiles> m_files;
+    std::shared_ptr<ThumbnailReader> m_thumbnails;
+    std::shared_ptr<LabelPrinter> m_printer;
     HostFormats m_formats;
 };
 

@@ -1,7 +1,7 @@
 # What ./run, ./test and ./bench share: packages, builds, an X server of their own. Sourced, never run.
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqlite3-dev libpugixml-dev libboost-dev
-  libspdlog-dev libsodium-dev libgtest-dev libgmock-dev)
+  libspdlog-dev libsodium-dev libzint-dev libgtest-dev libgmock-dev)
 VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
 DESIGNER_PACKAGES=(qt6-tools-dev libqt6opengl6-dev)
 DESKTOP_PACKAGES=(xvfb openbox xdotool x11-utils)

@@ -4,13 +4,8 @@
 #include "app/sample/Motifs.h"
 #include "app/sample/Png.h"
 #include "app/sample/Words.h"
-#include "base/Error.h"
 
 #include <algorithm>
-#include <fstream>
-#include <system_error>
-
-#include <unistd.h>
 
 namespace quellbrook::sample {
 
@@ -83,8 +78,8 @@ std::string VehiclePictureName(int32_t category, const std::string& colour) {
     return NameOf(VehicleCategories(), category, 1) + ", " + name + ".png";
 }
 
-std::vector<PictureFile> DrawPictures() {
-    std::vector<PictureFile> files;
+std::vector<CompanionFile> DrawPictures() {
+    std::vector<CompanionFile> files;
     for (const Code& category : PropertyCategories()) {
         if (!category.active) continue;
         for (int32_t view = 0; view < PicturesOfACategory; ++view) {
@@ -101,44 +96,6 @@ std::vector<PictureFile> DrawPictures() {
         }
     }
     return files;
-}
-
-PictureFiles::~PictureFiles() {
-    std::error_code ignored;
-    for (auto path = m_written.rbegin(); path != m_written.rend(); ++path) std::filesystem::remove(*path, ignored);
-}
-
-void PictureFiles::Write() {
-    for (const PictureFile& file : DrawPictures()) {
-        const std::filesystem::path path = m_directory / file.path;
-        std::error_code failure;
-        if (std::filesystem::exists(path, failure)) continue;
-        MakeFolder(path.parent_path(), failure);
-        if (!failure) WriteFile(path, file.bytes, failure);
-        if (failure) {
-            Raise(ErrorNumber::General, "PictureFiles.Write",
-                  "The picture '" + path.string() + "' can't be written: " + failure.message() + ".");
-        }
-    }
-}
-
-void PictureFiles::MakeFolder(const std::filesystem::path& folder, std::error_code& failure) {
-    if (folder.empty() || std::filesystem::is_directory(folder, failure)) return;
-    failure.clear();
-    MakeFolder(folder.parent_path(), failure);
-    if (!failure && std::filesystem::create_directory(folder, failure)) m_written.push_back(folder);
-}
-
-void PictureFiles::WriteFile(const std::filesystem::path& path, const std::string& bytes, std::error_code& failure) {
-    const std::filesystem::path unfinished = path.string() + "." + std::to_string(getpid());
-    std::ofstream stream(unfinished, std::ios::binary);
-    stream << bytes;
-    stream.close();
-    if (!stream) failure = std::make_error_code(std::errc::io_error);
-    if (!failure) std::filesystem::rename(unfinished, path, failure);
-    if (!failure) return m_written.push_back(path);
-    std::error_code ignored;
-    std::filesystem::remove(unfinished, ignored);
 }
 
 }  // namespace quellbrook::sample

@@ -2,6 +2,7 @@
 
 #include "app/sample/Attach.h"
 #include "app/sample/Departments.h"
+#include "app/sample/LabelTemplates.h"
 #include "app/sample/Pictures.h"
 #include "app/sample/Progress.h"
 #include "base/Error.h"
@@ -139,21 +140,28 @@ void CreateSampleDepartment(const std::string& path, const SampleOptions& option
     RemoveLeftovers(path);
     const std::string unfinished = path + "." + std::to_string(getpid()) + unfinishedEnding;
     RemoveDatabaseFiles(unfinished);
-    sample::PictureFiles pictures(std::filesystem::path(path).parent_path());
+    sample::CompanionFiles companions(std::filesystem::path(path).parent_path());
     try {
         CreateDatabase(unfinished);
         Fill(unfinished, options, progress);
-        pictures.Write();
+        companions.Write(sample::DrawPictures());
+        companions.Write(sample::LabelTemplates());
         FlushToDisk(unfinished);
         if (progress) progress(100);
         RefuseStandingFile(path);
         std::filesystem::rename(unfinished, path);
-        pictures.Keep();
+        companions.Keep();
     } catch (...) {
         const Error failure = CurrentError();
         RemoveDatabaseFiles(unfinished);
         throw failure;
     }
+}
+
+void AddMissingLabelTemplates(const std::string& directory) {
+    sample::CompanionFiles companions(directory);
+    companions.Write(sample::LabelTemplates());
+    companions.Keep();
 }
 
 }  // namespace quellbrook

@@ -17,7 +17,7 @@ QImage Loaded(const std::string& bytes) {
 }  // namespace
 
 TEST(SamplePictures, TheToolkitLoadsEveryOne) {
-    for (const sample::PictureFile& file : sample::DrawPictures()) {
+    for (const sample::CompanionFile& file : sample::DrawPictures()) {
         const QImage image = Loaded(file.bytes);
         EXPECT_EQ(image.size(), QSize(sample::PictureWidth, sample::PictureHeight)) << file.path;
     }

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 // The floors from the ground up. A folder includes only from itself and from floors below.
 const std::vector<std::string> Floors = {
     "base",      "host",         "access",      "data",     "core",     "ui/controls",
-    "ui/common", "ui/locations", "ui/explorer", "ui/items", "ui/shell", "component",
+    "ui/labels", "ui/common",    "ui/locations", "ui/explorer", "ui/items", "ui/shell", "component",
     "app"};
 
 struct SourceFile {

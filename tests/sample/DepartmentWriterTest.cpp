@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "host/engines/SqliteEngine.h"
 #include "host/schema/SqliteSchema.h"
-#include "tests/sample/ScratchFolder.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <memory>
 

@@ -1,13 +1,9 @@
 #include "app/sample/Codes.h"
 #include "app/sample/Motifs.h"
 #include "app/sample/Pictures.h"
-#include "base/Error.h"
 #include "tests/sample/PngReader.h"
-#include "tests/sample/ScratchFolder.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -17,17 +13,11 @@ namespace quellbrook::sample {
 namespace {
 
 using testing::ReadPng;
-using testing::ScratchFolder;
-
-std::string Bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
 
 }  // namespace
 
 TEST(Pictures, EachIsOfTheOneSizeAndShowsSomething) {
-    for (const PictureFile& file : DrawPictures()) {
+    for (const CompanionFile& file : DrawPictures()) {
         const ReadPng read(file.bytes);
         EXPECT_EQ(read.width, static_cast<uint32_t>(PictureWidth)) << file.path;
         EXPECT_EQ(read.height, static_cast<uint32_t>(PictureHeight)) << file.path;
@@ -38,7 +28,7 @@ TEST(Pictures, EachIsOfTheOneSizeAndShowsSomething) {
 
 TEST(Pictures, NoTwoAreTheSame) {
     std::set<std::string> paths, contents;
-    for (const PictureFile& file : DrawPictures()) {
+    for (const CompanionFile& file : DrawPictures()) {
         EXPECT_TRUE(paths.insert(file.path).second) << file.path;
         EXPECT_TRUE(contents.insert(file.bytes).second) << file.path;
     }
@@ -52,7 +42,7 @@ TEST(Pictures, AnotherDrawingGivesTheSameBytes) {
 
 TEST(Pictures, EveryNameThatIsGivenIsDrawn) {
     std::set<std::string> drawn;
-    for (const PictureFile& file : DrawPictures()) drawn.insert(file.path);
+    for (const CompanionFile& file : DrawPictures()) drawn.insert(file.path);
     for (int32_t category = 0; category <= 30; ++category) {
         for (const int32_t view : {0, 1, 2, 3, 299'999}) {
             EXPECT_EQ(drawn.count(std::string(PropertyPictures) + "/" + PropertyPictureName(category, view)), 1u)
@@ -62,53 +52,6 @@ TEST(Pictures, EveryNameThatIsGivenIsDrawn) {
             EXPECT_EQ(drawn.count(std::string(VehiclePictures) + "/" + VehiclePictureName(category, colour)), 1u)
                 << category;
         }
-    }
-}
-
-TEST(PictureFiles, StandBelowTheDirectoryWhenTheyAreKept) {
-    const ScratchFolder folder;
-    {
-        PictureFiles files(folder.Path());
-        files.Write();
-        files.Keep();
-    }
-    for (const PictureFile& file : DrawPictures()) EXPECT_EQ(Bytes(folder.In(file.path)), file.bytes) << file.path;
-}
-
-TEST(PictureFiles, AreGoneWithTheirFoldersWhenTheyAreNotKept) {
-    const ScratchFolder folder;
-    {
-        PictureFiles files(folder.Path());
-        files.Write();
-        EXPECT_EQ(folder.CountOfEntries(), 1);
-    }
-    EXPECT_EQ(folder.CountOfEntries(), 0);
-}
-
-TEST(PictureFiles, WhatStoodBeforeStaysAsItIs) {
-    const ScratchFolder folder;
-    const std::string standing = folder.In(PropertyPictures + ("/" + PropertyPictureName(Category::Keys, 0)));
-    std::filesystem::create_directories(folder.In(PropertyPictures));
-    std::ofstream(standing) << "mine";
-    {
-        PictureFiles files(folder.Path());
-        files.Write();
-    }
-    EXPECT_EQ(Bytes(standing), "mine");
-    EXPECT_FALSE(std::filesystem::exists(folder.In(VehiclePictures)));
-}
-
-TEST(PictureFiles, APlaceWhereNoFolderCanStandIsSaidSo) {
-    const ScratchFolder folder;
-    std::ofstream(folder.In("Pictures")) << "a file";
-    PictureFiles files(folder.Path());
-    try {
-        files.Write();
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::General);
-        EXPECT_EQ(error.Description().rfind("The picture '" + folder.In(PropertyPictures), 0), 0u)
-            << error.Description();
     }
 }
 

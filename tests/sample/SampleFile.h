@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/sample/SampleDepartment.h"
-#include "tests/sample/ScratchFolder.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

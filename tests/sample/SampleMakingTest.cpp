@@ -52,9 +52,9 @@ TEST_F(SampleMakingTest, AStandingFileIsRefusedAndLeftAsItIs) {
     EXPECT_EQ(m_folder.CountOfEntries(), 1);
 }
 
-TEST_F(SampleMakingTest, LeavesTheDatabaseAndThePictures) {
+TEST_F(SampleMakingTest, LeavesTheDatabaseThePicturesAndTheLabelTemplates) {
     CreateSampleDepartment(m_path, {});
-    EXPECT_EQ(m_folder.CountOfEntries(), 2);
+    EXPECT_EQ(m_folder.CountOfEntries(), 3);
     EXPECT_NO_THROW(SqliteEngine::Open(m_path));
     EXPECT_TRUE(std::filesystem::is_directory(m_folder.In("Pictures")));
 }
@@ -90,7 +90,7 @@ TEST_F(SampleMakingTest, PicturesThatStoodBeforeOutliveAMakingThatFails) {
     };
     EXPECT_THROW(CreateSampleDepartment(m_path, {}, stop), Error);
     EXPECT_TRUE(std::filesystem::exists(m_folder.In("Pictures/Property/Keys 1.png")));
-    EXPECT_EQ(m_folder.CountOfEntries(), 2);
+    EXPECT_EQ(m_folder.CountOfEntries(), 3);
 }
 
 TEST_F(SampleMakingTest, TheUnfinishedFileIsNotOpenedAsADepartment) {

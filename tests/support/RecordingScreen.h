@@ -55,6 +55,7 @@ public:
     // Runs in each round of WaitForMessages, before a wizard may close.
     std::function<void()> WhileWaiting;
 
+    void SetTwipsPerPixelY(double value) { m_twipsPerPixelY = value; }
     void SetOpenFormCount(int32_t count) { m_openFormCount = count; }
 
     const std::vector<Message>& Messages() const { return m_messages; }
@@ -71,6 +72,7 @@ public:
     void SetDialogParent(ObjectRef window) override { m_dialogParent = std::move(window); }
     std::shared_ptr<SetupWizard> MakeSetupWizard() override;
     void WaitForMessages() override;
+    double TwipsPerPixelY() const override { return m_twipsPerPixelY; }
     int32_t OpenFormCount() const override { return m_openFormCount; }
 
 private:
@@ -85,6 +87,7 @@ private:
     std::vector<Message> m_messages;
     std::vector<PlainMessage> m_plainMessages;
     ObjectRef m_dialogParent;
+    double m_twipsPerPixelY = 15;
     int32_t m_openFormCount = 0;
     int m_wizardsShown = 0;
     int m_roundsWaited = 0;

@@ -4,7 +4,9 @@
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/common/WindowOwner.h"
+#include "ui/controls/Pictures.h"
 #include "ui/controls/Strings.h"
+#include "ui/controls/Twips.h"
 #include "ui/controls/WidgetKeyState.h"
 #include "ui/controls/WidgetMessageHook.h"
 #include "ui/controls/WidgetTimer.h"
@@ -22,6 +24,7 @@ void WidgetScreen::Install() {
     InstallWidgetTimers();
     InstallWidgetKeyState();
     InstallWidgetMessageHook();
+    InstallPictureLoader();
 }
 
 int32_t WidgetScreen::ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) {
@@ -54,6 +57,11 @@ void WidgetScreen::WaitForMessages() {
     QObject::connect(&rest, &QTimer::timeout, &loop, &QEventLoop::quit);
     rest.start(1);
     loop.exec();
+}
+
+double WidgetScreen::TwipsPerPixelY() const {
+    const QWidget* active = QApplication::activeWindow();
+    return TwipsPerPixel / (active ? active->devicePixelRatioF() : qGuiApp->devicePixelRatio());
 }
 
 int32_t WidgetScreen::OpenFormCount() const { return ModuleForm::Count(); }

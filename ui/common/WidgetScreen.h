@@ -5,7 +5,7 @@
 namespace quellbrook {
 
 // The screen as widgets: the styled dialog, the toolkit's plain box, the loop of messages. Install also puts the
-// toolkit's timers, key state and key messages behind their seams.
+// toolkit's timers, key state, key messages and picture reader behind their seams.
 class WidgetScreen : public Screen {
 public:
     static void Install();
@@ -15,6 +15,7 @@ public:
     void SetDialogParent(ObjectRef window) override;
     std::shared_ptr<SetupWizard> MakeSetupWizard() override;
     void WaitForMessages() override;
+    double TwipsPerPixelY() const override;  // of the display with the active window
     int32_t OpenFormCount() const override;
 };
 

@@ -1,0 +1,10 @@
+#include "host/LabelEngine.h"
+
+namespace quellbrook {
+
+LabelEngine& GetLabelEngine() {
+    static LabelEngine engine;
+    return engine;
+}
+
+}  // namespace quellbrook

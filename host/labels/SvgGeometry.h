@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace quellbrook::svg {
+
+// The little of SVG that a label's fields need. Names are compared without their namespace's prefix.
+
+// x' = a x + c y + e, y' = b x + d y + f.
+struct Transform {
+    double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
+
+    Transform Then(const Transform& outer) const;  // this one first
+    // How many quarter turns clockwise it makes, 0 to 3; nothing where it is slanted, mirrored or stretched unevenly.
+    std::optional<int> QuarterTurns() const;
+    double Scale() const;  // of lengths; meaningful where QuarterTurns answers
+};
+
+// The value of a transform attribute; nothing where it can't be read.
+std::optional<Transform> ParseTransform(std::string_view text);
+
+// A length in pixels of 1/96 inch; units px, pt, pc, mm, cm, in, none for pixels. Nothing for anything else.
+std::optional<double> ParseLength(std::string_view text);
+
+// A number that is finite, blanks around it allowed.
+std::optional<double> ParseNumber(std::string_view text);
+
+// The numbers of a list divided by blanks and commas; nothing where one can't be read.
+std::optional<std::vector<double>> ParseNumbers(std::string_view text);
+
+// A property as it holds for an element: from its style, its attribute, or those of the elements around it. Empty when
+// nobody sets it.
+std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name);
+// As set by the element itself.
+std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name);
+
+// "rect" for svg:rect.
+std::string_view LocalName(const pugi::xml_node& element);
+
+}  // namespace quellbrook::svg
