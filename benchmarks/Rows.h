@@ -19,6 +19,8 @@ void MeasureChain(Baseline& baseline, std::vector<Result>& results);
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
 // The component's own, not the department's: whether dialogs and views keep their pace and leave nothing behind.
 void MeasureShell(bool quick, std::vector<Result>& results);
+// What an event that is no key pays for the hook on the keys. Needs the application, and no hook in place.
+void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
 

@@ -101,6 +101,7 @@ void MeasureShell(bool quick, std::vector<Result>& results) {
     Startup();
     AnsweringScreen screen;
     SetScreen(&screen);
+    MeasureKeyHook(results);
     {
         QWidget window;
         window.resize(1280, 800);

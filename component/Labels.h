@@ -26,8 +26,8 @@ std::shared_ptr<LabelPrinter> MakePdfPrinter(const std::string& directory, int d
 // What the barcode of the test label holds, STX and ETX included: property of key 0, which no item has.
 std::string TestBarcodeText();
 
-// A label from the host's evidence template to try printer and scanner with. Error 5 with a sentence for a template that
-// can't be read.
+// A label from the host's evidence template to try printer and scanner with. Error 5 with a sentence for a template
+// that can't be read.
 BarcodeLabel MakeTestLabel();
 
 // The label as a printer of so many dots to an inch would print it, black on white.

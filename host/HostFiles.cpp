@@ -19,9 +19,9 @@ namespace {
 
 std::filesystem::path DirectoryFiles::PathOf(const std::string& relativePath) const {
     const std::filesystem::path path = std::filesystem::path(Replace(relativePath, "\\", "/"));
-    const bool leadsOut = path.is_absolute() || path.empty() || std::find(path.begin(), path.end(), "..") != path.end() ||
-                          relativePath.find('\0') != std::string::npos;
-    if (leadsOut) Refuse(relativePath, "is not one of the host's.");
+    const bool climbs = std::find(path.begin(), path.end(), "..") != path.end();
+    if (path.empty() || path.is_absolute() || climbs || relativePath.find('\0') != std::string::npos)
+        Refuse(relativePath, "is not one of the host's.");
     return m_directory / path;
 }
 

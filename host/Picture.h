@@ -22,8 +22,8 @@ struct Picture {
 // Decodes a picture file; a failure is Error 5 with a sentence.
 using PictureLoader = std::function<Picture(const std::string& fileName)>;
 
-// The picture in the file, turned as its camera says, made smaller where a side has more than LargestPictureSide pixels.
-// Error 91 while no loader is installed; the loader's Error for a file that is not there or shows no picture.
+// The picture in the file, turned as its camera says, made smaller where a side has more than LargestPictureSide
+// pixels. Error 91 while no loader is installed; the loader's Error for a file that is not there or shows no picture.
 Picture LoadPicture(const std::string& fileName);
 void SetPictureLoader(PictureLoader loader);
 

@@ -5,6 +5,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqli
 VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
 DESIGNER_PACKAGES=(qt6-tools-dev libqt6opengl6-dev)
 DESKTOP_PACKAGES=(xvfb openbox xdotool x11-utils)
+LABEL_PACKAGES=(libzbar-dev libzxing-dev poppler-utils fonts-dejavu-core)
 ACCESS_PACKAGES=(at-spi2-core python3-pyatspi dbus-daemon)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)

@@ -36,6 +36,12 @@ void Hand::Type(const QString& text) {
 
 void Hand::Press(const QString& key) { Run({QStringLiteral("key"), QStringLiteral("--"), key}); }
 
+void Hand::Scan(const QString& barcode) {
+    QStringList order{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("0"), QStringLiteral("ctrl+b")};
+    for (const QChar character : barcode) order << QString(character);
+    Run(order << QStringLiteral("ctrl+c"));
+}
+
 QString Hand::TakeFailure() {
     if (!m_started || !IsIdle()) return {};
     m_started = false;

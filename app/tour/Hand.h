@@ -17,6 +17,8 @@ public:
     void DoubleClick(const QPoint& spot);
     void Type(const QString& text);
     void Press(const QString& key);  // an X key name, such as "Return" or "ctrl+a"
+    // Letters and digits as a wedge scanner types them: between Ctrl+B and Ctrl+C, without a pause.
+    void Scan(const QString& barcode);
 
     bool IsIdle() const { return m_process.state() == QProcess::NotRunning; }
     // What went wrong with an order since the last asking; empty when nothing did.

@@ -80,6 +80,10 @@ void TourPlayer::Press(const QString& key) {
     Do([this, key] { m_hand.Press(key); });
 }
 
+void TourPlayer::Scan(std::function<QString()> barcode) {
+    Do([this, barcode = std::move(barcode)] { m_hand.Scan(barcode()); });
+}
+
 void TourPlayer::Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see) {
     AddMove({what, std::move(holds), {}, std::move(see)});
 }

@@ -45,6 +45,7 @@ public:
     void DoubleClick(const QString& what, std::function<tour::Spot()> spot);
     void Type(const QString& text);
     void Press(const QString& key);
+    void Scan(std::function<QString()> barcode);  // asked when its turn has come
     // Waits until it holds; `see` tells what is there instead, for the report.
     void Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see = {});
     // Waits until the text is there, and says so in the report.

@@ -38,11 +38,14 @@ public:
         LogIn();
         m_player.Step("location");
         OpenLocation({"Impound Lot", "Row 2"});
+        ScanItem();
+        m_player.Step("scanned-closed");
+        CloseItem("Row 2");
         SelectBatch("location-selected");
         SignOut();
         ReadChain("chain-signed-out", "Signed Out", "Crime Lab > Latent Prints", "Laboratory analysis");
         m_player.Step("signed-out-location");
-        CloseItem();
+        CloseItem("Latent Prints");
         SelectBatch("signed-out-selected");
         SignIn();
         ReadChain("chain-signed-in", "Signed In", "Impound Lot > Row 2", "Returned from analysis");
@@ -94,6 +97,17 @@ private:
                 return IsExpanded(view, FindRow(view, name));
             });
         }
+    }
+
+    void ScanItem() {
+        m_player.Step("scanned-item");
+        m_player.Scan([&kept = m_player.Rows()] {
+            const QString select = "SELECT PropertyNo FROM Property WHERE PropertyID = '" + suitcase + "'";
+            const std::string key = ToTextOrEmpty(kept.Ask(select.toStdString()));
+            return QStringLiteral("P%1").arg(QString::fromStdString(key), 10, QLatin1Char('0'));
+        });
+        ExpectText("The item opened by its barcode", "itemView/lblID", suitcase);
+        ExpectText("Where it is", "itemView/lblLocation", "Impound Lot > Row 2");
     }
 
     void SelectBatch(const QString& stepName) {
@@ -227,9 +241,9 @@ private:
         ExpectText("The newest row's reason", "tracking/searchResult/lblReason", reason);
     }
 
-    void CloseItem() {
+    void CloseItem(const QString& location) {
         Click("the cross", "itemView/lnkClose");
-        ExpectText("The location on show", "explorer/lblTitle", "Latent Prints");
+        ExpectText("The location on show", "explorer/lblTitle", location);
     }
 
     TourPlayer& m_player;

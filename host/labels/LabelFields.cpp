@@ -1,6 +1,6 @@
 #include "host/labels/LabelFields.h"
 
-#include "base/Error.h"
+#include "host/labels/LabelRefusal.h"
 #include "host/labels/SvgGeometry.h"
 
 #include <algorithm>
@@ -16,27 +16,19 @@ constexpr double Ascent = 0.95, Line = 1.25;  // of a line, in sizes of its font
 constexpr double DefaultFontPixels = 16;
 constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimetres
 
-[[noreturn]] void Refuse(const std::string& name, const std::string& why) {
-    Raise(ErrorNumber::General, "BarcodeLabel.SetField", "The field '" + name + "' of the label template " + why);
-}
-
-bool HasControlCharacters(const std::string& value) {
-    return std::any_of(value.begin(), value.end(), [](char c) {
-        const auto code = static_cast<unsigned char>(c);
-        return code < 0x20 && c != '\t' && c != '\n' && c != '\r';
-    });
-}
+// What begins as a scanner's reading does.
+bool IsBarcode(const std::string& value) { return value.starts_with('\x02'); }
 
 double NumberOf(const pugi::xml_node& element, const char* attribute, const std::string& name) {
     const std::string text = element.attribute(attribute).value();
     const auto number = text.empty() ? std::optional<double>(0) : svg::ParseLength(text);
-    if (!number) Refuse(name, "has a place that can't be read: " + std::string(attribute) + "='" + text + "'.");
+    if (!number) RefuseField(name, std::string("has a place that can't be read: ") + attribute + "=" + Quoted(text) + ".");
     return *number;
 }
 
 int QuarterTurnsOf(const svg::Transform& toSheet, const std::string& name) {
     const auto turns = toSheet.QuarterTurns();
-    if (!turns) Refuse(name, "is slanted, mirrored or stretched; it can only be turned by quarters.");
+    if (!turns) RefuseField(name, "is slanted, mirrored or stretched; it can only be turned by quarters.");
     return *turns;
 }
 
@@ -86,14 +78,14 @@ void LabelFields::CollectIds(const pugi::xml_node& element) {
 pugi::xml_node LabelFields::ElementOf(const std::string& id) const {
     const auto found = m_byId.find(id);
     if (found == m_byId.end()) return {};
-    if (found->second.isRepeated) Refuse(id, "stands there twice; an id belongs to one element.");
+    if (found->second.isRepeated) RefuseField(id, "stands there twice; an id belongs to one element.");
     return found->second.element;
 }
 
 void LabelFields::Take(const std::string& name, const std::string& value, FilledLabel& label) {
     const pugi::xml_node element = ElementOf(name);
     if (!element) {
-        if (HasControlCharacters(value)) Refuse(name, "is missing: give a rectangle this id, to take the barcode.");
+        if (IsBarcode(value)) RefuseField(name, "is missing: give a rectangle this id, to take the barcode.");
         return;
     }
     const std::string_view kind = svg::LocalName(element);
@@ -101,10 +93,10 @@ void LabelFields::Take(const std::string& name, const std::string& value, Filled
         label.barcodes.push_back({value, PlaceOfRectangle(element, name)});
         m_taken.push_back(element);
     } else if (kind == "text") {
-        if (HasControlCharacters(value)) Refuse(name, "is a text; a barcode needs a rectangle.");
+        if (IsBarcode(value)) RefuseField(name, "is a text; a barcode needs a rectangle.");
         TakeText(element, name, value, label);
     } else {
-        Refuse(name, "is neither a text nor a rectangle.");
+        RefuseField(name, "is neither a text nor a rectangle.");
     }
 }
 
@@ -113,7 +105,7 @@ void LabelFields::TakeText(const pugi::xml_node& text, const std::string& name, 
     LabelText field = StyleOf(text, name);
     field.text = value;
     const pugi::xml_node box = ElementOf(name + BoxSuffix);
-    if (box && svg::LocalName(box) != "rect") Refuse(name + BoxSuffix, "is no rectangle.");
+    if (box && svg::LocalName(box) != "rect") RefuseField(name + BoxSuffix, "is no rectangle.");
     field.place = box ? PlaceOfRectangle(box, name + BoxSuffix) : PlaceOfLine(text, field, name);
     label.texts.push_back(std::move(field));
     m_taken.push_back(text);
@@ -126,7 +118,7 @@ LabelPlace LabelFields::PlaceOfRectangle(const pugi::xml_node& rectangle, const 
     place.quarterTurns = QuarterTurnsOf(toSheet, name);
     place.box = MapBox(toSheet, NumberOf(rectangle, "x", name), NumberOf(rectangle, "y", name),
                        NumberOf(rectangle, "width", name), NumberOf(rectangle, "height", name));
-    if (!m_sheet.Holds(place.box)) Refuse(name, "has no size, or stands outside the label.");
+    if (!m_sheet.Holds(place.box)) RefuseField(name, "has no size, or stands outside the label.");
     return place;
 }
 
@@ -150,7 +142,8 @@ LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText&
     const double x = NumberOf(positioned, "x", name), y = NumberOf(positioned, "y", name);
     place.box = MapBox(toSheet, x - back / scale, y - Ascent * style.size / scale, (back + forth) / scale,
                        Line * style.size / scale);
-    if (!(back + forth > 0) || !m_sheet.Holds(place.box)) Refuse(name, "stands outside the label, or too near its edge.");
+    if (!(back + forth > 0) || !m_sheet.Holds(place.box))
+        RefuseField(name, "stands outside the label, or too near its edge.");
     return place;
 }
 
@@ -159,9 +152,10 @@ LabelText LabelFields::StyleOf(const pugi::xml_node& text, const std::string& na
     LabelText style;
     const std::string_view size = svg::InheritedProperty(inner, "font-size");
     const auto units = size.empty() ? std::optional<double>(DefaultFontPixels) : svg::ParseLength(size);
-    if (!units) Refuse(name, "has a font size that can't be read: '" + std::string(size) + "'.");
+    if (!units) RefuseField(name, "has a font size that can't be read: " + Quoted(size) + ".");
     style.size = *units * m_sheet.ToSheet(text).Scale();
-    if (!(style.size >= SmallestFont && style.size <= LargestFont)) Refuse(name, "has a font size that no label has.");
+    if (!(style.size >= SmallestFont && style.size <= LargestFont))
+        RefuseField(name, "has a font size that no label has.");
     style.family = FirstFamily(svg::InheritedProperty(inner, "font-family"));
     style.weight = WeightOf(svg::InheritedProperty(inner, "font-weight"));
     style.italic = svg::InheritedProperty(inner, "font-style") == "italic";

@@ -1,6 +1,6 @@
 #include "host/labels/LabelSheet.h"
 
-#include "base/Error.h"
+#include "host/labels/LabelRefusal.h"
 
 #include <algorithm>
 #include <string>
@@ -13,15 +13,11 @@ constexpr double MillimetresPerPixel = MillimetresPerInch / 96;
 constexpr double Smallest = 5, Largest = 1000;  // millimetres
 constexpr double Slack = 0.1;                   // millimetres by which a box may stand over the edge
 
-[[noreturn]] void Refuse(const std::string& why) {
-    Raise(ErrorNumber::General, "LabelEngine.Parse", "The label template " + why);
-}
-
 double SizeOf(const pugi::xml_node& root, const char* name) {
     const auto pixels = svg::ParseLength(root.attribute(name).value());
-    if (!pixels) Refuse("has no " + std::string(name) + ": give the drawing one in millimetres or inches.");
+    if (!pixels) RefuseTemplate("has no " + std::string(name) + ": give the drawing one in millimetres or inches.");
     const double size = *pixels * MillimetresPerPixel;
-    if (size < Smallest || size > Largest) Refuse("has a " + std::string(name) + " that no label has.");
+    if (size < Smallest || size > Largest) RefuseTemplate("has a " + std::string(name) + " that no label has.");
     return size;
 }
 
@@ -43,7 +39,7 @@ LabelSheet LabelSheet::Of(const pugi::xml_node& root) {
     if (viewBox.empty()) return sheet;
     const auto numbers = svg::ParseNumbers(viewBox);
     if (!numbers || numbers->size() != 4 || !((*numbers)[2] > 0) || !((*numbers)[3] > 0))
-        Refuse("has a viewBox that can't be read: '" + viewBox + "'.");
+        RefuseTemplate("has a viewBox that can't be read: " + Quoted(viewBox) + ".");
     sheet.m_toMillimetres = FitViewBox(*numbers, sheet.m_width, sheet.m_height);
     return sheet;
 }
@@ -53,7 +49,7 @@ svg::Transform LabelSheet::ToSheet(const pugi::xml_node& element) const {
     for (pugi::xml_node at = element; at.parent() && at.parent().type() == pugi::node_element; at = at.parent()) {
         const std::string_view text = svg::OwnProperty(at, "transform");
         const auto transform = svg::ParseTransform(text);
-        if (!transform) Refuse("has a transform that can't be read: '" + std::string(text) + "'.");
+        if (!transform) RefuseTemplate("has a transform that can't be read: " + Quoted(text) + ".");
         result = result.Then(*transform);
     }
     return result.Then(m_toMillimetres);

@@ -1,8 +1,8 @@
 #include "host/labels/LabelTemplate.h"
 
-#include "base/Error.h"
 #include "base/Text.h"
 #include "host/labels/LabelFields.h"
+#include "host/labels/LabelRefusal.h"
 #include "host/labels/LabelSheet.h"
 #include "host/labels/SvgGeometry.h"
 
@@ -14,10 +14,6 @@ namespace quellbrook {
 namespace {
 
 constexpr int DeepestNesting = 200;
-
-[[noreturn]] void Refuse(const std::string& why) {
-    Raise(ErrorNumber::General, "LabelEngine.Parse", "The label template " + why);
-}
 
 bool IsNestedDeeper(const pugi::xml_node& element, int levels) {
     if (levels < 0) return true;
@@ -43,10 +39,10 @@ std::string TextOf(const pugi::xml_document& document) {
 LabelTemplate::LabelTemplate(const std::string& text) : m_document(std::make_unique<pugi::xml_document>()) {
     const pugi::xml_parse_result result =
         m_document->load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
-    if (!result) Refuse("is not well-formed: " + std::string(result.description()) + ".");
+    if (!result) RefuseTemplate("is not well-formed: " + std::string(result.description()) + ".");
     const pugi::xml_node root = m_document->document_element();
-    if (svg::LocalName(root) != "svg") Refuse("is no SVG drawing.");
-    if (IsNestedDeeper(root, DeepestNesting)) Refuse("is nested too deeply.");
+    if (svg::LocalName(root) != "svg") RefuseTemplate("is no SVG drawing.");
+    if (IsNestedDeeper(root, DeepestNesting)) RefuseTemplate("is nested too deeply.");
     LabelSheet::Of(root);
 }
 
@@ -59,7 +55,8 @@ FilledLabel LabelTemplate::Fill(const Fields& fields) const {
     label.height = sheet.Height();
     LabelFields places(drawing.document_element(), sheet);
     for (const auto& [name, value] : fields) places.Take(name, value, label);
-    if (label.texts.empty() && label.barcodes.empty()) Refuse("has none of the fields " + NamesOf(fields) + ".");
+    if (label.texts.empty() && label.barcodes.empty())
+        RefuseTemplate("has none of the fields " + NamesOf(fields) + ".");
     places.Remove();
     label.drawing = TextOf(drawing);
     return label;

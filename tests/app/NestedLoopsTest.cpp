@@ -1,16 +1,19 @@
 #include "core/Actions.h"
 #include "core/Stores.h"
+#include "data/BarcodeText.h"
 #include "data/StorageLocationStatic.h"
 #include "host/HostLocationData.h"
 #include "tests/app/MainWindowTest.h"
 #include "tests/support/Items.h"
 #include "tests/support/ManualTimer.h"
+#include "tests/support/ui/Scanner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/common/WidgetScreen.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/Guard.h"
 
+#include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
 #include <QTimer>
@@ -41,7 +44,12 @@ public:
 
 class PlainForm : public ModuleForm {
 public:
-    PlainForm() { resize(300, 200); }
+    PlainForm() : field(new QLineEdit(this)) {
+        resize(300, 200);
+        field->setAccessibleName("field");
+    }
+
+    QLineEdit* const field;
 };
 
 enum class Loop { MessageDialog, PromptOfAView, Form, ContextMenu, GateWait, Yield };
@@ -140,15 +148,7 @@ protected:
 
     void Happen() {
         switch (TheEvent()) {
-        case Event::Scan: {
-            // As a scanner's reading arrives: by a timer that fires once.
-            const auto timer = MakeTimer();
-            timer->SetSingleShot(true);
-            timer->Elapsed = [] { GetActions().OpenStoredItem(SomeItem(4)); };
-            timer->Start();
-            m_timers->TickAll();
-            return;
-        }
+        case Event::Scan: return ScanItem(*SomeItem(4));
         case Event::ToastTicks:
             GetActions().NotifyUser("Successfully transferred 3 items");
             for (int tick = 0; tick < 60; ++tick) m_timers->TickAll();
@@ -161,6 +161,23 @@ protected:
         }
     }
 
+    // At the gate nobody listens yet.
+    void ScanItem(const StoredItem& item) {
+        ServeEvents();
+        ASSERT_EQ(QApplication::activeWindow(), HasDialog() ? QApplication::activeModalWidget() : m_window.get());
+        if (m_form) m_form->field->setFocus();
+        TypeAsScanner(MakeBarcodeText("P", item.ID()));
+        EXPECT_EQ(m_timers->Tick(1), TheLoop() == Loop::GateWait ? 0 : 1) << "scans handed over";
+        if (!m_form) return;
+        EXPECT_EQ(m_form->field->text(), "");
+        EXPECT_TRUE(m_form->field->hasFocus());
+    }
+
+    // A dialog is the active window then.
+    static bool HasDialog() {
+        return TheLoop() == Loop::MessageDialog || TheLoop() == Loop::PromptOfAView || TheLoop() == Loop::Form;
+    }
+
     bool IsOnShow(const char* name) {
         const auto* widget = m_window->findChild<QWidget*>(name);
         return widget && widget->isVisible();
@@ -168,7 +185,7 @@ protected:
 
     ScreenWithWizard m_widgetScreen;
     std::optional<ManualTimers> m_timers;
-    QPointer<ModuleForm> m_form;
+    QPointer<PlainForm> m_form;
     QPointer<QMenu> m_menu;
     bool m_happened = false;
 };
@@ -181,7 +198,11 @@ TEST_P(NestedLoops, WhatHappensBehindALoopIsNotLostAndBreaksNothing) {
         EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 3);
     }
     switch (TheEvent()) {
-    case Event::Scan: EXPECT_TRUE(IsOnShow(gate ? "explorer" : "itemView")); break;
+    case Event::Scan:
+        // What is scanned while a dialog is the active window is taken in and lost.
+        EXPECT_TRUE(IsOnShow(gate || HasDialog() ? "explorer" : "itemView"));
+        EXPECT_EQ(IsOnShow("itemView"), !gate && !HasDialog());
+        break;
     case Event::ToastTicks:
         EXPECT_TRUE(IsOnShow("explorer"));
         EXPECT_FALSE(IsOnShow("toastMessage"));

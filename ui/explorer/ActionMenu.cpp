@@ -37,13 +37,14 @@ constexpr EntryDesign entryDesigns[] = {
 };
 
 constexpr MenuEntry boundEntries[] = {
-    MenuEntry::Open,    MenuEntry::OpenInTessarine, MenuEntry::Separator2, MenuEntry::CheckIn,   MenuEntry::CheckOut,
-    MenuEntry::Move,    MenuEntry::RemoveFromBatch, MenuEntry::NoActions,  MenuEntry::SelectAll,
+    MenuEntry::Open,       MenuEntry::OpenInTessarine, MenuEntry::Separator1, MenuEntry::Print,
+    MenuEntry::Separator2, MenuEntry::CheckIn,         MenuEntry::CheckOut,   MenuEntry::Move,
+    MenuEntry::RemoveFromBatch, MenuEntry::NoActions,  MenuEntry::SelectAll,
 };
 
 constexpr MenuEntry entriesAwaitingTheirCommand[] = {
-    MenuEntry::Separator1, MenuEntry::Print,       MenuEntry::Dispose,      MenuEntry::Separator3,
-    MenuEntry::New,        MenuEntry::NewLocation, MenuEntry::EditLocation, MenuEntry::DeleteLocation,
+    MenuEntry::Dispose,     MenuEntry::Separator3,   MenuEntry::New,
+    MenuEntry::NewLocation, MenuEntry::EditLocation, MenuEntry::DeleteLocation,
 };
 
 static_assert(std::size(boundEntries) + std::size(entriesAwaitingTheirCommand) == MenuEntryCount);

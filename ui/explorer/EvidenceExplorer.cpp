@@ -41,6 +41,11 @@ void ReportDisplayError(const Error& error, int step) {
                 MessageStyle::Critical, "Unexpected Error");
 }
 
+void PrintBarcodeLabelOf(const ObjectRef& object) {
+    if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) location->PrintBarcodeLabel();
+    if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) item->PrintBarcodeLabel();
+}
+
 }  // namespace
 
 EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
@@ -127,6 +132,7 @@ void EvidenceExplorer::ConnectPanes() {
 void EvidenceExplorer::ConnectMenu() {
     Bind(MenuEntry::Open, &EvidenceExplorer::OpenSelected);
     Bind(MenuEntry::OpenInTessarine, &EvidenceExplorer::OpenSelectedInHost);
+    Bind(MenuEntry::Print, &EvidenceExplorer::PrintSelected);
     BindTransfer(MenuEntry::CheckOut, TransactionType::SignOut);
     BindTransfer(MenuEntry::CheckIn, TransactionType::SignIn);
     BindTransfer(MenuEntry::Move, TransactionType::Move);
@@ -259,6 +265,16 @@ void EvidenceExplorer::OpenSelected() {
 void EvidenceExplorer::OpenSelectedInHost() {
     const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
     if (selected->Count() == 1) OpenInHost(selected->At(0));
+}
+
+// The first label that fails ends the printing; those before it have been printed.
+void EvidenceExplorer::PrintSelected() {
+    Guard(
+        [this] {
+            const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
+            for (int32_t index = 0; index < selected->Count(); ++index) PrintBarcodeLabelOf(selected->At(index));
+        },
+        [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
 }
 
 void EvidenceExplorer::RemoveSelectedFromBatch() {

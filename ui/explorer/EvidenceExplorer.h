@@ -79,6 +79,7 @@ private:
     void BindTransfer(MenuEntry entry, int32_t transactionType);
     void OpenSelected();
     void OpenSelectedInHost();
+    void PrintSelected();
     void RemoveSelectedFromBatch();
     void SelectAllItems();
     void ApplyColors();

@@ -23,6 +23,18 @@ constexpr double LowestWithText = 8;      // millimetres
 
 [[noreturn]] void Refuse(const std::string& why) { Raise(ErrorNumber::General, "BarcodeLabel.Print", why); }
 
+// The painter's state, put back at destruction.
+class SavedState {
+public:
+    explicit SavedState(QPainter& painter) : m_painter(painter) { m_painter.save(); }
+    ~SavedState() { m_painter.restore(); }
+    SavedState(const SavedState&) = delete;
+    SavedState& operator=(const SavedState&) = delete;
+
+private:
+    QPainter& m_painter;
+};
+
 class LabelPainting {
 public:
     LabelPainting(QPainter& painter, double dotsPerInch)
@@ -31,14 +43,12 @@ public:
     void Paint(const FilledLabel& label) {
         PaintDrawing(label);
         for (const LabelBarcode& barcode : label.barcodes) {
-            const QSize room = EnterPlace(barcode.place);
-            PaintBarcode(barcode.text, room);
-            m_painter.restore();
+            const SavedState state(m_painter);
+            PaintBarcode(barcode.text, EnterPlace(barcode.place));
         }
         for (const LabelText& text : label.texts) {
-            const QSize room = EnterPlace(text.place);
-            PaintText(text, room);
-            m_painter.restore();
+            const SavedState state(m_painter);
+            PaintText(text, EnterPlace(text.place));
         }
     }
 
@@ -49,18 +59,16 @@ private:
         QSvgRenderer drawing(QByteArray::fromStdString(label.drawing));
         if (!drawing.isValid()) Refuse("The drawing of the label template can't be read.");
         drawing.setAspectRatioMode(Qt::KeepAspectRatio);
-        m_painter.save();
+        const SavedState state(m_painter);
         m_painter.setRenderHint(QPainter::Antialiasing);
         drawing.render(&m_painter,
                        QRectF(0, 0, label.width * m_dotsPerMillimetre, label.height * m_dotsPerMillimetre));
-        m_painter.restore();
     }
 
-    // Saves the painter and puts its origin to where reading begins, its x axis along the reading; the room in dots.
+    // Puts the painter's origin to where reading begins, its x axis along the reading; the room in dots.
     QSize EnterPlace(const LabelPlace& place) {
         const QRect box(QPoint(Dots(place.box.left), Dots(place.box.top)),
                         QPoint(Dots(place.box.left + place.box.width) - 1, Dots(place.box.top + place.box.height) - 1));
-        m_painter.save();
         const bool right = place.quarterTurns == 1 || place.quarterTurns == 2;
         const bool bottom = place.quarterTurns >= 2;
         m_painter.translate(box.left() + (right ? box.width() : 0), box.top() + (bottom ? box.height() : 0));
@@ -89,8 +97,8 @@ private:
         const int barHeight = room.height() - (readable > 0 ? readable + readable / 4 : 0);
         int x = (room.width() - symbol.WidthWithQuietZones() * module) / 2 + BarcodeSymbol::QuietZone * module;
         for (size_t k = 0; k < symbol.modules.size();) {
-            const size_t end = static_cast<size_t>(
-                std::find(symbol.modules.begin() + k, symbol.modules.end(), !symbol.modules[k]) - symbol.modules.begin());
+            size_t end = k;
+            while (end < symbol.modules.size() && symbol.modules[end] == symbol.modules[k]) ++end;
             const int width = static_cast<int>(end - k) * module;
             if (symbol.modules[k]) m_painter.fillRect(x, 0, width, barHeight, Qt::black);
             x += width;
@@ -140,9 +148,8 @@ private:
 }  // namespace
 
 void PaintLabel(QPainter& painter, const FilledLabel& label, double dotsPerInch) {
-    painter.save();
+    const SavedState state(painter);
     LabelPainting(painter, dotsPerInch).Paint(label);
-    painter.restore();
 }
 
 }  // namespace quellbrook

@@ -15,7 +15,8 @@ inline constexpr int LabelResolutions[] = {203, 300, 600};
 // replaces its file.
 class PdfLabelPrinter : public LabelPrinter {
 public:
-    PdfLabelPrinter(QString directory, int dotsPerInch) : m_directory(std::move(directory)), m_dotsPerInch(dotsPerInch) {}
+    PdfLabelPrinter(QString directory, int dotsPerInch)
+        : m_directory(std::move(directory)), m_dotsPerInch(dotsPerInch) {}
 
     void Print(const FilledLabel& label) override;
 

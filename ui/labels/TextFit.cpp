@@ -59,10 +59,16 @@ FittedText Shortened(const QString& text, const QFont& font, const QSizeF& room)
     return Fitted(font, broken);
 }
 
+QString WithoutControlCharacters(QString text) {
+    for (QChar& character : text)
+        if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
+    return text.simplified();
+}
+
 }  // namespace
 
 FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& room) {
-    const QString simple = text.left(LongestText).simplified();
+    const QString simple = WithoutControlCharacters(text.left(LongestText));
     QFont sized = font;
     sized.setHintingPreference(QFont::PreferNoHinting);
     for (int size = largest; size > smallest; --size) {

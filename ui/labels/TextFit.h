@@ -17,7 +17,8 @@ struct FittedText {
 
 // The text at the largest size from `largest` down to `smallest` dots at which it fits, broken between words; at the
 // smallest, where need be within words too, and with an ellipsis for what is left over. One line at least, whatever the
-// room's height. Line ends and tabs count as blanks.
+// room's height. Line ends, tabs and
+// other control characters count as blanks.
 FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& room);
 
 }  // namespace quellbrook

@@ -40,15 +40,16 @@ TEST(ActionMenu, ShowsNoEntryWithoutACommand) {
     ActionMenu menu;
     menu.Apply(ActionMenuState());
     EXPECT_THAT(Names(menu, true),
-                ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator2", "mnuCheckIn", "mnuCheckOut", "mnuMove",
-                            "mnuRemoveFromBatch", "mnuNoActions", "mnuSelectAll"));
+                ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint", "mnuSeparator2", "mnuCheckIn",
+                            "mnuCheckOut", "mnuMove", "mnuRemoveFromBatch", "mnuNoActions", "mnuSelectAll"));
 }
 
 TEST(ActionMenu, TakesCaptionVisibilityAndEnabledStateFromTheRules) {
     ActionMenu menu;
     menu.Apply(ApplyMenuRules(MenuSource::ItemPane, OneItem(), allRights));
-    EXPECT_THAT(Names(menu, true), ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator2", "mnuCheckIn",
-                                               "mnuCheckOut", "mnuMove"));
+    EXPECT_THAT(Names(menu, true),
+                ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint", "mnuSeparator2", "mnuCheckIn",
+                            "mnuCheckOut", "mnuMove"));
     EXPECT_EQ(menu.Entry(MenuEntry::CheckOut)->text(), "Sign out  this item");
     EXPECT_TRUE(menu.Entry(MenuEntry::Open)->isEnabled());
 

@@ -333,7 +333,8 @@ TEST_F(EvidenceExplorerTest, AnItemsMenuOffersWhatCanBeDoneWithIt) {
         EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     });
     EXPECT_THAT(entries,
-                ElementsAre("Open", "Open in Tessarine...", "-", "Sign out  this item", "Move  this item"));
+                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-", "Sign out  this item",
+                            "Move  this item"));
 }
 
 TEST_F(EvidenceExplorerTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEntry) {
@@ -345,15 +346,18 @@ TEST_F(EvidenceExplorerTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEntry) 
         EXPECT_FALSE(menu.actions().at(0)->isEnabled());
     });
     EXPECT_THAT(entries,
-                ElementsAre("Open", "Open in Tessarine...", "-", "Sign out  2 items", "Move  2 items"));
+                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode labels (2 items)", "-",
+                            "Sign out  2 items", "Move  2 items"));
 }
 
 TEST_F(EvidenceExplorerTest, AMemberOfTheBatchCanOnlyBeUnchecked) {
     Show(m_shelf);
     ClickRow("E-1");
     GetActions().BeginTransaction(TransactionType::SignOut, m_explorer->GetSelectedObjects());
-    EXPECT_THAT(RowMenu("E-1"), ElementsAre("Open", "Open in Tessarine...", "-", "Uncheck this item"));
-    EXPECT_THAT(RowMenu("E-2"), ElementsAre("Open", "Open in Tessarine...", "-", "Sign out  this item"));
+    EXPECT_THAT(RowMenu("E-1"), ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
+                                        "Uncheck this item"));
+    EXPECT_THAT(RowMenu("E-2"), ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
+                                        "Sign out  this item"));
 }
 
 TEST_F(EvidenceExplorerTest, ABlankSpotOffersToSelectAll) {
@@ -378,7 +382,7 @@ TEST_F(EvidenceExplorerTest, ANodesMenuMeansTheNodeAndTakesTheFocusToTheTree) {
         EXPECT_THAT(SelectedObjects(), ElementsAre("Empty Shelf"));
         EXPECT_TRUE(m_widget->hasFocus() || m_window->focusWidget() == m_widget);
     });
-    EXPECT_THAT(entries, ElementsAre("Open"));
+    EXPECT_THAT(entries, ElementsAre("Open", "-", "Print barcode label"));
     EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_shelf);
     EXPECT_EQ(Title(), "Shelf A");
     EXPECT_THAT(SelectedObjects(), ElementsAre("Shelf A"));
@@ -423,7 +427,7 @@ TEST_F(EvidenceExplorerTest, ASignedOutItemCanBeSignedIn) {
     AddItem("E-9", court);
     Show(court);
     EXPECT_THAT(RowMenu("E-9", Choose(MenuEntry::CheckIn)),
-                ElementsAre("Open", "Open in Tessarine...", "-", "Sign in  this item"));
+                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-", "Sign in  this item"));
     EXPECT_EQ(GetStores().Cart->GetTransactionType(), 2);
     EXPECT_THAT(BatchIds(), ElementsAre("E-9"));
 }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QImage>
+
+#include <string>
+
+namespace quellbrook::testing {
+
+// One byte a pixel, row by row without a gap.
+std::string GrayPixels(const QImage& picture);
+
+}  // namespace quellbrook::testing
