@@ -35,7 +35,7 @@ TEST(BarcodeImage, ModulesAreWholeDevicePixelsAtEveryScaleFactor) {
     EXPECT_EQ(Draw(600, 10).width, 165 * 3) << "scale factor 1.5";
     EXPECT_EQ(Draw(600, 7.5).width, 165 * 4) << "scale factor 2";
     EXPECT_EQ(Draw(600, 12).width, 165 * 3) << "scale factor 1.25";
-    EXPECT_EQ(Draw(600, 20).width, 165 * 2) << "never below two";
+    EXPECT_EQ(Draw(600, 40).width, 165 * 2) << "never below two";
 }
 
 TEST(BarcodeImage, KnowsTheScaleOfItsDisplay) {

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace quellbrook {
@@ -26,13 +27,10 @@ QString FileNameOf(const FilledLabel& label) {
     return (name.isEmpty() ? QStringLiteral("label") : name) + QStringLiteral(".pdf");
 }
 
-// What a command of the print system said, without its name in front.
+// What the print command said, without its name in front, which may come with its path.
 QString WordsOf(QProcess& process) {
-    QString words = QString::fromLocal8Bit(process.readAllStandardError()).simplified();
-    const QString prefix = process.program() + ": ";
-    if (words.startsWith(prefix)) words.remove(0, prefix.size());
-    if (words.startsWith(QLatin1String("Error - "))) words.remove(0, 8);
-    return words;
+    static const QRegularExpression prefix(QStringLiteral("^(\\S*lp: )?(Error - )?"));
+    return QString::fromLocal8Bit(process.readAllStandardError()).simplified().remove(prefix);
 }
 
 QStringList JobArguments(const QString& printer, const FilledLabel& label) {

@@ -128,6 +128,16 @@ TEST(LabelPainter, ATextStaysInItsBoxHoweverLongItIs) {
         }
 }
 
+TEST(LabelPainter, MarksPiledUponALetterStayInItsBoxToo) {
+    std::string piled = "Z";
+    for (int mark = 0; mark < 40; ++mark) piled += "\xCC\x81";
+    const FilledLabel label = Fill("<text id='name' font-size='5'/>"
+                                   "<rect id='name_box' x='20' y='30' width='50' height='6'/>",
+                                   {{"name", piled}});
+    const QRect ink = InkOf(MakeLabelImage(label, dpi));
+    EXPECT_TRUE(QRect(200, 300, 500, 60).contains(ink)) << ink.top() << " to " << ink.bottom();
+}
+
 TEST(LabelPainter, ATextStandsAtItsAnchor) {
     const auto inkAt = [](const std::string& anchor) {
         return InkOf(MakeLabelImage(Fill("<text id='name' font-size='5' text-anchor='" + anchor +

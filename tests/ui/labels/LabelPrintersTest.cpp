@@ -88,6 +88,8 @@ TEST_F(LabelPrintersTest, APrinterThatRefusesSaysSoInItsOwnWords) {
     EXPECT_EQ(RefusalOf(printer), "The printer or class does not exist.");
     PutCommand("lp", "cat >/dev/null; echo 'lp: Error - no default destination available.' >&2; exit 1");
     EXPECT_EQ(RefusalOf(printer), "no default destination available.");
+    PutCommand("lp", "cat >/dev/null; echo \"$0: Error - The printer or class does not exist.\" >&2; exit 1");
+    EXPECT_EQ(RefusalOf(printer), "The printer or class does not exist.");
     PutCommand("lp", "exec 0<&-; exit 3");
     EXPECT_EQ(RefusalOf(printer), "The printer 'gone' has refused the label.");
 }
