@@ -35,8 +35,8 @@ struct Department {
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
 // Opens the database that the options name; a department of the sample's making is made first where it does not stand
-// yet, in the data directory or in a scratch directory, and gets the label templates that it lacks. Error 5 with a sentence for a file that can't be used; such a
-// file is left as it is.
+// yet, in the data directory or in a scratch directory, and gets the label templates that it lacks. Error 5 with a
+// sentence for a file that can't be used; such a file is left as it is.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
 // Makes the department the one that the component works with: its database, its files and its attachments, both from

@@ -1,5 +1,5 @@
-// Any text is refused as a label template with a short sentence, or filling it gives a label of a size that labels have,
-// whose fields stand on it and have gone from its drawing.
+// Any text is refused as a label template with a short sentence, or filling it gives a label of a size that labels
+// have, whose fields stand on it and have gone from its drawing.
 
 #include "base/Error.h"
 #include "fuzz/Fail.h"

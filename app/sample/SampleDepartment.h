@@ -41,10 +41,11 @@ const std::vector<SampleAccount>& SampleAccounts();
 using SampleProgress = std::function<void(int percent)>;
 
 // Writes a department into a new database file of our schema, the pictures that it names into the folder Pictures
-// beside it, and the templates of its labels into Files/Data, where none stand yet; all departments of a directory share them. The same options give the same rows, password hashes excepted,
-// and a picture has the same bytes everywhere. The file appears at the path only when it is complete and its rows are
-// proven to fit together; what a making that was killed left is refused as a database and is removed by the next one.
-// Error 5 with a sentence when a file stands there already, or when it can't be written.
+// beside it, and the templates of its labels into Files/Data, where none stand yet; all departments of a directory
+// share them. The same options give the same rows, password hashes excepted, and a picture has the same bytes
+// everywhere. The file appears at the path only when it is complete and its rows are proven to fit together; what a
+// making that was killed left is refused as a database and is removed by the next one. Error 5 with a sentence when a
+// file stands there already, or when it can't be written.
 void CreateSampleDepartment(const std::string& path, const SampleOptions& options, const SampleProgress& progress = {});
 
 // Writes the label templates that a department's directory lacks, below Files/Data. Error 5 with a sentence.

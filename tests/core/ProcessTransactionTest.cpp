@@ -1,140 +1,14 @@
-#include "core/Actions.h"
+#include "tests/core/ProcessTransactionTest.h"
 
-#include "core/ActionTypes.h"
-#include "core/Stores.h"
 #include "data/CustodyRecords.h"
 #include "host/HostDatabase.h"
-#include "tests/support/Callbacks.h"
-#include "tests/support/DatabaseTest.h"
-#include "tests/support/FaultInjectingEngine.h"
-#include "tests/support/Items.h"
-#include "tests/support/RaisedBy.h"
-#include "tests/support/RecordingEngine.h"
 
-namespace quellbrook {
-
+namespace quellbrook::testing {
 namespace {
 
-using testing::FindItem;
-using testing::FunctionCallback;
-using testing::ListOf;
-using testing::RecordingCallback;
-using Types = std::vector<std::string>;
-
-constexpr auto Property = StoredItemTypes::Property;
-constexpr auto Vehicle = StoredItemTypes::vehicle;
 const Error DatabaseError(8152, "Engine", "The log of the database is full.");
-const char* const LogSource = "Actions.ProcessTransaction";
 
-class ThrowingErrorLog : public ErrorLog {
-public:
-    void Log(const std::string&, const std::string&, const std::string&) override {
-        ++calls;
-        throw std::runtime_error("the log is full");
-    }
-
-    int calls = 0;
-};
-
-// A department with a counter, a court and items; a batch of type sign-out that holds items of both kinds.
-class ProcessTransaction : public testing::DatabaseTest {
-protected:
-    ProcessTransaction() {
-        m_counter = m_database.AddLocation("Counter", StorageLocationTypes::Internal);
-        m_court = m_database.AddLocation("Court", StorageLocationTypes::External);
-        GetDispatcher()->Register(m_seen);
-        m_stores = GetStores();
-    }
-
-    // Vehicles are numbered from 101 on: items of one number exclude each other from a batch.
-    int32_t AddStored(StoredItemTypes kind) {
-        if (kind == Vehicle && ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Vehicle")) == 0)
-            m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");
-        const int32_t id = kind == Property ? m_database.AddProperty({.PropertyID = "E"}) : m_database.AddVehicle();
-        m_database.AddCustodyRow(kind, id, m_counter);
-        return id;
-    }
-
-    void Begin(std::initializer_list<ObjectRef> items, int32_t type = TransactionType::SignOut) {
-        GetActions().BeginTransaction(type, ListOf(items));
-        m_seen->actions.clear();
-    }
-
-    std::shared_ptr<TransferData> MakeTransfer(int32_t location) {
-        auto xfer = std::make_shared<TransferData>();
-        xfer->Location = GetStorageLocationStatic().FindByID(location);
-        xfer->ReceivedBy = 101;
-        xfer->ReceivedFrom = 102;
-        xfer->DateReceived = DateTime::FromParts({2026, 11, 19, 8, 30, 0, 0});
-        xfer->Reason = 5;
-        return xfer;
-    }
-    std::shared_ptr<TransferData> MakeTransfer() { return MakeTransfer(m_court); }
-
-    // The tracking rows of one item: sequence number and place, oldest first.
-    std::string Chain(StoredItemTypes kind, int32_t id) {
-        const std::string table = kind == Property ? "Property" : "Vehicle";
-        std::string text;
-        const std::string sql = "SELECT SeqNo, StorageLocNo FROM " + table + "Tracking WHERE " + table +
-                                "No = " + std::to_string(id) + " ORDER BY SeqNo";
-        for (const Row& row : m_database.QueryRows(sql))
-            text += ToText(row.Value("SeqNo")) + "@" + ToTextOrEmpty(row.Value("StorageLocNo")) + " ";
-        return text;
-    }
-    TaggedValue ValueOf(StoredItemTypes kind, int32_t id, const std::string& column) {
-        const std::string table = kind == Property ? "Property" : "Vehicle";
-        return m_database.QueryValue("SELECT " + column + " FROM " + table + " WHERE " + table +
-                                     "No = " + std::to_string(id));
-    }
-
-    std::shared_ptr<testing::FaultInjectingEngine> InstallFaultyEngine() {
-        auto engine = std::make_shared<testing::FaultInjectingEngine>(m_database.GetEngine());
-        m_database.Install(engine);
-        return engine;
-    }
-    std::shared_ptr<testing::RecordingEngine> InstallRecordingEngine() {
-        auto engine = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
-        m_database.Install(engine);
-        return engine;
-    }
-
-    // A callback behind the stores that fails at one type of action.
-    void FailAt(const std::string& actionType) {
-        GetDispatcher()->Register(std::make_shared<FunctionCallback>("EvidenceUI", [actionType](const Action& action) {
-            if (action.ActionType == actionType) Raise(99, "EvidenceUI.Handle", "The view is broken.");
-        }));
-    }
-
-    void ExpectCommittedReport(const std::string& note) {
-        EXPECT_EQ(m_seen->Types(),
-                  (Types{"LOADING_STARTED", "LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}));
-        EXPECT_EQ(m_seen->actions.at(2).Payload, TaggedValue(note));
-        ExpectIdle();
-    }
-    void ExpectFailureReport(const std::string& description) {
-        EXPECT_EQ(m_seen->Types(), (Types{"LOADING_STARTED", "LOADING_FINISHED", "CART_CANCEL_TRANSACTION",
-                                          "CART_TRANSACTION_FAILED"}));
-        EXPECT_EQ(m_seen->actions.back().Payload, TaggedValue(description));
-        ExpectIdle();
-    }
-    void ExpectIdle() {
-        EXPECT_FALSE(m_stores.Loading->IsLoading());
-        EXPECT_TRUE(m_stores.Cart->IsEmpty());
-        EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::None);
-    }
-    void ExpectLogged(const std::string& description) {
-        ASSERT_EQ(m_log.Entries().size(), 1u);
-        EXPECT_EQ(m_log.Entries()[0],
-                  (testing::RecordingErrorLog::Entry{"Quellbrook", LogSource, description}));
-    }
-
-    int32_t m_counter = 0;
-    int32_t m_court = 0;
-    StoresRecord m_stores;
-    std::shared_ptr<RecordingCallback> m_seen = std::make_shared<RecordingCallback>();  // served before the stores
-};
-
-}  // namespace
+class ProcessTransaction : public ProcessTransactionTest {};
 
 TEST_F(ProcessTransaction, TwoItemsAreSentAsNineStatementsInOneTransaction) {
     while (m_database.AddProperty() < 7) {}
@@ -316,7 +190,7 @@ TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatements) {
 
 TEST_F(ProcessTransaction, ALargeCountIsGrouped) {
     auto items = std::make_shared<ObjectVector>();
-    for (int i = 0; i < 1000; ++i) items->Add(testing::MakeItem(m_database.AddProperty()));
+    for (int i = 0; i < 1000; ++i) items->Add(MakeItem(m_database.AddProperty()));
     GetActions().BeginTransaction(TransactionType::SignIn, items);
     m_seen->actions.clear();
     GetActions().ProcessTransaction(MakeTransfer());
@@ -362,7 +236,7 @@ TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
 
 TEST_F(ProcessTransaction, AViolatedConstraintOfTheLastItemLeavesTheFirstUnchanged) {
     const int32_t first = AddStored(Property);
-    Begin({FindItem(Property, first), testing::MakeItem(9999)});
+    Begin({FindItem(Property, first), MakeItem(9999)});
     const std::string before = m_database.Snapshot();
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(MakeTransfer());
@@ -410,7 +284,7 @@ TEST_F(ProcessTransaction, NoDateOrNoDetailsAtAllAreRefusedBeforeAnythingIsSent)
     GetActions().ProcessTransaction(xfer);
     ExpectFailureReport("A value is missing.");
 
-    Begin({testing::MakeItem(id)});
+    Begin({MakeItem(id)});
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(nullptr);
     ExpectFailureReport("No object has been set.");
@@ -422,104 +296,11 @@ TEST_F(ProcessTransaction, AFailureToStartLoadingGoesToTheCallerAndSendsNothing)
     Begin({FindItem(Property, id)});
     const std::string before = m_database.Snapshot();
     FailAt("LOADING_STARTED");
-    const Error error = testing::RaisedBy([&] { GetActions().ProcessTransaction(MakeTransfer()); });
+    const Error error = RaisedBy([&] { GetActions().ProcessTransaction(MakeTransfer()); });
     EXPECT_EQ(error.Number(), 99);
     EXPECT_EQ(m_seen->Types(), Types{"LOADING_STARTED"});
     EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 1);
     EXPECT_EQ(m_database.Snapshot(), before);
-}
-
-// After the commit every report is tried, and none of them can make a failure of the transfer.
-
-TEST_F(ProcessTransaction, AFailingViewAfterTheCommitStillReportsSuccess) {
-    for (const char* step : {"LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}) {
-        SCOPED_TRACE(step);
-        DiscardDispatcher();
-        DiscardStores();
-        GetDispatcher()->Register(m_seen);
-        m_stores = GetStores();
-        FailAt(step);
-        const int32_t id = AddStored(Property);
-        Begin({FindItem(Property, id)});
-        m_log.Announce(LogSource);
-
-        GetActions().ProcessTransaction(MakeTransfer());
-
-        ExpectCommittedReport("Successfully transferred 1 item");
-        EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 2);
-        EXPECT_EQ(m_log.Entries().back().message, "Error executing callback 'EvidenceUI': The view is broken.");
-    }
-}
-
-TEST_F(ProcessTransaction, AFailingRedrawOfTheClearedBatchStillReportsSuccess) {
-    const int32_t id = AddStored(Property);
-    Begin({FindItem(Property, id)});
-    m_stores.Cart->OnChange.connect([] { Raise(99, "CartView.Redraw", "The view is broken."); });
-    m_log.Announce(LogSource);
-    GetActions().ProcessTransaction(MakeTransfer());
-    ExpectCommittedReport("Successfully transferred 1 item");
-    ExpectLogged("Error executing callback 'CartStore': The view is broken.");
-}
-
-TEST_F(ProcessTransaction, AFailingLogAfterTheCommitStillReportsSuccess) {
-    ThrowingErrorLog log;
-    SetErrorLog(&log);
-    const int32_t id = AddStored(Property);
-    Begin({FindItem(Property, id)});
-    FailAt("NOTIFY_USER");
-    GetActions().ProcessTransaction(MakeTransfer());
-    ExpectCommittedReport("Successfully transferred 1 item");
-    EXPECT_EQ(log.calls, 1);
-    SetErrorLog(&m_log);
-}
-
-// After a failure every step of its report is tried too, and nothing leaves the operation.
-
-TEST_F(ProcessTransaction, AFailingReportOfAFailureDoesNotKeepTheOtherStepsFromBeingTried) {
-    const int32_t id = AddStored(Property);
-    const std::string before = m_database.Snapshot();
-    const auto faulty = InstallFaultyEngine();
-    for (const char* step : {"LOADING_FINISHED", "CART_CANCEL_TRANSACTION", "CART_TRANSACTION_FAILED"}) {
-        SCOPED_TRACE(step);
-        DiscardDispatcher();
-        DiscardStores();
-        GetDispatcher()->Register(m_seen);
-        m_stores = GetStores();
-        FailAt(step);
-        Begin({FindItem(Property, id)});
-        faulty->FailAtStatement(3, DatabaseError);
-        m_log.Announce(LogSource);
-        m_log.Announce(LogSource);
-
-        GetActions().ProcessTransaction(MakeTransfer());
-
-        ExpectFailureReport("The log of the database is full.");
-        EXPECT_EQ(m_log.Entries().back().message, "The log of the database is full.");
-        EXPECT_EQ(m_database.Snapshot(), before);
-    }
-}
-
-TEST_F(ProcessTransaction, AFailingLogDoesNotLeaveTheOperation) {
-    ThrowingErrorLog log;
-    SetErrorLog(&log);
-    Begin({testing::MakeItem(9999)});
-    GetActions().ProcessTransaction(MakeTransfer());
-    EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
-    EXPECT_EQ(log.calls, 1);
-    SetErrorLog(&m_log);
-}
-
-TEST_F(ProcessTransaction, LoadingIsOnWhileTheBatchRunsAndTheBatchIsStillThereWhenTheUserIsTold) {
-    const int32_t id = AddStored(Property);
-    Begin({FindItem(Property, id)});
-    std::vector<std::string> states;
-    GetDispatcher()->Register(std::make_shared<FunctionCallback>("EvidenceUI", [&](const Action& action) {
-        states.push_back(action.ActionType + (m_stores.Loading->IsLoading() ? " loading " : " ready ") +
-                         std::to_string(m_stores.Cart->GetItems()->Count()));
-    }));
-    GetActions().ProcessTransaction(MakeTransfer());
-    EXPECT_EQ(states, (Types{"LOADING_STARTED loading 1", "LOADING_FINISHED ready 1", "NOTIFY_USER ready 1",
-                             "CART_TRANSACTION_SUCCESS ready 0"}));
 }
 
 TEST_F(ProcessTransaction, ItemsHeldElsewhereSeeTheChangeOnlyAfterRefresh) {
@@ -533,4 +314,5 @@ TEST_F(ProcessTransaction, ItemsHeldElsewhereSeeTheChangeOnlyAfterRefresh) {
     EXPECT_EQ(held->TrackingRecords().size(), 2u);
 }
 
-}  // namespace quellbrook
+}  // namespace
+}  // namespace quellbrook::testing

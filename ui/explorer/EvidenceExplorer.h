@@ -23,8 +23,8 @@ class LocationTree;
 class LocationView;
 
 // The main screen: the tree of locations on the left, the contents of the selected one on the right under a heading,
-// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens. While
-// it is on show, the barcode of a location selects that location and the barcode of an item opens the item.
+// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens.
+// While it is on show, the barcode of a location selects that location and the barcode of an item opens the item.
 class EvidenceExplorer : public View {
     Q_OBJECT
 
