@@ -2,6 +2,8 @@
 
 #include "app/HostGuard.h"
 #include "app/records/RecordPage.h"
+#include "app/scanner/PrinterChoice.h"
+#include "app/scanner/ScannerPage.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,8 +36,8 @@ QToolButton#closeTab:hover { background: palette(mid); }
 constexpr int evidenceTab = 0;
 constexpr int widestTitle = 220;  // pixels
 
-QString TabText(const QTabBar& tabs, const RecordPage& page) {
-    return tabs.fontMetrics().elidedText(page.Title(), Qt::ElideRight, widestTitle).replace('&', QLatin1String("&&"));
+QString TabText(const QTabBar& tabs, const QString& title) {
+    return tabs.fontMetrics().elidedText(title, Qt::ElideRight, widestTitle).replace('&', QLatin1String("&&"));
 }
 
 }  // namespace
@@ -74,11 +76,19 @@ QWidget* HostTabs::MakeStrip() {
     m_loggedInAs->setObjectName(QStringLiteral("loggedInAs"));
     m_loggedInAs->setTextFormat(Qt::PlainText);
     row->addWidget(m_loggedInAs);
-    auto* logOut = new QPushButton(tr("Log Out"), strip);
-    logOut->setObjectName(QStringLiteral("logOut"));
+    auto* scanner = MakeStripButton(ScannerPage::Title(), "scannerPageButton", strip);
+    connect(scanner, &QPushButton::clicked, this, [this] { GuardHost(this, [this] { OpenScannerPage(); }); });
+    row->addWidget(scanner);
+    auto* logOut = MakeStripButton(tr("Log Out"), "logOut", strip);
     connect(logOut, &QPushButton::clicked, this, &HostTabs::LogOutRequested);
     row->addWidget(logOut);
     return strip;
+}
+
+QPushButton* HostTabs::MakeStripButton(const QString& caption, const char* name, QWidget* strip) {
+    auto* button = new QPushButton(caption, strip);
+    button->setObjectName(QString::fromLatin1(name));
+    return button;
 }
 
 void HostTabs::SetUser(const QString& username) { m_loggedInAs->setText(username); }
@@ -96,8 +106,25 @@ void HostTabs::Clear() {
 }
 
 void HostTabs::OpenRecord(const RecordAddress& address) {
-    if (IndexOf(address) < 0) AddRecord(new RecordPage(address, m_pages));
-    const int index = IndexOf(address);
+    RecordPage* page = RecordOf(address);
+    if (!page) {
+        page = new RecordPage(address, m_pages);
+        page->setObjectName(QStringLiteral("recordPage"));
+        AddPage(page, page->Title());
+    }
+    ShowTab(IndexOf(page));
+}
+
+void HostTabs::OpenScannerPage() {
+    if (!m_scannerPage) {
+        m_scannerPage = new ScannerPage(PrinterChoiceFile(), m_pages);
+        m_scannerPage->setObjectName(QStringLiteral("scannerPage"));
+        AddPage(m_scannerPage, ScannerPage::Title());
+    }
+    ShowTab(IndexOf(m_scannerPage));
+}
+
+void HostTabs::ShowTab(int index) {
     if (index == m_tabs->currentIndex())
         ShowPage(index);
     else
@@ -105,24 +132,30 @@ void HostTabs::OpenRecord(const RecordAddress& address) {
     PageAt(index)->setFocus();
 }
 
-void HostTabs::AddRecord(RecordPage* page) {
-    page->setObjectName(QStringLiteral("recordPage"));
+void HostTabs::AddPage(QWidget* page, const QString& caption) {
     m_pages->addWidget(page);
-    const int index = m_tabs->addTab(TabText(*m_tabs, *page));
-    m_tabs->setTabData(index, QVariant::fromValue<QWidget*>(page));
+    const int index = m_tabs->addTab(TabText(*m_tabs, caption));
+    m_tabs->setTabData(index, QVariant::fromValue(page));
     auto* cross = new QToolButton(m_tabs);
     cross->setObjectName(QStringLiteral("closeTab"));
     cross->setText(QStringLiteral("\u2715"));
+    cross->setAccessibleName(tr("Close %1").arg(caption));
     cross->setFocusPolicy(Qt::NoFocus);
     connect(cross, &QToolButton::clicked, page, [this, page] { GuardHost(this, [&] { Close(page); }); });
     m_tabs->setTabButton(index, QTabBar::RightSide, cross);
 }
 
-int HostTabs::IndexOf(const RecordAddress& address) const {
+RecordPage* HostTabs::RecordOf(const RecordAddress& address) const {
     for (int index = 0; index < m_tabs->count(); ++index) {
-        const auto* page = qobject_cast<RecordPage*>(PageAt(index));
-        if (page && page->Address() == address) return index;
+        auto* page = qobject_cast<RecordPage*>(PageAt(index));
+        if (page && page->Address() == address) return page;
     }
+    return nullptr;
+}
+
+int HostTabs::IndexOf(const QWidget* page) const {
+    for (int index = 0; index < m_tabs->count(); ++index)
+        if (PageAt(index) == page) return index;
     return -1;
 }
 
@@ -133,18 +166,22 @@ void HostTabs::ShowPage(int index) {
     if (!page) return;
     if (auto* record = qobject_cast<RecordPage*>(page)) {
         record->Load();
-        m_tabs->setTabText(index, TabText(*m_tabs, *record));
+        m_tabs->setTabText(index, TabText(*m_tabs, record->Title()));
         m_tabs->tabButton(index, QTabBar::RightSide)->setAccessibleName(tr("Close %1").arg(record->Title()));
     }
+    if (page == m_scannerPage) m_scannerPage->Load();
     m_pages->setCurrentWidget(page);
+    // Whoever goes from tab to tab by keyboard stays there.
+    if (page == m_scannerPage && !m_tabs->hasFocus()) page->setFocus();
 }
 
 void HostTabs::Close(QWidget* page) {
-    auto* record = qobject_cast<RecordPage*>(page);
-    if (!record) return;
-    m_tabs->removeTab(IndexOf(record->Address()));
-    m_pages->removeWidget(record);
-    record->deleteLater();
+    const int index = IndexOf(page);
+    if (index <= evidenceTab) return;
+    if (page == m_scannerPage) m_scannerPage = nullptr;
+    m_tabs->removeTab(index);
+    m_pages->removeWidget(page);
+    page->deleteLater();
 }
 
 }  // namespace quellbrook

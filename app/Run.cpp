@@ -7,6 +7,7 @@
 #include "app/records/SchemeRegistration.h"
 #include "app/records/SingleInstance.h"
 #include "app/sample/ProgressBar.h"
+#include "app/scanner/PrinterChoice.h"
 #include "app/tour/TourPlayer.h"
 #include "app/tour/TransferRoad.h"
 #include "base/Error.h"
@@ -129,6 +130,7 @@ std::unique_ptr<InstanceServer> HearAddresses(const Department& department, Main
 int Open(const Options& options, const Department& department) {
     UseDepartment(department);
     HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
+    ApplyPrinterChoice(PrinterChoiceFile());
     std::optional<QString> user;
     if (options.user) user = QString::fromStdString(*options.user);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());

@@ -3,6 +3,7 @@
 #include "app/records/RecordAddress.h"
 #include "base/TaggedValue.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +29,15 @@ struct CustodyStep {
     bool operator==(const CustodyStep&) const = default;
 };
 
+// The picture of a main attachment: its file, or why there is none to be shown.
+struct RecordPicture {
+    std::string fileName;                       // empty where there is none
+    std::filesystem::file_time_type written{};  // when the file was last changed
+    std::string refusal;                        // one sentence
+
+    bool operator==(const RecordPicture&) const = default;
+};
+
 enum class RecordStatus { NotInStorage, Uncategorized, InStorage, SignedOut, Disposed, NeedsReview };
 
 // One piece of property or one vehicle as its record shows it. Texts are empty where nothing was entered.
@@ -46,6 +56,7 @@ struct Record {
     std::string year;
     std::string color;
 
+    std::optional<RecordPicture> picture;  // nothing without a main attachment
     RecordStatus status = RecordStatus::NotInStorage;
     std::string location;  // full path of where it is
     bool hasFinalDisposition = false;

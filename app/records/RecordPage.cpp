@@ -1,21 +1,24 @@
 #include "app/records/RecordPage.h"
 
+#include "app/PageSections.h"
 #include "app/PlainLabels.h"
 #include "app/records/CustodyTable.h"
+#include "app/records/PictureLabel.h"
 #include "app/records/RecordTexts.h"
 #include "base/Error.h"
 #include "host/ErrorLog.h"
+#include "host/Picture.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QScrollArea>
-#include <QVBoxLayout>
+#include <QStyle>
 
 namespace quellbrook {
 
 namespace {
 
-constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380;
+constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380, pictureHeight = 200;
 const char* const securedColor = "#DC5C1C";
 
 struct TagColors {
@@ -44,26 +47,6 @@ QLabel* MakeTag(RecordStatus status, QWidget* parent) {
     tag->setStyleSheet(QStringLiteral("background: %1; color: %2; border-radius: 2px; padding: 2px 8px;")
                            .arg(QString::fromLatin1(colors.ground), QString::fromLatin1(colors.text)));
     return tag;
-}
-
-QFrame* MakeRule(QWidget* parent) {
-    auto* rule = new QFrame(parent);
-    rule->setFixedHeight(1);
-    rule->setStyleSheet(QStringLiteral("background: palette(mid); border: none;"));
-    return rule;
-}
-
-QLabel* MakeSectionCaption(const QString& caption, QWidget* parent) {
-    auto* label = MakeLabel(caption.toUpper(), 13, QFont::DemiBold, parent);
-    MakeQuiet(label);
-    return label;
-}
-
-void AddSection(QVBoxLayout& column, const QString& caption, QWidget* parent) {
-    column.addWidget(MakeSectionCaption(caption, parent));
-    column.addSpacing(4);
-    column.addWidget(MakeRule(parent));
-    column.addSpacing(8);
 }
 
 void AddFields(QVBoxLayout& column, const std::vector<RecordField>& fields, QWidget* parent) {
@@ -184,6 +167,10 @@ QWidget* RecordPage::MakeFields(const Record& record) {
     auto* column = new QVBoxLayout(fields);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
+    if (record.picture) {
+        column->addWidget(MakePicture(record));
+        column->addSpacing(24);
+    }
     for (const RecordSection& section : SectionsOf(record)) {
         AddSection(*column, section.caption, fields);
         AddFields(*column, section.fields, fields);
@@ -201,6 +188,25 @@ QWidget* RecordPage::MakeFields(const Record& record) {
     area->setFixedWidth(fieldsWidth);
     area->setWidget(fields);
     return area;
+}
+
+QLabel* RecordPage::MakePicture(const Record& record) const {
+    std::string refusal = record.picture->refusal;
+    if (refusal.empty()) {
+        try {
+            const int width = fieldsWidth - 2 * margin - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+            auto* picture = new PictureLabel(LoadPicture(record.picture->fileName), QSize(width, pictureHeight));
+            const QString identifier = ToShown(record.identifier).simplified();
+            picture->setAccessibleName(tr("Picture of %1").arg(identifier.isEmpty() ? Title() : identifier));
+            return picture;
+        } catch (...) {
+            refusal = CurrentError().Description();
+        }
+    }
+    auto* sentence = new WrappedLabel(ToShown(refusal), 14, QFont::Normal);
+    sentence->setObjectName(QStringLiteral("noPicture"));
+    MakeQuiet(sentence);
+    return sentence;
 }
 
 QWidget* RecordPage::MakeCustody(const Record& record) {

@@ -7,12 +7,13 @@
 
 #include <optional>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace quellbrook {
 
-// The host's page of one record, to be read only: all its fields, the incidents and the whole chain of custody that the
-// user may see; or a sentence that says why it can't be shown. Empty until Load.
+// The host's page of one record, to be read only: its picture, all its fields, the incidents and the whole chain of
+// custody that the user may see; or a sentence that says why it can't be shown. Empty until Load.
 class RecordPage : public QWidget {
     Q_OBJECT
 
@@ -30,6 +31,7 @@ private:
     QWidget* MakeContent(const Record& record);
     QWidget* MakeHeading(const Record& record);
     QWidget* MakeFields(const Record& record);
+    QLabel* MakePicture(const Record& record) const;  // or the sentence in its place
     QWidget* MakeCustody(const Record& record);
     QWidget* MakeSentence(const std::string& sentence);
 

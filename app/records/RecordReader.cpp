@@ -1,12 +1,14 @@
 #include "app/records/RecordReader.h"
 
 #include "app/records/LocationPaths.h"
+#include "base/Error.h"
 #include "base/Text.h"
 #include "host/CodeTableLookup.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
 #include "host/PersonDirectory.h"
 
+#include <filesystem>
 #include <map>
 #include <utility>
 
@@ -21,9 +23,10 @@ struct Kind {
     const char* table;
     const char* module;
     int16_t categories;
+    int32_t attachmentOwner;  // value of ObjTypeInd
 };
-constexpr Kind property{"property", "property", "Property", "MIProperty", CodeTable::PropertyCategory};
-constexpr Kind vehicle{"vehicle", "vehicles", "Vehicle", "MIVehicle", CodeTable::VehicleCategory};
+constexpr Kind property{"property", "property", "Property", "MIProperty", CodeTable::PropertyCategory, 6};
+constexpr Kind vehicle{"vehicle", "vehicles", "Vehicle", "MIVehicle", CodeTable::VehicleCategory, 7};
 
 constexpr int16_t viewRecords = 0, viewCustody = 0;
 constexpr int16_t secured[] = {5, 6};  // either of these rights to incidents
@@ -44,6 +47,20 @@ RecordStatus StatusAt(int32_t locationType) {
     }
 }
 
+// The picture that stands for an attachment of this full name.
+RecordPicture PictureFor(const std::string& attachment) {
+    RecordPicture picture;
+    try {
+        picture.fileName = HostServices::Current().Thumbnails().Read(attachment);
+    } catch (...) {
+        picture.refusal = CurrentError().Description();
+        return picture;
+    }
+    std::error_code unknown;
+    picture.written = std::filesystem::last_write_time(picture.fileName, unknown);
+    return picture;
+}
+
 // One reading of one record; what several rows name is looked up once.
 class Reader {
 public:
@@ -60,6 +77,7 @@ public:
         const auto row = HostDatabase().QueryRow("SELECT * FROM " + std::string(m_kind.table) + " WHERE " + m_key);
         if (!row) return false;
         ReadFields(*row);
+        ReadPicture(row->Value("CurrImageSeq"));
         ReadPlace(row->Value("CurrTrackSeq"));
         ReadIncidents();
         if (MayView("Storage", viewCustody)) ReadCustody();
@@ -101,6 +119,19 @@ private:
         for (const std::string& part : {m_record.year, m_record.color, m_record.make, m_record.model})
             if (!part.empty()) parts.push_back(part);
         return Join(parts, " ");
+    }
+
+    void ReadPicture(const TaggedValue& mainAttachment) {
+        if (mainAttachment.HasNoValue()) return;
+        const auto row = HostDatabase().QueryRow(
+            "SELECT f.Path, i.FileName FROM AttachmentIndex i INNER JOIN AttachmentFolder f ON f.FolderNo = i.FolderNo"
+            " WHERE i.IdNo = " + std::to_string(m_record.address.number) +
+            " AND i.ObjTypeInd = " + std::to_string(m_kind.attachmentOwner) +
+            " AND i.SeqNo = " + std::to_string(ToInt32(mainAttachment)));
+        const std::string fileName = row ? ToTextOrEmpty(row->Value("FileName")) : "";
+        if (fileName.empty()) return;
+        const std::filesystem::path folder = ToTextOrEmpty(row->Value("Path"));
+        m_record.picture = PictureFor((folder / std::filesystem::path(fileName).relative_path()).string());
     }
 
     std::string TrackingTable() const { return std::string(m_kind.table) + "Tracking"; }

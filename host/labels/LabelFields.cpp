@@ -39,9 +39,23 @@ LabelBox MapBox(const svg::Transform& toSheet, double x, double y, double width,
     return {std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1)};
 }
 
-pugi::xml_node FirstSpan(const pugi::xml_node& text) {
+// The first of the spans in a text, or a null node.
+pugi::xml_node SpanIn(const pugi::xml_node& text) {
     for (const pugi::xml_node child : text.children())
         if (svg::LocalName(child) == "tspan") return child;
+    return {};
+}
+
+// The first span that holds no other: there the text's letters are.
+pugi::xml_node InnermostSpan(pugi::xml_node text) {
+    for (pugi::xml_node span = SpanIn(text); span; span = SpanIn(span)) text = span;
+    return text;
+}
+
+// The text, or the outermost of its first spans that says where it stands.
+pugi::xml_node Positioned(const pugi::xml_node& text) {
+    for (pugi::xml_node at = text; at; at = SpanIn(at))
+        if (at.attribute("x")) return at;
     return text;
 }
 
@@ -65,7 +79,9 @@ LabelAnchor AnchorOf(std::string_view anchor) {
 
 }  // namespace
 
-LabelFields::LabelFields(pugi::xml_node root, const LabelSheet& sheet) : m_sheet(sheet) { CollectIds(root); }
+LabelFields::LabelFields(pugi::xml_node root, const LabelSheet& sheet) : m_sheet(sheet), m_styles(root) {
+    CollectIds(root);
+}
 
 void LabelFields::CollectIds(const pugi::xml_node& element) {
     for (const pugi::xml_node child : element.children()) {
@@ -125,7 +141,7 @@ LabelPlace LabelFields::PlaceOfRectangle(const pugi::xml_node& rectangle, const 
 // One line from the anchor to the edge of the label, or to both sides as far as the nearer edge lets it.
 LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const {
     const svg::Transform toSheet = m_sheet.ToSheet(text);
-    const pugi::xml_node positioned = text.attribute("x") ? text : FirstSpan(text);
+    const pugi::xml_node positioned = Positioned(text);
     const LabelBox anchor = MapBox(toSheet, NumberOf(positioned, "x", name), NumberOf(positioned, "y", name), 0, 0);
     LabelPlace place;
     place.quarterTurns = QuarterTurnsOf(toSheet, name);
@@ -148,19 +164,19 @@ LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText&
 }
 
 LabelText LabelFields::StyleOf(const pugi::xml_node& text, const std::string& name) const {
-    const pugi::xml_node inner = FirstSpan(text);
+    const pugi::xml_node inner = InnermostSpan(text);
     LabelText style;
-    const std::string_view size = svg::InheritedProperty(inner, "font-size");
+    const std::string_view size = m_styles.InheritedProperty(inner, "font-size");
     const auto units = size.empty() ? std::optional<double>(DefaultFontPixels) : svg::ParseLength(size);
     if (!units) RefuseField(name, "has a font size that can't be read: " + Quoted(size) + ".");
     style.size = *units * m_sheet.ToSheet(text).Scale();
     if (!(style.size >= SmallestFont && style.size <= LargestFont))
         RefuseField(name, "has a font size that no label has.");
-    style.family = FirstFamily(svg::InheritedProperty(inner, "font-family"));
-    style.weight = WeightOf(svg::InheritedProperty(inner, "font-weight"));
-    style.italic = svg::InheritedProperty(inner, "font-style") == "italic";
-    style.anchor = AnchorOf(svg::InheritedProperty(inner, "text-anchor"));
-    const std::string_view color = svg::InheritedProperty(inner, "fill");
+    style.family = FirstFamily(m_styles.InheritedProperty(inner, "font-family"));
+    style.weight = WeightOf(m_styles.InheritedProperty(inner, "font-weight"));
+    style.italic = m_styles.InheritedProperty(inner, "font-style") == "italic";
+    style.anchor = AnchorOf(m_styles.InheritedProperty(inner, "text-anchor"));
+    const std::string_view color = m_styles.InheritedProperty(inner, "fill");
     if (!color.empty() && color != "none") style.color = color;
     return style;
 }

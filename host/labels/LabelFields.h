@@ -2,6 +2,7 @@
 
 #include "host/labels/Label.h"
 #include "host/labels/LabelSheet.h"
+#include "host/labels/SvgStyles.h"
 
 #include <string>
 #include <unordered_map>
@@ -36,6 +37,7 @@ private:
     };
 
     const LabelSheet& m_sheet;
+    const svg::StyleSheet m_styles;
     std::unordered_map<std::string, Entry> m_byId;
     std::vector<pugi::xml_node> m_taken;
 };

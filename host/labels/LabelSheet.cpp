@@ -1,6 +1,7 @@
 #include "host/labels/LabelSheet.h"
 
 #include "host/labels/LabelRefusal.h"
+#include "host/labels/SvgStyles.h"
 
 #include <algorithm>
 #include <string>

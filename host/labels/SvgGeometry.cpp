@@ -13,12 +13,6 @@ namespace {
 
 constexpr std::string_view Blanks = " \t\r\n\f";
 
-std::string_view TrimBlanks(std::string_view text) {
-    const size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
 struct Unit {
     std::string_view name;
     double pixels;
@@ -56,19 +50,6 @@ std::optional<Transform> MakeTransform(std::string_view name, const std::vector<
     if (name == "skewX" && count == 1) return Transform{1, 0, slope(), 1, 0, 0};
     if (name == "skewY" && count == 1) return Transform{1, slope(), 0, 1, 0, 0};
     return std::nullopt;
-}
-
-// The value of one declaration in a style attribute.
-std::string_view Declaration(std::string_view style, std::string_view name) {
-    while (!style.empty()) {
-        const size_t end = std::min(style.find(';'), style.size());
-        const std::string_view declaration = style.substr(0, end);
-        const size_t colon = declaration.find(':');
-        if (colon != std::string_view::npos && TrimBlanks(declaration.substr(0, colon)) == name)
-            return TrimBlanks(declaration.substr(colon + 1));
-        style.remove_prefix(std::min(end + 1, style.size()));
-    }
-    return {};
 }
 
 }  // namespace
@@ -136,18 +117,10 @@ std::optional<std::vector<double>> ParseNumbers(std::string_view text) {
     }
 }
 
-std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name) {
-    const std::string_view declared = Declaration(element.attribute("style").value(), name);
-    if (!declared.empty()) return declared;
-    return TrimBlanks(element.attribute(std::string(name).c_str()).value());
-}
-
-std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name) {
-    for (pugi::xml_node at = element; at; at = at.parent()) {
-        const std::string_view own = OwnProperty(at, name);
-        if (!own.empty() && own != "inherit") return own;
-    }
-    return {};
+std::string_view TrimBlanks(std::string_view text) {
+    const size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 std::string_view LocalName(const pugi::xml_node& element) {

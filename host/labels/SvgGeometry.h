@@ -32,11 +32,8 @@ std::optional<double> ParseNumber(std::string_view text);
 // The numbers of a list divided by blanks and commas; nothing where one can't be read.
 std::optional<std::vector<double>> ParseNumbers(std::string_view text);
 
-// A property as it holds for an element: from its style, its attribute, or those of the elements around it. Empty when
-// nobody sets it.
-std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name);
-// As set by the element itself.
-std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name);
+// Without the blanks, tabs and line ends around it.
+std::string_view TrimBlanks(std::string_view text);
 
 // "rect" for svg:rect.
 std::string_view LocalName(const pugi::xml_node& element);

@@ -1,6 +1,7 @@
 #include "tests/support/ui/GeometryWalk.h"
 
 #include "app/MainWindow.h"
+#include "app/scanner/PrinterChoice.h"
 #include "app/tour/Look.h"
 #include "base/Screen.h"
 #include "component/Quellbrook.h"
@@ -9,10 +10,12 @@
 #include "host/HostServices.h"
 #include "host/engines/SqliteEngine.h"
 #include "tests/app/SampleFile.h"
+#include "tests/app/ScratchWorkstation.h"
 #include "tests/support/Items.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/ui/ScaledProcess.h"
+#include "tests/support/ui/Scanner.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
@@ -203,6 +206,41 @@ TEST_P(EveryView, ARecordByItsAddress) {
     m_window->OpenRecord({RecordKind::Vehicle, 2'000'000'000});
     Walk();
     m_window->OpenRecord({RecordKind::Property, 1});
+    EXPECT_TRUE(Find(*m_window, "noPicture")->isVisible());
+    Walk();
+    HostServices::Current().SetThumbnails(std::make_shared<PictureAttachments>(TheSample().Folder()));
+    m_window->OpenRecord({RecordKind::Vehicle, 5'000'001});
+    EXPECT_TRUE(Find(*m_window, "picture")->isVisible());
+    Walk();
+    HostServices::Current().SetThumbnails(nullptr);
+}
+
+TEST_P(EveryView, LabelsAndScanner) {
+    const ScratchWorkstation workstation;
+    LogIn();
+    Click(Find(*m_window, "scannerPageButton"));
+    Walk();
+    for (const char* keys : {"p", "bx00O4711\r", "\x02\x02P0000004711\x03\x03"}) {
+        Find(*m_window, "scanField")->setFocus();
+        TypeAsScanner(keys);
+        m_timers->Tick(100);
+        EXPECT_TRUE(Find(*m_window, "verdict")->isVisible());
+        Walk();
+    }
+    Click(Find(*m_window, "printTestLabel"));
+    Walk();
+}
+
+TEST_P(EveryView, LabelsAndScannerWhereThePrinterAndTheTemplateAreGone) {
+    const ScratchWorkstation workstation;
+    SavePrinterChoice({"Laser in the back office", "/labels", 600}, PrinterChoiceFile());
+    workstation.SetPrintCommand("echo 'The tape is out, the head is hot and the lid is open.' >&2\nexit 1");
+    LogIn();
+    Click(Find(*m_window, "scannerPageButton"));
+    Click(Find(*m_window, "printTestLabel"));
+    Walk();
+    workstation.SetTemplate("");
+    Click(Find(*m_window, "scannerPageButton"));
     Walk();
 }
 

@@ -1,4 +1,5 @@
 #include "app/PlainLabels.h"
+#include "app/records/PictureLabel.h"
 #include "app/records/RecordPage.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
@@ -6,13 +7,19 @@
 #include "tests/app/SampleCopyTest.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/ScaledProcess.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/controls/Pictures.h"
 
+#include <QAccessible>
+#include <QDir>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTreeWidget>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,11 +35,15 @@ class RecordPageTest : public SampleCopyTest {
 protected:
     void SetUp() override {
         SampleCopyTest::SetUp();
+        InstallPictureLoader();
+        HostServices::Current().SetThumbnails(std::make_shared<PictureAttachments>(m_directory.Path()));
         LogIn(SampleAccounts()[0]);
     }
 
     void TearDown() override {
         m_page.reset();
+        HostServices::Current().SetThumbnails(nullptr);
+        SetPictureLoader(nullptr);
         SampleCopyTest::TearDown();
     }
 
@@ -55,6 +66,26 @@ protected:
     }
     RecordPage& OpenLaptop() { return Open(RecordKind::Property, NumberOf("2026-0417-03")); }
 
+    // Files a main attachment of the laptop, and no other.
+    void Attach(const char* name) {
+        const std::string number = std::to_string(NumberOf("2026-0417-03"));
+        m_database->exec("DELETE FROM AttachmentIndex WHERE ObjTypeInd = 6 AND IdNo = " + number +
+                         "; INSERT OR IGNORE INTO AttachmentFolder (FolderNo, Path) VALUES (99, 'Photos')"
+                         "; INSERT INTO AttachmentIndex (IdNo, ObjTypeInd, SeqNo, FolderNo, FileName) VALUES (" +
+                         number + ", 6, 1, 99, '" + name + "')"
+                         "; UPDATE Property SET CurrImageSeq = 1 WHERE PropertyNo = " + number);
+    }
+    QString PhotoFile(const char* name) const {
+        QDir(QString::fromStdString(m_directory.Path())).mkpath("Photos");
+        return QString::fromStdString(m_directory.Path()) + "/Photos/" + name;
+    }
+    PictureLabel* OpenLaptopWith(const QImage& photo) {
+        Attach("photo.png");
+        EXPECT_TRUE(photo.save(PhotoFile("photo.png")));
+        return Find<PictureLabel>(OpenLaptop(), "picture");
+    }
+    QRect OnPage(const QWidget* widget) const { return {widget->mapTo(m_page.get(), QPoint(0, 0)), widget->size()}; }
+
     std::string Text(const char* name) const { return Find<QLabel>(*m_page, name)->text().toStdString(); }
     std::vector<std::string> Incidents() const {
         std::vector<std::string> texts;
@@ -70,6 +101,20 @@ protected:
 
     std::unique_ptr<RecordPage> m_page;
 };
+
+QImage MakePhoto(const QSize& size, const QColor& color = Qt::darkCyan) {
+    QImage photo(size, QImage::Format_RGB32);
+    photo.fill(color);
+    return photo;
+}
+
+// Columns of black and white, one pixel each.
+QImage MakeStripes(const QSize& size) {
+    QImage stripes(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x) stripes.setPixel(x, y, x % 2 == 0 ? 0xFF000000 : 0xFFFFFFFF);
+    return stripes;
+}
 
 }  // namespace
 
@@ -103,6 +148,122 @@ TEST_F(RecordPageTest, AVehicleHasFieldsOfItsOwn) {
     EXPECT_NE(Text("make"), "Not recorded");
     EXPECT_EQ(m_page->findChild<QLabel*>("serialNumber"), nullptr);
     EXPECT_EQ(m_page->findChild<QLabel*>("quantity"), nullptr);
+}
+
+TEST_F(RecordPageTest, ThePictureStandsAboveTheFields) {
+    const PictureLabel* picture = OpenLaptopWith(MakePhoto({300, 150}));
+    ASSERT_NE(picture, nullptr);
+    EXPECT_TRUE(picture->isVisible());
+    EXPECT_EQ(picture->size(), QSize(302, 152)) << "as large as it is, with its frame";
+    EXPECT_EQ(OnPage(picture).left(), 20);
+    EXPECT_LT(OnPage(picture).bottom(), OnPage(Find(*m_page, "identifier")).top());
+    EXPECT_EQ(picture->accessibleName(), "Picture of 2026-0417-03");
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(const_cast<PictureLabel*>(picture));
+    EXPECT_EQ(accessible->role(), QAccessible::Graphic);
+    EXPECT_EQ(PixelAt(Grab(*m_page), OnPage(picture).center()), QColor(Qt::darkCyan));
+    EXPECT_EQ(m_page->findChild<QWidget*>("noPicture"), nullptr);
+}
+
+TEST_F(RecordPageTest, AnyPictureFitsItsColumnAndKeepsItsProportions) {
+    for (const QSize& size : {QSize(1600, 1200), QSize(1200, 1600), QSize(3000, 300), QSize(20, 900), QSize(2, 1000)}) {
+        SCOPED_TRACE(std::to_string(size.width()) + " x " + std::to_string(size.height()));
+        const PictureLabel* picture = OpenLaptopWith(MakePhoto(size));
+        ASSERT_NE(picture, nullptr);
+        EXPECT_LE(picture->height(), 200);
+        EXPECT_LE(OnPage(picture).right(), 380 - 20);
+        const QSizeF shown = picture->size() - QSize(2, 2);
+        EXPECT_NEAR(shown.width(), std::max(1.0, shown.height() * size.width() / size.height()), 6);
+        EXPECT_TRUE(shown.height() > 190 || shown.width() > 300) << "as large as there is room";
+        EXPECT_EQ(Find<QScrollArea>(*m_page, "fields")->horizontalScrollBar()->maximum(), 0);
+    }
+}
+
+TEST_F(RecordPageTest, ThePictureIsDrawnWithTheDevicePixelsThereAre) {
+    const PictureLabel* picture = OpenLaptopWith(MakeStripes({396, 396}));
+    ASSERT_NE(picture, nullptr);
+    ASSERT_EQ(picture->size(), QSize(200, 200));
+    const QImage page = Grab(*m_page);
+    const QPoint middle = OnPage(picture).center() * page.devicePixelRatio();
+    const auto pixel = [&](int x) { return page.pixelColor(middle + QPoint(x, 0)).lightness(); };
+    const int difference = std::abs(pixel(0) - pixel(1));
+    if (page.devicePixelRatio() == 2)
+        EXPECT_EQ(difference, 255);
+    else
+        EXPECT_LT(difference, 64) << "two columns in one pixel";
+}
+
+TEST(RecordPageAtScaleTwo, ThePictureIsDrawnWithTheDevicePixelsThereAre) {
+    ExpectTheSameAtScaleTwo("RecordPageTest.ThePicture*",
+                            "RecordPageTest.ThePictureIsDrawnWithTheDevicePixelsThereAre");
+}
+
+TEST_F(RecordPageTest, APictureThatLetsTheGroundThroughStandsOnWhite) {
+    QImage photo({40, 40}, QImage::Format_ARGB32);
+    photo.fill(Qt::transparent);
+    const PictureLabel* picture = OpenLaptopWith(photo);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(PixelAt(Grab(*m_page), OnPage(picture).center()), QColor(Qt::white));
+}
+
+TEST_F(RecordPageTest, APictureOfAnItemWithoutAnIdentifierIsNamedByItsNumber) {
+    const int32_t number = NumberOf("2026-0417-03");
+    Attach("photo.png");
+    ASSERT_TRUE(MakePhoto({40, 40}).save(PhotoFile("photo.png")));
+    m_database->exec("UPDATE Property SET PropertyID = NULL WHERE PropertyNo = " + std::to_string(number));
+    Open(RecordKind::Property, number);
+    EXPECT_EQ(Find(*m_page, "picture")->accessibleName(), "Picture of Property " + QString::number(number));
+}
+
+TEST_F(RecordPageTest, WithoutAPictureNoPlaceIsTaken) {
+    Attach("photo.png");
+    OpenLaptop();
+    const int below = OnPage(Find(*m_page, "identifier")).top();
+    m_database->exec("UPDATE Property SET CurrImageSeq = NULL");
+    OpenLaptop();
+    EXPECT_EQ(m_page->findChild<QWidget*>("picture"), nullptr);
+    EXPECT_EQ(m_page->findChild<QWidget*>("noPicture"), nullptr);
+    EXPECT_LT(OnPage(Find(*m_page, "identifier")).top(), below);
+    const auto* firstCaption = Find(*m_page, "fields")->findChild<QLabel*>();
+    EXPECT_EQ(OnPage(firstCaption).top(), 77 + 20) << "right below the heading's rule";
+}
+
+TEST_F(RecordPageTest, APictureThatIsGoneIsSaidSoAndTheRestStays) {
+    Attach("photo.png");
+    OpenLaptop();
+    EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/photo.png' can't be found.");
+    EXPECT_EQ(m_page->findChild<QWidget*>("picture"), nullptr);
+    EXPECT_EQ(Text("description"), "Laptop computer, silver, with charger");
+    EXPECT_EQ(Find<QTreeWidget>(*m_page, "custody")->topLevelItemCount(), 8);
+}
+
+TEST_F(RecordPageTest, AnAttachmentThatIsNoPictureIsSaidSo) {
+    Attach("letter.txt");
+    std::ofstream(PhotoFile("letter.txt").toStdString()) << "Dear all";
+    OpenLaptop();
+    EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/letter.txt' is no picture.");
+    std::ofstream(PhotoFile("letter.txt").toStdString()) << "\x89PNG\r\n\x1a\n and nothing behind";
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Text("noPicture").rfind("The picture '", 0), 0u) << Text("noPicture");
+    EXPECT_EQ(Text("identifier"), "2026-0417-03");
+}
+
+TEST_F(RecordPageTest, APictureThatHasChangedIsShownAtTheNextLoading) {
+    QPointer<PictureLabel> picture = OpenLaptopWith(MakePhoto({100, 80}));
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(picture.isNull()) << "nothing has changed";
+    const std::filesystem::path file = PhotoFile("photo.png").toStdString();
+    const auto before = std::filesystem::last_write_time(file);
+    ASSERT_TRUE(MakePhoto({60, 40}).save(PhotoFile("photo.png")));
+    std::filesystem::last_write_time(file, before + std::chrono::hours(1));
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Find(*m_page, "picture")->size(), QSize(62, 42));
+    std::filesystem::remove(file);
+    m_page->Load();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/photo.png' can't be found.");
 }
 
 TEST_F(RecordPageTest, TheHostsFormatsAreUsed) {

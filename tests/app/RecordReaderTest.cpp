@@ -2,10 +2,16 @@
 #include "app/records/LocationPaths.h"
 #include "app/records/RecordReader.h"
 #include "base/Error.h"
+#include "host/HostServices.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/ui/SmallDepartment.h"
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,9 +21,25 @@ namespace quellbrook::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Answers with the name that it was asked for, marked, or with a sentence; keeps what it was asked.
+class RecordingThumbnails : public ThumbnailReader {
+public:
+    std::vector<std::string> asked;
+    std::string sentence;
+    std::string Read(const std::string& path) override {
+        asked.push_back(path);
+        if (!sentence.empty()) Raise(ErrorNumber::General, "RecordingThumbnails.Read", sentence);
+        return path + ".thumbnail";
+    }
+};
 
 class RecordReaderTest : public SmallDepartment {
 protected:
+    RecordReaderTest() { HostServices::Current().SetThumbnails(m_thumbnails); }
+    ~RecordReaderTest() override { HostServices::Current().SetThumbnails(nullptr); }
+
     static Record ReadItem(const StoredItemRef& item) {
         return Read({item->ItemType() == StoredItemTypes::Property ? RecordKind::Property : RecordKind::Vehicle,
                      item->ID()});
@@ -42,6 +64,8 @@ protected:
             numbers.push_back(incident.number + "|" + incident.caseNumber + (incident.isSecured ? "|secured" : ""));
         return numbers;
     }
+
+    std::shared_ptr<RecordingThumbnails> m_thumbnails = std::make_shared<RecordingThumbnails>();
 };
 
 }  // namespace
@@ -241,6 +265,71 @@ TEST_F(RecordReaderTest, SecuredIncidentsNeedOneOfTwoRights) {
         m_session->Grant("Incident", right);
         EXPECT_THAT(IncidentsOf(ReadItem(item)), ElementsAre("2026-0388|C-1|secured", "2026-0417|C-2")) << right;
     }
+}
+
+TEST_F(RecordReaderTest, ThePictureIsTheOneThatStandsForTheMainAttachment) {
+    const StoredItemRef property = AddProperty("E-1", "Box", shelf);
+    const StoredItemRef vehicle = AddVehicle("ABC", shelf);
+    ASSERT_EQ(property->ID(), vehicle->ID());
+    m_database.AddAttachment(StoredItemTypes::Property, property->ID(), "/files/property", "box.jpg");
+    m_database.AddAttachment(StoredItemTypes::vehicle, vehicle->ID(), "/files/vehicles/", "/car.jpg");
+    EXPECT_EQ(ReadItem(property).picture->fileName, "/files/property/box.jpg.thumbnail");
+    EXPECT_EQ(ReadItem(vehicle).picture->fileName, "/files/vehicles/car.jpg.thumbnail");
+    EXPECT_THAT(m_thumbnails->asked, ElementsAre("/files/property/box.jpg", "/files/vehicles/car.jpg"));
+}
+
+TEST_F(RecordReaderTest, OfSeveralAttachmentsTheMainOneIsTaken) {
+    const StoredItemRef item = AddProperty("E-1", "Box", shelf);
+    for (const char* name : {"front.jpg", "back.jpg", "inside.jpg"})
+        m_database.AddAttachment(StoredItemTypes::Property, item->ID(), "/files", name);
+    EXPECT_EQ(ReadItem(item).picture->fileName, "/files/inside.jpg.thumbnail");
+    m_database.Execute("UPDATE Property SET CurrImageSeq = 2");
+    EXPECT_EQ(ReadItem(item).picture->fileName, "/files/back.jpg.thumbnail");
+}
+
+TEST_F(RecordReaderTest, WithoutAMainAttachmentThereIsNoPicture) {
+    const StoredItemRef item = AddProperty("E-1", "Box", shelf);
+    EXPECT_FALSE(ReadItem(item).picture);
+    m_database.AddAttachment(StoredItemTypes::Property, item->ID(), "/files", "box.jpg");
+    for (const char* change :
+         {"UPDATE AttachmentIndex SET FileName = ''", "UPDATE AttachmentIndex SET FileName = NULL",
+          "UPDATE AttachmentIndex SET FileName = 'box.jpg', FolderNo = NULL", "UPDATE Property SET CurrImageSeq = 99",
+          "UPDATE Property SET CurrImageSeq = NULL"}) {
+        m_database.Execute(change);
+        EXPECT_FALSE(ReadItem(item).picture) << change;
+    }
+    EXPECT_THAT(m_thumbnails->asked, IsEmpty());
+}
+
+TEST_F(RecordReaderTest, ThePictureOfTheOtherKindWithTheSameNumberIsNotTaken) {
+    const StoredItemRef property = AddProperty("E-1", "Box", shelf);
+    const StoredItemRef vehicle = AddVehicle("ABC", shelf);
+    ASSERT_EQ(property->ID(), vehicle->ID());
+    m_database.AddAttachment(StoredItemTypes::vehicle, vehicle->ID(), "/files", "car.jpg");
+    m_database.Execute("UPDATE Property SET CurrImageSeq = 1");
+    EXPECT_FALSE(ReadItem(property).picture);
+}
+
+TEST_F(RecordReaderTest, WhyAPictureCannotBeShownIsSaidInTheReadersWords) {
+    const StoredItemRef item = AddProperty("E-1", "Box", shelf);
+    m_database.AddAttachment(StoredItemTypes::Property, item->ID(), "/files", "box.jpg");
+    m_thumbnails->sentence = "The attachment is on a tape in the cellar.";
+    const Record record = ReadItem(item);
+    EXPECT_EQ(record.identifier, "E-1");
+    EXPECT_EQ(record.picture->fileName, "");
+    EXPECT_EQ(record.picture->refusal, "The attachment is on a tape in the cellar.");
+}
+
+TEST_F(RecordReaderTest, APictureThatWasReplacedInItsFileMakesAnotherRecord) {
+    const ScratchFolder folder;
+    const StoredItemRef item = AddProperty("E-1", "Box", shelf);
+    m_database.AddAttachment(StoredItemTypes::Property, item->ID(), folder.Path(), "box");
+    const std::string fileName = folder.In("box.thumbnail");
+    std::ofstream(fileName) << "a picture";
+    const Record before = ReadItem(item);
+    EXPECT_EQ(ReadItem(item), before);
+    std::filesystem::last_write_time(fileName, before.picture->written + std::chrono::hours(1));
+    EXPECT_NE(ReadItem(item), before);
 }
 
 TEST_F(RecordReaderTest, HostileTextsComeBackAsTheyAre) {

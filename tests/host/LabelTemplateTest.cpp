@@ -81,6 +81,61 @@ TEST(LabelTemplate, AnEditorsInnerSpanSaysHowATextIsWritten) {
     EXPECT_NEAR(label.texts[0].place.box.left, 3, 1e-9);
 }
 
+TEST(LabelTemplate, OfSpansInsideSpansTheInnermostSaysHowAndTheFirstPlaceWhere) {
+    const FilledLabel label =
+        Fill(Svg("<text id='name'><tspan font-size='4px'><tspan x='3' y='9'><tspan font-weight='700'>a</tspan></tspan>"
+                 "</tspan><tspan x='3' y='14' font-size='9px'>b</tspan></text>"),
+             {{"name", "x"}});
+    EXPECT_NEAR(label.texts[0].size, 4, 1e-9);
+    EXPECT_EQ(label.texts[0].weight, 700);
+    ExpectBox(label.texts[0].place, {3, 9 - 3.8, 100 - 3 - 1.5, 5});
+}
+
+TEST(LabelTemplate, ClassesOfTheDrawingsStyleSheetCount) {
+    const FilledLabel label =
+        Fill(Svg("<style type='text/css'>\n\t.st0{font-family:'Some Face';}\n\t.st1{font-size:5px;font-weight:600;"
+                 "fill:#123456;text-anchor:end;}\n</style><text id='name' class='st0' transform='matrix(1 0 0 1 90 9)'>"
+                 "<tspan x='0' y='0' class='st1'>s</tspan></text>"),
+             {{"name", "x"}});
+    EXPECT_EQ(label.texts[0].family, "Some Face");
+    EXPECT_NEAR(label.texts[0].size, 5, 1e-9);
+    EXPECT_EQ(label.texts[0].weight, 600);
+    EXPECT_EQ(label.texts[0].color, "#123456");
+    EXPECT_EQ(label.texts[0].anchor, LabelAnchor::End);
+    EXPECT_THAT(label.drawing, HasSubstr(".st1{"));
+}
+
+// As an editor saves it: a metadata block, layers that are moved and hidden, styles, everything with an id.
+TEST(LabelTemplate, AnEditorsLayersAndMetadataAreNoTrouble) {
+    const FilledLabel label = Fill(R"svg(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
+<!-- Created with an editor -->
+<svg width="101.6mm" height="50.8mm" viewBox="0 0 101.6 50.8" version="1.1" id="svg5" e:docname="label.svg"
+    xmlns:e="http://example.org/editor" xmlns="http://www.w3.org/2000/svg" xmlns:svg="http://www.w3.org/2000/svg">
+  <e:view id="view7" pagecolor="#ffffff"><e:grid type="xygrid" id="grid1"/></e:view>
+  <defs id="defs2"><rect x="10" y="60" width="100" height="20" id="rect88"/></defs>
+  <g e:label="Boxes" id="layer2" style="display:none" transform="translate(-52.3,-100.25)">
+    <rect style="fill:none;stroke:#9ab4c4" id="name_box" width="93.6" height="7.8" x="56.3" y="108.05" ry="0.5"/>
+  </g>
+  <g e:label="Layer 1" id="layer1" transform="translate(-52.3,-100.25)">
+    <g id="g10" transform="matrix(0.26458333,0,0,0.26458333,50,100)">
+      <text xml:space="preserve" id="place" x="200" y="24" style="font-size:12px;-e-font:'Inter';text-anchor:middle"
+        ><tspan e:role="line" id="tspan1" x="200" y="24">sample</tspan></text>
+    </g>
+    <text xml:space="preserve" id="name" x="56.3" y="114" style="font-size:6.35px;line-height:1.25;fill:#800000"
+      ><tspan e:role="line" id="tspan2" x="56.3" y="114" style="stroke-width:0.26">sample</tspan></text>
+    <svg:rect style="fill:#d8dde0" id="barcode" width="85" height="18.2" x="56.3" y="130.65"/>
+  </g>
+</svg>)svg",
+                                   {{"name", "x"}, {"place", "y"}, {"barcode", barcode}});
+    ExpectBox(label.texts[0].place, {4, 7.8, 93.6, 7.8});
+    EXPECT_NEAR(label.texts[0].size, 6.35, 1e-9);
+    EXPECT_EQ(label.texts[0].color, "#800000");
+    EXPECT_NEAR(label.texts[1].size, 3.175, 1e-6);
+    EXPECT_NEAR(label.texts[1].place.box.left + label.texts[1].place.box.width / 2, 50 - 52.3 + 200 * 0.26458333, 1e-6);
+    ExpectBox(label.barcodes[0].place, {4, 30.4, 85, 18.2});
+    EXPECT_THAT(label.drawing, Not(HasSubstr("sample")));
+}
+
 TEST(LabelTemplate, ABoxSaysWhereATextMayStand) {
     const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"
                                        "<rect id='name_box' x='20' y='10' width='30' height='12'/>"),

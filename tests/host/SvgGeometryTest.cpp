@@ -70,20 +70,7 @@ TEST(SvgTransform, WhatCantBeReadIsNone) {
         EXPECT_FALSE(ParseTransform(text)) << text;
 }
 
-TEST(SvgProperties, TheStyleComesBeforeTheAttributeAndTheElementBeforeThoseAroundIt) {
-    pugi::xml_document document;
-    document.load_string("<g fill='red' style='font-size: 12px ;stroke:none' font-weight='700'>"
-                         "<text fill='blue' style='fill:green' font-size='inherit'/></g>");
-    const pugi::xml_node text = document.child("g").child("text");
-    EXPECT_EQ(InheritedProperty(text, "fill"), "green");
-    EXPECT_EQ(InheritedProperty(text, "font-size"), "12px");
-    EXPECT_EQ(InheritedProperty(text, "font-weight"), "700");
-    EXPECT_EQ(InheritedProperty(text, "stroke"), "none");
-    EXPECT_EQ(InheritedProperty(text, "font"), "");
-    EXPECT_EQ(OwnProperty(text, "font-weight"), "");
-}
-
-TEST(SvgProperties, TheNamespacesPrefixDoesNotCount) {
+TEST(SvgElements, TheNamespacesPrefixDoesNotCount) {
     pugi::xml_document document;
     document.load_string("<svg:rect/>");
     EXPECT_EQ(LocalName(document.document_element()), "rect");

@@ -16,7 +16,8 @@ Picture ReadPicture(const std::string& fileName) {
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (std::max(size.width(), size.height()) > LargestPictureSide)
-        reader.setScaledSize(size.scaled(LargestPictureSide, LargestPictureSide, Qt::KeepAspectRatio));
+        reader.setScaledSize(
+            size.scaled(LargestPictureSide, LargestPictureSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     const QImage image = reader.read();
     if (image.isNull()) {
         Raise(ErrorNumber::General, "LoadPicture",

@@ -6,6 +6,7 @@
 #include "ui/labels/TextFit.h"
 
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <algorithm>
@@ -22,6 +23,16 @@ constexpr double LargestReadable = 4;     // millimetres
 constexpr double LowestWithText = 8;      // millimetres
 
 [[noreturn]] void Refuse(const std::string& why) { Raise(ErrorNumber::General, "BarcodeLabel.Print", why); }
+
+// A colour as a drawing writes it: by name, #rrggbb, or rgb(r, g, b) with 0 to 255; black for any other.
+QColor ColorOf(const QString& text) {
+    static const QString part = QStringLiteral("[\\s,]*(\\d{1,3})");
+    static const QRegularExpression parts("^rgb\\(" + part + part + part + "\\s*\\)$");
+    const QRegularExpressionMatch found = parts.match(text);
+    const auto value = [&found](int which) { return found.captured(which).toInt(); };
+    const QColor color = found.hasMatch() ? QColor(value(1), value(2), value(3)) : QColor(text);
+    return color.isValid() ? color : QColor(Qt::black);
+}
 
 // The painter's state, put back at destruction.
 class SavedState {
@@ -128,8 +139,7 @@ private:
         font.setItalic(text.italic);
         const int largest = std::max(1, Dots(text.size));
         const FittedText fitted = FitText(ToQString(text.text), font, largest, Dots(SmallestFont), room);
-        const QColor color(ToQString(text.color));
-        m_painter.setPen(color.isValid() ? color : QColor(Qt::black));
+        m_painter.setPen(ColorOf(ToQString(text.color)));
         m_painter.setFont(fitted.font);
         const QFontMetricsF metrics(fitted.font);
         qreal baseline = fitted.ascent;

@@ -54,6 +54,14 @@ TEST_F(PicturesTest, ALargePictureIsMadeSmaller) {
     EXPECT_EQ(picture.height, LargestPictureSide / 2);
 }
 
+TEST_F(PicturesTest, AVeryNarrowPictureKeepsAPixel) {
+    QImage image(1, 3000, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    const Picture picture = LoadPicture(Save(image, "narrow.png"));
+    EXPECT_EQ(picture.width, 1);
+    EXPECT_EQ(picture.height, LargestPictureSide);
+}
+
 TEST_F(PicturesTest, WhatIsNoPictureIsAnErrorThatNamesIt) {
     const std::string missing = m_folder.filePath("missing.png").toStdString();
     const Error error = RaisedBy([&] { LoadPicture(missing); });

@@ -165,14 +165,22 @@ TEST(LabelPainter, MarkupIsText) {
 }
 
 TEST(LabelPainter, TheDrawingAndTheColorOfATextAreKept) {
-    const FilledLabel label = Fill("<rect x='10' y='50' width='20' height='5' fill='#ff0000'/>"
-                                   "<text id='name' x='20' y='30' font-size='12' font-weight='900' fill='#0000ff'/>",
-                                   {{"name", "III"}});
-    const QImage image = MakeLabelImage(label, dpi);
-    EXPECT_EQ(image.pixel(200, 525), QColor(Qt::red).rgb());
-    bool isBlue = false;
-    for (int x = 200; x < 400; ++x) isBlue = isBlue || image.pixel(x, 270) == QColor(Qt::blue).rgb();
-    EXPECT_TRUE(isBlue);
+    const auto hasColor = [](const std::string& fill, const QColor& expected) {
+        const FilledLabel label = Fill("<rect x='10' y='50' width='20' height='5' fill='#ff0000'/>"
+                                       "<text id='name' x='20' y='30' font-size='12' font-weight='900' fill='" +
+                                           fill + "'/>",
+                                       {{"name", "III"}});
+        const QImage image = MakeLabelImage(label, dpi);
+        EXPECT_EQ(image.pixel(200, 525), QColor(Qt::red).rgb());
+        bool found = false;
+        for (int x = 200; x < 400; ++x) found = found || image.pixel(x, 270) == expected.rgb();
+        return found;
+    };
+    EXPECT_TRUE(hasColor("#0000ff", Qt::blue));
+    EXPECT_TRUE(hasColor("blue", Qt::blue));
+    EXPECT_TRUE(hasColor("rgb(0, 0,255)", Qt::blue));
+    EXPECT_TRUE(hasColor("rgb(0 0 256)", Qt::black));
+    EXPECT_TRUE(hasColor("none of these", Qt::black));
 }
 
 TEST(LabelPainter, APdfHasAPageForEachLabelInItsSize) {

@@ -1,0 +1,76 @@
+#include "app/scanner/ChoiceBox.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int fieldHeight = 36, textMargin = 12, arrowRoom = 32, rowHeight = 32;
+
+// The rows of the list stand under the text of the field.
+class RowDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width() + 2 * textMargin, rowHeight};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const bool chosen = option.state & QStyle::State_Selected;
+        painter->fillRect(option.rect, option.palette.color(chosen ? QPalette::Highlight : QPalette::Base));
+        painter->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+        painter->setFont(option.font);
+        const QRect place = option.rect.adjusted(textMargin, 0, -textMargin, 0);
+        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                          option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+    }
+};
+
+}  // namespace
+
+ChoiceBox::ChoiceBox(const QString& accessibleName, QWidget* parent) : QComboBox(parent) {
+    setAccessibleName(accessibleName);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setItemDelegate(new RowDelegate(this));
+}
+
+QSize ChoiceBox::sizeHint() const {
+    int widest = 0;
+    for (int index = 0; index < count(); ++index)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(index)));
+    return {textMargin + widest + arrowRoom, fieldHeight};
+}
+
+QSize ChoiceBox::minimumSizeHint() const { return {textMargin + arrowRoom + 60, fieldHeight}; }
+
+void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void ChoiceBox::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int line = hasFocus() ? 2 : 1;
+    const qreal inset = line / 2.0;
+    painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Link : QPalette::Dark), line));
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 2, 2);
+
+    const QPointF tip(width() - arrowRoom / 2.0, height() / 2.0 + 2);
+    QPainterPath arrow(tip + QPointF(-4, -4));
+    arrow.lineTo(tip);
+    arrow.lineTo(tip + QPointF(4, -4));
+    painter.setPen(QPen(palette().color(QPalette::Text), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(arrow);
+
+    const QRect place = rect().adjusted(textMargin, 0, -arrowRoom, 0);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
+}
+
+}  // namespace quellbrook

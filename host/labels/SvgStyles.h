@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace quellbrook::svg {
+
+// How the elements of a drawing are painted. Properties come from an element's style, from the drawing's style elements
+// and from the attribute of that name, in this order; an empty text is what nobody sets.
+
+// As the element itself sets it, by its style or its attribute.
+std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name);
+
+// The style elements of a drawing. Rules for single classes, ids and elements are known (".st0, .st1", "#title",
+// "text"), all others left out.
+class StyleSheet {
+public:
+    explicit StyleSheet(const pugi::xml_node& root);
+
+    // As it holds for the element: its own, or that of the nearest element around it that has one. Valid as long as the
+    // sheet and the document.
+    std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name) const;
+
+private:
+    struct Rule {
+        std::string selector;
+        std::string declarations;
+    };
+
+    void Collect(const pugi::xml_node& element);
+    void AddRules(std::string css);
+    std::string_view RuledProperty(const pugi::xml_node& element, std::string_view name) const;
+
+    std::vector<Rule> m_rules;  // in their order
+};
+
+}  // namespace quellbrook::svg

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "app/Department.h"
+#include "host/HostServices.h"
+
+#include <QByteArray>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace quellbrook::testing {
+
+// A workstation of its own in scratch space, from construction to destruction: the user's folders, the host's files
+// with a template for evidence labels, and a print system with the printers it is told to have, which writes down its
+// jobs.
+class ScratchWorkstation {
+public:
+    ScratchWorkstation() {
+        Set("HOME", In("home"));
+        Set("XDG_CONFIG_HOME", In("config"));
+        std::filesystem::create_directories(In("config"));
+        std::ofstream(In("config/user-dirs.dirs")) << "XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n";
+        std::filesystem::create_directories(In("bin"));
+        std::filesystem::create_directories(In("home"));
+        Set("PATH", In("bin") + ":/usr/bin:/bin");
+        SetPrinters({});
+        SetPrintCommand("echo \"$*\" >> " + In("jobs") + "\nwc -c >> " + In("jobs"));
+        SetTemplate(R"(<svg xmlns="http://www.w3.org/2000/svg" width="100mm" height="50mm" viewBox="0 0 100 50">
+<rect id="barcode" x="5" y="25" width="90" height="20"/>
+<text id="property_id" x="5" y="10" font-size="6">ID</text>
+<text id="description" x="5" y="18" font-size="3">Text</text>
+</svg>)");
+        HostServices::Current().SetFiles(std::make_shared<DirectoryFiles>(In("shared")));
+    }
+
+    ~ScratchWorkstation() {
+        HostServices::Current().SetPrinter(nullptr);
+        HostServices::Current().SetFiles(nullptr);
+        for (const auto& [name, value] : m_before)
+            value.isNull() ? qunsetenv(name.c_str()) : qputenv(name.c_str(), value);
+    }
+    ScratchWorkstation(const ScratchWorkstation&) = delete;
+    ScratchWorkstation& operator=(const ScratchWorkstation&) = delete;
+
+    std::string In(const std::string& name) const { return m_directory.Path() + "/" + name; }
+    std::string ChoiceFile() const { return In("config/choice.ini"); }
+    std::string LabelFolder() const { return In("home/Papers/Labels"); }
+
+    // The names that the print system answers with; each asking for them is written down.
+    void SetPrinters(const std::vector<std::string>& names) const {
+        std::string answer = "echo asked >> " + In("asked") + "\n";
+        for (const std::string& name : names) answer += "echo '" + name + "'\n";
+        Install("lpstat", answer);
+    }
+    // What a job does, as lines of a shell.
+    void SetPrintCommand(const std::string& lines) const { Install("lp", lines); }
+    // Empty: there is none.
+    void SetTemplate(const std::string& text) const {
+        std::filesystem::create_directories(In("shared/Files/Data"));
+        const std::string path = In("shared/Files/Data/evidence.labl");
+        std::filesystem::remove(path);
+        if (!text.empty()) std::ofstream(path) << text;
+    }
+
+    // Empty where there is no such file.
+    std::string Content(const std::string& name) const {
+        std::ifstream file(In(name));
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+    bool HasBeenAsked() const { return std::filesystem::exists(In("asked")); }
+
+private:
+    void Set(const char* name, const std::string& value) {
+        m_before.try_emplace(name, qgetenv(name));
+        qputenv(name, QByteArray::fromStdString(value));
+    }
+
+    void Install(const std::string& program, const std::string& lines) const {
+        std::ofstream(In("bin/" + program)) << "#!/bin/sh\n" << lines << "\n";
+        std::filesystem::permissions(In("bin/" + program), std::filesystem::perms::owner_all);
+    }
+
+    ScratchDirectory m_directory;
+    std::map<std::string, QByteArray> m_before;
+};
+
+}  // namespace quellbrook::testing
