@@ -8,6 +8,8 @@
 #include "ui/controls/FlatButton.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QPainter>
 #include <QTimer>
 #include <QWidget>
 
@@ -57,28 +59,52 @@ double Median(std::vector<double> times) {
     return times[share / 2];
 }
 
-// The last hundred of so many operations beside the first hundred, and what each of the second half has left behind:
-// by then the toolkit's caches are full.
+double MicrosecondsOf(const std::function<void()>& operation) {
+    const auto start = std::chrono::steady_clock::now();
+    operation();
+    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+}
+
+// Work that is always the same: the toolkit paints a text many times. What it takes tells how fast the machine is just
+// then, which on a shared machine changes by a factor of two between the first operations and the last.
+void PaintYardstick() {
+    static QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    for (int y = 0; y < 600; y += 4) painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
+}
+
+// Times of a hundred operations, and of the yardstick laid beside each.
+struct Pace {
+    std::vector<double> operations, yardsticks;
+    double Typical() const { return Median(operations); }
+    double Machine() const { return Median(yardsticks); }
+};
+
+Pace MeasureHundred(const std::function<void()>& operation) {
+    Pace measured;
+    for (int i = 0; i < share; ++i) {
+        measured.yardsticks.push_back(MicrosecondsOf(PaintYardstick));
+        measured.operations.push_back(MicrosecondsOf(operation));
+    }
+    return measured;
+}
+
+// The last hundred of so many operations, at the machine's speed of the first hundred, beside these; and what each of
+// the second half has left behind: by then the toolkit's caches are full.
 void MeasurePace(const char* name, int count, const std::function<void()>& operation, std::vector<Result>& results) {
     for (int i = 0; i < share; ++i) operation();
-    std::vector<double> times;
-    times.reserve(static_cast<size_t>(count));
-    size_t bytes = 0;
-    qsizetype widgets = 0;
-    for (int i = 0; i < count; ++i) {
-        if (i == count / 2) {
-            bytes = mallinfo2().uordblks;
-            widgets = QApplication::allWidgets().size();
-        }
-        const auto start = std::chrono::steady_clock::now();
-        operation();
-        const std::chrono::duration<double, std::micro> elapsed = std::chrono::steady_clock::now() - start;
-        times.push_back(elapsed.count());
-    }
+    const Pace first = MeasureHundred(operation);
+    for (int i = share; i < count / 2; ++i) operation();
+    const size_t bytes = mallinfo2().uordblks;
+    const qsizetype widgets = QApplication::allWidgets().size();
+    for (int i = count / 2; i < count - share; ++i) operation();
+    const double lastTime = [&] {
+        const Pace last = MeasureHundred(operation);
+        return last.Typical() * first.Machine() / last.Machine();
+    }();
     Require(QApplication::allWidgets().size() == widgets, std::string(name) + ": a widget was left behind.");
     const double left = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(bytes);
-    results.push_back({std::string(name) + ", last hundred over first", count, "us",
-                       Median({times.end() - share, times.end()}), Median({times.begin(), times.begin() + share}), pace});
+    results.push_back({std::string(name) + ", last hundred over first", count, "us", lastTime, first.Typical(), pace});
     results.push_back(
         {std::string(name) + ", bytes left by each", count, "B", std::max(0.0, left / (count / 2)), {}, bytesLeft});
 }
