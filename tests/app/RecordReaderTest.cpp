@@ -6,6 +6,7 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/RecordingThumbnails.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/ui/SmallDepartment.h"
 
@@ -22,18 +23,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-// Answers with the name that it was asked for, marked, or with a sentence; keeps what it was asked.
-class RecordingThumbnails : public ThumbnailReader {
-public:
-    std::vector<std::string> asked;
-    std::string sentence;
-    std::string Read(const std::string& path) override {
-        asked.push_back(path);
-        if (!sentence.empty()) Raise(ErrorNumber::General, "RecordingThumbnails.Read", sentence);
-        return path + ".thumbnail";
-    }
-};
 
 class RecordReaderTest : public SmallDepartment {
 protected:

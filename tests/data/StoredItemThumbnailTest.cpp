@@ -2,6 +2,7 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/Items.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/RecordingThumbnails.h"
 
 #include <gmock/gmock.h>
 
@@ -10,16 +11,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-// Answers with the name that it was asked for, marked; keeps what it was asked.
-class RecordingThumbnails : public ThumbnailReader {
-public:
-    std::vector<std::string> asked;
-    std::string Read(const std::string& path) override {
-        asked.push_back(path);
-        return path + ".thumbnail";
-    }
-};
 
 class StoredItemThumbnailTest : public DatabaseTest {
 protected:

@@ -8,9 +8,6 @@
 
 namespace quellbrook {
 
-// The resolutions of label printers, dots to an inch.
-inline constexpr int LabelResolutions[] = {203, 300, 600};
-
 // Writes each label into a PDF file of its own, named after its barcode: "P0000004711.pdf". A label printed again
 // replaces its file.
 class PdfLabelPrinter : public LabelPrinter {

@@ -1,13 +1,8 @@
-#include "core/Actions.h"
 #include "data/BarcodeText.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/ui/Scanner.h"
-#include "tests/ui/explorer/ExplorerTest.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/controls/BarcodeListenerControl.h"
-#include "ui/controls/Label.h"
-#include "ui/controls/Strings.h"
-#include "ui/explorer/EvidenceExplorer.h"
-#include "ui/explorer/LocationView.h"
 
 #include <gmock/gmock.h>
 
@@ -21,19 +16,13 @@ const std::string problem = "There was a problem with the barcode you scanned: \
 const std::string invalid =
     "The barcode you scanned is invalid. If you believe the barcode is OK, try re-scanning it.";
 
-class EvidenceExplorerBarcodeTest : public ExplorerTest {
+class EvidenceExplorerBarcodeTest : public ExplorerWindowTest {
 protected:
     EvidenceExplorerBarcodeTest() {
-        m_shelf = AddLocation("Shelf A");
-        m_bin = AddLocation("Bin 1", m_shelf);
-        m_item = AddItem("E-1", m_bin);
         m_vehicle = AddVehicle("ABC 123", m_shelf);
-        m_window.resize(1280, 760);
-        m_explorer = new EvidenceExplorer(&m_window);
-        m_explorer->setGeometry(0, 0, 1280, 760);
+        GetStores();
         GetActions().NavigateTo(ViewNames::Explorer, nullptr);
-        ShowActive(m_window);
-        m_explorer->SetSelectedLocation(LocationOf(m_shelf));
+        Show(m_shelf);
     }
 
     // A scan with all that it leads to.
@@ -57,11 +46,8 @@ protected:
         if (view.ViewName() != ViewNames::ItemView) return "";
         return ToObject<StoredItem>(view.ViewParameters()->Value("Item"))->DisplayID();
     }
-    std::string Title() { return ToUtf8(Find<Label>(*m_explorer, "lblTitle")->Caption()); }
 
-    int32_t m_shelf, m_bin, m_item, m_vehicle;
-    QWidget m_window;
-    EvidenceExplorer* m_explorer;
+    int32_t m_vehicle;
 };
 
 TEST_F(EvidenceExplorerBarcodeTest, ALocationsBarcodeSelectsIt) {
@@ -72,19 +58,19 @@ TEST_F(EvidenceExplorerBarcodeTest, ALocationsBarcodeSelectsIt) {
 }
 
 TEST_F(EvidenceExplorerBarcodeTest, AnItemsBarcodeOpensIt) {
-    ScanAndWait("P", m_item);
+    ScanAndWait("P", m_first);
     EXPECT_EQ(OpenedItem(), "E-1");
     GetActions().GoBack();
     ScanAndWait("V", m_vehicle);
     EXPECT_EQ(OpenedItem(), "ABC 123 (OR)");
     GetActions().GoBack();
-    ScanAndWait("p" + std::to_string(m_item));
+    ScanAndWait("p" + std::to_string(m_first));
     EXPECT_EQ(OpenedItem(), "E-1") << "a small letter, no leading zeros";
 }
 
 TEST_F(EvidenceExplorerBarcodeTest, AnItemIsToldByItsKindAndKeyTogether) {
-    ASSERT_EQ(m_item, m_vehicle) << "one key for a piece of property and a vehicle";
-    ScanAndWait("V", m_item);
+    ASSERT_EQ(m_first, m_vehicle) << "one key for a piece of property and a vehicle";
+    ScanAndWait("V", m_first);
     EXPECT_EQ(OpenedItem(), "ABC 123 (OR)");
 }
 
@@ -130,7 +116,7 @@ TEST_F(EvidenceExplorerBarcodeTest, AFailureOfTheDatabaseIsToldAndLeavesTheViewA
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
     engine->FailAtStatement(1, Error(ErrorNumber::General, "The engine", "The server is gone."));
-    ScanAndWait("P", m_item);
+    ScanAndWait("P", m_first);
     ExpectMessage(problem + "The server is gone.", "Barcode Scan Error");
     EXPECT_EQ(OpenedItem(), "");
     EXPECT_EQ(Title(), "Shelf A");
@@ -138,7 +124,7 @@ TEST_F(EvidenceExplorerBarcodeTest, AFailureOfTheDatabaseIsToldAndLeavesTheViewA
 
 TEST_F(EvidenceExplorerBarcodeTest, HearsNothingWhileItIsHidden) {
     m_explorer->hide();
-    Scan("P" + std::to_string(m_item));
+    Scan("P" + std::to_string(m_first));
     EXPECT_EQ(m_timers.Tick(1), 0);
     EXPECT_EQ(OpenedItem(), "");
 }

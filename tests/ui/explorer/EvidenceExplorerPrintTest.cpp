@@ -1,12 +1,6 @@
 #include "data/BarcodeText.h"
 #include "tests/support/LabelServices.h"
-#include "tests/ui/explorer/ExplorerTest.h"
-#include "ui/controls/ListView.h"
-#include "ui/explorer/ActionMenu.h"
-#include "ui/explorer/EvidenceExplorer.h"
-#include "ui/explorer/LocationView.h"
-
-#include <QAction>
+#include "tests/ui/explorer/ExplorerWindowTest.h"
 
 #include <gmock/gmock.h>
 
@@ -15,23 +9,13 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class EvidenceExplorerPrintTest : public ExplorerTest {
+class EvidenceExplorerPrintTest : public ExplorerWindowTest {
 protected:
-    EvidenceExplorerPrintTest() {
-        m_shelf = AddLocation("Shelf A");
-        m_bin = AddLocation("Bin 1", m_shelf);
-        m_first = AddItem("E-1", m_shelf);
-        m_second = AddItem("E-2", m_shelf);
-        m_window.resize(1280, 760);
-        m_explorer = new EvidenceExplorer(&m_window);
-        m_explorer->setGeometry(0, 0, 1280, 760);
-        ShowActive(m_window);
-        m_explorer->SetSelectedLocation(LocationOf(m_shelf));
-    }
+    EvidenceExplorerPrintTest() { Show(m_shelf); }
 
     void PrintAll() {
-        m_explorer->ItemPane()->List()->Tree()->setFocus();
-        m_explorer->ItemPane()->SelectAll();
+        m_list->Tree()->setFocus();
+        m_view->SelectAll();
         Print();
     }
     void Print() { m_explorer->Menu()->Entry(MenuEntry::Print)->trigger(); }
@@ -43,9 +27,6 @@ protected:
     }
 
     LabelServices m_labels;
-    int32_t m_shelf, m_bin, m_first, m_second;
-    QWidget m_window;
-    EvidenceExplorer* m_explorer;
 };
 
 TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
@@ -57,15 +38,15 @@ TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
 
 TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
     m_explorer->setFocus();
-    m_window.setFocus();
+    m_window->setFocus();
     Print();
     EXPECT_THAT(PrintedBarcodes(), ElementsAre(MakeBarcodeText("L", m_shelf)));
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureIsToldAndEndsThePrinting) {
     m_labels.printer->refusal = "Out of labels.";
-    m_explorer->ItemPane()->List()->Tree()->setFocus();
-    m_explorer->ItemPane()->SelectAll();
+    m_list->Tree()->setFocus();
+    m_view->SelectAll();
     Print();
     const std::vector<RecordingScreen::Message> messages = m_screen.TakeMessages();
     ASSERT_EQ(messages.size(), 1u) << "no second try";
