@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 
 #include <filesystem>
 #include <vector>

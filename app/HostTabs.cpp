@@ -1,6 +1,6 @@
 #include "app/HostTabs.h"
 
-#include "app/HostGuard.h"
+#include "app/common/HostGuard.h"
 #include "app/records/RecordPage.h"
 #include "app/scanner/PrinterChoice.h"
 #include "app/scanner/ScannerPage.h"

@@ -1,6 +1,6 @@
 #include "app/LoginForm.h"
 
-#include "app/PlainLabels.h"
+#include "app/common/PlainLabels.h"
 
 #include <QGridLayout>
 #include <QLabel>

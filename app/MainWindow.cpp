@@ -1,6 +1,6 @@
 #include "app/MainWindow.h"
 
-#include "app/HostGuard.h"
+#include "app/common/HostGuard.h"
 #include "app/HostTabs.h"
 #include "component/Quellbrook.h"
 #include "host/DatabaseSession.h"

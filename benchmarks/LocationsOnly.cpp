@@ -1,7 +1,7 @@
 #include "benchmarks/LocationsOnly.h"
 
 #include "benchmarks/Baseline.h"
-#include "host/schema/SqliteSchema.h"
+#include "database/schema/SqliteSchema.h"
 
 #include <cstdio>
 #include <vector>

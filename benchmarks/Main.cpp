@@ -1,10 +1,10 @@
-#include "app/sample/ProgressBar.h"
-#include "app/sample/SampleDepartment.h"
+#include "demo/sample/ProgressBar.h"
+#include "demo/sample/SampleDepartment.h"
 #include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
 #include "host/HostLocationData.h"
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 
 #include <fmt/core.h>
 

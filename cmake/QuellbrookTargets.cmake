@@ -1,67 +1,61 @@
-set(CMAKE_CXX_STANDARD 20)
-set(CMAKE_CXX_STANDARD_REQUIRED ON)
-set(CMAKE_CXX_EXTENSIONS OFF)
-if(NOT CMAKE_BUILD_TYPE)
-  set(CMAKE_BUILD_TYPE Release)
-endif()
-set(CMAKE_CXX_FLAGS_RELEASE "-O2")
-
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
-    "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
-endif()
-
-# Given here and not as a property, which would tell programs from libraries and so keep them from sharing a
-# precompiled header.
-add_compile_options(-fPIC)
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
-if(QUELLBROOK_WERROR)
-  add_compile_options(-Werror)
-endif()
+# Compiler options, warnings and the sanitizers, for our own targets only. Anything that links one of our libraries gets
+# them too, unless it comes from outside this project.
+add_library(quellbrook_options INTERFACE)
+add_library(Quellbrook::options ALIAS quellbrook_options)
+target_compile_features(quellbrook_options INTERFACE cxx_std_20)
+target_include_directories(quellbrook_options INTERFACE "${PROJECT_SOURCE_DIR}")
+# An option instead of the property POSITION_INDEPENDENT_CODE: the property gives programs and libraries different
+# flags, and they could not share a precompiled header.
+target_compile_options(quellbrook_options INTERFACE -fPIC -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+  -Woverloaded-virtual $<$<BOOL:${QUELLBROOK_WERROR}>:-Werror>)
 if(QUELLBROOK_SANITIZE)
-  # With the sanitizers this compiler takes the libraries' moved-from functions for uninitialized.
-  add_compile_options(-O1 -g1 -fno-omit-frame-pointer -fsanitize=address,undefined -fno-sanitize-recover=undefined
-    -Wno-maybe-uninitialized)
-  add_link_options(-fsanitize=address,undefined)
+  # GCC reports moved-from functions of the standard library as uninitialized when the sanitizers are on.
+  target_compile_options(quellbrook_options INTERFACE -O1 -g1 -fno-omit-frame-pointer -fsanitize=address,undefined
+    -fno-sanitize-recover=undefined -Wno-maybe-uninitialized)
+  target_link_options(quellbrook_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(QUELLBROOK_FUZZ)
-  add_compile_options(-O1 -g1 -fsanitize=fuzzer-no-link,address,undefined)
-  add_link_options(-fsanitize=address,undefined)
+  target_compile_options(quellbrook_options INTERFACE -O1 -g1 -fsanitize=fuzzer-no-link,address,undefined)
+  target_link_options(quellbrook_options INTERFACE -fsanitize=address,undefined)
 endif()
 
 # Tests are compiled more often than they run.
-set(QUELLBROOK_TEST_OPTIONS -O0)
+add_library(quellbrook_test_options INTERFACE)
+target_link_libraries(quellbrook_test_options INTERFACE quellbrook_options)
+target_compile_options(quellbrook_test_options INTERFACE -O0)
 
-# Lets a target use one of the precompiled headers, where they are switched on.
+if(PROJECT_IS_TOP_LEVEL)
+  find_program(CCACHE_PROGRAM ccache)
+  if(CCACHE_PROGRAM)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+      "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
+  endif()
+endif()
+
+# quellbrook_precompile(TARGET HEADERS): uses one of the precompiled headers, if they are on.
 function(quellbrook_precompile target headers)
   if(QUELLBROOK_PRECOMPILE)
     target_precompile_headers(${target} REUSE_FROM quellbrook_precompiled_${headers})
   endif()
 endfunction()
 
-# One static library for one folder: every .cpp in it, and in the sub-folders named behind SUBFOLDERS. VIEWS says that
-# it draws widgets.
-# LINK names what its public headers need. All includes are written from the project's root.
-function(quellbrook_library name)
-  cmake_parse_arguments(ARG "VIEWS" "" "SUBFOLDERS;LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
-  foreach(folder IN LISTS ARG_SUBFOLDERS)
-    file(GLOB more CONFIGURE_DEPENDS "${folder}/*.cpp" "${folder}/*.h")
-    list(APPEND sources ${more})
-  endforeach()
-  if(NOT sources)
-    file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/empty.cpp" "")
-    set(sources "${CMAKE_CURRENT_BINARY_DIR}/empty.cpp")
-  endif()
-  add_library(${name} STATIC ${sources})
-  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
-  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${name} PUBLIC ${ARG_LINK})
-  set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_VIEWS})
+# quellbrook_library([VIEWS] [PUBLIC target...] [PRIVATE target...])
+# One static library for the current folder, with all its sources, but not a program's main.cpp. The target is named
+# after the folder's path: ui/style gives quellbrook_ui_style and Quellbrook::ui_style. PUBLIC lists what the folder's
+# headers include, PRIVATE what only its sources include. VIEWS is for folders that use Qt Widgets. Includes are written
+# from the project's root.
+function(quellbrook_library)
+  cmake_parse_arguments(ARG "VIEWS" "" "PUBLIC;PRIVATE" ${ARGN})
+  file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+  string(REPLACE "/" "_" name "${folder}")
+  file(GLOB sources CONFIGURE_DEPENDS "[A-Z]*.cpp" "[A-Z]*.h")
+  add_library(quellbrook_${name} STATIC ${sources})
+  add_library(Quellbrook::${name} ALIAS quellbrook_${name})
+  set_target_properties(quellbrook_${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC ${ARG_VIEWS})
+  target_link_libraries(quellbrook_${name} PUBLIC quellbrook_options ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   if(ARG_VIEWS)
-    quellbrook_precompile(${name} views)
+    quellbrook_precompile(quellbrook_${name} views)
   else()
-    quellbrook_precompile(${name} model)
+    quellbrook_precompile(quellbrook_${name} model)
   endif()
 endfunction()

@@ -3,9 +3,9 @@
 #include "data/BarcodeText.h"
 #include "host/HostServices.h"
 #include "host/LabelEngine.h"
-#include "ui/controls/Strings.h"
-#include "ui/labels/LabelOutput.h"
-#include "ui/labels/LabelPrinters.h"
+#include "ui/platform/Strings.h"
+#include "ui/printing/LabelOutput.h"
+#include "ui/printing/LabelPrinters.h"
 
 namespace quellbrook {
 

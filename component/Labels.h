@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/BarcodeLabel.h"
-#include "host/labels/LabelPrinter.h"
+#include "labels/LabelPrinter.h"
 
 #include <memory>
 #include <string>

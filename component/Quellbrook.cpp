@@ -9,15 +9,20 @@
 #include "core/Singletons.h"
 #include "core/Stores.h"
 #include "host/Picture.h"
+#include "ui/accessibility/Accessibility.h"
 #include "ui/common/DesktopCommandRunner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
-#include "ui/controls/Theme.h"
 #include "ui/shell/EvidenceUI.h"
+#include "ui/style/FlatStyle.h"
+#include "ui/style/Theme.h"
+
+#include <QApplication>
 
 namespace quellbrook {
 
 void Startup() {
+    InstallAccessibility();
     WidgetScreen::Install();
     InstallDesktopCommandRunner();
 }
@@ -34,7 +39,10 @@ void Shutdown() {
     SetScreen(nullptr);
 }
 
-void InstallTheme(bool dark) { Theme::Install(dark); }
+void InstallTheme(bool dark) {
+    QApplication::setStyle(new FlatStyle);
+    Theme::Install(dark);
+}
 
 void SetDialogParent(QWidget* window) { GetSingletons().SetDialogParent(std::make_shared<WindowReference>(window)); }
 

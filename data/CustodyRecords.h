@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/StorageLocation.h"
-#include "host/Row.h"
+#include "sql/Row.h"
 
 #include <map>
 #include <memory>

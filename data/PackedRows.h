@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Row.h"
+#include "sql/Row.h"
 
 #include <cstddef>
 #include <memory>

@@ -5,7 +5,7 @@
 #include "data/StorageLocation.h"
 #include "data/Types.h"
 #include "host/Picture.h"
-#include "host/Row.h"
+#include "sql/Row.h"
 
 #include <memory>
 #include <optional>

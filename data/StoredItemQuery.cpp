@@ -1,3 +1,4 @@
+#include "host/QueryServices.h"
 #include "data/StoredItemQuery.h"
 
 #include "access/User.h"

@@ -1,3 +1,4 @@
+#include "host/QueryServices.h"
 #include "access/User.h"
 #include "base/Text.h"
 #include "data/StoredItemQuery.h"

@@ -6,7 +6,8 @@
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
 #include "host/PlannedQueries.h"
-#include "host/QueryFactory.h"
+#include "host/QueryServices.h"
+#include "sql/query/QueryFactory.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,8 @@
 #include "data/StoredItem.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "host/QueryFactory.h"
+#include "host/QueryServices.h"
+#include "sql/query/QueryFactory.h"
 
 #include <filesystem>
 

@@ -3,7 +3,7 @@
 
 #include "base/Error.h"
 #include "fuzz/Fail.h"
-#include "host/labels/LabelTemplate.h"
+#include "labels/LabelTemplate.h"
 
 #include <cstdint>
 #include <string>

@@ -5,7 +5,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "fuzz/ReferenceDatabase.h"
-#include "host/sql/Literals.h"
+#include "sql/Literals.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fuzz/Fail.h"
-#include "host/schema/SqliteSchema.h"
+#include "database/schema/SqliteSchema.h"
 
 #include <sqlite3.h>
 

@@ -4,11 +4,11 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "fuzz/Fail.h"
-#include "host/QueryFactory.h"
-#include "host/sql/Literals.h"
-#include "host/sql/QueryPlanner.h"
-#include "host/sql/QueryWriter.h"
-#include "host/sql/SelectText.h"
+#include "sql/query/QueryFactory.h"
+#include "sql/Literals.h"
+#include "sql/query/QueryPlanner.h"
+#include "sql/query/QueryWriter.h"
+#include "sql/query/SelectText.h"
 
 #include <cstdint>
 #include <optional>
@@ -49,7 +49,8 @@ void CheckEntries(const std::string& text) {
 }
 
 QuerySource Compose(const std::string& text) {
-    const QueryFactory factory;
+    static const Dialect dialect;
+    const QueryFactory factory([]() -> const Dialect& { return dialect; });
     const QuerySource p = factory.Table("Property"), ip = factory.Table("IncdProperty"), i = factory.Table("Incident");
     const QuerySource linked = ip.Join(i, 0).On(i.Column("IncidentNo").Equals(ip.Column("IncidentNo")));
     const QuerySource source = p.Join(linked, 1).On(ip.Column("PropertyNo").Equals(p.Column("PropertyNo")));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "fuzz/TransactSqlChecks.h"
-#include "host/sql/QueryShape.h"
-#include "host/sql/TransactSqlShape.h"
+#include "sql/query/QueryShape.h"
+#include "sql/tsql/TransactSqlShape.h"
 
 namespace quellbrook::fuzz {
 

@@ -4,8 +4,8 @@
 #include "base/Text.h"
 #include "fuzz/Fail.h"
 #include "fuzz/ReferenceDatabase.h"
-#include "host/sql/TransactSqlRewriter.h"
-#include "host/sql/TransactSqlTokens.h"
+#include "sql/tsql/TransactSqlRewriter.h"
+#include "sql/tsql/TransactSqlTokens.h"
 
 #include <algorithm>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "base/Error.h"
 #include "host/HostEnvironment.h"
-#include "host/labels/BarcodeSymbol.h"
+#include "labels/BarcodeSymbol.h"
 
 #include <algorithm>
 #include <cmath>

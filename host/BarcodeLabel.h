@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/labels/LabelTemplate.h"
+#include "labels/LabelTemplate.h"
 
 #include <string>
 

@@ -3,7 +3,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/HostServices.h"
-#include "host/sql/Literals.h"
+#include "sql/Literals.h"
 
 #include <pugixml.hpp>
 

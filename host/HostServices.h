@@ -3,8 +3,8 @@
 #include "host/HostFiles.h"
 #include "host/HostSession.h"
 #include "host/ThumbnailReader.h"
-#include "host/engines/ConnectionPool.h"
-#include "host/labels/LabelPrinter.h"
+#include "database/ConnectionPool.h"
+#include "labels/LabelPrinter.h"
 
 #include <functional>
 #include <memory>

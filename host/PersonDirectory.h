@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/TaggedValue.h"
-#include "host/Row.h"
+#include "sql/Row.h"
 
 #include <string>
 

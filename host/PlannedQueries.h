@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/HostServices.h"
-#include "host/engines/Dialect.h"
+#include "sql/Dialect.h"
 
 #include <map>
 

@@ -1,7 +1,8 @@
-# What ./run, ./test and ./bench share: packages, builds, an X server of their own. Sourced, never run.
+# Shared by ./run, ./test and ./bench: packages, builds, an X server. Source this file; do not run it.
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqlite3-dev libpugixml-dev libboost-dev
-  libspdlog-dev libsodium-dev libzint-dev libgtest-dev libgmock-dev)
+  libspdlog-dev libsodium-dev libzint-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev)
 VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
 DESIGNER_PACKAGES=(qt6-tools-dev libqt6opengl6-dev)
 DESKTOP_PACKAGES=(xvfb openbox xdotool x11-utils)
@@ -29,23 +30,36 @@ install_packages() {
     echo "These packages could not be installed: ${missing[*]}" >&2
     return 1
   fi
-  rm -f build/*/build.ninja  # to be configured anew: what was missing may be there now
+  rm -f build/*/build.ninja  # configure again: optional packages may have been missing
 }
 
-# build PRESET [TARGET...]: configures where needed and builds; prints only what went wrong.
+# build PRESET [-DOPTION=ON...] [TARGET...]: configures if needed and builds. Prints only errors. An option that is on
+# in a build folder stays on, so that the commands can share the folder.
 build() {
-  local preset=$1
+  local preset=$1 option configure=false
   shift
+  local options=() targets=()
+  while [[ ${1:-} == -D* ]]; do
+    option=${1#-D}
+    options+=("$1")
+    grep -qxE "${option%%=*}(:[A-Z]+)?=${option#*=}" "build/$preset/CMakeCache.txt" 2>/dev/null || configure=true
+    shift
+  done
+  [ -f "build/$preset/build.ninja" ] || configure=true
+  [ $# -eq 0 ] || targets=(--target "$@")
   mkdir -p "$log_directory"
   local log=$log_directory/build-$preset.log
-  if [ ! -f "build/$preset/build.ninja" ]; then
-    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
+  if $configure; then
+    # Without the presets variables again: they would switch off what another command has switched on.
+    if [ -f "build/$preset/CMakeCache.txt" ]; then
+      cmake "${options[@]}" -S . -B "build/$preset" >"$log" 2>&1
+    else
+      cmake --preset "$preset" -DBUILD_TESTING=OFF "${options[@]}" >"$log" 2>&1
+    fi || { cat "$log" >&2; return 1; }
   fi
-  local targets=()
-  [ $# -eq 0 ] || targets=(--target "$@")
   if ! cmake --build "build/$preset" "${targets[@]}" >"$log" 2>&1; then
     grep -E -A 5 'error|FAILED|undefined reference' "$log" | head -n 80 >&2 || tail -n 40 "$log" >&2
-    echo "The build failed; the whole log is in $log." >&2
+    echo "The build failed. See $log." >&2
     return 1
   fi
 }

@@ -1,7 +1,7 @@
 #include "app/records/RecordPage.h"
 
-#include "app/PageSections.h"
-#include "app/PlainLabels.h"
+#include "app/common/PageSections.h"
+#include "app/common/PlainLabels.h"
 #include "app/records/CustodyTable.h"
 #include "app/records/PictureLabel.h"
 #include "app/records/RecordTexts.h"

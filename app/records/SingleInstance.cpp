@@ -1,6 +1,6 @@
 #include "app/records/SingleInstance.h"
 
-#include "app/HostGuard.h"
+#include "app/common/HostGuard.h"
 #include "host/ErrorLog.h"
 
 #include <QCryptographicHash>

@@ -1,8 +1,8 @@
 #include "app/scanner/PrinterPanel.h"
 
-#include "app/HostGuard.h"
-#include "app/PageSections.h"
-#include "app/PlainLabels.h"
+#include "app/common/HostGuard.h"
+#include "app/common/PageSections.h"
+#include "app/common/PlainLabels.h"
 #include "app/scanner/ChoiceBox.h"
 #include "app/scanner/LabelPreview.h"
 #include "component/Labels.h"

@@ -1,6 +1,6 @@
 #include "app/scanner/ScanField.h"
 
-#include "app/HostGuard.h"
+#include "app/common/HostGuard.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>

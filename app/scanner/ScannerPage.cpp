@@ -1,7 +1,7 @@
 #include "app/scanner/ScannerPage.h"
 
-#include "app/PageSections.h"
-#include "app/PlainLabels.h"
+#include "app/common/PageSections.h"
+#include "app/common/PlainLabels.h"
 #include "app/scanner/PrinterPanel.h"
 #include "app/scanner/ScanField.h"
 #include "app/scanner/ScannerPanel.h"

@@ -1,8 +1,8 @@
 #include "app/scanner/TestSymbol.h"
 
-#include "app/PlainLabels.h"
+#include "app/common/PlainLabels.h"
 #include "host/BarcodeImage.h"
-#include "host/labels/BarcodeSymbol.h"
+#include "labels/BarcodeSymbol.h"
 
 #include <QPainter>
 

@@ -11,7 +11,7 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/common/WidgetScreen.h"
 #include "ui/controls/FlatButton.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,15 +1,15 @@
-#include "app/PlainLabels.h"
+#include "app/common/PlainLabels.h"
 #include "app/records/PictureLabel.h"
 #include "app/records/RecordPage.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 #include "tests/app/SampleCopyTest.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/ScaledProcess.h"
 #include "tests/support/ui/Widgets.h"
-#include "ui/controls/Pictures.h"
+#include "ui/platform/Pictures.h"
 
 #include <QAccessible>
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 #include "tests/app/SampleFile.h"
 
 #include <filesystem>

@@ -2,4 +2,4 @@
 
 // The sample department for the tests of the host, and ScratchDirectory for copies of it.
 #include "app/Department.h"
-#include "tests/sample/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"

@@ -1,6 +1,6 @@
-#include "app/sample/Motifs.h"
-#include "app/sample/Pictures.h"
-#include "app/sample/Png.h"
+#include "demo/sample/Motifs.h"
+#include "demo/sample/Pictures.h"
+#include "demo/sample/Png.h"
 
 #include <QImage>
 

@@ -5,7 +5,7 @@
 #include "access/Permissions.h"
 #include "base/Text.h"
 #include "data/StorageLocationStatic.h"
-#include "host/sql/TransactSqlRewriter.h"
+#include "sql/tsql/TransactSqlRewriter.h"
 #include "tests/data/SearchLiteralText.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/RecordingEngine.h"

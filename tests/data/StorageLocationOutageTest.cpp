@@ -1,4 +1,4 @@
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"

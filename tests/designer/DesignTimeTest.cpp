@@ -1,11 +1,11 @@
 #include "host/HostServices.h"
-#include "host/engines/Connection.h"
+#include "database/Connection.h"
 #include "tests/designer/ControlLoader.h"
 #include "tests/support/ModelTest.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/RelatedIncidentStrip.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
 

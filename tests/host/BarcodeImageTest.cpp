@@ -1,7 +1,7 @@
 #include "host/BarcodeImage.h"
 
 #include "base/Error.h"
-#include "host/labels/BarcodeSymbol.h"
+#include "labels/BarcodeSymbol.h"
 #include "tests/support/RaisedBy.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "base/Text.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
+#include "database/SqliteEngine.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"

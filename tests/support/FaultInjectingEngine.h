@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Error.h"
-#include "host/engines/Connection.h"
+#include "database/Connection.h"
 
 #include <memory>
 #include <optional>

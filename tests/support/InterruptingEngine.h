@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/engines/Connection.h"
+#include "database/Connection.h"
 
 #include <functional>
 #include <memory>

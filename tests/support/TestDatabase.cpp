@@ -3,8 +3,8 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/HostServices.h"
-#include "host/engines/SqliteEngine.h"
-#include "host/schema/SqliteSchema.h"
+#include "database/SqliteEngine.h"
+#include "database/schema/SqliteSchema.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

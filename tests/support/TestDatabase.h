@@ -2,8 +2,8 @@
 
 #include "base/DateTime.h"
 #include "data/Types.h"
-#include "host/Row.h"
-#include "host/engines/Connection.h"
+#include "sql/Row.h"
+#include "database/Connection.h"
 
 #include <cstdint>
 #include <memory>

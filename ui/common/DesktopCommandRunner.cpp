@@ -2,7 +2,7 @@
 
 #include "base/CommandRunner.h"
 #include "base/Error.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/Strings.h"
 
 #include <QDesktopServices>
 #include <QUrl>

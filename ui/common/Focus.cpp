@@ -1,8 +1,8 @@
 #include "base/Screen.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/Control.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
 
 #include <QApplication>
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "ui/common/FontLabel.h"
 
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 #include <QPainter>
 

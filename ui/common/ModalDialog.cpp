@@ -3,12 +3,12 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "ui/common/ModalLayout.h"
 
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 
 #include "base/Error.h"
 #include "ui/common/PropertyBag.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 
 #include <QApplication>

@@ -9,8 +9,8 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/ListView.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QCoreApplication>
 #include <QCursor>

@@ -4,12 +4,12 @@
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/common/WindowOwner.h"
-#include "ui/controls/Pictures.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
-#include "ui/controls/WidgetKeyState.h"
-#include "ui/controls/WidgetMessageHook.h"
-#include "ui/controls/WidgetTimer.h"
+#include "ui/platform/Pictures.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
+#include "ui/platform/WidgetKeyState.h"
+#include "ui/platform/WidgetMessageHook.h"
+#include "ui/platform/WidgetTimer.h"
 
 #include <QApplication>
 #include <QEventLoop>

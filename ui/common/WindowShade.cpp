@@ -1,7 +1,7 @@
 #include "ui/common/WindowShade.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Theme.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "ui/controls/BarcodeListenerControl.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/Theme.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "ui/controls/CellDelegate.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
 #include "ui/controls/ReportTree.h"
-#include "ui/controls/TextBlock.h"
+#include "ui/style/TextBlock.h"
 
 #include <QPainter>
 

@@ -1,9 +1,9 @@
 #include "ui/controls/Control.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/TabOrder.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/TabOrder.h"
+#include "ui/platform/Twips.h"
 
 #include <QEvent>
 #include <QResizeEvent>

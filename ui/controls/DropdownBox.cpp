@@ -1,9 +1,9 @@
 #include "ui/controls/DropdownBox.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/TextBlock.h"
+#include "ui/style/Theme.h"
 
 #include <QListView>
 #include <QPainter>

@@ -1,12 +1,12 @@
 #include "ui/controls/FlatButton.h"
 
 #include "ui/controls/Activation.h"
-#include "ui/controls/FocusRing.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/style/FocusRing.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/TextBlock.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

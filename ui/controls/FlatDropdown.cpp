@@ -1,11 +1,11 @@
 #include "ui/controls/FlatDropdown.h"
 
 #include "ui/controls/DropdownBox.h"
-#include "ui/controls/FieldFrame.h"
-#include "ui/controls/FocusRing.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/style/FieldFrame.h"
+#include "ui/style/FocusRing.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QAbstractItemView>
 #include <QEvent>

@@ -1,8 +1,8 @@
 #include "ui/controls/FlatScrollBar.h"
 
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/ScrollBarWidget.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 
 #include <QApplication>
 

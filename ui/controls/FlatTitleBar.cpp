@@ -1,10 +1,10 @@
 #include "ui/controls/FlatTitleBar.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/TextBlock.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 #include "ui/controls/FontIcon.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/platform/Twips.h"
 
 #include <QPainter>
 #include <QTimerEvent>

@@ -1,9 +1,9 @@
 #include "ui/controls/Label.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/TextBlock.h"
+#include "ui/platform/Twips.h"
 
 #include <QEvent>
 #include <QHelpEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/controls/Control.h"
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 
 #include <optional>
 

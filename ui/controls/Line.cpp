@@ -1,6 +1,6 @@
 #include "ui/controls/Line.h"
 
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 #include <QPainter>
 

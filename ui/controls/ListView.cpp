@@ -1,12 +1,12 @@
 #include "ui/controls/ListView.h"
 
 #include "ui/controls/Activation.h"
-#include "ui/controls/FieldFrame.h"
-#include "ui/controls/Guard.h"
+#include "ui/style/FieldFrame.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/ReportTree.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/TextBlock.h"
+#include "ui/platform/Twips.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

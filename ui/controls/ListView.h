@@ -2,7 +2,7 @@
 
 #include "ui/controls/Control.h"
 
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 
 #include <QSet>
 #include <QString>

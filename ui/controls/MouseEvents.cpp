@@ -1,7 +1,7 @@
 #include "ui/controls/MouseEvents.h"
 
 #include "ui/controls/FlatScrollBar.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 #include <QChildEvent>
 #include <QMouseEvent>

@@ -1,8 +1,8 @@
 #include "ui/controls/ReportHeader.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/TextBlock.h"
+#include "ui/style/Theme.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "ui/controls/ReportTree.h"
 
 #include "ui/controls/CellDelegate.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/ReportHeader.h"
 
 #include <QApplication>

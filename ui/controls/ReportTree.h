@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 
 #include <QTreeWidget>
 

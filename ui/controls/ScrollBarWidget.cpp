@@ -1,10 +1,10 @@
 #include "ui/controls/ScrollBarWidget.h"
 
 #include "ui/controls/FlatScrollBar.h"
-#include "ui/controls/FlatStyle.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/Theme.h"
+#include "ui/style/FlatStyle.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/Theme.h"
 
 #include <QPainter>
 #include <QStyleOptionSlider>

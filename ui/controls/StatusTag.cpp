@@ -1,9 +1,9 @@
 #include "ui/controls/StatusTag.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/TextBlock.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QPainter>
 

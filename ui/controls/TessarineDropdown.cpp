@@ -2,10 +2,10 @@
 
 #include "host/CodeTableLookup.h"
 #include "ui/controls/FlatDropdown.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 
 namespace quellbrook {

@@ -1,6 +1,6 @@
 #include "ui/controls/View.h"
 
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 #include <QHideEvent>
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "ui/explorer/ActionMenu.h"
 
-#include "ui/controls/Strings.h"
+#include "ui/platform/Strings.h"
 
 #include <QAction>
 

@@ -2,7 +2,7 @@
 
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 
 namespace quellbrook {
 

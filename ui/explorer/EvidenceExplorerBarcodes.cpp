@@ -6,7 +6,7 @@
 #include "data/StorageLocationStatic.h"
 #include "data/StoredItemSearch.h"
 #include "ui/controls/BarcodeListenerControl.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 
 namespace quellbrook {
 

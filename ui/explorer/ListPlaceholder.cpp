@@ -1,6 +1,6 @@
 #include "ui/explorer/ListPlaceholder.h"
 
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
 

@@ -3,10 +3,10 @@
 #include "core/Stores.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/MousePointer.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/Strings.h"
 #include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTreeWidget.h"
 

@@ -1,9 +1,9 @@
 #include "ui/explorer/LocationTreeWidget.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/Theme.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>

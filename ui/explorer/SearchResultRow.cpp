@@ -8,8 +8,8 @@
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QEvent>
 #include <QPainter>

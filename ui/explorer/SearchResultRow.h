@@ -3,7 +3,7 @@
 #include "base/Event.h"
 #include "core/CartStore.h"
 #include "data/StoredItem.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
 

@@ -1,9 +1,9 @@
 #include "ui/explorer/StatePanel.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Icons.h"
-#include "ui/controls/TextBlock.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Icons.h"
+#include "ui/style/TextBlock.h"
+#include "ui/platform/Twips.h"
 
 #include <QPainter>
 

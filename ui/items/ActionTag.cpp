@@ -1,8 +1,8 @@
 #include "ui/items/ActionTag.h"
 
-#include "ui/controls/Guard.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QAccessible>
 #include <QEvent>

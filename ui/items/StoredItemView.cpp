@@ -5,13 +5,13 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 #include "ui/items/TrackingList.h"
 
 #include <QPointer>

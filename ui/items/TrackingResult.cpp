@@ -1,10 +1,10 @@
 #include "ui/items/TrackingResult.h"
 
 #include "host/HostServices.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Line.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 #include "ui/items/ActionTag.h"
 #include "ui/items/TrackingAction.h"
 

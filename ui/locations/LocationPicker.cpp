@@ -3,8 +3,8 @@
 #include "core/Stores.h"
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/FlatDropdown.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
 #include "ui/controls/View.h"
 
 #include <QComboBox>

@@ -1,11 +1,11 @@
 #include "ui/shell/Toast.h"
 
 #include "ui/controls/FontIcon.h"
-#include "ui/controls/Guard.h"
+#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Strings.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 
 #include <QAccessible>

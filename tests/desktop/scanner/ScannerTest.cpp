@@ -2,9 +2,9 @@
 
 #include "core/Actions.h"
 #include "tests/support/ui/Widgets.h"
-#include "ui/controls/MousePointer.h"
-#include "ui/controls/WidgetMessageHook.h"
-#include "ui/controls/WidgetTimer.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/WidgetMessageHook.h"
+#include "ui/platform/WidgetTimer.h"
 #include "ui/explorer/EvidenceExplorer.h"
 
 #include <QClipboard>

@@ -1,7 +1,9 @@
 #include "tests/support/ui/QtTestMain.h"
 
 #include "host/ErrorLog.h"
-#include "ui/controls/Theme.h"
+#include "ui/accessibility/Accessibility.h"
+#include "ui/style/FlatStyle.h"
+#include "ui/style/Theme.h"
 
 #include <QApplication>
 
@@ -71,6 +73,8 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     application.setApplicationName("quellbrook-tests");
+    quellbrook::InstallAccessibility();
+    QApplication::setStyle(new quellbrook::FlatStyle);
     quellbrook::Theme::Install(false);
     qInstallMessageHandler(quellbrook::testing::OnToolkitMessage);
     ::testing::UnitTest::GetInstance()->listeners().Append(new quellbrook::testing::WarningListener);

@@ -3,8 +3,8 @@
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/ui/common/ScreenTest.h"
-#include "ui/controls/MousePointer.h"
-#include "ui/controls/Theme.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/style/Theme.h"
 
 #include <QScreen>
 

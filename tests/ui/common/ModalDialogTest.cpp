@@ -6,7 +6,7 @@
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Link.h"
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 
 #include <QAccessible>
 #include <QScreen>

@@ -10,7 +10,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/ListView.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/Strings.h"
 
 #include <QMenu>
 #include <QResizeEvent>

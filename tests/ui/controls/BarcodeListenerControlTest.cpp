@@ -5,7 +5,7 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/ui/Scanner.h"
 #include "tests/ui/controls/ControlsTest.h"
-#include "ui/controls/WidgetMessageHook.h"
+#include "ui/platform/WidgetMessageHook.h"
 
 #include <QDialog>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/FlatButton.h"
-#include "ui/controls/FocusRing.h"
+#include "ui/style/FocusRing.h"
 #include "ui/controls/Link.h"
 
 namespace quellbrook::testing {

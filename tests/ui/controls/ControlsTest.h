@@ -5,8 +5,8 @@
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Control.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <functional>
 #include <string>

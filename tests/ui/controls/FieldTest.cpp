@@ -3,7 +3,7 @@
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTextArea.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/controls/FocusRing.h"
+#include "ui/style/FocusRing.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/controls/View.h"
 

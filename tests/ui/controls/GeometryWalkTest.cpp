@@ -4,7 +4,7 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 
 #include <QTreeWidget>
 

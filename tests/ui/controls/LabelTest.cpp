@@ -1,7 +1,7 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/TextBlock.h"
+#include "ui/style/TextBlock.h"
 
 #include <QToolTip>
 

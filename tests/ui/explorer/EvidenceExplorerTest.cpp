@@ -2,7 +2,7 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 
 #include <QLineEdit>
 

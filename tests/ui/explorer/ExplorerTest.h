@@ -7,10 +7,10 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
-#include "ui/controls/Guard.h"
-#include "ui/controls/MousePointer.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/MousePointer.h"
 #include "ui/controls/View.h"
-#include "ui/controls/WidgetMessageHook.h"
+#include "ui/platform/WidgetMessageHook.h"
 
 #include <QMenu>
 #include <QPointer>

@@ -5,7 +5,7 @@
 #include "tests/ui/explorer/ExplorerTest.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ListView.h"
-#include "ui/controls/Strings.h"
+#include "ui/platform/Strings.h"
 #include "ui/explorer/ActionMenu.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/explorer/LocationTree.h"

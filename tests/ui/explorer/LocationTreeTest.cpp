@@ -7,7 +7,7 @@
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Theme.h"
+#include "ui/style/Theme.h"
 #include "ui/explorer/LocationTreeWidget.h"
 
 #include <QAction>

@@ -7,8 +7,8 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/ListView.h"
-#include "ui/controls/Theme.h"
-#include "ui/controls/Twips.h"
+#include "ui/style/Theme.h"
+#include "ui/platform/Twips.h"
 
 #include <QAction>
 #include <QContextMenuEvent>

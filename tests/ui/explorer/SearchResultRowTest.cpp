@@ -9,7 +9,7 @@
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 
 namespace quellbrook::testing {
 namespace {

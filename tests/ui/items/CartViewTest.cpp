@@ -12,7 +12,7 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/TessarineDropdown.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 #include "ui/explorer/SearchResultList.h"
 #include "ui/explorer/SearchResultRow.h"
 #include "ui/locations/LocationPicker.h"

@@ -10,7 +10,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 #include "ui/items/TrackingList.h"
 #include "ui/items/TrackingResult.h"
 

@@ -4,7 +4,7 @@
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Line.h"
-#include "ui/controls/Twips.h"
+#include "ui/platform/Twips.h"
 #include "ui/items/ActionTag.h"
 
 #include <QLocale>

@@ -7,7 +7,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/ui/Widgets.h"
-#include "ui/controls/MousePointer.h"
+#include "ui/platform/MousePointer.h"
 #include "ui/controls/View.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/shell/LoadingView.h"

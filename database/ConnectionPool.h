@@ -1,0 +1,43 @@
+#pragma once
+
+#include "database/Connection.h"
+
+#include <memory>
+#include <vector>
+
+namespace quellbrook {
+
+// Lends healthy connections of one engine. Never keeps a transaction, a lock or a temporary table over a call: what
+// comes back is reset, what can't be reset is closed. One thread.
+class ConnectionPool {
+public:
+    explicit ConnectionPool(std::shared_ptr<Engine> engine);
+    ~ConnectionPool();
+
+    class Lease {
+    public:
+        Lease(ConnectionPool& pool, std::unique_ptr<Connection> connection);
+        ~Lease();
+        Lease(const Lease&) = delete;
+        Lease& operator=(const Lease&) = delete;
+
+        Connection& operator*() const { return *m_connection; }
+        Connection* operator->() const { return m_connection.get(); }
+
+    private:
+        ConnectionPool& m_pool;
+        std::unique_ptr<Connection> m_connection;
+    };
+
+    Lease Borrow();
+    const Dialect& GetDialect() const { return m_engine->GetDialect(); }
+
+private:
+    friend class Lease;
+    void Return(std::unique_ptr<Connection> connection) noexcept;
+
+    std::shared_ptr<Engine> m_engine;
+    std::vector<std::unique_ptr<Connection>> m_idle;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,55 @@
+#include "database/SqliteEngine.h"
+
+#include "base/Text.h"
+#include "database/SqliteConnection.h"
+#include "database/SqliteFileCheck.h"
+#include "database/schema/SqliteSchema.h"
+
+#include <set>
+
+namespace quellbrook {
+
+namespace {
+
+using Names = std::set<std::string>;
+
+Names NamesInSchema(Connection& connection) {
+    Names names;
+    connection.Query("SELECT name FROM sqlite_schema", [&](const Row& row) {
+        names.insert(FoldCase(ToTextOrEmpty(row.At(0))));
+        return true;
+    });
+    return names;
+}
+
+bool HasAll(const Names& present, const char* table, const std::vector<std::string>& triggers) {
+    if (present.count(FoldCase(table)) == 0) return false;
+    for (const std::string& trigger : triggers)
+        if (present.count(FoldCase(trigger)) == 0) return false;
+    return true;
+}
+
+Dialect DialectOf(SqliteConnection& connection) {
+    const Names names = NamesInSchema(connection);
+    Dialect dialect;
+    dialect.concatenation = "||";
+    dialect.equalsLikeLike = true;  // every text column of the schema collates NOCASE
+    dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
+    dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
+    dialect.keys = connection.Keys();
+    return dialect;
+}
+
+}  // namespace
+
+std::shared_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, int busyMilliseconds) {
+    CheckSqliteFile(path, busyMilliseconds);
+    SqliteConnection connection(path, busyMilliseconds);
+    return std::shared_ptr<SqliteEngine>(new SqliteEngine(path, busyMilliseconds, DialectOf(connection)));
+}
+
+std::unique_ptr<Connection> SqliteEngine::Open() {
+    return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds);
+}
+
+}  // namespace quellbrook

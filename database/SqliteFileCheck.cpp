@@ -1,0 +1,111 @@
+#include "database/SqliteFileCheck.h"
+
+#include "base/Error.h"
+#include "database/SqliteError.h"
+#include "database/schema/SqliteSchema.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr uintmax_t wholeCheckLimit = 64u << 20;
+constexpr std::string_view signature("SQLite format 3\0", 16);
+constexpr size_t versionOffset = 60;
+constexpr size_t applicationOffset = 68;
+
+const char* const requiredTables[] = {"StorageLocation",  "Property",        "Vehicle",  "PropertyTracking",
+                                      "VehicleTracking",  "IncdProperty",    "Incident", "IncdVehicle",
+                                      "AttachmentFolder", "AttachmentIndex", "CodeTable", "Person"};
+
+[[noreturn]] void Refuse(const std::string& sentence) { Raise(ErrorNumber::General, "SqliteEngine.Open", sentence); }
+
+[[noreturn]] void RefuseNewer(const std::string& path) {
+    Refuse("The database '" + path + "' was made by a newer version of this program.");
+}
+
+using Header = std::array<unsigned char, 100>;
+
+int32_t NumberAt(const Header& header, size_t offset) {
+    uint32_t number = 0;
+    for (size_t i = 0; i < 4; ++i) number = number << 8 | header[offset + i];
+    return static_cast<int32_t>(number);
+}
+
+// Read through SQLite's own file handle: closing another one would take the locks from every connection that this
+// process has to the file.
+Header ReadHeader(const std::string& path) {
+    try {
+        const SQLite::Database database(path, SQLite::OPEN_READONLY);
+        sqlite3_file* file = nullptr;
+        sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+        Header header{};
+        const int code = file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0);
+        if (code == SQLITE_IOERR_SHORT_READ) Refuse("The file '" + path + "' is not a database.");
+        if (code != SQLITE_OK) Refuse("The database '" + path + "' can't be read.");
+        return header;
+    } catch (const SQLite::Exception&) {
+        Refuse("The database '" + path + "' can't be read.");
+    }
+}
+
+void CheckHeader(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) Refuse("There is no database '" + path + "'.");
+    if (!std::filesystem::is_regular_file(path, ignored)) Refuse("The file '" + path + "' is not a database.");
+    const Header header = ReadHeader(path);
+    if (std::string_view(reinterpret_cast<const char*>(header.data()), signature.size()) != signature)
+        Refuse("The file '" + path + "' is not a database.");
+    if (NumberAt(header, applicationOffset) != DatabaseApplicationId)
+        Refuse("The database '" + path + "' belongs to another program.");
+    if (NumberAt(header, versionOffset) > SchemaVersion) RefuseNewer(path);
+}
+
+void CheckVersion(SQLite::Database& database, const std::string& path) {
+    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    if (version > SchemaVersion) RefuseNewer(path);
+    if (version < SchemaVersion) Refuse("The database '" + path + "' is not finished. Create it anew.");
+}
+
+void CheckTables(SQLite::Database& database, const std::string& path) {
+    for (const char* table : requiredTables)
+        if (!database.tableExists(table)) RaiseOpenFailure(path, SQLITE_CORRUPT, "");
+}
+
+void CheckPages(SQLite::Database& database, const std::string& path) {
+    std::error_code failure;
+    const uintmax_t size = std::filesystem::file_size(path, failure);
+    if (failure || size > wholeCheckLimit) return;
+    const std::string answer = database.execAndGet("PRAGMA quick_check(1)").getString();
+    if (answer != "ok") RaiseOpenFailure(path, SQLITE_CORRUPT, answer);
+}
+
+// A checkpoint when the last connection closes would write to the file.
+void AllowCheckpoint(SQLite::Database& database, bool allowed) {
+    sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, allowed ? 0 : 1, nullptr);
+}
+
+}  // namespace
+
+void CheckSqliteFile(const std::string& path, int busyMilliseconds) {
+    CheckHeader(path);
+    try {
+        SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
+        AllowCheckpoint(database, false);
+        if (sqlite3_db_readonly(database.getHandle(), "main") == 1) RaiseOpenFailure(path, SQLITE_READONLY, "");
+        CheckVersion(database, path);
+        CheckTables(database, path);
+        CheckPages(database, path);
+        AllowCheckpoint(database, true);
+    } catch (const SQLite::Exception& failure) {
+        RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
+    }
+}
+
+}  // namespace quellbrook

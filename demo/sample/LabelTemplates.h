@@ -1,0 +1,10 @@
+#pragma once
+
+#include "demo/sample/CompanionFiles.h"
+
+namespace quellbrook::sample {
+
+// The templates of the evidence and the location label, 4 x 2 inch; they are the files in the folder labels.
+std::vector<CompanionFile> LabelTemplates();
+
+}  // namespace quellbrook::sample

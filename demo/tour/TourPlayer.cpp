@@ -1,0 +1,186 @@
+#include "demo/tour/TourPlayer.h"
+
+#include "demo/tour/TourReport.h"
+#include "base/Error.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int tickMilliseconds = 20, settleMilliseconds = 1'500, restingGrabs = 5;
+
+}  // namespace
+
+TourSenses ScreenSenses() {
+    return {[] { return QApplication::primaryScreen()->grabWindow(0).toImage(); }};
+}
+
+TourPlayer::TourPlayer(QWidget& window, const QString& directory, const std::string& databasePath,
+                       const TourSenses& senses)
+    : m_window(window), m_directory(directory), m_rows(databasePath), m_senses(senses) {
+    m_timer.setInterval(tickMilliseconds);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &TourPlayer::Tick);
+}
+
+void TourPlayer::Start() {
+    if (!QDir().mkpath(m_directory)) {
+        Raise(ErrorNumber::General, "TourPlayer.Start", "The directory '" + m_directory.toStdString() + "' can't be made.");
+    }
+    AddPicture();
+    m_waiting.start();
+    m_timer.start();
+}
+
+void TourPlayer::Step(const QString& name) {
+    if (!m_planned.isEmpty()) AddPicture();
+    m_planned = name;
+    Do([this, name] {
+        const QString number = QStringLiteral("%1").arg(m_steps.size() + 1, 2, 10, QLatin1Char('0'));
+        m_steps.push_back({name, number + QLatin1Char('-') + name + QStringLiteral(".png"), false, QString()});
+    });
+}
+
+void TourPlayer::AddPress(const QString& what, std::function<tour::Spot()> spot,
+                          std::function<void(const QPoint&)> press) {
+    // Two looks in a row must agree: nothing is pressed while it is still moving.
+    auto last = std::make_shared<tour::Spot>();
+    AddMove({what + QStringLiteral(" can be pressed"),
+             [spot, last] {
+                 const tour::Spot now = spot();
+                 const bool steady = now && *last == now;
+                 *last = now;
+                 return steady;
+             },
+             [last, press] { press(**last); },
+             {}});
+}
+
+void TourPlayer::Click(const QString& what, std::function<tour::Spot()> spot, tour::Hand::Button button,
+                       bool withControl) {
+    AddPress(what, std::move(spot),
+             [this, button, withControl](const QPoint& at) { m_hand.Click(at, button, withControl); });
+}
+
+void TourPlayer::DoubleClick(const QString& what, std::function<tour::Spot()> spot) {
+    AddPress(what, std::move(spot), [this](const QPoint& at) { m_hand.DoubleClick(at); });
+}
+
+void TourPlayer::Type(const QString& text) {
+    Do([this, text] { m_hand.Type(text); });
+}
+
+void TourPlayer::Press(const QString& key) {
+    Do([this, key] { m_hand.Press(key); });
+}
+
+void TourPlayer::Scan(std::function<QString()> barcode) {
+    Do([this, barcode = std::move(barcode)] { m_hand.Scan(barcode()); });
+}
+
+void TourPlayer::Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see) {
+    AddMove({what, std::move(holds), {}, std::move(see)});
+}
+
+void TourPlayer::Expect(const QString& what, std::function<QString()> text, const QString& expected) {
+    const QString sentence = QStringLiteral("%1: \"%2\".").arg(what, expected);
+    AddMove({sentence, [text, expected] { return text() == expected; }, [this, sentence] { Say(sentence); }, text});
+}
+
+void TourPlayer::Do(std::function<void()> action) {
+    AddMove({QStringLiteral("the hand is free"), [] { return true; }, std::move(action), {}});
+}
+
+void TourPlayer::AddPicture() {
+    AddMove({QStringLiteral("the screen is still"), [this] { return IsSettled(); }, [this] { TakePicture(); }, {}, true});
+}
+
+// The same picture several times in a row, or a screen that will not come to rest.
+bool TourPlayer::IsSettled() {
+    QImage grab = m_senses.camera();
+    m_equalGrabs = grab == m_lastGrab ? m_equalGrabs + 1 : 0;
+    m_lastGrab = std::move(grab);
+    return m_equalGrabs >= restingGrabs || m_waiting.elapsed() > settleMilliseconds;
+}
+
+void TourPlayer::Say(const QString& sentence) {
+    QString& said = m_steps.back().said;
+    if (!said.isEmpty()) said += QLatin1Char('\n');
+    said += sentence;
+}
+
+void TourPlayer::Tick() {
+    if (m_ended || m_ticking) return;
+    m_ticking = true;
+    try {
+        Advance();
+    } catch (...) {
+        Fail(QString::fromStdString(CurrentError().Description()));
+    }
+    m_ticking = false;
+}
+
+void TourPlayer::Advance() {
+    if (!m_hand.IsIdle()) return;
+    const QString failure = m_hand.TakeFailure();
+    if (!failure.isEmpty()) return Fail(failure);
+    if (m_moves.empty()) return End();
+    Move& move = m_moves.front();
+    if (!move.ready()) {
+        if (move.endsByItself || m_waiting.elapsed() < m_senses.limitMilliseconds) return;
+        QString reason = QStringLiteral("Did not come: ") + move.what;
+        if (move.see) reason += QStringLiteral(" Seen: \"") + move.see() + QStringLiteral("\".");
+        return Fail(reason);
+    }
+    const std::function<void()> act = std::move(move.act);
+    m_moves.pop_front();
+    m_waiting.restart();
+    if (act) act();
+}
+
+void TourPlayer::TakePicture() {
+    TourStep& step = m_steps.back();
+    if (!m_lastGrab.save(QDir(m_directory).filePath(step.picture))) {
+        Raise(ErrorNumber::General, "TourPlayer.TakePicture", "The picture " + step.picture.toStdString() + " can't be written.");
+    }
+    step.held = true;
+    m_equalGrabs = 0;
+    std::printf("%s\n", qPrintable(step.picture));
+    std::fflush(stdout);
+}
+
+void TourPlayer::Fail(const QString& reason) {
+    if (m_steps.empty()) m_steps.push_back({QStringLiteral("start"), QStringLiteral("01-start.png"), false, QString()});
+    Say(reason);
+    std::fprintf(stderr, "%s: %s\n", qPrintable(m_steps.back().name), qPrintable(reason));
+    m_senses.camera().save(QDir(m_directory).filePath(m_steps.back().picture));
+    m_steps.back().held = false;
+    End();
+}
+
+void TourPlayer::End() {
+    m_ended = true;
+    m_timer.stop();
+    bool allHeld = m_moves.empty();
+    for (const TourStep& step : m_steps) allHeld = allHeld && step.held;
+    m_held = WriteReport() && allHeld;
+    QApplication::exit(m_held ? 0 : 1);
+}
+
+bool TourPlayer::WriteReport() const {
+    try {
+        WriteTourReport(QDir(m_directory).filePath(QStringLiteral("tour.json")), m_steps, m_rows.Written());
+        return true;
+    } catch (...) {
+        std::fprintf(stderr, "%s\n", CurrentError().what());
+        return false;
+    }
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "labels/Label.h"
+#include "labels/LabelSheet.h"
+#include "labels/SvgStyles.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace quellbrook {
+
+// The fields of a drawing: finds where each stands, and takes their elements out of the drawing.
+class LabelFields {
+public:
+    LabelFields(pugi::xml_node root, const LabelSheet& sheet);
+
+    // Adds the field to the label. Nothing where the drawing has no such element, unless the value is a barcode. Error
+    // 5 with a sentence, as LabelTemplate::Fill has it.
+    void Take(const std::string& name, const std::string& value, FilledLabel& label);
+    // Removes what has been taken from the drawing.
+    void Remove();
+
+private:
+    void CollectIds(const pugi::xml_node& element);
+    pugi::xml_node ElementOf(const std::string& id) const;  // a null node where there is none
+    LabelPlace PlaceOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const;
+    LabelPlace PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const;
+    LabelText StyleOf(const pugi::xml_node& text, const std::string& name) const;
+    void TakeText(const pugi::xml_node& text, const std::string& name, const std::string& value, FilledLabel& label);
+
+    struct Entry {
+        pugi::xml_node element;
+        bool isRepeated = false;
+    };
+
+    const LabelSheet& m_sheet;
+    const svg::StyleSheet m_styles;
+    std::unordered_map<std::string, Entry> m_byId;
+    std::vector<pugi::xml_node> m_taken;
+};
+
+}  // namespace quellbrook

@@ -1,0 +1,65 @@
+#include "labels/LabelTemplate.h"
+
+#include "base/Text.h"
+#include "labels/LabelFields.h"
+#include "labels/LabelRefusal.h"
+#include "labels/LabelSheet.h"
+#include "labels/SvgGeometry.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int DeepestNesting = 200;
+
+bool IsNestedDeeper(const pugi::xml_node& element, int levels) {
+    if (levels < 0) return true;
+    for (const pugi::xml_node child : element.children())
+        if (IsNestedDeeper(child, levels - 1)) return true;
+    return false;
+}
+
+std::string NamesOf(const LabelTemplate::Fields& fields) {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : fields) names.push_back("'" + name + "'");
+    return Join(names, ", ");
+}
+
+std::string TextOf(const pugi::xml_document& document) {
+    std::ostringstream text;
+    document.save(text, "", pugi::format_raw);
+    return std::move(text).str();
+}
+
+}  // namespace
+
+LabelTemplate::LabelTemplate(const std::string& text) : m_document(std::make_unique<pugi::xml_document>()) {
+    const pugi::xml_parse_result result =
+        m_document->load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
+    if (!result) RefuseTemplate("is not well-formed: " + std::string(result.description()) + ".");
+    const pugi::xml_node root = m_document->document_element();
+    if (svg::LocalName(root) != "svg") RefuseTemplate("is no SVG drawing.");
+    if (IsNestedDeeper(root, DeepestNesting)) RefuseTemplate("is nested too deeply.");
+    LabelSheet::Of(root);
+}
+
+FilledLabel LabelTemplate::Fill(const Fields& fields) const {
+    pugi::xml_document drawing;
+    drawing.reset(*m_document);
+    const LabelSheet sheet = LabelSheet::Of(drawing.document_element());
+    FilledLabel label;
+    label.width = sheet.Width();
+    label.height = sheet.Height();
+    LabelFields places(drawing.document_element(), sheet);
+    for (const auto& [name, value] : fields) places.Take(name, value, label);
+    if (label.texts.empty() && label.barcodes.empty())
+        RefuseTemplate("has none of the fields " + NamesOf(fields) + ".");
+    places.Remove();
+    label.drawing = TextOf(drawing);
+    return label;
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "sql/query/QueryNodes.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace quellbrook::sql {
+
+// What can be asked of a tree, and copies of it with changes.
+
+using ColumnVisitor = std::function<void(const ColumnReference&)>;
+void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit);
+void ForEachColumn(const ConditionRef& condition,
+                   const ColumnVisitor& visit);  // an IN query's own columns not included
+
+// A copy with columns put in place of columns; the replacement gives null for a column that stays.
+using ColumnReplacement = std::function<ExpressionRef(const ColumnReference&)>;
+ExpressionRef ReplaceColumns(const ExpressionRef& expression, const ColumnReplacement& replace);
+ConditionRef ReplaceColumns(const ConditionRef& condition, const ColumnReplacement& replace);
+
+// The single conditions that a condition joins by AND.
+std::vector<ConditionRef> Conjuncts(const ConditionRef& condition);
+std::vector<ConditionRef> Conjuncts(const std::vector<ConditionRef>& conditions);
+
+// The value of a literal, or of raw text that is a number, a quoted text or NULL.
+std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression);
+bool IsKeyPlace(const ExpressionRef& expression);
+const ColumnReference* ColumnOf(const ExpressionRef& expression);  // null for any other expression
+
+// Whether the value of the expression depends on nothing but the columns it names: no aggregate, no raw text that might
+// hide anything.
+bool IsRowwise(const ExpressionRef& expression);
+
+// The result columns by name, "*" resolved; nothing where that needs the schema.
+std::optional<std::vector<ResultColumn>> ExpandedColumns(const QuerySelect& query);
+// The names of the result columns of a query, a union or a derived table; nothing for any other source.
+std::optional<std::vector<std::string>> ResultNames(const SourceNode& source);
+// Position of a name, without regard to case.
+std::optional<size_t> FindName(const std::vector<std::string>& names, std::string_view name);
+
+// The sources that a FROM clause joins, joins included, from the outside in.
+std::vector<SourceRef> SourcesOf(const SourceRef& from);
+bool HoldsSource(const SourceRef& from, SourceId id);
+
+}  // namespace quellbrook::sql

@@ -1,0 +1,99 @@
+#include "base/Error.h"
+#include "database/SqliteConnection.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+namespace {
+
+const char* const creation = "CREATE TABLE #Next (Value INT NOT NULL)";
+
+class TemporaryTablesTest : public ::testing::Test {
+protected:
+    TaggedValue Value(const std::string& sql) {
+        TaggedValue value;
+        m_connection->Query(sql, [&](const Row& row) {
+            value = row.At(0);
+            return true;
+        });
+        return value;
+    }
+    void RunBatch(int value) {
+        m_connection->Begin();
+        m_connection->Execute(creation);
+        EXPECT_EQ(Value("SELECT COUNT(*) FROM #Next"), TaggedValue(0));
+        m_connection->Execute("INSERT INTO #Next (Value) VALUES (" + std::to_string(value) + ")");
+        m_connection->Execute("INSERT INTO Setting (Name, Value) VALUES ('n" + std::to_string(value) +
+                              "', (SELECT Value FROM #Next))");
+        m_connection->Execute("DROP TABLE #Next");
+        m_connection->Commit();
+        m_connection->Reset();
+    }
+
+    TestDatabase m_database;
+    std::unique_ptr<Connection> m_connection = m_database.GetEngine()->Open();
+};
+
+TEST_F(TemporaryTablesTest, EachBatchFindsItsTableNewAndEmpty) {
+    for (const int value : {4, 5, 6}) RunBatch(value);
+    EXPECT_EQ(Value("SELECT SUM(Value) FROM Setting"), TaggedValue(15));
+}
+
+TEST_F(TemporaryTablesTest, ATableThatIsInUseCannotBeMadeASecondTime) {
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    EXPECT_NE(RaisedBy([&] { m_connection->Execute(creation); }).Number(), 0);
+    m_connection->Rollback();
+    RunBatch(2);
+}
+
+TEST_F(TemporaryTablesTest, ATableOfAnotherShapeTakesThePlaceOfTheOneSetAside) {
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute("CREATE TABLE #Next (Name VARCHAR(9), Other INT)");
+    m_connection->Execute("INSERT INTO #Next (Name, Other) VALUES ('a', 2)");
+    EXPECT_EQ(Value("SELECT Other FROM #Next"), TaggedValue(2));
+    m_connection->Execute("DROP TABLE #Next");
+    m_connection->Commit();
+    RunBatch(3);
+}
+
+TEST_F(TemporaryTablesTest, ARollbackBringsBackWhatWasThereBefore) {
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    m_connection->Execute("INSERT INTO #Next (Value) VALUES (9)");
+    m_connection->Rollback();
+    EXPECT_NE(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Number(), 0);
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    m_connection->Execute("INSERT INTO #Next (Value) VALUES (9)");
+    m_connection->Rollback();
+    RunBatch(2);
+}
+
+TEST_F(TemporaryTablesTest, ATableLeftBehindByABatchIsGoneAfterReset) {
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    m_connection->Execute("INSERT INTO #Next (Value) VALUES (9)");
+    m_connection->Commit();
+    m_connection->Reset();
+    EXPECT_NE(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Number(), 0);
+    RunBatch(2);
+}
+
+TEST_F(TemporaryTablesTest, OutsideABatchATableIsMadeAndDroppedAsItStands) {
+    RunBatch(1);
+    m_connection->Execute(creation);
+    m_connection->Execute("INSERT INTO #Next (Value) VALUES (7)");
+    EXPECT_EQ(Value("SELECT Value FROM #Next"), TaggedValue(7));
+    m_connection->Execute("DROP TABLE #Next");
+    EXPECT_NE(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Number(), 0);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,149 @@
+#include "demo/sample/Codes.h"
+#include "tests/demo/sample/CustodyChecks.h"
+#include "tests/demo/sample/SampleFile.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+
+namespace {
+
+// A thousand items hold everything awkward.
+const SampleFile& Thousand() {
+    static const SampleFile file{SampleOptions{1000}};
+    return file;
+}
+
+int64_t CountOf(const std::string& table, const std::string& condition) {
+    return Thousand().Number("SELECT COUNT(*) FROM " + table + " WHERE " + condition);
+}
+
+}  // namespace
+
+TEST(AwkwardDepartment, ItsChainsAreSound) { ExpectSoundChains(Thousand()); }
+
+TEST(AwkwardDepartment, ItemsLackALocationInBothWays) {
+    EXPECT_GT(CountOf("Property", "CurrTrackSeq IS NULL"), 0);
+    EXPECT_GT(CountOf("Vehicle", "CurrTrackSeq IS NULL"), 0);
+    EXPECT_GT(CountOf("Property i INNER JOIN PropertyTracking t ON t.PropertyNo = i.PropertyNo AND t.SeqNo = "
+                      "i.CurrTrackSeq", "t.StorageLocNo IS NULL"), 0);
+    EXPECT_GT(
+        CountOf("Vehicle i INNER JOIN VehicleTracking t ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq",
+                "t.StorageLocNo IS NULL"),
+        0);
+}
+
+TEST(AwkwardDepartment, ItemsLackCategoryIdentifierStateCodeAndMore) {
+    for (const char* condition :
+         {"CategoryNo IS NULL", "PropertyID IS NULL", "PropertyID = ''", "Quantity IS NULL", "Quantity = 0",
+          "Description IS NULL", "PropertyValue IS NULL", "RecordTypeInd = 0"}) {
+        EXPECT_GT(CountOf("Property", condition), 0) << condition;
+    }
+    for (const char* condition :
+         {"CategoryNo IS NULL", "RegNumber IS NULL AND RegStateCode IS NOT NULL",
+          "RegNumber IS NOT NULL AND RegStateCode "
+          "IS NULL",
+          "VehYear IS NULL", "ColorCode IS NULL AND MakeCode IS NULL AND VehModel IS NULL", "RecordTypeInd = 0"}) {
+        EXPECT_GT(CountOf("Vehicle", condition), 0) << condition;
+    }
+}
+
+TEST(AwkwardDepartment, MostItemsAreOrdinary) {
+    EXPECT_LT(CountOf("Property", "CategoryNo IS NULL OR COALESCE(PropertyID, '') = '' OR Description IS NULL"),
+              900 / 20);
+    EXPECT_LT(CountOf("Vehicle", "CategoryNo IS NULL OR RegNumber IS NULL OR RegStateCode IS NULL"), 100 / 5);
+}
+
+TEST(AwkwardDepartment, TextsHoldQuotesBlanksScriptsMarkupAndWildcards) {
+    for (const char* column : {"Property.Description", "StorageLocation.Name"}) {
+        const std::string table = std::string(column).substr(0, std::string(column).find('.'));
+        for (const char* sign : {"''", "\"", "<b>", "&", "%", "_", "[", "*"}) {
+            EXPECT_GT(CountOf(table, "INSTR(" + std::string(column) + ", '" + sign + "') > 0"), 0)
+                << column << " " << sign;
+        }
+        const std::string name = column;
+        EXPECT_GT(CountOf(table, "SUBSTR(" + name + ", 1, 1) = ' '"), 0) << column;
+        EXPECT_GT(CountOf(table, "SUBSTR(" + name + ", -1) = ' '"), 0) << column;
+        EXPECT_GT(CountOf(table, "LENGTH(" + name + ") > 80"), 0) << column;
+        for (const char* letter : {"П", "ع", "ö"}) {
+            EXPECT_GT(CountOf(table, "INSTR(" + name + ", '" + letter + "') > 0"), 0) << column << " " << letter;
+        }
+    }
+    for (const char* sign : {"東", "\U0001F4E6", "e\u0301", "\\", "\n", "{0}"}) {
+        EXPECT_GT(CountOf("Property", "INSTR(Description, '" + std::string(sign) + "') > 0"), 0) << sign;
+    }
+    EXPECT_GT(CountOf("Property", "ManufacNbr LIKE '%''%' AND ModelNbr LIKE '%\"%' AND SerialNbr LIKE ' % '"), 0);
+    EXPECT_GT(CountOf("Property", "PropertyID LIKE '  %'"), 0);
+    EXPECT_GT(CountOf("Vehicle", "MakeCode LIKE '%''%' AND VehModel LIKE '%\"%'"), 0);
+}
+
+TEST(AwkwardDepartment, PersonsWithOddNamesTakePartInCustody) {
+    for (const sample::Stand& stand : sample::OddStands()) {
+        const std::string no = std::to_string(stand.person.no);
+        EXPECT_EQ(CountOf("Person", "PersonNo = " + no), 1);
+        EXPECT_GT(CountOf("PropertyTracking", "ReceivedBy = " + no + " OR ReceivedFrom = " + no), 0)
+            << stand.person.lastName;
+    }
+}
+
+TEST(AwkwardDepartment, ItemsAreLinkedTwiceToOneIncidentAndToSeveral) {
+    for (const std::string kind : {"Property", "Vehicle"}) {
+        const std::string links = "Incd" + kind;
+        EXPECT_GT(Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM " + links + " GROUP BY IncidentNo, " + kind +
+                                    "No HAVING COUNT(*) > 1)"), 0) << kind;
+    }
+    EXPECT_GT(Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM IncdProperty GROUP BY PropertyNo HAVING "
+                                "COUNT(DISTINCT IncidentNo) > 1)"), 0);
+}
+
+TEST(AwkwardDepartment, TwoIncidentsShareACaseNumberAndSomeHaveNone) {
+    EXPECT_GT(
+        Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM Incident WHERE CaseNbr IS NOT NULL GROUP BY CaseNbr "
+                          "HAVING COUNT(*) > 1)"),
+        0);
+    EXPECT_GT(CountOf("Incident", "CaseNbr IS NULL"), 0);
+}
+
+TEST(AwkwardDepartment, SomeLocationsAreOutOfUseAndHoldOthersAndItems) {
+    EXPECT_GT(CountOf("StorageLocation", "ActiveFlag IS NULL"), 0);
+    EXPECT_GT(CountOf("StorageLocation s INNER JOIN StorageLocation a ON a.IdNo = s.ContainerNo",
+                      "s.ActiveFlag = 1 AND "
+                      "a.ActiveFlag = 0"),
+              0);
+    EXPECT_GT(
+        CountOf("CurrentPlace c INNER JOIN StorageLocation s ON s.IdNo = c.StorageLocNo INNER JOIN StorageLocation a "
+                "ON a.IdNo = s.ContainerNo",
+                "s.ActiveFlag = 1 AND a.ActiveFlag = 0"),
+        0);
+}
+
+TEST(AwkwardDepartment, MainPicturesStandOrLackTheirFolderOrTheirRow) {
+    const std::string main = "Property p LEFT JOIN AttachmentIndex a ON a.IdNo = p.PropertyNo AND a.ObjTypeInd = 6 AND "
+                             "a.SeqNo = p.CurrImageSeq";
+    EXPECT_GT(CountOf(main, "a.FolderNo = 1"), 0);
+    EXPECT_GT(CountOf(main, "a.FolderNo = 1 AND a.SeqNo = 2"), 0);
+    EXPECT_GT(CountOf(main, "a.IdNo IS NOT NULL AND a.FolderNo IS NULL"), 0);
+    EXPECT_GT(CountOf(main, "p.CurrImageSeq IS NOT NULL AND a.IdNo IS NULL"), 0);
+    EXPECT_GT(CountOf(main, "p.CurrImageSeq IS NULL AND EXISTS (SELECT 1 FROM AttachmentIndex b WHERE b.IdNo = "
+                            "p.PropertyNo AND b.ObjTypeInd = 6)"), 0);
+    EXPECT_GT(
+        CountOf("Vehicle v INNER JOIN AttachmentIndex a ON a.IdNo = v.VehicleNo AND a.ObjTypeInd = 7 AND a.SeqNo = "
+                "v.CurrImageSeq",
+                "a.FolderNo = 2"),
+        0);
+    EXPECT_EQ(CountOf("AttachmentIndex", "(ObjTypeInd = 6) <> (IdNo < 5000001)"), 0);
+}
+
+TEST(AwkwardDepartment, EveryFiledPictureStandsBesideTheDatabase) {
+    const auto files = Thousand().Rows("SELECT DISTINCT f.Path || '/' || a.FileName FROM AttachmentIndex a INNER JOIN "
+                                       "AttachmentFolder f ON f.FolderNo = a.FolderNo");
+    EXPECT_GT(files.size(), 40u);
+    for (const std::string& file : files) {
+        EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(Thousand().Folder()) / file)) << file;
+    }
+}
+
+}  // namespace quellbrook::testing

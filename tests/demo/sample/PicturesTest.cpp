@@ -1,0 +1,58 @@
+#include "demo/sample/Codes.h"
+#include "demo/sample/Motifs.h"
+#include "demo/sample/Pictures.h"
+#include "tests/demo/sample/PngReader.h"
+
+#include <algorithm>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace quellbrook::sample {
+
+namespace {
+
+using testing::ReadPng;
+
+}  // namespace
+
+TEST(Pictures, EachIsOfTheOneSizeAndShowsSomething) {
+    for (const CompanionFile& file : DrawPictures()) {
+        const ReadPng read(file.bytes);
+        EXPECT_EQ(read.width, static_cast<uint32_t>(PictureWidth)) << file.path;
+        EXPECT_EQ(read.height, static_cast<uint32_t>(PictureHeight)) << file.path;
+        EXPECT_GE(std::set<uint8_t>(read.dots.begin(), read.dots.end()).size(), 5u) << file.path;
+        EXPECT_LT(std::count(read.dots.begin(), read.dots.end(), Ink::Back), 160 * 120 * 9 / 10) << file.path;
+    }
+}
+
+TEST(Pictures, NoTwoAreTheSame) {
+    std::set<std::string> paths, contents;
+    for (const CompanionFile& file : DrawPictures()) {
+        EXPECT_TRUE(paths.insert(file.path).second) << file.path;
+        EXPECT_TRUE(contents.insert(file.bytes).second) << file.path;
+    }
+}
+
+TEST(Pictures, AnotherDrawingGivesTheSameBytes) {
+    const auto first = DrawPictures(), second = DrawPictures();
+    ASSERT_EQ(first.size(), second.size());
+    for (size_t k = 0; k < first.size(); ++k) EXPECT_EQ(first[k].bytes, second[k].bytes) << first[k].path;
+}
+
+TEST(Pictures, EveryNameThatIsGivenIsDrawn) {
+    std::set<std::string> drawn;
+    for (const CompanionFile& file : DrawPictures()) drawn.insert(file.path);
+    for (int32_t category = 0; category <= 30; ++category) {
+        for (const int32_t view : {0, 1, 2, 3, 299'999}) {
+            EXPECT_EQ(drawn.count(std::string(PropertyPictures) + "/" + PropertyPictureName(category, view)), 1u)
+                << category;
+        }
+        for (const char* colour : {"Silver", "Tan", "Mauve", ""}) {
+            EXPECT_EQ(drawn.count(std::string(VehiclePictures) + "/" + VehiclePictureName(category, colour)), 1u)
+                << category;
+        }
+    }
+}
+
+}  // namespace quellbrook::sample

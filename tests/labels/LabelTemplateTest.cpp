@@ -1,0 +1,309 @@
+#include "labels/LabelTemplate.h"
+
+#include "base/Error.h"
+#include "host/HostServices.h"
+#include "host/LabelEngine.h"
+#include "tests/support/LabelServices.h"
+#include "tests/support/RaisedBy.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+const std::string barcode = "\x02P0000000012\x03";
+
+std::string Svg(const std::string& content, const std::string& attributes = "width='100mm' height='50mm' "
+                                                                           "viewBox='0 0 100 50'") {
+    return "<svg xmlns='http://www.w3.org/2000/svg' " + attributes + ">" + content + "</svg>";
+}
+
+FilledLabel Fill(const std::string& svg, const LabelTemplate::Fields& fields) { return LabelTemplate(svg).Fill(fields); }
+
+std::string RefusalOf(const std::string& svg, const LabelTemplate::Fields& fields = {{"name", "x"}}) {
+    const Error error = RaisedBy([&] { Fill(svg, fields); });
+    EXPECT_EQ(error.Number(), ErrorNumber::General) << svg;
+    return error.Description();
+}
+
+void ExpectBox(const LabelPlace& place, const LabelBox& expected, int quarterTurns = 0) {
+    EXPECT_NEAR(place.box.left, expected.left, 1e-6);
+    EXPECT_NEAR(place.box.top, expected.top, 1e-6);
+    EXPECT_NEAR(place.box.width, expected.width, 1e-6);
+    EXPECT_NEAR(place.box.height, expected.height, 1e-6);
+    EXPECT_EQ(place.quarterTurns, quarterTurns);
+}
+
+TEST(LabelTemplate, TakesItsSizeFromTheDrawing) {
+    const std::string content = "<text id='name' x='1' y='5' font-size='4'/>";
+    EXPECT_NEAR(Fill(Svg(content), {{"name", "x"}}).width, 100, 1e-9);
+    const FilledLabel inches = Fill(Svg(content, "width='4in' height='2in'"), {{"name", "x"}});
+    EXPECT_NEAR(inches.width, 101.6, 1e-9);
+    EXPECT_NEAR(inches.height, 50.8, 1e-9);
+}
+
+TEST(LabelTemplate, ARectangleTakesTheBarcode) {
+    const FilledLabel label =
+        Fill(Svg("<rect id='barcode' x='10' y='20' width='80' height='25'/>"), {{"barcode", barcode}});
+    ASSERT_EQ(label.barcodes.size(), 1u);
+    EXPECT_EQ(label.barcodes[0].text, barcode);
+    ExpectBox(label.barcodes[0].place, {10, 20, 80, 25});
+}
+
+TEST(LabelTemplate, ATextTakesItsTextAndKeepsItsStyle) {
+    const FilledLabel label = Fill(
+        Svg("<g font-family=\"'Some Face', sans-serif\" style='font-weight:bold'><text id='name' x='50' y='10' "
+            "font-size='5' text-anchor='middle' style='fill:#123456;font-style:italic'>sample</text></g>"),
+        {{"name", "<b>a & b</b>"}});
+    ASSERT_EQ(label.texts.size(), 1u);
+    const LabelText& text = label.texts[0];
+    EXPECT_EQ(text.text, "<b>a & b</b>");
+    EXPECT_EQ(text.family, "Some Face");
+    EXPECT_NEAR(text.size, 5, 1e-9);
+    EXPECT_EQ(text.weight, 700);
+    EXPECT_TRUE(text.italic);
+    EXPECT_EQ(text.anchor, LabelAnchor::Middle);
+    EXPECT_EQ(text.color, "#123456");
+}
+
+TEST(LabelTemplate, AnEditorsInnerSpanSaysHowATextIsWritten) {
+    const FilledLabel label = Fill(
+        Svg("<text id='name' style='font-size:10px'><tspan x='3' y='9' style='font-size:4px;font-weight:600'>s</tspan>"
+            "</text>"),
+        {{"name", "x"}});
+    EXPECT_NEAR(label.texts[0].size, 4, 1e-9);
+    EXPECT_EQ(label.texts[0].weight, 600);
+    EXPECT_NEAR(label.texts[0].place.box.left, 3, 1e-9);
+}
+
+TEST(LabelTemplate, OfSpansInsideSpansTheInnermostSaysHowAndTheFirstPlaceWhere) {
+    const FilledLabel label =
+        Fill(Svg("<text id='name'><tspan font-size='4px'><tspan x='3' y='9'><tspan font-weight='700'>a</tspan></tspan>"
+                 "</tspan><tspan x='3' y='14' font-size='9px'>b</tspan></text>"),
+             {{"name", "x"}});
+    EXPECT_NEAR(label.texts[0].size, 4, 1e-9);
+    EXPECT_EQ(label.texts[0].weight, 700);
+    ExpectBox(label.texts[0].place, {3, 9 - 3.8, 100 - 3 - 1.5, 5});
+}
+
+TEST(LabelTemplate, ClassesOfTheDrawingsStyleSheetCount) {
+    const FilledLabel label =
+        Fill(Svg("<style type='text/css'>\n\t.st0{font-family:'Some Face';}\n\t.st1{font-size:5px;font-weight:600;"
+                 "fill:#123456;text-anchor:end;}\n</style><text id='name' class='st0' transform='matrix(1 0 0 1 90 9)'>"
+                 "<tspan x='0' y='0' class='st1'>s</tspan></text>"),
+             {{"name", "x"}});
+    EXPECT_EQ(label.texts[0].family, "Some Face");
+    EXPECT_NEAR(label.texts[0].size, 5, 1e-9);
+    EXPECT_EQ(label.texts[0].weight, 600);
+    EXPECT_EQ(label.texts[0].color, "#123456");
+    EXPECT_EQ(label.texts[0].anchor, LabelAnchor::End);
+    EXPECT_THAT(label.drawing, HasSubstr(".st1{"));
+}
+
+// As an editor saves it: a metadata block, layers that are moved and hidden, styles, everything with an id.
+TEST(LabelTemplate, AnEditorsLayersAndMetadataAreNoTrouble) {
+    const FilledLabel label = Fill(R"svg(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
+<!-- Created with an editor -->
+<svg width="101.6mm" height="50.8mm" viewBox="0 0 101.6 50.8" version="1.1" id="svg5" e:docname="label.svg"
+    xmlns:e="http://example.org/editor" xmlns="http://www.w3.org/2000/svg" xmlns:svg="http://www.w3.org/2000/svg">
+  <e:view id="view7" pagecolor="#ffffff"><e:grid type="xygrid" id="grid1"/></e:view>
+  <defs id="defs2"><rect x="10" y="60" width="100" height="20" id="rect88"/></defs>
+  <g e:label="Boxes" id="layer2" style="display:none" transform="translate(-52.3,-100.25)">
+    <rect style="fill:none;stroke:#9ab4c4" id="name_box" width="93.6" height="7.8" x="56.3" y="108.05" ry="0.5"/>
+  </g>
+  <g e:label="Layer 1" id="layer1" transform="translate(-52.3,-100.25)">
+    <g id="g10" transform="matrix(0.26458333,0,0,0.26458333,50,100)">
+      <text xml:space="preserve" id="place" x="200" y="24" style="font-size:12px;-e-font:'Inter';text-anchor:middle"
+        ><tspan e:role="line" id="tspan1" x="200" y="24">sample</tspan></text>
+    </g>
+    <text xml:space="preserve" id="name" x="56.3" y="114" style="font-size:6.35px;line-height:1.25;fill:#800000"
+      ><tspan e:role="line" id="tspan2" x="56.3" y="114" style="stroke-width:0.26">sample</tspan></text>
+    <svg:rect style="fill:#d8dde0" id="barcode" width="85" height="18.2" x="56.3" y="130.65"/>
+  </g>
+</svg>)svg",
+                                   {{"name", "x"}, {"place", "y"}, {"barcode", barcode}});
+    ExpectBox(label.texts[0].place, {4, 7.8, 93.6, 7.8});
+    EXPECT_NEAR(label.texts[0].size, 6.35, 1e-9);
+    EXPECT_EQ(label.texts[0].color, "#800000");
+    EXPECT_NEAR(label.texts[1].size, 3.175, 1e-6);
+    EXPECT_NEAR(label.texts[1].place.box.left + label.texts[1].place.box.width / 2, 50 - 52.3 + 200 * 0.26458333, 1e-6);
+    ExpectBox(label.barcodes[0].place, {4, 30.4, 85, 18.2});
+    EXPECT_THAT(label.drawing, Not(HasSubstr("sample")));
+}
+
+TEST(LabelTemplate, ABoxSaysWhereATextMayStand) {
+    const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"
+                                       "<rect id='name_box' x='20' y='10' width='30' height='12'/>"),
+                                   {{"name", "x"}});
+    ExpectBox(label.texts[0].place, {20, 10, 30, 12});
+}
+
+TEST(LabelTemplate, WithoutABoxATextHasOneLineToTheEdge) {
+    const auto place = [](const std::string& attributes) {
+        return Fill(Svg("<text id='name' y='10' font-size='4' " + attributes + "/>"), {{"name", "x"}}).texts[0].place;
+    };
+    ExpectBox(place("x='20'"), {20, 10 - 3.8, 100 - 20 - 1.5, 5});
+    ExpectBox(place("x='20' text-anchor='end'"), {1.5, 6.2, 18.5, 5});
+    ExpectBox(place("x='30' text-anchor='middle'"), {1.5, 6.2, 57, 5});
+}
+
+TEST(LabelTemplate, GroupsMoveAndScaleTheirFields) {
+    const FilledLabel label = Fill(Svg("<g transform='translate(10,5)'><g transform='scale(0.5)'>"
+                                       "<rect id='barcode' x='20' y='10' width='100' height='40'/>"
+                                       "<text id='name' y='20' font-size='10'/></g></g>"),
+                                   {{"barcode", barcode}, {"name", "x"}});
+    ExpectBox(label.barcodes[0].place, {20, 10, 50, 20});
+    EXPECT_NEAR(label.texts[0].size, 5, 1e-9);
+}
+
+TEST(LabelTemplate, FieldsMayBeTurnedByQuarters) {
+    const FilledLabel label = Fill(Svg("<rect id='barcode' width='40' height='10' transform='translate(60,2) rotate(90)'/>"
+                                       "<text id='name' transform='translate(8,45) rotate(-90)' font-size='4'/>"),
+                                   {{"barcode", barcode}, {"name", "x"}});
+    ExpectBox(label.barcodes[0].place, {50, 2, 10, 40}, 1);
+    ExpectBox(label.texts[0].place, {8 - 3.8, 1.5, 5, 43.5}, 3);
+}
+
+TEST(LabelTemplate, TheDrawingStandsInTheMiddleOfASheetOfOtherProportions) {
+    const FilledLabel label =
+        Fill(Svg("<rect id='barcode' x='0' y='0' width='10' height='10'/>", "width='100mm' height='50mm' viewBox='0 0 10 10'"),
+             {{"barcode", barcode}});
+    ExpectBox(label.barcodes[0].place, {25, 0, 50, 50});
+}
+
+TEST(LabelTemplate, WhatIsFilledGoesFromTheDrawingAndTheRestStays) {
+    const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'>sample</text>"
+                                       "<rect id='name_box' x='20' y='10' width='30' height='12'/>"
+                                       "<rect id='barcode' x='10' y='30' width='80' height='15'/>"
+                                       "<text id='other'>stays</text><path d='M0 0h5'/>"),
+                                   {{"name", "x"}, {"barcode", barcode}});
+    EXPECT_THAT(label.drawing, Not(HasSubstr("sample")));
+    EXPECT_THAT(label.drawing, Not(HasSubstr("name_box")));
+    EXPECT_THAT(label.drawing, Not(HasSubstr("barcode")));
+    EXPECT_THAT(label.drawing, HasSubstr("stays"));
+    EXPECT_THAT(label.drawing, HasSubstr("M0 0h5"));
+}
+
+TEST(LabelTemplate, AFieldThatTheTemplateLacksIsLeftOut) {
+    const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"), {{"name", "x"}, {"none", "y"}});
+    EXPECT_EQ(label.texts.size(), 1u);
+}
+
+TEST(LabelTemplate, CanBeFilledAgain) {
+    const LabelTemplate twice(Svg("<text id='name' x='5' y='9' font-size='4'/>"));
+    EXPECT_EQ(twice.Fill({{"name", "first"}}).texts[0].text, "first");
+    EXPECT_EQ(twice.Fill({{"name", "second"}}).texts[0].text, "second");
+}
+
+TEST(LabelTemplate, FieldsWithinFieldsAreNoTrouble) {
+    const FilledLabel label =
+        Fill(Svg("<text id='name' x='5' y='9' font-size='4'><rect id='name_box' x='1' y='1' width='9' height='9'/>"
+                 "<rect id='barcode' x='1' y='1' width='50' height='9'/></text>"),
+             {{"name", "x"}, {"barcode", barcode}});
+    EXPECT_EQ(label.texts.size() + label.barcodes.size(), 2u);
+    EXPECT_THAT(label.drawing, Not(HasSubstr("rect")));
+}
+
+TEST(LabelTemplate, OtherEncodingsAreReadAsTheyAreDeclared) {
+    const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" +
+                              Svg("<text id='name' x='5' y='9' font-size='4'/><text>Stra\xDF" "e</text>");
+    EXPECT_THAT(Fill(latin, {{"name", "x"}}).drawing, HasSubstr("Stra\xC3\x9F" "e"));
+    EXPECT_THAT(Fill("\xEF\xBB\xBF" + Svg("<text id='name' x='5' y='9' font-size='4'/>"), {{"name", "x"}}).drawing,
+                HasSubstr("svg"));
+}
+
+TEST(LabelTemplateRefuses, WhatIsNoDrawing) {
+    for (const char* text : {"", "not xml", "<svg", "<svg></sv>", "<svg width='1mm'/><svg/>"})
+        EXPECT_THAT(RefusalOf(text), StartsWith("The label template ")) << text;
+    EXPECT_EQ(RefusalOf("<html/>"), "The label template is no SVG drawing.");
+    EXPECT_THAT(RefusalOf("<svg"), StartsWith("The label template is not well-formed: "));
+}
+
+TEST(LabelTemplateRefuses, ADrawingWithoutASize) {
+    EXPECT_EQ(RefusalOf("<svg/>"),
+              "The label template has no width: give the drawing one in millimetres or inches.");
+    EXPECT_EQ(RefusalOf("<svg width='100mm' height='100%'/>"),
+              "The label template has no height: give the drawing one in millimetres or inches.");
+    EXPECT_EQ(RefusalOf("<svg width='2mm' height='50mm'/>"), "The label template has a width that no label has.");
+    EXPECT_EQ(RefusalOf("<svg width='20mm' height='2000mm'/>"), "The label template has a height that no label has.");
+    for (const char* viewBox : {"0 0 0 10", "0 0 10", "a b c d", "0 0 -5 5"})
+        EXPECT_EQ(RefusalOf(Svg("", "width='100mm' height='50mm' viewBox='" + std::string(viewBox) + "'")),
+                  "The label template has a viewBox that can't be read: '" + std::string(viewBox) + "'.");
+}
+
+TEST(LabelTemplateRefuses, ATemplateWithNoneOfTheFields) {
+    EXPECT_EQ(RefusalOf(Svg("<text id='other'/>"), {{"name", "x"}, {"place", "y"}}),
+              "The label template has none of the fields 'name', 'place'.");
+}
+
+TEST(LabelTemplateRefuses, ABarcodeWithoutARectangle) {
+    const std::string text = "<text id='name' x='5' y='9' font-size='4'/>";
+    EXPECT_EQ(RefusalOf(Svg(text), {{"name", "x"}, {"barcode", barcode}}),
+              "The field 'barcode' of the label template is missing: give a rectangle this id, to take the barcode.");
+    EXPECT_EQ(RefusalOf(Svg(text), {{"name", barcode}}),
+              "The field 'name' of the label template is a text; a barcode needs a rectangle.");
+    EXPECT_EQ(RefusalOf(Svg("<path id='name'/>")),
+              "The field 'name' of the label template is neither a text nor a rectangle.");
+}
+
+TEST(LabelTemplateRefuses, AnIdThatStandsTwice) {
+    EXPECT_EQ(RefusalOf(Svg("<text id='name'/><g><text id='name'/></g>")),
+              "The field 'name' of the label template stands there twice; an id belongs to one element.");
+}
+
+TEST(LabelTemplateRefuses, PlacesThatNoFieldCanHave) {
+    const std::string outside = "The field 'name' of the label template has no size, or stands outside the label.";
+    EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='90' y='0' width='20' height='5'/>")), outside);
+    EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9' y='0' width='20'/>")), outside);
+    EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9' y='0' width='-20' height='5' transform='rotate(7)'/>")),
+              "The field 'name' of the label template is slanted, mirrored or stretched; it can only be turned by "
+              "quarters.");
+    EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9%' y='0' width='20' height='5'/>")),
+              "The field 'name' of the label template has a place that can't be read: x='9%'.");
+    EXPECT_EQ(RefusalOf(Svg("<g transform='twist(3)'><rect id='name' width='20' height='5'/></g>")),
+              "The label template has a transform that can't be read: 'twist(3)'.");
+    EXPECT_EQ(RefusalOf(Svg("<text id='name' x='99' y='9' font-size='4'/>")),
+              "The field 'name' of the label template stands outside the label, or too near its edge.");
+    EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='4'/><path id='name_box'/>")),
+              "The field 'name_box' of the label template is no rectangle.");
+}
+
+TEST(LabelTemplateRefuses, FontsThatNoLabelHas) {
+    EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='large'/>")),
+              "The field 'name' of the label template has a font size that can't be read: 'large'.");
+    EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='0'/>")),
+              "The field 'name' of the label template has a font size that no label has.");
+}
+
+TEST(LabelTemplateRefuses, ADrawingWithoutAnEnd) {
+    std::string deep;
+    for (int level = 0; level < 100'000; ++level) deep += "<g>";
+    for (int level = 0; level < 100'000; ++level) deep += "</g>";
+    EXPECT_EQ(RefusalOf(Svg(deep)), "The label template is nested too deeply.");
+}
+
+TEST(BarcodeLabel, AFieldThatIsSetAgainTakesTheLaterValue) {
+    BarcodeLabel label = GetLabelEngine().Parse(LabelServices::TemplateOf({"name"}, "barcode"));
+    label.SetField("name", "first");
+    label.SetField("barcode", barcode);
+    label.SetField("name", "second");
+    EXPECT_EQ(label.Filled().texts.at(0).text, "second");
+    EXPECT_EQ(label.Filled().texts.size(), 1u);
+}
+
+TEST(BarcodeLabel, PrintsOnTheWorkstationsPrinter) {
+    const LabelServices services;
+    BarcodeLabel label = GetLabelEngine().Parse(LabelServices::TemplateOf({"name"}, "barcode"));
+    label.SetField("name", "a");
+    label.Print();
+    ASSERT_EQ(services.printer->labels.size(), 1u);
+    EXPECT_EQ(ValueAt(services.printer->labels[0], 10), "a");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,93 @@
+#include "ui/accessibility/Accessibility.h"
+
+#include "ui/controls/DropdownBox.h"
+#include "ui/accessibility/DropdownBoxAccessible.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/FlatTabs.h"
+#include "ui/accessibility/FlatTabsAccessible.h"
+#include "ui/controls/FlatTitleBar.h"
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Line.h"
+#include "ui/controls/Link.h"
+#include "ui/controls/StatusTag.h"
+#include "ui/controls/View.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace quellbrook {
+
+namespace {
+
+// A control that does one thing when it is pressed.
+template <typename T>
+class PressableAccessible : public QAccessibleWidget {
+public:
+    PressableAccessible(T* control, QAccessible::Role role) : QAccessibleWidget(control, role), m_control(control) {}
+
+    QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
+
+    // Not at once: the assistive tool waits for the end of this call, and a click may open a dialog.
+    void doAction(const QString& name) override {
+        if (name == pressAction())
+            QMetaObject::invokeMethod(m_control, [control = m_control] { control->Click(); }, Qt::QueuedConnection);
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+private:
+    T* m_control;
+};
+
+class ControlAccessible : public QAccessibleWidget {
+public:
+    ControlAccessible(Control* control, QAccessible::Role role) : QAccessibleWidget(control, role) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        const QVariant focused = widget()->property("Focused");
+        if (focused.isValid()) {
+            state.selectable = true;
+            state.selected = focused.toBool();
+        }
+        return state;
+    }
+};
+
+QAccessible::Role RoleOf(const Control* widget) {
+    if (widget->AccessibleRole() != 0) return static_cast<QAccessible::Role>(widget->AccessibleRole());
+    if (qobject_cast<const Label*>(widget) || qobject_cast<const StatusTag*>(widget)) return QAccessible::StaticText;
+    if (qobject_cast<const FontIcon*>(widget)) return QAccessible::Graphic;
+    if (qobject_cast<const FlatTitleBar*>(widget)) return QAccessible::TitleBar;
+    if (qobject_cast<const Line*>(widget)) return QAccessible::Separator;
+    if (qobject_cast<const FlatTabPage*>(widget)) return QAccessible::PropertyPage;
+    if (qobject_cast<const View*>(widget)) return QAccessible::Pane;
+    return QAccessible::Grouping;
+}
+
+QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
+    if (auto* box = qobject_cast<DropdownBox*>(object)) return new DropdownBoxAccessible(box);
+    auto* control = qobject_cast<Control*>(object);
+    if (!control) return nullptr;
+    if (auto* button = qobject_cast<FlatButton*>(control))
+        return new PressableAccessible<FlatButton>(button, QAccessible::Button);
+    if (auto* link = qobject_cast<Link*>(control)) return new PressableAccessible<Link>(link, QAccessible::Link);
+    if (auto* tabs = qobject_cast<FlatTabs*>(control)) return new FlatTabsAccessible(tabs);
+    return new ControlAccessible(control, RoleOf(control));
+}
+
+}  // namespace
+
+void InstallAccessibility() {
+    static const bool installed = [] {
+        QAccessible::installFactory(MakeInterface);
+        return true;
+    }();
+    Q_UNUSED(installed);
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,47 @@
+#include "ui/accessibility/DropdownBoxAccessible.h"
+
+#include "ui/controls/DropdownBox.h"
+
+#include <QAbstractItemView>
+
+namespace quellbrook {
+
+DropdownBoxAccessible::DropdownBoxAccessible(DropdownBox* box)
+    : QAccessibleWidget(box, QAccessible::ComboBox), m_box(box) {}
+
+QString DropdownBoxAccessible::text(QAccessible::Text kind) const {
+    return kind == QAccessible::Value ? m_box->currentText() : QAccessibleWidget::text(kind);
+}
+
+QAccessible::State DropdownBoxAccessible::state() const {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.expandable = true;
+    state.hasPopup = true;
+    state.expanded = m_box->view()->isVisible();
+    state.collapsed = !state.expanded;
+    return state;
+}
+
+QAccessibleInterface* DropdownBoxAccessible::child(int index) const {
+    return index == 0 ? QAccessible::queryAccessibleInterface(m_box->view()) : nullptr;
+}
+
+int DropdownBoxAccessible::indexOfChild(const QAccessibleInterface* child) const {
+    return child && child->object() == m_box->view() ? 0 : -1;
+}
+
+QStringList DropdownBoxAccessible::actionNames() const {
+    if (!m_box->isEnabled()) return {};
+    return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+}
+
+void DropdownBoxAccessible::doAction(const QString& name) {
+    if (name != showMenuAction() && name != pressAction()) return QAccessibleWidget::doAction(name);
+    if (!m_box->isEnabled()) return;
+    if (m_box->view()->isVisible())
+        m_box->hidePopup();
+    else
+        m_box->showPopup();
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,51 @@
+#include "ui/platform/TabOrder.h"
+
+#include <QWidget>
+
+#include <algorithm>
+#include <vector>
+
+namespace quellbrook {
+
+namespace {
+
+// The toolkit orders focusable widgets only, and moves what is inside a widget that hands its focus on along with it.
+bool IsOrdered(const QWidget* widget, const QWidget* parent) {
+    if (widget->focusPolicy() == Qt::NoFocus) return false;
+    for (const QWidget* around = widget->parentWidget(); around && around != parent; around = around->parentWidget())
+        if (around->focusProxy() && around->isAncestorOf(around->focusProxy())) return false;
+    return true;
+}
+
+// The toolkit takes the tab order for a ring and leaves it as it is when only its beginning would change; a parent that
+// counts as a stop itself gives the ring a beginning.
+void BeginWith(QWidget* parent, QWidget* first) {
+    const Qt::FocusPolicy policy = parent->focusPolicy();
+    parent->setFocusPolicy(Qt::StrongFocus);
+    QWidget::setTabOrder(parent, first);
+    parent->setFocusPolicy(policy);
+}
+
+}  // namespace
+
+void MoveFirstInTabOrder(QWidget* widget) {
+    QWidget* parent = widget->parentWidget();
+    if (!parent || widget->isWindow()) return;
+
+    std::vector<QWidget*> inside;
+    bool isWholeRing = !parent->focusProxy();
+    for (QWidget* next = parent->nextInFocusChain(); next && next != parent; next = next->nextInFocusChain()) {
+        if (!parent->isAncestorOf(next))
+            isWholeRing = isWholeRing && next->focusPolicy() == Qt::NoFocus;
+        else if (IsOrdered(next, parent))
+            inside.push_back(next);
+    }
+    std::stable_partition(inside.begin(), inside.end(), [widget](const QWidget* candidate) {
+        return candidate == widget || widget->isAncestorOf(candidate);
+    });
+
+    if (isWholeRing && !inside.empty()) BeginWith(parent, inside.front());
+    for (size_t i = 1; i < inside.size(); ++i) QWidget::setTabOrder(inside[i - 1], inside[i]);
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,19 @@
+#include "ui/platform/WidgetTimer.h"
+
+#include "ui/platform/Guard.h"
+
+namespace quellbrook {
+
+WidgetTimer::WidgetTimer() {
+    m_timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_timer, &QTimer::timeout, [this] {
+        const std::function<void()> elapsed = Elapsed;
+        if (elapsed) Guard(elapsed);
+    });
+}
+
+void InstallWidgetTimers() {
+    SetTimerFactory([] { return std::make_unique<WidgetTimer>(); });
+}
+
+}  // namespace quellbrook

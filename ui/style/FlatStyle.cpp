@@ -1,0 +1,216 @@
+#include "ui/style/FlatStyle.h"
+
+#include "ui/style/Icons.h"
+#include "ui/style/Theme.h"
+
+#include <QMenu>
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOptionMenuItem>
+#include <QStyleOptionSlider>
+
+namespace quellbrook {
+
+namespace {
+
+constexpr int BarExtent = 12;
+constexpr int ThumbWidth = 8;
+constexpr int ShortestThumb = 32;
+constexpr int MenuEntryHeight = 30;
+constexpr int MenuSeparatorHeight = 9;
+constexpr int MenuTextLeft = 36;
+constexpr int MenuTextRight = 28;
+
+QFont MenuFont(bool isDefault) {
+    QFont font = Theme::Font(Theme::Type::Subtitle);
+    if (isDefault) font.setWeight(QFont::Bold);
+    return font;
+}
+
+bool IsDefault(const QStyleOptionMenuItem& item) { return item.menuItemType == QStyleOptionMenuItem::DefaultItem; }
+
+bool IsBold(const QStyleOptionMenuItem& item) { return IsDefault(item) || item.font.bold(); }
+
+QString CaptionOf(const QStyleOptionMenuItem& item) { return item.text.section(QLatin1Char('\t'), 0, 0); }
+
+void DrawMenuEntry(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* widget) {
+    const QRect place = item.rect;
+    if (item.menuItemType == QStyleOptionMenuItem::Separator) {
+        painter.fillRect(place.left(), place.center().y(), place.width(), 1, Theme::Get(Theme::Color::Hairline));
+        return;
+    }
+    const bool enabled = item.state & QStyle::State_Enabled;
+    const bool chosen = enabled && (item.state & QStyle::State_Selected);
+    if (chosen) painter.fillRect(place, Theme::Get(Theme::Color::Highlight));
+    QColor ink = Theme::Get(Theme::Color::Text);
+    if (!enabled) ink = Theme::Get(Theme::Color::DisabledText);
+    if (chosen) ink = Theme::Get(Theme::Color::HighlightText);
+
+    const qreal ratio = widget ? widget->devicePixelRatioF() : 1.0;
+    const QPoint iconAt(place.left() + 10, place.center().y() - 8);
+    if (item.checked)
+        painter.drawPixmap(iconAt, Icons::Pixmap(QStringLiteral("check"), 18, ink, ratio));
+    else if (!item.icon.isNull())
+        item.icon.paint(&painter, QRect(iconAt, QSize(18, 18)));
+
+    painter.setFont(MenuFont(IsBold(item)));
+    painter.setPen(ink);
+    const QRect textPlace = place.adjusted(MenuTextLeft, 0, -12, 0);
+    painter.drawText(textPlace, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextHideMnemonic,
+                     CaptionOf(item));
+    const QString shortcut = item.text.section(QLatin1Char('\t'), 1);
+    if (!shortcut.isEmpty()) painter.drawText(textPlace, Qt::AlignVCenter | Qt::AlignRight, shortcut);
+    if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
+        painter.drawPixmap(place.right() - 24, place.center().y() - 8,
+                           Icons::Pixmap(QStringLiteral("chevron_r"), 16, ink, ratio));
+}
+
+QRect ThumbOf(const QRect& slider, Qt::Orientation orientation) {
+    QRect thumb = slider;
+    if (orientation == Qt::Vertical) {
+        thumb.setWidth(ThumbWidth);
+        thumb.moveLeft(slider.left() + (slider.width() - ThumbWidth) / 2);
+    } else {
+        thumb.setHeight(ThumbWidth);
+        thumb.moveTop(slider.top() + (slider.height() - ThumbWidth) / 2);
+    }
+    return thumb;
+}
+
+}  // namespace
+
+FlatStyle::FlatStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+    case PM_ScrollBarExtent: return BarExtent;
+    case PM_ScrollBarSliderMin: return ShortestThumb;
+    case PM_ScrollView_ScrollBarSpacing: return 0;
+    case PM_MenuPanelWidth: return 1;
+    case PM_MenuVMargin: return 4;
+    case PM_MenuHMargin: return 0;
+    case PM_SmallIconSize: return 20;
+    case PM_FocusFrameHMargin: return 0;
+    case PM_FocusFrameVMargin: return 0;
+    case PM_ToolTipLabelFrameWidth: return 5;
+    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int FlatStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* result) const {
+    switch (hint) {
+    case SH_ComboBox_Popup: return 0;
+    case SH_ComboBox_PopupFrameStyle: return QFrame::Box | QFrame::Plain;
+    case SH_ScrollBar_Transient: return 0;
+    case SH_UnderlineShortcut: return 0;
+    case SH_EtchDisabledText: return 0;
+    case SH_DitherDisabledText: return 0;
+    case SH_ItemView_ActivateItemOnSingleClick: return 0;
+    case SH_ToolTipLabel_Opacity: return 255;
+    case SH_Menu_SubMenuPopupDelay: return 150;
+    default: return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+}
+
+QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    if (type == CT_MenuItem) {
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+            if (item->menuItemType == QStyleOptionMenuItem::Separator) return QSize(10, MenuSeparatorHeight);
+            // Bold, since a menu keeps its size when another of its entries becomes the default one.
+            const int width = QFontMetrics(MenuFont(true))
+                                  .size(Qt::TextSingleLine | Qt::TextHideMnemonic, CaptionOf(*item))
+                                  .width();
+            const QString shortcut = item->text.section(QLatin1Char('\t'), 1);
+            const int more = shortcut.isEmpty() ? 0 : QFontMetrics(MenuFont(false)).horizontalAdvance(shortcut) + 24;
+            return QSize(MenuTextLeft + width + more + MenuTextRight, MenuEntryHeight);
+        }
+    }
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                const QWidget* widget) const {
+    const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (!bar) return QProxyStyle::subControlRect(control, option, part, widget);
+
+    const bool vertical = bar->orientation == Qt::Vertical;
+    const int whole = vertical ? bar->rect.height() : bar->rect.width();
+    const bool hasArrows = widget && widget->property(ArrowsProperty).toBool();
+    const int arrow = hasArrows ? qMin(whole / 2, vertical ? bar->rect.width() : bar->rect.height()) : 0;
+    const int length = whole - 2 * arrow;
+    const double range = double(bar->maximum) - bar->minimum;
+    int slider = length;
+    if (range > 0)
+        slider = qBound(qMin(ShortestThumb, length), int(length * bar->pageStep / (range + bar->pageStep)), length);
+    const int start = arrow + sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider,
+                                                      bar->upsideDown);
+    const auto place = [&](int from, int to) {
+        return vertical ? QRect(bar->rect.left(), bar->rect.top() + from, bar->rect.width(), to - from)
+                        : visualRect(bar->direction, bar->rect,
+                                     QRect(bar->rect.left() + from, bar->rect.top(), to - from, bar->rect.height()));
+    };
+    switch (part) {
+    case SC_ScrollBarSubLine: return place(0, arrow);
+    case SC_ScrollBarAddLine: return place(whole - arrow, whole);
+    case SC_ScrollBarGroove: return place(arrow, whole - arrow);
+    case SC_ScrollBarSlider: return place(start, start + slider);
+    case SC_ScrollBarSubPage: return place(arrow, start);
+    case SC_ScrollBarAddPage: return place(start + slider, whole - arrow);
+    default: return QRect();
+    }
+}
+
+void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    switch (element) {
+    case PE_FrameFocusRect:
+        return;
+    case PE_PanelMenu:
+        painter->fillRect(option->rect, Theme::Get(Theme::Color::Window));
+        return;
+    case PE_FrameMenu:
+        painter->setPen(Theme::Get(Theme::Color::FieldBorder));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        return;
+    case PE_PanelScrollAreaCorner:
+        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+        return;
+    case PE_PanelTipLabel:
+        painter->fillRect(option->rect, option->palette.color(QPalette::ToolTipBase));
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void FlatStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    if (element == CE_MenuItem) {
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
+            return DrawMenuEntry(*item, *painter, widget);
+    }
+    if (element == CE_MenuEmptyArea) return painter->fillRect(option->rect, Theme::Get(Theme::Color::Window));
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void FlatStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                   const QWidget* widget) const {
+    const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (!bar) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+
+    painter->fillRect(bar->rect, bar->palette.color(QPalette::Base));
+    if (bar->maximum <= bar->minimum) return;
+    const bool active = (bar->state & State_MouseOver) || (bar->activeSubControls & SC_ScrollBarSlider);
+    const QRect slider = subControlRect(CC_ScrollBar, bar, SC_ScrollBarSlider, widget);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(Theme::Get(active ? Theme::Color::FieldBorder : Theme::Color::Thumb));
+    painter->drawRoundedRect(ThumbOf(slider, bar->orientation), Theme::Radius, Theme::Radius);
+    painter->restore();
+}
+
+}  // namespace quellbrook
