@@ -1,9 +1,9 @@
 #include "app/Department.h"
 
 #include "base/Error.h"
+#include "database/SqliteEngine.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "database/SqliteEngine.h"
 
 #include <filesystem>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Options.h"
-#include "demo/sample/SampleDepartment.h"
 #include "database/Connection.h"
+#include "demo/sample/SampleDepartment.h"
 
 #include <memory>
 #include <optional>

@@ -51,9 +51,8 @@ HostTabs::HostTabs(QWidget* parent) : QWidget(parent) {
     rows->addWidget(m_pages, 1);
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) { GuardHost(this, [&] { ShowPage(index); }); });
     auto* closeKey = new QShortcut(QKeySequence::Close, this);
-    connect(closeKey, &QShortcut::activated, this, [this] {
-        GuardHost(this, [this] { Close(PageAt(m_tabs->currentIndex())); });
-    });
+    connect(closeKey, &QShortcut::activated, this,
+            [this] { GuardHost(this, [this] { Close(PageAt(m_tabs->currentIndex())); }); });
 }
 
 QWidget* HostTabs::MakeStrip() {

@@ -85,7 +85,8 @@ QWidget* LoginForm::MakeFields(const QString& agency) {
     m_error = MakeLabel(QString(), 13, QFont::Normal, fields);
     m_error->setObjectName(QStringLiteral("loginError"));
     QPalette red = m_error->palette();
-    red.setColor(QPalette::WindowText, red.color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000));
+    red.setColor(QPalette::WindowText,
+                 red.color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000));
     m_error->setPalette(red);
     m_error->hide();
     column->addSpacing(4);

@@ -1,7 +1,7 @@
 #include "app/MainWindow.h"
 
-#include "app/common/HostGuard.h"
 #include "app/HostTabs.h"
+#include "app/common/HostGuard.h"
 #include "component/Quellbrook.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
@@ -114,13 +114,15 @@ void MainWindow::OpenAddress(const QUrl& address) {
     const std::string text = address.toString(QUrl::FullyEncoded).toStdString();
     GuardHost(this, [&] {
         const RecordAddress record = ParseRecordAddress(text);
-        QMetaObject::invokeMethod(this, [this, record] { OpenRecord(record); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, record] { OpenRecord(record); }, Qt::QueuedConnection);
     });
 }
 
 bool MainWindow::event(QEvent* event) {
     if (event->type() == QEvent::WindowUnblocked)
-        QMetaObject::invokeMethod(this, [this] { GuardHost(this, [this] { OpenWaiting(); }); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { GuardHost(this, [this] { OpenWaiting(); }); }, Qt::QueuedConnection);
     return QMainWindow::event(event);
 }
 

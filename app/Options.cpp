@@ -116,7 +116,8 @@ private:
             Refuse("--tour plays on a scratch copy of the sample; it can't be combined with the address of a record.");
         }
         if (m_options.tourDirectory && (m_options.databasePath || m_options.size || m_options.user)) {
-            Refuse("--tour plays on a scratch copy of the sample; it can't be combined with --database, --size or --user.");
+            Refuse(
+                "--tour plays on a scratch copy of the sample; it can't be combined with --database, --size or --user.");
         }
     }
 

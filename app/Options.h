@@ -17,7 +17,7 @@ struct Options {
     std::optional<int32_t> size;
     std::optional<std::string> tourDirectory;
     std::optional<std::string> galleryDirectory;  // where to write the gallery's pictures
-    std::optional<RecordAddress> record;  // the record to show
+    std::optional<RecordAddress> record;          // the record to show
     bool fresh = false;
     bool gallery = false;
     bool registerScheme = false;

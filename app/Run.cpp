@@ -3,16 +3,16 @@
 #include "app/Department.h"
 #include "app/LocaleFormats.h"
 #include "app/MainWindow.h"
-#include "demo/gallery/GalleryWindow.h"
 #include "app/records/SchemeRegistration.h"
 #include "app/records/SingleInstance.h"
-#include "demo/sample/ProgressBar.h"
 #include "app/scanner/PrinterChoice.h"
-#include "demo/tour/TourPlayer.h"
-#include "demo/tour/TransferRoad.h"
 #include "base/Error.h"
 #include "base/FormatCount.h"
 #include "component/Quellbrook.h"
+#include "demo/gallery/GalleryWindow.h"
+#include "demo/sample/ProgressBar.h"
+#include "demo/tour/TourPlayer.h"
+#include "demo/tour/TransferRoad.h"
 #include "host/DatabaseSession.h"
 #include "host/ErrorLog.h"
 #include "host/HostServices.h"
@@ -78,9 +78,9 @@ Department OpenWithProgress(const Options& options, const QString& dataDirectory
     QProgressDialog window(QObject::tr("Making the sample department..."), QString(), 0, 100);
     window.setWindowTitle(QStringLiteral("Quellbrook"));
     window.setMinimumDuration(300);
-    sample::ProgressBar bar(options.size ? FormatCount(*options.size, "Making a department of %d item",
-                                                       "Making a department of %d items")
-                                         : "Making the sample department");
+    sample::ProgressBar bar(
+        options.size ? FormatCount(*options.size, "Making a department of %d item", "Making a department of %d items")
+                     : "Making the sample department");
     return OpenDepartment(options, dataDirectory.toStdString(), [&window, &bar](int percent) {
         window.setValue(percent);
         bar.Show(percent);

@@ -8,8 +8,8 @@ namespace quellbrook {
 // it can't be.
 int RunRegistration(const Options& options);
 
-// The reference host from start to end, with QApplication standing; the exit code: 0, or 1 where the department can't be
-// opened or the tour did not hold.
+// The reference host from start to end, with QApplication standing; the exit code: 0, or 1 where the department can't
+// be opened or the tour did not hold.
 int RunHost(const Options& options);
 
 }  // namespace quellbrook

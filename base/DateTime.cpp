@@ -8,7 +8,8 @@ namespace quellbrook {
 using namespace std::chrono;
 
 DateTime DateTime::FromParts(const Parts& p) {
-    const auto date = sys_days(year(p.year) / month(static_cast<unsigned>(p.month)) / day(static_cast<unsigned>(p.day)));
+    const auto date =
+        sys_days(year(p.year) / month(static_cast<unsigned>(p.month)) / day(static_cast<unsigned>(p.day)));
     const auto time = hours(p.hour) + minutes(p.minute) + seconds(p.second) + std::chrono::milliseconds(p.millisecond);
     return {duration_cast<std::chrono::milliseconds>(date.time_since_epoch() + time).count()};
 }
@@ -18,8 +19,12 @@ DateTime::Parts DateTime::ToParts() const {
     const auto dayStart = floor<days>(moment);
     const year_month_day date(dayStart);
     const hh_mm_ss time(moment - dayStart);
-    return {int(date.year()), int(unsigned(date.month())), int(unsigned(date.day())),
-            int(time.hours().count()), int(time.minutes().count()), int(time.seconds().count()),
+    return {int(date.year()),
+            int(unsigned(date.month())),
+            int(unsigned(date.day())),
+            int(time.hours().count()),
+            int(time.minutes().count()),
+            int(time.seconds().count()),
             int(time.subseconds().count())};
 }
 

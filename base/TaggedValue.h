@@ -43,8 +43,8 @@ public:
     TaggedValue(const char* value) : m_value(std::string(value)) {}
     TaggedValue(DateTime value) : m_value(value) {}
     template <typename T>
-        requires std::is_convertible_v<std::shared_ptr<T>, ObjectRef>
-    TaggedValue(std::shared_ptr<T> value) : m_value(ObjectRef(std::move(value))) {}
+    requires std::is_convertible_v<std::shared_ptr<T>, ObjectRef> TaggedValue(std::shared_ptr<T> value)
+        : m_value(ObjectRef(std::move(value))) {}
 
     // A whole number of any size: 32-bit where it fits, an exact decimal beyond.
     static TaggedValue FromInteger(int64_t value);

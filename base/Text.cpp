@@ -49,7 +49,8 @@ void AppendUtf8(std::string& text, uint32_t codePoint) {
 }
 
 bool EqualsNoCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return FoldChar(x) == FoldChar(y); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return FoldChar(x) == FoldChar(y); });
 }
 
 std::string FoldCase(std::string_view text) {

@@ -9,8 +9,9 @@
 
 namespace quellbrook::bench {
 
-// What somebody would write by hand for one job: the least text that brings the same rows, prepared once on a connection
-// of its own, the same file, schema, triggers and settings as the module's connection, rows read into plain structs.
+// What somebody would write by hand for one job: the least text that brings the same rows, prepared once on a
+// connection of its own, the same file, schema, triggers and settings as the module's connection, rows read into plain
+// structs.
 class Baseline {
 public:
     explicit Baseline(const std::string& path);

@@ -21,14 +21,19 @@ int32_t ItemWithALongChain(Baseline& baseline) {
     const std::string key = " WHERE PropertyNo = " + std::to_string(item);
     const int32_t length = baseline.Integers("SELECT COUNT(*) FROM PropertyTracking" + key).at(0);
     if (length >= chainLength) return item;
-    baseline.Run("BEGIN IMMEDIATE;"
-                 "INSERT INTO PropertyTracking SELECT t.PropertyNo, n.value + t.SeqNo, t.ReceivedBy, t.ReceivedFrom, "
-                 "strftime('%Y-%m-%d %H:%M:%S', t.DateReceived, '+' || n.value || ' minutes'), t.CustodyReasonNo, "
-                 "t.StorageLocNo, t.LastUpdated FROM (WITH RECURSIVE c(value) AS (SELECT 1 UNION ALL SELECT value + 1 "
-                 "FROM c WHERE value < " + std::to_string(chainLength - length) + ") SELECT value FROM c) n, "
-                 "(SELECT * FROM PropertyTracking" + key + " ORDER BY SeqNo DESC LIMIT 1) t;"
-                 "UPDATE Property SET CurrTrackSeq = (SELECT MAX(SeqNo) FROM PropertyTracking" + key + ")" + key +
-                 ";COMMIT");
+    baseline.Run(
+        "BEGIN IMMEDIATE;"
+        "INSERT INTO PropertyTracking SELECT t.PropertyNo, n.value + t.SeqNo, t.ReceivedBy, t.ReceivedFrom, "
+        "strftime('%Y-%m-%d %H:%M:%S', t.DateReceived, '+' || n.value || ' minutes'), t.CustodyReasonNo, "
+        "t.StorageLocNo, t.LastUpdated FROM (WITH RECURSIVE c(value) AS (SELECT 1 UNION ALL SELECT value + 1 "
+        "FROM c WHERE value < " +
+        std::to_string(chainLength - length) +
+        ") SELECT value FROM c) n, "
+        "(SELECT * FROM PropertyTracking" +
+        key +
+        " ORDER BY SeqNo DESC LIMIT 1) t;"
+        "UPDATE Property SET CurrTrackSeq = (SELECT MAX(SeqNo) FROM PropertyTracking" +
+        key + ")" + key + ";COMMIT");
     return item;
 }
 

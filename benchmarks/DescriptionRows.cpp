@@ -13,8 +13,9 @@ namespace {
 // The trigram index answers for property; a vehicle's description is put together anew for each row.
 const std::string bestText =
     Baseline::PropertyColumns +
-    std::string(" WHERE p.PropertyNo IN (SELECT rowid FROM PropertyDescription WHERE Description LIKE ?1) AND "
-                "t.StorageLocNo IS NOT NULL UNION ALL ") +
+    std::string(
+        " WHERE p.PropertyNo IN (SELECT rowid FROM PropertyDescription WHERE Description LIKE ?1) AND "
+        "t.StorageLocNo IS NOT NULL UNION ALL ") +
     Baseline::VehicleColumns + " WHERE " + Baseline::VehicleDescription + " LIKE ?1 AND t.StorageLocNo IS NOT NULL";
 
 }  // namespace
@@ -25,9 +26,7 @@ void MeasureDescriptions(Baseline& baseline, std::vector<Result>& results) {
         const std::string pattern = "%" + std::string(words) + "%";
         size_t count = 0;
         const PairedTimes times = MeasurePair(
-            [&] {
-                count = StoredItemSearch().WithDescription("*" + std::string(words) + "*").ExecuteRaw().size();
-            },
+            [&] { count = StoredItemSearch().WithDescription("*" + std::string(words) + "*").ExecuteRaw().size(); },
             [&] {
                 Require(Baseline::ReadItems(statement.Bind(1, pattern)).size() == count,
                         "The baseline finds other descriptions.");

@@ -24,9 +24,11 @@ const std::string contentsText = Baseline::PropertyColumns + LyingIn("p.Property
 
 const std::string countText =
     "SELECT (SELECT COUNT(*) FROM Property p INNER JOIN PropertyTracking t ON t.PropertyNo = p.PropertyNo AND "
-    "t.SeqNo = p.CurrTrackSeq" + LyingIn("p.PropertyNo", "1") +
+    "t.SeqNo = p.CurrTrackSeq" +
+    LyingIn("p.PropertyNo", "1") +
     ") + (SELECT COUNT(*) FROM Vehicle v INNER JOIN VehicleTracking t ON t.VehicleNo = v.VehicleNo AND "
-    "t.SeqNo = v.CurrTrackSeq" + LyingIn("v.VehicleNo", "2") + ")";
+    "t.SeqNo = v.CurrTrackSeq" +
+    LyingIn("v.VehicleNo", "2") + ")";
 
 }  // namespace
 
@@ -64,8 +66,11 @@ void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
 }
 
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
-    const int32_t place = baseline.Integers("SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
-                                            "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1").at(0);
+    const int32_t place = baseline
+                              .Integers(
+                                  "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
+                                  "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
+                              .at(0);
     const StorageLocationRef location = GetStorageLocationStatic().FindByID(place);
     Require(location != nullptr, "The location with 190 items is not in the location document.");
     Statement contents = baseline.Prepare(contentsText);

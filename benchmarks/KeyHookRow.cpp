@@ -37,8 +37,12 @@ void MeasureKeyHook(std::vector<Result>& results) {
         SendEvents();
     };
     const PairedTimes times = MeasurePair(hooked, bare, turns, 1);
-    results.push_back({"key hook, an event that is no key", 1, "ns",
-                       (times.ours - times.baseline) * 1000 / events, {}, nanosecondsAbove});
+    results.push_back({"key hook, an event that is no key",
+                       1,
+                       "ns",
+                       (times.ours - times.baseline) * 1000 / events,
+                       {},
+                       nanosecondsAbove});
 }
 
 }  // namespace quellbrook::bench

@@ -10,7 +10,8 @@ namespace quellbrook::bench {
 
 namespace {
 
-// What a user looks for by a number, and the least text that finds it: the property's half, the vehicle's half, or both.
+// What a user looks for by a number, and the least text that finds it: the property's half, the vehicle's half, or
+// both.
 struct Lookup {
     std::string name;
     NumberSearchTypes type;
@@ -33,7 +34,8 @@ std::vector<Lookup> Lookups() {
         {"key of a vehicle", NumberSearchTypes::VehiclePK, keys + "2 ORDER BY ItemNo", "", "v.VehicleNo = ?1"},
         {"incident number", NumberSearchTypes::IncidentId,
          "SELECT DISTINCT i.IncidentId" + incidents + "ORDER BY i.IncidentNo",
-         "p.PropertyNo IN " + LinkedTo("Property", "IncidentId"), "v.VehicleNo IN " + LinkedTo("Vehicle", "IncidentId")},
+         "p.PropertyNo IN " + LinkedTo("Property", "IncidentId"),
+         "v.VehicleNo IN " + LinkedTo("Vehicle", "IncidentId")},
         {"case number", NumberSearchTypes::CaseNumber,
          "SELECT DISTINCT i.CaseNbr" + incidents + "WHERE i.CaseNbr IS NOT NULL ORDER BY i.IncidentNo",
          "p.PropertyNo IN " + LinkedTo("Property", "CaseNbr"), "v.VehicleNo IN " + LinkedTo("Vehicle", "CaseNbr")},
@@ -68,14 +70,13 @@ void MeasureLookups(Baseline& baseline, std::vector<Result>& results) {
         const auto ours = [&](const std::string& value) {
             return StoredItemSearch().WithNumber(lookup.type, value).ExecuteRaw();
         };
-        const auto theirs = [&](const std::string& value) {
-            return Baseline::ReadItems(statement.Bind(1, value));
-        };
+        const auto theirs = [&](const std::string& value) { return Baseline::ReadItems(statement.Bind(1, value)); };
         for (const std::string& value : values)
-            Require(ours(value).size() == theirs(value).size(), "The baseline finds other items by " + lookup.name + ".");
-        const PairedTimes times = MeasurePair(
-            [&] { benchmark::DoNotOptimize(ours(values[next++ % values.size()]).size()); },
-            [&] { benchmark::DoNotOptimize(theirs(values[theirNext++ % values.size()]).size()); }, 21, 100);
+            Require(ours(value).size() == theirs(value).size(),
+                    "The baseline finds other items by " + lookup.name + ".");
+        const PairedTimes times =
+            MeasurePair([&] { benchmark::DoNotOptimize(ours(values[next++ % values.size()]).size()); },
+                        [&] { benchmark::DoNotOptimize(theirs(values[theirNext++ % values.size()]).size()); }, 21, 100);
         results.push_back({"search by " + lookup.name + ", as rows", 1, "us", times.ours, times.baseline, 2.5});
     }
 }

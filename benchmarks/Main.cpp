@@ -1,10 +1,10 @@
-#include "demo/sample/ProgressBar.h"
-#include "demo/sample/SampleDepartment.h"
 #include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
+#include "database/SqliteEngine.h"
+#include "demo/sample/ProgressBar.h"
+#include "demo/sample/SampleDepartment.h"
 #include "host/HostLocationData.h"
 #include "host/HostServices.h"
-#include "database/SqliteEngine.h"
 
 #include <fmt/core.h>
 
@@ -110,9 +110,8 @@ const Group groups[] = {
     {"descriptions", bench::MeasureDescriptions},
     {"chains", bench::MeasureChain},
     {"relations", bench::MeasureRelations},
-    {"locations", [](bench::Baseline& baseline, std::vector<bench::Result>& results) {
-         bench::MeasureLocationTree(baseline, 10, results);
-     }},
+    {"locations", [](bench::Baseline& baseline,
+                     std::vector<bench::Result>& results) { bench::MeasureLocationTree(baseline, 10, results); }},
     {"transfers", bench::MeasureTransfers, true},
     {"many", bench::MeasureManyHits},
 };

@@ -34,21 +34,24 @@ double BytesInUse() {
 void MeasureManyHits(Baseline& baseline, std::vector<Result>& results) {
     Statement statement = baseline.Prepare(bareText);
     int count = 0;
-    const PairedTimes times = MeasurePair(
-        [&] { count = FindAll()->Count(); },
-        [&] {
-            int rows = 0;
-            while (statement.Step()) ++rows;
-            Require(rows == count, "The baseline steps through other rows.");
-        },
-        3, 1);
-    results.push_back(
-        {"very many hits to the first page, over bare steps", count, "ms", times.ours / 1000, times.baseline / 1000, 2});
+    const PairedTimes times = MeasurePair([&] { count = FindAll()->Count(); },
+                                          [&] {
+                                              int rows = 0;
+                                              while (statement.Step()) ++rows;
+                                              Require(rows == count, "The baseline steps through other rows.");
+                                          },
+                                          3, 1);
+    results.push_back({"very many hits to the first page, over bare steps", count, "ms", times.ours / 1000,
+                       times.baseline / 1000, 2});
 
     const double idle = BytesInUse();
     const auto items = FindAll();
-    results.push_back({"memory of very many hits, bytes a hit", items->Count(), "B",
-                       (BytesInUse() - idle) / items->Count(), {}, 300});
+    results.push_back({"memory of very many hits, bytes a hit",
+                       items->Count(),
+                       "B",
+                       (BytesInUse() - idle) / items->Count(),
+                       {},
+                       300});
 }
 
 }  // namespace quellbrook::bench

@@ -29,7 +29,8 @@ double Median(std::vector<double> times) {
 
 }  // namespace
 
-PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns, int batch) {
+PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns,
+                        int batch) {
     ours();
     baseline();
     std::vector<double> oursTimes, baselineTimes;
@@ -70,12 +71,12 @@ void WriteJson(const std::vector<Result>& results, const std::string& path) {
     for (size_t i = 0; i < results.size(); ++i) {
         const Result& result = results[i];
         file << (i > 0 ? ",\n  " : "\n  ")
-             << fmt::format("{{\"name\": \"{}\", \"n\": {}, \"unit\": \"{}\", \"ours\": {:.3f}, \"baseline\": {}, "
-                            "\"ratio\": {}, \"bar\": {}, \"holds\": {}}}",
-                            result.name, result.n, result.unit, result.ours,
-                            result.baseline ? fmt::format("{:.3f}", *result.baseline) : "null",
-                            result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar,
-                            result.Holds());
+             << fmt::format(
+                    "{{\"name\": \"{}\", \"n\": {}, \"unit\": \"{}\", \"ours\": {:.3f}, \"baseline\": {}, "
+                    "\"ratio\": {}, \"bar\": {}, \"holds\": {}}}",
+                    result.name, result.n, result.unit, result.ours,
+                    result.baseline ? fmt::format("{:.3f}", *result.baseline) : "null",
+                    result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar, result.Holds());
     }
     file << "\n]}\n";
 }

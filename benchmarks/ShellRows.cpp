@@ -44,8 +44,8 @@ void PressOk() {
 
 void OpenAndClose() {
     QTimer::singleShot(0, qApp, PressOk);
-    const int32_t answer =
-        GetScreen().ShowMessage("Please specify where this evidence is going.", MessageStyle::Critical, "Missing destination");
+    const int32_t answer = GetScreen().ShowMessage("Please specify where this evidence is going.",
+                                                   MessageStyle::Critical, "Missing destination");
     Require(answer == MessageAnswer::Ok, "The dialog was not closed by its button.");
 }
 
@@ -70,7 +70,8 @@ double MicrosecondsOf(const std::function<void()>& operation) {
 void PaintYardstick() {
     static QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
-    for (int y = 0; y < 600; y += 4) painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
+    for (int y = 0; y < 600; y += 4)
+        painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
 }
 
 // Times of a hundred operations, and of the yardstick laid beside each.
@@ -137,17 +138,23 @@ void MeasureShell(bool quick, std::vector<Result>& results) {
         window.show();
         shell->show();
         Settle();
-        MeasurePace("a message dialog", dialogs, [] {
-            OpenAndClose();
-            Settle();
-        }, results);
+        MeasurePace(
+            "a message dialog", dialogs,
+            [] {
+                OpenAndClose();
+                Settle();
+            },
+            results);
         GetActions().BeginTransaction(TransactionType::SignOut, SomeItems());
         bool toCart = false;
-        MeasurePace("a change of view", quick ? fewSwitches : switches, [&toCart] {
-            toCart = !toCart;
-            toCart ? GetActions().NavigateTo("cart", nullptr) : GetActions().GoBack();
-            Settle();
-        }, results);
+        MeasurePace(
+            "a change of view", quick ? fewSwitches : switches,
+            [&toCart] {
+                toCart = !toCart;
+                toCart ? GetActions().NavigateTo("cart", nullptr) : GetActions().GoBack();
+                Settle();
+            },
+            results);
     }
     Shutdown();
 }

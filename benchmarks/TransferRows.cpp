@@ -118,9 +118,11 @@ void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
                 GetHostDatabase().ExecuteBatch(MakeTransferStatements(batch().items, xfer));
             },
             [&] { handWritten.Transfer(batch().keys, place(), persons[0], persons[1], reason, moment); },
-            count <= 10 ? 81 : count == 100 ? 41 : 11, 1);
-        results.push_back(
-            {"transfer in one batch", count, "us", times.ours, times.baseline, count <= 10 ? 1.75 : 1.4});
+            count <= 10    ? 81
+            : count == 100 ? 41
+                           : 11,
+            1);
+        results.push_back({"transfer in one batch", count, "us", times.ours, times.baseline, count <= 10 ? 1.75 : 1.4});
     }
 }
 

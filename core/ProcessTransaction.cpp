@@ -50,9 +50,7 @@ void Actions::ProcessTransaction(std::shared_ptr<TransferData> xfer) {
         Attempt([&] { GetDispatcher()->Dispatch(CreateAction(ActionTypes::CART_TRANSACTION_FAILED, *failure)); });
         LogFailure(source, *failure);
     } else {
-        Attempt([&] {
-            NotifyUser("Successfully transferred " + FormatCount(items->Count(), "%d item", "%d items"));
-        });
+        Attempt([&] { NotifyUser("Successfully transferred " + FormatCount(items->Count(), "%d item", "%d items")); });
         Attempt([&] { GetDispatcher()->Dispatch(CreateAction(ActionTypes::CART_TRANSACTION_SUCCESS, xfer)); });
     }
 }

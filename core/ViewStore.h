@@ -13,7 +13,7 @@ namespace quellbrook {
 // The names of the views; each is also the name of the shell's control that holds the view.
 namespace ViewNames {
 inline constexpr const char* Explorer = "explorer";
-inline constexpr const char* ItemView = "itemView";                    // parameter "Item": the StoredItem
+inline constexpr const char* ItemView = "itemView";  // parameter "Item": the StoredItem
 inline constexpr const char* SubmitNewEvidence = "submitNewEvidence";
 inline constexpr const char* Cart = "cart";
 inline constexpr const char* Loading = "loading";  // shown by the shell itself, never navigated to

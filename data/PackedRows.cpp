@@ -51,22 +51,22 @@ public:
 
     TaggedValue Next() {
         switch (Take<Kind>()) {
-            case Kind::Empty: return Empty();
-            case Kind::Null: return Null();
-            case Kind::False: return false;
-            case Kind::True: return true;
-            case Kind::Integer: return Take<int32_t>();
-            case Kind::Float: return Take<double>();
-            case Kind::Decimal: {
-                const auto units = Take<int64_t>();
-                return Decimal{units, Take<uint8_t>()};
-            }
-            case Kind::Text: {
-                const auto size = Take<uint32_t>();
-                m_at += size;
-                return std::string(m_at - size, size);
-            }
-            case Kind::Moment: return DateTime{Take<int64_t>()};
+        case Kind::Empty: return Empty();
+        case Kind::Null: return Null();
+        case Kind::False: return false;
+        case Kind::True: return true;
+        case Kind::Integer: return Take<int32_t>();
+        case Kind::Float: return Take<double>();
+        case Kind::Decimal: {
+            const auto units = Take<int64_t>();
+            return Decimal{units, Take<uint8_t>()};
+        }
+        case Kind::Text: {
+            const auto size = Take<uint32_t>();
+            m_at += size;
+            return std::string(m_at - size, size);
+        }
+        case Kind::Moment: return DateTime{Take<int64_t>()};
         }
         RaiseTypeMismatch();
     }

@@ -53,7 +53,8 @@ public:
     bool IsRoot() const { return m_id == 0; }
     // The name is stored as given; one of blanks alone is refused.
     void Rename(const std::string& newName);
-    // Prints the location's label, also of one that is deleted. Error 5 with a sentence: for a root, and for any failure.
+    // Prints the location's label, also of one that is deleted. Error 5 with a sentence: for a root, and for any
+    // failure.
     void PrintBarcodeLabel() const;
     // Removes this location and all below it, or nothing where one of them is in use.
     void Delete();

@@ -34,8 +34,7 @@ std::string NameTakenText(const std::string& name) {
 std::unique_ptr<pugi::xml_document> MakeRow(const std::string& name, StorageLocationTypes type,
                                             const LocationPath& path, const DateTime& moment) {
     using List = std::vector<TaggedValue>;
-    return CreateRowXmlNode("StorageLocation",
-                            List{"Name", "Type", "Path", "ActiveFlag", "DateEntered", "LastUpdated"},
+    return CreateRowXmlNode("StorageLocation", List{"Name", "Type", "Path", "ActiveFlag", "DateEntered", "LastUpdated"},
                             List{name, static_cast<int32_t>(type), path.ToText(), true, moment, moment});
 }
 
@@ -43,10 +42,10 @@ std::unique_ptr<pugi::xml_document> MakeRow(const std::string& name, StorageLoca
 
 bool StorageLocation::NameExists(const std::string& path, const std::string& name, StorageLocationTypes locationType,
                                  int32_t excludeId) {
-    const TaggedValue count = GetHostDatabase().LookupValue(
-        "StorageLocation", "COUNT(IdNo) AS TotalCount",
-        {"Path=" + Literal(path), "Name=" + Literal(name), "Type=" + NumberText(locationType),
-         "IdNo <> " + NumberText(excludeId)});
+    const TaggedValue count =
+        GetHostDatabase().LookupValue("StorageLocation", "COUNT(IdNo) AS TotalCount",
+                                      {"Path=" + Literal(path), "Name=" + Literal(name),
+                                       "Type=" + NumberText(locationType), "IdNo <> " + NumberText(excludeId)});
     return ToInt32(count) > 0;
 }
 
@@ -71,11 +70,11 @@ void StorageLocation::Move(const StorageLocationRef& newParent) {
                   "There is already a location with the name '" + m_name + "' in '" + newParent->Name() + "'. " +
                       emptyLine + "Rename this location or the other location already in '" + newParent->Name() +
                       "' before moving this location.");
-        GetHostDatabase().ExecuteBatch(
-            {"UPDATE StorageLocation SET Type = " + NumberText(type) + ", Path = REPLACE(Path, " +
-                 Literal(selfChildren) + ", " + Literal(proposed) + ") WHERE Path LIKE " + AnyBelow(selfChildren),
-             "UPDATE StorageLocation SET Type = " + NumberText(type) + ", Path = " + Literal(target) +
-                 " WHERE IdNo = " + NumberText(m_id)});
+        GetHostDatabase().ExecuteBatch({"UPDATE StorageLocation SET Type = " + NumberText(type) +
+                                            ", Path = REPLACE(Path, " + Literal(selfChildren) + ", " +
+                                            Literal(proposed) + ") WHERE Path LIKE " + AnyBelow(selfChildren),
+                                        "UPDATE StorageLocation SET Type = " + NumberText(type) +
+                                            ", Path = " + Literal(target) + " WHERE IdNo = " + NumberText(m_id)});
         Refresh();
     };
     Guarded(source, move, [&](const Error& error) {
@@ -130,8 +129,8 @@ void StorageLocation::Rename(const std::string& newName) {
     RequireStanding(source);
     if (Trim(newName).empty()) Raise(ErrorNumber::General, source, "New name cannot be blank.");
     const auto rename = [&] {
-        GetHostDatabase().Execute("UPDATE StorageLocation SET Name = " + Literal(newName) + ", LastUpdated = " +
-                                  GetHostDatabase().PrepareDate(GetClock().Now().ToText()) +
+        GetHostDatabase().Execute("UPDATE StorageLocation SET Name = " + Literal(newName) +
+                                  ", LastUpdated = " + GetHostDatabase().PrepareDate(GetClock().Now().ToText()) +
                                   " WHERE IdNo = " + NumberText(m_id));
         Refresh();
     };

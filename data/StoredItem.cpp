@@ -9,8 +9,8 @@ namespace quellbrook {
 
 std::string StoredItem::ItemTypeCode() const {
     switch (m_itemType) {
-        case StoredItemTypes::Property: return "P";
-        case StoredItemTypes::vehicle: return "V";
+    case StoredItemTypes::Property: return "P";
+    case StoredItemTypes::vehicle: return "V";
     }
     Raise(ErrorNumber::General, "StoredItem.ItemTypeCode",
           "Invalid item type '" + std::to_string(static_cast<int32_t>(m_itemType)) + "'");

@@ -1,5 +1,5 @@
-#include "host/QueryServices.h"
 #include "data/StoredItemQuery.h"
+#include "host/QueryServices.h"
 
 #include "access/User.h"
 #include "base/Error.h"
@@ -28,8 +28,9 @@ QueryExpression Part(const QueryExpression& column) {
 QuerySource JoinCurrentCustody(const QuerySource& source, const QuerySource& items, const QuerySource& tracking,
                                const std::string& key) {
     return source.Join(tracking, LeftJoin)
-        .On(tracking.Column(key).Equals(items.Column(key)).And(
-            items.Column("CurrTrackSeq").Equals(tracking.Column("SeqNo"))));
+        .On(tracking.Column(key)
+                .Equals(items.Column(key))
+                .And(items.Column("CurrTrackSeq").Equals(tracking.Column("SeqNo"))));
 }
 
 QuerySource JoinIncidents(const QuerySource& source, const QuerySource& items, const QuerySource& link,
@@ -78,10 +79,9 @@ QuerySource SelectVehicles(const Tables& tables) {
     const QuerySource source = JoinIncidents(JoinCurrentCustody(shown, v, vt, "VehicleNo"), v,
                                              Factory().Table("IncdVehicle"), tables.incident, "VehicleNo");
 
-    const QueryExpression display =
-        Factory().Concat({Coalesce(vd.Column("RegNumber"), "[No Tag Number]"), TaggedValue(" ("),
-                          vd.Column("RegStateCode"), TaggedValue(")")},
-                         0);
+    const QueryExpression display = Factory().Concat({Coalesce(vd.Column("RegNumber"), "[No Tag Number]"),
+                                                      TaggedValue(" ("), vd.Column("RegStateCode"), TaggedValue(")")},
+                                                     0);
     const QueryExpression make = Part(vd.Column("MakeCode"));
     const QueryExpression model = Coalesce(vd.Column("VehModel"), "");
     const QueryExpression description =
@@ -158,21 +158,20 @@ void KeepToNumber(Composition& query, StoredItemCriteria& criteria, KeyForm keys
     const QuerySource& vehicle = query.tables.vehicle;
     const QuerySource& incident = query.tables.incident;
     switch (static_cast<NumberSearchTypes>(criteria.numberType)) {
-        case NumberSearchTypes::IncidentId:
-            return KeepToIncident(query, IsLike(incident.Column("IncidentId"), criteria.number, keys));
-        case NumberSearchTypes::CaseNumber:
-            return KeepToIncident(query, IsLike(incident.Column("CaseNbr"), criteria.number, keys));
-        case NumberSearchTypes::PropertyID:
-            return KeepToPropertyNumber(query, criteria,
-                                        IsLike(property.Column("PropertyID"), criteria.number, keys));
-        case NumberSearchTypes::VehicleTag:
-            return KeepToVehicleNumber(query, criteria, IsLike(vehicle.Column("RegNumber"), criteria.number, keys));
-        case NumberSearchTypes::PropertyPK:
-            return KeepToPropertyNumber(query, criteria,
-                                        IsKey(property.Column("PropertyNo"), ParseInt32(criteria.number), keys));
-        case NumberSearchTypes::VehiclePK:
-            return KeepToVehicleNumber(query, criteria,
-                                       IsKey(vehicle.Column("VehicleNo"), ParseInt32(criteria.number), keys));
+    case NumberSearchTypes::IncidentId:
+        return KeepToIncident(query, IsLike(incident.Column("IncidentId"), criteria.number, keys));
+    case NumberSearchTypes::CaseNumber:
+        return KeepToIncident(query, IsLike(incident.Column("CaseNbr"), criteria.number, keys));
+    case NumberSearchTypes::PropertyID:
+        return KeepToPropertyNumber(query, criteria, IsLike(property.Column("PropertyID"), criteria.number, keys));
+    case NumberSearchTypes::VehicleTag:
+        return KeepToVehicleNumber(query, criteria, IsLike(vehicle.Column("RegNumber"), criteria.number, keys));
+    case NumberSearchTypes::PropertyPK:
+        return KeepToPropertyNumber(query, criteria,
+                                    IsKey(property.Column("PropertyNo"), ParseInt32(criteria.number), keys));
+    case NumberSearchTypes::VehiclePK:
+        return KeepToVehicleNumber(query, criteria,
+                                   IsKey(vehicle.Column("VehicleNo"), ParseInt32(criteria.number), keys));
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include "data/StorageLocation.h"
 #include "data/Types.h"
-#include "sql/query/QueryFactory.h"
 #include "sql/Row.h"
+#include "sql/query/QueryFactory.h"
 
 #include <cstdint>
 #include <functional>

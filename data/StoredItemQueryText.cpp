@@ -1,9 +1,9 @@
-#include "host/QueryServices.h"
 #include "access/User.h"
 #include "base/Text.h"
 #include "data/StoredItemQuery.h"
 #include "host/HostServices.h"
 #include "host/PlannedQueries.h"
+#include "host/QueryServices.h"
 
 #include <optional>
 #include <string>
@@ -29,8 +29,7 @@ bool IsPrimaryKey(int32_t numberType) {
 bool IsPlainNumber(const StoredItemCriteria& criteria) {
     return criteria.numberType >= static_cast<int32_t>(NumberSearchTypes::IncidentId) &&
            criteria.numberType <= static_cast<int32_t>(NumberSearchTypes::VehicleTag) &&
-           criteria.number.find('*') == std::string::npos &&
-           HostServices::Current().Pool().GetDialect().equalsLikeLike;
+           criteria.number.find('*') == std::string::npos && HostServices::Current().Pool().GetDialect().equalsLikeLike;
 }
 
 using Key = std::variant<int32_t, std::string>;

@@ -22,9 +22,10 @@ std::string KeyColumn(const StoredItem& item) { return IsProperty(item) ? "Prope
 
 QuerySource JoinLinkedIncidents(const StoredItem& item, const QuerySource& incident) {
     const QuerySource link = QueryServices::Factory().Table(IsProperty(item) ? "IncdProperty" : "IncdVehicle");
-    return link.Join(incident, 0).On(link.Column("IncidentNo")
-                                         .Equals(incident.Column("IncidentNo"))
-                                         .And(link.Column(KeyColumn(item)).EqualsKeyPlace()));
+    return link.Join(incident, 0)
+        .On(link.Column("IncidentNo")
+                .Equals(incident.Column("IncidentNo"))
+                .And(link.Column(KeyColumn(item)).EqualsKeyPlace()));
 }
 
 bool SeesSecuredIncidents() {
@@ -40,8 +41,8 @@ QuerySource ComposeRelated(const StoredItem& item, Related related) {
     const QuerySource incident = QueryServices::Factory().Table("Incident");
     const QuerySource linked = JoinLinkedIncidents(item, incident);
     if (related == Related::Cases) return linked.Select({incident.Column("CaseNbr")});
-    QuerySource query = linked.Select(
-        {incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
+    QuerySource query =
+        linked.Select({incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
     if (related == Related::OpenIncidents) query.Where(incident.Column("IsSecured").Equals(0));
     return query;
 }

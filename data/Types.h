@@ -4,7 +4,13 @@
 
 namespace quellbrook {
 
-enum class StorageLocationTypes : int32_t { Unassigned = 1, Internal = 2, External = 4, DisposalLocation = 8, Other = 16 };
+enum class StorageLocationTypes : int32_t {
+    Unassigned = 1,
+    Internal = 2,
+    External = 4,
+    DisposalLocation = 8,
+    Other = 16
+};
 
 enum class StoredItemTypes : int32_t { Property = 1, vehicle = 2 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sql/Row.h"
 #include "sql/Dialect.h"
+#include "sql/Row.h"
 
 #include <functional>
 #include <memory>

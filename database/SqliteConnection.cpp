@@ -68,8 +68,8 @@ std::string Quoted(const std::string& name) { return "\"" + Replace(name, "\"", 
 
 SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds) {
     try {
-        m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
-                                                        busyMilliseconds);
+        m_database =
+            std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyMilliseconds);
         m_database->exec(settings);
     } catch (const SQLite::Exception& failure) {
         RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
@@ -116,8 +116,8 @@ SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const sql::QueryShape
 }
 
 SqliteConnection::StatementPtr SqliteConnection::TakeKeptQuery(const std::string& text) {
-    const auto found = std::find_if(m_keptQueries.begin(), m_keptQueries.end(),
-                                    [&](const auto& kept) { return kept.first == text; });
+    const auto found =
+        std::find_if(m_keptQueries.begin(), m_keptQueries.end(), [&](const auto& kept) { return kept.first == text; });
     if (found == m_keptQueries.end()) return nullptr;
     StatementPtr statement = std::move(found->second);
     m_keptQueries.erase(found);
@@ -156,7 +156,8 @@ void SqliteConnection::ExecutePlain(const std::string& sql, const std::vector<Ta
     for (const std::string& text : translated.statements) {
         SqliteStatement statement(m_database->getHandle(), text, executeSource);
         if (static_cast<size_t>(statement.ParameterCount()) != parameters.size())
-            Raise(ErrorNumber::General, executeSource, "The statement does not have as many parameters as values were given.");
+            Raise(ErrorNumber::General, executeSource,
+                  "The statement does not have as many parameters as values were given.");
         for (size_t i = 0; i < parameters.size(); ++i) statement.Bind(static_cast<int>(i) + 1, parameters[i]);
         RunToEnd(statement);
     }

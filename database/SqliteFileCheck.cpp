@@ -20,8 +20,8 @@ constexpr std::string_view signature("SQLite format 3\0", 16);
 constexpr size_t versionOffset = 60;
 constexpr size_t applicationOffset = 68;
 
-const char* const requiredTables[] = {"StorageLocation",  "Property",        "Vehicle",  "PropertyTracking",
-                                      "VehicleTracking",  "IncdProperty",    "Incident", "IncdVehicle",
+const char* const requiredTables[] = {"StorageLocation",  "Property",        "Vehicle",   "PropertyTracking",
+                                      "VehicleTracking",  "IncdProperty",    "Incident",  "IncdVehicle",
                                       "AttachmentFolder", "AttachmentIndex", "CodeTable", "Person"};
 
 [[noreturn]] void Refuse(const std::string& sentence) { Raise(ErrorNumber::General, "SqliteEngine.Open", sentence); }

@@ -52,8 +52,7 @@ void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const { sql
 
 SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source)
     : m_database(database) {
-    if (sql.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
-        Raise(ErrorNumber::Overflow, source);
+    if (sql.size() > static_cast<size_t>(std::numeric_limits<int>::max())) Raise(ErrorNumber::Overflow, source);
     sqlite3_stmt* statement = nullptr;
     Check(sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr), source);
     if (!statement) Raise(ErrorNumber::General, source, "The statement text is empty.");
@@ -70,7 +69,8 @@ void SqliteStatement::Bind(int position, int64_t value) {
 
 void SqliteStatement::Bind(int position, std::string_view text) {
     if (text.find('\0') != std::string_view::npos)
-        Raise(ErrorNumber::General, "SqliteStatement.Bind", "A text with a NUL character can't be stored or searched for.");
+        Raise(ErrorNumber::General, "SqliteStatement.Bind",
+              "A text with a NUL character can't be stored or searched for.");
     Check(sqlite3_bind_text64(m_statement.get(), position, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
                               SQLITE_UTF8),
           "SqliteStatement.Bind");
@@ -84,9 +84,9 @@ void SqliteStatement::Bind(int position, const TaggedValue& value) {
     if (value.HasNoValue()) return Check(sqlite3_bind_null(m_statement.get(), position), "SqliteStatement.Bind");
     if (const auto* moment = value.If<DateTime>()) {
         const std::string text = moment->ToText();
-        return Check(sqlite3_bind_text64(m_statement.get(), position, text.data(), text.size(), SQLITE_TRANSIENT,
-                                         SQLITE_UTF8),
-                     "SqliteStatement.Bind");
+        return Check(
+            sqlite3_bind_text64(m_statement.get(), position, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8),
+            "SqliteStatement.Bind");
     }
     Check(sqlite3_bind_double(m_statement.get(), position, ToDouble(value)), "SqliteStatement.Bind");
 }
@@ -129,10 +129,10 @@ void SqliteStatement::Read(Row& row) const {
         TaggedValue& value = values[static_cast<size_t>(i)];
         const ColumnKind kind = m_kinds[static_cast<size_t>(i)];
         switch (sqlite3_column_type(statement, i)) {
-            case SQLITE_NULL: value = Null(); break;
-            case SQLITE_INTEGER: ReadWhole(sqlite3_column_int64(statement, i), kind, value); break;
-            case SQLITE_FLOAT: value = sqlite3_column_double(statement, i); break;
-            default: ReadText(TextAt(statement, i), kind, value);
+        case SQLITE_NULL: value = Null(); break;
+        case SQLITE_INTEGER: ReadWhole(sqlite3_column_int64(statement, i), kind, value); break;
+        case SQLITE_FLOAT: value = sqlite3_column_double(statement, i); break;
+        default: ReadText(TextAt(statement, i), kind, value);
         }
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sql/Row.h"
 #include "database/Connection.h"
+#include "sql/Row.h"
 
 #include <cstdint>
 #include <memory>

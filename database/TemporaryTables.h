@@ -6,8 +6,9 @@
 namespace quellbrook {
 
 // Which temporary tables of one connection are in use in a batch, and which only look dropped. A dropped one is emptied
-// and set aside, and the next CREATE with the same text takes it again: since every change of the temporary schema makes
-// SQLite prepare all statements anew, that is half the time of a small batch. Names are as the statements quote them.
+// and set aside, and the next CREATE with the same text takes it again: since every change of the temporary schema
+// makes SQLite prepare all statements anew, that is half the time of a small batch. Names are as the statements quote
+// them.
 class TemporaryTables {
 public:
     // The name that stands in the CREATE or DROP, quotes included.

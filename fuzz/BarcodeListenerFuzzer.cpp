@@ -51,14 +51,14 @@ public:
     void Run() {
         while (m_at < m_size) {
             switch (Next() % 8) {
-                case 0: Send(KeyMessageNumber::Char, 2); break;
-                case 1: Send(KeyMessageNumber::Char, 3); break;
-                case 2: Send(Next() % 2 == 0 ? KeyMessageNumber::Char : KeyMessageNumber::SysChar, Code()); break;
-                case 3: Fire(); break;
-                case 4: m_clock.now.milliseconds += Next() * 40; break;
-                case 5: m_isListening = !m_isListening; break;
-                case 6: m_isActive = !m_isActive; break;
-                default: Send(KeyMessageNumber::KeyDown + Next() % 8, Next());
+            case 0: Send(KeyMessageNumber::Char, 2); break;
+            case 1: Send(KeyMessageNumber::Char, 3); break;
+            case 2: Send(Next() % 2 == 0 ? KeyMessageNumber::Char : KeyMessageNumber::SysChar, Code()); break;
+            case 3: Fire(); break;
+            case 4: m_clock.now.milliseconds += Next() * 40; break;
+            case 5: m_isListening = !m_isListening; break;
+            case 6: m_isActive = !m_isActive; break;
+            default: Send(KeyMessageNumber::KeyDown + Next() % 8, Next());
             }
         }
     }

@@ -56,14 +56,42 @@ void Read(const std::string& text) {
 
 // Parts of drawings in any order, with bytes of the input between them, so that labels are found soon.
 std::string AsDrawing(const uint8_t* data, size_t size) {
-    static const char* const parts[] = {
-        "<text id='name' x='5' y='9' font-size='4'>", "</text>", "<rect id='name_box' x='2' y='3' width='9' height='5'/>",
-        "<rect id='barcode' width='60' height='9' transform='rotate(0)'/>", "<g transform='translate(1,2) scale(.5)'>",
-        "</g>", "<g style='font-size:3px;font-weight:bold'>", "<rect id='place' x='1' y='1' width='50' height='4'/>",
-        "<text id='place' y='20' text-anchor='end' x='50'><tspan x='40' y='9'>", "</tspan></text>", "<path id='name'/>",
-        "<g transform='rotate(90 10 10)'>", "<g transform='matrix(", ")'>", "1", "e9", " ", "-", "<!--", "-->",
-        "<text id='name' transform='rotate(-90)' x='-40' y='9'/>", "<![CDATA[", "]]>", "&amp;", "'", ">",
-        "<style>", "</style>", ".a{font-size:5px}", "#name{fill:red;}", "text{", "}", "<g class='a b'>", "/*", "*/", "@"};
+    static const char* const parts[] = {"<text id='name' x='5' y='9' font-size='4'>",
+                                        "</text>",
+                                        "<rect id='name_box' x='2' y='3' width='9' height='5'/>",
+                                        "<rect id='barcode' width='60' height='9' transform='rotate(0)'/>",
+                                        "<g transform='translate(1,2) scale(.5)'>",
+                                        "</g>",
+                                        "<g style='font-size:3px;font-weight:bold'>",
+                                        "<rect id='place' x='1' y='1' width='50' height='4'/>",
+                                        "<text id='place' y='20' text-anchor='end' x='50'><tspan x='40' y='9'>",
+                                        "</tspan></text>",
+                                        "<path id='name'/>",
+                                        "<g transform='rotate(90 10 10)'>",
+                                        "<g transform='matrix(",
+                                        ")'>",
+                                        "1",
+                                        "e9",
+                                        " ",
+                                        "-",
+                                        "<!--",
+                                        "-->",
+                                        "<text id='name' transform='rotate(-90)' x='-40' y='9'/>",
+                                        "<![CDATA[",
+                                        "]]>",
+                                        "&amp;",
+                                        "'",
+                                        ">",
+                                        "<style>",
+                                        "</style>",
+                                        ".a{font-size:5px}",
+                                        "#name{fill:red;}",
+                                        "text{",
+                                        "}",
+                                        "<g class='a b'>",
+                                        "/*",
+                                        "*/",
+                                        "@"};
     constexpr size_t count = sizeof parts / sizeof *parts;
     std::string text = "<svg width='100mm' height='60mm' viewBox='0 0 100 60'>";
     for (size_t k = 0; k < size; ++k) {

@@ -38,8 +38,8 @@ void Read(const std::string& text) {
 
 // Parts of addresses in any order, with bytes of the input between them, so that addresses are found soon.
 std::string AsAddressText(const uint8_t* data, size_t size) {
-    static const std::string parts[] = {"tessarine://", "TESSARINE://", "miproperty", "mivehicle", "/open/", "/",
-                                        "1",            "2147483647",   "2147483648", "0",         "42",     "%34"};
+    static const std::string parts[] = {"tessarine://", "TESSARINE://", "miproperty", "mivehicle", "/open/", "/", "1",
+                                        "2147483647",   "2147483648",   "0",          "42",        "%34"};
     std::string text;
     for (size_t i = 0; i < size; ++i)
         text += data[i] < std::size(parts) * 16 ? parts[data[i] / 16] : std::string(1, static_cast<char>(data[i]));

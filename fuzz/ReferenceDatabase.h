@@ -1,7 +1,7 @@
 #pragma once
 
-#include "fuzz/Fail.h"
 #include "database/schema/SqliteSchema.h"
+#include "fuzz/Fail.h"
 
 #include <sqlite3.h>
 

@@ -76,8 +76,8 @@ void Read(const Keys& keys) {
 
 // Few characters, so that barcodes are found soon.
 Keys FromFewCharacters(const uint8_t* data, size_t size) {
-    static const char32_t characters[] = {Stx, Etx, U'P', U'l', U'V', U'0', U'4', U'9', U'\r', U'\t', U'b', U'c',
-                                          U'#', 0xE0, 0x202E, 0};
+    static const char32_t characters[] = {Stx,   Etx,   U'P', U'l', U'V', U'0', U'4',   U'9',
+                                          U'\r', U'\t', U'b', U'c', U'#', 0xE0, 0x202E, 0};
     Keys keys;
     for (size_t i = 0; i < size; ++i) {
         const char32_t character = characters[data[i] % std::size(characters)];

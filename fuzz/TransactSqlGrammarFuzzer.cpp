@@ -44,17 +44,17 @@ private:
 
     void Statement() {
         switch (Choose(8)) {
-            case 0: return Sorted();
-            case 1: return Insertion();
-            case 2: return Update();
-            case 3:
-                Put("DELETE FROM");
-                Table();
-                return MaybeWhere();
-            case 4: return Put("CREATE TABLE #t ( a INT NOT NULL , \"b\" VARCHAR ( 5 ) , c DECIMAL ( 5 , 2 ) NULL )");
-            case 5: return Put("DROP TABLE #t");
-            case 6: return Variable();
-            default: return;
+        case 0: return Sorted();
+        case 1: return Insertion();
+        case 2: return Update();
+        case 3:
+            Put("DELETE FROM");
+            Table();
+            return MaybeWhere();
+        case 4: return Put("CREATE TABLE #t ( a INT NOT NULL , \"b\" VARCHAR ( 5 ) , c DECIMAL ( 5 , 2 ) NULL )");
+        case 5: return Put("DROP TABLE #t");
+        case 6: return Variable();
+        default: return;
         }
     }
 
@@ -163,12 +163,12 @@ private:
 
     void Member() {
         switch (HasRoom() ? Choose(4) : 0) {
-            case 2:
-                Nested([this] { Query(); });
-                PutAnyOf({"AS q", "q", "AS \"a b\""});
-                return;
-            case 3: return Nested([this] { (Member(), Joined()); });
-            default: Table(); return PutAnyOf({"", "AS p", "p", "\"p\""});
+        case 2:
+            Nested([this] { Query(); });
+            PutAnyOf({"AS q", "q", "AS \"a b\""});
+            return;
+        case 3: return Nested([this] { (Member(), Joined()); });
+        default: Table(); return PutAnyOf({"", "AS p", "p", "\"p\""});
         }
     }
 
@@ -198,30 +198,28 @@ private:
     void Term() {
         if (HasRoom() && Choose(6) == 1) Put("NOT");
         switch (Choose(8)) {
-            case 1:
-                Value();
-                return PutAnyOf({"IS NULL", "IS NOT NULL"});
-            case 2:
-                Value();
-                PutAnyOf({"BETWEEN", "NOT BETWEEN"});
-                Value();
-                Put("AND");
-                return Value();
-            case 3:
-                Value();
-                PutAnyOf({"IN", "NOT IN"});
-                if (HasRoom() && Choose(2) == 1) return Nested([this] { Query(); });
-                return Row();
-            case 4:
-                Value();
-                PutAnyOf({"LIKE", "NOT LIKE"});
-                return PutAnyOf({"'x%'", "N'x_'", "'\\[x]' ESCAPE '\\'", "'a\\b'", "?", "'!!' ESCAPE '!'", "''"});
-            case 5:
-                if (!HasRoom()) return Comparison();
-                Put("EXISTS");
-                return Nested([this] { Query(); });
-            case 6: return HasRoom() ? Nested([this] { Condition(); }) : Comparison();
-            default: return Comparison();
+        case 1: Value(); return PutAnyOf({"IS NULL", "IS NOT NULL"});
+        case 2:
+            Value();
+            PutAnyOf({"BETWEEN", "NOT BETWEEN"});
+            Value();
+            Put("AND");
+            return Value();
+        case 3:
+            Value();
+            PutAnyOf({"IN", "NOT IN"});
+            if (HasRoom() && Choose(2) == 1) return Nested([this] { Query(); });
+            return Row();
+        case 4:
+            Value();
+            PutAnyOf({"LIKE", "NOT LIKE"});
+            return PutAnyOf({"'x%'", "N'x_'", "'\\[x]' ESCAPE '\\'", "'a\\b'", "?", "'!!' ESCAPE '!'", "''"});
+        case 5:
+            if (!HasRoom()) return Comparison();
+            Put("EXISTS");
+            return Nested([this] { Query(); });
+        case 6: return HasRoom() ? Nested([this] { Condition(); }) : Comparison();
+        default: return Comparison();
         }
     }
 
@@ -248,31 +246,31 @@ private:
             mayBeText = false;
         }
         switch (HasRoom() ? Choose(10) : Choose(6)) {
-            case 1: return PutAnyOf({"1", "0", "2.5", ".5", "1e-3", "7."});
-            case 2: return mayBeText ? PutAnyOf({"'x'", "N'it''s'", "'; -- [x] @y #z'", "''"}) : Put("3");
-            case 3: return PutAnyOf({"?", "?1", "?12"});
-            case 4: return Put("NULL");
-            case 6: return Nested([this] { Value(); });
-            case 7: return Nested([this] { Query(); });
-            case 8: return Call();
-            default: return Column();
+        case 1: return PutAnyOf({"1", "0", "2.5", ".5", "1e-3", "7."});
+        case 2: return mayBeText ? PutAnyOf({"'x'", "N'it''s'", "'; -- [x] @y #z'", "''"}) : Put("3");
+        case 3: return PutAnyOf({"?", "?1", "?12"});
+        case 4: return Put("NULL");
+        case 6: return Nested([this] { Value(); });
+        case 7: return Nested([this] { Query(); });
+        case 8: return Call();
+        default: return Column();
         }
     }
 
     void Call() {
         constexpr const char* ofOne[] = {"ABS", "LTRIM", "RTRIM", "MAX", "MIN", "SUM", "COUNT"};
         switch (Choose(4)) {
-            case 0:
-                PutAnyOf(ofOne);
-                return Nested([this] { Value(); });
-            case 1: Put("COALESCE"); break;
-            case 2: Put("NULLIF"); break;
-            default: return PutAnyOf({"COUNT ( * )", "COUNT ( DISTINCT PropertyNo )", "REPLACE ( Path , 'x' , '' )"});
+        case 0: PutAnyOf(ofOne); return Nested([this] { Value(); });
+        case 1: Put("COALESCE"); break;
+        case 2: Put("NULLIF"); break;
+        default: return PutAnyOf({"COUNT ( * )", "COUNT ( DISTINCT PropertyNo )", "REPLACE ( Path , 'x' , '' )"});
         }
         Nested([this] { (Value(), Put(","), Value()); });
     }
 
-    void Row() { Nested([this] { List([this] { Value(); }); }); }
+    void Row() {
+        Nested([this] { List([this] { Value(); }); });
+    }
 
     void Column() {
         Name();

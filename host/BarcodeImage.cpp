@@ -13,7 +13,7 @@ namespace {
 
 constexpr int Code128 = 1;
 constexpr double TwipsPerUnscaledPixel = 15;
-constexpr double ModuleTwips = 30;      // two pixels at scale factor 1, below which readers fail
+constexpr double ModuleTwips = 30;  // two pixels at scale factor 1, below which readers fail
 constexpr double TallestTwips = 32767;
 constexpr double FinestTwipsPerPixel = 1, CoarsestTwipsPerPixel = 60;
 constexpr uint32_t Black = 0xFF000000, White = 0xFFFFFFFF;

@@ -21,20 +21,19 @@ Dialect CurrentDialect() {
 }
 
 ColumnKind KindOf(const std::vector<ColumnDescription>& columns, const std::string& name) {
-    const auto found = std::find_if(columns.begin(), columns.end(), [&](const ColumnDescription& column) {
-        return EqualsNoCase(column.name, name);
-    });
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const ColumnDescription& column) { return EqualsNoCase(column.name, name); });
     return found == columns.end() ? ColumnKind::Text : found->kind;
 }
 
 // A row document holds texts alone; the column says what is meant.
 TaggedValue ValueFor(const std::string& text, ColumnKind kind) {
     switch (kind) {
-        case ColumnKind::Boolean: return ToBool(text);
-        case ColumnKind::WholeNumber: return ToInt32(text);
-        case ColumnKind::Number: return ToDouble(text);
-        case ColumnKind::Date: return ToDateTime(text);
-        case ColumnKind::Text: break;
+    case ColumnKind::Boolean: return ToBool(text);
+    case ColumnKind::WholeNumber: return ToInt32(text);
+    case ColumnKind::Number: return ToDouble(text);
+    case ColumnKind::Date: return ToDateTime(text);
+    case ColumnKind::Text: break;
     }
     return text;
 }
@@ -110,7 +109,9 @@ int32_t HostDatabase::InsertRow(const std::string& table, const std::string& key
     return connection->LastIdentity();
 }
 
-std::string HostDatabase::PrepareText(const std::string& text) const { return sql::TextLiteral(text, CurrentDialect()); }
+std::string HostDatabase::PrepareText(const std::string& text) const {
+    return sql::TextLiteral(text, CurrentDialect());
+}
 
 std::string HostDatabase::PrepareLike(const std::string& pattern) const {
     return sql::LikeLiteral(pattern, CurrentDialect());

@@ -14,8 +14,8 @@ class xml_node;
 namespace quellbrook {
 
 // The host's database. Instances hold no state; all of them use the pool of HostServices. No connection is kept across
-// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation stands for every violated
-// unique or foreign key constraint.
+// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation stands for every
+// violated unique or foreign key constraint.
 class HostDatabase {
 public:
     // All rows of a SELECT in the database's order.
@@ -25,7 +25,8 @@ public:
     // Hands over one row after the other without keeping them, until the receiver returns false.
     void ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver);
 
-    // First column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL without a row.
+    // First column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL without a
+    // row.
     TaggedValue LookupValue(const std::string& table, const std::string& expression,
                             const std::vector<std::string>& conditions);
 

@@ -14,8 +14,8 @@
 namespace quellbrook {
 
 // All rows of the table StorageLocation as one XML document: a child StorageLocation of the document element for each
-// row, in it a child for each column that is not NULL, named as the column. Siblings stand by Name, then IdNo. The index
-// answers what XPath would, in document order, without walking.
+// row, in it a child for each column that is not NULL, named as the column. Siblings stand by Name, then IdNo. The
+// index answers what XPath would, in document order, without walking.
 class LocationDocument {
 public:
     explicit LocationDocument(std::unique_ptr<pugi::xml_document> document);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "database/ConnectionPool.h"
 #include "host/HostFiles.h"
 #include "host/HostSession.h"
 #include "host/ThumbnailReader.h"
-#include "database/ConnectionPool.h"
 #include "labels/LabelPrinter.h"
 
 #include <functional>

@@ -8,9 +8,9 @@
 namespace quellbrook {
 
 // A materialised path: the identifiers of the containers from the sentinel 0 down. Its text, as the column Path holds
-// it, is "/" + the identifiers in decimal joined by "/" + "/"; the empty path has the empty text. The text of p.Append(n)
-// begins with the text of p, and begins no other text than those of p's extensions; it can stand nowhere in another
-// text but at its start.
+// it, is "/" + the identifiers in decimal joined by "/" + "/"; the empty path has the empty text. The text of
+// p.Append(n) begins with the text of p, and begins no other text than those of p's extensions; it can stand nowhere in
+// another text but at its start.
 class LocationPath {
 public:
     LocationPath() = default;

@@ -45,8 +45,7 @@ int32_t TypeOf(const std::string& letter) {
 
 }  // namespace
 
-BarcodeListener::BarcodeListener(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings)) {}
+BarcodeListener::BarcodeListener(Surroundings surroundings) : m_surroundings(std::move(surroundings)) {}
 
 void BarcodeListener::Shown() {
     if (m_messageHook) return;

@@ -30,9 +30,9 @@ enum class LabelAnchor { Start, Middle, End };
 struct LabelText {
     std::string text;
     LabelPlace place;
-    std::string family;       // of the font; empty for the system's
-    double size = 0;          // of the font, millimetres
-    int weight = 400;         // 100 to 900
+    std::string family;  // of the font; empty for the system's
+    double size = 0;     // of the font, millimetres
+    int weight = 400;    // 100 to 900
     bool italic = false;
     LabelAnchor anchor = LabelAnchor::Start;
     std::string color = "black";

@@ -11,7 +11,7 @@ namespace quellbrook {
 namespace {
 
 constexpr const char* BoxSuffix = "_box";
-constexpr double EdgeMargin = 1.5;          // millimetres that a line without a box keeps from the label's edge
+constexpr double EdgeMargin = 1.5;            // millimetres that a line without a box keeps from the label's edge
 constexpr double Ascent = 0.95, Line = 1.25;  // of a line, in sizes of its font
 constexpr double DefaultFontPixels = 16;
 constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimetres
@@ -22,7 +22,8 @@ bool IsBarcode(const std::string& value) { return value.starts_with('\x02'); }
 double NumberOf(const pugi::xml_node& element, const char* attribute, const std::string& name) {
     const std::string text = element.attribute(attribute).value();
     const auto number = text.empty() ? std::optional<double>(0) : svg::ParseLength(text);
-    if (!number) RefuseField(name, std::string("has a place that can't be read: ") + attribute + "=" + Quoted(text) + ".");
+    if (!number)
+        RefuseField(name, std::string("has a place that can't be read: ") + attribute + "=" + Quoted(text) + ".");
     return *number;
 }
 

@@ -25,7 +25,11 @@ double SizeOf(const pugi::xml_node& root, const char* name) {
 // The drawing keeps its proportions and stands in the middle.
 svg::Transform FitViewBox(const std::vector<double>& viewBox, double width, double height) {
     const double scale = std::min(width / viewBox[2], height / viewBox[3]);
-    return {scale, 0, 0, scale, (width - viewBox[2] * scale) / 2 - viewBox[0] * scale,
+    return {scale,
+            0,
+            0,
+            scale,
+            (width - viewBox[2] * scale) / 2 - viewBox[0] * scale,
             (height - viewBox[3] * scale) / 2 - viewBox[1] * scale};
 }
 

@@ -18,7 +18,7 @@ struct Unit {
     double pixels;
 };
 
-constexpr std::array Units = {Unit{"px", 1.0},       Unit{"pt", 96 / 72.0},  Unit{"pc", 16.0},
+constexpr std::array Units = {Unit{"px", 1.0},       Unit{"pt", 96 / 72.0}, Unit{"pc", 16.0},
                               Unit{"mm", 96 / 25.4}, Unit{"cm", 96 / 2.54}, Unit{"in", 96.0}};
 
 // The number at the start of the text, which is taken off.
@@ -55,9 +55,8 @@ std::optional<Transform> MakeTransform(std::string_view name, const std::vector<
 }  // namespace
 
 Transform Transform::Then(const Transform& outer) const {
-    return {outer.a * a + outer.c * b,           outer.b * a + outer.d * b,
-            outer.a * c + outer.c * d,           outer.b * c + outer.d * d,
-            outer.a * e + outer.c * f + outer.e, outer.b * e + outer.d * f + outer.f};
+    return {outer.a * a + outer.c * b, outer.b * a + outer.d * b,           outer.a * c + outer.c * d,
+            outer.b * c + outer.d * d, outer.a * e + outer.c * f + outer.e, outer.b * e + outer.d * f + outer.f};
 }
 
 double Transform::Scale() const { return std::hypot(a, b); }

@@ -9,8 +9,8 @@ namespace quellbrook {
 void ReportHostFailure(QWidget* parent, const Error& error) noexcept {
     try {
         GetErrorLog().Log("quellbrook-host", error.Source(), error.Description());
-        QMessageBox box(QMessageBox::Critical, QStringLiteral("Quellbrook"), QString::fromStdString(error.Description()),
-                        QMessageBox::Ok, parent);
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Quellbrook"),
+                        QString::fromStdString(error.Description()), QMessageBox::Ok, parent);
         box.setTextFormat(Qt::PlainText);
         box.exec();
     } catch (...) {

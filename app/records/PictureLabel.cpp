@@ -23,8 +23,7 @@ PictureLabel::PictureLabel(const Picture& picture, const QSize& room, QWidget* p
     : QLabel(parent), m_picture(OnWhite(picture)) {
     const QSize inside = room - QSize(2 * frame, 2 * frame);
     m_size = (QSizeF(m_picture.size()) / picture.scale).toSize();
-    if (m_size.width() > inside.width() || m_size.height() > inside.height())
-        m_size.scale(inside, Qt::KeepAspectRatio);
+    if (m_size.width() > inside.width() || m_size.height() > inside.height()) m_size.scale(inside, Qt::KeepAspectRatio);
     m_size = m_size.expandedTo(QSize(1, 1));
     setObjectName(QStringLiteral("picture"));
     setStyleSheet(QStringLiteral("border: %1px solid palette(mid);").arg(frame));

@@ -109,8 +109,8 @@ private:
         }
         m_record.category = ToTextOrEmpty(CodeTableLookup().Name(m_kind.categories, row.Value("CategoryNo")));
         m_record.hasFinalDisposition = ToBool(row.Value("HasFinalDisposition"));
-        m_record.finalDisposition = ToTextOrEmpty(
-            CodeTableLookup().Description(CodeTable::FinalDispositionStatus, row.Value("CurrStatusNo")));
+        m_record.finalDisposition =
+            ToTextOrEmpty(CodeTableLookup().Description(CodeTable::FinalDispositionStatus, row.Value("CurrStatusNo")));
         m_record.dispositionNote = text("DisposalNote");
     }
 
@@ -125,8 +125,8 @@ private:
         if (mainAttachment.HasNoValue()) return;
         const auto row = HostDatabase().QueryRow(
             "SELECT f.Path, i.FileName FROM AttachmentIndex i INNER JOIN AttachmentFolder f ON f.FolderNo = i.FolderNo"
-            " WHERE i.IdNo = " + std::to_string(m_record.address.number) +
-            " AND i.ObjTypeInd = " + std::to_string(m_kind.attachmentOwner) +
+            " WHERE i.IdNo = " +
+            std::to_string(m_record.address.number) + " AND i.ObjTypeInd = " + std::to_string(m_kind.attachmentOwner) +
             " AND i.SeqNo = " + std::to_string(ToInt32(mainAttachment)));
         const std::string fileName = row ? ToTextOrEmpty(row->Value("FileName")) : "";
         if (fileName.empty()) return;
@@ -180,9 +180,8 @@ private:
     }
 
     std::string Reason(const TaggedValue& code) {
-        return Remembered(m_reasons, code, [&] {
-            return ToTextOrEmpty(CodeTableLookup().Description(CodeTable::CustodyReason, code));
-        });
+        return Remembered(m_reasons, code,
+                          [&] { return ToTextOrEmpty(CodeTableLookup().Description(CodeTable::CustodyReason, code)); });
     }
 
     std::string Person(const TaggedValue& id) {

@@ -34,9 +34,8 @@ RecordSection BasicInformation(const Record& record) {
 }
 
 RecordSection Identifiers(const Record& record) {
-    RecordSection section{
-        Tr("Identifiers"),
-        {{"make", Tr("Make"), ToShown(record.make)}, {"model", Tr("Model"), ToShown(record.model)}}};
+    RecordSection section{Tr("Identifiers"),
+                          {{"make", Tr("Make"), ToShown(record.make)}, {"model", Tr("Model"), ToShown(record.model)}}};
     if (record.address.kind == RecordKind::Property)
         section.fields.push_back({"serialNumber", Tr("Serial #"), ToShown(record.serialNumber)});
     return section;
@@ -86,14 +85,14 @@ QString NumberOf(const RecordIncident& incident) {
 
 std::vector<RecordSection> SectionsOf(const Record& record) {
     const QString disposition = ToShown(record.finalDisposition);
-    return {BasicInformation(record),
-            Identifiers(record),
-            {Tr("Where It Is"),
-             {{"status", Tr("Status"), StatusOf(record.status)},
-              {"location", Tr("Location"), ToShown(record.location)}}},
-            {Tr("Final Disposition"),
-             {{"finalDisposition", Tr("Disposition"), record.hasFinalDisposition ? disposition : Tr("None yet")},
-              {"dispositionNote", Tr("Note"), ToShown(record.dispositionNote)}}}};
+    return {
+        BasicInformation(record),
+        Identifiers(record),
+        {Tr("Where It Is"),
+         {{"status", Tr("Status"), StatusOf(record.status)}, {"location", Tr("Location"), ToShown(record.location)}}},
+        {Tr("Final Disposition"),
+         {{"finalDisposition", Tr("Disposition"), record.hasFinalDisposition ? disposition : Tr("None yet")},
+          {"dispositionNote", Tr("Note"), ToShown(record.dispositionNote)}}}};
 }
 
 }  // namespace quellbrook

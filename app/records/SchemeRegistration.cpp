@@ -69,8 +69,12 @@ std::string DesktopEntry(const std::string& program, const std::vector<std::stri
            "Type=Application\n"
            "Name=Quellbrook\n"
            "Comment=Opens records of property and vehicles\n"
-           "Exec=" + command + " %u\n"
-           "MimeType=" + MimeType() + ";\n"
+           "Exec=" +
+           command +
+           " %u\n"
+           "MimeType=" +
+           MimeType() +
+           ";\n"
            "Terminal=false\n"
            "NoDisplay=true\n";
 }

@@ -52,8 +52,7 @@ void LabelPreview::paintEvent(QPaintEvent*) {
     }
     const QRect place = PicturePlace();
     const QSize pixels = place.size() * devicePixelRatioF();
-    if (m_scaled.size() != pixels)
-        m_scaled = m_picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (m_scaled.size() != pixels) m_scaled = m_picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(place.adjusted(-frame, -frame, 0, 0));
     painter.drawImage(place, m_scaled);

@@ -154,7 +154,8 @@ void PrinterPanel::ShowPrinters(const std::vector<std::string>& printers) {
     if (!isKnown) m_printers->addItem(tr("%1 (not found)").arg(m_gone), m_gone);
     m_printers->addItem(tr("PDF files in a folder"), QString());
     m_printerGone->setText(tr("This computer does not know the printer '%1' at present. It stays chosen until you "
-                              "choose another.").arg(m_gone));
+                              "choose another.")
+                               .arg(m_gone));
 }
 
 void PrinterPanel::ShowChoice() {

@@ -45,10 +45,10 @@ bool IsUnseen(char32_t c) {
 }
 
 std::string NameOf(char32_t c) {
-    static const char* const controls[] = {"NUL", "SOH", "STX", "ETX", "EOT", "ENQ",   "ACK", "BEL", "Backspace",
-                                           "Tab", "LF",  "VT",  "FF",  "Enter", "SO",  "SI",  "DLE", "DC1",
-                                           "DC2", "DC3", "DC4", "NAK", "SYN", "ETB",   "CAN", "EM",  "SUB",
-                                           "Esc", "FS",  "GS",  "RS",  "US"};
+    static const char* const controls[] = {"NUL",       "SOH", "STX", "ETX", "EOT", "ENQ",   "ACK", "BEL",
+                                           "Backspace", "Tab", "LF",  "VT",  "FF",  "Enter", "SO",  "SI",
+                                           "DLE",       "DC1", "DC2", "DC3", "DC4", "NAK",   "SYN", "ETB",
+                                           "CAN",       "EM",  "SUB", "Esc", "FS",  "GS",    "RS",  "US"};
     if (c < std::size(controls)) return controls[c];
     if (c == 0x7F) return "DEL";
     char number[16];
@@ -72,9 +72,12 @@ std::string Readable(Keys keys) {
 // The upper-case type letter; none for any other key.
 std::optional<char> TypeLetterOf(const ScannedKey& key) {
     switch (key.character) {
-    case U'L': case U'l': return 'L';
-    case U'P': case U'p': return 'P';
-    case U'V': case U'v': return 'V';
+    case U'L':
+    case U'l': return 'L';
+    case U'P':
+    case U'p': return 'P';
+    case U'V':
+    case U'v': return 'V';
     default: return std::nullopt;
     }
 }
@@ -140,7 +143,6 @@ bool IsPlainLetter(Keys keys, char32_t lower, char32_t upper) {
     return keys.size() == 1 && (keys[0].character == lower || keys[0].character == upper);
 }
 
-
 class Judge {
 public:
     explicit Judge(Keys keys) : m_parts(TakeApart(keys)) {
@@ -153,8 +155,9 @@ public:
             JudgeNumber();
         }
         if (m_isDoubled)
-            m_notes.push_back("STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
-                              "works; this scanner needs no prefix and no suffix.");
+            m_notes.push_back(
+                "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
+                "works; this scanner needs no prefix and no suffix.");
     }
 
     ScanVerdict Verdict() const {
@@ -219,14 +222,16 @@ private:
         m_typeLetter = TypeLetterOf(key);
         if (m_typeLetter) {
             if (key.character != static_cast<char32_t>(*m_typeLetter))
-                m_notes.push_back("The type letter came as a small letter. The program reads it all the same; Caps "
-                                  "Lock may be on, or the scanner changes the case of letters.");
+                m_notes.push_back(
+                    "The type letter came as a small letter. The program reads it all the same; Caps "
+                    "Lock may be on, or the scanner changes the case of letters.");
         } else if (IsDigit(key)) {
-            Fault("The type letter is missing in front of the number. The barcode is none of this program's, or the "
-                  "scanner is set to leave out the first character.");
+            Fault(
+                "The type letter is missing in front of the number. The barcode is none of this program's, or the "
+                "scanner is set to leave out the first character.");
         } else {
             const std::string sentence = "The type letter " + Readable(m_parts.barcode.first(1)) +
-                                   " is not known: barcodes of this program begin with L, P or V.";
+                                         " is not known: barcodes of this program begin with L, P or V.";
             Fault(sentence, key.character >= 0x80 ? SetLayout : std::string_view());
         }
     }
@@ -282,8 +287,9 @@ ScanDiagnosis DiagnoseScan(const std::vector<ScannedKey>& keys) {
     diagnosis.reading = Readable(keys);
     if (LooksTyped(keys)) {
         diagnosis.verdict = ScanVerdict::TypedByHand;
-        diagnosis.sentences = {"This looks like typing by hand, not like a scan. If it was a scan, the scanner waits "
-                               "too long between characters: set that delay to a few milliseconds at most."};
+        diagnosis.sentences = {
+            "This looks like typing by hand, not like a scan. If it was a scan, the scanner waits "
+            "too long between characters: set that delay to a few milliseconds at most."};
         return diagnosis;
     }
     const Judge judge(keys);

@@ -23,8 +23,8 @@ enum class ScanVerdict {
 // What may be said of a scanner by what it typed in one go.
 struct ScanDiagnosis {
     ScanVerdict verdict = ScanVerdict::AsItShouldBe;
-    std::string reading;  // all keys, those that can't be seen by their names: "<STX>P0000004711<ETX>"
-    std::string meaning;  // what the program understands, "Property, number 4711"; empty for nothing
+    std::string reading;                 // all keys, those that can't be seen by their names: "<STX>P0000004711<ETX>"
+    std::string meaning;                 // what the program understands, "Property, number 4711"; empty for nothing
     std::vector<std::string> sentences;  // at least one: what is wrong and what to change, what matters most first
 };
 

@@ -17,7 +17,7 @@ class ScanField : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int BurstPause = 100;     // milliseconds
+    static constexpr int BurstPause = 100;       // milliseconds
     static constexpr size_t LongestBurst = 200;  // keys; more are not kept
 
     explicit ScanField(QWidget* parent = nullptr);

@@ -61,8 +61,9 @@ ScannerPanel::ScannerPanel(QWidget* parent) : QWidget(parent) {
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
     AddSection(*column, tr("Test Your Scanner"), this);
-    const QString instruction = tr("Scan the test label here on the screen, or one that you have printed. It stands "
-                                   "for property number 0, which no item has.");
+    const QString instruction =
+        tr("Scan the test label here on the screen, or one that you have printed. It stands "
+           "for property number 0, which no item has.");
     column->addWidget(new WrappedLabel(instruction, 14, QFont::Normal, this));
     column->addSpacing(12);
     auto* symbol = new TestSymbol(TestBarcodeText(), this);
@@ -75,9 +76,8 @@ ScannerPanel::ScannerPanel(QWidget* parent) : QWidget(parent) {
     column->addSpacing(24);
     AddReading(*column);
     column->addStretch(1);
-    connect(m_field, &ScanField::Read, this, [this](const std::vector<ScannedKey>& keys) {
-        GuardHost(this, [&] { ShowReading(keys); });
-    });
+    connect(m_field, &ScanField::Read, this,
+            [this](const std::vector<ScannedKey>& keys) { GuardHost(this, [&] { ShowReading(keys); }); });
 }
 
 void ScannerPanel::AddReading(QVBoxLayout& column) {

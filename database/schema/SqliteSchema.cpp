@@ -27,8 +27,7 @@ CREATE TABLE StorageLocation (
     UNIQUE (Path, Type, Name)
 ))sql";
 
-const char* const locationContainerIndex =
-    "CREATE INDEX StorageLocationContainer ON StorageLocation (ContainerNo)";
+const char* const locationContainerIndex = "CREATE INDEX StorageLocationContainer ON StorageLocation (ContainerNo)";
 
 const char* const locationInsertGuard = R"sql(
 CREATE TRIGGER StorageLocationInsertGuard BEFORE INSERT ON StorageLocation
@@ -306,7 +305,8 @@ std::string ForKind(const char* text, const std::pair<const char*, const char*>&
 std::vector<std::string> FirstVersion() {
     std::vector<std::string> statements = {locationTable, locationContainerIndex};
     for (const char* guard : {locationInsertGuard, locationUpdateGuard, locationMoveGuard})
-        statements.push_back(Replace(Replace(guard, "{container gone}", containerGoneText), "{left behind}", leftBehindText));
+        statements.push_back(
+            Replace(Replace(guard, "{container gone}", containerGoneText), "{left behind}", leftBehindText));
     statements.insert(statements.end(), {propertyTable, vehicleTable, vehicleView, currentPlaceTable});
     statements.push_back("CREATE INDEX PropertyByPropertyID ON Property (PropertyID)");
     statements.push_back("CREATE INDEX VehicleByRegNumber ON Vehicle (RegNumber)");

@@ -40,14 +40,14 @@ Section* MakeButtons(QWidget* parent) {
     auto* section = new Section(QObject::tr("Buttons and links"),
                                 QObject::tr("They act at a click, at Space and at Enter."), parent);
     section->AddStates(ButtonSpecimen(QString(), QStringLiteral("Finish"), QString(), false));
-    section->AddStates(ButtonSpecimen(QObject::tr("with an icon"), QStringLiteral("Add Evidence"),
-                                      QStringLiteral("add"), false));
+    section->AddStates(
+        ButtonSpecimen(QObject::tr("with an icon"), QStringLiteral("Add Evidence"), QStringLiteral("add"), false));
     section->AddStates(ButtonSpecimen(QObject::tr("inverted"), QStringLiteral("Cancel"), QString(), true));
-    section->AddStates(ButtonSpecimen(QObject::tr("inverted, with an icon"), QStringLiteral("Print"),
-                                      QStringLiteral("print"), true));
+    section->AddStates(
+        ButtonSpecimen(QObject::tr("inverted, with an icon"), QStringLiteral("Print"), QStringLiteral("print"), true));
     section->AddStates(LinkSpecimen(QString(), QStringLiteral("More Results"), QString(), false));
-    section->AddStates(LinkSpecimen(QObject::tr("with an icon"), QStringLiteral("Edit Location"),
-                                    QStringLiteral("edit"), false));
+    section->AddStates(
+        LinkSpecimen(QObject::tr("with an icon"), QStringLiteral("Edit Location"), QStringLiteral("edit"), false));
     section->AddStates(LinkSpecimen(QObject::tr("quiet"), QStringLiteral("Undo"), QString(), true));
     section->AddStates(LinkSpecimen(QObject::tr("quiet, the closing cross"), ClosingCross, QString(), true));
     return section;

@@ -1,8 +1,8 @@
 #include "demo/gallery/Cell.h"
 
 #include "demo/gallery/Stage.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
 
 #include <QPainter>

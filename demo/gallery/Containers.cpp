@@ -55,20 +55,20 @@ Specimen LineSpecimen(const QString& variant, int width, int height, Theme::Colo
 
 Section* MakeContainers(QWidget* parent) {
     using Theme::Color;
-    auto* section = new Section(QObject::tr("Title bars, groups and lines"), QObject::tr("They show; they do not act."),
-                                parent);
+    auto* section =
+        new Section(QObject::tr("Title bars, groups and lines"), QObject::tr("They show; they do not act."), parent);
     Specimen bar = BarSpecimen(QObject::tr("Normal"), QObject::tr("Evidence Room"));
     bar.states = {State::Normal, State::Empty};
     section->AddVariants(QStringLiteral("FlatTitleBar"), QString(),
                          {bar, BarSpecimen(QObject::tr("Ends in an ellipsis"),
                                            QObject::tr("Evidence Room of the Harlow Bay Department of Public Safety, "
                                                        "Second Precinct, North Annex"))});
-    section->AddVariants(QStringLiteral("GroupBox"), QString(),
-                         {BoxSpecimen(QObject::tr("Normal: no ground"), std::nullopt, false),
-                          BoxSpecimen(QObject::tr("Framed"), std::nullopt, true),
-                          BoxSpecimen(QObject::tr("Panel"), Color::Panel, false),
-                          BoxSpecimen(QObject::tr("Panel, framed"), Color::Panel, true),
-                          BoxSpecimen(QObject::tr("Tint"), Color::Tint, false)});
+    section->AddVariants(
+        QStringLiteral("GroupBox"), QString(),
+        {BoxSpecimen(QObject::tr("Normal: no ground"), std::nullopt, false),
+         BoxSpecimen(QObject::tr("Framed"), std::nullopt, true), BoxSpecimen(QObject::tr("Panel"), Color::Panel, false),
+         BoxSpecimen(QObject::tr("Panel, framed"), Color::Panel, true),
+         BoxSpecimen(QObject::tr("Tint"), Color::Tint, false)});
     section->AddVariants(QStringLiteral("Line"), QString(),
                          {LineSpecimen(QObject::tr("Normal: hairline"), BoxWidth, 1, Color::Hairline),
                           LineSpecimen(QObject::tr("Accent, 3 px"), BoxWidth, 3, Color::Accent),

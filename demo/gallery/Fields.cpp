@@ -50,14 +50,18 @@ Specimen AreaSpecimen() {
 }  // namespace
 
 Section* MakeFields(QWidget* parent) {
-    auto* section = new Section(
-        QObject::tr("Text fields"),
-        QObject::tr("A field has no look of its own for an error: the form says what is wrong."), parent);
+    auto* section =
+        new Section(QObject::tr("Text fields"),
+                    QObject::tr("A field has no look of its own for an error: the form says what is wrong."), parent);
     Box plain{QString(), QObject::tr("To"), QObject::tr("Crime laboratory"), QString(), QString()};
     Box search{QObject::tr("with placeholder and icon"), QObject::tr("Search"), QStringLiteral("2026-0042"),
                QObject::tr("Search..."), QStringLiteral("search")};
-    Box password{QObject::tr("for a password"), QObject::tr("Password"), QStringLiteral("evidence"),
-                 QObject::tr("Password"), QString(), true};
+    Box password{QObject::tr("for a password"),
+                 QObject::tr("Password"),
+                 QStringLiteral("evidence"),
+                 QObject::tr("Password"),
+                 QString(),
+                 true};
     for (const Box& box : {plain, search, password}) section->AddStates(BoxSpecimen(box));
     section->AddStates(AreaSpecimen());
     return section;

@@ -1,11 +1,11 @@
 #include "demo/gallery/GalleryWindow.h"
 
+#include "base/Error.h"
+#include "component/Quellbrook.h"
 #include "demo/gallery/Cell.h"
 #include "demo/gallery/Section.h"
 #include "demo/gallery/Sections.h"
 #include "demo/gallery/Stage.h"
-#include "base/Error.h"
-#include "component/Quellbrook.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/Label.h"
@@ -71,8 +71,9 @@ QWidget* GalleryWindow::MakePage() {
     auto* sentence = new Label(page);
     sentence->SetType(Theme::Type::Subtitle);
     sentence->SetForeColor(Theme::Color::GrayText);
-    sentence->SetCaption(tr("Hover, pressed and focused are pictures of a control, taken while it had the pointer or "
-                            "the focus; everything else is live."));
+    sentence->SetCaption(
+        tr("Hover, pressed and focused are pictures of a control, taken while it had the pointer or "
+           "the focus; everything else is live."));
     column->addWidget(sentence);
     for (Section* section : MakeSections(page)) column->addWidget(section);
     column->addStretch(1);

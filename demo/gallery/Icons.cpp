@@ -53,9 +53,9 @@ Specimen IconSpecimen(const QString& name, const QString& variant, const std::ve
 }  // namespace
 
 Section* MakeIcons(QWidget* parent) {
-    auto* section = new Section(
-        QObject::tr("Icons"),
-        QObject::tr("24 px grid, 1.75 px stroke, round caps and joins. Drawn at 24 px and 48 px."), parent);
+    auto* section =
+        new Section(QObject::tr("Icons"),
+                    QObject::tr("24 px grid, 1.75 px stroke, round caps and joins. Drawn at 24 px and 48 px."), parent);
     section->AddVariants(
         QStringLiteral("FontIcon"), QString(),
         {IconSpecimen(QStringLiteral("location"), QString(), {State::Normal, State::Disabled, State::Empty}),

@@ -19,20 +19,12 @@ struct NamedType {
     Type type;
 };
 
-constexpr NamedType Types[] = {{"Title", Type::Title},
-                               {"ItemHeading", Type::ItemHeading},
-                               {"ItemHeadingRegular", Type::ItemHeadingRegular},
-                               {"Section", Type::Section},
-                               {"RowHeading", Type::RowHeading},
-                               {"RowHeadingBold", Type::RowHeadingBold},
-                               {"Body", Type::Body},
-                               {"BodyBold", Type::BodyBold},
-                               {"BodySemiBold", Type::BodySemiBold},
-                               {"Subtitle", Type::Subtitle},
-                               {"LinkText", Type::LinkText},
-                               {"Hint", Type::Hint},
-                               {"TagText", Type::TagText},
-                               {"StripCaption", Type::StripCaption}};
+constexpr NamedType Types[] = {
+    {"Title", Type::Title},       {"ItemHeading", Type::ItemHeading},  {"ItemHeadingRegular", Type::ItemHeadingRegular},
+    {"Section", Type::Section},   {"RowHeading", Type::RowHeading},    {"RowHeadingBold", Type::RowHeadingBold},
+    {"Body", Type::Body},         {"BodyBold", Type::BodyBold},        {"BodySemiBold", Type::BodySemiBold},
+    {"Subtitle", Type::Subtitle}, {"LinkText", Type::LinkText},        {"Hint", Type::Hint},
+    {"TagText", Type::TagText},   {"StripCaption", Type::StripCaption}};
 
 Label* Make(QWidget* parent, Type type, const QString& caption) {
     auto* label = new Label(parent);
@@ -56,7 +48,9 @@ std::vector<Specimen> TypeSpecimens() {
 
 Specimen StatesSpecimen() {
     const auto make = [](QWidget* parent) { return Make(parent, Type::Body, QObject::tr("Received by M. Oduya")); };
-    Specimen label{QStringLiteral("Label"), QObject::tr("one line, as wide as its text"), make,
+    Specimen label{QStringLiteral("Label"),
+                   QObject::tr("one line, as wide as its text"),
+                   make,
                    {State::Normal, State::Disabled, State::Error, State::Empty}};
     label.empty = [](Control& control) { static_cast<Label&>(control).SetCaption(QString()); };
     label.error = [](Control& control) {
@@ -69,8 +63,8 @@ Specimen StatesSpecimen() {
 
 Specimen Narrow(const QString& variant, bool wrap, int lines) {
     const auto make = [=](QWidget* parent) {
-        auto* label = Make(parent, Type::Body,
-                           QObject::tr("Shelf 4 of the long gun rack behind the cage, upper compartment"));
+        auto* label =
+            Make(parent, Type::Body, QObject::tr("Shelf 4 of the long gun rack behind the cage, upper compartment"));
         label->SetAutoSize(wrap && lines == 0);
         label->SetWordWrap(wrap);
         const int height = lines == 0 ? label->heightForWidth(NarrowWidth) : lines * Theme::LineHeight(Type::Body);
@@ -83,9 +77,9 @@ Specimen Narrow(const QString& variant, bool wrap, int lines) {
 }  // namespace
 
 Section* MakeLabels(QWidget* parent) {
-    auto* section = new Section(
-        QObject::tr("Labels"),
-        QObject::tr("Plain text in the types of the theme: size and line height in pixels."), parent);
+    auto* section =
+        new Section(QObject::tr("Labels"),
+                    QObject::tr("Plain text in the types of the theme: size and line height in pixels."), parent);
     section->AddVariants(QStringLiteral("Label"), QObject::tr("its types"), TypeSpecimens());
     section->AddStates(StatesSpecimen());
     section->AddVariants(QStringLiteral("Label"), QObject::tr("of a fixed width"),

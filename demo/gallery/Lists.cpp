@@ -22,10 +22,11 @@ void PressDown(Control& control) {
 }
 
 void Fill(ListView& list) {
-    list.AddRow(QStringLiteral("1"), QStringLiteral("tag"), {{QStringLiteral("2026-0042-1")}, {QObject::tr("Revolver")}});
-    list.AddRow(QStringLiteral("2"), QStringLiteral("marked"),
-                {{QStringLiteral("2026-0042-2"), false, true},
-                 {QObject::tr("Box of cartridges, in the batch"), false, true}});
+    list.AddRow(QStringLiteral("1"), QStringLiteral("tag"),
+                {{QStringLiteral("2026-0042-1")}, {QObject::tr("Revolver")}});
+    list.AddRow(
+        QStringLiteral("2"), QStringLiteral("marked"),
+        {{QStringLiteral("2026-0042-2"), false, true}, {QObject::tr("Box of cartridges, in the batch"), false, true}});
     list.AddRow(QStringLiteral("3"), QStringLiteral("empty_location"),
                 {{QStringLiteral("B-104"), true}, {QObject::tr("No description"), true}});
 }
@@ -68,8 +69,11 @@ Specimen TickSpecimen() {
         return list;
     };
     const auto empty = [](Control& control) { static_cast<ListView&>(control).ClearRows(); };
-    Specimen list{QStringLiteral("ListView"), QObject::tr("framed, without captions and lines"), make,
-                  {State::Normal, State::Focused, State::Disabled, State::Empty}, empty};
+    Specimen list{QStringLiteral("ListView"),
+                  QObject::tr("framed, without captions and lines"),
+                  make,
+                  {State::Normal, State::Focused, State::Disabled, State::Empty},
+                  empty};
     list.focused = PressDown;
     return list;
 }
@@ -96,14 +100,13 @@ Section* MakeLists(QWidget* parent) {
                                 QObject::tr("Selected rows stand out less while the list has not the focus."), parent);
     section->AddStates(ReportSpecimen());
     section->AddStates(TickSpecimen());
-    section->AddVariants(
-        QStringLiteral("FlatScrollBar"), QObject::tr("pointer and press at the thumb"),
-        {BarSpecimen(QObject::tr("Normal, top"), 0, FlatScrollBar::Both, {State::Normal}),
-         BarSpecimen(QObject::tr("Middle"), 50, FlatScrollBar::Both,
-                     {State::Normal, State::Hover, State::Pressed, State::Disabled}),
-         BarSpecimen(QObject::tr("End"), 100, FlatScrollBar::Both, {State::Normal}),
-         BarSpecimen(QObject::tr("Only up"), 100, FlatScrollBar::Up, {State::Normal}),
-         BarSpecimen(QObject::tr("Only down"), 0, FlatScrollBar::Down, {State::Normal})});
+    section->AddVariants(QStringLiteral("FlatScrollBar"), QObject::tr("pointer and press at the thumb"),
+                         {BarSpecimen(QObject::tr("Normal, top"), 0, FlatScrollBar::Both, {State::Normal}),
+                          BarSpecimen(QObject::tr("Middle"), 50, FlatScrollBar::Both,
+                                      {State::Normal, State::Hover, State::Pressed, State::Disabled}),
+                          BarSpecimen(QObject::tr("End"), 100, FlatScrollBar::Both, {State::Normal}),
+                          BarSpecimen(QObject::tr("Only up"), 100, FlatScrollBar::Up, {State::Normal}),
+                          BarSpecimen(QObject::tr("Only down"), 0, FlatScrollBar::Down, {State::Normal})});
     return section;
 }
 

@@ -19,9 +19,9 @@ struct Specimen {
     QString variant;  // what tells it from the others of its class; may be empty
     Maker make;       // in its normal state, at its own size
     std::vector<State> states = {State::Normal};
-    Change empty = {};    // takes the sample out; needed where Empty is listed
-    Change error = {};    // needed where Error is listed
-    Change focused = {};  // what is done to it once it has the focus
+    Change empty = {};                                   // takes the sample out; needed where Empty is listed
+    Change error = {};                                   // needed where Error is listed
+    Change focused = {};                                 // what is done to it once it has the focus
     std::function<QPoint(const Control&)> pointer = {};  // where the pointer goes; the middle where none is given
 };
 

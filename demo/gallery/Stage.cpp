@@ -71,9 +71,8 @@ void Enact(const Specimen& specimen, State state, Control& control) {
 
 QPixmap WithPopup(const QPixmap& picture, const QPoint& pictureAt, QWidget& popup) {
     const QPoint at = popup.mapToGlobal(QPoint(0, 0)) - pictureAt;
-    const QSize whole = QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize())
-                            .united(QRect(at, popup.size()))
-                            .size();
+    const QSize whole =
+        QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize()).united(QRect(at, popup.size())).size();
     const qreal ratio = picture.devicePixelRatio();
     QPixmap both(whole * ratio);
     both.setDevicePixelRatio(ratio);

@@ -18,8 +18,7 @@ Specimen TabsSpecimen() {
     const auto make = [](QWidget* parent) {
         auto* tabs = new FlatTabs(parent);
         tabs->setAccessibleName(QObject::tr("Item"));
-        for (const QString& caption :
-             {QObject::tr("Details"), QObject::tr("Chain of Custody"), QObject::tr("Notes")}) {
+        for (const QString& caption : {QObject::tr("Details"), QObject::tr("Chain of Custody"), QObject::tr("Notes")}) {
             FlatTabPage* page = tabs->AddTab(caption);
             auto* label = new Label(new GroupBox(page));
             label->SetForeColor(Theme::Color::GrayText);

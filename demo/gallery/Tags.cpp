@@ -14,8 +14,11 @@ struct Mark {
     int32_t color;  // 0xBBGGRR
 };
 
-constexpr Mark ItemMarks[] = {{"Not in Storage", 0x0000FF}, {"In Storage", 0x87AD24}, {"Signed Out", 0x0000C0},
-                              {"Disposed", 0x808080},       {"In Uncategorized Location", 0x0080FF},
+constexpr Mark ItemMarks[] = {{"Not in Storage", 0x0000FF},
+                              {"In Storage", 0x87AD24},
+                              {"Signed Out", 0x0000C0},
+                              {"Disposed", 0x808080},
+                              {"In Uncategorized Location", 0x0080FF},
                               {"Needs Review", 0x0080FF}};
 constexpr Mark ActionMarks[] = {{"Moved", 0xD6711E},    {"Signed In", 0x87AD24}, {"Signed Out", 0x0000C0},
                                 {"Disposed", 0x808080}, {"Other", 0x0080FF},     {"Unknown Action", 0x0080FF}};
@@ -68,8 +71,11 @@ Specimen StripSpecimen() {
     const auto empty = [](Control& control) {
         static_cast<RelatedIncidentStrip&>(control).SetIncidents(std::make_shared<IncidentList>());
     };
-    return {QStringLiteral("RelatedIncidentStrip"), QObject::tr("the second incident is secured"), make,
-            {State::Normal, State::Disabled, State::Empty}, empty};
+    return {QStringLiteral("RelatedIncidentStrip"),
+            QObject::tr("the second incident is secured"),
+            make,
+            {State::Normal, State::Disabled, State::Empty},
+            empty};
 }
 
 Specimen StripOnHighlight() {

@@ -12,14 +12,14 @@ Attachments Filed(Filing filing, int32_t folder, const std::vector<std::string>&
     const size_t count = filing == Filing::Several ? names.size() : 1;
     for (size_t k = 0; k < count; ++k) attachments.files.push_back({folder, names[k]});
     switch (filing) {
-        case Filing::One: attachments.image = 1; break;
-        case Filing::Several: attachments.image = 2; break;
-        case Filing::NoMain: break;
-        case Filing::NoFolder:
-            attachments.files.front().folder.reset();
-            attachments.image = 1;
-            break;
-        case Filing::Gone: attachments.image = 2; break;
+    case Filing::One: attachments.image = 1; break;
+    case Filing::Several: attachments.image = 2; break;
+    case Filing::NoMain: break;
+    case Filing::NoFolder:
+        attachments.files.front().folder.reset();
+        attachments.image = 1;
+        break;
+    case Filing::Gone: attachments.image = 2; break;
     }
     return attachments;
 }

@@ -7,10 +7,10 @@ namespace quellbrook::sample {
 // How the pictures of an item are filed. Only One and Several have a main picture that can be shown.
 enum class Filing {
     One,
-    Several,     // three of them, the second is the main one
-    NoMain,      // pictures, none of them the main one
-    NoFolder,    // the main one is filed in no folder
-    Gone,        // the main one is not filed any more
+    Several,   // three of them, the second is the main one
+    NoMain,    // pictures, none of them the main one
+    NoFolder,  // the main one is filed in no folder
+    Gone,      // the main one is not filed any more
 };
 
 // Files the pictures of an item that is described. The view tells which of those of its category comes first.

@@ -62,8 +62,8 @@ void BulkLoad::SetAside() {
                                "IS NOT NULL ORDER BY rowid");
         while (list.executeStep()) {
             Aside aside{list.getColumn(0).getString(), list.getColumn(1).getString(), list.getColumn(2).getString()};
-            const bool wanted = aside.type == "index" ||
-                                std::find(triggers.begin(), triggers.end(), aside.name) != triggers.end();
+            const bool wanted =
+                aside.type == "index" || std::find(triggers.begin(), triggers.end(), aside.name) != triggers.end();
             if (wanted) m_aside.push_back(std::move(aside));
         }
     }

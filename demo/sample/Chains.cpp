@@ -34,11 +34,11 @@ public:
             ComeBack();
         }
         switch (fate.end) {
-            case End::InStorage: break;
-            case End::SignedOut: GoOut(fate.endPlace); break;
-            case End::Disposed: Dispose(); break;
-            case End::UnderReview: Add(random.Pick(places.review), Reason::MissingPaperwork, technicians); break;
-            case End::NoLocation: Add(std::nullopt, Reason::CaseClosed, technicians); break;
+        case End::InStorage: break;
+        case End::SignedOut: GoOut(fate.endPlace); break;
+        case End::Disposed: Dispose(); break;
+        case End::UnderReview: Add(random.Pick(places.review), Reason::MissingPaperwork, technicians); break;
+        case End::NoLocation: Add(std::nullopt, Reason::CaseClosed, technicians); break;
         }
     }
 
@@ -98,9 +98,7 @@ private:
 };
 
 // A moment of the working day, whole minutes.
-int64_t TimeOfDay(Random& random) {
-    return random.Between(7 * 60, 18 * 60 - 1) * 60'000ll;
-}
+int64_t TimeOfDay(Random& random) { return random.Between(7 * 60, 18 * 60 - 1) * 60'000ll; }
 
 }  // namespace
 

@@ -30,9 +30,9 @@ enum class End { InStorage, SignedOut, Disposed, UnderReview, NoLocation };
 
 // What becomes of an item between its coming and now.
 struct Fate {
-    int32_t day = 0;      // of its coming, counted from FirstDay; DayCount - LongestChain at most
-    int32_t home = 0;     // where it is stored
-    int32_t journeys = 0; // times that it left and came back, 0 to 3
+    int32_t day = 0;       // of its coming, counted from FirstDay; DayCount - LongestChain at most
+    int32_t home = 0;      // where it is stored
+    int32_t journeys = 0;  // times that it left and came back, 0 to 3
     End end = End::InStorage;
     // Of SignedOut and Disposed; drawn from the places when it is 0.
     int32_t endPlace = 0;

@@ -16,15 +16,24 @@ const std::vector<Code>& FinalDispositionStatuses() {
 
 const std::vector<Code>& PropertyCategories() {
     static const std::vector<Code> codes = {
-        {Category::Jewelry, "Jewelry"},         {Category::Currency, "Currency"},
-        {Category::Documents, "Documents"},     {Category::Electronics, "Electronics"},
-        {Category::Clothing, "Clothing"},       {Category::Tools, "Tools"},
-        {Category::Trace, "Trace Evidence"},    {Category::Accessories, "Accessories"},
-        {Category::Property, "Property"},       {Category::Biological, "Biological"},
-        {Category::Metal, "Metal"},             {Category::Keys, "Keys"},
-        {Category::Drugs, "Controlled Substance"}, {Category::Firearms, "Firearm"},
-        {Category::Ammunition, "Ammunition"},   {Category::Media, "Recorded Media"},
-        {Category::Bicycles, "Bicycle"},        {Category::VehicleParts, "Vehicle Part"},
+        {Category::Jewelry, "Jewelry"},
+        {Category::Currency, "Currency"},
+        {Category::Documents, "Documents"},
+        {Category::Electronics, "Electronics"},
+        {Category::Clothing, "Clothing"},
+        {Category::Tools, "Tools"},
+        {Category::Trace, "Trace Evidence"},
+        {Category::Accessories, "Accessories"},
+        {Category::Property, "Property"},
+        {Category::Biological, "Biological"},
+        {Category::Metal, "Metal"},
+        {Category::Keys, "Keys"},
+        {Category::Drugs, "Controlled Substance"},
+        {Category::Firearms, "Firearm"},
+        {Category::Ammunition, "Ammunition"},
+        {Category::Media, "Recorded Media"},
+        {Category::Bicycles, "Bicycle"},
+        {Category::VehicleParts, "Vehicle Part"},
         {19, "Film Negative", false},
     };
     return codes;

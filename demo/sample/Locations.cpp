@@ -1,8 +1,8 @@
 #include "demo/sample/Locations.h"
 
+#include "base/Error.h"
 #include "demo/sample/Oddities.h"
 #include "demo/sample/SampleDepartment.h"
-#include "base/Error.h"
 #include "host/LocationPath.h"
 
 #include <algorithm>
@@ -88,26 +88,63 @@ LocationTree MakeSmallTree() {
     LocationTree tree;
     AddEntries(tree, Internal,
                {{0, "Property Room"},
-                {1, "Aisle 1"}, {2, "Shelf A"}, {2, "Shelf B"}, {2, "Shelf C"},
-                {1, "Aisle 2"}, {2, "Shelf A"}, {2, "Shelf B"}, {2, "Shelf C"}, {2, "Shelf D"},
-                {1, "Aisle 3"}, {2, "Shelf A"}, {2, "Shelf B"}, {3, "Bin B-1"}, {4, "Tray 1"}, {4, "Tray 2"},
-                {3, "Bin B-2"}, {2, "Shelf C"},
-                {1, "Drug Vault"}, {2, "Safe 1"}, {2, "Safe 2"}, {3, "Drawer 1"}, {3, "Drawer 2  "},
+                {1, "Aisle 1"},
+                {2, "Shelf A"},
+                {2, "Shelf B"},
+                {2, "Shelf C"},
+                {1, "Aisle 2"},
+                {2, "Shelf A"},
+                {2, "Shelf B"},
+                {2, "Shelf C"},
+                {2, "Shelf D"},
+                {1, "Aisle 3"},
+                {2, "Shelf A"},
+                {2, "Shelf B"},
+                {3, "Bin B-1"},
+                {4, "Tray 1"},
+                {4, "Tray 2"},
+                {3, "Bin B-2"},
+                {2, "Shelf C"},
+                {1, "Drug Vault"},
+                {2, "Safe 1"},
+                {2, "Safe 2"},
+                {3, "Drawer 1"},
+                {3, "Drawer 2  "},
                 {1, "Firearms Cage"},
-                {0, "Impound Lot"}, {1, "Row 1"}, {1, "Row 2"}, {1, "Row 3"}, {1, "Covered Bay"},
-                {0, "Intake Lockers"}, {1, "Locker 11"}, {1, "Locker 12"}, {1, "Locker 13"},
+                {0, "Impound Lot"},
+                {1, "Row 1"},
+                {1, "Row 2"},
+                {1, "Row 3"},
+                {1, "Covered Bay"},
+                {0, "Intake Lockers"},
+                {1, "Locker 11"},
+                {1, "Locker 12"},
+                {1, "Locker 13"},
                 {1, "Locker 14 \"Oversize\""},
                 {0, "Refrigerated Storage"},
-                {0, "Records Annex", false}, {1, "Cage 1", false}, {1, "Cage 2 – Peña"}});
+                {0, "Records Annex", false},
+                {1, "Cage 1", false},
+                {1, "Cage 2 – Peña"}});
     AddEntries(tree, External,
                {{0, "Circuit Court"},
-                {0, "Crime Lab"}, {1, "Biology"}, {1, "Digital Forensics"}, {1, "Firearms"}, {1, "Latent Prints"},
+                {0, "Crime Lab"},
+                {1, "Biology"},
+                {1, "Digital Forensics"},
+                {1, "Firearms"},
+                {1, "Latent Prints"},
                 {1, "Toxicology"},
-                {0, "Municipal Court"}, {0, "Officer Custody"}, {0, "Prosecutor's Office"},
+                {0, "Municipal Court"},
+                {0, "Officer Custody"},
+                {0, "Prosecutor's Office"},
                 {0, "State Archive", false}});
     AddEntries(tree, Disposal,
-               {{0, "Auction"}, {0, "Destroyed"}, {1, "Incineration"}, {1, "Shredding"}, {0, "Released to Agency"},
-                {0, "Returned to Owner"}, {0, "Scrap Yard", false}});
+               {{0, "Auction"},
+                {0, "Destroyed"},
+                {1, "Incineration"},
+                {1, "Shredding"},
+                {0, "Released to Agency"},
+                {0, "Returned to Owner"},
+                {0, "Scrap Yard", false}});
     AddEntries(tree, Other,
                {{0, "Pending Review"}, {1, "Awaiting Court Order"}, {1, "Missing Paperwork"}, {0, "In Transit"}});
     return tree;

@@ -32,10 +32,10 @@ int32_t LocationsFor(int32_t items);
 
 struct LargeTree {
     LocationTree tree;
-    int32_t counter = 0;                // the sign-in counter
-    int32_t fullShelf = 0;              // where 190 items lie
-    int32_t warehouse = 0;              // where one item in fifty lies
-    std::vector<int32_t> storage;       // other sign-in locations that hold items
+    int32_t counter = 0;           // the sign-in counter
+    int32_t fullShelf = 0;         // where 190 items lie
+    int32_t warehouse = 0;         // where one item in fifty lies
+    std::vector<int32_t> storage;  // other sign-in locations that hold items
     std::vector<int32_t> signOut;
     std::vector<int32_t> disposal;
     std::vector<int32_t> other;

@@ -104,8 +104,8 @@ bool IsLinkedTwice(int32_t place) { return Comes(place, 19, 6); }
 
 std::optional<Filing> FilingOf(int32_t place) {
     if (!Comes(place, 6, 0)) return std::nullopt;
-    constexpr Filing filings[] = {Filing::One, Filing::One, Filing::One, Filing::Several, Filing::One,
-                                  Filing::NoMain, Filing::One, Filing::NoFolder, Filing::One, Filing::Gone};
+    constexpr Filing filings[] = {Filing::One,    Filing::One, Filing::One,      Filing::Several, Filing::One,
+                                  Filing::NoMain, Filing::One, Filing::NoFolder, Filing::One,     Filing::Gone};
     return filings[Turn(place, 6, std::size(filings))];
 }
 

@@ -37,18 +37,18 @@ bool InWedge(const Shape& s, int64_t x, int64_t y) {
 
 bool Covers(const Shape& shape, int32_t x, int32_t y) {
     switch (shape.kind) {
-        case Shape::Kind::Box: return x >= shape.a && x < shape.c && y >= shape.b && y < shape.d;
-        case Shape::Kind::Disc: return InDisc(shape, x, y);
-        case Shape::Kind::Line: return InLine(shape, x, y);
-        case Shape::Kind::Wedge: return InWedge(shape, x, y);
+    case Shape::Kind::Box: return x >= shape.a && x < shape.c && y >= shape.b && y < shape.d;
+    case Shape::Kind::Disc: return InDisc(shape, x, y);
+    case Shape::Kind::Line: return InLine(shape, x, y);
+    case Shape::Kind::Wedge: return InWedge(shape, x, y);
     }
     return false;
 }
 
 // A box that holds all of it: left, top, right, bottom.
 Shape BoundsOf(const Shape& s) {
-    Shape bounds{Shape::Kind::Box, s.colour, std::min(s.a, s.c), std::min(s.b, s.d), std::max(s.a, s.c),
-                 std::max(s.b, s.d)};
+    Shape bounds{Shape::Kind::Box,   s.colour,           std::min(s.a, s.c),
+                 std::min(s.b, s.d), std::max(s.a, s.c), std::max(s.b, s.d)};
     if (s.kind == Shape::Kind::Line) {
         const int32_t more = s.e / 2 + 1;
         bounds.a -= more, bounds.b -= more, bounds.c += more, bounds.d += more;

@@ -36,9 +36,9 @@ const Paint paints[] = {
 };
 
 std::vector<Colour> Palette(const Tint& tint) {
-    return {tint.back,       tint.shade,      tint.main,      tint.light,    {58, 62, 68},    {250, 250, 248},
-            {188, 194, 200}, {128, 134, 142}, {136, 92, 56},  {238, 228, 196}, {24, 26, 28},  {196, 48, 44},
-            {164, 204, 222}, {226, 184, 66},  {78, 140, 92},  {184, 112, 64}};
+    return {tint.back,       tint.shade,      tint.main,     tint.light,      {58, 62, 68}, {250, 250, 248},
+            {188, 194, 200}, {128, 134, 142}, {136, 92, 56}, {238, 228, 196}, {24, 26, 28}, {196, 48, 44},
+            {164, 204, 222}, {226, 184, 66},  {78, 140, 92}, {184, 112, 64}};
 }
 
 Picture Painted(const std::vector<Shape>& motif, const Tint& tint) {

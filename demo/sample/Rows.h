@@ -18,7 +18,7 @@ struct Location {
     int32_t id = 0;
     std::string name;
     int32_t type = Internal;
-    std::string path;  // of the container
+    std::string path;     // of the container
     std::string ownPath;  // of what lies in it
     std::optional<bool> active = true;
 };

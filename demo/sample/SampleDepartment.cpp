@@ -1,15 +1,15 @@
 #include "demo/sample/SampleDepartment.h"
 
+#include "base/Error.h"
+#include "base/Text.h"
+#include "database/schema/SqliteSchema.h"
 #include "demo/sample/Attach.h"
 #include "demo/sample/Departments.h"
 #include "demo/sample/LabelTemplates.h"
 #include "demo/sample/Pictures.h"
 #include "demo/sample/Progress.h"
-#include "base/Error.h"
-#include "base/Text.h"
 #include "host/CodeTableLookup.h"
 #include "host/DatabaseSession.h"
-#include "database/schema/SqliteSchema.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -40,8 +40,17 @@ const std::vector<AccountPlan>& Plans() {
     static const std::vector<AccountPlan> plans = {
         {{"custodian", "lantern", "everything"},
          sample::Officer::Raman,
-         {{"MIProperty", 0}, {"MIVehicle", 0}, {"Storage", 0}, {"Storage", 1}, {"Storage", 2}, {"Storage", 11},
-          {"Storage", 12}, {"Storage", 13}, {"Storage", 15}, {"EvidenceManagement", 11}, {"Incident", 5},
+         {{"MIProperty", 0},
+          {"MIVehicle", 0},
+          {"Storage", 0},
+          {"Storage", 1},
+          {"Storage", 2},
+          {"Storage", 11},
+          {"Storage", 12},
+          {"Storage", 13},
+          {"Storage", 15},
+          {"EvidenceManagement", 11},
+          {"Incident", 5},
           {"Incident", 6}}},
         {{"clerk", "pencil", "sign in, sign out, move"},
          107,

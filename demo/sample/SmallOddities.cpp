@@ -30,26 +30,26 @@ void MakeOddInSample(Property& property) {
     const auto text = Descriptions().find(property.no);
     if (text != Descriptions().end()) property.description = text->second;
     switch (property.no) {
-        case 274: property.tagged = false; break;
-        case 276: property.quantity = 1500; break;
-        case 278: property.quantity = 2.5; break;
-        case 288: property.category.reset(); break;
-        case 290: property.quantity.reset(); break;
-        case 297: property.id.reset(); break;
-        case 300: property.quantity = 0; break;
-        default: break;
+    case 274: property.tagged = false; break;
+    case 276: property.quantity = 1500; break;
+    case 278: property.quantity = 2.5; break;
+    case 288: property.category.reset(); break;
+    case 290: property.quantity.reset(); break;
+    case 297: property.id.reset(); break;
+    case 300: property.quantity = 0; break;
+    default: break;
     }
 }
 
 void MakeOddInSample(Vehicle& vehicle) {
     switch (vehicle.no - FirstVehicleNo + 1) {
-        case 26:
-            vehicle.year = 0;
-            vehicle.category.reset();
-            break;
-        case 33: vehicle.state.clear(); break;
-        case 36: vehicle.tag.clear(); break;
-        default: break;
+    case 26:
+        vehicle.year = 0;
+        vehicle.category.reset();
+        break;
+    case 33: vehicle.state.clear(); break;
+    case 36: vehicle.tag.clear(); break;
+    default: break;
     }
 }
 

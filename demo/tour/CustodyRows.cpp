@@ -18,7 +18,8 @@ CustodyRows::CustodyRows(const std::string& databasePath) : m_path(databasePath)
     for (const Kind& kind : kinds) {
         auto& greatest = m_before[kind.key];
         const std::string key = kind.key;
-        for (const Row& row : Query("SELECT " + key + " AS ItemNo, MAX(SeqNo) AS SeqNo FROM " + kind.table + " GROUP BY " + key)) {
+        for (const Row& row :
+             Query("SELECT " + key + " AS ItemNo, MAX(SeqNo) AS SeqNo FROM " + kind.table + " GROUP BY " + key)) {
             greatest[ToInt32(row.Value("ItemNo"))] = ToInt32(row.Value("SeqNo"));
         }
     }
@@ -31,7 +32,8 @@ RowList CustodyRows::Written() const {
         const std::string key = kind.key;
         for (Row& row : Query("SELECT * FROM " + std::string(kind.table) + " ORDER BY " + key + ", SeqNo")) {
             const auto greatest = before.find(ToInt32(row.Value(kind.key)));
-            if (greatest == before.end() || ToInt32(row.Value("SeqNo")) > greatest->second) written.push_back(std::move(row));
+            if (greatest == before.end() || ToInt32(row.Value("SeqNo")) > greatest->second)
+                written.push_back(std::move(row));
         }
     }
     return written;

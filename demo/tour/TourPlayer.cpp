@@ -1,7 +1,7 @@
 #include "demo/tour/TourPlayer.h"
 
-#include "demo/tour/TourReport.h"
 #include "base/Error.h"
+#include "demo/tour/TourReport.h"
 
 #include <QApplication>
 #include <QDir>
@@ -31,7 +31,8 @@ TourPlayer::TourPlayer(QWidget& window, const QString& directory, const std::str
 
 void TourPlayer::Start() {
     if (!QDir().mkpath(m_directory)) {
-        Raise(ErrorNumber::General, "TourPlayer.Start", "The directory '" + m_directory.toStdString() + "' can't be made.");
+        Raise(ErrorNumber::General, "TourPlayer.Start",
+              "The directory '" + m_directory.toStdString() + "' can't be made.");
     }
     AddPicture();
     m_waiting.start();
@@ -98,7 +99,8 @@ void TourPlayer::Do(std::function<void()> action) {
 }
 
 void TourPlayer::AddPicture() {
-    AddMove({QStringLiteral("the screen is still"), [this] { return IsSettled(); }, [this] { TakePicture(); }, {}, true});
+    AddMove(
+        {QStringLiteral("the screen is still"), [this] { return IsSettled(); }, [this] { TakePicture(); }, {}, true});
 }
 
 // The same picture several times in a row, or a screen that will not come to rest.
@@ -147,7 +149,8 @@ void TourPlayer::Advance() {
 void TourPlayer::TakePicture() {
     TourStep& step = m_steps.back();
     if (!m_lastGrab.save(QDir(m_directory).filePath(step.picture))) {
-        Raise(ErrorNumber::General, "TourPlayer.TakePicture", "The picture " + step.picture.toStdString() + " can't be written.");
+        Raise(ErrorNumber::General, "TourPlayer.TakePicture",
+              "The picture " + step.picture.toStdString() + " can't be written.");
     }
     step.held = true;
     m_equalGrabs = 0;

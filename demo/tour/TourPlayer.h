@@ -24,8 +24,8 @@ struct TourSenses {
 TourSenses ScreenSenses();
 
 // Plays a road through the program as a person would: looks at the screen, moves the mouse, presses keys, and waits for
-// what should come of it. Runs from the event loop, also while dialogs and menus run loops of their own. A thing that does
-// not come within the time limit ends the tour; the application is left with QApplication::quit either way.
+// what should come of it. Runs from the event loop, also while dialogs and menus run loops of their own. A thing that
+// does not come within the time limit ends the tour; the application is left with QApplication::quit either way.
 class TourPlayer : public QObject {
     Q_OBJECT
 

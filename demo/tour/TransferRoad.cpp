@@ -57,15 +57,18 @@ private:
     }
 
     void ExpectText(const QString& what, const QString& path, const QString& expected) {
-        m_player.Expect(what, [path] { return TextOf(path); }, expected);
+        m_player.Expect(
+            what, [path] { return TextOf(path); }, expected);
     }
 
     void LogIn() {
         const SampleAccount& account = SampleAccounts().front();
         m_player.Step("login");
-        m_player.Wait("The window is open and active", [&window = m_player.Window()] { return window.isActiveWindow(); });
-        m_player.Expect("The window's title", [&window = m_player.Window()] { return window.windowTitle(); },
-                        QStringLiteral("Quellbrook - ") + SampleNames::AgencyName);
+        m_player.Wait("The window is open and active",
+                      [&window = m_player.Window()] { return window.isActiveWindow(); });
+        m_player.Expect(
+            "The window's title", [&window = m_player.Window()] { return window.windowTitle(); },
+            QStringLiteral("Quellbrook - ") + SampleNames::AgencyName);
         ExpectText("The login form shows the account", "loginForm/account0", QString::fromStdString(account.username));
         Click("the field for the user name", "loginForm/username");
         m_player.Type(QString::fromStdString(account.username));
@@ -114,15 +117,17 @@ private:
         bool first = true;
         m_player.Step(stepName);
         for (const QString& item : batch) {
-            m_player.Click("the row " + item,
-                           [item] {
-                               QAbstractItemView* view = FindView(contents);
-                               return SpotOf(view, FindRow(view, item));
-                           },
-                           Hand::Button::Left, !first);
+            m_player.Click(
+                "the row " + item,
+                [item] {
+                    QAbstractItemView* view = FindView(contents);
+                    return SpotOf(view, FindRow(view, item));
+                },
+                Hand::Button::Left, !first);
             first = false;
         }
-        m_player.Expect("The rows selected", [] { return Joined(SelectedNames()); }, Joined(batch));
+        m_player.Expect(
+            "The rows selected", [] { return Joined(SelectedNames()); }, Joined(batch));
     }
 
     static QStringList SelectedNames() {
@@ -133,14 +138,16 @@ private:
 
     void ChooseFromMenu(const QString& stepName, const QString& entry) {
         m_player.Step(stepName);
-        m_player.Click("the selected row " + suitcase,
-                       [] {
-                           QAbstractItemView* view = FindView(contents);
-                           return SpotOf(view, FindRow(view, suitcase));
-                       },
-                       Hand::Button::Right);
-        m_player.Wait("The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
-                      [] { return Joined(EntriesOf(OpenMenu())); });
+        m_player.Click(
+            "the selected row " + suitcase,
+            [] {
+                QAbstractItemView* view = FindView(contents);
+                return SpotOf(view, FindRow(view, suitcase));
+            },
+            Hand::Button::Right);
+        m_player.Wait(
+            "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
+            [] { return Joined(EntriesOf(OpenMenu())); });
         m_player.Do([&player = m_player, entry] { player.Say("The menu offers \"" + entry + "\"."); });
     }
 
@@ -178,19 +185,21 @@ private:
     }
 
     void ExpectChosen(const QString& field, const QString& entry) {
-        m_player.Expect("Chosen in " + field, [field] { return ChosenIn(QStringLiteral("cart/") + field); }, entry);
+        m_player.Expect(
+            "Chosen in " + field, [field] { return ChosenIn(QStringLiteral("cart/") + field); }, entry);
     }
 
     void Transfer(const QString& stepName, const QString& button, const char* location, int32_t rows) {
         m_player.Step(stepName);
         Click("the button " + button, "cart/btnTransfer");
         ExpectText("The toast says", "toastMessage/lblMessage", "Successfully transferred 3 items");
-        m_player.Expect("Custody rows written since the start",
-                        [&kept = m_player.Rows()] { return QString::number(kept.Written().size()); }, QString::number(rows));
+        m_player.Expect(
+            "Custody rows written since the start",
+            [&kept = m_player.Rows()] { return QString::number(kept.Written().size()); }, QString::number(rows));
         const std::string select = std::string(countOfBatchAt) + "'" + location + "'";
-        m_player.Expect(QStringLiteral("Items of the batch that the database has at %1").arg(location),
-                        [&kept = m_player.Rows(), select] { return QString::fromStdString(ToTextOrEmpty(kept.Ask(select))); },
-                        "3");
+        m_player.Expect(
+            QStringLiteral("Items of the batch that the database has at %1").arg(location),
+            [&kept = m_player.Rows(), select] { return QString::fromStdString(ToTextOrEmpty(kept.Ask(select))); }, "3");
     }
 
     void SignOut() {
@@ -234,8 +243,9 @@ private:
         ExpectText("The item opened", "itemView/lblID", wheel);
         ExpectText("Where it is", "itemView/lblLocation", location);
         m_player.Step(stepName);
-        m_player.Click("the tab Chain of Custody",
-                       [] { return SpotOfPart(Find(QStringLiteral("itemView/tabs")), QStringLiteral("Chain of Custody")); });
+        m_player.Click("the tab Chain of Custody", [] {
+            return SpotOfPart(Find(QStringLiteral("itemView/tabs")), QStringLiteral("Chain of Custody"));
+        });
         ExpectText("The newest row's action", "tracking/searchResult/tagStatus", status);
         ExpectText("The newest row's location", "tracking/searchResult/lblLocation", location);
         ExpectText("The newest row's reason", "tracking/searchResult/lblReason", reason);

@@ -137,8 +137,8 @@ void TurnPlainPatternsToEqualities(QuerySelect& query) {
     const auto isTableColumn = [&](const ExpressionRef& operand) {
         const ColumnReference* column = ColumnOf(operand);
         return column && std::any_of(sources.begin(), sources.end(), [&](const SourceRef& source) {
-            return source->id == column->source && std::holds_alternative<TableSource>(source->content);
-        });
+                   return source->id == column->source && std::holds_alternative<TableSource>(source->content);
+               });
     };
     for (ConditionRef& condition : query.where) {
         const auto* test = std::get_if<PatternTest>(&condition->content);

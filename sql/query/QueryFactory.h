@@ -73,8 +73,8 @@ public:
     QuerySource Select(std::vector<QueryColumn> columns) const;
     // This query; several calls add up with AND. Error 5 for a table, a join, or a derived table.
     QuerySource Where(const QueryCondition& condition);
-    QuerySource Union(const QuerySource& other) const;   // removes equal rows
-    QuerySource As(const std::string& alias) const;      // this query as a derived table
+    QuerySource Union(const QuerySource& other) const;  // removes equal rows
+    QuerySource As(const std::string& alias) const;     // this query as a derived table
 
     const std::shared_ptr<sql::SourceNode>& Node() const { return m_node; }
 
@@ -93,8 +93,8 @@ private:
     int32_t m_kind;
 };
 
-// A finished SELECT text but for one key, a whole number or a text, which may stand in several places. Lets a query that
-// differs from one time to the next in nothing but the key be planned once.
+// A finished SELECT text but for one key, a whole number or a text, which may stand in several places. Lets a query
+// that differs from one time to the next in nothing but the key be planned once.
 class QueryTemplate {
 public:
     QueryTemplate(std::string text, std::vector<size_t> places, std::string textPrefix)
@@ -123,8 +123,8 @@ public:
     // The finished SELECT text, planned for the engine in use. Duplicate rows of a query that holds a left join are
     // removed, with a union or without. Error 5 for a source that is no query, and for a column of another source.
     std::string ToSql(const QuerySource& query) const;
-    // The same for a query with conditions EqualsKeyPlace or LikeKeyPlace, all of which are to be given one key. Error 5
-    // for LikeKeyPlace where the engine has no equality that compares as LIKE does.
+    // The same for a query with conditions EqualsKeyPlace or LikeKeyPlace, all of which are to be given one key. Error
+    // 5 for LikeKeyPlace where the engine has no equality that compares as LIKE does.
     QueryTemplate ToTemplate(const QuerySource& query) const;
 
 private:

@@ -47,8 +47,7 @@ struct HiddenFromIndexes {  // a number, written so that the engine looks for no
 };
 
 struct ExpressionNode {
-    std::variant<ColumnReference, Literal, RawText, KeyPlace, FunctionCall, Concatenation, HiddenFromIndexes>
-        content;
+    std::variant<ColumnReference, Literal, RawText, KeyPlace, FunctionCall, Concatenation, HiddenFromIndexes> content;
     std::string alias;  // counts in a select list
 };
 
@@ -65,7 +64,7 @@ struct NullTest {
 };
 struct PatternTest {
     ExpressionRef operand;
-    std::string pattern;  // "*" stands for any run of characters
+    std::string pattern;   // "*" stands for any run of characters
     bool isPlace = false;  // a text without "*" that is filled in when the query is used, in place of the pattern
 };
 struct Membership {  // operand IN (query)

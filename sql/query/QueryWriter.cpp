@@ -63,7 +63,8 @@ private:
     }
 
     void WriteAll(const std::vector<ConditionRef>& conditions) {
-        WriteList(conditions, [this](const ConditionRef& condition) { WriteCondition(condition); }, " AND ");
+        WriteList(
+            conditions, [this](const ConditionRef& condition) { WriteCondition(condition); }, " AND ");
     }
 
     void WriteResultColumn(const ResultColumn& column) {
@@ -96,8 +97,9 @@ private:
         } else {
             const std::string separator = " " + m_dialect.concatenation + " ";
             m_out += "(";
-            WriteList(std::get<Concatenation>(expression->content).parts,
-                      [this](const ExpressionRef& part) { WriteExpression(part); }, separator.c_str());
+            WriteList(
+                std::get<Concatenation>(expression->content).parts,
+                [this](const ExpressionRef& part) { WriteExpression(part); }, separator.c_str());
             m_out += ")";
         }
     }
@@ -154,9 +156,9 @@ private:
     void WriteJoin(const JoinSource& join) {
         WriteSource(*join.left);
         switch (join.kind) {
-            case JoinKind::Inner: m_out += " INNER JOIN "; break;
-            case JoinKind::LeftOuter: m_out += " LEFT JOIN "; break;
-            case JoinKind::FixedOrder: m_out += " CROSS JOIN "; break;
+        case JoinKind::Inner: m_out += " INNER JOIN "; break;
+        case JoinKind::LeftOuter: m_out += " LEFT JOIN "; break;
+        case JoinKind::FixedOrder: m_out += " CROSS JOIN "; break;
         }
         const bool isNested = std::holds_alternative<JoinSource>(join.right->content);
         if (isNested) m_out += "(";

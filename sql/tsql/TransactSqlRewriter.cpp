@@ -18,10 +18,10 @@ using Tokens = std::span<const Token>;
 // A table's or column's name without what marks it, folded; empty for any other token.
 std::string NameOf(const Token& token) {
     switch (token.kind) {
-        case TokenKind::Word: return FoldCase(token.text);
-        case TokenKind::QuotedName: return FoldCase(token.text.substr(1, token.text.size() - 2));
-        case TokenKind::Temporary: return FoldCase(token.text);
-        default: return {};
+    case TokenKind::Word: return FoldCase(token.text);
+    case TokenKind::QuotedName: return FoldCase(token.text.substr(1, token.text.size() - 2));
+    case TokenKind::Temporary: return FoldCase(token.text);
+    default: return {};
     }
 }
 
@@ -61,12 +61,12 @@ private:
     void Statement(Tokens tokens) {
         const StatementParts parts = ParseStatement(tokens);
         switch (parts.kind) {
-            case StatementKind::Declaration: return Declare(tokens[parts.subject]);
-            case StatementKind::Assignment: return Assign(tokens, parts);
-            case StatementKind::Creation: ++m_result.createdTables; break;
-            case StatementKind::Removal: ++m_result.droppedTables; break;
-            case StatementKind::Change: CheckTarget(tokens, parts.subject); break;
-            case StatementKind::Query: break;
+        case StatementKind::Declaration: return Declare(tokens[parts.subject]);
+        case StatementKind::Assignment: return Assign(tokens, parts);
+        case StatementKind::Creation: ++m_result.createdTables; break;
+        case StatementKind::Removal: ++m_result.droppedTables; break;
+        case StatementKind::Change: CheckTarget(tokens, parts.subject); break;
+        case StatementKind::Query: break;
         }
         m_result.statements.push_back(Emit(tokens, parts));
         for (auto& [name, variable] : m_variables) variable.isSpent = variable.isSet;

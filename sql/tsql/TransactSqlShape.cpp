@@ -29,17 +29,17 @@ public:
 private:
     bool Token() {
         switch (ClassOf(*m_at)) {
-            case Class::Blank:
-                ++m_at;
-                m_touches = false;
-                return true;
-            case Class::Letter: return Word();
-            case Class::Digit: return Number();
-            case Class::Quote: return Text(m_at, m_at);
-            case Class::Mark: return MarkedName();
-            case Class::Sign: return Sign();
-            case Class::Wide:
-            case Class::Odd: break;
+        case Class::Blank:
+            ++m_at;
+            m_touches = false;
+            return true;
+        case Class::Letter: return Word();
+        case Class::Digit: return Number();
+        case Class::Quote: return Text(m_at, m_at);
+        case Class::Mark: return MarkedName();
+        case Class::Sign: return Sign();
+        case Class::Wide:
+        case Class::Odd: break;
         }
         return false;
     }

@@ -2,18 +2,18 @@
 
 #include "app/MainWindow.h"
 #include "app/scanner/PrinterChoice.h"
-#include "demo/tour/Look.h"
 #include "base/Screen.h"
 #include "component/Quellbrook.h"
 #include "core/Actions.h"
 #include "data/StorageLocationStatic.h"
-#include "host/HostServices.h"
 #include "database/SqliteEngine.h"
+#include "demo/tour/Look.h"
+#include "host/HostServices.h"
 #include "tests/app/SampleFile.h"
 #include "tests/app/ScratchWorkstation.h"
 #include "tests/support/Items.h"
-#include "tests/support/RecordingScreen.h"
 #include "tests/support/ManualTimer.h"
+#include "tests/support/RecordingScreen.h"
 #include "tests/support/ui/ScaledProcess.h"
 #include "tests/support/ui/Scanner.h"
 #include "tests/support/ui/Widgets.h"
@@ -266,7 +266,8 @@ TEST_P(EveryView, EveryMessage) {
     std::string book;
     for (int i = 0; i < 400; ++i) book += sentence + (i % 5 == 4 ? "\r\n\r\n" : " ");
     for (const int32_t style : {2, 36}) {
-        for (const std::string& prompt : {std::string("No."), sentence, sentence + " " + sentence + " " + sentence, book}) {
+        for (const std::string& prompt :
+             {std::string("No."), sentence, sentence + " " + sentence + " " + sentence, book}) {
             for (const std::string& title : {std::string(), std::string("Missing destination"), sentence + sentence}) {
                 frmModal form;
                 form.SetPrompt(prompt);

@@ -52,8 +52,9 @@ TEST_F(MainWindowTest, AUserWhomTheGateTurnsAwayIsLoggedOutAgain) {
 }
 
 TEST_F(MainWindowTest, TheWindowIsTheDialogsParentAgainAfterTheWizard) {
-    m_database->exec("INSERT INTO StorageLocation (Name, Type, Path, DateEntered, LastUpdated) VALUES ('Unknown', 1, "
-                     "'/0/', '2026-11-20T09:00:00.000', '2026-11-20T09:00:00.000')");
+    m_database->exec(
+        "INSERT INTO StorageLocation (Name, Type, Path, DateEntered, LastUpdated) VALUES ('Unknown', 1, "
+        "'/0/', '2026-11-20T09:00:00.000', '2026-11-20T09:00:00.000')");
     const auto wizardsForm = std::make_shared<WindowReference>(nullptr);
     WizardScript script;
     script.onShow = [&] { m_screen.SetDialogParent(wizardsForm); };

@@ -79,7 +79,10 @@ protected:
     static Event TheEvent() { return std::get<1>(GetParam()); }
 
     static StoredItemRef SomeItem(int32_t position) {
-        return StoredItemSearch().WithNumber(NumberSearchTypes::PropertyPK, std::to_string(position + 1)).Execute()->ItemAt(0);
+        return StoredItemSearch()
+            .WithNumber(NumberSearchTypes::PropertyPK, std::to_string(position + 1))
+            .Execute()
+            ->ItemAt(0);
     }
 
     // Runs the loop; what happens comes from inside it, and then its user's answer.
@@ -91,7 +94,8 @@ protected:
         });
         switch (TheLoop()) {
         case Loop::MessageDialog:
-            EXPECT_EQ(GetScreen().ShowMessage("Is this right?", MessageStyle::YesNoQuestion, "Question"), MessageAnswer::Yes);
+            EXPECT_EQ(GetScreen().ShowMessage("Is this right?", MessageStyle::YesNoQuestion, "Question"),
+                      MessageAnswer::Yes);
             break;
         case Loop::PromptOfAView: Click(Find<FlatButton>(*Find(*m_window, "infobar"), "btnCancel")); break;
         case Loop::Form: {
@@ -109,7 +113,8 @@ protected:
             break;
         }
         case Loop::GateWait:
-            m_database->exec("UPDATE StorageLocation SET Type = 1 WHERE IdNo = (SELECT MAX(IdNo) FROM StorageLocation)");
+            m_database->exec(
+                "UPDATE StorageLocation SET Type = 1 WHERE IdNo = (SELECT MAX(IdNo) FROM StorageLocation)");
             HostLocationData().Reload();
             LogIn(SampleAccounts()[0]);
             break;

@@ -33,8 +33,8 @@ protected:
 
 TEST_F(PrinterChoiceTest, WhatIsSavedIsLoaded) {
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt);
-    for (const PrinterChoice& choice : {PrinterChoice{"Zeta \"4x2\", room 3; #1", Folder(), 300},
-                                        PrinterChoice{"", "/a folder/caf\u00E9", 600}}) {
+    for (const PrinterChoice& choice :
+         {PrinterChoice{"Zeta \"4x2\", room 3; #1", Folder(), 300}, PrinterChoice{"", "/a folder/caf\u00E9", 600}}) {
         SavePrinterChoice(choice, File());
         EXPECT_EQ(LoadPrinterChoice(File()), choice);
     }

@@ -37,8 +37,8 @@ TEST(RecordAddressTest, ItsTextReadsAsItself) {
 }
 
 TEST(RecordAddressTest, SchemeAndModuleAreReadInAnyCase) {
-    for (const char* text : {"TESSARINE://miproperty/open/42", "Tessarine://MIProperty/open/42",
-                             "tessarine://MIPROPERTY/open/42"}) {
+    for (const char* text :
+         {"TESSARINE://miproperty/open/42", "Tessarine://MIProperty/open/42", "tessarine://MIPROPERTY/open/42"}) {
         EXPECT_EQ(ParseRecordAddress(text), (RecordAddress{RecordKind::Property, 42})) << text;
     }
     EXPECT_EQ(ParseRecordAddress("TESSARINE://MIVEHICLE/open/1"), (RecordAddress{RecordKind::Vehicle, 1}));
@@ -58,9 +58,30 @@ TEST(RecordAddressTest, OneSlashMoreAtTheEndIsPassedOver) {
 TEST(RecordAddressTest, NumbersFromOneToTheGreatestKeyAreTaken) {
     EXPECT_EQ(ParseRecordAddress(property + "1").number, 1);
     EXPECT_EQ(ParseRecordAddress(property + "2147483647").number, 2'147'483'647);
-    for (const char* number : {"0", "00", "-1", "-42", "+42", "2147483648", "4294967297", "9223372036854775808",
-                               "18446744073709551617", "99999999999999999999999999", "042", "4 2", " 42", "42 ", "0x2a",
-                               "4.2", "4e1", "42,", "1,000", "\xD9\xA4\xD9\xA2", "", "open", "42a", "a42"}) {
+    for (const char* number : {"0",
+                               "00",
+                               "-1",
+                               "-42",
+                               "+42",
+                               "2147483648",
+                               "4294967297",
+                               "9223372036854775808",
+                               "18446744073709551617",
+                               "99999999999999999999999999",
+                               "042",
+                               "4 2",
+                               " 42",
+                               "42 ",
+                               "0x2a",
+                               "4.2",
+                               "4e1",
+                               "42,",
+                               "1,000",
+                               "\xD9\xA4\xD9\xA2",
+                               "",
+                               "open",
+                               "42a",
+                               "a42"}) {
         ExpectRefused(property + number);
         ExpectRefused(vehicle + number);
     }
@@ -77,16 +98,40 @@ TEST(RecordAddressTest, NothingStandsBeforeOrBehindIt) {
 }
 
 TEST(RecordAddressTest, OtherSchemesModulesAndPathsAreRefused) {
-    for (const char* text :
-         {"", "tessarine", "tessarine:", "tessarine:/", "tessarine://", "tessarine:///", "tessarine://miproperty",
-          "tessarine://miproperty/", "tessarine://miproperty/open", "tessarine://miproperty/open/",
-          "tessarine://miproperty/edit/42", "tessarine://miproperty//open/42", "tessarine://miproperty/open//42",
-          "tessarine:/miproperty/open/42", "tessarine:miproperty/open/42", "tessarine:///miproperty/open/42",
-          "tessarine://miproperty/42", "tessarine://mipropert/open/42", "tessarine://mipropertyy/open/42",
-          "tessarine://incident/open/42", "tessarine://user@miproperty/open/42", "tessarine://miproperty:80/open/42",
-          "tessarine://miproperty/./open/42", "tessarine://miproperty\\open\\42", "tessarine://miproperty/open/%34%32",
-          "tessarine://miproperty%2Fopen%2F42", "tessarines://miproperty/open/42", "xtessarine://miproperty/open/42",
-          "http://miproperty/open/42", "file:///etc/passwd", "miproperty/open/42", "/open/42", "42", "--help"}) {
+    for (const char* text : {"",
+                             "tessarine",
+                             "tessarine:",
+                             "tessarine:/",
+                             "tessarine://",
+                             "tessarine:///",
+                             "tessarine://miproperty",
+                             "tessarine://miproperty/",
+                             "tessarine://miproperty/open",
+                             "tessarine://miproperty/open/",
+                             "tessarine://miproperty/edit/42",
+                             "tessarine://miproperty//open/42",
+                             "tessarine://miproperty/open//42",
+                             "tessarine:/miproperty/open/42",
+                             "tessarine:miproperty/open/42",
+                             "tessarine:///miproperty/open/42",
+                             "tessarine://miproperty/42",
+                             "tessarine://mipropert/open/42",
+                             "tessarine://mipropertyy/open/42",
+                             "tessarine://incident/open/42",
+                             "tessarine://user@miproperty/open/42",
+                             "tessarine://miproperty:80/open/42",
+                             "tessarine://miproperty/./open/42",
+                             "tessarine://miproperty\\open\\42",
+                             "tessarine://miproperty/open/%34%32",
+                             "tessarine://miproperty%2Fopen%2F42",
+                             "tessarines://miproperty/open/42",
+                             "xtessarine://miproperty/open/42",
+                             "http://miproperty/open/42",
+                             "file:///etc/passwd",
+                             "miproperty/open/42",
+                             "/open/42",
+                             "42",
+                             "--help"}) {
         ExpectRefused(text);
     }
 }
@@ -117,7 +162,11 @@ TEST(RecordAddressTest, TheRefusalSaysHowAnAddressIsWritten) {
 }
 
 TEST(RecordAddressTest, TheRefusalQuotesPrintableCharactersOnlyAndCutsWhatIsLong) {
-    const Error unprintable = RaisedBy([] { ParseRecordAddress("a\nb\x1b[31m\xE2\x80\xAE" "c\x7f"); });
+    const Error unprintable = RaisedBy([] {
+        ParseRecordAddress(
+            "a\nb\x1b[31m\xE2\x80\xAE"
+            "c\x7f");
+    });
     EXPECT_EQ(unprintable.Description().rfind("'a?b?[31m???c?' is not", 0), 0u) << unprintable.Description();
     const Error longText = RaisedBy([] { ParseRecordAddress(std::string(1'000'000, 'x')); });
     EXPECT_EQ(longText.Description().rfind("'" + std::string(60, 'x') + "...' is not", 0), 0u);

@@ -1,9 +1,9 @@
 #include "app/common/PlainLabels.h"
 #include "app/records/PictureLabel.h"
 #include "app/records/RecordPage.h"
+#include "database/SqliteEngine.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
-#include "database/SqliteEngine.h"
 #include "tests/app/SampleCopyTest.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/ui/QtTestMain.h"
@@ -72,8 +72,10 @@ protected:
         m_database->exec("DELETE FROM AttachmentIndex WHERE ObjTypeInd = 6 AND IdNo = " + number +
                          "; INSERT OR IGNORE INTO AttachmentFolder (FolderNo, Path) VALUES (99, 'Photos')"
                          "; INSERT INTO AttachmentIndex (IdNo, ObjTypeInd, SeqNo, FolderNo, FileName) VALUES (" +
-                         number + ", 6, 1, 99, '" + name + "')"
-                         "; UPDATE Property SET CurrImageSeq = 1 WHERE PropertyNo = " + number);
+                         number + ", 6, 1, 99, '" + name +
+                         "')"
+                         "; UPDATE Property SET CurrImageSeq = 1 WHERE PropertyNo = " +
+                         number);
     }
     QString PhotoFile(const char* name) const {
         QDir(QString::fromStdString(m_directory.Path())).mkpath("Photos");
@@ -119,8 +121,9 @@ QImage MakeStripes(const QSize& size) {
 }  // namespace
 
 TEST_F(RecordPageTest, PropertyIsShownFieldByField) {
-    m_database->exec("UPDATE Property SET Quantity = 1500, PropertyValue = 850, ManufacNbr = 'Brandtmoor', ModelNbr = "
-                     "'BX-40', SerialNbr = '4Q17-088213' WHERE PropertyID = '2026-0417-03'");
+    m_database->exec(
+        "UPDATE Property SET Quantity = 1500, PropertyValue = 850, ManufacNbr = 'Brandtmoor', ModelNbr = "
+        "'BX-40', SerialNbr = '4Q17-088213' WHERE PropertyID = '2026-0417-03'");
     OpenLaptop();
     EXPECT_EQ(Text("title"), "2026-0417-03");
     EXPECT_EQ(Text("identifier"), "2026-0417-03");
@@ -282,12 +285,15 @@ TEST_F(RecordPageTest, TheHostsFormatsAreUsed) {
 TEST_F(RecordPageTest, TheChainIsListedNewestFirstWithFullPaths) {
     OpenLaptop();
     EXPECT_EQ(Find<QTreeWidget>(*m_page, "custody")->topLevelItemCount(), 8);
-    EXPECT_EQ(Row(0), "11/18/2026 2:42 PM | Returned from analysis | Brandt, Tomas | Raman, Priya | "
-                      "Property Room > Aisle 3 > Shelf B");
-    EXPECT_EQ(Row(1), "10/30/2026 9:05 AM | Laboratory analysis | Raman, Priya | Brandt, Tomas | "
-                      "Crime Lab > Digital Forensics");
-    EXPECT_EQ(Row(5), "09/16/2026 1:07 PM | Storage reorganization | Oyelaran, Marcus | Not specified | "
-                      "Property Room > Aisle 1 > Shelf C");
+    EXPECT_EQ(Row(0),
+              "11/18/2026 2:42 PM | Returned from analysis | Brandt, Tomas | Raman, Priya | "
+              "Property Room > Aisle 3 > Shelf B");
+    EXPECT_EQ(Row(1),
+              "10/30/2026 9:05 AM | Laboratory analysis | Raman, Priya | Brandt, Tomas | "
+              "Crime Lab > Digital Forensics");
+    EXPECT_EQ(Row(5),
+              "09/16/2026 1:07 PM | Storage reorganization | Oyelaran, Marcus | Not specified | "
+              "Property Room > Aisle 1 > Shelf C");
     EXPECT_EQ(Row(7), "09/14/2026 11:52 PM | Collected at scene | Whitfield, Dana | Whitfield, Dana | Pending Review");
 }
 
@@ -372,8 +378,9 @@ TEST_F(RecordPageTest, HostileTextsAreShownAsTheyAreAndFitThePage) {
     const int32_t number = NumberOf("2026-0417-03");
     for (const HostileText& each : HostileTexts()) {
         SCOPED_TRACE(each.description);
-        SQLite::Statement update(*m_database, "UPDATE Property SET PropertyID = ?, Description = ?, DisposalNote = ?, "
-                                              "SerialNbr = ? WHERE PropertyNo = ?");
+        SQLite::Statement update(*m_database,
+                                 "UPDATE Property SET PropertyID = ?, Description = ?, DisposalNote = ?, "
+                                 "SerialNbr = ? WHERE PropertyNo = ?");
         for (int column = 1; column <= 4; ++column) update.bind(column, each.text);
         update.bind(5, number);
         update.exec();
@@ -410,9 +417,10 @@ TEST_F(RecordPageTest, ALongFieldTakesAsManyLinesAsItNeeds) {
 
 TEST_F(RecordPageTest, AWholeLongChainCanBeScrolledTo) {
     const int32_t number = NumberOf("2026-0417-03");
-    m_database->exec("WITH RECURSIVE n(i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT INTO "
-                     "PropertyTracking (PropertyNo, SeqNo, DateReceived, LastUpdated) SELECT " +
-                     std::to_string(number) + ", i, '2020-01-01T00:00:00.000', '2020-01-01T00:00:00.000' FROM n");
+    m_database->exec(
+        "WITH RECURSIVE n(i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT INTO "
+        "PropertyTracking (PropertyNo, SeqNo, DateReceived, LastUpdated) SELECT " +
+        std::to_string(number) + ", i, '2020-01-01T00:00:00.000', '2020-01-01T00:00:00.000' FROM n");
     OpenLaptop();
     auto* table = Find<QTreeWidget>(*m_page, "custody");
     ASSERT_EQ(table->topLevelItemCount(), 2008);

@@ -30,8 +30,8 @@ protected:
     ~RecordReaderTest() override { HostServices::Current().SetThumbnails(nullptr); }
 
     static Record ReadItem(const StoredItemRef& item) {
-        return Read({item->ItemType() == StoredItemTypes::Property ? RecordKind::Property : RecordKind::Vehicle,
-                     item->ID()});
+        return Read(
+            {item->ItemType() == StoredItemTypes::Property ? RecordKind::Property : RecordKind::Vehicle, item->ID()});
     }
 
     static Record Read(const RecordAddress& address) {
@@ -161,10 +161,9 @@ TEST_F(RecordReaderTest, TheWholeChainIsReadNewestFirst) {
                               .ReceivedFrom = 12,
                               .DateReceived = DateTime::FromParts({2026, 3, 1, 8, 0, 0, 0}),
                               .CustodyReasonNo = 1});
-    m_database.AddCustodyRow(StoredItemTypes::vehicle, id, digitalForensics,
-                             {.ReceivedBy = 99,
-                              .DateReceived = DateTime::FromParts({2026, 2, 1, 8, 0, 0, 0}),
-                              .CustodyReasonNo = 2});
+    m_database.AddCustodyRow(
+        StoredItemTypes::vehicle, id, digitalForensics,
+        {.ReceivedBy = 99, .DateReceived = DateTime::FromParts({2026, 2, 1, 8, 0, 0, 0}), .CustodyReasonNo = 2});
     m_database.AddCustodyRow(StoredItemTypes::vehicle, id, Null(), {.DateReceived = Null(), .CustodyReasonNo = 77});
     const Record record = Read({RecordKind::Vehicle, id});
     ASSERT_TRUE(record.custody);
@@ -280,10 +279,9 @@ TEST_F(RecordReaderTest, WithoutAMainAttachmentThereIsNoPicture) {
     const StoredItemRef item = AddProperty("E-1", "Box", shelf);
     EXPECT_FALSE(ReadItem(item).picture);
     m_database.AddAttachment(StoredItemTypes::Property, item->ID(), "/files", "box.jpg");
-    for (const char* change :
-         {"UPDATE AttachmentIndex SET FileName = ''", "UPDATE AttachmentIndex SET FileName = NULL",
-          "UPDATE AttachmentIndex SET FileName = 'box.jpg', FolderNo = NULL", "UPDATE Property SET CurrImageSeq = 99",
-          "UPDATE Property SET CurrImageSeq = NULL"}) {
+    for (const char* change : {"UPDATE AttachmentIndex SET FileName = ''", "UPDATE AttachmentIndex SET FileName = NULL",
+                               "UPDATE AttachmentIndex SET FileName = 'box.jpg', FolderNo = NULL",
+                               "UPDATE Property SET CurrImageSeq = 99", "UPDATE Property SET CurrImageSeq = NULL"}) {
         m_database.Execute(change);
         EXPECT_FALSE(ReadItem(item).picture) << change;
     }

@@ -34,9 +34,11 @@ protected:
         const bool isProperty = address.kind == RecordKind::Property;
         const std::string number = std::to_string(address.number);
         return (isProperty ? "Property " : "Vehicle ") +
-               m_database->execAndGet(isProperty ? "SELECT PropertyID FROM Property WHERE PropertyNo = " + number
-                                                 : "SELECT RegNumber || ' (' || RegStateCode || ')' FROM Vehicle "
-                                                   "WHERE VehicleNo = " + number)
+               m_database
+                   ->execAndGet(isProperty ? "SELECT PropertyID FROM Property WHERE PropertyNo = " + number
+                                           : "SELECT RegNumber || ' (' || RegStateCode || ')' FROM Vehicle "
+                                             "WHERE VehicleNo = " +
+                                                 number)
                    .getString();
     }
 };

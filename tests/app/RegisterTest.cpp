@@ -64,14 +64,15 @@ protected:
 
 TEST_F(RegisterTest, TheEntryNamesTheProgramAndTheScheme) {
     RegisterRecordScheme("/opt/quellbrook/bin/quellbrook-host", {});
-    EXPECT_EQ(Content(Entry()), "[Desktop Entry]\n"
-                                "Type=Application\n"
-                                "Name=Quellbrook\n"
-                                "Comment=Opens records of property and vehicles\n"
-                                "Exec=\"/opt/quellbrook/bin/quellbrook-host\" %u\n"
-                                "MimeType=x-scheme-handler/tessarine;\n"
-                                "Terminal=false\n"
-                                "NoDisplay=true\n");
+    EXPECT_EQ(Content(Entry()),
+              "[Desktop Entry]\n"
+              "Type=Application\n"
+              "Name=Quellbrook\n"
+              "Comment=Opens records of property and vehicles\n"
+              "Exec=\"/opt/quellbrook/bin/quellbrook-host\" %u\n"
+              "MimeType=x-scheme-handler/tessarine;\n"
+              "Terminal=false\n"
+              "NoDisplay=true\n");
 }
 
 TEST_F(RegisterTest, ArgumentsStandBeforeTheAddress) {
@@ -104,9 +105,9 @@ TEST_F(RegisterTest, TheDesktopsToolsAreToldOfIt) {
 }
 
 TEST_F(RegisterTest, WithoutTheToolsItSaysWhatIsMissing) {
-    EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
-              "Wrote '" + Entry() +
-                  "'; xdg-mime is not installed, so log in again if the desktop does not know it yet.");
+    EXPECT_EQ(
+        RegisterRecordScheme("/bin/host", {}),
+        "Wrote '" + Entry() + "'; xdg-mime is not installed, so log in again if the desktop does not know it yet.");
     Install("update-desktop-database");
     EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
               "Wrote '" + Entry() +

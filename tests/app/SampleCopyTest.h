@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/HostServices.h"
 #include "database/SqliteEngine.h"
+#include "host/HostServices.h"
 #include "tests/app/SampleFile.h"
 
 #include <filesystem>

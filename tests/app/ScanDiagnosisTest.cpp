@@ -50,22 +50,28 @@ const std::string SetSuffix =
 const std::string SetLayout = " Set the scanner's keyboard layout to the one of this computer.";
 const std::string NoStart = "STX is missing in front of the barcode." + SetStart;
 const std::string NoEnd = "ETX is missing behind the barcode." + SetEnd;
-const std::string SmallLetter = "The type letter came as a small letter. The program reads it all the same; Caps Lock "
-                                "may be on, or the scanner changes the case of letters.";
-const std::string Twice = "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
-                          "works; this scanner needs no prefix and no suffix.";
-const std::string More = "More came behind ETX, with another STX. Scan one barcode at a time; where one scan does "
-                         "this, the scanner sends more than the barcode.";
-const std::string NoLetter = "The type letter is missing in front of the number. The barcode is none of this "
-                             "program's, or the scanner is set to leave out the first character.";
+const std::string SmallLetter =
+    "The type letter came as a small letter. The program reads it all the same; Caps Lock "
+    "may be on, or the scanner changes the case of letters.";
+const std::string Twice =
+    "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
+    "works; this scanner needs no prefix and no suffix.";
+const std::string More =
+    "More came behind ETX, with another STX. Scan one barcode at a time; where one scan does "
+    "this, the scanner sends more than the barcode.";
+const std::string NoLetter =
+    "The type letter is missing in front of the number. The barcode is none of this "
+    "program's, or the scanner is set to leave out the first character.";
 const std::string Unknown = " is not known: barcodes of this program begin with L, P or V.";
-const std::string Lost = " in place of ten. Where keys are lost or doubled on the way, let the scanner wait a few "
-                         "milliseconds between characters.";
+const std::string Lost =
+    " in place of ten. Where keys are lost or doubled on the way, let the scanner wait a few "
+    "milliseconds between characters.";
 const std::string TooGreat = "The number is greater than any of this program's: this is the barcode of something else.";
 const std::string Strange = "In the number came other characters than digits: ";
 const std::string AllWell = "This scanner is set up as it should be.";
-const std::string ByHand = "This looks like typing by hand, not like a scan. If it was a scan, the scanner waits too "
-                           "long between characters: set that delay to a few milliseconds at most.";
+const std::string ByHand =
+    "This looks like typing by hand, not like a scan. If it was a scan, the scanner waits too "
+    "long between characters: set that delay to a few milliseconds at most.";
 
 struct Case {
     std::u32string keys;
@@ -102,26 +108,40 @@ std::vector<Case> Table() {
         {U"[STX]P0000004711[Tab]", NeedsChange, "", {"<Tab> came behind the barcode in place of ETX." + SetEnd}},
         {U"[STX]P0000004711#", NeedsChange, "", {"# came behind the barcode in place of ETX." + SetEnd}},
         {U"[STX]P0000004711C", NeedsChange, "", {"C came behind the barcode in place of ETX." + CtrlLost}},
-        {U"[STX]P0000004711[ETX][Enter]", NeedsChange, "Property, number 4711",
+        {U"[STX]P0000004711[ETX][Enter]",
+         NeedsChange,
+         "Property, number 4711",
          {"<Enter> came behind ETX." + SetSuffix}},
-        {U"[STX]P0000004711[ETX][Enter][LF]", NeedsChange, "Property, number 4711",
+        {U"[STX]P0000004711[ETX][Enter][LF]",
+         NeedsChange,
+         "Property, number 4711",
          {"<Enter><LF> came behind ETX." + SetSuffix}},
-        {U"[STX]P0000004711[ETX][ETX][Tab]", NeedsChange, "Property, number 4711",
+        {U"[STX]P0000004711[ETX][ETX][Tab]",
+         NeedsChange,
+         "Property, number 4711",
          {"<Tab> came behind ETX." + SetSuffix, Twice}},
         {U"[STX]P0000004711[ETX][STX]P0000004711[ETX]", NeedsChange, "Property, number 4711", {More}},
         {U"[STX]P0000004711[ETX][STX]", NeedsChange, "Property, number 4711", {More}},
 
         {U"P0000004711", NeedsChange, "", {NoStart, NoEnd}},
-        {U"P0000004711[Enter]", NeedsChange, "",
+        {U"P0000004711[Enter]",
+         NeedsChange,
+         "",
          {NoStart, "<Enter> came behind the barcode in place of ETX." + SetEnd}},
-        {U"bP0000004711c", NeedsChange, "",
+        {U"bP0000004711c",
+         NeedsChange,
+         "",
          {"b came in front of the barcode in place of STX." + CtrlLost,
           "c came behind the barcode in place of ETX." + CtrlLost}},
-        {U"bp00004711c", NeedsChange, "",
+        {U"bp00004711c",
+         NeedsChange,
+         "",
          {"b came in front of the barcode in place of STX." + CtrlLost,
           "c came behind the barcode in place of ETX." + CtrlLost, "The number came with 8 digits" + Lost,
           SmallLetter}},
-        {U"[F2]P0000004711[F2]", NeedsChange, "",
+        {U"[F2]P0000004711[F2]",
+         NeedsChange,
+         "",
          {"<F2> came in front of the barcode in place of STX." + SetStart,
           "<F2> came behind the barcode in place of ETX." + SetEnd}},
 
@@ -129,7 +149,9 @@ std::vector<Case> Table() {
         {U"[STX]x0000004711[ETX]", NeedsChange, "", {"The type letter x" + Unknown}},
         {U"[STX]\u04170000004711[ETX]", NeedsChange, "", {"The type letter \u0417" + Unknown + SetLayout}},
         {U"[STX]0000004711[ETX]", NeedsChange, "", {NoLetter}},
-        {U"4006381333931[Enter]", NeedsChange, "",
+        {U"4006381333931[Enter]",
+         NeedsChange,
+         "",
          {NoStart, "<Enter> came behind the barcode in place of ETX." + SetEnd, NoLetter,
           "The number came with 13 digits" + Lost, TooGreat}},
 
@@ -139,15 +161,21 @@ std::vector<Case> Table() {
         {U"[STX]P7[ETX]", NeedsChange, "Property, number 7", {"The number came with 1 digit" + Lost}},
         {U"[STX]P2147483648[ETX]", NeedsChange, "", {TooGreat}},
         {U"[STX]P9999999999[ETX]", NeedsChange, "", {TooGreat}},
-        {U"[STX]P\u00E0\u00E0\u00E0\u00E0\u00E0\u00E0'\u00E8&&[ETX]", NeedsChange, "",
+        {U"[STX]P\u00E0\u00E0\u00E0\u00E0\u00E0\u00E0'\u00E8&&[ETX]",
+         NeedsChange,
+         "",
          {Strange + "\u00E0'\u00E8&." + SetLayout}},
         {U"[STX]P))))))$&!![ETX]", NeedsChange, "", {Strange + ")$&!." + SetLayout}},
         {U"[STX]P00000O4711[ETX]", NeedsChange, "", {Strange + "O." + SetLayout}},
-        {U"[STX]P0000004711[Enter][ETX]", NeedsChange, "",
+        {U"[STX]P0000004711[Enter][ETX]",
+         NeedsChange,
+         "",
          {"<Enter> came in the middle of the barcode. Take it out of what the scanner adds."}},
 
         {U"[STX][ETX]", NeedsChange, "", {"There is no barcode in it."}},
-        {U"[STX]L1[STX]P0000000002[ETX]", NeedsChange, "Property, number 2",
+        {U"[STX]L1[STX]P0000000002[ETX]",
+         NeedsChange,
+         "Property, number 2",
          {"<STX>L1 came in front of STX." + SetPrefix}},
 
         {U"p", TypedByHand, "", {ByHand}},

@@ -1,7 +1,7 @@
-#include "app/scanner/ScannerPage.h"
 #include "app/scanner/LabelPreview.h"
 #include "app/scanner/PrinterChoice.h"
 #include "app/scanner/ScanField.h"
+#include "app/scanner/ScannerPage.h"
 #include "base/Error.h"
 #include "component/Labels.h"
 #include "host/DatabaseSession.h"

@@ -56,7 +56,8 @@ protected:
             ASSERT_TRUE(socket.waitForConnected(patience));
             socket.write(message);
             socket.flush();
-            while (socket.waitForReadyRead(patience)) {}
+            while (socket.waitForReadyRead(patience)) {
+            }
             answer = socket.readAll();
         });
         return answer;
@@ -147,8 +148,8 @@ TEST_F(SingleInstanceTest, AMessageThatIsNoAddressIsRefusedAndLogged) {
     Collect(server, arrived);
     for (const QByteArray& message :
          {QByteArray("\n"), QByteArray("hello\n"), QByteArray("--fresh\n"),
-          QByteArray("tessarine://miproperty/open/0\n"),
-          QByteArray("tessarine://miproperty/open/42\r\n"), QByteArray("tessarine://miproperty/open/4\0002\n", 32),
+          QByteArray("tessarine://miproperty/open/0\n"), QByteArray("tessarine://miproperty/open/42\r\n"),
+          QByteArray("tessarine://miproperty/open/4\0002\n", 32),
           QByteArray("tessarine://miproperty/open/42\ntessarine://miproperty/open/43\n"),
           QByteArray("tessarine://miproperty/open/42\n ")}) {
         TestErrorLog().Announce("InstanceServer");
@@ -179,8 +180,7 @@ TEST_F(SingleInstanceTest, AMessageThatIsNotCompleteInTimeIsRefused) {
     InstanceServer server(Socket(), 1);
     TestErrorLog().Announce("InstanceServer");
     EXPECT_EQ(AnswerTo("tessarine://miproperty"), "refused\n");
-    EXPECT_EQ(TestErrorLog().Entries().back().message,
-              "A message of another program was refused. It came too slowly.");
+    EXPECT_EQ(TestErrorLog().Entries().back().message, "A message of another program was refused. It came too slowly.");
 }
 
 TEST_F(SingleInstanceTest, ACallerThatLeavesInTheMiddleIsLogged) {
@@ -220,7 +220,8 @@ TEST_F(SingleInstanceTest, AnAddressMayComeInPieces) {
             socket.write(&c, 1);
             socket.waitForBytesWritten(patience);
         }
-        while (socket.waitForReadyRead(patience)) {}
+        while (socket.waitForReadyRead(patience)) {
+        }
         answer = socket.readAll();
     });
     EXPECT_EQ(answer, "taken\n");

@@ -168,8 +168,7 @@ TEST_F(ActionsTest, TransferDataNotesAndLoadingAreHandedOn) {
     EXPECT_TRUE(m_stores.Loading->IsLoading());
     GetActions().LoadingFinished();
     EXPECT_FALSE(m_stores.Loading->IsLoading());
-    EXPECT_EQ(m_seen->Types(),
-              (Types{"CART_SET_TRANSFER_DATA", "NOTIFY_USER", "LOADING_STARTED", "LOADING_FINISHED"}));
+    EXPECT_EQ(m_seen->Types(), (Types{"CART_SET_TRANSFER_DATA", "NOTIFY_USER", "LOADING_STARTED", "LOADING_FINISHED"}));
 }
 
 TEST_F(ActionsTest, OpeningAnItemNavigatesToItsViewWithTheItemItself) {

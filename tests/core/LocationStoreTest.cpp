@@ -20,8 +20,8 @@ int32_t RootCount(StorageLocationTypes type) {
 TEST_F(LocationStoreTest, ConstructionSelectsTheFirstRootAndLoadsTheLocationDocument) {
     m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
     const LocationStore store;
-    EXPECT_TRUE(store.GetSelectedLocation()->IsSame(
-        GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal).get()));
+    EXPECT_TRUE(
+        store.GetSelectedLocation()->IsSame(GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal).get()));
 
     m_database.AddLocation("Bin", StorageLocationTypes::Internal);
     EXPECT_EQ(RootCount(StorageLocationTypes::Internal), 1) << "the document was loaded by the construction";

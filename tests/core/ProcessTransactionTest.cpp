@@ -11,8 +11,10 @@ const Error DatabaseError(8152, "Engine", "The log of the database is full.");
 class ProcessTransaction : public ProcessTransactionTest {};
 
 TEST_F(ProcessTransaction, TwoItemsAreSentAsNineStatementsInOneTransaction) {
-    while (m_database.AddProperty() < 7) {}
-    while (m_database.AddVehicle() < 3) {}
+    while (m_database.AddProperty() < 7) {
+    }
+    while (m_database.AddVehicle() < 3) {
+    }
     int32_t place = m_court;
     while (place < 12) place = m_database.AddLocation("Place " + std::to_string(place), StorageLocationTypes::External);
     GetStorageLocationStatic().Refresh();
@@ -145,8 +147,10 @@ TEST_F(ProcessTransaction, ADisposalAddsOneStatementForEachItem) {
     recording->Clear();
     GetActions().ProcessTransaction(xfer);
     ASSERT_EQ(recording->Log().size(), 3u + 3u + 1u + 2u);
-    EXPECT_EQ(recording->Log()[6], "UPDATE Property SET HasFinalDisposition=1,DisposalNote='It''s gone',CurrStatusNo=4 "
-                                   "WHERE PropertyNo=" + std::to_string(id));
+    EXPECT_EQ(recording->Log()[6],
+              "UPDATE Property SET HasFinalDisposition=1,DisposalNote='It''s gone',CurrStatusNo=4 "
+              "WHERE PropertyNo=" +
+                  std::to_string(id));
 }
 
 TEST_F(ProcessTransaction, TheTemplateWordInANoteIsReplacedToo) {

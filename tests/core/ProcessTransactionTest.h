@@ -99,8 +99,8 @@ protected:
         ExpectIdle();
     }
     void ExpectFailureReport(const std::string& description) {
-        EXPECT_EQ(m_seen->Types(), (Types{"LOADING_STARTED", "LOADING_FINISHED", "CART_CANCEL_TRANSACTION",
-                                          "CART_TRANSACTION_FAILED"}));
+        EXPECT_EQ(m_seen->Types(),
+                  (Types{"LOADING_STARTED", "LOADING_FINISHED", "CART_CANCEL_TRANSACTION", "CART_TRANSACTION_FAILED"}));
         EXPECT_EQ(m_seen->actions.back().Payload, TaggedValue(description));
         ExpectIdle();
     }
@@ -111,8 +111,7 @@ protected:
     }
     void ExpectLogged(const std::string& description) {
         ASSERT_EQ(m_log.Entries().size(), 1u);
-        EXPECT_EQ(m_log.Entries()[0],
-                  (RecordingErrorLog::Entry{"Quellbrook", LogSource, description}));
+        EXPECT_EQ(m_log.Entries()[0], (RecordingErrorLog::Entry{"Quellbrook", LogSource, description}));
     }
 
     int32_t m_counter = 0;

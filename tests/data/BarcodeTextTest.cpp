@@ -24,7 +24,9 @@ TEST(BarcodeText, ANegativeKeyKeepsItsLastTenCharacters) {
 }
 
 TEST(BarcodeText, TheTypeLetterMayHaveAnyLength) {
-    EXPECT_EQ(MakeBarcodeText("", 1), "\x02" "0000000001\x03");
+    EXPECT_EQ(MakeBarcodeText("", 1),
+              "\x02"
+              "0000000001\x03");
     EXPECT_EQ(MakeBarcodeText("LOC", 1), "\x02LOC0000000001\x03");
 }
 

@@ -56,8 +56,7 @@ TEST(PackedRows, AnObjectIsRefusedAndLeavesTheRowsAsTheyWere) {
         EXPECT_EQ(rows.Count(), before);
         rows.Add(row(-1));
         EXPECT_EQ(rows.At(before).Value("Second"), TaggedValue(-1));
-        for (size_t i = 0; i < before; ++i)
-            ASSERT_EQ(rows.At(i).Value("Second"), TaggedValue(static_cast<int32_t>(i)));
+        for (size_t i = 0; i < before; ++i) ASSERT_EQ(rows.At(i).Value("Second"), TaggedValue(static_cast<int32_t>(i)));
     }
 }
 

@@ -7,8 +7,19 @@ namespace {
 using Values = std::vector<TaggedValue>;
 
 const Values identifiers = {Null(), "", " ", "P-1", "P-10", "p-1", "P_1", "P*1", "100%", "it's", "[P1]", "back\\slash"};
-const Values descriptions = {Null(),   "",      "  ",        "blue bicycle",  "BLUE",  "100% wool", "it's _[x]_ \\",
-                             "b*e",    "bl\xC3\xBC" "e", "\xF0\x9F\x9A\xB2 blue", "line\r\nblue", "a \"quoted\" text"};
+const Values descriptions = {Null(),
+                             "",
+                             "  ",
+                             "blue bicycle",
+                             "BLUE",
+                             "100% wool",
+                             "it's _[x]_ \\",
+                             "b*e",
+                             "bl\xC3\xBC"
+                             "e",
+                             "\xF0\x9F\x9A\xB2 blue",
+                             "line\r\nblue",
+                             "a \"quoted\" text"};
 const Values quantities = {Null(), 0, 1, 2.5, -3, 1000000, "several", "2", "", "1e2"};
 const Values money = {Null(), 0, 12, 12.5, -0.01, "unknown"};
 const Values names = {Null(), "", "Acme", "acme ", " O'Hara"};
@@ -45,9 +56,9 @@ SearchDepartment::SearchDepartment(TestDatabase& database, Dice& dice) : m_datab
 std::vector<int32_t> SearchDepartment::StoredKeys(StoredItemTypes kind) const {
     const std::string table = ItemTable(kind), key = table + "No";
     std::vector<int32_t> keys;
-    for (const Row& row : m_database.QueryRows("SELECT i." + key + " FROM " + table + " i INNER JOIN " + table +
-                                               "Tracking t ON t." + key + " = i." + key +
-                                               " AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL"))
+    for (const Row& row :
+         m_database.QueryRows("SELECT i." + key + " FROM " + table + " i INNER JOIN " + table + "Tracking t ON t." +
+                              key + " = i." + key + " AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL"))
         keys.push_back(ToInt32(row.At(0)));
     return keys;
 }

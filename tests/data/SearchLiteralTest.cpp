@@ -22,12 +22,25 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const Texts columns = {"ItemType",    "ID",       "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID",
-                       "Description", "Quantity", "Value",      "Make",         "Model",        "Serial",
-                       "RecordTypeInd"};
-const Texts descriptions = {"*blue*", "blue*",   "*l*",           "*100%*",      "*_[x]_*",    "*",
-                            "it's*",  "*b*e*",   "*BLUE BICYCLE", "*\xC3\xBC*",  "1999*Ford*", "*ue bi*yc*",
-                            "*\\",    "**",      " ",             "*\r\n*",      "*\xF0\x9F\x9A\xB2 b*"};
+const Texts columns = {"ItemType", "ID",    "CategoryNo", "CurrTrackSeq", "StorageLocNo", "DisplayID",    "Description",
+                       "Quantity", "Value", "Make",       "Model",        "Serial",       "RecordTypeInd"};
+const Texts descriptions = {"*blue*",
+                            "blue*",
+                            "*l*",
+                            "*100%*",
+                            "*_[x]_*",
+                            "*",
+                            "it's*",
+                            "*b*e*",
+                            "*BLUE BICYCLE",
+                            "*\xC3\xBC*",
+                            "1999*Ford*",
+                            "*ue bi*yc*",
+                            "*\\",
+                            "**",
+                            " ",
+                            "*\r\n*",
+                            "*\xF0\x9F\x9A\xB2 b*"};
 
 std::string Shown(const TaggedValue& value, bool asNumber) {
     if (value.IsNull()) return "NULL";
@@ -58,13 +71,13 @@ std::string PickKey(Dice& dice, const std::vector<int32_t>& stored) {
 
 std::string PickNumber(Dice& dice, int32_t numberType, const SearchDepartment& department) {
     switch (numberType) {
-        case 1: return dice.AnyOf(Texts{"I-1", "I-1*", "*1*", "50%", "I_1", "*", "i-*2", "", "*-*"});
-        case 2: return dice.AnyOf(Texts{"C1", "c1*", "*1*", "[C1]", "*", ""});
-        case 3: return dice.AnyOf(Texts{"P-1", "p-1*", "*1*", "P_1", "*", "it's", "100%", "*\\*", "", " "});
-        case 4: return dice.AnyOf(Texts{"ABC 1", "abc*", "*1*", "*", "A_C*", "50%", ""});
-        case 5: return PickKey(dice, department.StoredKeys(StoredItemTypes::Property));
-        case 6: return PickKey(dice, department.StoredKeys(StoredItemTypes::vehicle));
-        default: return dice.AnyOf(Texts{"", "P-1"});
+    case 1: return dice.AnyOf(Texts{"I-1", "I-1*", "*1*", "50%", "I_1", "*", "i-*2", "", "*-*"});
+    case 2: return dice.AnyOf(Texts{"C1", "c1*", "*1*", "[C1]", "*", ""});
+    case 3: return dice.AnyOf(Texts{"P-1", "p-1*", "*1*", "P_1", "*", "it's", "100%", "*\\*", "", " "});
+    case 4: return dice.AnyOf(Texts{"ABC 1", "abc*", "*1*", "*", "A_C*", "50%", ""});
+    case 5: return PickKey(dice, department.StoredKeys(StoredItemTypes::Property));
+    case 6: return PickKey(dice, department.StoredKeys(StoredItemTypes::vehicle));
+    default: return dice.AnyOf(Texts{"", "P-1"});
     }
 }
 

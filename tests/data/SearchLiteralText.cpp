@@ -49,31 +49,31 @@ std::string LiteralSearchText(const AskedSearch& asked) {
     if (asked.location) AddCondition(ofAll, "Results.StorageLocNo = " + std::to_string(*asked.location));
     if (!asked.description.empty()) AddCondition(ofAll, "Results.Description" + Like(asked.description));
     switch (asked.numberType) {
-        case 1:
-            AddCondition(ofVehicles, "i.IncidentId" + Like(asked.number));
-            AddCondition(ofProperty, "i.IncidentId" + Like(asked.number));
-            break;
-        case 2:
-            AddCondition(ofVehicles, "i.CaseNbr" + Like(asked.number));
-            AddCondition(ofProperty, "i.CaseNbr" + Like(asked.number));
-            break;
-        case 3:
-            AddCondition(ofProperty, "p.PropertyID" + Like(asked.number));
-            itemType = 1;
-            break;
-        case 4:
-            AddCondition(ofVehicles, "v.RegNumber" + Like(asked.number));
-            itemType = 2;
-            break;
-        case 5:
-            AddCondition(ofProperty, "p.PropertyNo = " + asked.number);
-            itemType = 1;
-            break;
-        case 6:
-            AddCondition(ofVehicles, "v.VehicleNo = " + asked.number);
-            itemType = 2;
-            break;
-        default: break;
+    case 1:
+        AddCondition(ofVehicles, "i.IncidentId" + Like(asked.number));
+        AddCondition(ofProperty, "i.IncidentId" + Like(asked.number));
+        break;
+    case 2:
+        AddCondition(ofVehicles, "i.CaseNbr" + Like(asked.number));
+        AddCondition(ofProperty, "i.CaseNbr" + Like(asked.number));
+        break;
+    case 3:
+        AddCondition(ofProperty, "p.PropertyID" + Like(asked.number));
+        itemType = 1;
+        break;
+    case 4:
+        AddCondition(ofVehicles, "v.RegNumber" + Like(asked.number));
+        itemType = 2;
+        break;
+    case 5:
+        AddCondition(ofProperty, "p.PropertyNo = " + asked.number);
+        itemType = 1;
+        break;
+    case 6:
+        AddCondition(ofVehicles, "v.VehicleNo = " + asked.number);
+        itemType = 2;
+        break;
+    default: break;
     }
     if (itemType >= 1) AddCondition(ofAll, "Results.ItemType = " + std::to_string(itemType));
     AddCondition(ofAll, asked.untracked ? "Results.StorageLocNo IS NULL AND Results.CurrTrackSeq IS NULL"

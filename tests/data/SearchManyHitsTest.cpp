@@ -21,11 +21,15 @@ protected:
         m_database.Execute(
             "INSERT INTO Property (PropertyNo, PropertyID, Description, CategoryNo, Quantity, PropertyValue, "
             "ManufacNbr, ModelNbr, SerialNbr, RecordTypeInd, CurrTrackSeq) "
-            "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(Many) + ") "
+            "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+            std::to_string(Many) +
+            ") "
             "SELECT i, '2026-' || i, 'Blue bicycle with a broken lamp, number ' || i, 3, 1, 12.5, 'Harbour Works', "
             "'Model ' || i % 50, 'SN-' || i * 7, 1, 1 FROM n");
-        m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, StorageLocNo, LastUpdated) "
-                           "SELECT PropertyNo, 1, " + counter + ", '2026-01-02T09:30:00.000' FROM Property");
+        m_database.Execute(
+            "INSERT INTO PropertyTracking (PropertyNo, SeqNo, StorageLocNo, LastUpdated) "
+            "SELECT PropertyNo, 1, " +
+            counter + ", '2026-01-02T09:30:00.000' FROM Property");
         m_database.Execute("COMMIT");
     }
 

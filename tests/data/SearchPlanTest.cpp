@@ -124,11 +124,11 @@ TEST_F(SearchPlan, AnIdentifierIsLookedUpWhetherWholeOrByItsBeginning) {
 
 TEST_F(SearchPlan, AnIncidentIsLookedUpFirstAndItsItemsFromThere) {
     for (const char* number : {"I-1", "I-1*"}) {
-        for (const char* index : {"SEARCH Incident USING COVERING INDEX IncidentByIncidentId",
-                                  "SEARCH IncdProperty USING INDEX IncdPropertyByIncidentNo",
-                                  "SEARCH IncdVehicle USING INDEX IncdVehicleByIncidentNo",
-                                  "SEARCH Property USING INTEGER PRIMARY KEY",
-                                  "SEARCH Vehicle USING INTEGER PRIMARY KEY"})
+        for (const char* index :
+             {"SEARCH Incident USING COVERING INDEX IncidentByIncidentId",
+              "SEARCH IncdProperty USING INDEX IncdPropertyByIncidentNo",
+              "SEARCH IncdVehicle USING INDEX IncdVehicleByIncidentNo", "SEARCH Property USING INTEGER PRIMARY KEY",
+              "SEARCH Vehicle USING INTEGER PRIMARY KEY"})
             ExpectFoundBy(index, ByNumber(Number::IncidentId, number));
         ExpectFoundBy("SEARCH Incident USING COVERING INDEX IncidentByCaseNbr", ByNumber(Number::CaseNumber, number));
     }

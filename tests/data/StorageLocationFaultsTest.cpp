@@ -34,39 +34,53 @@ struct Department {
 
 struct WritingOperation {
     const char* name;
-    int32_t id;                             // the location that it is called on
+    int32_t id;  // the location that it is called on
     std::function<void(Department&)> run;
-    int statements;                         // up to the last write
-    std::string failure;                    // what stands before the database's words
-    std::string violation;                  // the sentence for a violated constraint
-    std::string reloadFailure;              // the sentence for a failed reading after the write
+    int statements;             // up to the last write
+    std::string failure;        // what stands before the database's words
+    std::string violation;      // the sentence for a violated constraint
+    std::string reloadFailure;  // the sentence for a failed reading after the write
 };
 
 std::ostream& operator<<(std::ostream& out, const WritingOperation& operation) { return out << operation.name; }
 
 WritingOperation Plain(const char* name, int32_t id, std::function<void(Department&)> run, int statements,
                        const std::string& failure) {
-    return {name, id, std::move(run), statements, failure, failure + Violation.Description(),
+    return {name,
+            id,
+            std::move(run),
+            statements,
+            failure,
+            failure + Violation.Description(),
             failure + LogFull.Description()};
 }
 
-const WritingOperation Move = Plain("Move", 2, [](Department& d) { d.location->Move(d.annex); }, 3,
-                                    "Could not move location 'Shelf' into 'Annex'. \r\n\r\n");
+const WritingOperation Move = Plain(
+    "Move", 2, [](Department& d) { d.location->Move(d.annex); }, 3,
+    "Could not move location 'Shelf' into 'Annex'. \r\n\r\n");
 // When the reading fails the row stands already, and the database knows its name.
-const WritingOperation Create = {"CreateSubLocation", 1,
-                                 [](Department& d) { d.location->CreateSubLocation("Crate"); }, 1,
+const WritingOperation Create = {"CreateSubLocation",
+                                 1,
+                                 [](Department& d) { d.location->CreateSubLocation("Crate"); },
+                                 1,
                                  "Could not create location 'Crate'. \r\n\r\n",
                                  "A location with the name 'Crate' already exists here.",
                                  "A location with the name 'Crate' already exists here."};
-const WritingOperation Enable = Plain("Enable", 4, [](Department& d) { d.location->SetEnabled(true); }, 1,
-                                      "Could not enable this location.\r\n\r\n");
-const WritingOperation Disable = Plain("Disable", 2, [](Department& d) { d.location->SetEnabled(false); }, 1,
-                                       "Could not disable this location.\r\n\r\n");
-const WritingOperation Rename = {"Rename", 2, [](Department& d) { d.location->Rename("Rack"); }, 1,
+const WritingOperation Enable = Plain(
+    "Enable", 4, [](Department& d) { d.location->SetEnabled(true); }, 1, "Could not enable this location.\r\n\r\n");
+const WritingOperation Disable = Plain(
+    "Disable", 2, [](Department& d) { d.location->SetEnabled(false); }, 1, "Could not disable this location.\r\n\r\n");
+const WritingOperation Rename = {"Rename",
+                                 2,
+                                 [](Department& d) { d.location->Rename("Rack"); },
+                                 1,
                                  "Could not rename location 'Rack'. \r\n\r\n",
                                  "A location with the name 'Rack' already exists here.",
                                  "Could not rename location 'Rack'. \r\n\r\n" + LogFull.Description()};
-const WritingOperation Delete = {"Delete", 2, [](Department& d) { d.location->Delete(); }, 2,
+const WritingOperation Delete = {"Delete",
+                                 2,
+                                 [](Department& d) { d.location->Delete(); },
+                                 2,
                                  "Could not delete this location. \r\n\r\n",
                                  "Could not delete this location because this location (or one of its sublocations) "
                                  "is currently in use.",
@@ -146,32 +160,33 @@ class StorageLocationBatchFaults : public StorageLocationFaults {};
 
 std::string NameOf(const ::testing::TestParamInfo<WritingOperation>& info) { return info.param.name; }
 
-INSTANTIATE_TEST_SUITE_P(Each, StorageLocationFaults,
-                         ::testing::Values(Move, Create, Enable, Disable, Rename, Delete), NameOf);
+INSTANTIATE_TEST_SUITE_P(Each, StorageLocationFaults, ::testing::Values(Move, Create, Enable, Disable, Rename, Delete),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Each, StorageLocationBatchFaults, ::testing::Values(Move, Delete), NameOf);
 
 }  // namespace
 
 TEST_P(StorageLocationFaults, AFailureAtAnyStatementLeavesTheDatabaseAsItWas) {
     for (int n = 1; n <= GetParam().statements; ++n)
-        ExpectNothingWritten("statement " + std::to_string(n),
-                             [n](Department& d) { d.engine->FailAtStatement(n, LogFull); },
-                             DescriptionAfter(GetParam().failure));
+        ExpectNothingWritten(
+            "statement " + std::to_string(n), [n](Department& d) { d.engine->FailAtStatement(n, LogFull); },
+            DescriptionAfter(GetParam().failure));
 }
 
 TEST_P(StorageLocationFaults, AViolatedConstraintLeavesTheDatabaseAsItWas) {
-    ExpectNothingWritten("violation",
-                         [](Department& d) { d.engine->FailAtStatement(GetParam().statements, Violation); },
-                         GetParam().violation);
+    ExpectNothingWritten(
+        "violation", [](Department& d) { d.engine->FailAtStatement(GetParam().statements, Violation); },
+        GetParam().violation);
 }
 
 TEST_P(StorageLocationFaults, ADatabaseThatCannotBeReachedIsReported) {
-    ExpectNothingWritten("open",
-                         [](Department& d) {
-                             d.database.Install(d.engine);
-                             d.engine->FailAtOpen(LogFull);
-                         },
-                         DescriptionAfter(GetParam().failure));
+    ExpectNothingWritten(
+        "open",
+        [](Department& d) {
+            d.database.Install(d.engine);
+            d.engine->FailAtOpen(LogFull);
+        },
+        DescriptionAfter(GetParam().failure));
 }
 
 TEST_P(StorageLocationFaults, AFailedReadingAfterTheWriteIsReportedAlthoughTheWriteStands) {
@@ -180,13 +195,13 @@ TEST_P(StorageLocationFaults, AFailedReadingAfterTheWriteIsReportedAlthoughTheWr
 }
 
 TEST_P(StorageLocationBatchFaults, AFailureToBeginLeavesTheDatabaseAsItWas) {
-    ExpectNothingWritten("begin", [](Department& d) { d.engine->FailAtBegin(LogFull); },
-                         DescriptionAfter(GetParam().failure));
+    ExpectNothingWritten(
+        "begin", [](Department& d) { d.engine->FailAtBegin(LogFull); }, DescriptionAfter(GetParam().failure));
 }
 
 TEST_P(StorageLocationBatchFaults, AFailureToCommitLeavesTheDatabaseAsItWas) {
-    ExpectNothingWritten("commit", [](Department& d) { d.engine->FailAtCommit(LogFull); },
-                         DescriptionAfter(GetParam().failure));
+    ExpectNothingWritten(
+        "commit", [](Department& d) { d.engine->FailAtCommit(LogFull); }, DescriptionAfter(GetParam().failure));
 }
 
 TEST_P(StorageLocationBatchFaults, ACommitWhoseAnswerIsLostIsReportedAlthoughTheWriteStands) {

@@ -190,8 +190,9 @@ TEST_F(StorageLocationMove, ANameTakenBetweenTheQuestionAndTheWriteIsRefusedByTh
     });
     const Error error = testing::RaisedBy([&] { shelf->Move(Find(m_tree.annex)); });
     EXPECT_EQ(error.Number(), 5);
-    EXPECT_EQ(error.Description(), "Could not move location 'Shelf' into 'Annex'. \r\n\r\nUNIQUE constraint failed: "
-                                   "StorageLocation.Path, StorageLocation.Type, StorageLocation.Name");
+    EXPECT_EQ(error.Description(),
+              "Could not move location 'Shelf' into 'Annex'. \r\n\r\nUNIQUE constraint failed: "
+              "StorageLocation.Path, StorageLocation.Type, StorageLocation.Name");
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
@@ -248,8 +249,7 @@ TEST_F(StorageLocationMove, ADeletedLocationCannotBeMoved) {
     ExpectRefused(bin, Find(m_tree.annex), "The current location has been deleted.");
     ExpectRefused(bin, bin, "The current location has been deleted.");
     bin->MakeRoot();
-    ExpectRefused(bin, Find(m_tree.annex),
-                  "Cannot move 'Bin' - it is a type of location, not an actual location.");
+    ExpectRefused(bin, Find(m_tree.annex), "Cannot move 'Bin' - it is a type of location, not an actual location.");
 }
 
 TEST_F(StorageLocationMove, WithoutATargetTheMoveFails) {

@@ -128,8 +128,12 @@ TEST_F(StorageLocationNames, ATextWithNulIsRefused) {
 TEST_F(StorageLocationNames, NamesThatDifferInCaseAloneAreOneNameForPlainLetters) {
     Annex()->CreateSubLocation("Crate");
     EXPECT_EQ(testing::RaisedBy([&] { Annex()->CreateSubLocation("cRATE"); }).Number(), 5);
-    EXPECT_NE(Annex()->CreateSubLocation("\xC3\x9C" "bergabe"), nullptr);
-    EXPECT_NE(Annex()->CreateSubLocation("\xC3\xBC" "bergabe"), nullptr);
+    EXPECT_NE(Annex()->CreateSubLocation("\xC3\x9C"
+                                         "bergabe"),
+              nullptr);
+    EXPECT_NE(Annex()->CreateSubLocation("\xC3\xBC"
+                                         "bergabe"),
+              nullptr);
 }
 
 }  // namespace quellbrook

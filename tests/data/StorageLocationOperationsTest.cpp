@@ -108,9 +108,12 @@ TEST_F(StorageLocationOperations, ANewLocationMayNotHaveTheNameOfItsSibling) {
     const auto refusal = [](const char* name) {
         return "A location with the name '" + std::string(name) + "' already exists here.";
     };
-    ExpectRefused("CreateSubLocation", [&] { Find(m_tree.room)->CreateSubLocation("Shelf"); }, refusal("Shelf"));
-    ExpectRefused("CreateSubLocation", [&] { Find(m_tree.room)->CreateSubLocation("shelf"); }, refusal("shelf"));
-    ExpectRefused("CreateSubLocation", [&] { Root(Types::External)->CreateSubLocation("Court"); }, refusal("Court"));
+    ExpectRefused(
+        "CreateSubLocation", [&] { Find(m_tree.room)->CreateSubLocation("Shelf"); }, refusal("Shelf"));
+    ExpectRefused(
+        "CreateSubLocation", [&] { Find(m_tree.room)->CreateSubLocation("shelf"); }, refusal("shelf"));
+    ExpectRefused(
+        "CreateSubLocation", [&] { Root(Types::External)->CreateSubLocation("Court"); }, refusal("Court"));
     EXPECT_NE(Root(Types::Internal)->CreateSubLocation("Court"), nullptr) << "another category";
     EXPECT_NE(Find(m_tree.bin)->CreateSubLocation("Shelf"), nullptr) << "another container";
 }
@@ -119,29 +122,33 @@ TEST_F(StorageLocationOperations, AfterAFailedCreationTheDatabaseIsAskedForTheNa
     const auto recording = Record();
     testing::RaisedBy([&] { Root(Types::External)->CreateSubLocation("Court"); });
     EXPECT_EQ(recording->Log().size(), 2u);
-    EXPECT_EQ(recording->Log().back(), "SELECT COUNT(IdNo) AS TotalCount FROM StorageLocation WHERE Path='/0/' AND "
-                                       "Name='Court' AND Type=4 AND IdNo <> 0");
+    EXPECT_EQ(recording->Log().back(),
+              "SELECT COUNT(IdNo) AS TotalCount FROM StorageLocation WHERE Path='/0/' AND "
+              "Name='Court' AND Type=4 AND IdNo <> 0");
 }
 
 TEST_F(StorageLocationOperations, CreatingInAContainerThatHasVanishedFailsWithTheDatabasesSentence) {
     const auto annex = Find(m_tree.annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
-    ExpectRefused("CreateSubLocation", [&] { annex->CreateSubLocation("Crate"); },
-                  "Could not create location 'Crate'. \r\n\r\nThe location that is to hold it has been moved or "
-                  "deleted meanwhile. Refresh the locations and try again.");
+    ExpectRefused(
+        "CreateSubLocation", [&] { annex->CreateSubLocation("Crate"); },
+        "Could not create location 'Crate'. \r\n\r\nThe location that is to hold it has been moved or "
+        "deleted meanwhile. Refresh the locations and try again.");
 }
 
 TEST_F(StorageLocationOperations, WhereTheNameCannotBeAskedForEitherTheFirstFailureIsReported) {
     const auto room = Find(m_tree.room);
     m_database.Install(nullptr);
-    ExpectRefused("CreateSubLocation", [&] { room->CreateSubLocation("Crate"); },
-                  "Could not create location 'Crate'. \r\n\r\nNo database has been opened.");
+    ExpectRefused(
+        "CreateSubLocation", [&] { room->CreateSubLocation("Crate"); },
+        "Could not create location 'Crate'. \r\n\r\nNo database has been opened.");
 }
 
 TEST_F(StorageLocationOperations, ADeletedLocationTakesNoSublocation) {
     const auto location = DeletedRoot();
     const auto recording = Record();
-    ExpectRefused("CreateSubLocation", [&] { location->CreateSubLocation("Crate"); }, DeletedText);
+    ExpectRefused(
+        "CreateSubLocation", [&] { location->CreateSubLocation("Crate"); }, DeletedText);
     EXPECT_TRUE(recording->Log().empty());
 }
 
@@ -168,23 +175,28 @@ TEST_F(StorageLocationOperations, TheFlagIsSetOnOneRowAloneAndTheObjectShowsIt) 
 TEST_F(StorageLocationOperations, ARootCanBeNeitherEnabledNorDisabled) {
     const auto recording = Record();
     const char* const refusal = "A root location cannot be disabled.";
-    ExpectRefused("SetEnabled", [&] { Root(Types::Internal)->SetEnabled(false); }, refusal);
-    ExpectRefused("SetEnabled", [&] { Root(Types::Internal)->SetEnabled(true); }, refusal);
+    ExpectRefused(
+        "SetEnabled", [&] { Root(Types::Internal)->SetEnabled(false); }, refusal);
+    ExpectRefused(
+        "SetEnabled", [&] { Root(Types::Internal)->SetEnabled(true); }, refusal);
     EXPECT_TRUE(recording->Log().empty());
 }
 
 TEST_F(StorageLocationOperations, TheFlagOfADeletedLocationCannotBeSet) {
     const auto location = DeletedRoot();
-    ExpectRefused("SetEnabled", [&] { location->SetEnabled(true); }, DeletedText);
+    ExpectRefused(
+        "SetEnabled", [&] { location->SetEnabled(true); }, DeletedText);
 }
 
 TEST_F(StorageLocationOperations, AFailureToSetTheFlagSaysWhatWasWanted) {
     const auto room = Find(m_tree.room);
     m_database.Install(nullptr);
-    ExpectRefused("SetEnabled", [&] { room->SetEnabled(true); },
-                  "Could not enable this location.\r\n\r\nNo database has been opened.");
-    ExpectRefused("SetEnabled", [&] { room->SetEnabled(false); },
-                  "Could not disable this location.\r\n\r\nNo database has been opened.");
+    ExpectRefused(
+        "SetEnabled", [&] { room->SetEnabled(true); },
+        "Could not enable this location.\r\n\r\nNo database has been opened.");
+    ExpectRefused(
+        "SetEnabled", [&] { room->SetEnabled(false); },
+        "Could not disable this location.\r\n\r\nNo database has been opened.");
     EXPECT_TRUE(room->Enabled());
 }
 
@@ -224,25 +236,30 @@ TEST_F(StorageLocationOperations, ALocationCanBeRenamedToItsOwnName) {
 TEST_F(StorageLocationOperations, ANameOfBlanksAloneIsRefused) {
     const auto recording = Record();
     for (const char* name : {"", " ", "     "})
-        ExpectRefused("Rename", [&] { Find(m_tree.room)->Rename(name); }, "New name cannot be blank.");
+        ExpectRefused(
+            "Rename", [&] { Find(m_tree.room)->Rename(name); }, "New name cannot be blank.");
     EXPECT_TRUE(recording->Log().empty());
 }
 
 TEST_F(StorageLocationOperations, TheNameOfASiblingIsRefusedByTheConstraintAlone) {
     const auto recording = Record();
     const auto bin = Find(m_tree.bin);
-    ExpectRefused("Rename", [&] { bin->Rename("SHELF"); }, "A location with the name 'SHELF' already exists here.");
+    ExpectRefused(
+        "Rename", [&] { bin->Rename("SHELF"); }, "A location with the name 'SHELF' already exists here.");
     EXPECT_EQ(recording->Log().size(), 1u) << "the name is not asked for";
     EXPECT_EQ(bin->Name(), "Bin");
 }
 
 TEST_F(StorageLocationOperations, RenamingLooksForARootThenForADeletedLocationThenForABlankName) {
-    ExpectRefused("Rename", [&] { Root(Types::Other)->Rename(" "); }, "Cannot rename this location.");
+    ExpectRefused(
+        "Rename", [&] { Root(Types::Other)->Rename(" "); }, "Cannot rename this location.");
     const auto annex = Find(m_tree.annex);
     annex->Delete();
-    ExpectRefused("Rename", [&] { annex->Rename(" "); }, DeletedText);
+    ExpectRefused(
+        "Rename", [&] { annex->Rename(" "); }, DeletedText);
     const auto location = DeletedRoot();
-    ExpectRefused("Rename", [&] { location->Rename("Vault"); }, "Cannot rename this location.");
+    ExpectRefused(
+        "Rename", [&] { location->Rename("Vault"); }, "Cannot rename this location.");
 }
 
 TEST_F(StorageLocationOperations, ALocationThatHasVanishedIsFoundDeletedByRenameAndByTheFlag) {
@@ -258,9 +275,8 @@ TEST_F(StorageLocationOperations, ALocationThatHasVanishedIsFoundDeletedByRename
 TEST_F(StorageLocationOperations, DeletingSendsTheDescendantsFirstInOneTransactionAndReadsTheTable) {
     const auto recording = Record();
     Find(m_tree.room)->Delete();
-    EXPECT_EQ(recording->Log(),
-              (Texts{"BEGIN", "DELETE FROM StorageLocation WHERE Path LIKE '/0/1/%'",
-                     "DELETE FROM StorageLocation WHERE IdNo = 1", "COMMIT", ReloadText}));
+    EXPECT_EQ(recording->Log(), (Texts{"BEGIN", "DELETE FROM StorageLocation WHERE Path LIKE '/0/1/%'",
+                                       "DELETE FROM StorageLocation WHERE IdNo = 1", "COMMIT", ReloadText}));
 }
 
 TEST_F(StorageLocationOperations, DeletingTakesTheWholeSubtreeAndNothingElse) {
@@ -281,13 +297,16 @@ TEST_F(StorageLocationOperations, ASubtreeWithItemsInASublocationStaysInPlace) {
     const int32_t item = m_database.AddProperty();
     m_database.AddCustodyRow(StoredItemTypes::Property, item, m_tree.box);
     const auto room = Find(m_tree.room);
-    ExpectRefused("Delete", [&] { room->Delete(); }, inUse);
+    ExpectRefused(
+        "Delete", [&] { room->Delete(); }, inUse);
     EXPECT_FALSE(room->IsDeleted());
     EXPECT_EQ(room->SubLocations().size(), 2u);
 
     m_database.AddCustodyRow(StoredItemTypes::Property, item, m_tree.court);
-    ExpectRefused("Delete", [&] { room->Delete(); }, inUse);  // its chain of custody still names the box
-    ExpectRefused("Delete", [&] { Find(m_tree.box)->Delete(); }, inUse);
+    ExpectRefused(
+        "Delete", [&] { room->Delete(); }, inUse);  // its chain of custody still names the box
+    ExpectRefused(
+        "Delete", [&] { Find(m_tree.box)->Delete(); }, inUse);
 }
 
 TEST_F(StorageLocationOperations, ALocationThatAnotherWorkstationHasMovedIsNotDeletedFromAboveItsSublocations) {
@@ -296,17 +315,20 @@ TEST_F(StorageLocationOperations, ALocationThatAnotherWorkstationHasMovedIsNotDe
         const auto elsewhere = Find(m_tree.shelf);
         elsewhere->Move(Find(m_tree.annex));
     }
-    ExpectRefused("Delete", [&] { shelf->Delete(); },
-                  "Could not delete this location because this location (or one of its sublocations) is currently in "
-                  "use.");
+    ExpectRefused(
+        "Delete", [&] { shelf->Delete(); },
+        "Could not delete this location because this location (or one of its sublocations) is currently in "
+        "use.");
 }
 
 TEST_F(StorageLocationOperations, ARootCannotBeDeleted) {
     const auto recording = Record();
-    ExpectRefused("Delete", [&] { Root(Types::Internal)->Delete(); }, "Cannot delete this location.");
+    ExpectRefused(
+        "Delete", [&] { Root(Types::Internal)->Delete(); }, "Cannot delete this location.");
     EXPECT_TRUE(recording->Log().empty());
     const auto location = DeletedRoot();
-    ExpectRefused("Delete", [&] { location->Delete(); }, "Cannot delete this location.");
+    ExpectRefused(
+        "Delete", [&] { location->Delete(); }, "Cannot delete this location.");
 }
 
 TEST_F(StorageLocationOperations, DeletingALocationThatHasVanishedAlreadySucceeds) {
@@ -320,14 +342,22 @@ TEST_F(StorageLocationOperations, EveryLaterOperationOnADeletedLocationFails) {
     const auto annex = Find(m_tree.annex);
     annex->Delete();
     const auto recording = Record();
-    ExpectRefused("Delete", [&] { annex->Delete(); }, DeletedText);
-    ExpectRefused("Move", [&] { annex->Move(Root(Types::Other)); }, DeletedText);
-    ExpectRefused("SetEnabled", [&] { annex->SetEnabled(false); }, DeletedText);
-    ExpectRefused("Rename", [&] { annex->Rename("Vault"); }, DeletedText);
-    ExpectRefused("CreateSubLocation", [&] { annex->CreateSubLocation("Crate"); }, DeletedText);
-    ExpectRefused("SubLocations", [&] { annex->SubLocations(); }, DeletedText);
-    ExpectRefused("StoredItems", [&] { annex->StoredItems(); }, DeletedText);
-    ExpectRefused("StoredItemsCount", [&] { annex->StoredItemsCount(); }, DeletedText);
+    ExpectRefused(
+        "Delete", [&] { annex->Delete(); }, DeletedText);
+    ExpectRefused(
+        "Move", [&] { annex->Move(Root(Types::Other)); }, DeletedText);
+    ExpectRefused(
+        "SetEnabled", [&] { annex->SetEnabled(false); }, DeletedText);
+    ExpectRefused(
+        "Rename", [&] { annex->Rename("Vault"); }, DeletedText);
+    ExpectRefused(
+        "CreateSubLocation", [&] { annex->CreateSubLocation("Crate"); }, DeletedText);
+    ExpectRefused(
+        "SubLocations", [&] { annex->SubLocations(); }, DeletedText);
+    ExpectRefused(
+        "StoredItems", [&] { annex->StoredItems(); }, DeletedText);
+    ExpectRefused(
+        "StoredItemsCount", [&] { annex->StoredItemsCount(); }, DeletedText);
     EXPECT_TRUE(recording->Log().empty());
 }
 

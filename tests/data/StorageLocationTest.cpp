@@ -39,8 +39,8 @@ protected:
 // A StorageLocation element with these children; a null text leaves the child out.
 std::unique_ptr<pugi::xml_document> MakeNode(std::vector<std::pair<const char*, const char*>> changes = {}) {
     std::vector<std::pair<std::string, const char*>> cells = {
-        {"IdNo", "7"},  {"Name", "Shelf"},       {"Path", "/0/5/"},
-        {"Type", "2"},  {"ActiveFlag", "False"}, {"LastUpdated", "2026-01-02T03:04:05.000"}};
+        {"IdNo", "7"}, {"Name", "Shelf"},       {"Path", "/0/5/"},
+        {"Type", "2"}, {"ActiveFlag", "False"}, {"LastUpdated", "2026-01-02T03:04:05.000"}};
     for (const auto& [name, text] : changes)
         for (auto& cell : cells)
             if (cell.first == name) cell.second = text;
@@ -139,7 +139,8 @@ TEST_F(StorageLocationTest, SubLocationsAreTheDirectChildrenInDocumentOrder) {
 TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotTakenForOnesOwn) {
     // A child of 57 stands at /0/57/, one of 5 at /0/5/.
     int fillers = 0;
-    while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {}
+    while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {
+    }
     m_database.AddLocation("Inside 57", External, 57);
     EXPECT_TRUE(Find(5)->SubLocations().empty());
     EXPECT_EQ(Find(57)->SubLocations().size(), 1u);
@@ -197,9 +198,10 @@ TEST_F(StorageLocationTest, ARowThatComesBackIsReadAgainButTheObjectStaysDeleted
     const auto location = Find(m_annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
     location->Refresh();
-    m_database.Execute("INSERT INTO StorageLocation (IdNo, Name, Type, Path, DateEntered, LastUpdated) "
-                       "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02', '2026-01-02')",
-                       {m_annex});
+    m_database.Execute(
+        "INSERT INTO StorageLocation (IdNo, Name, Type, Path, DateEntered, LastUpdated) "
+        "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02', '2026-01-02')",
+        {m_annex});
     location->Refresh();
     EXPECT_EQ(location->Name(), "Annex again");
     EXPECT_TRUE(location->IsDeleted());

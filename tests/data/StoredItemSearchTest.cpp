@@ -23,12 +23,12 @@ protected:
         m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
         m_box = m_database.AddLocation("Box", StorageLocationTypes::Internal, m_shelf);
         m_bicycle = AddStored(testing::PropertyFields{.PropertyID = "E-1", .Description = "blue bicycle"}, m_shelf);
-        m_knife = AddStored(
-            testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
+        m_knife =
+            AddStored(testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
         m_untracked = m_database.AddProperty({.PropertyID = "E-3", .Description = "blue paint"});
         m_lost = AddStored(testing::PropertyFields{.PropertyID = "E-4", .Description = "lost"}, Null());
-        m_car = AddStored(
-            testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
+        m_car =
+            AddStored(testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
         m_parked = m_database.AddVehicle({.RegNumber = "ABC 2", .RegStateCode = "ME", .RecordTypeInd = 0});
     }
 
@@ -156,9 +156,8 @@ TEST_F(StoredItemSearchTest, AKeyThatIsNoNumberFails) {
 }
 
 TEST_F(StoredItemSearchTest, ANumberOfOneKindWinsOverTheKindAskedFor) {
-    EXPECT_EQ(
-        Run(StoredItemSearch().OfType(Property).WithNumber(NumberSearchTypes::VehiclePK, std::to_string(m_car))),
-        Found{V(m_car)});
+    EXPECT_EQ(Run(StoredItemSearch().OfType(Property).WithNumber(NumberSearchTypes::VehiclePK, std::to_string(m_car))),
+              Found{V(m_car)});
 
     StoredItemSearch reused;
     reused.WithNumber(NumberSearchTypes::VehiclePK, std::to_string(m_car)).Execute();

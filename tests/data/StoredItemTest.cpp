@@ -37,8 +37,8 @@ protected:
 
 StoredItemRef LoadRow(std::vector<std::pair<std::string, TaggedValue>> changes) {
     std::vector<std::pair<std::string, TaggedValue>> cells = {
-        {"ItemType", 1},    {"ID", 5},          {"CategoryNo", 3},  {"CurrTrackSeq", 1}, {"StorageLocNo", Null()},
-        {"DisplayID", "E"}, {"Description", ""}, {"Quantity", 2},    {"Value", 1.5},      {"Make", Null()},
+        {"ItemType", 1},    {"ID", 5},           {"CategoryNo", 3},   {"CurrTrackSeq", 1}, {"StorageLocNo", Null()},
+        {"DisplayID", "E"}, {"Description", ""}, {"Quantity", 2},     {"Value", 1.5},      {"Make", Null()},
         {"Model", Null()},  {"Serial", Null()},  {"RecordTypeInd", 1}};
     for (const auto& [name, value] : changes)
         for (auto& cell : cells)
@@ -174,8 +174,7 @@ TEST_F(StoredItemTest, RefreshTakesTheRowAgainAndForgetsTheLocation) {
         const auto item = kind == Property ? Stored(testing::PropertyFields{.Description = "old"})
                                            : Stored(testing::VehicleFields{.VehModel = "old"});
         EXPECT_EQ(item->Location()->ID(), m_shelf);
-        const int32_t other =
-            m_database.AddLocation("Other " + item->ItemTypeCode(), StorageLocationTypes::Internal);
+        const int32_t other = m_database.AddLocation("Other " + item->ItemTypeCode(), StorageLocationTypes::Internal);
         GetStorageLocationStatic().Refresh();
         m_database.AddCustodyRow(kind, item->ID(), other);
         m_database.Execute(kind == Property ? "UPDATE Property SET Description = 'new'"

@@ -46,10 +46,12 @@ TEST_F(SqliteConnectionTest, WorksWithTheLogFullSynchronisationAndForeignKeys) {
 }
 
 TEST_F(SqliteConnectionTest, ValuesComeAsTheColumnsWereDeclared) {
-    m_database.Execute("CREATE TABLE Kinds (Flag BOOLEAN, Bit BIT, Moment DATETIME, Day DATE, Whole INTEGER, Wide BIGINT, "
-                       "Fraction REAL, Amount DECIMAL(10, 2), Price MONEY, Words TEXT, Anything)");
-    m_database.Execute("INSERT INTO Kinds VALUES (1, 0, '2026-11-20T13:14:15.123', '2026-11-20', -7, 5000000000, 0.5, 3, "
-                       "12.25, '1', x'4142')");
+    m_database.Execute(
+        "CREATE TABLE Kinds (Flag BOOLEAN, Bit BIT, Moment DATETIME, Day DATE, Whole INTEGER, Wide BIGINT, "
+        "Fraction REAL, Amount DECIMAL(10, 2), Price MONEY, Words TEXT, Anything)");
+    m_database.Execute(
+        "INSERT INTO Kinds VALUES (1, 0, '2026-11-20T13:14:15.123', '2026-11-20', -7, 5000000000, 0.5, 3, "
+        "12.25, '1', x'4142')");
     const RowList rows = Query("SELECT * FROM Kinds");
     ASSERT_EQ(rows.size(), 1u);
     const Row& row = rows[0];
@@ -92,8 +94,8 @@ TEST_F(SqliteConnectionTest, TheEdgesOf32Bits) {
 }
 
 TEST_F(SqliteConnectionTest, TextsOfEveryKindComeBackByteForByte) {
-    for (const char* text : {"", "it's", "a\r\nb\tc", "\xC3\xA4\xC3\x96", "\xF0\x9F\x9A\x97", "'; DROP TABLE Setting; --",
-                             "?1 @x #y", "  blanks  "}) {
+    for (const char* text : {"", "it's", "a\r\nb\tc", "\xC3\xA4\xC3\x96", "\xF0\x9F\x9A\x97",
+                             "'; DROP TABLE Setting; --", "?1 @x #y", "  blanks  "}) {
         m_connection->Execute("DELETE FROM Setting");
         m_connection->Execute("INSERT INTO Setting (Name, Value) VALUES ('x', ?)", {text});
         EXPECT_EQ(Value("SELECT Value FROM Setting"), TaggedValue(text));
@@ -152,7 +154,8 @@ TEST_F(SqliteConnectionTest, FailuresCarryTheDatabasesWordsAndNumber) {
     EXPECT_EQ(absent.Source(), "SqliteConnection.Query");
     EXPECT_EQ(absent.Description(), "no such table: Nowhere");
 
-    const Error missing = RaisedBy([&] { m_connection->Execute("INSERT INTO AttachmentFolder (FolderNo) VALUES (1)"); });
+    const Error missing =
+        RaisedBy([&] { m_connection->Execute("INSERT INTO AttachmentFolder (FolderNo) VALUES (1)"); });
     EXPECT_NE(missing.Number(), ErrorNumber::IntegrityViolation);
     EXPECT_NE(missing.Number(), 0);
     EXPECT_TRUE(m_connection->IsHealthy());
@@ -175,7 +178,8 @@ TEST_F(SqliteConnectionTest, AQueryStopsWhenTheReceiverHasEnough) {
 TEST_F(SqliteConnectionTest, AFailingReceiverLeavesTheConnectionInOrder) {
     const std::string sql = "SELECT Name FROM Setting";
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
-    EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(), 457);
+    EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(),
+              457);
     EXPECT_EQ(Value(sql), TaggedValue("x"));
     m_connection->Execute("DELETE FROM Setting");
     EXPECT_TRUE(Value(sql).IsEmpty());
@@ -214,7 +218,8 @@ TEST_F(SqliteConnectionTest, RowsThatAreKeptDoNotChangeWithTheNextOne) {
 }
 
 TEST_F(SqliteConnectionTest, DescribesTheColumnsOfATable) {
-    m_database.Execute("CREATE TABLE Kinds (Flag BOOLEAN, Moment DATETIME, Whole INT, Amount MONEY, Words NVARCHAR(5))");
+    m_database.Execute(
+        "CREATE TABLE Kinds (Flag BOOLEAN, Moment DATETIME, Whole INT, Amount MONEY, Words NVARCHAR(5))");
     const auto columns = m_connection->DescribeTable("kinds");
     ASSERT_EQ(columns.size(), 5u);
     EXPECT_EQ(columns[0].name, "Flag");
@@ -268,7 +273,8 @@ TEST_F(SqliteConnectionTest, ALiteralWhereNoParameterMayStandStillWorksInABatch)
 
 TEST_F(SqliteConnectionTest, AFailingStatementInABatchNamesItsOwnFault) {
     m_connection->Begin();
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute("UPDATE Nowhere SET A = 1"); }).Description(), "no such table: Nowhere");
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute("UPDATE Nowhere SET A = 1"); }).Description(),
+              "no such table: Nowhere");
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     EXPECT_EQ(RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')"); }).Number(),
               ErrorNumber::IntegrityViolation);

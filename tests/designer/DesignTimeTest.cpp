@@ -1,13 +1,13 @@
-#include "host/HostServices.h"
 #include "database/Connection.h"
+#include "host/HostServices.h"
 #include "tests/designer/ControlLoader.h"
 #include "tests/support/ModelTest.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/RelatedIncidentStrip.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
+#include "ui/platform/Guard.h"
 
 #include <QDirIterator>
 #include <QRegularExpression>

@@ -1,8 +1,8 @@
 #include "base/Error.h"
 #include "base/Text.h"
+#include "database/SqliteEngine.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "database/SqliteEngine.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
@@ -20,15 +20,19 @@ using Statements = std::vector<std::string>;
 
 // The batch of a transfer, word for word as the model composes it.
 Statements Transfer(const std::vector<std::pair<std::string, int>>& items, int location, const std::string& note = "") {
-    Statements statements = {"CREATE TABLE #NextSeqNo (Value INT NOT NULL)", "INSERT INTO #NextSeqNo (Value) VALUES (0)"};
+    Statements statements = {"CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
+                             "INSERT INTO #NextSeqNo (Value) VALUES (0)"};
     for (const auto& [table, id] : items) {
-        const auto add = [&, kind = table](const std::string& text) { statements.push_back(Replace(text, "{0}", kind)); };
+        const auto add = [&, kind = table](const std::string& text) {
+            statements.push_back(Replace(text, "{0}", kind));
+        };
         const std::string key = std::to_string(id);
         add("DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM {0}Tracking WHERE {0}No=" + key +
             " GROUP BY {0}No;UPDATE #NextSeqNo SET VALUE = COALESCE(@NextSeqNo, 1)");
         add("INSERT INTO {0}Tracking ({0}No,SeqNo,ReceivedBy,ReceivedFrom,DateReceived,CustodyReasonNo,StorageLocNo,"
-            "LastUpdated) VALUES (" + key + ",(SELECT Value FROM #NextSeqNo),NULL,5,'2026-11-20T13:14:00.000',3," +
-            std::to_string(location) + ",'2026-11-20T13:14:15.123')");
+            "LastUpdated) VALUES (" +
+            key + ",(SELECT Value FROM #NextSeqNo),NULL,5,'2026-11-20T13:14:00.000',3," + std::to_string(location) +
+            ",'2026-11-20T13:14:15.123')");
         add("UPDATE {0} SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE {0}No=" + key);
         if (!note.empty())
             add("UPDATE {0} SET HasFinalDisposition=1,DisposalNote=" + GetHostDatabase().PrepareText(note) +
@@ -203,7 +207,9 @@ TEST_F(ExecuteBatchTest, AFailingStatementInTheMiddleLeavesNothingOfTheBatch) {
 TEST_F(ExecuteBatchTest, AFailureEndsInARollbackAndInNothingElse) {
     const auto recorder = std::make_shared<RecordingEngine>(m_database.GetEngine());
     m_database.Install(recorder);
-    RaisedBy([] { GetHostDatabase().ExecuteBatch({"UPDATE Setting SET Value='x'", "UPDATE Nowhere SET A=1", "SELECT 1"}); });
+    RaisedBy([] {
+        GetHostDatabase().ExecuteBatch({"UPDATE Setting SET Value='x'", "UPDATE Nowhere SET A=1", "SELECT 1"});
+    });
     EXPECT_EQ(recorder->Log(),
               (Statements{"BEGIN", "UPDATE Setting SET Value='x'", "UPDATE Nowhere SET A=1", "ROLLBACK"}));
 }

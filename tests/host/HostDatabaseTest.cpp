@@ -20,9 +20,9 @@ namespace {
 using Type = StorageLocationTypes;
 
 // Texts with everything that LIKE, a literal or a pattern knows.
-const std::vector<std::string> oddTexts = {"50% off",   "a_b",      "[box]",  "x]y",     "C:\\shelf", "it's",
-                                           "two * three", "plain",    "50 off", "axb",     "b",         "%",
-                                           "_",         "\\",       "''",     "\\%_[]*'", "ab\\",      "\xC3\xA4\xC3\xB6"};
+const std::vector<std::string> oddTexts = {
+    "50% off", "a_b", "[box]", "x]y", "C:\\shelf", "it's", "two * three", "plain", "50 off",
+    "axb",     "b",   "%",     "_",   "\\",        "''",   "\\%_[]*'",    "ab\\",  "\xC3\xA4\xC3\xB6"};
 
 class HostDatabaseTest : public ::testing::Test {
 protected:
@@ -50,7 +50,8 @@ protected:
 
 std::string LocationDocument(const std::string& name, const std::string& flag = "True") {
     return "<StorageLocation><Name isPersistable='1'>" + name +
-           "</Name><Type isPersistable='1'>2</Type><Path isPersistable='1'>/0/</Path><ActiveFlag isPersistable='1'>" + flag +
+           "</Name><Type isPersistable='1'>2</Type><Path isPersistable='1'>/0/</Path><ActiveFlag isPersistable='1'>" +
+           flag +
            "</ActiveFlag><DateEntered isPersistable='1'>2026-11-20T13:14:15.123</DateEntered><LastUpdated "
            "isPersistable='1'>2026-11-20 13:14:15.123</LastUpdated></StorageLocation>";
 }
@@ -110,7 +111,8 @@ TEST_F(HostDatabaseTest, ParametersGoInByTheirMarkers) {
     const int32_t id = m_database.AddLocation("Shelf", Type::Internal);
     m_host.ExecuteWithParameters("UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?", {false, id});
     EXPECT_EQ(m_host.QueryRow("SELECT ActiveFlag FROM StorageLocation")->At(0), TaggedValue(false));
-    EXPECT_EQ(m_database.QueryValue("SELECT typeof(ActiveFlag) || ActiveFlag FROM StorageLocation"), TaggedValue("integer0"));
+    EXPECT_EQ(m_database.QueryValue("SELECT typeof(ActiveFlag) || ActiveFlag FROM StorageLocation"),
+              TaggedValue("integer0"));
 }
 
 TEST_F(HostDatabaseTest, EveryViolatedConstraintThatCallersTestForHasTheOneNumber) {
@@ -139,7 +141,8 @@ TEST_F(HostDatabaseTest, AnInsertedRowGetsItsValuesByTheColumnsKind) {
 }
 
 TEST_F(HostDatabaseTest, TextsOfARowDocumentArriveAsTheyStand) {
-    for (const char* text : {"a &amp; b", "it's", "  blanks  ", "&lt;b&gt;x&lt;/b&gt;", "{0}; DROP TABLE Setting", "?"}) {
+    for (const char* text :
+         {"a &amp; b", "it's", "  blanks  ", "&lt;b&gt;x&lt;/b&gt;", "{0}; DROP TABLE Setting", "?"}) {
         const int32_t id = Insert("StorageLocation", "IdNo", LocationDocument(text));
         pugi::xml_document expected;
         expected.load_string((std::string("<a>") + text + "</a>").c_str(), pugi::parse_default | pugi::parse_ws_pcdata);
@@ -152,8 +155,9 @@ TEST_F(HostDatabaseTest, TheIdentityOfAnInsertedRowIsReturned) {
     EXPECT_EQ(Insert("StorageLocation", "IdNo", LocationDocument("a")), 1);
     EXPECT_EQ(Insert("StorageLocation", "IdNo", LocationDocument("b", "False")), 2);
     m_database.Execute("INSERT INTO Property (PropertyNo) VALUES (6)");
-    EXPECT_EQ(Insert("Property", "PropertyNo", "<Property><Description isPersistable='1'>a bicycle</Description></Property>"),
-              7);
+    EXPECT_EQ(
+        Insert("Property", "PropertyNo", "<Property><Description isPersistable='1'>a bicycle</Description></Property>"),
+        7);
     EXPECT_EQ(Insert("Property", "PropertyNo", "<Property/>"), 8);
 }
 
@@ -170,10 +174,13 @@ TEST_F(HostDatabaseTest, AValueThatDoesNotFitItsColumnIsRefusedBeforeItIsWritten
     EXPECT_EQ(RaisedBy([&] { Insert("StorageLocation", "IdNo", LocationDocument("a", "perhaps")); }).Number(), 13);
     EXPECT_EQ(RaisedBy([&] {
                   Insert("Property", "PropertyNo", "<Property><Quantity isPersistable='1'>some</Quantity></Property>");
-              }).Number(), 13);
+              }).Number(),
+              13);
     EXPECT_EQ(RaisedBy([&] {
-                  Insert("Property", "PropertyNo", "<Property><CategoryNo isPersistable='1'>9999999999</CategoryNo></Property>");
-              }).Number(), 6);
+                  Insert("Property", "PropertyNo",
+                         "<Property><CategoryNo isPersistable='1'>9999999999</CategoryNo></Property>");
+              }).Number(),
+              6);
     EXPECT_EQ(m_database.QueryValue("SELECT COUNT(*) FROM StorageLocation"), TaggedValue(0));
     EXPECT_EQ(m_database.QueryValue("SELECT COUNT(*) FROM Property"), TaggedValue(0));
 }
@@ -190,7 +197,8 @@ TEST_F(HostDatabaseTest, NulIsRefusedInEveryText) {
     const std::string text("a\0b", 3);
     EXPECT_EQ(RaisedBy([&] { m_host.PrepareText(text); }).Number(), 5);
     EXPECT_EQ(RaisedBy([&] { m_host.PrepareLike(text); }).Number(), 5);
-    EXPECT_EQ(RaisedBy([&] { m_host.ExecuteWithParameters("INSERT INTO Setting (Name) VALUES (?)", {text}); }).Number(), 5);
+    EXPECT_EQ(RaisedBy([&] { m_host.ExecuteWithParameters("INSERT INTO Setting (Name) VALUES (?)", {text}); }).Number(),
+              5);
     EXPECT_EQ(RaisedBy([&] { m_host.Execute("INSERT INTO Setting (Name) VALUES ('" + text + "')"); }).Number(), 5);
     EXPECT_EQ(m_database.QueryValue("SELECT COUNT(*) FROM Setting"), TaggedValue(0));
 }
@@ -199,7 +207,8 @@ TEST_F(HostDatabaseTest, APatternFindsExactlyTheTextsThatItMeans) {
     for (const std::string& text : oddTexts) m_database.AddSetting("x" + text + "z", text);
     for (const std::string& text : oddTexts) {
         if (text.find('*') != std::string::npos) continue;
-        EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike(text)), std::vector<std::string>{"x" + text + "z"}) << text;
+        EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike(text)), std::vector<std::string>{"x" + text + "z"})
+            << text;
         std::vector<std::string> containing;
         for (const std::string& other : oddTexts)
             if (other.find(text) != std::string::npos) containing.push_back("x" + other + "z");
@@ -214,7 +223,8 @@ TEST_F(HostDatabaseTest, APatternFindsExactlyTheTextsThatItMeans) {
 TEST_F(HostDatabaseTest, AnAsteriskStandsForAnyRunOfCharacters) {
     for (const char* text : {"", "a", "abc", "a*c"}) m_database.AddSetting(std::string("n") + text, text);
     m_database.Execute("INSERT INTO Setting (Name) VALUES ('null')");
-    EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike("*")), (std::vector<std::string>{"n", "na", "na*c", "nabc"}));
+    EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike("*")),
+              (std::vector<std::string>{"n", "na", "na*c", "nabc"}));
     EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike("a*c")), (std::vector<std::string>{"na*c", "nabc"}));
     EXPECT_EQ(NamesWhere("Value LIKE " + m_host.PrepareLike("A*")).size(), 3u);
 }

@@ -61,8 +61,7 @@ TEST(HostServicesFiles, WithoutFilesASentenceSaysSo) {
               "The host has named no place for its files.");
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Thumbnails(); }).Description(),
               "The host has named no place for attachments.");
-    EXPECT_EQ(RaisedBy([] { HostServices::Current().Printer(); }).Description(),
-              "No label printer has been chosen.");
+    EXPECT_EQ(RaisedBy([] { HostServices::Current().Printer(); }).Description(), "No label printer has been chosen.");
 }
 
 }  // namespace

@@ -152,7 +152,8 @@ TEST_F(BarcodeListenerTest, SystemMessagesCountLikeTheOthers) {
 
 TEST_F(BarcodeListenerTest, MessagesOfOtherNumbersPassUntouched) {
     Type(stx);
-    for (const uint32_t number : {0x0FFu, Number::DeadChar, 0x107u, 0x201u, 0xFFFFFFFFu}) EXPECT_TRUE(Passes(number, stx));
+    for (const uint32_t number : {0x0FFu, Number::DeadChar, 0x107u, 0x201u, 0xFFFFFFFFu})
+        EXPECT_TRUE(Passes(number, stx));
     EXPECT_EQ(m_listener->Buffer(), "");
 }
 

@@ -41,8 +41,13 @@ TEST(BarcodeSymbol, DifferentTextsHaveDifferentSymbols) {
 
 TEST(BarcodeSymbol, WhatASymbolCantHoldIsRefusedWithASentence) {
     EXPECT_EQ(RaisedBy([] { EncodeCode128(""); }).Description(), "A barcode needs a text.");
-    EXPECT_EQ(RaisedBy([] { EncodeCode128("\x02Stra\xC3\x9F" "e\x03"); }).Description(),
-              "The text 'Stra\xC3\x9F" "e' has a character that a barcode can't hold.");
+    EXPECT_EQ(RaisedBy([] {
+                  EncodeCode128(
+                      "\x02Stra\xC3\x9F"
+                      "e\x03");
+              }).Description(),
+              "The text 'Stra\xC3\x9F"
+              "e' has a character that a barcode can't hold.");
     const Error tooLong = RaisedBy([] { EncodeCode128(std::string(400, 'x')); });
     EXPECT_EQ(tooLong.Number(), ErrorNumber::General);
     EXPECT_NE(tooLong.Description().find("can't be written as a barcode"), std::string::npos) << tooLong.Description();

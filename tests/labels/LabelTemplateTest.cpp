@@ -18,12 +18,15 @@ using ::testing::StartsWith;
 
 const std::string barcode = "\x02P0000000012\x03";
 
-std::string Svg(const std::string& content, const std::string& attributes = "width='100mm' height='50mm' "
-                                                                           "viewBox='0 0 100 50'") {
+std::string Svg(const std::string& content, const std::string& attributes =
+                                                "width='100mm' height='50mm' "
+                                                "viewBox='0 0 100 50'") {
     return "<svg xmlns='http://www.w3.org/2000/svg' " + attributes + ">" + content + "</svg>";
 }
 
-FilledLabel Fill(const std::string& svg, const LabelTemplate::Fields& fields) { return LabelTemplate(svg).Fill(fields); }
+FilledLabel Fill(const std::string& svg, const LabelTemplate::Fields& fields) {
+    return LabelTemplate(svg).Fill(fields);
+}
 
 std::string RefusalOf(const std::string& svg, const LabelTemplate::Fields& fields = {{"name", "x"}}) {
     const Error error = RaisedBy([&] { Fill(svg, fields); });
@@ -56,10 +59,10 @@ TEST(LabelTemplate, ARectangleTakesTheBarcode) {
 }
 
 TEST(LabelTemplate, ATextTakesItsTextAndKeepsItsStyle) {
-    const FilledLabel label = Fill(
-        Svg("<g font-family=\"'Some Face', sans-serif\" style='font-weight:bold'><text id='name' x='50' y='10' "
-            "font-size='5' text-anchor='middle' style='fill:#123456;font-style:italic'>sample</text></g>"),
-        {{"name", "<b>a & b</b>"}});
+    const FilledLabel label =
+        Fill(Svg("<g font-family=\"'Some Face', sans-serif\" style='font-weight:bold'><text id='name' x='50' y='10' "
+                 "font-size='5' text-anchor='middle' style='fill:#123456;font-style:italic'>sample</text></g>"),
+             {{"name", "<b>a & b</b>"}});
     ASSERT_EQ(label.texts.size(), 1u);
     const LabelText& text = label.texts[0];
     EXPECT_EQ(text.text, "<b>a & b</b>");
@@ -162,17 +165,18 @@ TEST(LabelTemplate, GroupsMoveAndScaleTheirFields) {
 }
 
 TEST(LabelTemplate, FieldsMayBeTurnedByQuarters) {
-    const FilledLabel label = Fill(Svg("<rect id='barcode' width='40' height='10' transform='translate(60,2) rotate(90)'/>"
-                                       "<text id='name' transform='translate(8,45) rotate(-90)' font-size='4'/>"),
-                                   {{"barcode", barcode}, {"name", "x"}});
+    const FilledLabel label =
+        Fill(Svg("<rect id='barcode' width='40' height='10' transform='translate(60,2) rotate(90)'/>"
+                 "<text id='name' transform='translate(8,45) rotate(-90)' font-size='4'/>"),
+             {{"barcode", barcode}, {"name", "x"}});
     ExpectBox(label.barcodes[0].place, {50, 2, 10, 40}, 1);
     ExpectBox(label.texts[0].place, {8 - 3.8, 1.5, 5, 43.5}, 3);
 }
 
 TEST(LabelTemplate, TheDrawingStandsInTheMiddleOfASheetOfOtherProportions) {
-    const FilledLabel label =
-        Fill(Svg("<rect id='barcode' x='0' y='0' width='10' height='10'/>", "width='100mm' height='50mm' viewBox='0 0 10 10'"),
-             {{"barcode", barcode}});
+    const FilledLabel label = Fill(Svg("<rect id='barcode' x='0' y='0' width='10' height='10'/>",
+                                       "width='100mm' height='50mm' viewBox='0 0 10 10'"),
+                                   {{"barcode", barcode}});
     ExpectBox(label.barcodes[0].place, {25, 0, 50, 50});
 }
 
@@ -210,9 +214,11 @@ TEST(LabelTemplate, FieldsWithinFieldsAreNoTrouble) {
 }
 
 TEST(LabelTemplate, OtherEncodingsAreReadAsTheyAreDeclared) {
-    const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" +
-                              Svg("<text id='name' x='5' y='9' font-size='4'/><text>Stra\xDF" "e</text>");
-    EXPECT_THAT(Fill(latin, {{"name", "x"}}).drawing, HasSubstr("Stra\xC3\x9F" "e"));
+    const std::string latin =
+        "<?xml version='1.0' encoding='ISO-8859-1'?>" + Svg("<text id='name' x='5' y='9' font-size='4'/><text>Stra\xDF"
+                                                            "e</text>");
+    EXPECT_THAT(Fill(latin, {{"name", "x"}}).drawing, HasSubstr("Stra\xC3\x9F"
+                                                                "e"));
     EXPECT_THAT(Fill("\xEF\xBB\xBF" + Svg("<text id='name' x='5' y='9' font-size='4'/>"), {{"name", "x"}}).drawing,
                 HasSubstr("svg"));
 }
@@ -225,8 +231,7 @@ TEST(LabelTemplateRefuses, WhatIsNoDrawing) {
 }
 
 TEST(LabelTemplateRefuses, ADrawingWithoutASize) {
-    EXPECT_EQ(RefusalOf("<svg/>"),
-              "The label template has no width: give the drawing one in millimetres or inches.");
+    EXPECT_EQ(RefusalOf("<svg/>"), "The label template has no width: give the drawing one in millimetres or inches.");
     EXPECT_EQ(RefusalOf("<svg width='100mm' height='100%'/>"),
               "The label template has no height: give the drawing one in millimetres or inches.");
     EXPECT_EQ(RefusalOf("<svg width='2mm' height='50mm'/>"), "The label template has a width that no label has.");

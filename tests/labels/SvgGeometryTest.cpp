@@ -65,8 +65,8 @@ TEST(SvgTransform, WhatIsSlantedMirroredOrStretchedIsNoQuarterTurn) {
 }
 
 TEST(SvgTransform, WhatCantBeReadIsNone) {
-    for (const char* text : {"rotate", "rotate(", "rotate()", "rotate(1 2)", "turn(90)", "matrix(1 2 3)", ")(", "scale(a)",
-                             "translate(1,2,3)", "scale(2) nonsense"})
+    for (const char* text : {"rotate", "rotate(", "rotate()", "rotate(1 2)", "turn(90)", "matrix(1 2 3)", ")(",
+                             "scale(a)", "translate(1,2,3)", "scale(2) nonsense"})
         EXPECT_FALSE(ParseTransform(text)) << text;
 }
 

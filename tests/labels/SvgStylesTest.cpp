@@ -24,8 +24,9 @@ protected:
 };
 
 TEST_F(SvgStyles, TheStyleComesBeforeTheAttributeAndTheElementBeforeThoseAroundIt) {
-    const std::string drawing = "<g fill='red' style='font-size: 12px ;stroke:none' font-weight='700'>"
-                                "<text fill='blue' style='fill:green' font-size='inherit'/></g>";
+    const std::string drawing =
+        "<g fill='red' style='font-size: 12px ;stroke:none' font-weight='700'>"
+        "<text fill='blue' style='fill:green' font-size='inherit'/></g>";
     EXPECT_EQ(Of(drawing, "fill"), "green");
     EXPECT_EQ(Of(drawing, "font-size"), "12px");
     EXPECT_EQ(Of(drawing, "font-weight"), "700");

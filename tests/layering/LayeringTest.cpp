@@ -17,12 +17,36 @@ namespace {
 namespace fs = std::filesystem;
 
 // The layers, lowest first. A folder includes only from itself and from lower layers.
-const std::vector<std::string> Layers = {
-    "base",        "input",        "sql",           "sql/tsql",  "sql/query",   "labels",       "database/schema",
-    "database",    "host",         "access",        "data",      "core",        "ui/platform",  "ui/style",
-    "ui/controls", "ui/accessibility", "ui/printing", "ui/common", "ui/locations", "ui/explorer", "ui/items",
-    "ui/shell",    "component",    "demo/sample",   "demo/tour", "demo/gallery", "app/common",  "app/records",
-    "app/scanner", "app"};
+const std::vector<std::string> Layers = {"base",
+                                         "input",
+                                         "sql",
+                                         "sql/tsql",
+                                         "sql/query",
+                                         "labels",
+                                         "database/schema",
+                                         "database",
+                                         "host",
+                                         "access",
+                                         "data",
+                                         "core",
+                                         "ui/platform",
+                                         "ui/style",
+                                         "ui/controls",
+                                         "ui/accessibility",
+                                         "ui/printing",
+                                         "ui/common",
+                                         "ui/locations",
+                                         "ui/explorer",
+                                         "ui/items",
+                                         "ui/shell",
+                                         "component",
+                                         "demo/sample",
+                                         "demo/tour",
+                                         "demo/gallery",
+                                         "app/common",
+                                         "app/records",
+                                         "app/scanner",
+                                         "app"};
 
 // Folders that may include less than all lower layers: what they may include.
 const std::map<std::string, std::vector<std::string>> Narrow = {
@@ -68,7 +92,8 @@ SourceFile ReadIncludes(std::istream& text) {
 SourceTree ReadProject() {
     const fs::path root = QUELLBROOK_SOURCE_DIR;
     SourceTree tree;
-    for (const char* top : {"access", "app", "base", "component", "core", "data", "database", "demo", "host", "input", "labels", "sql", "ui"}) {
+    for (const char* top : {"access", "app", "base", "component", "core", "data", "database", "demo", "host", "input",
+                            "labels", "sql", "ui"}) {
         if (!fs::exists(root / top)) continue;
         for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
             const std::string extension = entry.path().extension().string();
@@ -280,8 +305,9 @@ TEST(LayeringRules, ToolkitHeadersAreFoundBelowTheViewsOnly) {
                 {"input/BarcodeListener.h", "#include \"QObject\"\n"},
                 {"sql/query/QueryNodes.h", "#include \"sql/query/QueryFactory.h\"\n"},
                 {"ui/controls/View.h", "#include <QWidget>\n"}});
-    EXPECT_EQ(Lines(ToolkitHeaders(tree)), "core/Actions.cpp includes QString\ncore/Actions.cpp includes QtWidgets\n"
-                                           "input/BarcodeListener.h includes QObject\n");
+    EXPECT_EQ(Lines(ToolkitHeaders(tree)),
+              "core/Actions.cpp includes QString\ncore/Actions.cpp includes QtWidgets\n"
+              "input/BarcodeListener.h includes QObject\n");
 }
 
 TEST(LayeringRules, FaultsAreNamedWithBothFiles) {

@@ -17,16 +17,17 @@ class FakeSession : public HostSession {
 public:
     std::string username = "jdoe";
     std::string agencyName = "Harbour Police";
-    bool grantsAll = true;                                // until GrantNothing
-    std::set<std::pair<std::string, int16_t>> rights;     // counts while grantsAll is false
-    std::set<std::pair<std::string, int16_t>> revoked;    // counts always
-    int questions = 0;                                    // calls of HasPermission
+    bool grantsAll = true;                              // until GrantNothing
+    std::set<std::pair<std::string, int16_t>> rights;   // counts while grantsAll is false
+    std::set<std::pair<std::string, int16_t>> revoked;  // counts always
+    int questions = 0;                                  // calls of HasPermission
 
     std::string Username() const override { return username; }
     std::string AgencyName() const override { return agencyName; }
 
     void Login(const std::string& user, const std::string& password, const std::string&) override {
-        if (password != "right") Raise(ErrorNumber::General, "FakeSession.Login", "The user name or password is wrong.");
+        if (password != "right")
+            Raise(ErrorNumber::General, "FakeSession.Login", "The user name or password is wrong.");
         username = user;
     }
 

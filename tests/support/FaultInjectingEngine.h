@@ -20,8 +20,8 @@ public:
     void FailAtBegin(Error error);
     // The nth statement from now, 1 the next one; queries and executed texts count alike. It is not carried out.
     void FailAtStatement(int n, Error error);
-    void FailAtCommit(Error error);       // nothing is committed
-    void FailAfterCommit(Error error);    // committed all the same: the answer was lost
+    void FailAtCommit(Error error);     // nothing is committed
+    void FailAfterCommit(Error error);  // committed all the same: the answer was lost
     void Disarm();
 
     bool HasStruck() const { return m_state->struck; }

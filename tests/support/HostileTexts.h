@@ -34,10 +34,14 @@ inline const std::vector<HostileText>& HostileTexts() {
         {"a tab", "left\tright"},
         {"blanks at both ends", "  Box  "},
         {"control characters", "\x01\x02\x1b[31m\x7f"},
-        {"accents", "\xC3\x9C" "bergabe \xC3\xA9t\xC3\xA9 \xD0\xA1\xD0\xBA\xD0\xBB\xD0\xB0\xD0\xB4"},
+        {"accents",
+         "\xC3\x9C"
+         "bergabe \xC3\xA9t\xC3\xA9 \xD0\xA1\xD0\xBA\xD0\xBB\xD0\xB0\xD0\xB4"},
         {"combining characters", "e\xCC\x81"},
         {"characters outside the basic plane", "\xF0\x9F\x9A\x97 \xF0\x9D\x95\x8A \xF0\xA0\x80\x80"},
-        {"text from right to left", "\xD9\x85\xD8\xAE\xD8\xB2\xD9\x86 \xE2\x80\xAE" "abc"},
+        {"text from right to left",
+         "\xD9\x85\xD8\xAE\xD8\xB2\xD9\x86 \xE2\x80\xAE"
+         "abc"},
         {"the word NULL", "NULL"},
         {"10,000 characters", std::string(10000, 'x')},
         {"10,000 quotes", std::string(10000, '\'')},

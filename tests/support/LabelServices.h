@@ -66,8 +66,10 @@ public:
 
     // The symbol in the first row, a text in each of the others.
     static std::string TemplateOf(const std::vector<std::string>& texts, const std::string& barcode) {
-        std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='100mm' height='60mm' viewBox='0 0 100 60'>"
-                          "<rect id='" + barcode + "' x='0' y='0' width='100' height='10'/>";
+        std::string svg =
+            "<svg xmlns='http://www.w3.org/2000/svg' width='100mm' height='60mm' viewBox='0 0 100 60'>"
+            "<rect id='" +
+            barcode + "' x='0' y='0' width='100' height='10'/>";
         int top = 0;
         for (const std::string& name : texts) {
             top += 10;

@@ -26,9 +26,10 @@ struct LocationTree {
 
     // "Name Type Path" as the database holds them; empty when the row is gone.
     std::string Row(int32_t id) const {
-        return ToTextOrEmpty(m_database.QueryValue("SELECT Name || ' ' || Type || ' ' || Path FROM StorageLocation "
-                                                   "WHERE IdNo = " +
-                                                   std::to_string(id)));
+        return ToTextOrEmpty(
+            m_database.QueryValue("SELECT Name || ' ' || Type || ' ' || Path FROM StorageLocation "
+                                  "WHERE IdNo = " +
+                                  std::to_string(id)));
     }
     std::string Cell(int32_t id, const std::string& column) const {
         return ToTextOrEmpty(

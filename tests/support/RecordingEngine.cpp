@@ -9,7 +9,8 @@ using Parameters = std::vector<std::vector<TaggedValue>>;
 
 class RecordingConnection : public Connection {
 public:
-    RecordingConnection(std::unique_ptr<Connection> inner, std::shared_ptr<Log> log, std::shared_ptr<Parameters> parameters)
+    RecordingConnection(std::unique_ptr<Connection> inner, std::shared_ptr<Log> log,
+                        std::shared_ptr<Parameters> parameters)
         : m_inner(std::move(inner)), m_log(std::move(log)), m_parameters(std::move(parameters)) {}
 
     void Query(const std::string& sql, const RowReceiver& receiver) override {

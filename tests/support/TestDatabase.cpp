@@ -2,18 +2,18 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "host/HostServices.h"
 #include "database/SqliteEngine.h"
 #include "database/schema/SqliteSchema.h"
+#include "host/HostServices.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <unistd.h>
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <unistd.h>
 
 namespace quellbrook::testing {
 
@@ -114,8 +114,8 @@ int32_t TestDatabase::AddLocation(const std::string& name, StorageLocationTypes 
     const DateTime moment = DateTime::FromParts({2026, 1, 1, 8, 0, 0, 0});
     std::string path = "/0/";
     if (parentId != 0)
-        path = ToText(QueryValue("SELECT Path || IdNo || '/' FROM StorageLocation WHERE IdNo = " +
-                                 std::to_string(parentId)));
+        path = ToText(
+            QueryValue("SELECT Path || IdNo || '/' FROM StorageLocation WHERE IdNo = " + std::to_string(parentId)));
     return Insert("StorageLocation", {{"Name", name},
                                       {"Type", static_cast<int32_t>(type)},
                                       {"Path", path},
@@ -197,13 +197,12 @@ void TestDatabase::AddAttachment(StoredItemTypes kind, int32_t item, const std::
                                  const std::string& fileName) {
     const int32_t folder = Insert("AttachmentFolder", {{"Path", path}});
     const int32_t ownerKind = kind == StoredItemTypes::Property ? 6 : 7;
-    const int32_t sequence = ToInt32(QueryValue("SELECT COALESCE(MAX(SeqNo), 0) + 1 FROM AttachmentIndex WHERE IdNo = " +
-                                                std::to_string(item) + " AND ObjTypeInd = " + std::to_string(ownerKind)));
-    Insert("AttachmentIndex", {{"IdNo", item},
-                               {"ObjTypeInd", ownerKind},
-                               {"SeqNo", sequence},
-                               {"FolderNo", folder},
-                               {"FileName", fileName}});
+    const int32_t sequence = ToInt32(
+        QueryValue("SELECT COALESCE(MAX(SeqNo), 0) + 1 FROM AttachmentIndex WHERE IdNo = " + std::to_string(item) +
+                   " AND ObjTypeInd = " + std::to_string(ownerKind)));
+    Insert(
+        "AttachmentIndex",
+        {{"IdNo", item}, {"ObjTypeInd", ownerKind}, {"SeqNo", sequence}, {"FolderNo", folder}, {"FileName", fileName}});
     Execute("UPDATE " + std::string(ItemTable(kind)) + " SET CurrImageSeq = ? WHERE " + KeyColumn(kind) + " = ?",
             {sequence, item});
 }

@@ -2,8 +2,8 @@
 
 #include "base/DateTime.h"
 #include "data/Types.h"
-#include "sql/Row.h"
 #include "database/Connection.h"
+#include "sql/Row.h"
 
 #include <cstdint>
 #include <memory>
@@ -74,7 +74,8 @@ public:
     int32_t AddIncident(const TaggedValue& incidentId, const TaggedValue& caseNumber = Null(), bool secured = false);
     void LinkIncident(StoredItemTypes kind, int32_t item, int32_t incidentNo);
     void AddCode(int16_t table, int32_t code, const std::string& name);  // the description is the same text
-    void AddCode(int16_t table, int32_t code, const TaggedValue& name, const TaggedValue& description, bool active = true);
+    void AddCode(int16_t table, int32_t code, const TaggedValue& name, const TaggedValue& description,
+                 bool active = true);
     void AddPerson(int32_t personNo, const std::string& displayName, bool active = true);
     void AddSetting(const std::string& name, const std::string& value);
     // The attachment in folder path, as the item's main one.

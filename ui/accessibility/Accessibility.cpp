@@ -1,10 +1,10 @@
 #include "ui/accessibility/Accessibility.h"
 
-#include "ui/controls/DropdownBox.h"
 #include "ui/accessibility/DropdownBoxAccessible.h"
+#include "ui/accessibility/FlatTabsAccessible.h"
+#include "ui/controls/DropdownBox.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatTabs.h"
-#include "ui/accessibility/FlatTabsAccessible.h"
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
@@ -32,7 +32,8 @@ public:
     // Not at once: the assistive tool waits for the end of this call, and a click may open a dialog.
     void doAction(const QString& name) override {
         if (name == pressAction())
-            QMetaObject::invokeMethod(m_control, [control = m_control] { control->Click(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                m_control, [control = m_control] { control->Click(); }, Qt::QueuedConnection);
         else
             QAccessibleWidget::doAction(name);
     }

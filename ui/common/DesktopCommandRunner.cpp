@@ -14,7 +14,8 @@ namespace {
 void OpenAddress(const std::string& commandLine) {
     const std::string address = AddressInCommand(commandLine);
     if (address.empty())
-        Raise(ErrorNumber::General, "DesktopCommandRunner.Run", "There is no address in the command \"" + commandLine + "\".");
+        Raise(ErrorNumber::General, "DesktopCommandRunner.Run",
+              "There is no address in the command \"" + commandLine + "\".");
     if (!QDesktopServices::openUrl(QUrl(ToQString(address))))
         Raise(ErrorNumber::General, "DesktopCommandRunner.Run", "This workstation has no program that opens records.");
 }

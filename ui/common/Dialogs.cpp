@@ -19,7 +19,8 @@ QRect OnScreen(const QWidget& window) {
 // Centred over the parent; moved aside only where that would leave both the parent and the screen.
 QPoint PlaceOver(const QWidget& parent, const QSize& form) {
     const QRect over = OnScreen(parent);
-    const QPoint centered(over.left() + over.width() / 2 - form.width() / 2, over.top() + over.height() / 2 - form.height() / 2);
+    const QPoint centered(over.left() + over.width() / 2 - form.width() / 2,
+                          over.top() + over.height() / 2 - form.height() / 2);
     const QRect room = parent.screen()->availableGeometry().united(over);
     return QPoint(std::max(room.left(), std::min(centered.x(), room.right() + 1 - form.width())),
                   std::max(room.top(), std::min(centered.y(), room.bottom() + 1 - form.height())));

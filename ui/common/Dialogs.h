@@ -21,8 +21,8 @@ private:
     QPointer<QWidget> m_window;
 };
 
-// A top-level form of the module, counted as long as it lives (Screen::OpenFormCount). Load() runs once, before anything
-// asks for its size.
+// A top-level form of the module, counted as long as it lives (Screen::OpenFormCount). Load() runs once, before
+// anything asks for its size.
 class ModuleForm : public QDialog {
     Q_OBJECT
 

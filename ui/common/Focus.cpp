@@ -11,8 +11,8 @@ namespace quellbrook {
 
 namespace {
 
-// Calls since the message was last shown, and the nesting of the present one. Nothing else resets the count, so that the
-// message also comes after enough calls that are no loop.
+// Calls since the message was last shown, and the nesting of the present one. Nothing else resets the count, so that
+// the message also comes after enough calls that are no loop.
 int32_t focusCallCount = 0;
 int32_t focusCallDepth = 0;
 
@@ -29,13 +29,15 @@ const QWidget* ActiveControl() {
 
 void ShowFocusLoop(const QWidget* control) {
     const std::string wanted = DescribeControl(control);
-    ShowMessage("The program is trying to give '" + wanted + "' input focus, but " + DescribeControl(ActiveControl()) +
-                    " won't relinquish it.\r\n\r\n"
-                    "Please take a screenshot of this error and tell a developer. The program will try to correct itself "
-                    "now, but if this message keeps re-apearing, end this process from the Task Manager.\r\n\r\n"
-                    "[TrySetFocus(" + wanted + "), callCount = " + std::to_string(focusCallCount) +
-                    ", callDepth = " + std::to_string(focusCallDepth) + "]",
-                MessageStyle::Critical, "Focus Loop Detected!");
+    ShowMessage(
+        "The program is trying to give '" + wanted + "' input focus, but " + DescribeControl(ActiveControl()) +
+            " won't relinquish it.\r\n\r\n"
+            "Please take a screenshot of this error and tell a developer. The program will try to correct itself "
+            "now, but if this message keeps re-apearing, end this process from the Task Manager.\r\n\r\n"
+            "[TrySetFocus(" +
+            wanted + "), callCount = " + std::to_string(focusCallCount) +
+            ", callDepth = " + std::to_string(focusCallDepth) + "]",
+        MessageStyle::Critical, "Focus Loop Detected!");
 }
 
 bool TakesFocus(const QWidget* widget) { return widget->isVisible() && widget->isEnabled(); }

@@ -3,10 +3,10 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
@@ -122,8 +122,8 @@ void frmModal::AddButton(const ModalButton& button) {
     }
     member->SetCaption(button.caption);
     member->SetTag(QString::number(button.result));
-    member->Move(0, (ButtonStripHeight - ButtonHeight) / 2,
-                 std::max(ButtonWidth, ToTwips(member->sizeHint().width())), ButtonHeight);
+    member->Move(0, (ButtonStripHeight - ButtonHeight) / 2, std::max(ButtonWidth, ToTwips(member->sizeHint().width())),
+                 ButtonHeight);
     member->show();
     connect(member, &FlatButton::Clicked, this, [this, member] { Guard([&] { FinishWith(member->Tag().toInt()); }); });
     if (button.isCancel) m_cancelResult = button.result;

@@ -15,12 +15,12 @@ constexpr int32_t AbortRetryIgnore = 2;
 std::vector<ModalButton> ModalButtons(int32_t style) {
     using namespace MessageAnswer;
     switch (style & ButtonBits) {
-        case 1: return {{"OK", Ok}, {"Cancel", Cancel, true}};
-        case AbortRetryIgnore: return {{"Abort", Abort}, {"Retry", Retry}, {"Ignore", Ignore, true}};
-        case 3: return {{"Yes", Yes}, {"No", No}, {"Cancel", Cancel, true}};
-        case 4: return {{"Yes", Yes}, {"No", No, true}};
-        case 5: return {{"Retry", Retry}, {"Cancel", Cancel, true}};
-        default: return {{"OK", Ok, true}};
+    case 1: return {{"OK", Ok}, {"Cancel", Cancel, true}};
+    case AbortRetryIgnore: return {{"Abort", Abort}, {"Retry", Retry}, {"Ignore", Ignore, true}};
+    case 3: return {{"Yes", Yes}, {"No", No}, {"Cancel", Cancel, true}};
+    case 4: return {{"Yes", Yes}, {"No", No, true}};
+    case 5: return {{"Retry", Retry}, {"Cancel", Cancel, true}};
+    default: return {{"OK", Ok, true}};
     }
 }
 
@@ -28,10 +28,10 @@ bool ModalCancelsOnEscape(int32_t style) { return (style & ButtonBits) != AbortR
 
 const char* ModalIcon(int32_t style) {
     switch (style & IconBits) {
-        case 16: return "error";
-        case 32: return "question";
-        case 48: return "warning";
-        default: return "";
+    case 16: return "error";
+    case 32: return "question";
+    case 48: return "warning";
+    default: return "";
     }
 }
 

@@ -7,7 +7,8 @@
 
 namespace quellbrook {
 
-// What a form keeps of a control's properties between sessions of its designer. A value equal to its default is not kept.
+// What a form keeps of a control's properties between sessions of its designer. A value equal to its default is not
+// kept.
 class PropertyBag {
 public:
     // The default when nothing is kept under the key.

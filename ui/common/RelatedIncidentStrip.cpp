@@ -2,10 +2,10 @@
 
 #include "base/Error.h"
 #include "ui/common/PropertyBag.h"
+#include "ui/controls/View.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
-#include "ui/controls/View.h"
 
 #include <QApplication>
 #include <QEvent>

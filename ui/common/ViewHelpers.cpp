@@ -31,14 +31,15 @@ struct Status {
 
 Status StatusOf(StoredItem& item) {
     const StorageLocationRef location = item.Location();
-    if (!location) return item.TrackingRecords().empty() ? Status{"Not in Storage", 0x0000FF} : Status{"Disposed", 0x808080};
+    if (!location)
+        return item.TrackingRecords().empty() ? Status{"Not in Storage", 0x0000FF} : Status{"Disposed", 0x808080};
     switch (location->LocationType()) {
-        case StorageLocationTypes::Unassigned: return {"In Uncategorized Location", 0x0080FF};
-        case StorageLocationTypes::Internal: return {"In Storage", 0x87AD24};
-        case StorageLocationTypes::External: return {"Signed Out", 0x0000C0};
-        case StorageLocationTypes::DisposalLocation: return {"Disposed", 0x808080};
-        case StorageLocationTypes::Other: return {"Needs Review", 0x0080FF};
-        default: return {"", 0};
+    case StorageLocationTypes::Unassigned: return {"In Uncategorized Location", 0x0080FF};
+    case StorageLocationTypes::Internal: return {"In Storage", 0x87AD24};
+    case StorageLocationTypes::External: return {"Signed Out", 0x0000C0};
+    case StorageLocationTypes::DisposalLocation: return {"Disposed", 0x808080};
+    case StorageLocationTypes::Other: return {"Needs Review", 0x0080FF};
+    default: return {"", 0};
     }
 }
 
@@ -61,9 +62,9 @@ std::string TypeNameOf(const QObject& object) {
 
 const char* ModuleWord(StoredItemTypes itemType) {
     switch (itemType) {
-        case StoredItemTypes::Property: return "miproperty";
-        case StoredItemTypes::vehicle: return "mivehicle";
-        default: RaiseCannotOpen();
+    case StoredItemTypes::Property: return "miproperty";
+    case StoredItemTypes::vehicle: return "mivehicle";
+    default: RaiseCannotOpen();
     }
 }
 

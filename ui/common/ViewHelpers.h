@@ -37,7 +37,8 @@ inline constexpr int Vertically = 1, Horizontally = 2;
 }
 void CenterInContainer(Control& control, const Control& container, int flags);
 
-// Pops the menu up at the pointer and returns when it has closed; the default entry bold, if set and enabled. Null: nothing.
+// Pops the menu up at the pointer and returns when it has closed; the default entry bold, if set and enabled. Null:
+// nothing.
 void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu);
 
 // The hand pointer over a widget, for the moment.

@@ -46,7 +46,8 @@ void WidgetScreen::ShowPlainMessage(const std::string& text, const std::string& 
 void WidgetScreen::SetDialogParent(ObjectRef window) { GetDialogs().SetParent(std::move(window)); }
 
 std::shared_ptr<SetupWizard> WidgetScreen::MakeSetupWizard() {
-    Raise(ErrorNumber::General, "WidgetScreen.MakeSetupWizard", "The wizard for storage locations is not available here.");
+    Raise(ErrorNumber::General, "WidgetScreen.MakeSetupWizard",
+          "The wizard for storage locations is not available here.");
 }
 
 void WidgetScreen::WaitForMessages() {

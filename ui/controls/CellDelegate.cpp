@@ -1,8 +1,8 @@
 #include "ui/controls/CellDelegate.h"
 
+#include "ui/controls/ReportTree.h"
 #include "ui/platform/Guard.h"
 #include "ui/style/Icons.h"
-#include "ui/controls/ReportTree.h"
 #include "ui/style/TextBlock.h"
 
 #include <QPainter>
@@ -61,8 +61,7 @@ void CellDelegate::DrawText(QPainter& painter, const QRect& cell, const QModelIn
     const QRect place = cell.adjusted(TextMargin, 0, -TextMargin, 0);
     QString line = text;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     ElidedTo(font, line, place.width()));
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, ElidedTo(font, line, place.width()));
 }
 
 }  // namespace quellbrook

@@ -1,11 +1,11 @@
 #include "ui/controls/FlatDropdown.h"
 
 #include "ui/controls/DropdownBox.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/FieldFrame.h"
 #include "ui/style/FocusRing.h"
-#include "ui/platform/Guard.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QAbstractItemView>
 #include <QEvent>
@@ -77,11 +77,8 @@ bool FlatDropdown::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::KeyPress:
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-        m_raised = false;
-        break;
-    default:
-        break;
+    case QEvent::MouseButtonRelease: m_raised = false; break;
+    default: break;
     }
     return Control::eventFilter(watched, event);
 }

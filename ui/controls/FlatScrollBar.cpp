@@ -1,7 +1,7 @@
 #include "ui/controls/FlatScrollBar.h"
 
-#include "ui/platform/Guard.h"
 #include "ui/controls/ScrollBarWidget.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
 
 #include <QApplication>
@@ -27,8 +27,7 @@ int Checked(int value, const char* source) {
 
 }  // namespace
 
-FlatScrollBar::FlatScrollBar(QWidget* parent)
-    : Control(parent), m_bar(new ScrollBarWidget(this)) {
+FlatScrollBar::FlatScrollBar(QWidget* parent) : Control(parent), m_bar(new ScrollBarWidget(this)) {
     m_bar->setRange(0, std::numeric_limits<int16_t>::max());
     m_bar->setSingleStep(1);
     m_bar->setPageStep(1);

@@ -1,9 +1,9 @@
 #include "ui/controls/FlatTabs.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -21,9 +21,7 @@ constexpr int SidePadding = 4;
 constexpr int Gap = 24;
 
 // Captions keep their place when the selected one grows bolder.
-int CaptionWidth(const QString& caption) {
-    return TextWidth(Theme::Font(Theme::Type::BodySemiBold), caption);
-}
+int CaptionWidth(const QString& caption) { return TextWidth(Theme::Font(Theme::Type::BodySemiBold), caption); }
 
 }  // namespace
 

@@ -1,10 +1,10 @@
 #include "ui/controls/FlatTextArea.h"
 
+#include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/FieldFrame.h"
 #include "ui/style/FocusRing.h"
-#include "ui/platform/Guard.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QEvent>
 #include <QPlainTextEdit>

@@ -1,12 +1,12 @@
 #include "ui/controls/FlatTextbox.h"
 
 #include "ui/controls/Activation.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/FieldFrame.h"
 #include "ui/style/FocusRing.h"
-#include "ui/platform/Guard.h"
 #include "ui/style/Icons.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -78,18 +78,12 @@ void FlatTextbox::paintEvent(QPaintEvent*) {
 
 bool FlatTextbox::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::FocusIn:
-        FocusRing::Follow(this);
-        break;
-    case QEvent::FocusOut:
-        FocusRing::Leave(this);
-        break;
+    case QEvent::FocusIn: FocusRing::Follow(this); break;
+    case QEvent::FocusOut: FocusRing::Leave(this); break;
     case QEvent::KeyPress:
-        if (const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event)))
-            Guard([this, code] { emit KeyPressed(code); });
+        if (const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event))) Guard([this, code] { emit KeyPressed(code); });
         break;
-    default:
-        break;
+    default: break;
     }
     return Control::eventFilter(watched, event);
 }

@@ -1,10 +1,10 @@
 #include "ui/controls/FlatTitleBar.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QPainter>
 
@@ -18,9 +18,7 @@ constexpr int CaptionLeft = 46;
 
 }  // namespace
 
-FlatTitleBar::FlatTitleBar(QWidget* parent) : Control(parent) {
-    SetHeight(ToTwips(Theme::TitleBarHeight));
-}
+FlatTitleBar::FlatTitleBar(QWidget* parent) : Control(parent) { SetHeight(ToTwips(Theme::TitleBarHeight)); }
 
 void FlatTitleBar::SetCaption(const QString& caption) {
     m_caption = caption;

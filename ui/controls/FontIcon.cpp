@@ -1,8 +1,8 @@
 #include "ui/controls/FontIcon.h"
 
 #include "ui/platform/Guard.h"
-#include "ui/style/Icons.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Icons.h"
 
 #include <QPainter>
 #include <QTimerEvent>

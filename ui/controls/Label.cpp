@@ -2,8 +2,8 @@
 
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
-#include "ui/style/TextBlock.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/TextBlock.h"
 
 #include <QEvent>
 #include <QHelpEvent>
@@ -12,9 +12,7 @@
 
 namespace quellbrook {
 
-Label::Label(QWidget* parent) : Control(parent) {
-    FitToText();
-}
+Label::Label(QWidget* parent) : Control(parent) { FitToText(); }
 
 void Label::SetCaption(const QString& caption) {
     if (caption == m_caption) return;

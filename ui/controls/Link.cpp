@@ -1,12 +1,12 @@
 #include "ui/controls/Link.h"
 
 #include "ui/controls/Activation.h"
-#include "ui/style/FocusRing.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
+#include "ui/style/FocusRing.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,12 +1,12 @@
 #include "ui/controls/ListView.h"
 
 #include "ui/controls/Activation.h"
-#include "ui/style/FieldFrame.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/ReportTree.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
-#include "ui/style/TextBlock.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/FieldFrame.h"
+#include "ui/style/TextBlock.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -30,9 +30,7 @@ QString IconMeaning(const QString& icon) {
     return QString();
 }
 
-int ButtonMask(Qt::MouseButton button) {
-    return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4;
-}
+int ButtonMask(Qt::MouseButton button) { return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4; }
 
 }  // namespace
 

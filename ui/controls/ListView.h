@@ -85,8 +85,8 @@ public:
 
     bool RowSelected(int row) const;
     void SelectAll();
-    void ClearSelection();  // current row too
-    int CurrentRow() const;   // -1 when there is none
+    void ClearSelection();   // current row too
+    int CurrentRow() const;  // -1 when there is none
     void SetCurrentRow(int row);
     int HitTest(const QPoint& viewportPosition) const;  // -1 beside every row
     int RowHeight() const;                              // pixels

@@ -44,14 +44,11 @@ bool MouseEvents::eventFilter(QObject* watched, QEvent* event) {
 
 void MouseEvents::Handle(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::ChildAdded:
-        return Watch(static_cast<QChildEvent*>(event)->child());
+    case QEvent::ChildAdded: return Watch(static_cast<QChildEvent*>(event)->child());
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-        break;
-    default:
-        return;
+    case QEvent::MouseButtonDblClick: break;
+    default: return;
     }
     const auto& mouse = *static_cast<QMouseEvent*>(event);
     const auto* widget = static_cast<QWidget*>(watched);

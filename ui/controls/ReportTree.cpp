@@ -1,8 +1,8 @@
 #include "ui/controls/ReportTree.h"
 
 #include "ui/controls/CellDelegate.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/ReportHeader.h"
+#include "ui/platform/Guard.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,8 +1,8 @@
 #include "ui/controls/ScrollBarWidget.h"
 
 #include "ui/controls/FlatScrollBar.h"
-#include "ui/style/FlatStyle.h"
 #include "ui/platform/Guard.h"
+#include "ui/style/FlatStyle.h"
 #include "ui/style/Icons.h"
 #include "ui/style/Theme.h"
 

@@ -1,9 +1,9 @@
 #include "ui/controls/StatusTag.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 
 #include <QPainter>
 
@@ -29,9 +29,7 @@ void StatusTag::SetColor(int32_t color) {
     update();
 }
 
-float StatusTag::TextTop() const {
-    return Top() + (Height() - ToTwips(Theme::LineHeight(Theme::Type::Body))) / 2;
-}
+float StatusTag::TextTop() const { return Top() + (Height() - ToTwips(Theme::LineHeight(Theme::Type::Body))) / 2; }
 
 QSize StatusTag::sizeHint() const {
     return QSize(TextWidth(Theme::Font(Theme::Type::TagText), m_caption) + 2 * SideMargin, TagHeight);

@@ -2,11 +2,11 @@
 
 #include "host/CodeTableLookup.h"
 #include "ui/controls/FlatDropdown.h"
+#include "ui/controls/View.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
-#include "ui/style/Theme.h"
 #include "ui/platform/Twips.h"
-#include "ui/controls/View.h"
+#include "ui/style/Theme.h"
 
 namespace quellbrook {
 

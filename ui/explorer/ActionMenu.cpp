@@ -37,9 +37,17 @@ constexpr EntryDesign entryDesigns[] = {
 };
 
 constexpr MenuEntry boundEntries[] = {
-    MenuEntry::Open,       MenuEntry::OpenInTessarine, MenuEntry::Separator1, MenuEntry::Print,
-    MenuEntry::Separator2, MenuEntry::CheckIn,         MenuEntry::CheckOut,   MenuEntry::Move,
-    MenuEntry::RemoveFromBatch, MenuEntry::NoActions,  MenuEntry::SelectAll,
+    MenuEntry::Open,
+    MenuEntry::OpenInTessarine,
+    MenuEntry::Separator1,
+    MenuEntry::Print,
+    MenuEntry::Separator2,
+    MenuEntry::CheckIn,
+    MenuEntry::CheckOut,
+    MenuEntry::Move,
+    MenuEntry::RemoveFromBatch,
+    MenuEntry::NoActions,
+    MenuEntry::SelectAll,
 };
 
 constexpr MenuEntry entriesAwaitingTheirCommand[] = {

@@ -84,10 +84,9 @@ void ApplyTransferRules(ActionMenuState& state, MenuSource source, const std::ve
     state[MenuEntry::Move] = {ActionCaption("Move ", n - transfers.inBatch), transfers.flags.canMove};
     state[MenuEntry::Dispose] = {ActionCaption("Dispose", n - transfers.inBatch), transfers.flags.canDispose};
     state[MenuEntry::RemoveFromBatch] = {ActionCaption("Uncheck", transfers.inBatch), transfers.inBatch > 0};
-    state[MenuEntry::NoActions].visible =
-        source != MenuSource::LocationPane && firstIsItem &&
-        !AnyVisible(state, {MenuEntry::CheckIn, MenuEntry::CheckOut, MenuEntry::Move, MenuEntry::Dispose,
-                            MenuEntry::RemoveFromBatch});
+    state[MenuEntry::NoActions].visible = source != MenuSource::LocationPane && firstIsItem &&
+                                          !AnyVisible(state, {MenuEntry::CheckIn, MenuEntry::CheckOut, MenuEntry::Move,
+                                                              MenuEntry::Dispose, MenuEntry::RemoveFromBatch});
 }
 
 void ApplyOpenAndPrintRules(ActionMenuState& state, const std::vector<SelectedObject>& selection,
@@ -158,9 +157,9 @@ std::vector<SelectedObject> DescribeSelection(const ObjectList& selection, const
 
 MenuRights ReadMenuRights(const UserStatic& user) {
     const PermissionsStatic& permissions = GetPermissions();
-    return {user.Can(permissions.APPEND_CHAIN_OF_CUSTODY()),  user.Can(permissions.ADD_FINAL_DISPOSITION()),
-            user.Can(permissions.PRINT_BARCODE_LABELS()),     user.Can(permissions.ADD_STORAGE_LOCATIONS()),
-            user.Can(permissions.EDIT_STORAGE_LOCATIONS()),   user.Can(permissions.DELETE_STORAGE_LOCATIONS())};
+    return {user.Can(permissions.APPEND_CHAIN_OF_CUSTODY()), user.Can(permissions.ADD_FINAL_DISPOSITION()),
+            user.Can(permissions.PRINT_BARCODE_LABELS()),    user.Can(permissions.ADD_STORAGE_LOCATIONS()),
+            user.Can(permissions.EDIT_STORAGE_LOCATIONS()),  user.Can(permissions.DELETE_STORAGE_LOCATIONS())};
 }
 
 std::string ActionCaption(const std::string& prefix, int64_t count) {

@@ -7,16 +7,16 @@
 #include "core/Stores.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
-#include "ui/platform/MousePointer.h"
-#include "ui/platform/Strings.h"
-#include "ui/platform/Twips.h"
 #include "ui/explorer/ActionMenu.h"
 #include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationView.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QAction>
 #include <QEvent>
@@ -34,11 +34,12 @@ constexpr float titleTop = 150, subtitleTop = 600;
 constexpr int messageWidth = 360;
 
 void ReportDisplayError(const Error& error, int step) {
-    ShowMessage("An unexpected error occurred attempting to display the items in this location. Some items may not be "
-                "displayed. Please contact Tessarine Support for assistance.\r\n\r\n[DisplayCurrentLocation (line " +
-                    std::to_string(step) + ")] ~ " + error.Source() + " (" + std::to_string(error.Number()) + ") " +
-                    error.Description(),
-                MessageStyle::Critical, "Unexpected Error");
+    ShowMessage(
+        "An unexpected error occurred attempting to display the items in this location. Some items may not be "
+        "displayed. Please contact Tessarine Support for assistance.\r\n\r\n[DisplayCurrentLocation (line " +
+            std::to_string(step) + ")] ~ " + error.Source() + " (" + std::to_string(error.Number()) + ") " +
+            error.Description(),
+        MessageStyle::Critical, "Unexpected Error");
 }
 
 void PrintBarcodeLabelOf(const ObjectRef& object) {
@@ -151,18 +152,14 @@ void EvidenceExplorer::BindTransfer(MenuEntry entry, int32_t transactionType) {
     });
 }
 
-const StorageLocationRef& EvidenceExplorer::SelectedLocation() const {
-    return m_locationPane->SelectedLocation();
-}
+const StorageLocationRef& EvidenceExplorer::SelectedLocation() const { return m_locationPane->SelectedLocation(); }
 
 void EvidenceExplorer::SetSelectedLocation(const StorageLocationRef& location) {
     m_locationPane->SetSelectedLocation(location);
     if (!location) DisplayCurrentLocation();
 }
 
-void EvidenceExplorer::Shown() {
-    Refresh();
-}
+void EvidenceExplorer::Shown() { Refresh(); }
 
 void EvidenceExplorer::Refresh() {
     m_itemPane->Refresh();
@@ -188,8 +185,10 @@ void EvidenceExplorer::DisplayCurrentLocation() {
             m_itemPane->show();
             step = 3;
             const StorageLocationRef location = SelectedLocation();
-            if (location) DisplayLocation(location, step);
-            else DisplayNoLocation();
+            if (location)
+                DisplayLocation(location, step);
+            else
+                DisplayNoLocation();
             step = 5;
             LayoutView();
         },
@@ -277,17 +276,11 @@ void EvidenceExplorer::PrintSelected() {
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
 }
 
-void EvidenceExplorer::RemoveSelectedFromBatch() {
-    GetActions().BulkRemoveFromCart(GetSelectedObjects());
-}
+void EvidenceExplorer::RemoveSelectedFromBatch() { GetActions().BulkRemoveFromCart(GetSelectedObjects()); }
 
-void EvidenceExplorer::SelectAllItems() {
-    m_itemPane->SelectAll();
-}
+void EvidenceExplorer::SelectAllItems() { m_itemPane->SelectAll(); }
 
-void EvidenceExplorer::Layout() {
-    LayoutView();
-}
+void EvidenceExplorer::Layout() { LayoutView(); }
 
 void EvidenceExplorer::LayoutView() {
     GuardSilently([this] {

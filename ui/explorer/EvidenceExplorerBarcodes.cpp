@@ -54,8 +54,8 @@ void EvidenceExplorer::OpenScannedItem(NumberSearchTypes numberType, const std::
     RequireNumeric(number);
     const auto found = StoredItemSearch().WithNumber(numberType, number).Execute();
     if (!found->IsEmpty()) return GetActions().OpenStoredItem(found->ItemAt(0));
-    ShowMessage("The barcode you scanned refers to a item that is no longer in your database.",
-                MessageStyle::Critical, "Item Not Found");
+    ShowMessage("The barcode you scanned refers to a item that is no longer in your database.", MessageStyle::Critical,
+                "Item Not Found");
 }
 
 }  // namespace quellbrook

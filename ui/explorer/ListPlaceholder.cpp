@@ -1,8 +1,8 @@
 #include "ui/explorer/ListPlaceholder.h"
 
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
+#include "ui/platform/Guard.h"
 
 namespace quellbrook {
 

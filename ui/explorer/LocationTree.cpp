@@ -3,12 +3,12 @@
 #include "core/Stores.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
-#include "ui/platform/MousePointer.h"
-#include "ui/platform/Strings.h"
 #include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTreeWidget.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/Strings.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -29,11 +29,11 @@ QString KeyOf(const StorageLocation& location) {
 QString IconOf(const StorageLocation& location) {
     if (!location.IsRoot()) return "location";
     switch (location.LocationType()) {
-        case StorageLocationTypes::Unassigned: return "uncategorized";
-        case StorageLocationTypes::Internal: return "sign_in";
-        case StorageLocationTypes::External: return "sign_out";
-        case StorageLocationTypes::DisposalLocation: return "dispose";
-        case StorageLocationTypes::Other: return "other";
+    case StorageLocationTypes::Unassigned: return "uncategorized";
+    case StorageLocationTypes::Internal: return "sign_in";
+    case StorageLocationTypes::External: return "sign_out";
+    case StorageLocationTypes::DisposalLocation: return "dispose";
+    case StorageLocationTypes::Other: return "other";
     }
     return "location";
 }
@@ -70,9 +70,7 @@ LocationTree::LocationTree(QWidget* parent)
     });
 }
 
-LocationTree::~LocationTree() {
-    disconnect(m_focusWatch);
-}
+LocationTree::~LocationTree() { disconnect(m_focusWatch); }
 
 void LocationTree::MakeLoadingPanel() {
     constexpr int messageWidth = 240;
@@ -141,8 +139,10 @@ void LocationTree::LoadLocations(const StorageLocationRef& selected, bool raises
         m_treeView->show();
         if (hadFocus) TrySetFocus(m_treeView);
         const StorageLocationRef location = selected ? selected : m_locationStore->GetSelectedLocation();
-        if (raisesSelection) SetSelectedLocation(location);
-        else SelectNodeOf(*location);
+        if (raisesSelection)
+            SetSelectedLocation(location);
+        else
+            SelectNodeOf(*location);
         SetMousePointer(MousePointer::Default);
     } catch (...) {
         const Error error = CurrentError();

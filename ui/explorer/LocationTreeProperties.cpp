@@ -1,10 +1,10 @@
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
-#include "ui/style/Theme.h"
 #include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationTreeWidget.h"
+#include "ui/platform/Guard.h"
+#include "ui/style/Theme.h"
 
 #include <QEvent>
 
@@ -54,17 +54,11 @@ void LocationTree::WriteProperties(PropertyBag& bag) const {
     bag.WriteProperty("BorderStyle", int32_t{m_borderStyle}, int32_t{defaultBorderStyle});
 }
 
-QColor LocationTree::BackColor() const {
-    return m_backColor.value_or(palette().color(QPalette::Base));
-}
+QColor LocationTree::BackColor() const { return m_backColor.value_or(palette().color(QPalette::Base)); }
 
-QColor LocationTree::ForeColor() const {
-    return m_foreColor.value_or(palette().color(QPalette::Text));
-}
+QColor LocationTree::ForeColor() const { return m_foreColor.value_or(palette().color(QPalette::Text)); }
 
-QColor LocationTree::RootColor() const {
-    return m_rootColor.value_or(palette().color(QPalette::Text));
-}
+QColor LocationTree::RootColor() const { return m_rootColor.value_or(palette().color(QPalette::Text)); }
 
 void LocationTree::SetBackColor(const QColor& color) {
     m_backColor = color;

@@ -1,8 +1,8 @@
 #include "ui/explorer/LocationTreeWidget.h"
 
 #include "ui/platform/Guard.h"
-#include "ui/style/Icons.h"
 #include "ui/platform/Strings.h"
+#include "ui/style/Icons.h"
 #include "ui/style/Theme.h"
 
 #include <QContextMenuEvent>
@@ -107,7 +107,6 @@ void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& 
         painter->fillRect(row, GroundOf(look, index));
         if (isSelected)
             painter->fillRect(QRect(row.topLeft(), QSize(barWidth, row.height())), Theme::Get(Theme::Color::Accent));
-
 
         const QRect node = visualRect(index);
         const QColor iconColor = IconColorOf(look, index);

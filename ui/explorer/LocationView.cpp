@@ -5,15 +5,15 @@
 #include "data/StoredItemList.h"
 #include "ui/common/PropertyBag.h"
 #include "ui/common/ViewHelpers.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/ListView.h"
-#include "ui/platform/MousePointer.h"
-#include "ui/platform/Strings.h"
-#include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/ListPlaceholder.h"
 #include "ui/explorer/StatePanel.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -36,9 +36,7 @@ constexpr int keyEnter = 13, keyA = 65;
 const QString markedIcon = "marked";
 const QString tagIcon = "tag";
 
-QString KeyOf(const StorageLocation& location) {
-    return "L" + QString::number(location.ID());
-}
+QString KeyOf(const StorageLocation& location) { return "L" + QString::number(location.ID()); }
 
 QString KeyOf(const StoredItem& item) {
     return (item.ItemType() == StoredItemTypes::Property ? "P" : "V") + QString::number(item.ID());
@@ -54,8 +52,8 @@ QString TypeText(const StoredItem& item) {
 
 LocationView::LocationView(QWidget* parent) : Control(parent) {
     MakeList();
-    m_picNoItems = new StatePanel("location", "No items here.",
-                                  "There are no items currently stored in this location.", this);
+    m_picNoItems =
+        new StatePanel("location", "No items here.", "There are no items currently stored in this location.", this);
     m_picNoItems->setObjectName("picNoItems");
     m_picNoItems->hide();
     m_picPlaceholder = new ListPlaceholder(this);
@@ -78,8 +76,7 @@ void LocationView::MakeList() {
     m_itemPane->AddColumn("icon", "", ToTwips(iconImageSize * rowFactor + 5));
     m_itemPane->AddColumn("name", "Name", cellWidth);
     m_itemPane->AddColumn("type", "Type", cellWidth);
-    m_itemPane->AddColumn("description", "Description",
-                          m_itemPane->TextWidth(QString(50, 'W')) - ToTwips(scrollBar));
+    m_itemPane->AddColumn("description", "Description", m_itemPane->TextWidth(QString(50, 'W')) - ToTwips(scrollBar));
 }
 
 void LocationView::ConnectList() {
@@ -106,9 +103,7 @@ void LocationView::SetLocation(const StorageLocationRef& location) {
     LocationChanged(location);
 }
 
-void LocationView::Refresh() {
-    DisplayCurrentLocation();
-}
+void LocationView::Refresh() { DisplayCurrentLocation(); }
 
 void LocationView::DisplayCurrentLocation() {
     int step = 1;
@@ -194,9 +189,7 @@ void LocationView::MarkRow(int row, bool isInCart) {
     m_itemPane->SetRowBand(row, isInCart);
 }
 
-ObjectRef LocationView::ObjectOf(int row) const {
-    return m_rowObjects.Item(ToUtf8(m_itemPane->RowKey(row)));
-}
+ObjectRef LocationView::ObjectOf(int row) const { return m_rowObjects.Item(ToUtf8(m_itemPane->RowKey(row))); }
 
 std::shared_ptr<ObjectVector> LocationView::SelectedItems() const {
     auto selected = std::make_shared<ObjectVector>();
@@ -211,9 +204,7 @@ void LocationView::SelectAll() {
     SetMousePointer(MousePointer::Default);
 }
 
-void LocationView::ClearSelection() {
-    m_itemPane->ClearSelection();
-}
+void LocationView::ClearSelection() { m_itemPane->ClearSelection(); }
 
 void LocationView::OnMouseUp(int button, const QPoint& at) {
     m_lastButton = button;
@@ -262,9 +253,7 @@ void LocationView::Layout() {
     SizeLastColumn(*m_itemPane);
 }
 
-QColor LocationView::BackColor() const {
-    return m_backColor.value_or(palette().color(QPalette::Base));
-}
+QColor LocationView::BackColor() const { return m_backColor.value_or(palette().color(QPalette::Base)); }
 
 void LocationView::SetBackColor(const QColor& color) {
     m_backColor = color;

@@ -5,14 +5,14 @@
 #include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/MouseEvents.h"
-#include "ui/platform/Strings.h"
-#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/ListPlaceholder.h"
 #include "ui/explorer/SearchResultRow.h"
 #include "ui/explorer/StatePanel.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -70,8 +70,8 @@ void SearchResultList::BuildControls() {
                                  "Check for typos in your search filter, or try a different search term.", this);
     m_noResults->setObjectName("picNoResults");
     m_noResults->hide();
-    m_tooManyResults = new StatePanel(
-        "warning", "Too many results.", "There are too many results to display here. Please narrow your search.", this);
+    m_tooManyResults = new StatePanel("warning", "Too many results.",
+                                      "There are too many results to display here. Please narrow your search.", this);
     m_tooManyResults->setObjectName("picTooManyResults");
     m_tooManyResults->hide();
     new ListPlaceholder(this);
@@ -85,9 +85,8 @@ void SearchResultList::ConnectEvents() {
             [this](const QPoint& at) { Guard([&] { ListMouseEvents_DoubleClick(at); }); });
     new ScrollWheelSupport(m_container, m_vertScroll);
     connect(m_vertScroll, &FlatScrollBar::Changed, this, [this] { Guard([this] { VertScroll_Change(); }); });
-    m_focusWatch = connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* old, const QWidget* now) {
-        Guard([&] { FollowFocus(old, now); });
-    });
+    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
+                           [this](const QWidget* old, const QWidget* now) { Guard([&] { FollowFocus(old, now); }); });
 }
 
 void SearchResultList::SetItems(std::shared_ptr<StoredItemList> items) {
@@ -183,14 +182,16 @@ void SearchResultList::PrepareRow(SearchResultRow* row) {
     row->SetRefreshReport([this](const Error& error) { ReportRefreshError(error); });
 }
 
-// Each row reads its item anew at a change of the batch. Where the database does not answer, one of them says so for all.
+// Each row reads its item anew at a change of the batch. Where the database does not answer, one of them says so for
+// all.
 void SearchResultList::ReportRefreshError(const Error& error) {
     if (m_refreshErrorReported) return;
     const QPointer<SearchResultList> self(this);
     m_refreshErrorReported = true;
     ReportUnexpected(error);
     if (!self) return;
-    QMetaObject::invokeMethod(this, [this] { m_refreshErrorReported = false; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { m_refreshErrorReported = false; }, Qt::QueuedConnection);
 }
 
 // Rows that stay in view keep their items and change places.

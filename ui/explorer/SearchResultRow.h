@@ -3,9 +3,9 @@
 #include "base/Event.h"
 #include "core/CartStore.h"
 #include "data/StoredItem.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
+#include "ui/platform/Guard.h"
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 #include "ui/explorer/StatePanel.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
-#include "ui/platform/Twips.h"
 
 #include <QPainter>
 

@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// What a list shows in place of its rows: an icon, a bold line and a sentence below each other, centred. Opaque, as tall
-// as its words need, and in full colour over a disabled list too.
+// What a list shows in place of its rows: an icon, a bold line and a sentence below each other, centred. Opaque, as
+// tall as its words need, and in full colour over a disabled list too.
 class StatePanel : public GroupBox {
     Q_OBJECT
 

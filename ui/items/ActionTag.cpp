@@ -1,8 +1,8 @@
 #include "ui/items/ActionTag.h"
 
 #include "ui/platform/Guard.h"
-#include "ui/style/Theme.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <QAccessible>
 #include <QEvent>

@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// A short bold caption on a solid block, set in from the control's left edge. A caption of two words that is too wide for
-// the control is broken into two lines. The control keeps its width and follows the block's height.
+// A short bold caption on a solid block, set in from the control's left edge. A caption of two words that is too wide
+// for the control is broken into two lines. The control keeps its width and follows the block's height.
 class ActionTag : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -8,15 +8,15 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
-#include "ui/platform/Strings.h"
 #include "ui/controls/TessarineDropdown.h"
-#include "ui/platform/Twips.h"
 #include "ui/explorer/SearchResultList.h"
 #include "ui/locations/LocationPicker.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -56,13 +56,15 @@ void ReportFault(const char* message, const char* title, QWidget* field) {
 std::string RemovalQuestion(StoredItem& item) {
     return std::string("Do you want really want to remove the following ") +
            (item.ItemType() == StoredItemTypes::vehicle ? "vehicle" : "property") +
-           " from the current evidence transfer?\r\n\r\n    \u2022 " + item.DisplayID() + " ('" + item.Description() + "')";
+           " from the current evidence transfer?\r\n\r\n    \u2022 " + item.DisplayID() + " ('" + item.Description() +
+           "')";
 }
 
 void ReportTransferError(const Error& error) {
-    ShowMessage("An unexpected error occurred while transferring these items. No items were moved in the system.\r\n\r\n" +
-                    error.Description(),
-                MessageStyle::Critical, "Unexpected error");
+    ShowMessage(
+        "An unexpected error occurred while transferring these items. No items were moved in the system.\r\n\r\n" +
+            error.Description(),
+        MessageStyle::Critical, "Unexpected error");
 }
 
 }  // namespace
@@ -226,9 +228,10 @@ void CartView::LoadTransferData() {
 
 bool CartView::ValidateForm() {
     if (m_cartStore->IsEmpty()) {
-        ShowMessage("You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a "
-                    "barcode scanner, or go back to the main screen to select items manually.",
-                    MessageStyle::Critical, "No items to transfer");
+        ShowMessage(
+            "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a "
+            "barcode scanner, or go back to the main screen to select items manually.",
+            MessageStyle::Critical, "No items to transfer");
         return false;
     }
     if (!m_location->SelectedLocation()) {
@@ -283,7 +286,8 @@ void CartView::TransferButton_Click() {
 void CartView::RemoveItem_Click() {
     const StoredItemRef item = m_itemList->SelectedItem();
     Require(item, "CartView.RemoveItem_Click");
-    if (ShowMessage(RemovalQuestion(*item), MessageStyle::YesNoQuestion, "Confirm Remove") != MessageAnswer::Yes) return;
+    if (ShowMessage(RemovalQuestion(*item), MessageStyle::YesNoQuestion, "Confirm Remove") != MessageAnswer::Yes)
+        return;
     GetActions().RemoveFromCart(item);
     if (GetStores().Cart->IsEmpty()) GetActions().GoBack();
 }

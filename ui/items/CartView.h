@@ -19,7 +19,8 @@ class SearchResultList;
 class TessarineDropdown;
 
 // The screen on which a batch is finished: the items of the current transfer, and one long sentence that asks who hands
-// them over, who takes them, where they go and why. Checks the form and lets the transfer be made; moves nothing itself.
+// them over, who takes them, where they go and why. Checks the form and lets the transfer be made; moves nothing
+// itself.
 class CartView : public View {
     Q_OBJECT
 

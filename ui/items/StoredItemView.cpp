@@ -5,14 +5,14 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/items/TrackingList.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
-#include "ui/items/TrackingList.h"
 
 #include <QPointer>
 

@@ -6,12 +6,12 @@
 #include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/MouseEvents.h"
-#include "ui/platform/Twips.h"
 #include "ui/explorer/ListPlaceholder.h"
 #include "ui/explorer/StatePanel.h"
 #include "ui/items/TrackingResult.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Twips.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -54,8 +54,9 @@ void TrackingList::BuildControls() {
                                  "Check for typos in your search filter, or try a different search term.", this);
     m_noResults->setObjectName("picNoResults");
     m_noResults->hide();
-    m_noAccess = new StatePanel("secured", "You can't view this data.",
-                                "You do not have the appropriate permissions to view chain-of-custody information.", this);
+    m_noAccess =
+        new StatePanel("secured", "You can't view this data.",
+                       "You do not have the appropriate permissions to view chain-of-custody information.", this);
     m_noAccess->setObjectName("picNoAccess");
     m_noAccess->hide();
     new ListPlaceholder(this);
@@ -243,7 +244,8 @@ int TrackingList::RowAt(int x, int y) const {
     const float left = ToTwips(x), top = ToTwips(y);
     for (size_t i = 0; i < m_rows.size(); ++i) {
         const TrackingResult& row = *m_rows[i];
-        if (row.Left() < left && left < row.Right() && row.Top() < top && top < row.Bottom()) return static_cast<int>(i);
+        if (row.Left() < left && left < row.Right() && row.Top() < top && top < row.Bottom())
+            return static_cast<int>(i);
     }
     return -1;
 }

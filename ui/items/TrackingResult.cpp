@@ -1,12 +1,12 @@
 #include "ui/items/TrackingResult.h"
 
 #include "host/HostServices.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Line.h"
-#include "ui/platform/Strings.h"
-#include "ui/platform/Twips.h"
 #include "ui/items/ActionTag.h"
 #include "ui/items/TrackingAction.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
 
 #include <QDate>
 #include <QLocale>
@@ -68,8 +68,8 @@ void TrackingResult::SetItem(const std::shared_ptr<TrackingRecord>& record) {
     const TrackingAction action = ActionOf(*record);
     m_status->SetCaption(action.text);
     m_status->SetColor(action.color);
-    setAccessibleName(QStringList{m_status->Caption(), m_date->Caption(), m_time->Caption(), m_location->Caption()}
-                          .join(' '));
+    setAccessibleName(
+        QStringList{m_status->Caption(), m_date->Caption(), m_time->Caption(), m_location->Caption()}.join(' '));
     AlignToRight();
 }
 
@@ -83,8 +83,8 @@ void TrackingResult::ShowDate(const TaggedValue& dateReceived) {
     const HostFormats& formats = HostServices::Current().Formats();
     const QLocale locale;
     m_date->SetCaption(locale.toString(QDate(parts.year, parts.month, parts.day), ToQString(formats.date)));
-    m_time->SetCaption(locale.toString(QTime(parts.hour, parts.minute, parts.second, parts.millisecond),
-                                       ToQString(formats.time)));
+    m_time->SetCaption(
+        locale.toString(QTime(parts.hour, parts.minute, parts.second, parts.millisecond), ToQString(formats.time)));
 }
 
 void TrackingResult::ShowPerson(Label& label, const std::string& name) {

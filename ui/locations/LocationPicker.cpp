@@ -3,9 +3,9 @@
 #include "core/Stores.h"
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/FlatDropdown.h"
+#include "ui/controls/View.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
-#include "ui/controls/View.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -52,9 +52,7 @@ void LocationPicker::AddSubtree(const StorageLocation& location) {
     Layout();
 }
 
-bool LocationPicker::IsEmpty() const {
-    return m_cboLocations->Count() == 0;
-}
+bool LocationPicker::IsEmpty() const { return m_cboLocations->Count() == 0; }
 
 StorageLocationRef LocationPicker::SelectedLocation() const {
     CheckLoaded();
@@ -106,9 +104,7 @@ void LocationPicker::Layout() {
     SetHeight(m_cboLocations->Height());
 }
 
-void LocationPicker::TakeFont() {
-    m_cboLocations->Box()->setFont(font());
-}
+void LocationPicker::TakeFont() { m_cboLocations->Box()->setFont(font()); }
 
 void LocationPicker::changeEvent(QEvent* event) {
     Guard([this, event] {

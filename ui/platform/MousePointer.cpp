@@ -21,8 +21,8 @@ QList<QPointer<QWidget>>& OpenDialogs() {
 // A dialog shows the arrow over itself: the override rests while one is open and returns with its closing.
 void ApplyPointer() {
     OpenDialogs().removeIf([](const QPointer<QWidget>& dialog) { return !dialog || !dialog->isVisible(); });
-    const bool wanted = current == MousePointer::Hourglass && OpenDialogs().isEmpty() &&
-                        !QApplication::activeModalWidget();
+    const bool wanted =
+        current == MousePointer::Hourglass && OpenDialogs().isEmpty() && !QApplication::activeModalWidget();
     if (wanted == overridden) return;
     overridden = wanted;
     if (wanted)

@@ -27,17 +27,10 @@ public:
 protected:
     bool eventFilter(QObject*, QEvent* event) override {
         switch (event->type()) {
-        case QEvent::KeyPress:
-            Note(*static_cast<QKeyEvent*>(event), true);
-            break;
-        case QEvent::KeyRelease:
-            Note(*static_cast<QKeyEvent*>(event), false);
-            break;
-        case QEvent::ApplicationDeactivate:
-            m_down.fill(false);
-            break;
-        default:
-            break;
+        case QEvent::KeyPress: Note(*static_cast<QKeyEvent*>(event), true); break;
+        case QEvent::KeyRelease: Note(*static_cast<QKeyEvent*>(event), false); break;
+        case QEvent::ApplicationDeactivate: m_down.fill(false); break;
+        default: break;
         }
         return false;
     }

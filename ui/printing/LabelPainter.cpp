@@ -72,8 +72,7 @@ private:
         drawing.setAspectRatioMode(Qt::KeepAspectRatio);
         const SavedState state(m_painter);
         m_painter.setRenderHint(QPainter::Antialiasing);
-        drawing.render(&m_painter,
-                       QRectF(0, 0, label.width * m_dotsPerMillimetre, label.height * m_dotsPerMillimetre));
+        drawing.render(&m_painter, QRectF(0, 0, label.width * m_dotsPerMillimetre, label.height * m_dotsPerMillimetre));
     }
 
     // Puts the painter's origin to where reading begins, its x axis along the reading; the room in dots.

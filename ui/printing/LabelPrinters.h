@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-
 namespace quellbrook {
 
 // Writes each label into a PDF file of its own, named after its barcode: "P0000004711.pdf". A label printed again

@@ -227,9 +227,11 @@ void EvidenceUI::ReportFailedTransfer(const std::string& description) {
         ShowMessage(description, MessageStyle::Critical, "Evidence transfer unconfirmed");
         return;
     }
-    ShowMessage("Could not complete evidence transfer. To keep your storage records consistent, nothing has been "
-                "transferred.\r\n\r\n[" + description + "]",
-                MessageStyle::Critical, "Evidence transfer failed!");
+    ShowMessage(
+        "Could not complete evidence transfer. To keep your storage records consistent, nothing has been "
+        "transferred.\r\n\r\n[" +
+            description + "]",
+        MessageStyle::Critical, "Evidence transfer failed!");
 }
 
 void EvidenceUI::SetBorderStyle(int borderStyle) {

@@ -5,9 +5,9 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
@@ -29,11 +29,11 @@ constexpr float ButtonTrim = 90;  // in a strip they are narrower than on a form
 
 const char* PurposeOf(int32_t transactionType) {
     switch (transactionType) {
-        case TransactionType::SignOut: return "signing out of storage";
-        case TransactionType::SignIn: return "signing into storage";
-        case TransactionType::Move: return "moving within evidence storage";
-        case TransactionType::Dispose: return "disposal";
-        default: return "";
+    case TransactionType::SignOut: return "signing out of storage";
+    case TransactionType::SignIn: return "signing into storage";
+    case TransactionType::Move: return "moving within evidence storage";
+    case TransactionType::Dispose: return "disposal";
+    default: return "";
     }
 }
 
@@ -144,8 +144,8 @@ void InfoBar::LayoutControls() {
     m_cancel->Move(0, 0, widthOf(*m_cancel), ButtonHeight);
     m_complete->Move(m_cancel->Right() + ButtonGap, 0, widthOf(*m_complete), ButtonHeight);
     const float groupWidth = m_complete->Right();
-    m_buttonGroup->Move(ClientWidth() - groupWidth - ToTwips(Theme::Margin), (OpenHeight - ButtonHeight) / 2 + TwipsPerPixel,
-                        groupWidth, ButtonHeight);
+    m_buttonGroup->Move(ClientWidth() - groupWidth - ToTwips(Theme::Margin),
+                        (OpenHeight - ButtonHeight) / 2 + TwipsPerPixel, groupWidth, ButtonHeight);
     const float iconSize = ToTwips(IconSize);
     m_icon->Move(ToTwips(IconLeft), (OpenHeight - iconSize) / 2 + TwipsPerPixel, iconSize, iconSize);
     const float textLeft = ToTwips(TextLeft);

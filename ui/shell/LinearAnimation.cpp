@@ -58,7 +58,8 @@ void LinearAnimation::SetTargetProperty() {
     const char* name = m_options.PropertyName.c_str();
     const bool known = m_options.Target->metaObject()->indexOfProperty(name) >= 0;
     if (!known || !m_options.Target->setProperty(name, m_currentValue))
-        Raise(ErrorNumber::General, "LinearAnimation", "There is no property \"" + m_options.PropertyName + "\" to animate.");
+        Raise(ErrorNumber::General, "LinearAnimation",
+              "There is no property \"" + m_options.PropertyName + "\" to animate.");
 }
 
 void LinearAnimation::Stop() {

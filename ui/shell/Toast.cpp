@@ -1,12 +1,12 @@
 #include "ui/shell/Toast.h"
 
 #include "ui/controls/FontIcon.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Label.h"
-#include "ui/platform/Strings.h"
-#include "ui/style/Theme.h"
-#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
+#include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <QAccessible>
 #include <QGraphicsDropShadowEffect>
@@ -68,7 +68,8 @@ void Toast::BuildControls() {
 float Toast::CollapsedHeight() const { return IsInsideDesigner() ? m_expandedHeight : Collapsed; }
 
 void Toast::Slide(LinearAnimation& animation, float from, float to) {
-    animation.Start({.Target = this, .PropertyName = "Height", .StartValue = from, .FinalValue = to, .Increment = Increment});
+    animation.Start(
+        {.Target = this, .PropertyName = "Height", .StartValue = from, .FinalValue = to, .Increment = Increment});
 }
 
 void Toast::Popup(const std::string& message) {

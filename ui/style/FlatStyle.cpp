@@ -119,9 +119,8 @@ QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
             if (item->menuItemType == QStyleOptionMenuItem::Separator) return QSize(10, MenuSeparatorHeight);
             // Bold, since a menu keeps its size when another of its entries becomes the default one.
-            const int width = QFontMetrics(MenuFont(true))
-                                  .size(Qt::TextSingleLine | Qt::TextHideMnemonic, CaptionOf(*item))
-                                  .width();
+            const int width =
+                QFontMetrics(MenuFont(true)).size(Qt::TextSingleLine | Qt::TextHideMnemonic, CaptionOf(*item)).width();
             const QString shortcut = item->text.section(QLatin1Char('\t'), 1);
             const int more = shortcut.isEmpty() ? 0 : QFontMetrics(MenuFont(false)).horizontalAdvance(shortcut) + 24;
             return QSize(MenuTextLeft + width + more + MenuTextRight, MenuEntryHeight);
@@ -165,24 +164,16 @@ QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComple
 void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
     switch (element) {
-    case PE_FrameFocusRect:
-        return;
-    case PE_PanelMenu:
-        painter->fillRect(option->rect, Theme::Get(Theme::Color::Window));
-        return;
+    case PE_FrameFocusRect: return;
+    case PE_PanelMenu: painter->fillRect(option->rect, Theme::Get(Theme::Color::Window)); return;
     case PE_FrameMenu:
         painter->setPen(Theme::Get(Theme::Color::FieldBorder));
         painter->setBrush(Qt::NoBrush);
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         return;
-    case PE_PanelScrollAreaCorner:
-        painter->fillRect(option->rect, option->palette.color(QPalette::Base));
-        return;
-    case PE_PanelTipLabel:
-        painter->fillRect(option->rect, option->palette.color(QPalette::ToolTipBase));
-        return;
-    default:
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    case PE_PanelScrollAreaCorner: painter->fillRect(option->rect, option->palette.color(QPalette::Base)); return;
+    case PE_PanelTipLabel: painter->fillRect(option->rect, option->palette.color(QPalette::ToolTipBase)); return;
+    default: QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
 }
 

@@ -64,16 +64,13 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Resize:
     case QEvent::Show:
     case QEvent::Hide:
-    case QEvent::ZOrderChange:
-        Guard([this] { Place(); });
-        break;
+    case QEvent::ZOrderChange: Guard([this] { Place(); }); break;
     case QEvent::ParentChange:
     case QEvent::Destroy:
         deleteLater();
         hide();
         break;
-    default:
-        break;
+    default: break;
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -123,11 +123,8 @@ QStringList Names() {
 
 QPixmap Pixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio) {
     if (!Has(name) || size < 1) return QPixmap();
-    const QString key = QStringLiteral("quellbrook/%1/%2/%3/%4")
-                            .arg(name)
-                            .arg(size)
-                            .arg(color.rgba(), 8, 16)
-                            .arg(devicePixelRatio);
+    const QString key =
+        QStringLiteral("quellbrook/%1/%2/%3/%4").arg(name).arg(size).arg(color.rgba(), 8, 16).arg(devicePixelRatio);
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
     picture = Render(name, size, color, devicePixelRatio);

@@ -24,8 +24,8 @@ public:
     TextBlock(const QString& text, const AmbientFont& face, int wrapWidth = 0);
 
     int LineCount() const { return static_cast<int>(m_lines.size()); }  // at least 1
-    int Width() const;   // of the widest line, in pixels
-    int Height() const;  // of all lines
+    int Width() const;                                                  // of the widest line, in pixels
+    int Height() const;                                                 // of all lines
 
     // Draws as many lines as fit, at least one; what does not fit ends in an ellipsis.
     void Draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const;

@@ -1,6 +1,5 @@
 #include "ui/style/Theme.h"
 
-
 #include <QApplication>
 #include <QToolTip>
 

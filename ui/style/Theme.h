@@ -12,14 +12,47 @@ namespace quellbrook {
 namespace Theme {
 
 enum class Color {
-    Window, Panel, Text, GrayText, Hairline, RowHairline, FieldBorder, Accent, Strong, StrongText, Link, Tint,
-    Highlight, HighlightText, SelectedInactive, DisabledGround, DisabledText, Toast, ToastText, Secured, Shade, Thumb,
-    StrongHover, StrongPressed
+    Window,
+    Panel,
+    Text,
+    GrayText,
+    Hairline,
+    RowHairline,
+    FieldBorder,
+    Accent,
+    Strong,
+    StrongText,
+    Link,
+    Tint,
+    Highlight,
+    HighlightText,
+    SelectedInactive,
+    DisabledGround,
+    DisabledText,
+    Toast,
+    ToastText,
+    Secured,
+    Shade,
+    Thumb,
+    StrongHover,
+    StrongPressed
 };
 
 enum class Type {
-    Title, ItemHeading, ItemHeadingRegular, Section, RowHeading, RowHeadingBold, Body, BodyBold, BodySemiBold, Subtitle,
-    LinkText, Hint, TagText, StripCaption
+    Title,
+    ItemHeading,
+    ItemHeadingRegular,
+    Section,
+    RowHeading,
+    RowHeadingBold,
+    Body,
+    BodyBold,
+    BodySemiBold,
+    Subtitle,
+    LinkText,
+    Hint,
+    TagText,
+    StripCaption
 };
 
 // Sets the palette and fonts of the application, dark or light.

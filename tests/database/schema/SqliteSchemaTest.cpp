@@ -1,8 +1,8 @@
 #include "database/schema/SqliteSchema.h"
 
 #include "base/Text.h"
-#include "host/HostDatabase.h"
 #include "database/SqliteEngine.h"
+#include "host/HostDatabase.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/TestDatabase.h"
 
@@ -98,8 +98,9 @@ TEST_F(SqliteSchemaTest, CustodyRowsCanNeitherBeChangedNorDeleted) {
         const Error removal = Raised("DELETE FROM " + table);
         EXPECT_EQ(removal.Description(), "A custody row cannot be deleted.");
         EXPECT_NE(removal.Number(), ErrorNumber::IntegrityViolation);
-        EXPECT_EQ(RaisedBy([&] { m_database.Execute("INSERT OR REPLACE INTO " + table + " SELECT * FROM " + table); })
-                      .Description(),
+        EXPECT_EQ(RaisedBy([&] {
+                      m_database.Execute("INSERT OR REPLACE INTO " + table + " SELECT * FROM " + table);
+                  }).Description(),
                   "A custody row cannot be deleted.");
         EXPECT_EQ(Count(table), 1);
     }
@@ -117,15 +118,16 @@ TEST_F(SqliteSchemaTest, ALocationNeedsAContainerThatStandsThereInTheSameCategor
     EXPECT_EQ(Raised(LocationInsert("Shelf", 2, "/0/" + room + "/")).Number(), 0);
     for (const std::string& wrong :
          {LocationInsert("A", 4, "/0/" + room + "/"), LocationInsert("A", 2, "/0/77/"), LocationInsert("A", 2, ""),
-          LocationInsert("A", 2, "/0/77/" + room + "/"), LocationInsert("A", 2, "/0/" + room), LocationInsert("A", 2, "/"),
-          LocationInsert("A", 2, "0/"), LocationInsert("A", 2, "/0/0/")}) {
+          LocationInsert("A", 2, "/0/77/" + room + "/"), LocationInsert("A", 2, "/0/" + room),
+          LocationInsert("A", 2, "/"), LocationInsert("A", 2, "0/"), LocationInsert("A", 2, "/0/0/")}) {
         const Error error = Raised(wrong);
         EXPECT_EQ(error.Description(), containerGone) << wrong;
         EXPECT_NE(error.Number(), ErrorNumber::IntegrityViolation);
         EXPECT_NE(error.Number(), 0);
     }
     EXPECT_EQ(Raised("UPDATE StorageLocation SET Path = '/0/77/' WHERE Name = 'Shelf'").Description(), containerGone);
-    EXPECT_EQ(Raised("UPDATE StorageLocation SET Path = '/0/" + room + "/' WHERE Name = 'Top'").Description(), containerGone);
+    EXPECT_EQ(Raised("UPDATE StorageLocation SET Path = '/0/" + room + "/' WHERE Name = 'Top'").Description(),
+              containerGone);
 }
 
 TEST_F(SqliteSchemaTest, AWholeSubtreeMovesWithItsDescendantsFirst) {
@@ -134,7 +136,8 @@ TEST_F(SqliteSchemaTest, AWholeSubtreeMovesWithItsDescendantsFirst) {
     const int32_t x = m_database.AddLocation("X", Type::Internal, a);
     const int32_t y = m_database.AddLocation("Y", Type::Internal, x);
     const int32_t z = m_database.AddLocation("Z", Type::Internal, y);
-    const std::string idA = std::to_string(a), idB = std::to_string(b), idX = std::to_string(x), idY = std::to_string(y);
+    const std::string idA = std::to_string(a), idB = std::to_string(b), idX = std::to_string(x),
+                      idY = std::to_string(y);
     GetHostDatabase().ExecuteBatch(
         Move(x, "/0/" + idA + "/" + idX + "/", "/0/" + idB + "/" + idX + "/", 2, "/0/" + idB + "/"));
     EXPECT_EQ(m_database.QueryValue("SELECT Path FROM StorageLocation WHERE Name = 'Z'"),
@@ -263,7 +266,8 @@ TEST_F(SqliteSchemaTest, APersonsDisplayNameIsMadeOfItsParts) {
 
 TEST_F(SqliteSchemaTest, DescendantsAreFoundByAnIndex) {
     std::string plan;
-    for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN SELECT * FROM StorageLocation WHERE Path LIKE '/0/5/%'"))
+    for (const Row& row :
+         m_database.QueryRows("EXPLAIN QUERY PLAN SELECT * FROM StorageLocation WHERE Path LIKE '/0/5/%'"))
         plan += ToText(row.Value("detail")) + "\n";
     EXPECT_NE(plan.find("SEARCH StorageLocation USING INDEX"), std::string::npos) << plan;
 }
@@ -274,11 +278,10 @@ TEST_F(SqliteSchemaTest, TheEngineKnowsWhatTheSchemaOffers) {
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasCurrentPlace);
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasDescriptionIndex);
     EXPECT_THAT(m_database.GetEngine()->GetDialect().keys,
-                ::testing::IsSupersetOf({RowKey{"Property", {"PropertyNo"}},
-                                         RowKey{"PropertyTracking", {"PropertyNo", "SeqNo"}},
-                                         RowKey{"Vehicle", {"VehicleNo"}},
-                                         RowKey{"vwVehicleDisplayInfo", {"VehicleNo"}},
-                                         RowKey{"VehicleTracking", {"VehicleNo", "SeqNo"}}}));
+                ::testing::IsSupersetOf(
+                    {RowKey{"Property", {"PropertyNo"}}, RowKey{"PropertyTracking", {"PropertyNo", "SeqNo"}},
+                     RowKey{"Vehicle", {"VehicleNo"}}, RowKey{"vwVehicleDisplayInfo", {"VehicleNo"}},
+                     RowKey{"VehicleTracking", {"VehicleNo", "SeqNo"}}}));
 }
 
 namespace {
@@ -293,7 +296,8 @@ constexpr const char* missingPlaces =
 class CurrentPlaceTest : public SqliteSchemaTest {
 protected:
     CurrentPlaceTest() {
-        for (const char* name : {"A", "B", "C", "D"}) m_locations.push_back(m_database.AddLocation(name, Type::Internal));
+        for (const char* name : {"A", "B", "C", "D"})
+            m_locations.push_back(m_database.AddLocation(name, Type::Internal));
     }
     std::string Places() {
         std::string text;
@@ -334,8 +338,9 @@ TEST_F(CurrentPlaceTest, FollowsTheCurrentCustodyRow) {
 TEST_F(CurrentPlaceTest, TakesThePointerBeforeItsRowToo) {
     const int32_t item = m_database.AddProperty();
     m_database.Execute("UPDATE Property SET CurrTrackSeq = 1");
-    m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, StorageLocNo, LastUpdated) VALUES (?, 1, ?, '')",
-                       {item, m_locations[2]});
+    m_database.Execute(
+        "INSERT INTO PropertyTracking (PropertyNo, SeqNo, StorageLocNo, LastUpdated) VALUES (?, 1, ?, '')",
+        {item, m_locations[2]});
     EXPECT_EQ(Places(), "3:1:1 ");
 }
 
@@ -367,17 +372,20 @@ TEST_F(CurrentPlaceTest, NoPlaceIsEverMissingWhateverIsDoneByHand) {
         const std::string row = " WHERE " + key + " = " + item + " AND SeqNo = " + sequence;
         std::string sql;
         switch (any(9)) {
-            case 0:
-            case 1: sql = "INSERT INTO " + table + "Tracking (" + key + ", SeqNo, StorageLocNo, LastUpdated) VALUES (" +
-                          item + ", " + sequence + ", " + place + ", '')"; break;
-            case 2: sql = "UPDATE " + table + " SET CurrTrackSeq = " + sequence + " WHERE " + key + " = " + item; break;
-            case 3: sql = "UPDATE " + table + "Tracking SET StorageLocNo = " + place + row; break;
-            case 4: sql = "UPDATE " + table + "Tracking SET SeqNo = " + otherSequence + row; break;
-            case 5: sql = "UPDATE " + table + "Tracking SET " + key + " = " + other + row; break;
-            case 6: sql = "DELETE FROM " + table + "Tracking" + row; break;
-            case 7: sql = "DELETE FROM " + table + " WHERE " + key + " = " + item; break;
-            default: sql = "INSERT OR REPLACE INTO " + table + " (" + key + ", CurrTrackSeq) VALUES (" + item + ", " +
-                           sequence + ")";
+        case 0:
+        case 1:
+            sql = "INSERT INTO " + table + "Tracking (" + key + ", SeqNo, StorageLocNo, LastUpdated) VALUES (" + item +
+                  ", " + sequence + ", " + place + ", '')";
+            break;
+        case 2: sql = "UPDATE " + table + " SET CurrTrackSeq = " + sequence + " WHERE " + key + " = " + item; break;
+        case 3: sql = "UPDATE " + table + "Tracking SET StorageLocNo = " + place + row; break;
+        case 4: sql = "UPDATE " + table + "Tracking SET SeqNo = " + otherSequence + row; break;
+        case 5: sql = "UPDATE " + table + "Tracking SET " + key + " = " + other + row; break;
+        case 6: sql = "DELETE FROM " + table + "Tracking" + row; break;
+        case 7: sql = "DELETE FROM " + table + " WHERE " + key + " = " + item; break;
+        default:
+            sql = "INSERT OR REPLACE INTO " + table + " (" + key + ", CurrTrackSeq) VALUES (" + item + ", " + sequence +
+                  ")";
         }
         RaisedBy([&] { m_database.Execute(sql); });
         ASSERT_EQ(Count(missingPlaces), 0) << "step " << step << ": " << sql;

@@ -1,17 +1,17 @@
 #include "demo/gallery/GalleryWindow.h"
 
 #include "app/Department.h"
-#include "demo/gallery/Cell.h"
 #include "base/Error.h"
 #include "component/Quellbrook.h"
+#include "demo/gallery/Cell.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/ui/GeometryWalk.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/FontLabel.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
-#include "ui/style/Icons.h"
 #include "ui/controls/Label.h"
+#include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
 
@@ -171,8 +171,8 @@ TEST_F(GalleryTest, OnlyWhatHasNoLookForThePointerIsAsNormalUnderIt) {
         EXPECT_EQ(cell->InState(), State::Hover) << Describe(*cell);
         asNormal.insert(cell->Shown().control);
     }
-    EXPECT_EQ(asNormal, (std::set<QString>{"FlatTextbox", "FlatTextArea", "FlatDropdown", "TessarineDropdown",
-                                           "ListView"}));
+    EXPECT_EQ(asNormal,
+              (std::set<QString>{"FlatTextbox", "FlatTextArea", "FlatDropdown", "TessarineDropdown", "ListView"}));
 }
 
 TEST_F(GalleryTest, FocusedPicturesShowTheMarkOfTheFocus) {

@@ -29,7 +29,9 @@ TEST(AwkwardDepartment, ItemsLackALocationInBothWays) {
     EXPECT_GT(CountOf("Property", "CurrTrackSeq IS NULL"), 0);
     EXPECT_GT(CountOf("Vehicle", "CurrTrackSeq IS NULL"), 0);
     EXPECT_GT(CountOf("Property i INNER JOIN PropertyTracking t ON t.PropertyNo = i.PropertyNo AND t.SeqNo = "
-                      "i.CurrTrackSeq", "t.StorageLocNo IS NULL"), 0);
+                      "i.CurrTrackSeq",
+                      "t.StorageLocNo IS NULL"),
+              0);
     EXPECT_GT(
         CountOf("Vehicle i INNER JOIN VehicleTracking t ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq",
                 "t.StorageLocNo IS NULL"),
@@ -93,10 +95,13 @@ TEST(AwkwardDepartment, ItemsAreLinkedTwiceToOneIncidentAndToSeveral) {
     for (const std::string kind : {"Property", "Vehicle"}) {
         const std::string links = "Incd" + kind;
         EXPECT_GT(Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM " + links + " GROUP BY IncidentNo, " + kind +
-                                    "No HAVING COUNT(*) > 1)"), 0) << kind;
+                                    "No HAVING COUNT(*) > 1)"),
+                  0)
+            << kind;
     }
     EXPECT_GT(Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM IncdProperty GROUP BY PropertyNo HAVING "
-                                "COUNT(DISTINCT IncidentNo) > 1)"), 0);
+                                "COUNT(DISTINCT IncidentNo) > 1)"),
+              0);
 }
 
 TEST(AwkwardDepartment, TwoIncidentsShareACaseNumberAndSomeHaveNone) {
@@ -121,14 +126,17 @@ TEST(AwkwardDepartment, SomeLocationsAreOutOfUseAndHoldOthersAndItems) {
 }
 
 TEST(AwkwardDepartment, MainPicturesStandOrLackTheirFolderOrTheirRow) {
-    const std::string main = "Property p LEFT JOIN AttachmentIndex a ON a.IdNo = p.PropertyNo AND a.ObjTypeInd = 6 AND "
-                             "a.SeqNo = p.CurrImageSeq";
+    const std::string main =
+        "Property p LEFT JOIN AttachmentIndex a ON a.IdNo = p.PropertyNo AND a.ObjTypeInd = 6 AND "
+        "a.SeqNo = p.CurrImageSeq";
     EXPECT_GT(CountOf(main, "a.FolderNo = 1"), 0);
     EXPECT_GT(CountOf(main, "a.FolderNo = 1 AND a.SeqNo = 2"), 0);
     EXPECT_GT(CountOf(main, "a.IdNo IS NOT NULL AND a.FolderNo IS NULL"), 0);
     EXPECT_GT(CountOf(main, "p.CurrImageSeq IS NOT NULL AND a.IdNo IS NULL"), 0);
-    EXPECT_GT(CountOf(main, "p.CurrImageSeq IS NULL AND EXISTS (SELECT 1 FROM AttachmentIndex b WHERE b.IdNo = "
-                            "p.PropertyNo AND b.ObjTypeInd = 6)"), 0);
+    EXPECT_GT(CountOf(main,
+                      "p.CurrImageSeq IS NULL AND EXISTS (SELECT 1 FROM AttachmentIndex b WHERE b.IdNo = "
+                      "p.PropertyNo AND b.ObjTypeInd = 6)"),
+              0);
     EXPECT_GT(
         CountOf("Vehicle v INNER JOIN AttachmentIndex a ON a.IdNo = v.VehicleNo AND a.ObjTypeInd = 7 AND a.SeqNo = "
                 "v.CurrImageSeq",
@@ -138,8 +146,9 @@ TEST(AwkwardDepartment, MainPicturesStandOrLackTheirFolderOrTheirRow) {
 }
 
 TEST(AwkwardDepartment, EveryFiledPictureStandsBesideTheDatabase) {
-    const auto files = Thousand().Rows("SELECT DISTINCT f.Path || '/' || a.FileName FROM AttachmentIndex a INNER JOIN "
-                                       "AttachmentFolder f ON f.FolderNo = a.FolderNo");
+    const auto files = Thousand().Rows(
+        "SELECT DISTINCT f.Path || '/' || a.FileName FROM AttachmentIndex a INNER JOIN "
+        "AttachmentFolder f ON f.FolderNo = a.FolderNo");
     EXPECT_GT(files.size(), 40u);
     for (const std::string& file : files) {
         EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(Thousand().Folder()) / file)) << file;

@@ -1,7 +1,7 @@
-#include "demo/sample/BulkLoad.h"
 #include "base/Error.h"
 #include "database/SqliteEngine.h"
 #include "database/schema/SqliteSchema.h"
+#include "demo/sample/BulkLoad.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <memory>
@@ -23,7 +23,8 @@ protected:
             "'2026-01-01T00:00:00.000', '2026-01-01T00:00:00.000')");
         for (const std::string kind : {"Property", "Vehicle"}) {
             Run("INSERT INTO " + kind + " (" + kind + "No, CurrTrackSeq) VALUES (5, 1)");
-            Run("INSERT INTO " + kind + "Tracking (" + kind + "No, SeqNo, StorageLocNo, LastUpdated) VALUES (5, 1, 1, "
+            Run("INSERT INTO " + kind + "Tracking (" + kind +
+                "No, SeqNo, StorageLocNo, LastUpdated) VALUES (5, 1, 1, "
                 "'2026-01-01T00:00:00.000')");
         }
     }

@@ -1,8 +1,8 @@
 #include "demo/sample/CompanionFiles.h"
 
+#include "base/Error.h"
 #include "demo/sample/LabelTemplates.h"
 #include "demo/sample/SampleDepartment.h"
-#include "base/Error.h"
 #include "labels/LabelTemplate.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -80,7 +80,8 @@ TEST(LabelTemplates, HoldTheFieldsOfTheirLabels) {
         if (isLocation) {
             fields.insert(fields.end(), {{"location_barcode", barcode}, {"location", "Room 1"}});
         } else {
-            fields.insert(fields.end(), {{"barcode", barcode}, {"property_id", "1"}, {"category", "c"}, {"description", "d"}});
+            fields.insert(fields.end(),
+                          {{"barcode", barcode}, {"property_id", "1"}, {"category", "c"}, {"description", "d"}});
         }
         const FilledLabel label = LabelTemplate(file.bytes).Fill(fields);
         EXPECT_EQ(label.barcodes.size(), 1u);

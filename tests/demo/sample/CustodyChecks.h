@@ -12,28 +12,42 @@ inline void ExpectSoundChains(const SampleFile& file) {
         const std::string table = std::string(item) + "Tracking";
         SCOPED_TRACE(table);
         // The current row is the greatest, and an item without rows has no current one.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + std::string(item) + " i WHERE i.CurrTrackSeq IS NOT (SELECT "
-                              "MAX(SeqNo) FROM " + table + " t WHERE t." + key + " = i." + key + ")"), 0);
+        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + std::string(item) +
+                              " i WHERE i.CurrTrackSeq IS NOT (SELECT "
+                              "MAX(SeqNo) FROM " +
+                              table + " t WHERE t." + key + " = i." + key + ")"),
+                  0);
         // Numbered from 1 without a gap.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM (SELECT " + std::string(key) + " FROM " + table + " GROUP BY 1 "
-                              "HAVING MIN(SeqNo) <> 1 OR MAX(SeqNo) <> COUNT(*))"), 0);
+        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM (SELECT " + std::string(key) + " FROM " + table +
+                              " GROUP BY 1 "
+                              "HAVING MIN(SeqNo) <> 1 OR MAX(SeqNo) <> COUNT(*))"),
+                  0);
         // Later rows were received and written later.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " a INNER JOIN " + table + " b ON b." + key + " = a." +
-                              key + " AND b.SeqNo = a.SeqNo + 1 WHERE b.DateReceived <= a.DateReceived OR "
-                              "b.LastUpdated <= a.LastUpdated"), 0);
+        EXPECT_EQ(
+            file.Number("SELECT COUNT(*) FROM " + table + " a INNER JOIN " + table + " b ON b." + key + " = a." + key +
+                        " AND b.SeqNo = a.SeqNo + 1 WHERE b.DateReceived <= a.DateReceived OR "
+                        "b.LastUpdated <= a.LastUpdated"),
+            0);
         EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " WHERE LastUpdated < DateReceived"), 0);
         // In the three years before the last day.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " WHERE DateReceived < '2023-11-20T00:00:00.000' OR "
-                              "LastUpdated >= '2026-11-20T00:00:00.000'"), 0);
+        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table +
+                              " WHERE DateReceived < '2023-11-20T00:00:00.000' OR "
+                              "LastUpdated >= '2026-11-20T00:00:00.000'"),
+                  0);
         // Who hands over is who received before, where both are known.
         EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " a INNER JOIN " + table + " b ON b." + key + " = a." +
                               key + " AND b.SeqNo = a.SeqNo + 1 WHERE b.ReceivedFrom <> a.ReceivedBy AND b." + key +
-                              " NOT IN (SELECT PropertyNo FROM Property WHERE PropertyID = '2026-0417-03')"), 0);
+                              " NOT IN (SELECT PropertyNo FROM Property WHERE PropertyID = '2026-0417-03')"),
+                  0);
         // Every reason and every person is known.
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " t LEFT JOIN CodeTable c ON c.TableNumber = 38 AND "
-                              "c.Code = t.CustodyReasonNo WHERE c.Code IS NULL"), 0);
-        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " WHERE ReceivedBy NOT IN (SELECT PersonNo FROM "
-                              "Person) OR ReceivedFrom NOT IN (SELECT PersonNo FROM Person)"), 0);
+        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table +
+                              " t LEFT JOIN CodeTable c ON c.TableNumber = 38 AND "
+                              "c.Code = t.CustodyReasonNo WHERE c.Code IS NULL"),
+                  0);
+        EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table +
+                              " WHERE ReceivedBy NOT IN (SELECT PersonNo FROM "
+                              "Person) OR ReceivedFrom NOT IN (SELECT PersonNo FROM Person)"),
+                  0);
         // What has been disposed of is marked so, and nothing else.
         EXPECT_EQ(
             file.Number("SELECT COUNT(*) FROM " + std::string(item) + " i LEFT JOIN " + table + " t ON t." + key +

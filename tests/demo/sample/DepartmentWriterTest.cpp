@@ -1,8 +1,8 @@
-#include "demo/sample/DepartmentWriter.h"
-#include "demo/sample/Locations.h"
 #include "base/Error.h"
 #include "database/SqliteEngine.h"
 #include "database/schema/SqliteSchema.h"
+#include "demo/sample/DepartmentWriter.h"
+#include "demo/sample/Locations.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <memory>

@@ -43,15 +43,19 @@ TEST(GeneratedDepartment, EveryTrackedItemHasPassedTheCounter) {
     const std::string counter = LocationNamed(SampleNames::SignInCounter);
     for (const char* kind : {"Property", "Vehicle"}) {
         const std::string key = std::string(kind) + "No";
-        EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM " + std::string(kind) + " i WHERE i.CurrTrackSeq IS NOT "
-                                         "NULL AND NOT EXISTS (SELECT 1 FROM " + kind + "Tracking t WHERE t." + key +
-                                         " = i." + key + " AND t.StorageLocNo = " + counter + ")"), 0);
+        EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM " + std::string(kind) +
+                                         " i WHERE i.CurrTrackSeq IS NOT "
+                                         "NULL AND NOT EXISTS (SELECT 1 FROM " +
+                                         kind + "Tracking t WHERE t." + key + " = i." + key +
+                                         " AND t.StorageLocNo = " + counter + ")"),
+                  0);
     }
 }
 
 TEST(GeneratedDepartment, OneShelfHoldsAHundredAndNinetyItemsNow) {
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM CurrentPlace WHERE StorageLocNo = " +
-                                     LocationNamed(SampleNames::FullShelf)), 190);
+                                     LocationNamed(SampleNames::FullShelf)),
+              190);
 }
 
 TEST(GeneratedDepartment, AnItemHasNearlyFourCustodyRows) {

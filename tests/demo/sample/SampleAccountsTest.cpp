@@ -1,7 +1,7 @@
 #include "base/Error.h"
+#include "database/SqliteEngine.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
-#include "database/SqliteEngine.h"
 #include "tests/demo/sample/SampleFile.h"
 
 #include <map>

@@ -35,9 +35,11 @@ TEST(SampleDepartment, HoldsThreeHundredPiecesOfPropertyAndFortyVehiclesWithKeys
     EXPECT_EQ(sample.Number("SELECT COUNT(DISTINCT PropertyID) FROM Property"),
               sample.Number("SELECT COUNT(PropertyID) FROM Property"));
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM Property p LEFT JOIN CodeTable c ON c.TableNumber = 31 AND c.Code = "
-                            "p.CategoryNo WHERE p.CategoryNo IS NOT NULL AND c.Code IS NULL"), 0);
+                            "p.CategoryNo WHERE p.CategoryNo IS NOT NULL AND c.Code IS NULL"),
+              0);
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM Vehicle v LEFT JOIN CodeTable c ON c.TableNumber = 46 AND c.Code = "
-                            "v.CategoryNo WHERE v.CategoryNo IS NOT NULL AND c.Code IS NULL"), 0);
+                            "v.CategoryNo WHERE v.CategoryNo IS NOT NULL AND c.Code IS NULL"),
+              0);
 }
 
 TEST(SampleDepartment, ItsChainsAreSound) { ExpectSoundChains(TheSample()); }

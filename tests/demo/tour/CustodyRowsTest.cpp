@@ -15,12 +15,14 @@ TEST(CustodyRows, TellsOnlyWhatWasWrittenSince) {
     EXPECT_TRUE(rows.Written().empty());
 
     SQLite::Database database(path, SQLite::OPEN_READWRITE);
-    const int32_t next = database.execAndGet("SELECT MAX(SeqNo) + 1 FROM PropertyTracking WHERE PropertyNo = 1").getInt();
+    const int32_t next =
+        database.execAndGet("SELECT MAX(SeqNo) + 1 FROM PropertyTracking WHERE PropertyNo = 1").getInt();
     database.exec("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (1, " + std::to_string(next) +
                   ", '2026-11-20T09:00:00.000')");
     // The first row of an item that had none.
-    database.exec("INSERT INTO VehicleTracking (VehicleNo, SeqNo, LastUpdated) SELECT VehicleNo, 1, "
-                  "'2026-11-20T09:00:00.000' FROM Vehicle WHERE RegNumber = 'LVN2077'");
+    database.exec(
+        "INSERT INTO VehicleTracking (VehicleNo, SeqNo, LastUpdated) SELECT VehicleNo, 1, "
+        "'2026-11-20T09:00:00.000' FROM Vehicle WHERE RegNumber = 'LVN2077'");
     const RowList written = rows.Written();
     ASSERT_EQ(written.size(), 2u);
     EXPECT_EQ(ToInt32(written[0].Value("PropertyNo")), 1);

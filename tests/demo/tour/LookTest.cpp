@@ -30,7 +30,8 @@ protected:
         m_box->setObjectName("box");
         m_box->addItems({"(None)", "Circuit Court"});
         auto* column = new QVBoxLayout(m_panel);
-        for (QWidget* widget : std::initializer_list<QWidget*>{m_label, m_field, m_tree, m_box}) column->addWidget(widget);
+        for (QWidget* widget : std::initializer_list<QWidget*>{m_label, m_field, m_tree, m_box})
+            column->addWidget(widget);
         auto* outer = new QVBoxLayout(&m_window);
         outer->addWidget(m_panel);
         m_window.resize(400, 500);

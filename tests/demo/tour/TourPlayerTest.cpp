@@ -34,8 +34,7 @@ protected:
 
     ScratchDirectory m_directory;
     QWidget m_window;
-    TourPlayer m_player{m_window, Directory(), TheSample().Path(),
-                        TourSenses{[this] { return Grab(m_window); }, 60}};
+    TourPlayer m_player{m_window, Directory(), TheSample().Path(), TourSenses{[this] { return Grab(m_window); }, 60}};
 };
 
 }  // namespace
@@ -43,10 +42,12 @@ protected:
 TEST_F(TourPlayerTest, ARoadThatHoldsHasAPictureForEachStep) {
     QString seen = "first";
     m_player.Step("one");
-    m_player.Expect("The text", [&seen] { return seen; }, "first");
+    m_player.Expect(
+        "The text", [&seen] { return seen; }, "first");
     m_player.Step("two");
     m_player.Do([&seen] { seen = "second"; });
-    m_player.Expect("The text", [&seen] { return seen; }, "second");
+    m_player.Expect(
+        "The text", [&seen] { return seen; }, "second");
     EXPECT_TRUE(Play());
     ASSERT_EQ(Steps().size(), 2);
     const QJsonObject second = Steps()[1].toObject();
@@ -70,7 +71,8 @@ TEST_F(TourPlayerTest, WhatDoesNotComeEndsTheTourAndIsTold) {
     bool reached = false;
     m_player.Step("one");
     m_player.Step("two");
-    m_player.Expect("The text", [] { return QString("other"); }, "expected");
+    m_player.Expect(
+        "The text", [] { return QString("other"); }, "expected");
     m_player.Step("three");
     m_player.Do([&reached] { reached = true; });
     EXPECT_FALSE(Play());

@@ -29,15 +29,13 @@ KeyWatch::KeyWatch(QObject& watched) : m_ofWindows(false) { watched.installEvent
 KeyWatch::KeyWatch() : m_ofWindows(true) { QCoreApplication::instance()->installEventFilter(this); }
 
 int KeyWatch::Repeats() const {
-    return static_cast<int>(std::count_if(m_seen.begin(), m_seen.end(), [](const Seen& seen) {
-        return seen.type == QEvent::KeyPress && seen.isRepeat;
-    }));
+    return static_cast<int>(std::count_if(
+        m_seen.begin(), m_seen.end(), [](const Seen& seen) { return seen.type == QEvent::KeyPress && seen.isRepeat; }));
 }
 
 int KeyWatch::Count(QEvent::Type type, int key) const {
-    return static_cast<int>(std::count_if(m_seen.begin(), m_seen.end(), [&](const Seen& seen) {
-        return seen.type == type && seen.key == key;
-    }));
+    return static_cast<int>(std::count_if(m_seen.begin(), m_seen.end(),
+                                          [&](const Seen& seen) { return seen.type == type && seen.key == key; }));
 }
 
 bool KeyWatch::eventFilter(QObject* watched, QEvent* event) {

@@ -22,7 +22,7 @@ class ListenerRecord {
 public:
     struct Entry {
         bool isFiring = false;
-        KeyMessage message{};           // as it came
+        KeyMessage message{};  // as it came
         bool isListening = false;
         bool isWindowActive = false;
         std::optional<DateTime> clock;  // where the listener read it

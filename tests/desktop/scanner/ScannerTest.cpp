@@ -2,10 +2,10 @@
 
 #include "core/Actions.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/explorer/EvidenceExplorer.h"
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/WidgetMessageHook.h"
 #include "ui/platform/WidgetTimer.h"
-#include "ui/explorer/EvidenceExplorer.h"
 
 #include <QClipboard>
 #include <QMenuBar>

@@ -1,7 +1,7 @@
-#include "demo/sample/LabelTemplates.h"
 #include "data/BarcodeText.h"
 #include "data/StorageLocationStatic.h"
 #include "data/StoredItem.h"
+#include "demo/sample/LabelTemplates.h"
 #include "host/BarcodeImage.h"
 #include "labels/BarcodeSymbol.h"
 #include "tests/labels/reading/Pages.h"
@@ -75,16 +75,20 @@ protected:
         const int parts = std::uniform_int_distribution<int>(0, 4)(m_random);
         for (int part = 0; part < parts; ++part) {
             const size_t index = std::uniform_int_distribution<size_t>(0, hostile.size() + 3)(m_random);
-            if (index < hostile.size()) text += hostile[index].text + " ";
-            else text += "A steel wheel of a bicycle, bent, found behind the shed. ";
+            if (index < hostile.size())
+                text += hostile[index].text + " ";
+            else
+                text += "A steel wheel of a bicycle, bent, found behind the shed. ";
         }
         return text;
     }
 
     void Print(int k) {
         const int32_t key = KeyOf(k);
-        if (k % 3 == 2) PrintLocation(key);
-        else PrintItem(key, k % 3 == 0 ? StoredItemTypes::Property : StoredItemTypes::vehicle);
+        if (k % 3 == 2)
+            PrintLocation(key);
+        else
+            PrintItem(key, k % 3 == 0 ? StoredItemTypes::Property : StoredItemTypes::vehicle);
     }
 
     void PrintItem(int32_t key, StoredItemTypes kind) {
@@ -107,10 +111,11 @@ protected:
     void PrintLocation(int32_t key) {
         const std::string moment = "2026-01-02T09:30:00.000";
         const std::string path = key % 2 == 0 ? "/0/" : "/0/" + std::to_string(m_room) + "/";
-        m_database.Execute("INSERT INTO StorageLocation (IdNo, Name, Path, Type, ActiveFlag, DateEntered, LastUpdated) "
-                           "VALUES (?, ?, ?, ?, 1, ?, ?)",
-                           {key, "Box " + std::to_string(key) + " " + AnyText(), path,
-                            static_cast<int32_t>(StorageLocationTypes::Internal), moment, moment});
+        m_database.Execute(
+            "INSERT INTO StorageLocation (IdNo, Name, Path, Type, ActiveFlag, DateEntered, LastUpdated) "
+            "VALUES (?, ?, ?, ?, 1, ?, ?)",
+            {key, "Box " + std::to_string(key) + " " + AnyText(), path,
+             static_cast<int32_t>(StorageLocationTypes::Internal), moment, moment});
         HostLocationData::Discard();
         GetStorageLocationStatic().FindByID(key)->PrintBarcodeLabel();
         Keep("L", key);
@@ -150,9 +155,10 @@ bool IsInk(const QImage& page, int x, int y) { return page.constScanLine(y)[x] <
 
 QRect DotsOf(const LabelBox& box, int dotsPerInch) {
     const double scale = dotsPerInch / MillimetresPerInch;
-    return QRect(QPoint(static_cast<int>(std::lround(box.left * scale)), static_cast<int>(std::lround(box.top * scale))),
-                 QPoint(static_cast<int>(std::lround((box.left + box.width) * scale)) - 1,
-                        static_cast<int>(std::lround((box.top + box.height) * scale)) - 1));
+    return QRect(
+        QPoint(static_cast<int>(std::lround(box.left * scale)), static_cast<int>(std::lround(box.top * scale))),
+        QPoint(static_cast<int>(std::lround((box.left + box.width) * scale)) - 1,
+               static_cast<int>(std::lround((box.top + box.height) * scale)) - 1));
 }
 
 struct Resolution {
@@ -215,7 +221,8 @@ TEST_F(LabelReading, NothingIsDrawnOverAnythingElse) {
     FilledLabel empty = Printed()[0].label;
     empty.texts.clear();
     empty.barcodes.clear();
-    const QImage drawing = RasterisePages(MakeLabelPdf({empty}, dpi), dpi).at(0).convertToFormat(QImage::Format_Grayscale8);
+    const QImage drawing =
+        RasterisePages(MakeLabelPdf({empty}, dpi), dpi).at(0).convertToFormat(QImage::Format_Grayscale8);
     ASSERT_EQ(pages.size(), static_cast<size_t>(labelCount));
     for (int k = 0; k < labelCount; ++k) {
         QImage page = pages[k];

@@ -11,10 +11,9 @@ std::string ReadWithZxing(const QImage& picture) {
     ZXing::DecodeHints hints;
     hints.setFormats(ZXing::BarcodeFormat::Code128);
     hints.setMaxNumberOfSymbols(1);
-    const ZXing::Result result =
-        ZXing::ReadBarcode({reinterpret_cast<const uint8_t*>(pixels.data()), picture.width(), picture.height(),
-                            ZXing::ImageFormat::Lum},
-                           hints);
+    const ZXing::Result result = ZXing::ReadBarcode(
+        {reinterpret_cast<const uint8_t*>(pixels.data()), picture.width(), picture.height(), ZXing::ImageFormat::Lum},
+        hints);
     if (!result.isValid()) return "<no symbol>";
     return std::string(result.bytes().begin(), result.bytes().end());
 }

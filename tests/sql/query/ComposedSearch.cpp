@@ -1,5 +1,5 @@
-#include "host/QueryServices.h"
 #include "tests/sql/query/ComposedSearch.h"
+#include "host/QueryServices.h"
 
 #include "base/Text.h"
 
@@ -58,31 +58,31 @@ struct SearchSources {
 void AddNumber(const SearchSources& s, QuerySource& propertyQuery, QuerySource& vehicleQuery,
                SearchCriteria& criteria) {
     switch (criteria.numberType) {
-        case 1:
-        case 2: {
-            const QueryCondition linked =
-                s.i.Column(criteria.numberType == 1 ? "IncidentId" : "CaseNbr").Like(criteria.number);
-            vehicleQuery.Where(linked);
-            propertyQuery.Where(linked);
-            break;
-        }
-        case 3:
-            propertyQuery.Where(s.p.Column("PropertyID").Like(criteria.number));
-            criteria.itemType = 1;
-            break;
-        case 4:
-            vehicleQuery.Where(s.v.Column("RegNumber").Like(criteria.number));
-            criteria.itemType = 2;
-            break;
-        case 5:
-            propertyQuery.Where(s.p.Column("PropertyNo").Equals(ParseInt32(criteria.number)));
-            criteria.itemType = 1;
-            break;
-        case 6:
-            vehicleQuery.Where(s.v.Column("VehicleNo").Equals(ParseInt32(criteria.number)));
-            criteria.itemType = 2;
-            break;
-        default: break;
+    case 1:
+    case 2: {
+        const QueryCondition linked =
+            s.i.Column(criteria.numberType == 1 ? "IncidentId" : "CaseNbr").Like(criteria.number);
+        vehicleQuery.Where(linked);
+        propertyQuery.Where(linked);
+        break;
+    }
+    case 3:
+        propertyQuery.Where(s.p.Column("PropertyID").Like(criteria.number));
+        criteria.itemType = 1;
+        break;
+    case 4:
+        vehicleQuery.Where(s.v.Column("RegNumber").Like(criteria.number));
+        criteria.itemType = 2;
+        break;
+    case 5:
+        propertyQuery.Where(s.p.Column("PropertyNo").Equals(ParseInt32(criteria.number)));
+        criteria.itemType = 1;
+        break;
+    case 6:
+        vehicleQuery.Where(s.v.Column("VehicleNo").Equals(ParseInt32(criteria.number)));
+        criteria.itemType = 2;
+        break;
+    default: break;
     }
 }
 

@@ -95,9 +95,8 @@ TEST_F(PlannerKeys, AJoinByPartOfAKeyRepeatsRows) {
 }
 
 TEST_F(PlannerKeys, AJoinThatSaysAColumnEqualsItselfPinsNothing) {
-    const QuerySource ever = p.Join(pt, 1).On(pt.Column("PropertyNo")
-                                                  .Equals(p.Column("PropertyNo"))
-                                                  .And(pt.Column("SeqNo").Equals(pt.Column("SeqNo"))));
+    const QuerySource ever = p.Join(pt, 1).On(
+        pt.Column("PropertyNo").Equals(p.Column("PropertyNo")).And(pt.Column("SeqNo").Equals(pt.Column("SeqNo"))));
     EXPECT_THAT(Planned(ever.Select({p.Column("PropertyNo"), pt.Column("StorageLocNo")})), HasSubstr("DISTINCT"));
 }
 

@@ -32,13 +32,13 @@ SearchCriteria RandomValues(std::mt19937& random, SearchCriteria criteria, bool 
             AnyOf(random, {"*blue*", "blue*", "*l*", "*100%*", "*_[x]_*", "*", "it's*", "*BLUE BICYCLE", "*\xC3\xBCn",
                            "*b*e*", "1999*Ford*", "*ue bi*yc*", "*\\"});
     switch (criteria.numberType) {
-        case 1: criteria.number = AnyOf(random, {"I-1", "I-1*", "*1*", "50%", "I_1", "*"}); break;
-        case 2: criteria.number = AnyOf(random, {"C1", "c1*", "*1*", "[C1]", "*"}); break;
-        case 3: criteria.number = AnyOf(random, {"P-1", "p-1*", "*1*", "P_1", "*"}); break;
-        case 4: criteria.number = AnyOf(random, {"ABC 1", "abc*", "*1*", "*"}); break;
-        case 5:
-        case 6: criteria.number = std::to_string(1 + Below(random, 8)); break;
-        default: break;
+    case 1: criteria.number = AnyOf(random, {"I-1", "I-1*", "*1*", "50%", "I_1", "*"}); break;
+    case 2: criteria.number = AnyOf(random, {"C1", "c1*", "*1*", "[C1]", "*"}); break;
+    case 3: criteria.number = AnyOf(random, {"P-1", "p-1*", "*1*", "P_1", "*"}); break;
+    case 4: criteria.number = AnyOf(random, {"ABC 1", "abc*", "*1*", "*"}); break;
+    case 5:
+    case 6: criteria.number = std::to_string(1 + Below(random, 8)); break;
+    default: break;
     }
     return criteria;
 }
@@ -87,9 +87,12 @@ private:
 };
 
 struct Dialects {
-    const std::vector<Dialect> all = {SqliteDialect(false, false), SqliteDialect(true, false),
-                                      SqliteDialect(false, true), SqliteDialect(true, true),
-                                      WithKeys(SqliteDialect(false, false)), WithKeys(SqliteDialect(true, true))};
+    const std::vector<Dialect> all = {SqliteDialect(false, false),
+                                      SqliteDialect(true, false),
+                                      SqliteDialect(false, true),
+                                      SqliteDialect(true, true),
+                                      WithKeys(SqliteDialect(false, false)),
+                                      WithKeys(SqliteDialect(true, true))};
 };
 
 TEST(QueryPlanner, GivesTheRowsOfTheQueryAsComposed) {

@@ -26,8 +26,8 @@ std::string Nested(size_t depth) { return std::string(depth, '(') + "1" + std::s
 TEST(TransactSqlGrammar, HoldsQueries) {
     ExpectAllUntouched({"SELECT 1", "select  a ,b\r\nfrom\tt", "SELECT * FROM t AS x",
                         "SELECT *, NULL AS Serial FROM t x",
-                        "SELECT DISTINCT a.*, b.\"Name\" AS \"Its name\" FROM t a CROSS JOIN b",
-                        "SELECT 1 WHERE 1 = 0", "SELECT a FROM t WHERE b=1 UNION SELECT 2 UNION ALL SELECT c FROM u",
+                        "SELECT DISTINCT a.*, b.\"Name\" AS \"Its name\" FROM t a CROSS JOIN b", "SELECT 1 WHERE 1 = 0",
+                        "SELECT a FROM t WHERE b=1 UNION SELECT 2 UNION ALL SELECT c FROM u",
                         "SELECT a, COUNT(*) AS N FROM t GROUP BY a, t.b HAVING COUNT(DISTINCT c)>1",
                         "SELECT (SELECT MAX(b) FROM u) AS M FROM t", "SELECT \xC3\xA4 FROM \xC3\xB6"});
 }
@@ -59,8 +59,8 @@ TEST(TransactSqlGrammar, HoldsChanges) {
     ExpectAllUntouched({"INSERT INTO Setting (Name,Value) VALUES ('a',  NULL)", "INSERT INTO t VALUES (1), (2)",
                         "INSERT INTO t DEFAULT VALUES", "INSERT INTO t (a) SELECT b FROM u UNION SELECT 1",
                         "UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
-                        "UPDATE t SET \"a\"=a+1,b=(SELECT 1)",
-                        "DELETE FROM StorageLocation WHERE Path LIKE '/0/5/%'", "DELETE FROM t"});
+                        "UPDATE t SET \"a\"=a+1,b=(SELECT 1)", "DELETE FROM StorageLocation WHERE Path LIKE '/0/5/%'",
+                        "DELETE FROM t"});
 }
 
 TEST(TransactSqlGrammar, HoldsColumnsNamedLikeFunctions) {

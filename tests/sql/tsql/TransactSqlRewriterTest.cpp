@@ -94,8 +94,8 @@ TEST(TransactSqlRewriter, BlanksAroundStatementsAndEmptyStatementsAreDropped) {
 }
 
 TEST(TransactSqlRewriter, CountsTheTemporaryTablesThatComeAndGo) {
-    const TranslatedText text = TranslateTransactSql("CREATE TABLE #a (b INT);CREATE TABLE #c (b INT);DROP TABLE #a",
-                                                     SqlTarget::Sqlite);
+    const TranslatedText text =
+        TranslateTransactSql("CREATE TABLE #a (b INT);CREATE TABLE #c (b INT);DROP TABLE #a", SqlTarget::Sqlite);
     EXPECT_EQ(text.createdTables, 2);
     EXPECT_EQ(text.droppedTables, 1);
 }
@@ -188,7 +188,8 @@ TEST(TransactSqlRewriter, TheMarkersOfAVariablesSelectAreNumbered) {
 
 TEST(TransactSqlRewriter, ABackslashInAPatternIsNoEscapeSignForPostgreSql) {
     ExpectTranslations({
-        {"SELECT a FROM t WHERE b LIKE '\\x%'", {"SELECT a FROM t WHERE b LIKE '\\x%'"},
+        {"SELECT a FROM t WHERE b LIKE '\\x%'",
+         {"SELECT a FROM t WHERE b LIKE '\\x%'"},
          {"SELECT a FROM t WHERE b LIKE '\\x%' ESCAPE ''"}},
         Same("SELECT a FROM t WHERE b LIKE '\\x!%' ESCAPE '!'"),
         Same("SELECT a FROM t WHERE b LIKE 'x%' AND c = '\\'"),

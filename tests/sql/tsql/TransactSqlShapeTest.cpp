@@ -64,14 +64,35 @@ TEST(TransactSqlShape, DeclarationsStay) {
 
 TEST(TransactSqlShape, SomeTextsAreTakenAsTheyStand) {
     StatementShape shape;
-    for (const char* text :
-         {"", "  ", "SELECT 1", "CREATE TABLE #a (b INT)", "DROP TABLE #a", "UPDATE T SET A=? WHERE B=1",
-          "INSERT INTO T SELECT A FROM U ORDER BY 1", "UPDATE T SET A=1;DROP TABLE #a", "UPDATE T SET A=1.5",
-          "UPDATE T SET A=.5", "UPDATE T SET A=2e3", "UPDATE T SET A=1234567890123456789", "UPDATE [T] SET A=1",
-          "UPDATE T SET A=1 -- x", "UPDATE T SET A=1 /* x */", "UPDATE T SET A=X'00'", "UPDATE T SET A='x' 'y'",
-          "UPDATE T SET A='x", "UPDATE T SET A=@@x", "UPDATE ##T SET A=1", "UPDATE \"T\" SET A=1", "UPDATE T SET A=b$c",
-          "UPDATE T SET A=A + 'x'", "UPDATE T SET A='x' + A", "UPDATE T SET A=1 + N'x'",
-          "5", "'x'", ";UPDATE T SET A=1", "UPDATED T"})
+    for (const char* text : {"",
+                             "  ",
+                             "SELECT 1",
+                             "CREATE TABLE #a (b INT)",
+                             "DROP TABLE #a",
+                             "UPDATE T SET A=? WHERE B=1",
+                             "INSERT INTO T SELECT A FROM U ORDER BY 1",
+                             "UPDATE T SET A=1;DROP TABLE #a",
+                             "UPDATE T SET A=1.5",
+                             "UPDATE T SET A=.5",
+                             "UPDATE T SET A=2e3",
+                             "UPDATE T SET A=1234567890123456789",
+                             "UPDATE [T] SET A=1",
+                             "UPDATE T SET A=1 -- x",
+                             "UPDATE T SET A=1 /* x */",
+                             "UPDATE T SET A=X'00'",
+                             "UPDATE T SET A='x' 'y'",
+                             "UPDATE T SET A='x",
+                             "UPDATE T SET A=@@x",
+                             "UPDATE ##T SET A=1",
+                             "UPDATE \"T\" SET A=1",
+                             "UPDATE T SET A=b$c",
+                             "UPDATE T SET A=A + 'x'",
+                             "UPDATE T SET A='x' + A",
+                             "UPDATE T SET A=1 + N'x'",
+                             "5",
+                             "'x'",
+                             ";UPDATE T SET A=1",
+                             "UPDATED T"})
         EXPECT_FALSE(FindShape(text, shape)) << text;
     EXPECT_FALSE(FindShape(std::string("UPDATE T SET A='x\0y'", 21), shape));
 }

@@ -29,8 +29,8 @@ inline void ExpectRefused(const std::string& text, const std::string& part) {
     for (const sql::SqlTarget target : {sql::SqlTarget::Sqlite, sql::SqlTarget::PostgreSql}) {
         const Error error = RaisedBy([&] { sql::TranslateTransactSql(text, target); });
         EXPECT_EQ(error.Number(), 5) << text;
-        EXPECT_EQ(error.Description(), "The database in use can't carry out this statement: \"" + part +
-                                           "\" is not part of its language.")
+        EXPECT_EQ(error.Description(),
+                  "The database in use can't carry out this statement: \"" + part + "\" is not part of its language.")
             << text;
     }
 }

@@ -55,7 +55,8 @@ QSize RoomFor(const QWidget& widget) {
     if (const auto* tag = qobject_cast<const StatusTag*>(&widget)) return tag->sizeHint();
     if (const auto* link = qobject_cast<const Link*>(&widget)) return link->sizeHint();
     if (const auto* button = qobject_cast<const FlatButton*>(&widget))
-        return QSize(button->sizeHint().width() - 2 * (buttonMargin - leastButtonMargin), button->fontMetrics().height());
+        return QSize(button->sizeHint().width() - 2 * (buttonMargin - leastButtonMargin),
+                     button->fontMetrics().height());
     if (const auto* label = qobject_cast<const Label*>(&widget))
         return label->Caption().isEmpty() ? QSize() : QSize(0, QFontMetrics(Theme::Font(label->Type())).height());
     if (const auto* tabs = qobject_cast<const FlatTabs*>(&widget)) {
@@ -132,8 +133,9 @@ void GeometryWalk::CheckPlaces(QWidget& parent, const QList<QWidget*>& children)
 void GeometryWalk::CheckText(QWidget& widget) {
     const QSize room = RoomFor(widget);
     if (room.width() > widget.width() || room.height() > widget.height())
-        Report(MeantFault::Kind::Clipped, widget, nullptr,
-               Text(widget.rect()) + QStringLiteral(" cuts off a text of %1 x %2").arg(room.width()).arg(room.height()));
+        Report(
+            MeantFault::Kind::Clipped, widget, nullptr,
+            Text(widget.rect()) + QStringLiteral(" cuts off a text of %1 x %2").arg(room.width()).arg(room.height()));
     const auto* view = qobject_cast<QAbstractItemView*>(&widget);
     if (!view || qobject_cast<QHeaderView*>(&widget)) return;
     if (view->textElideMode() == Qt::ElideNone)
@@ -145,7 +147,8 @@ void GeometryWalk::CheckText(QWidget& widget) {
 
 void GeometryWalk::CheckName(QWidget& widget) {
     QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&widget);
-    const bool takesFocus = IsTabStop(widget) || (widget.parentWidget() && widget.parentWidget()->focusProxy() == &widget);
+    const bool takesFocus =
+        IsTabStop(widget) || (widget.parentWidget() && widget.parentWidget()->focusProxy() == &widget);
     const bool isElement = !widget.focusProxy() && element && (takesFocus || IsElement(element->role()));
     if (!isElement) return;
     if (element->text(QAccessible::Name).trimmed().isEmpty())
@@ -172,9 +175,10 @@ void GeometryWalk::Report(MeantFault::Kind kind, const QWidget& widget, const QW
     for (size_t i = 0; i < m_meant.size(); ++i) {
         const MeantFault& meant = m_meant[i];
         if (meant.kind != kind) continue;
-        const bool isMeant = other ? (IsNamed(widget, meant.widget) && (meant.other.isEmpty() || IsNamed(*other, meant.other))) ||
-                                         (IsNamed(*other, meant.widget) && (meant.other.isEmpty() || IsNamed(widget, meant.other)))
-                                   : IsNamed(widget, meant.widget);
+        const bool isMeant =
+            other ? (IsNamed(widget, meant.widget) && (meant.other.isEmpty() || IsNamed(*other, meant.other))) ||
+                        (IsNamed(*other, meant.widget) && (meant.other.isEmpty() || IsNamed(widget, meant.other)))
+                  : IsNamed(widget, meant.widget);
         if (!isMeant) continue;
         m_met.insert(i);
         return;

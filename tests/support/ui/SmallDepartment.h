@@ -61,8 +61,8 @@ protected:
     // An item that was signed in to a location, as a search finds it.
     StoredItemRef AddProperty(const std::string& displayId, const std::string& description, int32_t location,
                               TaggedValue category = 5) {
-        const int32_t id = m_database.AddProperty(
-            {.PropertyID = displayId, .Description = description, .CategoryNo = category});
+        const int32_t id =
+            m_database.AddProperty({.PropertyID = displayId, .Description = description, .CategoryNo = category});
         m_database.AddCustodyRow(StoredItemTypes::Property, id, location,
                                  {.ReceivedBy = 11, .ReceivedFrom = 12, .CustodyReasonNo = 1});
         return FindItem(StoredItemTypes::Property, id);

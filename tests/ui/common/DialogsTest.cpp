@@ -124,7 +124,8 @@ TEST_F(DialogsTest, ADestroyedParentIsNoParent) {
 }
 
 TEST_F(DialogsTest, OnlyAWindowCanBeTheParent) {
-    EXPECT_EQ(RaisedBy([] { GetDialogs().SetParent(std::make_shared<OtherObject>()); }).Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(RaisedBy([] { GetDialogs().SetParent(std::make_shared<OtherObject>()); }).Number(),
+              ErrorNumber::TypeMismatch);
     EXPECT_EQ(GetDialogs().GetParent(), &m_host);
 }
 

@@ -6,8 +6,6 @@
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/GroupBox.h"
 
-
-
 namespace quellbrook {
 
 namespace {
@@ -93,11 +91,12 @@ TEST_F(Focus, The201stCallShowsTheMessageAndStillSetsTheFocus) {
     const auto& message = m_screen.Messages().front();
     EXPECT_EQ(message.title, "Focus Loop Detected!");
     EXPECT_EQ(message.buttons, 16);
-    EXPECT_EQ(message.prompt,
-              "The program is trying to give 'second' input focus, but first won't relinquish it.\r\n\r\n"
-              "Please take a screenshot of this error and tell a developer. The program will try to correct itself now, but "
-              "if this message keeps re-apearing, end this process from the Task Manager.\r\n\r\n"
-              "[TrySetFocus(second), callCount = 200, callDepth = 0]");
+    EXPECT_EQ(
+        message.prompt,
+        "The program is trying to give 'second' input focus, but first won't relinquish it.\r\n\r\n"
+        "Please take a screenshot of this error and tell a developer. The program will try to correct itself now, but "
+        "if this message keeps re-apearing, end this process from the Task Manager.\r\n\r\n"
+        "[TrySetFocus(second), callCount = 200, callDepth = 0]");
     EXPECT_EQ(QApplication::focusWidget(), m_second);
 }
 
@@ -120,7 +119,8 @@ TEST_F(Focus, TheMessageNamesTheControlAroundAFieldAndTheMemberOfAnArray) {
     for (int i = 0; i < 198; ++i) TrySetFocus(field);
     TrySetFocus(m_second);
     ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_NE(m_screen.Messages().front().prompt.find("'second(3)' input focus, but txtSearch won't"), std::string::npos);
+    EXPECT_NE(m_screen.Messages().front().prompt.find("'second(3)' input focus, but txtSearch won't"),
+              std::string::npos);
 }
 
 TEST_F(Focus, TwoControlsThatFightForItAreStoppedWithTheDepthOfTheirFight) {

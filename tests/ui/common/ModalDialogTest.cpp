@@ -111,23 +111,26 @@ TEST_F(ModalDialog, TheResultIsOneUntilAControlHasClosedTheForm) {
 }
 
 TEST_F(ModalDialog, TheFirstButtonHasTheFocusAndEnterPressesIt) {
-    EXPECT_EQ(Ask(36, [](frmModal& form) {
-                  EXPECT_EQ(QApplication::focusWidget(), Button(form, 0));
-                  Press(Qt::Key_Return);
-              }),
+    EXPECT_EQ(Ask(36,
+                  [](frmModal& form) {
+                      EXPECT_EQ(QApplication::focusWidget(), Button(form, 0));
+                      Press(Qt::Key_Return);
+                  }),
               6);
 }
 
 TEST_F(ModalDialog, EnterPressesTheButtonThatHasTheFocus) {
-    EXPECT_EQ(Ask(36, [](frmModal&) {
-                  Press(Qt::Key_Tab);
-                  Press(Qt::Key_Enter);
-              }),
+    EXPECT_EQ(Ask(36,
+                  [](frmModal&) {
+                      Press(Qt::Key_Tab);
+                      Press(Qt::Key_Enter);
+                  }),
               7);
-    EXPECT_EQ(Ask(36, [](frmModal&) {
-                  Press(Qt::Key_Tab);
-                  Press(Qt::Key_Space);
-              }),
+    EXPECT_EQ(Ask(36,
+                  [](frmModal&) {
+                      Press(Qt::Key_Tab);
+                      Press(Qt::Key_Space);
+                  }),
               7);
 }
 
@@ -149,7 +152,8 @@ TEST_F(ModalDialog, AnEmptyTitleHidesTheTitleStrip) {
 }
 
 TEST_F(ModalDialog, TheFormIsAsLargeAsItsContentBeforeItIsShown) {
-    const auto form = Loaded("Are you sure you want to cancel this evidence transfer?", 36, "Cancel evidence transfer?");
+    const auto form =
+        Loaded("Are you sure you want to cancel this evidence transfer?", 36, "Cancel evidence transfer?");
     EXPECT_EQ(form->size(), QSize(500, 48 + 60 + 20 + 48));
     EXPECT_EQ(Find(*form, "grpTitlebar")->geometry(), QRect(1, 1, 498, 48));
     EXPECT_EQ(Find(*form, "grpButtons")->geometry(), QRect(1, 176 - 60 - 1, 498, 60));

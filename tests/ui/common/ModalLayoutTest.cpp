@@ -10,7 +10,8 @@ namespace {
 
 constexpr float LineHeight = 300;
 
-// The parts of a form as they are made: a title strip of 48 px, a button strip of 60, an icon of 32, buttons of 96 x 36.
+// The parts of a form as they are made: a title strip of 48 px, a button strip of 60, an icon of 32, buttons of 96
+// x 36.
 ModalLayout Form(int buttons = 2, bool hasPicture = true) {
     ModalLayout layout;
     layout.width = 7500;

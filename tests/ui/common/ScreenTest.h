@@ -2,11 +2,11 @@
 
 #include "base/Screen.h"
 #include "base/Timer.h"
+#include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/Widgets.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/common/WidgetScreen.h"
-#include "tests/support/ui/QtTestMain.h"
-#include "tests/support/ui/Widgets.h"
 
 #include <QApplication>
 #include <QTimer>

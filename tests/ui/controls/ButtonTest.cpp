@@ -1,7 +1,7 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/FlatButton.h"
-#include "ui/style/FocusRing.h"
 #include "ui/controls/Link.h"
+#include "ui/style/FocusRing.h"
 
 namespace quellbrook::testing {
 namespace {

@@ -5,8 +5,8 @@
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Control.h"
-#include "ui/style/Theme.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <functional>
 #include <string>

@@ -3,9 +3,9 @@
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTextArea.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/style/FocusRing.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/controls/View.h"
+#include "ui/style/FocusRing.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>

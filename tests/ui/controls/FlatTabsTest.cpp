@@ -82,8 +82,7 @@ TEST_F(FlatTabsTest, TheSelectedOneIsUnderlined) {
     EXPECT_EQ(PixelAt(image, QPoint(m_tabs.TabRect(0).center().x(), 38)), accent);
     EXPECT_NE(PixelAt(image, QPoint(m_tabs.TabRect(1).center().x(), 38)), accent);
     m_tabs.setEnabled(false);
-    EXPECT_EQ(PixelAt(Grab(m_tabs), QPoint(m_tabs.TabRect(0).center().x(), 38)),
-              Theme::Get(Theme::Color::FieldBorder));
+    EXPECT_EQ(PixelAt(Grab(m_tabs), QPoint(m_tabs.TabRect(0).center().x(), 38)), Theme::Get(Theme::Color::FieldBorder));
 }
 
 TEST(FlatTabsEmpty, CanBeMadeAndPaintedWithoutTabs) {

@@ -95,8 +95,8 @@ SelectedObject InBatchWithTasks() {
 TEST(ActionMenuRules, OneStoredItemCanBeOpenedPrintedAndTransferred) {
     for (const MenuSource pane : {MenuSource::ItemPane, MenuSource::SearchResultPane}) {
         const ActionMenuState state = ApplyMenuRules(pane, {StoredHere()}, allRights);
-        EXPECT_THAT(VisibleEntries(state), ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "CheckOut",
-                                                       "Move", "Dispose"));
+        EXPECT_THAT(VisibleEntries(state),
+                    ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "CheckOut", "Move", "Dispose"));
         EXPECT_TRUE(state[MenuEntry::Open].enabled);
         EXPECT_TRUE(state[MenuEntry::OpenInTessarine].enabled);
     }
@@ -155,16 +155,14 @@ TEST(ActionMenuRules, OneMemberAmongTwoLeavesTransfersToTheTasks) {
         EXPECT_TRUE(state[MenuEntry::RemoveFromBatch].visible);
     }
     const ActionMenuState closed = ApplyMenuRules(MenuSource::ItemPane, {InBatch(), StoredHere()}, allRights);
-    EXPECT_THAT(VisibleEntries(closed),
-                ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "RemoveFromBatch"));
+    EXPECT_THAT(VisibleEntries(closed), ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "RemoveFromBatch"));
 }
 
 // A member sets the flags anew, so that what an item before it has forbidden is open again.
 TEST(ActionMenuRules, AMemberOfTheBatchForgetsWhatStoodBeforeIt) {
     const ActionMenuState state = ApplyMenuRules(MenuSource::ItemPane, {SignedOut(), InBatchWithTasks()}, allRights);
     EXPECT_TRUE(state[MenuEntry::CheckOut].visible);
-    const ActionMenuState reversed =
-        ApplyMenuRules(MenuSource::ItemPane, {InBatchWithTasks(), SignedOut()}, allRights);
+    const ActionMenuState reversed = ApplyMenuRules(MenuSource::ItemPane, {InBatchWithTasks(), SignedOut()}, allRights);
     EXPECT_FALSE(reversed[MenuEntry::CheckOut].visible);
     EXPECT_TRUE(reversed[MenuEntry::CheckIn].visible);
 }
@@ -235,8 +233,8 @@ TEST(ActionMenuRules, OnlyMembersBeforeTheFirstLocationCanBeUnchecked) {
 
 TEST(ActionMenuRules, AnItemWithoutALocationNeitherSetsNorClearsAFlag) {
     const ActionMenuState alone = ApplyMenuRules(MenuSource::SearchResultPane, {ItemNowhere()}, allRights);
-    EXPECT_THAT(VisibleEntries(alone), ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "CheckIn",
-                                                   "CheckOut", "Move", "Dispose"));
+    EXPECT_THAT(VisibleEntries(alone),
+                ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "CheckIn", "CheckOut", "Move", "Dispose"));
     const ActionMenuState besides =
         ApplyMenuRules(MenuSource::SearchResultPane, {ItemNowhere(), SignedOut()}, allRights);
     EXPECT_TRUE(besides[MenuEntry::CheckIn].visible);
@@ -283,8 +281,7 @@ TEST(ActionMenuRules, ATransferNeedsTheTaskOfEveryItemAndTheRight) {
                 rights.appendChainOfCustody = right & 1;
                 rights.addFinalDisposition = right & 2;
                 const auto item = [](unsigned bits) { return Item(Tasks(bits & 1, bits & 2, bits & 4, bits & 8)); };
-                const ActionMenuState state =
-                    ApplyMenuRules(MenuSource::ItemPane, {item(first), item(second)}, rights);
+                const ActionMenuState state = ApplyMenuRules(MenuSource::ItemPane, {item(first), item(second)}, rights);
                 const unsigned both = first & second;
                 const unsigned open = (right & 1 ? both & 7 : 0) | (right & 2 ? both & 8 : 0);
                 EXPECT_EQ(state[MenuEntry::CheckIn].visible, (open & 1) != 0);

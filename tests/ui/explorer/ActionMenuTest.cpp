@@ -47,9 +47,8 @@ TEST(ActionMenu, ShowsNoEntryWithoutACommand) {
 TEST(ActionMenu, TakesCaptionVisibilityAndEnabledStateFromTheRules) {
     ActionMenu menu;
     menu.Apply(ApplyMenuRules(MenuSource::ItemPane, OneItem(), allRights));
-    EXPECT_THAT(Names(menu, true),
-                ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint", "mnuSeparator2", "mnuCheckIn",
-                            "mnuCheckOut", "mnuMove"));
+    EXPECT_THAT(Names(menu, true), ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint",
+                                               "mnuSeparator2", "mnuCheckIn", "mnuCheckOut", "mnuMove"));
     EXPECT_EQ(menu.Entry(MenuEntry::CheckOut)->text(), "Sign out  this item");
     EXPECT_TRUE(menu.Entry(MenuEntry::Open)->isEnabled());
 

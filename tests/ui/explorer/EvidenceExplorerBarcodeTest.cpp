@@ -13,8 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 const std::string problem = "There was a problem with the barcode you scanned: \r\n\r\n";
-const std::string invalid =
-    "The barcode you scanned is invalid. If you believe the barcode is OK, try re-scanning it.";
+const std::string invalid = "The barcode you scanned is invalid. If you believe the barcode is OK, try re-scanning it.";
 
 class EvidenceExplorerBarcodeTest : public ExplorerWindowTest {
 protected:
@@ -84,8 +83,7 @@ TEST_F(EvidenceExplorerBarcodeTest, ALocationThatIsGoneIsNotFound) {
 TEST_F(EvidenceExplorerBarcodeTest, AnItemThatIsGoneIsNotFound) {
     for (const char* letter : {"P", "V"}) {
         ScanAndWait(letter, 4711);
-        ExpectMessage("The barcode you scanned refers to a item that is no longer in your database.",
-                      "Item Not Found");
+        ExpectMessage("The barcode you scanned refers to a item that is no longer in your database.", "Item Not Found");
     }
     EXPECT_EQ(OpenedItem(), "");
 }

@@ -1,5 +1,5 @@
-#include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
 
 #include <QLineEdit>
 
@@ -57,9 +57,8 @@ TEST_F(EvidenceExplorerMenuTest, AnItemsMenuOffersWhatCanBeDoneWithIt) {
         EXPECT_EQ(menu.defaultAction(), m_explorer->Menu()->Entry(MenuEntry::Open));
         EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     });
-    EXPECT_THAT(entries,
-                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-", "Sign out  this item",
-                            "Move  this item"));
+    EXPECT_THAT(entries, ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
+                                     "Sign out  this item", "Move  this item"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEntry) {
@@ -70,19 +69,18 @@ TEST_F(EvidenceExplorerMenuTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEnt
         EXPECT_EQ(menu.defaultAction(), nullptr);
         EXPECT_FALSE(menu.actions().at(0)->isEnabled());
     });
-    EXPECT_THAT(entries,
-                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode labels (2 items)", "-",
-                            "Sign out  2 items", "Move  2 items"));
+    EXPECT_THAT(entries, ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode labels (2 items)", "-",
+                                     "Sign out  2 items", "Move  2 items"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, AMemberOfTheBatchCanOnlyBeUnchecked) {
     Show(m_shelf);
     ClickRow("E-1");
     GetActions().BeginTransaction(TransactionType::SignOut, m_explorer->GetSelectedObjects());
-    EXPECT_THAT(RowMenu("E-1"), ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
-                                        "Uncheck this item"));
-    EXPECT_THAT(RowMenu("E-2"), ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
-                                        "Sign out  this item"));
+    EXPECT_THAT(RowMenu("E-1"),
+                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-", "Uncheck this item"));
+    EXPECT_THAT(RowMenu("E-2"),
+                ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-", "Sign out  this item"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, ABlankSpotOffersToSelectAll) {
@@ -96,8 +94,7 @@ TEST_F(EvidenceExplorerMenuTest, AUserWithoutRightsSeesThatNothingCanBeDone) {
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().VIEW_PROPERTY());
     Show(m_shelf);
-    EXPECT_THAT(RowMenu("E-1"),
-                ElementsAre("Open", "Open in Tessarine...", "-", "(No Available Actions)"));
+    EXPECT_THAT(RowMenu("E-1"), ElementsAre("Open", "Open in Tessarine...", "-", "(No Available Actions)"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, ANodesMenuMeansTheNodeAndTakesTheFocusToTheTree) {

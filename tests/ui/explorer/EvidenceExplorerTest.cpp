@@ -1,5 +1,5 @@
-#include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
 #include "ui/style/Theme.h"

@@ -7,9 +7,9 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/controls/View.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
-#include "ui/controls/View.h"
 #include "ui/platform/WidgetMessageHook.h"
 
 #include <QMenu>

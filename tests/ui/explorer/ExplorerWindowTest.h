@@ -5,12 +5,12 @@
 #include "tests/ui/explorer/ExplorerTest.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ListView.h"
-#include "ui/platform/Strings.h"
 #include "ui/explorer/ActionMenu.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationTreeWidget.h"
 #include "ui/explorer/LocationView.h"
+#include "ui/platform/Strings.h"
 
 #include <QAction>
 

@@ -7,8 +7,8 @@
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/style/Theme.h"
 #include "ui/explorer/LocationTreeWidget.h"
+#include "ui/style/Theme.h"
 
 #include <QAction>
 #include <QContextMenuEvent>

@@ -7,8 +7,8 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/ListView.h"
-#include "ui/style/Theme.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -164,8 +164,7 @@ TEST_F(LocationViewTest, APropertyWithoutACategoryIsCalledProperty) {
 TEST_F(LocationViewTest, OnlyACategoryThatIsCutHasATooltip) {
     AddItem("E-3", m_shelf, 8);
     Show(m_shelf);
-    EXPECT_EQ(m_list->CellTooltip(RowOf("E-3"), typeColumn),
-              "Sporting goods, camping equipment and outdoor furniture");
+    EXPECT_EQ(m_list->CellTooltip(RowOf("E-3"), typeColumn), "Sporting goods, camping equipment and outdoor furniture");
     EXPECT_EQ(m_list->CellTooltip(RowOf("E-1"), typeColumn), "");
     EXPECT_EQ(m_list->CellTooltip(RowOf("E-2"), typeColumn), "");
 }
@@ -315,8 +314,8 @@ TEST_F(LocationViewTest, AFailingRefreshOfMarksDoesNotFailTheDispatch) {
     const auto batch = Batch({m_second});
     m_list->AddRow("X1", "tag", {});
     GetActions().BeginTransaction(TransactionType::SignOut, batch);
-    EXPECT_THAT(TakeUnexpected(), ElementsAre("There is no such key in the collection.",
-                                              "There is no such key in the collection."));
+    EXPECT_THAT(TakeUnexpected(),
+                ElementsAre("There is no such key in the collection.", "There is no such key in the collection."));
     EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 1);
 }
 

@@ -10,10 +10,10 @@
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/SearchResultRow.h"
 #include "ui/explorer/StatePanel.h"
+#include "ui/platform/Twips.h"
 
 #include <QMenu>
 #include <QScrollBar>

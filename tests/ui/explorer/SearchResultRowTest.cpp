@@ -29,7 +29,9 @@ protected:
     QString Icon() { return Find<FontIcon>(m_row, "imgIcon")->IconName(); }
     QColor Ground() { return PixelAt(Grab(m_row), QPoint(890, 50)); }
 
-    void AddToBatch(const StoredItemRef& item) { GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item})); }
+    void AddToBatch(const StoredItemRef& item) {
+        GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item}));
+    }
 
     SearchResultRow m_row;
     StoredItemRef m_laptop;

@@ -1,8 +1,8 @@
 #include "ui/items/ActionTag.h"
 
 #include "tests/support/ui/Widgets.h"
-#include "ui/style/Theme.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 namespace quellbrook::testing {
 namespace {

@@ -12,10 +12,10 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/TessarineDropdown.h"
-#include "ui/platform/Twips.h"
 #include "ui/explorer/SearchResultList.h"
 #include "ui/explorer/SearchResultRow.h"
 #include "ui/locations/LocationPicker.h"
+#include "ui/platform/Twips.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -92,9 +92,13 @@ struct TypeCase {
 };
 
 TEST_F(CartViewTest, TitleButtonAndDestinationsFollowTheTransaction) {
-    const QStringList storage = {"(None)", "Property Room", "Property Room » Aisle 3", "Property Room » Aisle 3 » Shelf B"};
+    const QStringList storage = {"(None)", "Property Room", "Property Room » Aisle 3",
+                                 "Property Room » Aisle 3 » Shelf B"};
     const TypeCase cases[] = {
-        {TransactionType::SignOut, "Sign Out Evidence", "Sign Out", {"(None)", "Crime Lab", "Crime Lab » Digital Forensics"}},
+        {TransactionType::SignOut,
+         "Sign Out Evidence",
+         "Sign Out",
+         {"(None)", "Crime Lab", "Crime Lab » Digital Forensics"}},
         {TransactionType::SignIn, "Sign In Evidence", "Sign In", storage},
         {TransactionType::Move, "Move Evidence", "Move", storage},
         {TransactionType::Dispose, "Dispose Evidence", "Dispose", {"(None)", "Returned to Owner"}}};
@@ -119,9 +123,10 @@ TEST_F(CartViewTest, AnyOtherTypeLeavesTitleButtonAndPickerAsTheyAre) {
 
 TEST_F(CartViewTest, TheSentenceStandsInItsOrder) {
     BeginSignOut();
-    const char* lines[] = {"Label4", "receivedFromField", "Label3", "receivedByField", "Label2", "locationField",
-                           "Label1", "reasonField"};
-    for (size_t i = 1; i < std::size(lines); ++i) EXPECT_GT(Named(lines[i])->Top(), Named(lines[i - 1])->Top()) << lines[i];
+    const char* lines[] = {"Label4", "receivedFromField", "Label3", "receivedByField",
+                           "Label2", "locationField",     "Label1", "reasonField"};
+    for (size_t i = 1; i < std::size(lines); ++i)
+        EXPECT_GT(Named(lines[i])->Top(), Named(lines[i - 1])->Top()) << lines[i];
     EXPECT_EQ(Text("Label4"), "This evidence is being transferred from");
     EXPECT_EQ(Text("Label3"), "into the custody of");
     EXPECT_EQ(Text("Label2"), "and will be going to");
@@ -214,9 +219,10 @@ const RecordingScreen::Message NoItems = {
     "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a barcode scanner, or go "
     "back to the main screen to select items manually.",
     16, "No items to transfer"};
-const RecordingScreen::Message NoDestination = {"Please specify where this evidence is going.", 16, "Missing destination"};
-const RecordingScreen::Message NoGiver = {"Please specify the officer or employee who is transferring this evidence.", 16,
-                                          "Missing transferring officer/employee"};
+const RecordingScreen::Message NoDestination = {"Please specify where this evidence is going.", 16,
+                                                "Missing destination"};
+const RecordingScreen::Message NoGiver = {"Please specify the officer or employee who is transferring this evidence.",
+                                          16, "Missing transferring officer/employee"};
 const RecordingScreen::Message NoTaker = {"Please specify the officer or employee who is receiving this evidence.", 16,
                                           "Missing receiving officer/employee"};
 const RecordingScreen::Message NoReason = {"Please indicate why this evidence is being transferred.", 16,
@@ -272,8 +278,8 @@ TEST_F(CartViewTest, ATransferWritesOneRowAnItemAndGoesBack) {
     EXPECT_TRUE(Cart()->IsEmpty());
 
     const auto written = [&](const std::string& table, const StoredItemRef& item) {
-        const RowList rows = m_database.QueryRows("SELECT * FROM " + table + "Tracking WHERE " + table + "No = " +
-                                                  std::to_string(item->ID()) + " ORDER BY SeqNo");
+        const RowList rows = m_database.QueryRows("SELECT * FROM " + table + "Tracking WHERE " + table +
+                                                  "No = " + std::to_string(item->ID()) + " ORDER BY SeqNo");
         ASSERT_EQ(rows.size(), 2u) << table;
         const Row& row = rows.back();
         EXPECT_EQ(ToInt32(row.Value("SeqNo")), 2);
@@ -283,8 +289,8 @@ TEST_F(CartViewTest, ATransferWritesOneRowAnItemAndGoesBack) {
         EXPECT_EQ(ToText(row.Value("LastUpdated")), "2026-11-20T13:14:15.123");
         EXPECT_EQ(ToInt32(row.Value("CustodyReasonNo")), 2);
         EXPECT_EQ(ToInt32(row.Value("StorageLocNo")), digitalForensics);
-        EXPECT_EQ(ToInt32(m_database.QueryValue("SELECT CurrTrackSeq FROM " + table + " WHERE " + table + "No = " +
-                                                std::to_string(item->ID()))),
+        EXPECT_EQ(ToInt32(m_database.QueryValue("SELECT CurrTrackSeq FROM " + table + " WHERE " + table +
+                                                "No = " + std::to_string(item->ID()))),
                   2);
     };
     written("Property", m_bar);
@@ -456,8 +462,9 @@ TEST_F(CartViewTest, TheQuestionNamesAVehicle) {
     Begin(TransactionType::SignOut, {car, m_bar});
     m_screen.AnswerNext(MessageAnswer::No);
     Entry("mnuRemove")->trigger();
-    EXPECT_EQ(m_screen.TakeMessages().front().prompt.rfind("Do you want really want to remove the following vehicle from", 0),
-              0u);
+    EXPECT_EQ(
+        m_screen.TakeMessages().front().prompt.rfind("Do you want really want to remove the following vehicle from", 0),
+        0u);
     EXPECT_TRUE(Cart()->IsItemInCart(car));
 }
 

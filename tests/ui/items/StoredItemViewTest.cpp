@@ -10,9 +10,9 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/platform/Twips.h"
 #include "ui/items/TrackingList.h"
 #include "ui/items/TrackingResult.h"
+#include "ui/platform/Twips.h"
 
 #include <QTimer>
 
@@ -135,8 +135,8 @@ TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
     SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
-    EXPECT_EQ(commands, std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" +
-                                                 std::to_string(m_laptop->ID())});
+    EXPECT_EQ(commands,
+              std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" + std::to_string(m_laptop->ID())});
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
@@ -144,8 +144,9 @@ TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
     SetCommandRunner([](const std::string&) { Raise(5, "Runner", "There is no handler."); });
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
-    EXPECT_EQ(m_screen.TakeMessages(), (std::vector<RecordingScreen::Message>{
-                                           {"Error opening this record: There is no handler.", 16, "Error Opening Record"}}));
+    EXPECT_EQ(m_screen.TakeMessages(),
+              (std::vector<RecordingScreen::Message>{
+                  {"Error opening this record: There is no handler.", 16, "Error Opening Record"}}));
     EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Laptop computer");
 }
 
@@ -175,8 +176,8 @@ TEST_F(StoredItemViewTest, AnItemLoadedWhileAChainIsBuiltStays) {
     EXPECT_EQ(Tracking()->Rows().size(), 1u);
     EXPECT_EQ(LabelOf("lblLocation")->Caption(), "Property Room > Aisle 3");
     Click(Named("lnkOpenInTessarine"));
-    EXPECT_EQ(commands, std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" +
-                                                 std::to_string(other->ID())});
+    EXPECT_EQ(commands,
+              std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" + std::to_string(other->ID())});
 }
 
 TEST_F(StoredItemViewTest, AViewDestroyedWhileAChainIsBuiltEndsQuietly) {
@@ -190,8 +191,7 @@ TEST_F(StoredItemViewTest, TheTabsComeFirstInTheTabOrder) {
     Open(m_laptop);
     EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "lnkOpenInTessarine", "lnkClose"}));
     Tabs()->SetSelectedIndex(1);
-    EXPECT_EQ(TabOrder(*m_view),
-              (std::vector<std::string>{"tabs", "searchResult", "lnkOpenInTessarine", "lnkClose"}));
+    EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "searchResult", "lnkOpenInTessarine", "lnkClose"}));
 }
 
 TEST_F(StoredItemViewTest, MarkupInAnItemShowsAsItStands) {

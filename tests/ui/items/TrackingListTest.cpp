@@ -10,11 +10,11 @@
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/platform/Twips.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/StatePanel.h"
 #include "ui/items/ActionTag.h"
 #include "ui/items/TrackingResult.h"
+#include "ui/platform/Twips.h"
 
 #include <QMenu>
 #include <QScrollBar>

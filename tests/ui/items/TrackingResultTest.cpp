@@ -4,8 +4,8 @@
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Line.h"
-#include "ui/platform/Twips.h"
 #include "ui/items/ActionTag.h"
+#include "ui/platform/Twips.h"
 
 #include <QLocale>
 
@@ -111,8 +111,8 @@ TEST_F(TrackingResultTest, FieldsStandAtTheirPlaces) {
     Show({.StorageLocNo = shelf});
     EXPECT_EQ(m_row.Height(), 1140);
     const std::vector<std::tuple<const char*, float, float>> places = {
-        {"tagStatus", 0, 180},     {"lblDate", 1380, 180}, {"lblTime", 1380, 540}, {"Label1", 3645, 180},
-        {"lblFrom", 4260, 180},    {"Label2", 3825, 540},  {"lblTo", 4260, 540}};
+        {"tagStatus", 0, 180},  {"lblDate", 1380, 180}, {"lblTime", 1380, 540}, {"Label1", 3645, 180},
+        {"lblFrom", 4260, 180}, {"Label2", 3825, 540},  {"lblTo", 4260, 540}};
     for (const auto& [name, left, top] : places) {
         const auto* control = Find<Control>(m_row, name);
         EXPECT_EQ(control->Left(), left) << name;

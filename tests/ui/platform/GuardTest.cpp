@@ -4,10 +4,10 @@
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/platform/Guard.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/ListView.h"
 #include "ui/controls/MouseEvents.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/WidgetTimer.h"
 
 #include <QTreeWidget>
@@ -97,9 +97,7 @@ TEST_F(GuardTest, WithoutAScreenTheErrorIsLogged) {
 TEST_F(GuardTest, ErrorsWhileAReportIsOpenAreOnlyLogged) {
     TestErrorLog().Announce("Test.Fault");
     TestErrorLog().Announce("Test.Inner");
-    m_screen.WhileMessageOpen = [](const RecordingScreen::Message&) {
-        Guard([] { Raise(5, "Test.Inner", "again"); });
-    };
+    m_screen.WhileMessageOpen = [](const RecordingScreen::Message&) { Guard([] { Raise(5, "Test.Inner", "again"); }); };
     Guard([] { Raise(5, "Test.Fault", "It broke."); });
     ExpectUnexpected("It broke.");
     m_screen.WhileMessageOpen = nullptr;

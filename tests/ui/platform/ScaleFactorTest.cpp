@@ -15,9 +15,10 @@ TEST_F(ScaleFactor, IsTheOneOfTheEnvironment) {
 
 // Geometry, docking, lists and pictures again, in a process of its own with two device pixels to each of ours.
 TEST(ScaleFactorTwo, TheSameRulesHold) {
-    ExpectTheSameAtScaleTwo("ScaleFactor.*:ControlGeometry.*:Docking.*:ListViewTest.*:LabelTest.*:FlatTabsTest.*:"
-                            "PressableTest*:FocusRingTest.*:FlatScrollBarTest.*:IconsTest.*:MouseEventsTest.*",
-                            "ScaleFactor.IsTheOneOfTheEnvironment");
+    ExpectTheSameAtScaleTwo(
+        "ScaleFactor.*:ControlGeometry.*:Docking.*:ListViewTest.*:LabelTest.*:FlatTabsTest.*:"
+        "PressableTest*:FocusRingTest.*:FlatScrollBarTest.*:IconsTest.*:MouseEventsTest.*",
+        "ScaleFactor.IsTheOneOfTheEnvironment");
 }
 
 }  // namespace

@@ -34,7 +34,8 @@ protected:
     }
     ~WidgetMessageHookTest() override { SetMessageHookFactory(nullptr); }
 
-    void Press(Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier, bool repeat = false) {
+    void Press(Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+               bool repeat = false) {
         QTest::simulateEvent(m_window.windowHandle(), true, key, modifiers, text, repeat);
     }
     void Release(Qt::Key key, const QString& text = QString()) {
@@ -59,8 +60,7 @@ TEST_F(WidgetMessageHookTest, APressIsAKeyAndItsCharacterAndAReleaseAKey) {
 }
 
 TEST_F(WidgetMessageHookTest, ThirteenKeysGiveThirteenCharacters) {
-    for (const char c : std::string("P000000000012"))
-        Type(c == 'P' ? Qt::Key_P : Qt::Key(c), QString(QLatin1Char(c)));
+    for (const char c : std::string("P000000000012")) Type(c == 'P' ? Qt::Key_P : Qt::Key(c), QString(QLatin1Char(c)));
     std::string characters;
     for (const auto& [number, wParam] : m_messages)
         if (number == Number::Char) characters += static_cast<char>(wParam);

@@ -61,7 +61,8 @@ std::vector<int> ExpectedRuns(int module) {
 }
 
 TEST(LabelPainter, BarsAreWholeDotsWideAndTheSymbolFillsItsRectangle) {
-    const FilledLabel label = Fill("<rect id='barcode' x='5.03' y='10' width='90' height='7'/>", {{"barcode", barcode}});
+    const FilledLabel label =
+        Fill("<rect id='barcode' x='5.03' y='10' width='90' height='7'/>", {{"barcode", barcode}});
     const QImage image = MakeLabelImage(label, dpi);
     const QRect ink = InkOf(image);
     EXPECT_EQ(RunsOf(image, 120), ExpectedRuns(5)) << "900 dots for 165 modules";
@@ -83,8 +84,10 @@ TEST(LabelPainter, UnderAHighSymbolStandsItsReadableText) {
 }
 
 TEST(LabelPainter, ATurnedSymbolIsTheSameSymbol) {
-    for (const auto& [transform, turns] : std::vector<std::pair<std::string, int>>{
-             {"translate(30,2) rotate(90)", 1}, {"translate(90,40) rotate(180)", 2}, {"translate(30,58) rotate(270)", 3}}) {
+    for (const auto& [transform, turns] :
+         std::vector<std::pair<std::string, int>>{{"translate(30,2) rotate(90)", 1},
+                                                  {"translate(90,40) rotate(180)", 2},
+                                                  {"translate(30,58) rotate(270)", 3}}) {
         const FilledLabel label = Fill("<rect id='barcode' width='" + std::string(turns == 2 ? "80" : "56") +
                                            "' height='7' transform='" + transform + "'/>",
                                        {{"barcode", barcode}});
@@ -97,9 +100,10 @@ TEST(LabelPainter, ATurnedSymbolIsTheSameSymbol) {
 }
 
 TEST(LabelPainter, WhatLiesUnderASymbolIsCovered) {
-    const FilledLabel label = Fill("<rect x='0' y='0' width='100' height='60' fill='#888888'/>"
-                                   "<rect id='barcode' x='5' y='10' width='90' height='7'/>",
-                                   {{"barcode", barcode}});
+    const FilledLabel label = Fill(
+        "<rect x='0' y='0' width='100' height='60' fill='#888888'/>"
+        "<rect id='barcode' x='5' y='10' width='90' height='7'/>",
+        {{"barcode", barcode}});
     const QImage image = MakeLabelImage(label, dpi);
     for (int x = 50; x < 100; ++x) EXPECT_EQ(image.pixel(x, 120), QColor(Qt::white).rgb()) << x;
 }
@@ -117,7 +121,8 @@ TEST(LabelPainter, ARectangleThatIsTooNarrowForASymbolIsRefused) {
 
 TEST(LabelPainter, ATextStaysInItsBoxHoweverLongItIs) {
     for (const char* anchor : {"start", "middle", "end"})
-        for (const QString& text : {QString("short"), QString("words and more words ").repeated(60), QString(900, 'W')}) {
+        for (const QString& text :
+             {QString("short"), QString("words and more words ").repeated(60), QString(900, 'W')}) {
             const FilledLabel label = Fill("<text id='name' font-size='5' text-anchor='" + std::string(anchor) +
                                                "'/><rect id='name_box' x='20' y='10' width='50' height='12'/>",
                                            {{"name", text.toStdString()}});
@@ -131,9 +136,10 @@ TEST(LabelPainter, ATextStaysInItsBoxHoweverLongItIs) {
 TEST(LabelPainter, MarksPiledUponALetterStayInItsBoxToo) {
     std::string piled = "Z";
     for (int mark = 0; mark < 40; ++mark) piled += "\xCC\x81";
-    const FilledLabel label = Fill("<text id='name' font-size='5'/>"
-                                   "<rect id='name_box' x='20' y='30' width='50' height='6'/>",
-                                   {{"name", piled}});
+    const FilledLabel label = Fill(
+        "<text id='name' font-size='5'/>"
+        "<rect id='name_box' x='20' y='30' width='50' height='6'/>",
+        {{"name", piled}});
     const QRect ink = InkOf(MakeLabelImage(label, dpi));
     EXPECT_TRUE(QRect(200, 300, 500, 60).contains(ink)) << ink.top() << " to " << ink.bottom();
 }
@@ -159,17 +165,19 @@ TEST(LabelPainter, ATextWithoutABoxStandsWhereTheTemplatesTextStood) {
 
 TEST(LabelPainter, MarkupIsText) {
     const auto widthOf = [](const char* text) {
-        return InkOf(MakeLabelImage(Fill("<text id='name' x='2' y='30' font-size='5'/>", {{"name", text}}), dpi)).width();
+        return InkOf(MakeLabelImage(Fill("<text id='name' x='2' y='30' font-size='5'/>", {{"name", text}}), dpi))
+            .width();
     };
     EXPECT_GT(widthOf("<b>x</b>"), 3 * widthOf("x"));
 }
 
 TEST(LabelPainter, TheDrawingAndTheColorOfATextAreKept) {
     const auto hasColor = [](const std::string& fill, const QColor& expected) {
-        const FilledLabel label = Fill("<rect x='10' y='50' width='20' height='5' fill='#ff0000'/>"
-                                       "<text id='name' x='20' y='30' font-size='12' font-weight='900' fill='" +
-                                           fill + "'/>",
-                                       {{"name", "III"}});
+        const FilledLabel label = Fill(
+            "<rect x='10' y='50' width='20' height='5' fill='#ff0000'/>"
+            "<text id='name' x='20' y='30' font-size='12' font-weight='900' fill='" +
+                fill + "'/>",
+            {{"name", "III"}});
         const QImage image = MakeLabelImage(label, dpi);
         EXPECT_EQ(image.pixel(200, 525), QColor(Qt::red).rgb());
         bool found = false;

@@ -19,7 +19,8 @@ FittedText Fit(const QString& text, const QSizeF& size = room) {
 // Every line within the room's width, all of them within its height.
 void ExpectFits(const FittedText& fitted, const QSizeF& size = room) {
     const QFontMetricsF metrics(fitted.font);
-    for (const QString& line : fitted.lines) EXPECT_LE(metrics.horizontalAdvance(line), size.width() + 0.5) << line.toStdString();
+    for (const QString& line : fitted.lines)
+        EXPECT_LE(metrics.horizontalAdvance(line), size.width() + 0.5) << line.toStdString();
     EXPECT_LE(fitted.lineHeight * fitted.lines.size(), size.height() + 0.5);
 }
 
@@ -73,7 +74,10 @@ TEST(TextFit, AWordWithoutEndIsCutIntoLines) {
 
 TEST(TextFit, ControlCharactersAreBlanks) {
     EXPECT_EQ(Fit("  a\r\n\r\nb\tc  ").lines, QStringList{"a b c"});
-    EXPECT_EQ(Fit("\x01" "a\x1b[31m\x7f").lines, QStringList{"a [31m"});
+    EXPECT_EQ(Fit("\x01"
+                  "a\x1b[31m\x7f")
+                  .lines,
+              QStringList{"a [31m"});
 }
 
 TEST(TextFit, OtherScriptsFitToo) {

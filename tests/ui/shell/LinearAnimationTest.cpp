@@ -1,8 +1,8 @@
 #include "ui/shell/LinearAnimation.h"
 
 #include "base/Error.h"
-#include "tests/support/RaisedBy.h"
 #include "tests/support/ManualTimer.h"
+#include "tests/support/RaisedBy.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,8 @@ protected:
     }
 
     void Start(float from, float to, float step) {
-        m_animation.Start({.Target = &m_lift, .PropertyName = "Level", .StartValue = from, .FinalValue = to, .Increment = step});
+        m_animation.Start(
+            {.Target = &m_lift, .PropertyName = "Level", .StartValue = from, .FinalValue = to, .Increment = step});
     }
     testing::ManualTimer& Timer() { return *m_timers.All().front(); }
     void RunToTheEnd() {

@@ -10,7 +10,8 @@ namespace quellbrook {
 TEST(LoadingView, SaysThatTheUserHasToWait) {
     LoadingView view;
     EXPECT_EQ(testing::Find<Label>(view, "Label2")->Caption(), "Please wait...");
-    EXPECT_EQ(testing::Find<Label>(view, "lblMessage")->Caption(), "Please wait while the current operation completes.");
+    EXPECT_EQ(testing::Find<Label>(view, "lblMessage")->Caption(),
+              "Please wait while the current operation completes.");
     EXPECT_EQ(testing::Find<FontIcon>(view, "imgLoading")->IconName(), "busy");
 }
 

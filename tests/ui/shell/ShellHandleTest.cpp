@@ -69,7 +69,8 @@ TEST_F(ShellHandle, ATransferOfUnknownOutcomeIsNotSaidToHaveFailed) {
 TEST_F(ShellHandle, ANotificationPopsUp) {
     Deliver(ActionTypes::NOTIFY_USER, "Successfully transferred 2 items");
     EXPECT_TRUE(Named("toastMessage")->isVisible());
-    EXPECT_EQ(testing::Find<Label>(*Named("toastMessage"), "lblMessage")->Caption(), "Successfully transferred 2 items");
+    EXPECT_EQ(testing::Find<Label>(*Named("toastMessage"), "lblMessage")->Caption(),
+              "Successfully transferred 2 items");
 }
 
 TEST_F(ShellHandle, EveryOtherActionIsIgnored) {

@@ -12,7 +12,9 @@ using testing::Names;
 
 class ShellLifecycle : public testing::ShellTest {
 protected:
-    void AddToBatch() { GetActions().BeginTransaction(TransactionType::SignOut, testing::ListOf({testing::MakeItem(1)})); }
+    void AddToBatch() {
+        GetActions().BeginTransaction(TransactionType::SignOut, testing::ListOf({testing::MakeItem(1)}));
+    }
     bool ToastIsUp() { return Named("toastMessage")->isVisible(); }
 };
 

@@ -4,11 +4,11 @@
 #include "core/Actions.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/Items.h"
-#include "tests/support/RaisedBy.h"
 #include "tests/support/ManualTimer.h"
+#include "tests/support/RaisedBy.h"
 #include "tests/support/ui/Widgets.h"
-#include "ui/platform/MousePointer.h"
 #include "ui/controls/View.h"
+#include "ui/platform/MousePointer.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/shell/LoadingView.h"
 

@@ -7,9 +7,9 @@ namespace {
 
 const std::vector<QString>& Names() {
     static const std::vector<QString> names = {
-        "location", "empty_location", "sign_in", "sign_out", "dispose", "other",    "uncategorized", "tag",
-        "move",     "check",          "print",   "edit",     "delete",  "add",      "search",        "close",
-        "vehicle",  "secured",        "error",   "warning",  "question", "chevron", "chevron_r",     "open",
+        "location", "empty_location", "sign_in", "sign_out", "dispose",  "other",     "uncategorized", "tag",
+        "move",     "check",          "print",   "edit",     "delete",   "add",       "search",        "close",
+        "vehicle",  "secured",        "error",   "warning",  "question", "chevron",   "chevron_r",     "open",
         "basic",    "identifiers",    "notes",   "marked",   "selected", "unselected"};
     return names;
 }
