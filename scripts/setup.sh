@@ -10,6 +10,8 @@ LABEL_PACKAGES=(libzbar-dev libzxing-dev poppler-utils fonts-dejavu-core)
 ACCESS_PACKAGES=(at-spi2-core python3-pyatspi dbus-daemon)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+STYLE_PACKAGES=(clang-format git)
+TIDY_PACKAGES=(clang-tidy)
 
 log_directory=build/log
 
@@ -50,7 +52,7 @@ build() {
   mkdir -p "$log_directory"
   local log=$log_directory/build-$preset.log
   if $configure; then
-    # Without the presets variables again: they would switch off what another command has switched on.
+    # Not with the preset again: its variables would switch off what another command has switched on.
     if [ -f "build/$preset/CMakeCache.txt" ]; then
       cmake "${options[@]}" -S . -B "build/$preset" >"$log" 2>&1
     else
@@ -64,8 +66,8 @@ build() {
   fi
 }
 
-# with_x_server COMMAND...: runs it on an Xvfb and a window manager of its own, with scratch directories for HOME and
-# the desktop's folders. Nothing of the caller's display or files is touched.
+# with_x_server COMMAND...: runs it on a new Xvfb with a window manager, with scratch directories for HOME and the
+# desktop's folders. The caller's display and files are not touched.
 with_x_server() {
   local scratch display_file display status=0
   scratch=$(mktemp -d)
@@ -91,7 +93,7 @@ with_x_server() {
     XDG_CACHE_HOME="$scratch/home/.cache" XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORM=xcb)
   "${environment[@]}" openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
   local manager=$!
-  # A window that opens before the manager is there never learns where it stands.
+  # A window that opens before the manager runs is never told its position.
   tries=0
   until "${environment[@]}" xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
     tries=$((tries + 1))
