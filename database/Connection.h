@@ -25,9 +25,10 @@ class Connection {
 public:
     virtual ~Connection() = default;
 
-    // Runs a SELECT and calls the receiver for each row until it returns false.
+    // Runs a SELECT, with one value for each "?" in order, and calls the receiver for each row until it returns false.
     using RowReceiver = std::function<bool(const Row&)>;
-    virtual void Query(const std::string& sql, const RowReceiver& receiver) = 0;
+    virtual void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                       const RowReceiver& receiver) = 0;
 
     // Runs a statement text that returns nothing, with one value for each "?" in order.
     virtual void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) = 0;

@@ -88,10 +88,11 @@ auto SqliteConnection::Watched(Work work) {
     }
 }
 
-void SqliteConnection::Query(const std::string& sql, const RowReceiver& receiver) {
+void SqliteConnection::Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                             const RowReceiver& receiver) {
     Watched([&] {
         const sql::QueryShape shape = sql::FindQueryShape(sql);
-        StatementPtr statement = TakeQuery(shape);
+        StatementPtr statement = TakeQuery(shape, parameters);
         if (statement->Step(querySource)) {
             Row row = statement->MakeRow();
             do statement->Read(row);
@@ -102,9 +103,13 @@ void SqliteConnection::Query(const std::string& sql, const RowReceiver& receiver
     });
 }
 
-SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const sql::QueryShape& shape) {
+SqliteConnection::StatementPtr SqliteConnection::TakeQuery(const sql::QueryShape& shape,
+                                                           const std::vector<TaggedValue>& parameters) {
     StatementPtr statement = TakeKeptQuery(shape.text);
-    if (!statement) statement = PrepareQuery(shape.text, shape.keys.size());
+    if (!statement) statement = PrepareQuery(shape.text);
+    if (static_cast<size_t>(statement->ParameterCount()) != shape.keys.size() + parameters.size())
+        Raise(ErrorNumber::General, querySource, "The number of values differs from the number of parameters.");
+    for (size_t i = 0; i < parameters.size(); ++i) statement->Bind(static_cast<int>(i) + 1, parameters[i]);
     for (size_t i = 0; i < shape.keys.size(); ++i) {
         const int position = static_cast<int>(i) + 1;
         if (const auto* number = std::get_if<int64_t>(&shape.keys[i]))
@@ -124,14 +129,11 @@ SqliteConnection::StatementPtr SqliteConnection::TakeKeptQuery(const std::string
     return statement;
 }
 
-SqliteConnection::StatementPtr SqliteConnection::PrepareQuery(const std::string& text, size_t parameterCount) {
+SqliteConnection::StatementPtr SqliteConnection::PrepareQuery(const std::string& text) {
     const sql::TranslatedText translated = sql::TranslateTransactSql(text, sql::SqlTarget::Sqlite);
     if (translated.statements.size() != 1)
         Raise(ErrorNumber::General, querySource, "A query must be one SELECT statement.");
-    auto statement = std::make_unique<SqliteStatement>(m_database->getHandle(), translated.statements[0], querySource);
-    if (static_cast<size_t>(statement->ParameterCount()) != parameterCount)
-        Raise(ErrorNumber::General, querySource, "The statement has parameters, but no values were given.");
-    return statement;
+    return std::make_unique<SqliteStatement>(m_database->getHandle(), translated.statements[0], querySource);
 }
 
 void SqliteConnection::KeepQuery(const std::string& text, StatementPtr statement) {
@@ -156,8 +158,7 @@ void SqliteConnection::ExecutePlain(const std::string& sql, const std::vector<Ta
     for (const std::string& text : translated.statements) {
         SqliteStatement statement(m_database->getHandle(), text, executeSource);
         if (static_cast<size_t>(statement.ParameterCount()) != parameters.size())
-            Raise(ErrorNumber::General, executeSource,
-                  "The statement does not have as many parameters as values were given.");
+            Raise(ErrorNumber::General, executeSource, "The number of values differs from the number of parameters.");
         for (size_t i = 0; i < parameters.size(); ++i) statement.Bind(static_cast<int>(i) + 1, parameters[i]);
         RunToEnd(statement);
     }

@@ -29,7 +29,8 @@ public:
     SqliteConnection(const std::string& path, int busyMilliseconds);
     ~SqliteConnection() override;
 
-    void Query(const std::string& sql, const RowReceiver& receiver) override;
+    void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+               const RowReceiver& receiver) override;
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) override;
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override;
     int32_t LastIdentity() override;
@@ -53,9 +54,9 @@ private:
     void ExecutePlain(const std::string& sql, const std::vector<TaggedValue>& parameters);
     bool ExecuteKept(const std::string& sql);
     KeptShape PrepareShape(const std::string& text);
-    StatementPtr TakeQuery(const sql::QueryShape& shape);
+    StatementPtr TakeQuery(const sql::QueryShape& shape, const std::vector<TaggedValue>& parameters);
     StatementPtr TakeKeptQuery(const std::string& text);
-    StatementPtr PrepareQuery(const std::string& text, size_t parameterCount);
+    StatementPtr PrepareQuery(const std::string& text);
     void KeepQuery(const std::string& text, StatementPtr statement);
     bool IsOfTemporaryTables(const sql::TranslatedText& text);
     void DropTemporaryTables();

@@ -15,7 +15,7 @@ using Names = std::set<std::string>;
 
 Names NamesInSchema(Connection& connection) {
     Names names;
-    connection.Query("SELECT name FROM sqlite_schema", [&](const Row& row) {
+    connection.Query("SELECT name FROM sqlite_schema", {}, [&](const Row& row) {
         names.insert(FoldCase(ToTextOrEmpty(row.At(0))));
         return true;
     });

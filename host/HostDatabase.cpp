@@ -46,26 +46,27 @@ std::string InsertText(const std::string& table, const std::vector<std::string>&
 
 }  // namespace
 
-RowList HostDatabase::QueryRows(const std::string& sql) {
+RowList HostDatabase::QueryRows(const std::string& sql, const std::vector<TaggedValue>& parameters) {
     RowList rows;
-    Borrow()->Query(sql, [&](const Row& row) {
+    Borrow()->Query(sql, parameters, [&](const Row& row) {
         rows.push_back(row);
         return true;
     });
     return rows;
 }
 
-std::optional<Row> HostDatabase::QueryRow(const std::string& sql) {
+std::optional<Row> HostDatabase::QueryRow(const std::string& sql, const std::vector<TaggedValue>& parameters) {
     std::optional<Row> first;
-    Borrow()->Query(sql, [&](const Row& row) {
+    Borrow()->Query(sql, parameters, [&](const Row& row) {
         first = row;
         return false;
     });
     return first;
 }
 
-void HostDatabase::ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver) {
-    Borrow()->Query(sql, receiver);
+void HostDatabase::ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver,
+                              const std::vector<TaggedValue>& parameters) {
+    Borrow()->Query(sql, parameters, receiver);
 }
 
 TaggedValue HostDatabase::LookupValue(const std::string& table, const std::string& expression,

@@ -18,12 +18,13 @@ namespace quellbrook {
 // violated unique or foreign key constraint.
 class HostDatabase {
 public:
-    // All rows of a SELECT in the database's order.
-    RowList QueryRows(const std::string& sql);
+    // All rows of a SELECT in the database's order. These take one value for each "?" in order.
+    RowList QueryRows(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     // The first row, or nothing.
-    std::optional<Row> QueryRow(const std::string& sql);
-    // Hands over one row after the other without keeping them, until the receiver returns false.
-    void ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver);
+    std::optional<Row> QueryRow(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
+    // Passes one row after another to the receiver, without keeping them, until it returns false.
+    void ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver,
+                    const std::vector<TaggedValue>& parameters = {});
 
     // First column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL without a
     // row.

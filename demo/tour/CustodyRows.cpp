@@ -46,7 +46,7 @@ TaggedValue CustodyRows::Ask(const std::string& select) const {
 
 RowList CustodyRows::Query(const std::string& select) const {
     RowList rows;
-    SqliteEngine::Open(m_path)->Open()->Query(select, [&rows](const Row& row) {
+    SqliteEngine::Open(m_path)->Open()->Query(select, {}, [&rows](const Row& row) {
         rows.push_back(row);
         return true;
     });

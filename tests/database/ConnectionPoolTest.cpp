@@ -24,7 +24,7 @@ public:
     explicit CountingConnection(Counts& counts) : m_counts(counts) { ++m_counts.alive; }
     ~CountingConnection() override { --m_counts.alive; }
 
-    void Query(const std::string&, const RowReceiver&) override {}
+    void Query(const std::string&, const std::vector<TaggedValue>&, const RowReceiver&) override {}
     void Execute(const std::string&, const std::vector<TaggedValue>&) override {}
     std::vector<ColumnDescription> DescribeTable(const std::string&) override { return {}; }
     int32_t LastIdentity() override { return 0; }

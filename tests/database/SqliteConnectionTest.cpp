@@ -17,9 +17,9 @@ class SqliteConnectionTest : public ::testing::Test {
 protected:
     SqliteConnectionTest() : m_connection(m_database.GetEngine()->Open()) {}
 
-    RowList Query(const std::string& sql) {
+    RowList Query(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) {
         RowList rows;
-        m_connection->Query(sql, [&](const Row& row) {
+        m_connection->Query(sql, parameters, [&](const Row& row) {
             rows.push_back(row);
             return true;
         });
@@ -126,6 +126,28 @@ TEST_F(SqliteConnectionTest, ParametersAreBoundByTheirKind) {
     }
 }
 
+TEST_F(SqliteConnectionTest, AQueryTakesItsParametersInOrder) {
+    const std::string sql = "SELECT ? AS A, ? AS B, 'x' AS C WHERE ? = 7 AND 1 = 1";
+    const RowList rows = Query(sql, {"it's", Null(), 7});
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_EQ(rows[0].Value("A"), TaggedValue("it's"));
+    EXPECT_TRUE(rows[0].Value("B").IsNull());
+    EXPECT_EQ(rows[0].Value("C"), TaggedValue("x"));
+    EXPECT_TRUE(Query(sql, {"it's", Null(), 8}).empty());
+    EXPECT_EQ(Query(sql, {1, 2, 7})[0].Value("B"), TaggedValue(2));
+}
+
+TEST_F(SqliteConnectionTest, AQueryNeedsOneValueForEachParameter) {
+    const std::string sql = "SELECT Name FROM Setting WHERE Name = ?";
+    for (const std::vector<TaggedValue>& values : {std::vector<TaggedValue>{}, {1, 2}}) {
+        const Error error = RaisedBy([&] { Query(sql, values); });
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
+        EXPECT_EQ(error.Description(), "The number of values differs from the number of parameters.");
+    }
+    EXPECT_EQ(RaisedBy([&] { Query(sql, {std::string("a\0b", 3)}); }).Number(), ErrorNumber::General);
+    EXPECT_TRUE(Query(sql, {"x"}).empty());
+}
+
 TEST_F(SqliteConnectionTest, RefusesParametersThatAreNoValues) {
     struct Thing : Object {
         std::string TypeName() const override { return "Thing"; }
@@ -171,14 +193,14 @@ TEST_F(SqliteConnectionTest, WhatTheEngineDoesNotSpeakIsRefusedByTheWord) {
 
 TEST_F(SqliteConnectionTest, AQueryStopsWhenTheReceiverHasEnough) {
     int rows = 0;
-    m_connection->Query("SELECT 1 UNION SELECT 2 UNION SELECT 3", [&](const Row&) { return ++rows < 2; });
+    m_connection->Query("SELECT 1 UNION SELECT 2 UNION SELECT 3", {}, [&](const Row&) { return ++rows < 2; });
     EXPECT_EQ(rows, 2);
 }
 
 TEST_F(SqliteConnectionTest, AFailingReceiverLeavesTheConnectionInOrder) {
     const std::string sql = "SELECT Name FROM Setting";
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
-    EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(),
+    EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, {}, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(),
               457);
     EXPECT_EQ(Value(sql), TaggedValue("x"));
     m_connection->Execute("DELETE FROM Setting");
@@ -188,9 +210,9 @@ TEST_F(SqliteConnectionTest, AFailingReceiverLeavesTheConnectionInOrder) {
 TEST_F(SqliteConnectionTest, OneTextAskedInsideItselfGivesAllRowsToBoth) {
     const std::string sql = "SELECT 1 UNION SELECT 2";
     int inner = 0, outer = 0;
-    m_connection->Query(sql, [&](const Row&) {
+    m_connection->Query(sql, {}, [&](const Row&) {
         ++outer;
-        m_connection->Query(sql, [&](const Row&) { return ++inner > 0; });
+        m_connection->Query(sql, {}, [&](const Row&) { return ++inner > 0; });
         return true;
     });
     EXPECT_EQ(outer, 2);
@@ -244,7 +266,7 @@ TEST_F(SqliteConnectionTest, ABatchHoldsOffOtherWritersButNoReader) {
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     EXPECT_EQ(RaisedBy([&] { other->Begin(); }).Description(), "database is locked");
     int rows = 0;
-    other->Query("SELECT * FROM Setting", [&](const Row&) { return ++rows > 0; });
+    other->Query("SELECT * FROM Setting", {}, [&](const Row&) { return ++rows > 0; });
     EXPECT_EQ(rows, 0);
     m_connection->Commit();
     other->Begin();

@@ -14,7 +14,7 @@ class TemporaryTablesTest : public ::testing::Test {
 protected:
     TaggedValue Value(const std::string& sql) {
         TaggedValue value;
-        m_connection->Query(sql, [&](const Row& row) {
+        m_connection->Query(sql, {}, [&](const Row& row) {
             value = row.At(0);
             return true;
         });

@@ -72,6 +72,21 @@ TEST_F(HostDatabaseTest, RowsComeInTheDatabasesOrder) {
     EXPECT_EQ(m_host.QueryRow("SELECT Name FROM Setting ORDER BY Name")->At(0), TaggedValue("a"));
 }
 
+TEST_F(HostDatabaseTest, QueriesTakeParameters) {
+    for (const char* name : {"a", "b", "c"}) m_database.AddSetting(name, "x");
+    const std::string sql = "SELECT Name FROM Setting WHERE Name > ? AND Value = ? ORDER BY Name";
+    EXPECT_EQ(m_host.QueryRows(sql, {"a", "x"}).size(), 2u);
+    EXPECT_EQ(m_host.QueryRow(sql, {"b", "x"})->At(0), TaggedValue("c"));
+    std::string seen;
+    m_host.ForEachRow(sql,
+                      [&](const Row& row) {
+                          seen += ToText(row.At(0));
+                          return true;
+                      },
+                      {"", "x"});
+    EXPECT_EQ(seen, "abc");
+}
+
 TEST_F(HostDatabaseTest, RowsAreHandedOverOneByOneUntilItIsEnough) {
     for (const char* name : {"a", "b", "c"}) m_database.AddSetting(name, "x");
     std::string seen;

@@ -12,9 +12,10 @@ public:
     FaultInjectingConnection(std::unique_ptr<Connection> inner, std::shared_ptr<State> state)
         : m_inner(std::move(inner)), m_state(std::move(state)) {}
 
-    void Query(const std::string& sql, const RowReceiver& receiver) override {
+    void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+               const RowReceiver& receiver) override {
         Pass(Place::Statement);
-        m_inner->Query(sql, receiver);
+        m_inner->Query(sql, parameters, receiver);
     }
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
         Pass(Place::Statement);

@@ -29,7 +29,10 @@ private:
         InterruptedConnection(std::unique_ptr<Connection> inner, Interruption interruption)
             : m_inner(std::move(inner)), m_interruption(std::move(interruption)) {}
 
-        void Query(const std::string& sql, const RowReceiver& receiver) override { m_inner->Query(sql, receiver); }
+        void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                   const RowReceiver& receiver) override {
+            m_inner->Query(sql, parameters, receiver);
+        }
         void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
             m_inner->Execute(sql, parameters);
         }

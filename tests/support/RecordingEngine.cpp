@@ -13,9 +13,10 @@ public:
                         std::shared_ptr<Parameters> parameters)
         : m_inner(std::move(inner)), m_log(std::move(log)), m_parameters(std::move(parameters)) {}
 
-    void Query(const std::string& sql, const RowReceiver& receiver) override {
-        Write(sql);
-        m_inner->Query(sql, receiver);
+    void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+               const RowReceiver& receiver) override {
+        Write(sql, parameters);
+        m_inner->Query(sql, parameters, receiver);
     }
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
         Write(sql, parameters);
