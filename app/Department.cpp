@@ -1,14 +1,15 @@
 #include "app/Department.h"
 
 #include "base/Error.h"
+#include "base/FormatCount.h"
 #include "database/SqliteEngine.h"
+#include "demo/sample/ProgressBar.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
 
-#include <filesystem>
-#include <vector>
+#include <QProgressDialog>
 
-#include <stdlib.h>
+#include <filesystem>
 
 namespace quellbrook {
 
@@ -19,7 +20,7 @@ void MakeDirectory(const std::string& path) {
     std::filesystem::create_directories(path, failure);
     if (failure) {
         Raise(ErrorNumber::General, "OpenDepartment",
-              "The directory '" + path + "' can't be made: " + failure.message() + ".");
+              "The directory '" + path + "' can't be created: " + failure.message() + ".");
     }
 }
 
@@ -28,21 +29,6 @@ std::string FileName(const SampleOptions& options) {
 }
 
 }  // namespace
-
-ScratchDirectory::ScratchDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "quellbrook-XXXXXX").string();
-    std::vector<char> buffer(name.begin(), name.end());
-    buffer.push_back('\0');
-    if (!mkdtemp(buffer.data())) {
-        Raise(ErrorNumber::General, "ScratchDirectory", "No scratch directory can be made for a copy of the sample.");
-    }
-    m_path = buffer.data();
-}
-
-ScratchDirectory::~ScratchDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
 
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory) {
     if (options.databasePath) return options.databasePath;
@@ -56,8 +42,11 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
     if (const auto path = DepartmentPath(options, dataDirectory)) {
         department.path = *path;
     } else {
-        department.scratch = std::make_unique<ScratchDirectory>();
-        department.path = (std::filesystem::path(department.scratch->Path()) / FileName(sample)).string();
+        department.scratch = std::make_unique<QTemporaryDir>();
+        if (!department.scratch->isValid())
+            Raise(ErrorNumber::General, "OpenDepartment",
+                  "A folder for the scratch copy can't be created: " + department.scratch->errorString().toStdString());
+        department.path = department.scratch->filePath(QString::fromStdString(FileName(sample))).toStdString();
     }
     if (!options.databasePath) {
         MakeDirectory(std::filesystem::path(department.path).parent_path().string());
@@ -68,6 +57,19 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
     return department;
 }
 
+Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory) {
+    QProgressDialog window(QObject::tr("Creating the sample department..."), QString(), 0, 100);
+    window.setWindowTitle(QStringLiteral("Quellbrook"));
+    window.setMinimumDuration(300);
+    sample::ProgressBar bar(options.size ? FormatCount(*options.size, "Creating a department of %d item",
+                                                       "Creating a department of %d items")
+                                         : "Creating the sample department");
+    return OpenDepartment(options, dataDirectory, [&window, &bar](int percent) {
+        window.setValue(percent);
+        bar.Show(percent);
+    });
+}
+
 void UseDepartment(const Department& department) {
     const std::filesystem::path directory = std::filesystem::absolute(department.path).parent_path();
     HostServices& host = HostServices::Current();
@@ -76,10 +78,11 @@ void UseDepartment(const Department& department) {
     host.SetThumbnails(std::make_shared<PictureAttachments>(directory));
 }
 
-bool IsSampleDepartment() {
+std::vector<SampleAccount> AccountsToShow() {
     HostDatabase& database = GetHostDatabase();
     const std::string condition = "Name = " + database.PrepareText(SampleNames::MarkerSetting);
-    return ToTextOrEmpty(database.LookupValue("Setting", "Value", {condition})) == "1";
+    const bool isSample = ToTextOrEmpty(database.LookupValue("Setting", "Value", {condition})) == "1";
+    return isSample ? SampleAccounts() : std::vector<SampleAccount>();
 }
 
 }  // namespace quellbrook

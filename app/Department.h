@@ -4,46 +4,37 @@
 #include "database/Connection.h"
 #include "demo/sample/SampleDepartment.h"
 
+#include <QTemporaryDir>
+
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quellbrook {
 
-// A directory of its own below the system's temporary one, removed with all that is in it at destruction.
-class ScratchDirectory {
-public:
-    ScratchDirectory();  // Error 5 with a sentence
-    ~ScratchDirectory();
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
-// The department that a run works with.
+// The department that the program works with.
 struct Department {
-    std::unique_ptr<ScratchDirectory> scratch;  // where it lies, if it is a copy for this run alone
+    std::unique_ptr<QTemporaryDir> scratch;  // its folder, if it is a scratch copy
     std::string path;
     std::shared_ptr<Engine> engine;
 };
 
-// Where the department that the options name stands or is to be made; nothing for a copy for one run alone.
+// The path of the department that the options name; nothing for a scratch copy.
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
-// Opens the database that the options name; a department of the sample's making is made first where it does not stand
-// yet, in the data directory or in a scratch directory, and gets the label templates that it lacks. Error 5 with a
-// sentence for a file that can't be used; such a file is left as it is.
+// Opens the database that the options name. A missing sample or generated department is created first, in the data
+// directory or in a scratch folder, and missing label templates are added. Error 5 with a sentence for a file that
+// cannot be used; the file is not changed.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
-// Makes the department the one that the component works with: its database, its files and its attachments, both from
-// the directory of the database on.
+// The same, with the progress in a window and on standard error.
+Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory);
+
+// Sets the department's database, files and attachments as the host's services. The files are in the database's folder.
 void UseDepartment(const Department& department);
 
-// Whether the accounts of the database in use may be shown to anybody.
-bool IsSampleDepartment();
+// The accounts that the login form shows: those of the sample, empty for any other department.
+std::vector<SampleAccount> AccountsToShow();
 
 }  // namespace quellbrook

@@ -38,7 +38,7 @@ QLineEdit* MakeField(const char* name, const QString& caption, QWidget* parent) 
 }  // namespace
 
 LoginForm::LoginForm(const QString& agency, const std::optional<QString>& user,
-                     const std::vector<ShownAccount>& accounts, QWidget* parent)
+                     const std::vector<SampleAccount>& accounts, QWidget* parent)
     : QWidget(parent), m_user(user) {
     setStyleSheet(QString::fromLatin1(sheet));
     auto* card = new QFrame(this);
@@ -101,7 +101,7 @@ QWidget* LoginForm::MakeFields(const QString& agency) {
     return fields;
 }
 
-QWidget* LoginForm::MakeAccounts(const std::vector<ShownAccount>& accounts) {
+QWidget* LoginForm::MakeAccounts(const std::vector<SampleAccount>& accounts) {
     auto* strip = new QFrame;
     strip->setObjectName(QStringLiteral("accounts"));
     auto* grid = new QGridLayout(strip);
@@ -116,12 +116,12 @@ QWidget* LoginForm::MakeAccounts(const std::vector<ShownAccount>& accounts) {
         grid->addWidget(caption, 0, column);
     }
     int row = 1;
-    for (const ShownAccount& account : accounts) {
-        auto* username = MakeLabel(account.username, 13, QFont::Normal, strip);
+    for (const SampleAccount& account : accounts) {
+        auto* username = MakeLabel(QString::fromStdString(account.username), 13, QFont::Normal, strip);
         username->setObjectName(QStringLiteral("account%1").arg(row - 1));
         grid->addWidget(username, row, 0);
-        grid->addWidget(MakeLabel(account.password, 13, QFont::Normal, strip), row, 1);
-        grid->addWidget(MakeLabel(account.role, 13, QFont::Normal, strip), row, 2);
+        grid->addWidget(MakeLabel(QString::fromStdString(account.password), 13, QFont::Normal, strip), row, 1);
+        grid->addWidget(MakeLabel(QString::fromStdString(account.role), 13, QFont::Normal, strip), row, 2);
         ++row;
     }
     return strip;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/sample/SampleDepartment.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -13,13 +15,6 @@ class QPushButton;
 
 namespace quellbrook {
 
-// An account that the login form shows.
-struct ShownAccount {
-    QString username;
-    QString password;
-    QString role;
-};
-
 // Asks for user and password, in the middle of its parent. Field, label and button names: "username", "password",
 // "logIn", "loginError".
 class LoginForm : public QWidget {
@@ -27,7 +22,7 @@ class LoginForm : public QWidget {
 
 public:
     // With a user only the password is asked. The accounts are shown below the fields; an empty list shows none.
-    LoginForm(const QString& agency, const std::optional<QString>& user, const std::vector<ShownAccount>& accounts,
+    LoginForm(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts,
               QWidget* parent = nullptr);
 
     // Empties the password and puts the focus where typing goes on.
@@ -42,7 +37,7 @@ protected:
 
 private:
     QWidget* MakeFields(const QString& agency);
-    QWidget* MakeAccounts(const std::vector<ShownAccount>& accounts);
+    QWidget* MakeAccounts(const std::vector<SampleAccount>& accounts);
     void Submit();
 
     std::optional<QString> m_user;

@@ -24,7 +24,7 @@ QString Scheme() { return QString::fromLatin1(RecordScheme.data(), RecordScheme.
 }  // namespace
 
 MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user,
-                       const std::vector<ShownAccount>& accounts) {
+                       const std::vector<SampleAccount>& accounts) {
     setObjectName(QStringLiteral("hostWindow"));
     setWindowTitle(tr("Quellbrook - %1").arg(agency));
     resize(1280, 800);

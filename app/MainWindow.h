@@ -22,7 +22,7 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<ShownAccount>& accounts);
+    MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts);
     ~MainWindow() override;
 
     // Shows the record in a tab of its own; one that comes while nobody is logged in, or while a dialog is open, waits.

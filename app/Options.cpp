@@ -1,162 +1,142 @@
 #include "app/Options.h"
 
 #include "base/Error.h"
-#include "base/Text.h"
+
+#include <QCommandLineParser>
 
 namespace quellbrook {
 
 namespace {
 
 constexpr int32_t largestSize = 2'000'000;
-constexpr std::string_view sqliteScheme = "sqlite:";
+const QString sqliteScheme = QStringLiteral("sqlite:");
 
-// Walks over the arguments; each Refuse ends the walk.
-class Parser {
-public:
-    explicit Parser(const std::vector<std::string>& arguments) : m_arguments(arguments) {}
-
-    std::variant<Options, OptionError> Run() {
-        while (m_next < m_arguments.size()) {
-            Take(m_arguments[m_next++]);
-            if (!m_refusal.empty()) return OptionError{m_refusal};
-        }
-        CheckTogether();
-        if (!m_refusal.empty()) return OptionError{m_refusal};
-        return m_options;
-    }
-
-private:
-    void Refuse(const std::string& sentence) {
-        if (m_refusal.empty()) m_refusal = sentence;
-    }
-
-    void Take(const std::string& argument) {
-        const size_t equals = argument.find('=');
-        const std::string name = argument.substr(0, equals);
-        if (name == "--fresh" || name == "--help") {
-            if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
-            (name == "--help" ? m_options.help : m_options.fresh) = true;
-        } else if (name == "--gallery") {
-            if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
-            m_options.gallery = true;
-        } else if (name == "--database" || name == "--user" || name == "--size" || name == "--tour" ||
-                   name == "--gallery-pictures") {
-            std::string value;
-            if (equals != std::string::npos) {
-                value = argument.substr(equals + 1);
-            } else if (m_next < m_arguments.size()) {
-                value = m_arguments[m_next++];
-            }
-            if (value.empty()) return Refuse("The option " + name + " needs a value.");
-            TakeValue(name, value);
-        } else if (name == "--register") {
-            if (equals != std::string::npos) return Refuse("The option " + name + " takes no value.");
-            m_options.registerScheme = true;
-        } else if (HasRecordScheme(argument)) {
-            TakeRecord(argument);
-        } else if (argument.rfind("--", 0) == 0) {
-            Refuse("There is no option " + name + "; --help lists them all.");
-        } else {
-            Refuse("'" + argument + "' is no option; --help lists them all.");
-        }
-    }
-
-    void TakeValue(const std::string& name, const std::string& value) {
-        if (name == "--user") {
-            m_options.user = value;
-        } else if (name == "--tour") {
-            m_options.tourDirectory = value;
-        } else if (name == "--gallery-pictures") {
-            m_options.galleryDirectory = value;
-        } else if (name == "--size") {
-            TakeSize(value);
-        } else if (value.rfind(sqliteScheme, 0) != 0 || value.size() == sqliteScheme.size()) {
-            Refuse("'" + value + "' names no database; write sqlite:PATH.");
-        } else {
-            m_options.databasePath = value.substr(sqliteScheme.size());
-        }
-    }
-
-    void TakeRecord(const std::string& address) {
-        if (m_options.record) return Refuse("One record can be opened at a time.");
-        try {
-            m_options.record = ParseRecordAddress(address);
-        } catch (const Error& error) {
-            Refuse(error.Description());
-        }
-    }
-
-    void TakeSize(const std::string& value) {
-        int32_t size = 0;
-        try {
-            size = ParseInt32(value);
-        } catch (const Error&) {
-            size = 0;
-        }
-        if (size < 1 || size > largestSize) {
-            return Refuse("'" + value + "' is no size; write a number of items from 1 to " +
-                          std::to_string(largestSize) + ".");
-        }
-        m_options.size = size;
-    }
-
-    void CheckTogether() {
-        if (m_options.help) return;
-        if ((m_options.gallery || m_options.galleryDirectory) && AsksForADepartment()) {
-            Refuse("The gallery shows controls, not a department; it can't be combined with other options.");
-        }
-        if (m_options.databasePath && (m_options.fresh || m_options.size)) {
-            Refuse("--database opens what stands there; it can't be combined with --fresh or --size.");
-        }
-        if (m_options.registerScheme &&
-            (m_options.fresh || m_options.user || m_options.tourDirectory || m_options.record)) {
-            Refuse("--register opens nothing; it can be combined with --database or --size alone.");
-        }
-        if (m_options.tourDirectory && m_options.record) {
-            Refuse("--tour plays on a scratch copy of the sample; it can't be combined with the address of a record.");
-        }
-        if (m_options.tourDirectory && (m_options.databasePath || m_options.size || m_options.user)) {
-            Refuse(
-                "--tour plays on a scratch copy of the sample; it can't be combined with --database, --size or --user.");
-        }
-    }
-
-    bool AsksForADepartment() const {
-        return m_options.databasePath || m_options.user || m_options.size || m_options.tourDirectory ||
-               m_options.record || m_options.fresh || m_options.registerScheme;
-    }
-
-    const std::vector<std::string>& m_arguments;
-    size_t m_next = 0;
-    Options m_options;
-    std::string m_refusal;
+struct OptionDefinition {
+    const char* name;
+    const char* value;  // null for a flag
+    const char* description;
 };
+constexpr OptionDefinition definitions[] = {
+    {"database", "sqlite:PATH", "Open the department in this database file."},
+    {"size", "N", "Open a generated department of N items, up to 2000000. It is created on first use."},
+    {"fresh", nullptr, "Work on a scratch copy that is deleted afterwards."},
+    {"user", "NAME", "Log in as this user. Only the password is asked for."},
+    {"tour", "DIR",
+     "Play one transfer on a scratch copy of the sample with real key and mouse events. Write a picture of each step "
+     "and tour.json into DIR. Needs an X server of its own and xdotool."},
+    {"gallery", nullptr, "Show every control in each of its states, light and dark. Needs no department."},
+    {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png into DIR and exit."},
+    {"register", nullptr,
+     "Let this user's desktop open record addresses with this program, in the department that --database or --size "
+     "names."},
+    {"help", nullptr, "Print this text."},
+};
+
+void Define(QCommandLineParser& parser) {
+    parser.setApplicationDescription(QStringLiteral(
+        "Opens the evidence room of a department. Without options it opens the sample department, which is created on\n"
+        "first use in the user's data directory."));
+    for (const OptionDefinition& option : definitions)
+        parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.description),
+                          QString::fromLatin1(option.value)});
+    parser.addPositionalArgument(
+        QStringLiteral("address"),
+        QStringLiteral("Show the record tessarine://miproperty/open/NUMBER or tessarine://mivehicle/open/NUMBER, in "
+                       "the running program if it has the department open."),
+        QStringLiteral("[address]"));
+}
+
+[[noreturn]] void Refuse(const QString& sentence) {
+    Raise(ErrorNumber::General, "ParseOptions", sentence.toStdString());
+}
+
+void CheckSyntax(const QCommandLineParser& parser) {
+    if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty())
+        Refuse("Unknown option '" + QString(unknown[0].size() > 1 ? "--" : "-") + unknown[0] + "'. See --help.");
+    if (const QString fault = parser.errorText(); !fault.isEmpty()) Refuse(fault);
+    for (const OptionDefinition& option : definitions) {
+        const QString name = QString::fromLatin1(option.name);
+        if (option.value && parser.isSet(name) && parser.value(name).isEmpty())
+            Refuse(QStringLiteral("Missing value after '--%1'.").arg(name));
+    }
+}
+
+std::optional<std::string> ValueOf(const QCommandLineParser& parser, const char* option) {
+    const QString name = QString::fromLatin1(option);
+    return parser.isSet(name) ? std::optional(parser.value(name).toStdString()) : std::nullopt;
+}
+
+std::optional<std::string> DatabasePathOf(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("database"))) return std::nullopt;
+    const QString value = parser.value(QStringLiteral("database"));
+    if (!value.startsWith(sqliteScheme) || value.size() == sqliteScheme.size())
+        Refuse(QStringLiteral("'%1' is not a database. Write sqlite:PATH.").arg(value));
+    return value.mid(sqliteScheme.size()).toStdString();
+}
+
+std::optional<int32_t> SizeOf(const QCommandLineParser& parser) {
+    if (!parser.isSet(QStringLiteral("size"))) return std::nullopt;
+    const QString value = parser.value(QStringLiteral("size"));
+    bool isNumber = false;
+    const int32_t size = value.toInt(&isNumber);
+    if (!isNumber || size < 1 || size > largestSize)
+        Refuse(QStringLiteral("'%1' is not a valid size. Write a number of items from 1 to %2.")
+                   .arg(value)
+                   .arg(largestSize));
+    return size;
+}
+
+std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser) {
+    const QStringList addresses = parser.positionalArguments();
+    for (const QString& address : addresses)
+        if (!HasRecordScheme(address.toStdString()))
+            Refuse(QStringLiteral("'%1' is neither an option nor the address of a record. See --help.").arg(address));
+    if (addresses.size() > 1) Refuse(QStringLiteral("Only one record can be opened at a time."));
+    if (addresses.isEmpty()) return std::nullopt;
+    return ParseRecordAddress(addresses[0].toStdString());
+}
+
+void CheckCombination(const Options& options) {
+    const bool opensDepartment = options.databasePath || options.user || options.size || options.tourDirectory ||
+                                 options.record || options.fresh || options.registerScheme;
+    if ((options.gallery || options.galleryDirectory) && opensDepartment)
+        Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
+    if (options.databasePath && (options.fresh || options.size))
+        Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
+    if (options.registerScheme && (options.fresh || options.user || options.tourDirectory || options.record))
+        Refuse("--register opens nothing. It can only be combined with --database or --size.");
+    if (options.tourDirectory && (options.record || options.databasePath || options.size || options.user))
+        Refuse(
+            "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or "
+            "the address of a record.");
+}
 
 }  // namespace
 
-std::variant<Options, OptionError> ParseOptions(const std::vector<std::string>& arguments) {
-    return Parser(arguments).Run();
+Options ParseOptions(const QStringList& arguments) {
+    QCommandLineParser parser;
+    Define(parser);
+    parser.parse(arguments);
+    CheckSyntax(parser);
+    Options options;
+    options.databasePath = DatabasePathOf(parser);
+    options.user = ValueOf(parser, "user");
+    options.size = SizeOf(parser);
+    options.tourDirectory = ValueOf(parser, "tour");
+    options.galleryDirectory = ValueOf(parser, "gallery-pictures");
+    options.record = RecordOf(parser);
+    options.fresh = parser.isSet(QStringLiteral("fresh"));
+    options.gallery = parser.isSet(QStringLiteral("gallery"));
+    options.registerScheme = parser.isSet(QStringLiteral("register"));
+    options.help = parser.isSet(QStringLiteral("help"));
+    if (!options.help) CheckCombination(options);
+    return options;
 }
 
 std::string HelpText() {
-    return "Opens the evidence room of a department; without options that of the sample department, which is made on\n"
-           "first use in the user's data directory.\n"
-           "\n"
-           "  --database sqlite:PATH  opens the department in this database file\n"
-           "  --size N                opens a generated department of N items, made on first use; up to 2000000\n"
-           "  --fresh                 works on a scratch copy that is gone afterwards\n"
-           "  --user NAME             logs in as this user; only the password is asked\n"
-           "  --tour DIR              plays one transfer on a scratch copy of the sample, by real key and mouse events,\n"
-           "                          and writes a picture of each step and tour.json into DIR; needs an X server of its\n"
-           "                          own and xdotool\n"
-           "  --gallery               shows every control in each of its states, light and dark; needs no department\n"
-           "  --gallery-pictures DIR  writes the same as light.png and dark.png into DIR and ends\n"
-           "  --register              lets this user's desktop open addresses of records with this program, in the\n"
-           "                          department that --database or --size names\n"
-           "  tessarine://miproperty/open/NUMBER\n"
-           "  tessarine://mivehicle/open/NUMBER\n"
-           "                          shows this record, in the program that has the department open if there is one\n"
-           "  --help                  prints this text\n";
+    QCommandLineParser parser;
+    Define(parser);
+    return parser.helpText().toStdString();
 }
 
 }  // namespace quellbrook

@@ -1,25 +1,34 @@
 #include "app/Options.h"
+#include "app/Registration.h"
 #include "app/Run.h"
+#include "base/Error.h"
 
 #include <QApplication>
 
 #include <cstdio>
 
+namespace {
+
+quellbrook::Options OptionsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+    return quellbrook::ParseOptions(arguments);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace quellbrook;
-    const auto parsed = ParseOptions({argv + 1, argv + argc});
-    if (const auto* error = std::get_if<OptionError>(&parsed)) {
-        std::fprintf(stderr, "%s\n", error->sentence.c_str());
+    Options options;
+    try {
+        options = OptionsOf(argc, argv);
+    } catch (const Error& error) {
+        std::fprintf(stderr, "%s\n", error.Description().c_str());
         return 2;
     }
-    const Options& options = std::get<Options>(parsed);
-    if (options.help) {
-        std::fputs(HelpText().c_str(), stdout);
-        return 0;
-    }
-    if (options.registerScheme) {
+    if (options.help || options.registerScheme) {
         const QCoreApplication application(argc, argv);
-        return RunRegistration(options);
+        return options.help ? std::fputs(HelpText().c_str(), stdout) < 0 : RunRegistration(options);
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quellbrook"));

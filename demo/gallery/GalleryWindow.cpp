@@ -111,4 +111,14 @@ void GalleryWindow::WritePictures(const QString& directory) {
     }
 }
 
+int RunGallery(const std::optional<std::string>& pictureDirectory) {
+    GalleryWindow window;
+    if (pictureDirectory) {
+        window.WritePictures(QString::fromStdString(*pictureDirectory));
+        return 0;
+    }
+    window.show();
+    return QApplication::exec();
+}
+
 }  // namespace quellbrook::gallery

@@ -2,6 +2,9 @@
 
 #include <QWidget>
 
+#include <optional>
+#include <string>
+
 class QScrollArea;
 
 namespace quellbrook {
@@ -34,5 +37,8 @@ private:
     FlatButton* m_switch = nullptr;
     QScrollArea* m_scroll;
 };
+
+// Shows the gallery until it is closed, or only writes its pictures into a directory. Returns the exit code.
+int RunGallery(const std::optional<std::string>& pictureDirectory);
 
 }  // namespace quellbrook::gallery

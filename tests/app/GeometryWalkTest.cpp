@@ -9,8 +9,8 @@
 #include "database/SqliteEngine.h"
 #include "demo/tour/Look.h"
 #include "host/HostServices.h"
-#include "tests/app/SampleFile.h"
 #include "tests/app/ScratchWorkstation.h"
+#include "tests/demo/sample/SampleFile.h"
 #include "tests/support/Items.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/RecordingScreen.h"
@@ -58,7 +58,7 @@ protected:
         Startup();
         SetScreen(&m_screen);
         m_timers = std::make_unique<ManualTimers>();
-        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, Accounts());
+        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, SampleAccounts());
         m_window->resize(std::get<1>(GetParam()));
         ShowActive(*m_window);
     }
@@ -70,14 +70,6 @@ protected:
         HostServices::Current().SetEngine(nullptr);
         Shutdown();
         InstallTheme(false);
-    }
-
-    static std::vector<ShownAccount> Accounts() {
-        std::vector<ShownAccount> shown;
-        for (const SampleAccount& account : SampleAccounts())
-            shown.push_back({QString::fromStdString(account.username), QString::fromStdString(account.password),
-                             QString::fromStdString(account.role)});
-        return shown;
     }
 
     void LogIn() {

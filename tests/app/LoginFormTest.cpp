@@ -11,7 +11,8 @@ namespace quellbrook::testing {
 
 namespace {
 
-const std::vector<ShownAccount> accounts = {{"custodian", "lantern", "everything"}, {"auditor", "ledger", "view only"}};
+const std::vector<SampleAccount> accounts = {{"custodian", "lantern", "everything"},
+                                             {"auditor", "ledger", "view only"}};
 
 struct Heard {
     QString username;

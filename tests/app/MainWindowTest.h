@@ -21,7 +21,7 @@ protected:
         SampleCopyTest::SetUp();
         Startup();
         SetScreen(&m_screen);
-        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<ShownAccount>());
+        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
         ShowActive(*m_window);
     }
 

@@ -1,7 +1,8 @@
 #include "app/Department.h"
 #include "base/Error.h"
 #include "host/HostServices.h"
-#include "tests/app/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -43,7 +44,7 @@ protected:
         return sentence;
     }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
 };
 
 }  // namespace
@@ -114,9 +115,9 @@ TEST_F(OpenDepartmentTest, OnlyOneOfTheSamplesMakingMayShowItsAccounts) {
     Options options;
     options.databasePath = CopyOfSample("room.sqlite");
     HostServices::Current().SetEngine(OpenDepartment(options, "/nowhere", {}).engine);
-    EXPECT_TRUE(IsSampleDepartment());
+    EXPECT_FALSE(AccountsToShow().empty());
     SQLite::Database(*options.databasePath, SQLite::OPEN_READWRITE).exec("DELETE FROM Setting");
-    EXPECT_FALSE(IsSampleDepartment());
+    EXPECT_TRUE(AccountsToShow().empty());
     HostServices::Current().SetEngine(nullptr);
 }
 
@@ -141,7 +142,7 @@ TEST_F(OpenDepartmentTest, ADataDirectoryThatCannotBeMadeIsSaidSo) {
         FAIL();
     } catch (const Error& error) {
         EXPECT_EQ(error.Description(),
-                  "The directory '" + InScratch("file") + "/data' can't be made: Not a directory.");
+                  "The directory '" + InScratch("file") + "/data' can't be created: Not a directory.");
     }
 }
 

@@ -1,7 +1,7 @@
-#include "app/Department.h"
 #include "app/records/SchemeRegistration.h"
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <QByteArray>
 
@@ -56,7 +56,7 @@ protected:
         fs::permissions(In("bin/" + name), fs::perms::owner_all);
     }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
     std::map<std::string, QByteArray> m_before;
 };
 

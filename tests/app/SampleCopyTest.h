@@ -2,7 +2,8 @@
 
 #include "database/SqliteEngine.h"
 #include "host/HostServices.h"
-#include "tests/app/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <filesystem>
 #include <memory>
@@ -26,7 +27,7 @@ protected:
         HostServices::Current().SetEngine(nullptr);
     }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
     std::unique_ptr<SQLite::Database> m_database;
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Department.h"
 #include "host/HostServices.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <QByteArray>
 
@@ -84,7 +84,7 @@ private:
         std::filesystem::permissions(In("bin/" + program), std::filesystem::perms::owner_all);
     }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
     std::map<std::string, QByteArray> m_before;
 };
 

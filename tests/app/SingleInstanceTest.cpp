@@ -1,5 +1,5 @@
-#include "app/Department.h"
 #include "app/records/SingleInstance.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
 
@@ -63,7 +63,7 @@ protected:
         return answer;
     }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
 };
 
 void Collect(InstanceServer& server, std::vector<RecordAddress>& into) {

@@ -1,6 +1,6 @@
 #include "demo/gallery/GalleryWindow.h"
 
-#include "app/Department.h"
+#include "tests/support/ScratchFolder.h"
 #include "base/Error.h"
 #include "component/Quellbrook.h"
 #include "demo/gallery/Cell.h"
@@ -277,7 +277,7 @@ TEST_F(GalleryTest, NothingIsCutOffOrOutOfReach) {
 }
 
 TEST_F(GalleryTest, WritesAPictureOfAllOfItInEachPalette) {
-    const ScratchDirectory directory;
+    const ScratchFolder directory;
     const QString folder = QString::fromStdString(directory.Path()) + "/new/gallery";
     m_gallery->WritePictures(folder);
     const QImage light(folder + "/light.png");
@@ -292,7 +292,7 @@ TEST_F(GalleryTest, WritesAPictureOfAllOfItInEachPalette) {
 }
 
 TEST_F(GalleryTest, ADirectoryThatCantBeMadeIsNamed) {
-    const ScratchDirectory directory;
+    const ScratchFolder directory;
     const std::string file = directory.Path() + "/file";
     std::ofstream(file) << "text";
     const std::string folder = file + "/gallery";

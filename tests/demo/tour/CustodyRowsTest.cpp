@@ -1,5 +1,6 @@
 #include "demo/tour/CustodyRows.h"
-#include "tests/app/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <filesystem>
 
@@ -8,7 +9,7 @@
 namespace quellbrook::testing {
 
 TEST(CustodyRows, TellsOnlyWhatWasWrittenSince) {
-    const ScratchDirectory directory;
+    const ScratchFolder directory;
     const std::string path = directory.Path() + "/copy.sqlite";
     std::filesystem::copy_file(TheSample().Path(), path);
     const tour::CustodyRows rows(path);

@@ -1,6 +1,7 @@
 #include "demo/tour/TourPlayer.h"
-#include "tests/app/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ui/Widgets.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -32,7 +33,7 @@ protected:
     }
     QString Directory() const { return QString::fromStdString(m_directory.Path()) + "/out"; }
 
-    ScratchDirectory m_directory;
+    ScratchFolder m_directory;
     QWidget m_window;
     TourPlayer m_player{m_window, Directory(), TheSample().Path(), TourSenses{[this] { return Grab(m_window); }, 60}};
 };

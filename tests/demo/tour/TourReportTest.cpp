@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "demo/tour/TourReport.h"
-#include "tests/app/SampleFile.h"
+#include "tests/demo/sample/SampleFile.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -12,7 +13,7 @@
 namespace quellbrook::testing {
 
 TEST(TourReport, HoldsStepsAndRowsByName) {
-    const ScratchDirectory directory;
+    const ScratchFolder directory;
     const QString path = QString::fromStdString(directory.Path()) + "/tour.json";
     const Row row = Row::Of({{"PropertyNo", 7}, {"ReceivedBy", Null()}, {"DateReceived", "2026-11-20T10:00:00.000"}});
     WriteTourReport(path, {{"login", "01-login.png", true, "Seen."}, {"menu", "02-menu.png", false, "Not seen."}},
@@ -34,7 +35,7 @@ TEST(TourReport, HoldsStepsAndRowsByName) {
 }
 
 TEST(TourReport, AReportThatCannotBeWrittenIsAnError) {
-    const ScratchDirectory directory;
+    const ScratchFolder directory;
     EXPECT_THROW(WriteTourReport(QString::fromStdString(directory.Path()) + "/absent/tour.json", {}, {}), Error);
 }
 

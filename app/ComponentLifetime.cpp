@@ -1,0 +1,27 @@
+#include "app/ComponentLifetime.h"
+
+#include "component/Quellbrook.h"
+#include "host/HostServices.h"
+
+#include <QApplication>
+#include <QPalette>
+
+namespace quellbrook {
+
+ComponentLifetime::ComponentLifetime() {
+    const QPalette system = QApplication::palette();
+    InstallTheme(system.color(QPalette::Window).lightness() < system.color(QPalette::WindowText).lightness());
+    Startup();
+}
+
+ComponentLifetime::~ComponentLifetime() {
+    HostServices& host = HostServices::Current();
+    host.SetSession(nullptr);
+    host.SetPrinter(nullptr);
+    host.SetThumbnails(nullptr);
+    host.SetFiles(nullptr);
+    host.SetEngine(nullptr);
+    Shutdown();
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,23 @@
+#include "app/Tour.h"
+
+#include "app/MainWindow.h"
+#include "demo/tour/TourPlayer.h"
+#include "demo/tour/TransferRoad.h"
+
+#include <QApplication>
+
+namespace quellbrook {
+
+int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath) {
+    constexpr int keyPause = 2000;  // milliseconds
+    window.showMaximized();
+    // On a busy machine keys arrive with pauses that a list would take for the end of a typed search.
+    QApplication::setKeyboardInputInterval(keyPause);
+    TourPlayer player(window, directory, databasePath);
+    PlanTransferRoad(player);
+    player.Start();
+    QApplication::exec();
+    return player.Held() ? 0 : 1;
+}
+
+}  // namespace quellbrook
