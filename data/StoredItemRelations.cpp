@@ -3,14 +3,13 @@
 #include "base/Error.h"
 #include "base/KeyedCollection.h"
 #include "data/CustodyRecords.h"
+#include "data/PlannedQueries.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
-#include "host/PlannedQueries.h"
-#include "host/QueryServices.h"
 #include "sql/query/QueryFactory.h"
 
+#include <compare>
 #include <string>
-#include <utility>
 
 namespace quellbrook {
 
@@ -18,15 +17,7 @@ namespace {
 
 bool IsProperty(const StoredItem& item) { return item.ItemType() == StoredItemTypes::Property; }
 
-std::string KeyColumn(const StoredItem& item) { return IsProperty(item) ? "PropertyNo" : "VehicleNo"; }
-
-QuerySource JoinLinkedIncidents(const StoredItem& item, const QuerySource& incident) {
-    const QuerySource link = QueryServices::Factory().Table(IsProperty(item) ? "IncdProperty" : "IncdVehicle");
-    return link.Join(incident, 0)
-        .On(link.Column("IncidentNo")
-                .Equals(incident.Column("IncidentNo"))
-                .And(link.Column(KeyColumn(item)).EqualsKeyPlace()));
-}
+std::string KeyColumn(StoredItemTypes kind) { return kind == StoredItemTypes::Property ? "PropertyNo" : "VehicleNo"; }
 
 bool SeesSecuredIncidents() {
     HostSession& session = HostServices::Current().Session();
@@ -37,23 +28,33 @@ bool SeesSecuredIncidents() {
 
 enum class Related { Incidents, OpenIncidents, Cases };
 
-QuerySource ComposeRelated(const StoredItem& item, Related related) {
-    const QuerySource incident = QueryServices::Factory().Table("Incident");
-    const QuerySource linked = JoinLinkedIncidents(item, incident);
-    if (related == Related::Cases) return linked.Select({incident.Column("CaseNbr")});
+struct RelatedShape {
+    StoredItemTypes kind;
+    Related related;
+
+    auto operator<=>(const RelatedShape&) const = default;
+};
+
+// Its only parameter is the item's key.
+QuerySource ComposeRelated(const RelatedShape& shape) {
+    const QueryFactory& factory = QueryServices::Factory();
+    const QuerySource link = factory.Table(shape.kind == StoredItemTypes::Property ? "IncdProperty" : "IncdVehicle");
+    const QuerySource incident = factory.Table("Incident");
+    const QuerySource linked = link.Join(incident, 0)
+                                   .On(link.Column("IncidentNo")
+                                           .Equals(incident.Column("IncidentNo"))
+                                           .And(link.Column(KeyColumn(shape.kind)).Equals(factory.Parameter(0))));
+    if (shape.related == Related::Cases) return linked.Select({incident.Column("CaseNbr")});
     QuerySource query =
         linked.Select({incident.Column("IncidentNo"), incident.Column("IncidentId"), incident.Column("IsSecured")});
-    if (related == Related::OpenIncidents) query.Where(incident.Column("IsSecured").Equals(0));
+    if (shape.related == Related::OpenIncidents) query.Where(incident.Column("IsSecured").Equals(0));
     return query;
 }
 
-// Composed once for each kind of item: a list of search results asks for every row of it.
 RowList QueryRelated(const StoredItem& item, Related related) {
-    static PlannedQueries<std::pair<bool, Related>, QueryTemplate> queries;
-    const QueryTemplate& query = queries.Get({IsProperty(item), related}, [&] {
-        return QueryServices::Factory().ToTemplate(ComposeRelated(item, related));
-    });
-    return HostDatabase().QueryRows(query.With(item.ID()));
+    static PlannedQueries<RelatedShape> queries(ComposeRelated);
+    const ParameterizedQuery& query = queries.Get({item.ItemType(), related});
+    return HostDatabase().QueryRows(query.text, query.ValuesFor({item.ID()}));
 }
 
 RowList QueryIncidents(const StoredItem& item) {
@@ -109,8 +110,8 @@ const CaseList& StoredItem::RelatedCases() {
 
 TrackingRecordList StoredItem::TrackingRecords() const {
     const std::string table = IsProperty(*this) ? "PropertyTracking" : "VehicleTracking";
-    const std::string sql = "SELECT * FROM " + table + " WHERE " + KeyColumn(*this) + " = " + std::to_string(ID()) +
-                            " ORDER BY DateReceived DESC, LastUpdated DESC";
+    const std::string sql = "SELECT * FROM " + table + " WHERE " + KeyColumn(ItemType()) + " = " +
+                            std::to_string(ID()) + " ORDER BY DateReceived DESC, LastUpdated DESC";
     TrackingRecordList records;
     for (const Row& row : HostDatabase().QueryRows(sql)) {
         auto record = std::make_shared<TrackingRecord>();

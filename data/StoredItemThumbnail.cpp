@@ -1,3 +1,4 @@
+#include "data/PlannedQueries.h"
 #include "data/StoredItem.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
@@ -12,8 +13,9 @@ namespace {
 
 constexpr int32_t PropertyOwner = 6, VehicleOwner = 7;  // values of ObjTypeInd
 
-std::string ComposeMainAttachment(const StoredItem& item) {
-    const bool isProperty = item.ItemType() == StoredItemTypes::Property;
+// Its only parameter is the item's key.
+QuerySource ComposeMainAttachment(const StoredItemTypes& kind) {
+    const bool isProperty = kind == StoredItemTypes::Property;
     const QuerySource table = QueryServices::Factory().Table(isProperty ? "Property" : "Vehicle");
     const QuerySource index = QueryServices::Factory().Table("AttachmentIndex");
     const QuerySource folder = QueryServices::Factory().Table("AttachmentFolder");
@@ -27,14 +29,15 @@ std::string ComposeMainAttachment(const StoredItem& item) {
             .Join(folder, 0)
             .On(folder.Column("FolderNo").Equals(index.Column("FolderNo")));
     QuerySource query = filed.Select({filed.Column("Path"), filed.Column("FileName")});
-    query.Where(key.Equals(item.ID()));
-    return QueryServices::Factory().ToSql(query);
+    return query.Where(key.Equals(QueryServices::Factory().Parameter(0)));
 }
 
 }  // namespace
 
 std::optional<Picture> StoredItem::Thumbnail() const {
-    const std::optional<Row> row = HostDatabase().QueryRow(ComposeMainAttachment(*this));
+    static PlannedQueries<StoredItemTypes> queries(ComposeMainAttachment);
+    const ParameterizedQuery& query = queries.Get(m_itemType);
+    const std::optional<Row> row = HostDatabase().QueryRow(query.text, query.ValuesFor({ID()}));
     if (!row) return std::nullopt;
     const std::string fileName = ToTextOrEmpty(row->Value("FileName"));
     if (fileName.empty()) return std::nullopt;

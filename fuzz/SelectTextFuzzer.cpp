@@ -62,7 +62,7 @@ QuerySource Compose(const std::string& text) {
 
 std::optional<std::string> Written(const QuerySource& query, const Dialect& dialect) {
     try {
-        return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+        return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect).text;
     } catch (const Error&) {
         return std::nullopt;
     }
@@ -70,7 +70,7 @@ std::optional<std::string> Written(const QuerySource& query, const Dialect& dial
 
 // Without planning, everything stands in the text.
 void CheckLiterally(const QuerySource& query, const std::string& text, const Dialect& dialect) {
-    const std::string written = sql::WriteQuery(*query.Node(), dialect);
+    const std::string written = sql::WriteQuery(*query.Node(), dialect).text;
     for (const sql::ResultColumn& column : sql::ParseSelectText(text))
         Check(written.find(RawText(column)) != std::string::npos, "An entry is missing", written);
     for (const std::string& literal : {sql::LikeLiteral(text, dialect), sql::TextLiteral(text, dialect)})

@@ -73,7 +73,7 @@ std::optional<PlaceTest> PlaceTestOf(const ConditionRef& condition) {
     if (!comparison || !comparison->equal) return std::nullopt;
     const ColumnReference* column = ColumnOf(comparison->left);
     const auto number = ConstantOf(comparison->right);
-    const bool isNumber = IsKeyPlace(comparison->right) || (number && number->Holds<int32_t>());
+    const bool isNumber = IsParameter(comparison->right) || (number && number->Holds<int32_t>());
     if (!column || !EqualsNoCase(column->name, "StorageLocNo") || !isNumber) return std::nullopt;
     return PlaceTest{*column, comparison->right};
 }

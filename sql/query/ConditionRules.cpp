@@ -11,9 +11,6 @@ namespace quellbrook::sql {
 
 namespace {
 
-// Its index takes patterns and no equalities.
-constexpr const char* descriptionColumn = "Description";
-
 using ColumnPosition = std::function<std::optional<size_t>(const ColumnReference&)>;
 
 // Whether the condition means the same about an arm's expressions as about the columns of a union, which may convert
@@ -22,7 +19,7 @@ bool MeansTheSameInArm(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison) return true;
     const auto isPlain = [](const ExpressionRef& side) {
-        return ColumnOf(side) || ConstantOf(side) || IsKeyPlace(side);
+        return ColumnOf(side) || ConstantOf(side) || IsParameter(side);
     };
     return isPlain(comparison->left) && isPlain(comparison->right);
 }
@@ -130,23 +127,6 @@ void FoldConstants(QuerySelect& query) {
         }
     }
     query.where = std::move(open);
-}
-
-void TurnPlainPatternsToEqualities(QuerySelect& query) {
-    const std::vector<SourceRef> sources = SourcesOf(query.from);
-    const auto isTableColumn = [&](const ExpressionRef& operand) {
-        const ColumnReference* column = ColumnOf(operand);
-        return column && std::any_of(sources.begin(), sources.end(), [&](const SourceRef& source) {
-                   return source->id == column->source && std::holds_alternative<TableSource>(source->content);
-               });
-    };
-    for (ConditionRef& condition : query.where) {
-        const auto* test = std::get_if<PatternTest>(&condition->content);
-        if (!test || test->pattern.find('*') != std::string::npos || !isTableColumn(test->operand)) continue;
-        if (EqualsNoCase(ColumnOf(test->operand)->name, descriptionColumn)) continue;
-        ExpressionRef text = test->isPlace ? MakeExpression(KeyPlace{}) : MakeExpression(Literal{test->pattern});
-        condition = MakeCondition(Comparison{test->operand, true, std::move(text)});
-    }
 }
 
 bool IsEmptyArm(const QuerySelect& query) {

@@ -13,7 +13,6 @@ namespace quellbrook::sql {
 void PushConditionsIntoArms(QuerySelect& query);
 void FoldConstants(QuerySelect& query);
 void DropImpliedNullTests(QuerySelect& query);
-void TurnPlainPatternsToEqualities(QuerySelect& query);
 void TurnLinkedCriteriaToLists(QuerySelect& query);
 void DropUnusedLeftJoins(QuerySelect& query);
 void UseCurrentPlaces(QuerySelect& query);

@@ -2,7 +2,6 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
-#include "sql/Literals.h"
 #include "sql/query/QueryPlanner.h"
 #include "sql/query/QueryTraversal.h"
 #include "sql/query/QueryWriter.h"
@@ -67,10 +66,6 @@ QueryCondition QueryExpression::Equals(const TaggedValue& value) const { return 
 
 QueryCondition QueryExpression::Equals(const QueryExpression& other) const {
     return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, other.m_node}));
-}
-
-QueryCondition QueryExpression::EqualsKeyPlace() const {
-    return QueryCondition(sql::MakeCondition(sql::Comparison{m_node, true, sql::MakeExpression(sql::KeyPlace{})}));
 }
 
 QueryCondition QueryExpression::NotEquals(const TaggedValue& value) const { return Compare(*this, false, value); }
@@ -159,38 +154,31 @@ QueryExpression QueryFactory::Concat(const std::vector<QueryArgument>& parts, in
     return QueryExpression(sql::MakeExpression(sql::Concatenation{ArgumentNodes(parts)}));
 }
 
-QueryCondition QueryExpression::LikeKeyPlace() const {
-    return QueryCondition(sql::MakeCondition(sql::PatternTest{m_node, {}, true}));
+QueryExpression QueryFactory::Parameter(size_t number) const {
+    return QueryExpression(sql::MakeExpression(sql::Parameter{number}));
 }
 
-std::string QueryTemplate::With(int32_t number) const { return Filled(std::to_string(number)); }
-
-std::string QueryTemplate::With(const std::string& text) const {
-    Dialect dialect;
-    dialect.textPrefix = m_textPrefix;
-    return Filled(sql::TextLiteral(text, dialect));
-}
-
-std::string QueryTemplate::Filled(const std::string& literal) const {
-    std::string text;
-    text.reserve(m_text.size() + m_places.size() * literal.size());
-    size_t from = 0;
-    for (const size_t place : m_places) {
-        text.append(m_text, from, place - from).append(literal);
-        from = place;
-    }
-    return text.append(m_text, from);
-}
-
-QueryTemplate QueryFactory::ToTemplate(const QuerySource& query) const {
+ParameterizedQuery QueryFactory::ToParameterizedSql(const QuerySource& query) const {
     const Dialect& dialect = m_dialect();
-    sql::WrittenQuery written = sql::WriteTemplate(*sql::PlanQuery(query.Node(), dialect), dialect);
-    return QueryTemplate(std::move(written.text), std::move(written.keyPlaces), dialect.textPrefix);
+    sql::WrittenQuery written = sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+    return {std::move(written.text), std::move(written.parameters)};
 }
 
 std::string QueryFactory::ToSql(const QuerySource& query) const {
-    const Dialect& dialect = m_dialect();
-    return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+    ParameterizedQuery written = ToParameterizedSql(query);
+    if (!written.markers.empty())
+        Raise(ErrorNumber::General, "QueryFactory.ToSql", "The query has parameters without values.");
+    return std::move(written.text);
+}
+
+std::vector<TaggedValue> ParameterizedQuery::ValuesFor(const std::vector<TaggedValue>& parameters) const {
+    std::vector<TaggedValue> values;
+    values.reserve(markers.size());
+    for (const size_t number : markers) {
+        if (number >= parameters.size()) Raise(ErrorNumber::SubscriptOutOfRange, "ParameterizedQuery.ValuesFor");
+        values.push_back(parameters[number]);
+    }
+    return values;
 }
 
 }  // namespace quellbrook

@@ -34,7 +34,9 @@ struct Literal {
 struct RawText {  // stands as it is
     std::string text;
 };
-struct KeyPlace {};  // a whole number or a text that is filled in when the query is used
+struct Parameter {  // a value that is given when the query runs
+    size_t number;
+};
 struct FunctionCall {
     std::string name;
     std::vector<ExpressionRef> arguments;
@@ -47,7 +49,7 @@ struct HiddenFromIndexes {  // a number, written so that the engine looks for no
 };
 
 struct ExpressionNode {
-    std::variant<ColumnReference, Literal, RawText, KeyPlace, FunctionCall, Concatenation, HiddenFromIndexes> content;
+    std::variant<ColumnReference, Literal, RawText, Parameter, FunctionCall, Concatenation, HiddenFromIndexes> content;
     std::string alias;  // counts in a select list
 };
 
@@ -64,8 +66,7 @@ struct NullTest {
 };
 struct PatternTest {
     ExpressionRef operand;
-    std::string pattern;   // "*" stands for any run of characters
-    bool isPlace = false;  // a text without "*" that is filled in when the query is used, in place of the pattern
+    std::string pattern;  // "*" stands for any run of characters
 };
 struct Membership {  // operand IN (query)
     ExpressionRef operand;

@@ -50,7 +50,6 @@ SourceRef PlanDerivedTables(const SourceRef& from, const Dialect& dialect) {
 
 void PlanArm(QuerySelect& query, bool isDistinct, const Dialect& dialect) {
     FoldConstants(query);
-    if (dialect.equalsLikeLike) TurnPlainPatternsToEqualities(query);
     DropImpliedNullTests(query);
     if (isDistinct && HasRowwiseColumns(query)) {
         TurnLinkedCriteriaToLists(query);

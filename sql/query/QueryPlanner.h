@@ -13,8 +13,6 @@ namespace quellbrook::sql {
 //   PushConditionsIntoArms     a condition on a derived table goes into each arm of it, said by the arm's own columns
 //   FoldConstants              a condition between constants is decided; one that can't hold makes the arm empty
 //   DropEmptyArms              an empty arm of a union is left out; the last one stays and says 1 = 0
-//   TurnPlainPatternsToEqualities  a pattern without "*" on a table's column becomes "=", where that compares as LIKE
-//                              does
 //   DropImpliedNullTests       IS NOT NULL beside another condition that refuses NULL is left out
 //   TurnLinkedCriteriaToLists  a criterion on a left-joined pair of tables becomes key IN (SELECT ... FROM the pair)
 //   DropUnusedLeftJoins        a left-joined source that nothing selects or tests is left out

@@ -65,7 +65,7 @@ void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit) 
                               for (const ExpressionRef& part : text.parts) ForEachColumn(part, visit);
                           },
                           [&](const HiddenFromIndexes& hidden) { ForEachColumn(hidden.operand, visit); },
-                          [](const Literal&) {}, [](const RawText&) {}, [](const KeyPlace&) {}},
+                          [](const Literal&) {}, [](const RawText&) {}, [](const Parameter&) {}},
                expression->content);
 }
 
@@ -99,7 +99,7 @@ ExpressionRef ReplaceColumns(const ExpressionRef& expression, const ColumnReplac
                        return changed(HiddenFromIndexes{ReplaceColumns(hidden.operand, replace)});
                    },
                    [&](const Literal&) { return expression; }, [&](const RawText&) { return expression; },
-                   [&](const KeyPlace&) { return expression; }},
+                   [&](const Parameter&) { return expression; }},
         expression->content);
 }
 
@@ -114,7 +114,7 @@ ConditionRef ReplaceColumns(const ConditionRef& condition, const ColumnReplaceme
                 return MakeCondition(NullTest{ReplaceColumns(test.operand, replace), test.isNull});
             },
             [&](const PatternTest& test) {
-                return MakeCondition(PatternTest{ReplaceColumns(test.operand, replace), test.pattern, test.isPlace});
+                return MakeCondition(PatternTest{ReplaceColumns(test.operand, replace), test.pattern});
             },
             [&](const Membership& membership) {
                 return MakeCondition(Membership{ReplaceColumns(membership.operand, replace), membership.query});
@@ -146,7 +146,7 @@ std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression) {
     return std::nullopt;
 }
 
-bool IsKeyPlace(const ExpressionRef& expression) { return std::holds_alternative<KeyPlace>(expression->content); }
+bool IsParameter(const ExpressionRef& expression) { return std::holds_alternative<Parameter>(expression->content); }
 
 const ColumnReference* ColumnOf(const ExpressionRef& expression) {
     return std::get_if<ColumnReference>(&expression->content);
@@ -160,7 +160,7 @@ bool IsRowwise(const ExpressionRef& expression) {
     if (const auto* call = std::get_if<FunctionCall>(&expression->content))
         return EqualsNoCase(call->name, "COALESCE") && allRowwise(call->arguments);
     if (const auto* hidden = std::get_if<HiddenFromIndexes>(&expression->content)) return IsRowwise(hidden->operand);
-    return ColumnOf(expression) || ConstantOf(expression) || IsKeyPlace(expression);
+    return ColumnOf(expression) || ConstantOf(expression) || IsParameter(expression);
 }
 
 std::optional<std::vector<ResultColumn>> ExpandedColumns(const QuerySelect& query) {

@@ -26,7 +26,7 @@ std::vector<ConditionRef> Conjuncts(const std::vector<ConditionRef>& conditions)
 
 // The value of a literal, or of raw text that is a number, a quoted text or NULL.
 std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression);
-bool IsKeyPlace(const ExpressionRef& expression);
+bool IsParameter(const ExpressionRef& expression);
 const ColumnReference* ColumnOf(const ExpressionRef& expression);  // null for any other expression
 
 // Whether the value of the expression depends on nothing but the columns it names: no aggregate, no raw text that might

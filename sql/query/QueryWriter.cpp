@@ -85,8 +85,9 @@ private:
             m_out += ValueLiteral(literal->value, m_dialect);
         } else if (const auto* raw = std::get_if<RawText>(&expression->content)) {
             m_out += raw->text;
-        } else if (IsKeyPlace(expression)) {
-            m_written.keyPlaces.push_back(m_out.size());
+        } else if (const auto* parameter = std::get_if<Parameter>(&expression->content)) {
+            m_out += "?";
+            m_written.parameters.push_back(parameter->number);
         } else if (const auto* hidden = std::get_if<HiddenFromIndexes>(&expression->content)) {
             m_out += "+";
             WriteExpression(hidden->operand);
@@ -122,9 +123,6 @@ private:
             WriteExpression(nullTest->operand);
             m_out += nullTest->isNull ? " IS NULL" : " IS NOT NULL";
         } else if (const auto* pattern = std::get_if<PatternTest>(&condition->content)) {
-            if (pattern->isPlace)
-                Raise(ErrorNumber::General, "QueryFactory.ToTemplate",
-                      "On this database a text can't be filled in for a pattern.");
             WriteExpression(pattern->operand);
             m_out += " LIKE " + LikeLiteral(pattern->pattern, m_dialect);
         } else if (const auto* membership = std::get_if<Membership>(&condition->content)) {
@@ -193,17 +191,10 @@ void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, Written
 
 }  // namespace
 
-WrittenQuery WriteTemplate(const SourceNode& query, const Dialect& dialect) {
+WrittenQuery WriteQuery(const SourceNode& query, const Dialect& dialect) {
     WrittenQuery written;
     WriteQueryOrUnion(query, dialect, written);
     return written;
-}
-
-std::string WriteQuery(const SourceNode& query, const Dialect& dialect) {
-    WrittenQuery written = WriteTemplate(query, dialect);
-    if (!written.keyPlaces.empty())
-        Raise(ErrorNumber::General, "QueryFactory.ToSql", "The query has a place for a key that was not filled in.");
-    return std::move(written.text);
 }
 
 }  // namespace quellbrook::sql

@@ -22,11 +22,11 @@ protected:
 
     std::string Planned(const QuerySource& query) {
         const Dialect dialect = WithKeys(SqliteDialect(false, false));
-        const std::string text = sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+        const std::string text = sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect).text;
         const std::vector<std::string> rows = m_department.Rows(text);
         const std::set<std::string> distinct(rows.begin(), rows.end());
         EXPECT_EQ(rows.size(), distinct.size()) << text;
-        EXPECT_EQ(distinct, m_department.DistinctRows(sql::WriteQuery(*query.Node(), dialect))) << text;
+        EXPECT_EQ(distinct, m_department.DistinctRows(sql::WriteQuery(*query.Node(), dialect).text)) << text;
         return text;
     }
 

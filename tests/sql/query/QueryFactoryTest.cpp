@@ -20,7 +20,7 @@ namespace {
 
 const Dialect transactSql{};  // "+" concatenates, no side tables
 
-std::string Literally(const QuerySource& query) { return sql::WriteQuery(*query.Node(), transactSql); }
+std::string Literally(const QuerySource& query) { return sql::WriteQuery(*query.Node(), transactSql).text; }
 
 // The WHERE clause of SELECT a FROM T with this condition.
 std::string Where(const QueryCondition& condition, const QuerySource& table) {
@@ -83,7 +83,7 @@ TEST_F(QueryText, ANullPartMakesAConcatenationNull) {
     const QuerySource query = incident.Select(
         {f.Concat({incident.Column("IncidentId"), TaggedValue("-"), incident.Column("CaseNbr")}, 0).As("Both")});
     department.Execute("INSERT INTO Incident (IncidentId, CaseNbr) VALUES ('I', 'C'), ('I', NULL)");
-    EXPECT_EQ(department.Rows(sql::WriteQuery(*query.Node(), SqliteDialect(false, false))),
+    EXPECT_EQ(department.Rows(sql::WriteQuery(*query.Node(), SqliteDialect(false, false)).text),
               (std::vector<std::string>{"'I-C'|", "NULL|"}));
 }
 
@@ -281,24 +281,36 @@ TEST_F(QueryFactoryOnEngine, AnItemOfTwoIncidentsComesOnceForEveryUser) {
     EXPECT_EQ(RowsOf(ComposeSearch({.numberType = 1, .number = "I-*", .seesVehicles = false})).size(), 1u);
 }
 
-TEST_F(QueryFactoryOnEngine, ATemplateWithANumberIsTheTextOfTheQueryWithIt) {
-    const auto search = [&](const std::function<QueryCondition(const QueryExpression&)>& equals) {
-        const QuerySource p = f.Table("Property");
-        const QuerySource pt = f.Table("PropertyTracking");
-        const QuerySource source = p.Join(pt, 1).On(pt.Column("PropertyNo")
-                                                        .Equals(p.Column("PropertyNo"))
-                                                        .And(p.Column("CurrTrackSeq").Equals(pt.Column("SeqNo"))));
-        const QuerySource base = source.Select({p.Column("PropertyNo").As("ID"), pt.Column("StorageLocNo")});
-        QuerySource outer = base.As("Results").Select({"*"});
-        return outer.Where(equals(base.Column("StorageLocNo")));
+TEST_F(QueryFactoryOnEngine, EveryMarkerOfAParameterGetsItsValue) {
+    const QuerySource p = f.Table("Property");
+    const QuerySource pt = f.Table("PropertyTracking");
+    const QuerySource source = p.Join(pt, 1).On(pt.Column("PropertyNo")
+                                                    .Equals(p.Column("PropertyNo"))
+                                                    .And(p.Column("CurrTrackSeq").Equals(pt.Column("SeqNo"))));
+    QuerySource query = source.Select({p.Column("PropertyNo").As("ID")});
+    query.Where(pt.Column("StorageLocNo").Equals(f.Parameter(1)));
+    query.Where(p.Column("PropertyID").Equals(f.Parameter(0)));
+    const ParameterizedQuery written = f.ToParameterizedSql(query);
+    EXPECT_EQ(written.markers, (std::vector<size_t>{1, 1, 0})) << written.text;
+    EXPECT_EQ(written.ValuesFor({"E-1", 7}), (std::vector<TaggedValue>{7, 7, "E-1"}));
+    EXPECT_EQ(RaisedBy([&] { written.ValuesFor({"E-1"}); }).Number(), ErrorNumber::SubscriptOutOfRange);
+
+    const int32_t shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
+    const int32_t item = m_database.AddProperty({.PropertyID = "E-1"});
+    m_database.AddCustodyRow(StoredItemTypes::Property, item, shelf);
+    const auto found = [&](const char* id, int32_t location) {
+        return HostDatabase().QueryRows(written.text, written.ValuesFor({id, location})).size();
     };
-    const QuerySource open = search([](const QueryExpression& column) { return column.EqualsKeyPlace(); });
-    for (const int32_t number : {0, 5, -3, 2147483647}) {
-        const QuerySource query = search([&](const QueryExpression& column) { return column.Equals(number); });
-        EXPECT_EQ(f.ToTemplate(open).With(number), f.ToSql(query));
-    }
-    EXPECT_NE(f.ToTemplate(open).With(5).find("CurrentPlace.StorageLocNo = 5"), std::string::npos);
-    EXPECT_EQ(RaisedBy([&] { f.ToSql(open); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(found("e-1", shelf), 1u);
+    EXPECT_EQ(found("E-2", shelf), 0u);
+    EXPECT_EQ(found("E-1", shelf + 1), 0u);
+}
+
+TEST_F(QueryFactoryOnEngine, CompleteTextHasNoParameters) {
+    const QuerySource p = f.Table("Property");
+    QuerySource query = p.Select({p.Column("PropertyNo")});
+    query.Where(p.Column("PropertyNo").Equals(f.Parameter(0)));
+    EXPECT_EQ(RaisedBy([&] { f.ToSql(query); }).Number(), ErrorNumber::General);
 }
 
 TEST(QueryFactory, NeedsAnEngine) {

@@ -12,10 +12,12 @@
 namespace quellbrook::testing {
 namespace {
 
-std::string Literally(const QuerySource& query) { return sql::WriteQuery(*query.Node(), SqliteDialect(false, false)); }
+std::string Literally(const QuerySource& query) {
+    return sql::WriteQuery(*query.Node(), SqliteDialect(false, false)).text;
+}
 
 std::string Planned(const QuerySource& query, const Dialect& dialect = SqliteDialect(false, false)) {
-    return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect);
+    return sql::WriteQuery(*sql::PlanQuery(query.Node(), dialect), dialect).text;
 }
 
 std::string CountOf(const std::string& text) {

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/HostServices.h"
+#include "host/QueryServices.h"
+#include "sql/query/QueryFactory.h"
+
+#include <map>
+
+namespace quellbrook {
+
+// Keeps the planned queries of one kind for the database in use. The composing function sees nothing but the shape, and
+// shapes are compared by all of their members, so queries that differ never share a text.
+template <typename Shape>
+class PlannedQueries {
+public:
+    using Compose = QuerySource (*)(const Shape&);
+    explicit PlannedQueries(Compose compose) : m_compose(compose) {}
+
+    // The reference is valid until the next call.
+    const ParameterizedQuery& Get(const Shape& shape) {
+        const Dialect& dialect = HostServices::Current().Pool().GetDialect();
+        if (dialect != m_dialect) {
+            m_queries.clear();
+            m_dialect = dialect;
+        }
+        const auto found = m_queries.find(shape);
+        if (found != m_queries.end()) return found->second;
+        if (m_queries.size() >= limit) m_queries.clear();  // shapes may contain the user's patterns
+        return m_queries.emplace(shape, QueryServices::Factory().ToParameterizedSql(m_compose(shape))).first->second;
+    }
+
+private:
+    static constexpr size_t limit = 64;
+
+    Compose m_compose;
+    Dialect m_dialect;
+    std::map<Shape, ParameterizedQuery> m_queries;
+};
+
+}  // namespace quellbrook
