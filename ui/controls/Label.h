@@ -9,8 +9,8 @@ namespace quellbrook {
 
 // Plain text, never markup. One-line labels that size themselves (AutoSize) follow their text's width and height;
 // wrapping ones (WordWrap) keep their width and follow its height. Text that does not fit ends in an ellipsis. The font
-// is its type's, with what a widget around it has set by setFont.
-// Who asks what:
+// is its type's, with what a widget around it has set by setFont. A label is dimmed if it is disabled itself, not with
+// its parent. Who asks what:
 // - SearchResultRow, StoredItemView: Right() follows the text, since the next field stands behind it.
 // - SearchResultRow: the property "ForeColor", read and written by name.
 // - EvidenceExplorer, CategorizedSearchResults, CartView: headings and counts, repainted at once; what stands behind

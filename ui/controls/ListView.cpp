@@ -1,6 +1,7 @@
 #include "ui/controls/ListView.h"
 
 #include "ui/controls/Activation.h"
+#include "ui/controls/MouseEvents.h"
 #include "ui/controls/ReportTree.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
@@ -29,8 +30,6 @@ QString IconMeaning(const QString& icon) {
     if (icon == QLatin1String("unselected")) return QStringLiteral("not checked");
     return QString();
 }
-
-int ButtonMask(Qt::MouseButton button) { return button == Qt::LeftButton ? 1 : button == Qt::RightButton ? 2 : 4; }
 
 }  // namespace
 

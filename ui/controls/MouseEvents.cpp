@@ -10,15 +10,14 @@
 
 namespace quellbrook {
 
-namespace {
-
 int ButtonMask(Qt::MouseButton button) {
-    if (button == Qt::LeftButton) return 1;
-    if (button == Qt::RightButton) return 2;
-    return button == Qt::MiddleButton ? 4 : 0;
+    switch (button) {
+    case Qt::LeftButton: return MouseButton::Left;
+    case Qt::RightButton: return MouseButton::Right;
+    case Qt::MiddleButton: return MouseButton::Middle;
+    default: return 0;
+    }
 }
-
-}  // namespace
 
 MouseEvents::MouseEvents(QWidget* container) : QObject(container), m_container(container) { Watch(container); }
 

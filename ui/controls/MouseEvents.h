@@ -12,10 +12,15 @@ namespace quellbrook {
 
 class FlatScrollBar;
 
-// Presses, releases and double clicks over a container, wherever inside it they land, with the container's coordinates
-// in pixels. Buttons are a bit mask: 1 left, 2 right.
-// Who asks what:
-// - SearchResultList, TrackingList: Up with the button and DoubleClick, anywhere over picContainer and its rows.
+// Bits of the button masks in mouse events.
+namespace MouseButton {
+inline constexpr int Left = 1, Right = 2, Middle = 4;
+}
+// The bit of a button; 0 for any other button.
+int ButtonMask(Qt::MouseButton button);
+
+// Presses, releases and double clicks over a container and everything inside it, at pixels of the container. Buttons
+// are masks of MouseButton.
 class MouseEvents : public QObject {
     Q_OBJECT
 
@@ -51,8 +56,6 @@ private:
 };
 
 // Turns of the wheel over a container reach its scroll bar.
-// Who asks what:
-// - SearchResultList, TrackingList: turns over picContainer.
 class ScrollWheelSupport : public QObject {
     Q_OBJECT
 

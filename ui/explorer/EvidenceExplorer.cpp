@@ -10,9 +10,9 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/explorer/ActionMenu.h"
-#include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationView.h"
+#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/Strings.h"
@@ -31,7 +31,6 @@ namespace {
 constexpr float treeLeft = 240, treeWidth = 4200, panelMargin = 240;
 constexpr float headingHeight = 1080, headingInset = 120;
 constexpr float titleTop = 150, subtitleTop = 600;
-constexpr int messageWidth = 360;
 
 void ReportDisplayError(const Error& error, int step) {
     ShowMessage(
@@ -111,8 +110,7 @@ void EvidenceExplorer::MakeLoadingCover() {
     m_grpLoading->setObjectName("grpLoading");
     m_grpLoading->SetBackColor(Theme::Color::Window);
     m_grpLoading->hide();
-    m_grpMessage =
-        new BusyPanel("Starting up...", "Please wait. This may take a few moments. ", messageWidth, m_grpLoading);
+    m_grpMessage = new StatePanel("busy", "Starting up...", "Please wait. This may take a few moments. ", m_grpLoading);
     m_grpMessage->setObjectName("grpMessage");
     m_grpLoading->raise();
 }

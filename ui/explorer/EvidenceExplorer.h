@@ -15,7 +15,7 @@ namespace quellbrook {
 
 class ActionMenu;
 class BarcodeListenerControl;
-class BusyPanel;
+class StatePanel;
 class GroupBox;
 class Label;
 class Line;
@@ -91,7 +91,7 @@ private:
     Label* m_lblSubtitle = nullptr;
     LocationView* m_itemPane = nullptr;
     GroupBox* m_grpLoading = nullptr;
-    BusyPanel* m_grpMessage = nullptr;
+    StatePanel* m_grpMessage = nullptr;
     Line* m_lnDivider = nullptr;
     Line* m_lnSeparator = nullptr;
     ActionMenu* m_mnuItems = nullptr;

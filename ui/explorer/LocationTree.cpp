@@ -4,8 +4,8 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/explorer/BusyPanel.h"
 #include "ui/explorer/LocationTreeWidget.h"
+#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/Strings.h"
@@ -76,7 +76,8 @@ void LocationTree::MakeLoadingPanel() {
     constexpr int messageWidth = 240;
     m_picLoading->setObjectName("picLoading");
     m_picLoading->hide();
-    m_picLoadingMessage = new BusyPanel("Loading Locations", "Please wait a moment...", messageWidth, m_picLoading);
+    m_picLoadingMessage =
+        new StatePanel("busy", "Loading Locations", "Please wait a moment...", m_picLoading, messageWidth);
     m_picLoadingMessage->setObjectName("picLoadingMessage");
     m_picLoadingMessage->Title()->setObjectName("lblLoadTitle");
     m_picLoadingMessage->Sentence()->setObjectName("lblLoadMessage");

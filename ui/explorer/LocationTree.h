@@ -16,7 +16,7 @@ class QTreeWidgetItem;
 
 namespace quellbrook {
 
-class BusyPanel;
+class StatePanel;
 class GroupBox;
 class LocationTreeWidget;
 class PropertyBag;
@@ -107,7 +107,7 @@ private:
 
     LocationTreeWidget* m_treeView;
     GroupBox* m_picLoading;
-    BusyPanel* m_picLoadingMessage = nullptr;
+    StatePanel* m_picLoadingMessage = nullptr;
     QMenu* m_mnuLocation = nullptr;
     QAction* m_mnuExpandCollapse = nullptr;
     QHash<QString, QTreeWidgetItem*> m_nodes;

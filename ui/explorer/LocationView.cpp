@@ -5,7 +5,9 @@
 #include "data/StoredItemList.h"
 #include "ui/common/PropertyBag.h"
 #include "ui/common/ViewHelpers.h"
+#include "ui/controls/Activation.h"
 #include "ui/controls/ListView.h"
+#include "ui/controls/MouseEvents.h"
 #include "ui/controls/View.h"
 #include "ui/explorer/ListPlaceholder.h"
 #include "ui/explorer/StatePanel.h"
@@ -30,8 +32,6 @@ Q_LOGGING_CATEGORY(trace, "quellbrook.explorer")
 constexpr int iconImageSize = 30;
 constexpr double rowFactor = 1.2;
 constexpr int iconColumn = 0;
-constexpr int rightButton = 2;
-constexpr int keyEnter = 13, keyA = 65;
 
 const QString markedIcon = "marked";
 const QString tagIcon = "tag";
@@ -209,7 +209,7 @@ void LocationView::ClearSelection() { m_itemPane->ClearSelection(); }
 void LocationView::OnMouseUp(int button, const QPoint& at) {
     m_lastButton = button;
     m_lastHitRow = m_itemPane->HitTest(at);
-    if (!(button & rightButton)) return;
+    if (!(button & MouseButton::Right)) return;
     if (m_lastHitRow < 0 || !m_itemPane->RowSelected(m_lastHitRow)) ClearSelection();
     OfferContextMenu();
 }
@@ -224,7 +224,7 @@ void LocationView::OfferContextMenu() {
 void LocationView::OnDoubleClick() {
     Guard(
         [this] {
-            if (m_lastButton == rightButton) return;
+            if (m_lastButton == MouseButton::Right) return;
             const int current = m_itemPane->CurrentRow();
             if (current != m_lastHitRow) return;
             if (current >= 0) ItemOpenRequest(ObjectOf(current));
@@ -235,8 +235,8 @@ void LocationView::OnDoubleClick() {
 }
 
 void LocationView::OnKeyDown(int keyCode, bool ctrl) {
-    if (ctrl && keyCode == keyA) m_itemPane->SelectAll();
-    if (keyCode == keyEnter) OnDoubleClick();
+    if (ctrl && keyCode == KeyCode::A) m_itemPane->SelectAll();
+    if (keyCode == KeyCode::Enter) OnDoubleClick();
 }
 
 bool LocationView::eventFilter(QObject* watched, QEvent* event) {

@@ -1,43 +1,40 @@
 #include "ui/explorer/StatePanel.h"
 
-#include "ui/platform/Guard.h"
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/Label.h"
 #include "ui/platform/Twips.h"
-#include "ui/style/Icons.h"
-#include "ui/style/TextBlock.h"
-
-#include <QPainter>
 
 namespace quellbrook {
 
 namespace {
 
 // Pixels.
-constexpr int PanelWidth = 340, IconSize = 32, TitleTop = 44, SentenceTop = 72;
-
-TextBlock SentenceBlock(const QString& sentence) { return {sentence, Theme::Type::Body, PanelWidth}; }
+constexpr int IconSize = 32, TitleTop = 44, SentenceTop = 72;
 
 }  // namespace
 
-StatePanel::StatePanel(const QString& iconName, const QString& title, const QString& sentence, QWidget* parent)
-    : GroupBox(parent), m_icon(iconName), m_title(title), m_sentence(sentence) {
+StatePanel::StatePanel(const QString& iconName, const QString& title, const QString& sentence, QWidget* parent,
+                       int width)
+    : GroupBox(parent), m_icon(new FontIcon(this)) {
     SetBackColor(Theme::Color::Window);
-    setAccessibleName(title + " " + sentence);
-    SetWidth(ToTwips(PanelWidth));
-    SetHeight(ToTwips(SentenceTop + SentenceBlock(sentence).Height()));
+    SetWidth(ToTwips(width));
+    m_icon->SetIcon(iconName, IconSize);
+    m_icon->SetForeColor(Theme::Color::GrayText);
+    m_icon->Move(ToTwips((width - IconSize) / 2.0), 0);
+    m_title = AddText(title, Theme::Type::Section, TitleTop);
+    m_sentence = AddText(sentence, Theme::Type::Body, SentenceTop);
+    m_sentence->SetForeColor(Theme::Color::GrayText);
+    SetHeight(m_sentence->Bottom());
 }
 
-void StatePanel::paintEvent(QPaintEvent* event) {
-    GroupBox::paintEvent(event);
-    Guard([this] {
-        QPainter painter(this);
-        const QColor gray = Theme::Get(Theme::Color::GrayText);
-        const Qt::Alignment centred = Qt::AlignHCenter | Qt::AlignTop;
-        painter.drawPixmap((width() - IconSize) / 2, 0, Icons::Pixmap(m_icon, IconSize, gray, devicePixelRatioF()));
-        painter.setPen(Theme::Get(Theme::Color::Text));
-        TextBlock(m_title, Theme::Type::Section).Draw(painter, QRect(0, TitleTop, width(), SentenceTop), centred);
-        painter.setPen(gray);
-        SentenceBlock(m_sentence).Draw(painter, rect().adjusted(0, SentenceTop, 0, 0), centred);
-    });
+Label* StatePanel::AddText(const QString& text, Theme::Type type, int top) {
+    auto* label = new Label(this);
+    label->SetType(type);
+    label->SetTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    label->SetWordWrap(true);
+    label->Move(0, ToTwips(top), Width(), 0);
+    label->SetCaption(text);
+    return label;
 }
 
 }  // namespace quellbrook

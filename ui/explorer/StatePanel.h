@@ -4,24 +4,30 @@
 
 namespace quellbrook {
 
-// What a list shows in place of its rows: an icon, a bold line and a sentence below each other, centred. Opaque, as
-// tall as its words need, and in full colour over a disabled list too.
+class FontIcon;
+class Label;
+
+// A message shown instead of a view's contents: an icon, a bold title and a sentence below each other, centered.
+// Opaque, as tall as its texts, and not dimmed over a disabled list. The icon "busy" is a turning ring.
 class StatePanel : public GroupBox {
     Q_OBJECT
 
 public:
-    StatePanel(const QString& iconName, const QString& title, const QString& sentence, QWidget* parent);
+    static constexpr int DefaultWidth = 340;  // pixels
 
-    const QString& Title() const { return m_title; }
-    const QString& Sentence() const { return m_sentence; }
+    StatePanel(const QString& iconName, const QString& title, const QString& sentence, QWidget* parent,
+               int width = DefaultWidth);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
+    FontIcon* Icon() const { return m_icon; }
+    Label* Title() const { return m_title; }
+    Label* Sentence() const { return m_sentence; }
 
 private:
-    QString m_icon;
-    QString m_title;
-    QString m_sentence;
+    Label* AddText(const QString& text, Theme::Type type, int top);
+
+    FontIcon* m_icon;
+    Label* m_title;
+    Label* m_sentence;
 };
 
 }  // namespace quellbrook

@@ -1,20 +1,13 @@
 #include "ui/items/TrackingList.h"
 
 #include "access/User.h"
-#include "base/KeyState.h"
 #include "ui/common/ViewHelpers.h"
-#include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"
-#include "ui/controls/GroupBox.h"
 #include "ui/controls/MouseEvents.h"
-#include "ui/explorer/ListPlaceholder.h"
 #include "ui/explorer/StatePanel.h"
-#include "ui/items/TrackingResult.h"
 #include "ui/platform/Guard.h"
-#include "ui/platform/Twips.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -24,53 +17,17 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int LeftButton = 1, RightButton = 2;
-constexpr int LeftKey = 37, UpKey = 38, RightKey = 39, DownKey = 40;
 constexpr int MaxScroll = 32767;
-constexpr size_t RowsBetweenYields = 10;
+constexpr int RowsBetweenYields = 10;
 
 int Rounded(float twips) { return static_cast<int>(std::nearbyint(twips)); }
 
 }  // namespace
 
-TrackingList::TrackingList(QWidget* parent) : Control(parent) {
-    BuildControls();
-    ConnectEvents();
-}
-
-void TrackingList::BuildControls() {
-    m_container = new GroupBox(this);
-    m_container->setObjectName("picContainer");
-    m_container->Move(0, 0);
-    m_rows.push_back(new TrackingResult(m_container));
-    m_rows.front()->setObjectName("searchResult");
-    m_rows.front()->SetIndex(0);
-    m_rows.front()->Move(0, 0);
-    m_rows.front()->hide();
-    m_vertScroll = new FlatScrollBar(this);
-    m_vertScroll->setObjectName("vertScroll");
-    m_vertScroll->hide();
-    m_noResults = new StatePanel("search", "No items found.",
-                                 "Check for typos in your search filter, or try a different search term.", this);
-    m_noResults->setObjectName("picNoResults");
-    m_noResults->hide();
-    m_noAccess =
-        new StatePanel("secured", "You can't view this data.",
-                       "You do not have the appropriate permissions to view chain-of-custody information.", this);
-    m_noAccess->setObjectName("picNoAccess");
-    m_noAccess->hide();
-    new ListPlaceholder(this);
-}
-
-void TrackingList::ConnectEvents() {
+TrackingList::TrackingList(QWidget* parent) : ScrollingListOf(parent) {
+    m_noAccess = AddPanel("picNoAccess", "secured", "You can't view this data.",
+                          "You do not have the appropriate permissions to view chain-of-custody information.");
     WatchRow(m_rows.front());
-    const auto* mouseEvents = new MouseEvents(m_container);
-    connect(mouseEvents, &MouseEvents::Up, this,
-            [this](int button, const QPoint& at) { Guard([&] { ListMouseEvents_MouseUp(button, at); }); });
-    connect(mouseEvents, &MouseEvents::DoubleClick, this,
-            [this](const QPoint& at) { Guard([&] { ListMouseEvents_DoubleClick(at); }); });
-    new ScrollWheelSupport(m_container, m_vertScroll);
-    connect(m_vertScroll, &FlatScrollBar::Changed, this, [this] { Guard([this] { VertScroll_Change(); }); });
 }
 
 void TrackingList::WatchRow(TrackingResult* row) {
@@ -93,6 +50,8 @@ void TrackingList::SetRecords(std::shared_ptr<const TrackingRecordList> records)
 
 void TrackingList::Rebuild() {
     UnloadRows();
+    m_rows.front()->SetTabIndex(0);
+    m_rows.front()->SetTabStop(true);
     m_container->SetHeight(ClientHeight());
     m_vertScroll->hide();
     m_vertScroll->SetValue(0);
@@ -105,46 +64,27 @@ void TrackingList::Rebuild() {
     UpdateScrollBar();
 }
 
-void TrackingList::UnloadRows() {
-    while (m_rows.size() > 1) {
-        // Destroyed later: the event that led here may be on its way through the row.
-        m_rows.back()->hide();
-        m_rows.back()->deleteLater();
-        m_rows.pop_back();
-    }
-    TrackingResult* first = m_rows.front();
-    first->hide();
-    first->SetTabIndex(0);
-    first->SetTabStop(true);
-}
-
-TrackingResult* TrackingList::LoadRow() {
+TrackingResult& TrackingList::AddRow() {
     TrackingResult* before = m_rows.back();
-    TrackingResult* row = LoadMember(m_rows, m_container);
+    TrackingResult* row = LoadRow();
     setTabOrder(before, row);
-    row->hide();
-    row->SetWidth(m_rows.front()->Width());
+    row->SetTop(before->Bottom());
     WatchRow(row);
-    return row;
+    return *row;
 }
 
-// False when another chain has taken this one's place, or the list has gone.
+// False if another chain has replaced this one or the list has been destroyed.
 bool TrackingList::BuildRows() {
     const std::shared_ptr<const TrackingRecordList> records = m_records;
-    float top = 0;
-    for (size_t i = 1; i <= records->size(); ++i) {
-        TrackingResult* row = m_rows.front();
-        if (i > 1) {
-            top = m_rows.back()->Bottom();
-            row = LoadRow();
-        }
-        row->Move(0, top);
-        row->SetItem((*records)[i - 1]);
-        if (i % RowsBetweenYields > 0) continue;
-        ShowRows(i - RowsBetweenYields, i);
+    int built = 0;
+    for (const std::shared_ptr<TrackingRecord>& record : *records) {
+        TrackingResult& row = built == 0 ? *m_rows.front() : AddRow();
+        row.SetItem(record);
+        if (++built % RowsBetweenYields > 0) continue;
+        ShowRows(built - RowsBetweenYields, built);
         if (!Yield()) return false;
     }
-    ShowRows(0, records->size());
+    ShowRows(0, built);
     return true;
 }
 
@@ -155,21 +95,19 @@ bool TrackingList::Yield() {
     if (!self) return false;
     m_isYielding = false;
     if (!m_pendingRecords) return true;
-    m_records = std::move(m_pendingRecords);
-    m_pendingRecords = nullptr;
+    m_records = std::exchange(m_pendingRecords, nullptr);
     Rebuild();
     return false;
 }
 
-void TrackingList::ShowRows(size_t from, size_t to) {
-    for (size_t i = from; i < to; ++i) m_rows[i]->show();
+void TrackingList::ShowRows(int from, int to) {
+    for (int i = from; i < to; ++i) RowNo(i).show();
 }
 
 float TrackingList::BottomOfRows() const { return m_rows.back()->Bottom(); }
 
 void TrackingList::UpdateScrollBar() {
-    m_vertScroll->Move(ClientWidth() - m_vertScroll->Width(), 0);
-    m_vertScroll->SetHeight(ClientHeight());
+    PlaceScrollBar();
     const float rowHeight = m_rows.front()->Height();
     const float overflow = BottomOfRows() - ClientHeight();
     if (overflow <= 0) {
@@ -189,17 +127,9 @@ void TrackingList::UpdateScrollBar() {
     m_vertScroll->show();
 }
 
-void TrackingList::LayoutList() {
-    m_container->SetWidth(ClientWidth() - m_vertScroll->Width());
-    m_container->SetHeight(BottomOfRows());
-    for (TrackingResult* row : m_rows) row->SetWidth(m_container->Width());
-    for (StatePanel* panel : {m_noResults, m_noAccess})
-        CenterInContainer(*panel, *this, Center::Horizontally | Center::Vertically);
-}
-
 void TrackingList::Layout() {
     UpdateScrollBar();
-    LayoutList();
+    LayoutRows(BottomOfRows());
 }
 
 void TrackingList::VertScroll_Change() {
@@ -209,26 +139,27 @@ void TrackingList::VertScroll_Change() {
 int TrackingList::FocusedRow() const {
     const QWidget* focused = window()->focusWidget();
     if (!focused) return -1;
-    for (size_t i = 0; i < m_rows.size(); ++i)
-        if (m_rows[i] == focused || m_rows[i]->isAncestorOf(focused)) return static_cast<int>(i);
+    for (int i = 0; i < RowCount(); ++i)
+        if (&RowNo(i) == focused || RowNo(i).isAncestorOf(focused)) return i;
     return -1;
 }
 
+int TrackingList::LastRow() const { return RowCount() - 1; }
+
 std::shared_ptr<TrackingRecord> TrackingList::SelectedItem() const {
     const int row = FocusedRow();
-    return row < 0 ? nullptr : m_rows[static_cast<size_t>(row)]->Item();
+    return row < 0 ? nullptr : RowNo(row).Item();
 }
 
 void TrackingList::Row_GotFocus(TrackingResult* row) {
     for (TrackingResult* other : m_rows) other->SetTabStop(other == row);
     row->SetTabIndex(0);
-    const auto found = std::find(m_rows.begin(), m_rows.end(), row);
-    if (found != m_rows.end()) EnsureRowVisible(static_cast<int>(found - m_rows.begin()));
+    EnsureRowVisible(row->Index());
 }
 
 void TrackingList::EnsureRowVisible(int row) {
     if (!m_vertScroll->IsShown()) return;
-    const TrackingResult& target = *m_rows.at(static_cast<size_t>(row));
+    const TrackingResult& target = RowNo(row);
     const float top = m_container->Top() + target.Top();
     float value = 0;
     if (top < 0)
@@ -240,61 +171,21 @@ void TrackingList::EnsureRowVisible(int row) {
     m_vertScroll->SetValue(std::clamp(Rounded(value), m_vertScroll->Min(), m_vertScroll->Max()));
 }
 
-int TrackingList::RowAt(int x, int y) const {
-    const float left = ToTwips(x), top = ToTwips(y);
-    for (size_t i = 0; i < m_rows.size(); ++i) {
-        const TrackingResult& row = *m_rows[i];
-        if (row.Left() < left && left < row.Right() && row.Top() < top && top < row.Bottom())
-            return static_cast<int>(i);
-    }
-    return -1;
+void TrackingList::ClickRow(int row, int button) {
+    if (button & MouseButton::Left) RowNo(row).SetTabIndex(0);
+    if (button & MouseButton::Right && row == FocusedRow()) OfferContextMenu();
 }
 
-void TrackingList::ListMouseEvents_MouseUp(int button, const QPoint& at) {
-    const int hit = RowAt(at.x(), at.y());
-    if (hit < 0) return;
-    if (button & LeftButton) m_rows[static_cast<size_t>(hit)]->SetTabIndex(0);
-    if (!(button & RightButton) || hit != FocusedRow()) return;
-    QMenu* menu = nullptr;
-    QAction* defaultItem = nullptr;
-    emit ItemContextMenu(menu, defaultItem);
-    ShowContextMenu(this, menu, defaultItem);
-}
-
-void TrackingList::ListMouseEvents_DoubleClick(const QPoint& at) {
-    const int hit = RowAt(at.x(), at.y());
-    if (hit < 0) return;
-    const std::shared_ptr<TrackingRecord> record = m_rows[static_cast<size_t>(hit)]->Item();
+void TrackingList::DoubleClickRow(int row) {
+    const std::shared_ptr<TrackingRecord> record = RowNo(row).Item();
     emit ItemOpenRequest(record);
 }
 
-bool TrackingList::ValidateRow(int row) const {
-    if (row == 0 && (IsKeyDown(LeftKey) || IsKeyDown(UpKey))) return true;
-    return row == static_cast<int>(m_rows.size()) - 1 && (IsKeyDown(RightKey) || IsKeyDown(DownKey));
-}
-
-void TrackingList::MoveFocus(int delta) {
+void TrackingList::MoveSelection(int delta) {
     const int row = FocusedRow();
     if (row < 0 || ValidateRow(row)) return;
     const int target = row + delta;
-    if (target < 0 || target >= static_cast<int>(m_rows.size())) return;
-    TrackingResult* next = m_rows[static_cast<size_t>(target)];
-    if (next->isVisible() && next->isEnabled()) next->setFocus();
-}
-
-void TrackingList::keyPressEvent(QKeyEvent* event) {
-    switch (KeyCodeOf(*event)) {
-    case LeftKey:
-    case UpKey: Guard([this] { MoveFocus(-1); }); break;
-    case RightKey:
-    case DownKey: Guard([this] { MoveFocus(1); }); break;
-    default: Control::keyPressEvent(event);
-    }
-}
-
-bool TrackingList::focusNextPrevChild(bool next) {
-    const int row = FocusedRow();
-    return (row >= 0 && ValidateRow(row)) || Control::focusNextPrevChild(next);
+    if (target >= 0 && target < RowCount()) TrySetFocus(&RowNo(target));
 }
 
 }  // namespace quellbrook

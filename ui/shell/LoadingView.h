@@ -4,11 +4,9 @@
 
 namespace quellbrook {
 
-class FontIcon;
-class GroupBox;
-class Label;
+class StatePanel;
 
-// What stands in the shell while a long operation runs.
+// The view that the shell shows while a long operation runs.
 class LoadingView : public View {
     Q_OBJECT
 
@@ -20,10 +18,7 @@ protected:
     void Layout() override;
 
 private:
-    Label* AddLine(const char* name, const char* caption, float top);
-
-    GroupBox* m_group;
-    FontIcon* m_ring;
+    StatePanel* m_group;
 };
 
 }  // namespace quellbrook

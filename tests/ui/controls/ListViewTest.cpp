@@ -206,6 +206,16 @@ TEST_F(ListViewTest, HitTestKnowsTheWholeRowAndNothingBelow) {
     EXPECT_EQ(Selected(), (Rows{2}));
 }
 
+TEST_F(ListViewTest, AnExtraMouseButtonHasNoBit) {
+    AddRows(1);
+    Show();
+    std::vector<int> buttons;
+    QObject::connect(&m_list, &ListView::MouseUp, [&](int button) { buttons.push_back(button); });
+    QTest::mouseClick(m_list.Tree()->viewport(), Qt::MiddleButton, Qt::NoModifier, InRow(0));
+    QTest::mouseClick(m_list.Tree()->viewport(), Qt::BackButton, Qt::NoModifier, InRow(0));
+    EXPECT_EQ(buttons, (std::vector<int>{4, 0}));
+}
+
 TEST_F(ListViewTest, MouseEventsComeAfterTheListHasActed) {
     AddRows(3);
     Show();

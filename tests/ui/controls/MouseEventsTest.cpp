@@ -32,6 +32,13 @@ protected:
 
 using Record = std::vector<std::string>;
 
+TEST(ButtonMask, HasABitForLeftRightAndMiddleOnly) {
+    EXPECT_EQ(ButtonMask(Qt::LeftButton), 1);
+    EXPECT_EQ(ButtonMask(Qt::RightButton), 2);
+    EXPECT_EQ(ButtonMask(Qt::MiddleButton), 4);
+    EXPECT_EQ(ButtonMask(Qt::BackButton), 0);
+}
+
 TEST_F(MouseEventsTest, PressesAndReleasesComeWithButtonAndPlace) {
     ShowActive(m_window);
     Click(m_container, QPoint(7, 9));

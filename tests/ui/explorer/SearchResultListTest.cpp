@@ -110,8 +110,8 @@ TEST_F(SearchResultListTest, EmptyCollectionShowsThePanelAlone) {
     m_list->SetItems(MakeItems(0));
     EXPECT_EQ(ShownRows(), 0);
     EXPECT_TRUE(Empty()->IsShown());
-    EXPECT_EQ(Empty()->Title(), "No items found.");
-    EXPECT_EQ(Empty()->Sentence(), "Check for typos in your search filter, or try a different search term.");
+    EXPECT_EQ(Empty()->Title()->Caption(), "No items found.");
+    EXPECT_EQ(Empty()->Sentence()->Caption(), "Check for typos in your search filter, or try a different search term.");
     ExpectCentred(*Empty());
     EXPECT_FALSE(TooMany()->IsShown());
     EXPECT_FALSE(m_list->isEnabled());
@@ -136,8 +136,8 @@ TEST_F(SearchResultListTest, LimitIsReachedWithOneItemMore) {
     std::weak_ptr<StoredItemList> dropped = items;
     m_list->SetItems(std::move(items));
     EXPECT_TRUE(TooMany()->IsShown());
-    EXPECT_EQ(TooMany()->Title(), "Too many results.");
-    EXPECT_EQ(TooMany()->Sentence(), "There are too many results to display here. Please narrow your search.");
+    EXPECT_EQ(TooMany()->Title()->Caption(), "Too many results.");
+    EXPECT_EQ(TooMany()->Sentence()->Caption(), "There are too many results to display here. Please narrow your search.");
     ExpectCentred(*TooMany());
     EXPECT_FALSE(Empty()->IsShown());
     EXPECT_FALSE(m_list->isEnabled());

@@ -119,8 +119,8 @@ TEST_F(TrackingListTest, NoRecordsShowThePanelAlone) {
     EXPECT_EQ(ShownRows(), 0);
     EXPECT_EQ(m_list->Rows().size(), 1u);
     EXPECT_TRUE(Empty()->IsShown());
-    EXPECT_EQ(Empty()->Title(), "No items found.");
-    EXPECT_EQ(Empty()->Sentence(), "Check for typos in your search filter, or try a different search term.");
+    EXPECT_EQ(Empty()->Title()->Caption(), "No items found.");
+    EXPECT_EQ(Empty()->Sentence()->Caption(), "Check for typos in your search filter, or try a different search term.");
     EXPECT_FALSE(Denied()->IsShown());
     EXPECT_FALSE(Bar()->IsShown());
 }
@@ -132,8 +132,8 @@ TEST_F(TrackingListTest, WithoutTheRightNoRowIsBuilt) {
     EXPECT_EQ(m_list->Rows().size(), 1u);
     EXPECT_EQ(Row(0).Item(), nullptr);
     EXPECT_TRUE(Denied()->IsShown());
-    EXPECT_EQ(Denied()->Title(), "You can't view this data.");
-    EXPECT_EQ(Denied()->Sentence(),
+    EXPECT_EQ(Denied()->Title()->Caption(), "You can't view this data.");
+    EXPECT_EQ(Denied()->Sentence()->Caption(),
               "You do not have the appropriate permissions to view chain-of-custody information.");
     EXPECT_FALSE(Empty()->IsShown());
     EXPECT_TRUE(m_screen.Messages().empty());

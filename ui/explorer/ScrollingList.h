@@ -1,0 +1,95 @@
+#pragma once
+
+#include "ui/controls/GroupBox.h"
+
+#include <vector>
+
+class QAction;
+class QMenu;
+
+namespace quellbrook {
+
+class FlatScrollBar;
+class StatePanel;
+
+// Base of the lists whose rows are controls in a panel beside a scroll bar: hit testing, arrow keys, context menu, and
+// the check before the focus leaves a row. Rows count from 0.
+class ScrollingList : public Control {
+    Q_OBJECT
+
+public:
+    // The first row around a point of picContainer, edges excluded, hidden rows included; -1 for none. In twips and in
+    // pixels.
+    int HitTestRow(float x, float y) const;
+    int RowAt(int x, int y) const;
+    // Called before the focus leaves a row: true if an arrow key is down that would move it out of the list.
+    bool ValidateRow(int row);
+
+signals:
+    // The receiver sets the menu and the entry to show as the default one.
+    void ItemContextMenu(QMenu*& menu, QAction*& defaultItem);
+
+protected:
+    explicit ScrollingList(QWidget* parent);
+
+    virtual int RowCount() const = 0;
+    virtual Control& RowNo(int row) const = 0;
+    virtual int FocusedRow() const = 0;  // -1 for none
+    virtual int LastRow() const = 0;     // the row that Right and Down may not leave
+    virtual void MoveSelection(int delta) = 0;
+    // ValidateRow has refused a move by this many rows.
+    virtual void MoveRefused(int) {}
+    virtual void ClickRow(int row, int button) = 0;
+    virtual void DoubleClickRow(int row) = 0;
+    virtual void VertScroll_Change() = 0;
+
+    void OfferContextMenu();
+    void PlaceScrollBar();
+    // Fits the container and its rows to the list's width and centers the panels.
+    void LayoutRows(float containerHeight);
+    StatePanel* AddPanel(const char* name, const QString& icon, const QString& title, const QString& sentence);
+
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+    GroupBox* m_container;
+    FlatScrollBar* m_vertScroll;
+    StatePanel* m_noResults;
+
+private:
+    std::vector<StatePanel*> m_panels;
+};
+
+template <typename RowControl>
+class ScrollingListOf : public ScrollingList {
+public:
+    // The rows loaded so far, hidden ones included; never empty.
+    const std::vector<RowControl*>& Rows() const { return m_rows; }
+
+protected:
+    explicit ScrollingListOf(QWidget* parent) : ScrollingList(parent) { LoadRow()->setObjectName("searchResult"); }
+
+    int RowCount() const final { return static_cast<int>(m_rows.size()); }
+    RowControl& RowNo(int row) const final { return *m_rows[static_cast<size_t>(row)]; }
+
+    // Adds a hidden row.
+    RowControl* LoadRow() {
+        RowControl* row = LoadMember(m_rows, m_container);
+        row->Move(0, 0);
+        row->SetWidth(m_container->Width());
+        row->hide();
+        return row;
+    }
+    // Leaves the first row, hidden. The others are destroyed later: the current event may come from one of them.
+    void UnloadRows() {
+        for (; m_rows.size() > 1; m_rows.pop_back()) {
+            m_rows.back()->hide();
+            m_rows.back()->deleteLater();
+        }
+        m_rows.front()->hide();
+    }
+
+    std::vector<RowControl*> m_rows;
+};
+
+}  // namespace quellbrook
