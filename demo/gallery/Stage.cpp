@@ -45,6 +45,8 @@ void SendMouse(const Spot& spot, QEvent::Type type, Qt::MouseButton button) {
 void Point(const Spot& spot, const Control& control) {
     Enter(spot.widget, control, spot);
     SendMouse(spot, QEvent::MouseMove, Qt::NoButton);
+    QHoverEvent hover(QEvent::HoverMove, spot.at, spot.widget->mapToGlobal(spot.at), QPointF(-1, -1));
+    QCoreApplication::sendEvent(spot.widget, &hover);
 }
 
 void Press(const Spot& spot, const Control& control) {

@@ -17,7 +17,7 @@ QPoint OnSecondTab(const Control& control) { return static_cast<const FlatTabs&>
 Specimen TabsSpecimen() {
     const auto make = [](QWidget* parent) {
         auto* tabs = new FlatTabs(parent);
-        tabs->setAccessibleName(QObject::tr("Item"));
+        tabs->SetAccessibleCaption(QObject::tr("Item"));
         for (const QString& caption : {QObject::tr("Details"), QObject::tr("Chain of Custody"), QObject::tr("Notes")}) {
             FlatTabPage* page = tabs->AddTab(caption);
             auto* label = new Label(new GroupBox(page));

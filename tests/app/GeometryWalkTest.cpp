@@ -36,7 +36,7 @@ namespace {
 std::vector<MeantFault> Meant() {
     using enum MeantFault::Kind;
     return {
-        {Overlap, "quellbrook::FocusRing", "", "the mark of the focus lies around what has the focus"},
+        {Overlap, "QFocusFrame", "", "the mark of the focus lies around what has the focus"},
         {Overlap, "shpBorder", "", "the frame of a dialog lies behind all that it frames"},
         {Overlap, "grpTitlebar", "lnkClose", "the cross stands on the title strip"},
         {Overlap, "grpTitlebar", "scrMessage", "the title strip stands one pixel down, inside the frame"},

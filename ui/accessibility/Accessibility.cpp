@@ -1,9 +1,8 @@
 #include "ui/accessibility/Accessibility.h"
 
 #include "ui/accessibility/DropdownBoxAccessible.h"
-#include "ui/accessibility/FlatTabsAccessible.h"
+#include "ui/accessibility/TabBarAccessible.h"
 #include "ui/controls/DropdownBox.h"
-#include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/FontIcon.h"
@@ -16,16 +15,18 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QTabBar>
 
 namespace quellbrook {
 
 namespace {
 
 // A control that does one thing when it is pressed.
-template <typename T>
 class PressableAccessible : public QAccessibleWidget {
 public:
-    PressableAccessible(T* control, QAccessible::Role role) : QAccessibleWidget(control, role), m_control(control) {}
+    explicit PressableAccessible(Pressable* control)
+        : QAccessibleWidget(control, qobject_cast<Link*>(control) ? QAccessible::Link : QAccessible::Button),
+          m_control(control) {}
 
     QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
 
@@ -41,7 +42,7 @@ public:
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
-    T* m_control;
+    Pressable* m_control;
 };
 
 class ControlAccessible : public QAccessibleWidget {
@@ -72,12 +73,11 @@ QAccessible::Role RoleOf(const Control* widget) {
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     if (auto* box = qobject_cast<DropdownBox*>(object)) return new DropdownBoxAccessible(box);
+    auto* bar = qobject_cast<QTabBar*>(object);
+    if (bar && qobject_cast<FlatTabs*>(bar->parentWidget())) return new TabBarAccessible(bar);
     auto* control = qobject_cast<Control*>(object);
     if (!control) return nullptr;
-    if (auto* button = qobject_cast<FlatButton*>(control))
-        return new PressableAccessible<FlatButton>(button, QAccessible::Button);
-    if (auto* link = qobject_cast<Link*>(control)) return new PressableAccessible<Link>(link, QAccessible::Link);
-    if (auto* tabs = qobject_cast<FlatTabs*>(control)) return new FlatTabsAccessible(tabs);
+    if (auto* pressable = qobject_cast<Pressable*>(control)) return new PressableAccessible(pressable);
     return new ControlAccessible(control, RoleOf(control));
 }
 

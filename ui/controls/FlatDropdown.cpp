@@ -16,6 +16,7 @@ namespace quellbrook {
 FlatDropdown::FlatDropdown(QWidget* parent) : Control(parent), m_box(new DropdownBox(this)) {
     setFocusProxy(m_box);
     setFocusPolicy(Qt::StrongFocus);
+    ShowFocusRing(this);
     m_box->installEventFilter(this);
     m_box->view()->installEventFilter(this);
     m_box->view()->viewport()->installEventFilter(this);
@@ -69,12 +70,6 @@ void FlatDropdown::paintEvent(QPaintEvent*) {
 
 bool FlatDropdown::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-    case QEvent::FocusIn:
-        if (watched == m_box) FocusRing::Follow(this);
-        break;
-    case QEvent::FocusOut:
-        if (watched == m_box) FocusRing::Leave(this);
-        break;
     case QEvent::KeyPress:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease: m_raised = false; break;

@@ -1,13 +1,17 @@
 #include "ui/controls/FlatTabs.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
+#include <QStyleOptionTab>
+#include <QTabBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -18,10 +22,72 @@ namespace {
 constexpr int HeaderHeight = 40;
 constexpr int UnderlineHeight = 3;
 constexpr int SidePadding = 4;
-constexpr int Gap = 24;
+constexpr int HalfGap = 12;
 
-// Captions keep their place when the selected one grows bolder.
-int CaptionWidth(const QString& caption) { return TextWidth(Theme::Font(Theme::Type::BodySemiBold), caption); }
+// Half of the gap between two captions belongs to each of them.
+QRect CaptionRect(const QTabBar& bar, int index) {
+    return bar.tabRect(index).adjusted(index > 0 ? HalfGap : 0, 0, -HalfGap, 0);
+}
+
+QString CaptionOf(const QTabBar& bar, int index) {
+    return bar.tabText(index).replace(QLatin1String("&&"), QLatin1String("&"));
+}
+
+class FlatTabBar : public QTabBar {
+public:
+    explicit FlatTabBar(QWidget* parent) : QTabBar(parent) {
+        setExpanding(false);
+        setUsesScrollButtons(false);
+        setCursor(Qt::PointingHandCursor);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+protected:
+    // As wide as the bold caption, so that a selected tab does not move the others.
+    QSize tabSizeHint(int index) const override {
+        const int caption = TextWidth(Theme::Font(Theme::Type::BodySemiBold), CaptionOf(*this, index));
+        return QSize(caption + 2 * SidePadding + (index > 0 ? 2 * HalfGap : HalfGap), HeaderHeight);
+    }
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+
+    void paintEvent(QPaintEvent*) override {
+        Guard([this] {
+            QPainter painter(this);
+            for (int index = 0; index < count(); ++index) PaintTab(painter, index);
+        });
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+            setCurrentIndex(event->key() == Qt::Key_Home ? 0 : count() - 1);
+        else
+            QTabBar::keyPressEvent(event);
+    }
+
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+private:
+    void PaintTab(QPainter& painter, int index) const {
+        using Theme::Color;
+        QStyleOptionTab option;
+        initStyleOption(&option, index);
+        const bool selected = index == currentIndex();
+        const bool strong = selected || (option.state & QStyle::State_MouseOver);
+        const QRect caption = CaptionRect(*this, index);
+        painter.setFont(Theme::Font(selected ? Theme::Type::BodySemiBold : Theme::Type::Body));
+        painter.setPen(Theme::Get(!isEnabled() ? Color::DisabledText : strong ? Color::Text : Color::GrayText));
+        painter.drawText(caption.adjusted(SidePadding, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip,
+                         CaptionOf(*this, index));
+        if (!selected) return;
+        painter.fillRect(caption.left(), HeaderHeight - UnderlineHeight, caption.width(), UnderlineHeight,
+                         Theme::Get(isEnabled() ? Color::Accent : Color::FieldBorder));
+        if (!hasFocus()) return;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Theme::Get(Color::Link), 2));
+        painter.drawRoundedRect(QRectF(caption).adjusted(-3, 5, 3, -6), Theme::Radius + 2, Theme::Radius + 2);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+};
 
 }  // namespace
 
@@ -38,9 +104,10 @@ void FlatTabPage::Layout() {
     if (lone && lone->Align() == Alignment::None) lone->Move(0, 0, Width(), Height());
 }
 
-FlatTabs::FlatTabs(QWidget* parent) : Control(parent), m_indent(Theme::Margin) {
+FlatTabs::FlatTabs(QWidget* parent) : Control(parent), m_bar(new FlatTabBar(this)), m_indent(Theme::Margin) {
+    setFocusProxy(m_bar);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
+    connect(m_bar, &QTabBar::currentChanged, this, [this](int index) { Guard([&] { Select(index); }); });
     Control::Move(0, 0, ToTwips(400), ToTwips(200));
 }
 
@@ -48,115 +115,45 @@ FlatTabPage* FlatTabs::AddTab(const QString& caption) {
     auto* page = new FlatTabPage(this);
     page->SetIndex(Count());
     page->setAccessibleName(caption);
-    m_captions.push_back(caption);
     m_pages.push_back(page);
-    page->setVisible(page->Index() == m_selected);
+    const QSignalBlocker blocker(m_bar);
+    const int index = m_bar->addTab(EscapeMnemonic(caption));
+    page->setVisible(index == SelectedIndex());
     RunLayout();
-    update();
     return page;
 }
 
-QString FlatTabs::Caption(int index) const { return m_captions.at(static_cast<size_t>(index)); }
+int FlatTabs::SelectedIndex() const { return std::max(0, m_bar->currentIndex()); }
 
 void FlatTabs::SetSelectedIndex(int index) {
     if (index < 0 || index >= Count()) Raise(ErrorNumber::InvalidPropertyValue, "FlatTabs.SelectedIndex");
-    if (index == m_selected) return;
-    Page(m_selected)->hide();
-    m_selected = index;
-    Page(m_selected)->show();
-    update();
-    Guard([this] { emit SelectionChanged(m_selected); });
+    m_bar->setCurrentIndex(index);
+}
+
+void FlatTabs::Select(int index) {
+    for (FlatTabPage* page : m_pages)
+        if (page != Page(index)) page->hide();
+    Page(index)->show();
+    emit SelectionChanged(index);
 }
 
 void FlatTabs::SetIndent(float indent) {
     m_indent = ToPixels(indent);
-    update();
+    RunLayout();
 }
 
-QRect FlatTabs::TabRect(int index) const {
-    int left = m_indent;
-    for (int i = 0; i < index; ++i) left += CaptionWidth(Caption(i)) + 2 * SidePadding + Gap;
-    return QRect(left, 0, CaptionWidth(Caption(index)) + 2 * SidePadding, HeaderHeight);
-}
+void FlatTabs::SetAccessibleCaption(const QString& name) { m_bar->setAccessibleName(name); }
 
-int FlatTabs::TabAt(const QPoint& at) const {
-    for (int i = 0; i < Count(); ++i)
-        if (TabRect(i).contains(at)) return i;
-    return -1;
-}
+QRect FlatTabs::TabRect(int index) const { return CaptionRect(*m_bar, index).translated(m_bar->pos()); }
 
 void FlatTabs::Layout() {
+    m_bar->setGeometry(m_indent, 0, m_bar->sizeHint().width(), HeaderHeight);
     for (FlatTabPage* page : m_pages)
         page->Move(0, ToTwips(HeaderHeight), Width(), std::max(0.0f, Height() - ToTwips(HeaderHeight)));
 }
 
 void FlatTabs::paintEvent(QPaintEvent*) {
-    Guard([this] {
-        using Theme::Color;
-        QPainter painter(this);
-        painter.fillRect(0, HeaderHeight - 1, width(), 1, Theme::Get(Color::Hairline));
-        for (int i = 0; i < Count(); ++i) {
-            const QRect place = TabRect(i);
-            const bool selected = i == m_selected;
-            const bool strong = selected || i == m_hovered;
-            painter.setFont(Theme::Font(selected ? Theme::Type::BodySemiBold : Theme::Type::Body));
-            painter.setPen(Theme::Get(!isEnabled() ? Color::DisabledText : strong ? Color::Text : Color::GrayText));
-            painter.drawText(place.adjusted(SidePadding, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextDontClip,
-                             Caption(i));
-            if (!selected) continue;
-            painter.fillRect(place.left(), HeaderHeight - UnderlineHeight, place.width(), UnderlineHeight,
-                             Theme::Get(isEnabled() ? Color::Accent : Color::FieldBorder));
-            if (!hasFocus()) continue;
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.setPen(QPen(Theme::Get(Color::Link), 2));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRoundedRect(QRectF(place).adjusted(-3, 5, 3, -6), Theme::Radius + 2, Theme::Radius + 2);
-            painter.setRenderHint(QPainter::Antialiasing, false);
-        }
-    });
-}
-
-void FlatTabs::mousePressEvent(QMouseEvent* event) {
-    const int index = TabAt(event->position().toPoint());
-    if (index < 0 || event->button() != Qt::LeftButton) return event->ignore();
-    Guard([this, index] { SetSelectedIndex(index); });
-}
-
-void FlatTabs::mouseMoveEvent(QMouseEvent* event) {
-    m_hovered = TabAt(event->position().toPoint());
-    if (m_hovered >= 0)
-        setCursor(Qt::PointingHandCursor);
-    else
-        unsetCursor();
-    update();
-}
-
-void FlatTabs::leaveEvent(QEvent* event) {
-    Control::leaveEvent(event);
-    m_hovered = -1;
-    update();
-}
-
-void FlatTabs::keyPressEvent(QKeyEvent* event) {
-    int wanted = m_selected;
-    switch (event->key()) {
-    case Qt::Key_Left: wanted = std::max(0, m_selected - 1); break;
-    case Qt::Key_Right: wanted = std::min(Count() - 1, m_selected + 1); break;
-    case Qt::Key_Home: wanted = 0; break;
-    case Qt::Key_End: wanted = Count() - 1; break;
-    default: return Control::keyPressEvent(event);
-    }
-    if (Count() > 0) Guard([this, wanted] { SetSelectedIndex(wanted); });
-}
-
-void FlatTabs::focusInEvent(QFocusEvent* event) {
-    Control::focusInEvent(event);
-    update();
-}
-
-void FlatTabs::focusOutEvent(QFocusEvent* event) {
-    Control::focusOutEvent(event);
-    update();
+    Guard([this] { QPainter(this).fillRect(0, HeaderHeight - 1, width(), 1, Theme::Get(Theme::Color::Hairline)); });
 }
 
 }  // namespace quellbrook

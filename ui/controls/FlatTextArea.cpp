@@ -6,7 +6,6 @@
 #include "ui/style/FocusRing.h"
 #include "ui/style/Theme.h"
 
-#include <QEvent>
 #include <QPlainTextEdit>
 #include <QTextDocument>
 
@@ -24,9 +23,9 @@ FlatTextArea::FlatTextArea(QWidget* parent) : Control(parent), m_edit(new QPlain
     m_edit->setFont(Theme::Font(Theme::Type::Body));
     m_edit->document()->setDocumentMargin(0);
     m_edit->viewport()->setAutoFillBackground(false);
-    m_edit->installEventFilter(this);
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus);
+    ShowFocusRing(this);
     connect(m_edit, &QPlainTextEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
     Control::Move(0, 0, ToTwips(200), ToTwips(112));
 }
@@ -39,12 +38,6 @@ void FlatTextArea::Layout() { m_edit->setGeometry(rect().adjusted(Margin, Margin
 
 void FlatTextArea::paintEvent(QPaintEvent*) {
     Guard([this] { PaintField(*this, isEnabled()); });
-}
-
-bool FlatTextArea::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) FocusRing::Follow(this);
-    if (event->type() == QEvent::FocusOut) FocusRing::Leave(this);
-    return Control::eventFilter(watched, event);
 }
 
 }  // namespace quellbrook

@@ -28,7 +28,6 @@ signals:
 protected:
     void Layout() override;
     void paintEvent(QPaintEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QPlainTextEdit* m_edit;

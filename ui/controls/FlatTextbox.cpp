@@ -41,6 +41,7 @@ public:
 FlatTextbox::FlatTextbox(QWidget* parent) : Control(parent), m_edit(new PlainEdit(this)) {
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus);
+    ShowFocusRing(this);
     m_edit->installEventFilter(this);
     connect(m_edit, &QLineEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
     Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));
@@ -77,13 +78,8 @@ void FlatTextbox::paintEvent(QPaintEvent*) {
 }
 
 bool FlatTextbox::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::FocusIn: FocusRing::Follow(this); break;
-    case QEvent::FocusOut: FocusRing::Leave(this); break;
-    case QEvent::KeyPress:
+    if (event->type() == QEvent::KeyPress) {
         if (const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event))) Guard([this, code] { emit KeyPressed(code); });
-        break;
-    default: break;
     }
     return Control::eventFilter(watched, event);
 }

@@ -88,7 +88,7 @@ void StoredItemView::BuildTabs() {
         page->setObjectName("tabs_Page");
         page->SetIndex(index++);
     }
-    m_tabs->setAccessibleName(tr("Item"));
+    m_tabs->SetAccessibleCaption(tr("Item"));
     m_tracking = new TrackingList(m_tabs->Page(1));
     m_tracking->setObjectName("tracking");
     m_tracking->setAccessibleName(m_tabs->Caption(1));

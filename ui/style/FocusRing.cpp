@@ -3,86 +3,64 @@
 #include "ui/platform/Guard.h"
 #include "ui/style/Theme.h"
 
-#include <QEvent>
+#include <QApplication>
+#include <QCommonStyle>
+#include <QFocusFrame>
 #include <QPainter>
+#include <QPointer>
 
 namespace quellbrook {
 
 namespace {
 
 constexpr int Reach = 3;
+constexpr const char* HasRing = "quellbrookFocusRing";
 
-QPointer<FocusRing>& Current() {
-    static QPointer<FocusRing> ring;
-    return ring;
-}
+// A style of its own, so that the ring looks the same in a host that keeps its own style.
+class RingStyle : public QCommonStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        if (metric == PM_FocusFrameHMargin || metric == PM_FocusFrameVMargin) return Reach;
+        return QCommonStyle::pixelMetric(metric, option, widget);
+    }
 
-QRect RingIn(const QWidget* host, const QWidget* control) {
-    return QRect(control->mapTo(host, QPoint(0, 0)), control->size()).adjusted(-Reach, -Reach, Reach, Reach);
-}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        return hint == SH_FocusFrame_AboveWidget ? 1 : QCommonStyle::styleHint(hint, option, widget, result);
+    }
 
-QWidget* HostFor(const QWidget* control) {
-    QWidget* host = control->parentWidget();
-    while (host && !host->isWindow() && host->parentWidget() && !host->rect().contains(RingIn(host, control)))
-        host = host->parentWidget();
-    return host;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        if (element != CE_FocusFrame) return QCommonStyle::drawControl(element, option, painter, widget);
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(Theme::Get(Theme::Color::Link), 2));
+        painter->drawRoundedRect(QRectF(option->rect).adjusted(1, 1, -1, -1), Theme::Radius + 2, Theme::Radius + 2);
+    }
+};
+
+void MoveRing(QWidget* focused) {
+    static QPointer<QFocusFrame> ring;
+    delete ring;
+    QWidget* control = focused;
+    if (control && control->parentWidget() && control->parentWidget()->focusProxy() == control)
+        control = control->parentWidget();
+    if (!control || control->isWindow() || !control->property(HasRing).toBool()) return;
+    ring = new QFocusFrame(control->window());
+    auto* style = new RingStyle;
+    style->setParent(ring);
+    ring->setStyle(style);
+    ring->setWidget(control);
 }
 
 }  // namespace
 
-FocusRing::FocusRing(QWidget* host, QWidget* control) : QWidget(host), m_control(control) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAttribute(Qt::WA_NoSystemBackground);
-    setFocusPolicy(Qt::NoFocus);
-    for (QWidget* widget = control; widget && widget != host; widget = widget->parentWidget()) {
-        m_watched.emplace_back(widget);
-        widget->installEventFilter(this);
-    }
-    Place();
-}
-
-void FocusRing::Follow(QWidget* control) {
-    delete Current();
-    QWidget* host = control->isWindow() ? nullptr : HostFor(control);
-    if (host) Current() = new FocusRing(host, control);
-}
-
-void FocusRing::Leave(QWidget* control) {
-    if (Current() && Current()->m_control == control) delete Current();
-}
-
-void FocusRing::Place() {
-    if (!m_control) return hide();
-    setGeometry(RingIn(parentWidget(), m_control));
-    setVisible(m_control->isVisibleTo(parentWidget()));
-    raise();
-}
-
-bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::Show:
-    case QEvent::Hide:
-    case QEvent::ZOrderChange: Guard([this] { Place(); }); break;
-    case QEvent::ParentChange:
-    case QEvent::Destroy:
-        deleteLater();
-        hide();
-        break;
-    default: break;
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-void FocusRing::paintEvent(QPaintEvent*) {
-    Guard([this] {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Theme::Get(Theme::Color::Link), 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Theme::Radius + 2, Theme::Radius + 2);
-    });
+void ShowFocusRing(QWidget* control) {
+    static QPointer<QObject> follower;
+    control->setProperty(HasRing, true);
+    if (follower) return;
+    follower = new QObject(qApp);
+    QObject::connect(qApp, &QApplication::focusChanged, follower,
+                     [](QWidget*, QWidget* focused) { Guard([focused] { MoveRing(focused); }); });
 }
 
 }  // namespace quellbrook

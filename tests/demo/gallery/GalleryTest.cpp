@@ -262,7 +262,7 @@ TEST_F(GalleryTest, NothingIsCutOffOrOutOfReach) {
     for (const bool dark : {false, true}) {
         Reopen(dark);
         for (const QSize size : {QSize(1280, 800), QSize(820, 600)}) {
-            GeometryWalk walk({{MeantFault::Kind::Overlap, "quellbrook::FocusRing", "",
+            GeometryWalk walk({{MeantFault::Kind::Overlap, "QFocusFrame", "",
                                 "the mark of the focus lies around what has the focus"},
                                {MeantFault::Kind::Unnamed, "Empty", "", "it shows what an empty control looks like"}});
             m_gallery->resize(size);

@@ -1,7 +1,10 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/Link.h"
-#include "ui/style/FocusRing.h"
+
+#include <QFocusFrame>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace quellbrook::testing {
 namespace {
@@ -179,7 +182,7 @@ TEST_F(LinkTest, IsUnderlinedUnderThePointer) {
 
 class FocusRingTest : public ControlsTest {
 protected:
-    FocusRing* Ring() { return m_window.findChild<FocusRing*>(); }
+    QFocusFrame* Ring() { return m_window.findChild<QFocusFrame*>(); }
 };
 
 TEST_F(FocusRingTest, FollowsItsControlAndItsContainers) {
@@ -190,31 +193,43 @@ TEST_F(FocusRingTest, FollowsItsControlAndItsContainers) {
     ShowActive(m_window);
     button.setFocus();
     ASSERT_NE(Ring(), nullptr);
-    EXPECT_EQ(Ring()->parentWidget(), &container);
-    EXPECT_EQ(Ring()->geometry(), button.geometry().adjusted(-3, -3, 3, 3));
+    EXPECT_EQ(Ring()->geometry(), QRect(117, 117, 106, 42));
     button.Move(600, 600);
-    EXPECT_EQ(Ring()->geometry(), button.geometry().adjusted(-3, -3, 3, 3));
+    EXPECT_EQ(Ring()->geometry(), QRect(137, 137, 106, 42));
+    container.move(200, 200);
+    EXPECT_EQ(Ring()->geometry(), QRect(237, 237, 106, 42));
     button.hide();
     EXPECT_TRUE(!Ring() || !Ring()->isVisible());
 }
 
-TEST_F(FocusRingTest, LiesOverAnAncestorWithRoomWhereTheParentHasNone) {
-    PlainControl outer(&m_window);
-    outer.setGeometry(50, 60, 400, 400);
-    PlainControl tight(&outer);
+TEST_F(FocusRingTest, IsNotClippedByAParentWithoutSpaceForIt) {
+    PlainControl tight(&m_window);
     tight.setGeometry(20, 20, 100, 36);
     FlatButton button(&tight);
     button.Move(0, 0, 1500, 540);
     ShowActive(m_window);
     button.setFocus();
     ASSERT_NE(Ring(), nullptr);
-    EXPECT_EQ(Ring()->parentWidget(), &outer);
-    EXPECT_EQ(Ring()->geometry(), QRect(17, 17, 106, 42));
-    tight.move(40, 40);
-    EXPECT_EQ(Ring()->geometry(), QRect(37, 37, 106, 42));
+    EXPECT_EQ(PixelAt(Grab(m_window), QPoint(70, 18)), Theme::Get(Theme::Color::Link));
 }
 
-TEST_F(FocusRingTest, GoesWithTheFocusAndWithItsControl) {
+TEST_F(FocusRingTest, StaysInsideAScrollArea) {
+    QScrollArea area(&m_window);
+    area.setGeometry(0, 0, 200, 100);
+    auto* content = new QWidget;
+    content->resize(180, 400);
+    FlatButton button(content);
+    button.Move(300, 300, 1500, 540);
+    area.setWidget(content);
+    ShowActive(m_window);
+    button.setFocus();
+    ASSERT_NE(Ring(), nullptr);
+    EXPECT_TRUE(area.viewport()->isAncestorOf(Ring()));
+    area.verticalScrollBar()->setValue(10);
+    EXPECT_EQ(Ring()->mapTo(&m_window, QPoint(3, 3)), button.mapTo(&m_window, QPoint(0, 0)));
+}
+
+TEST_F(FocusRingTest, DisappearsWithTheFocusAndWithItsControl) {
     auto* button = new FlatButton(&m_window);
     button->Move(300, 300);
     ShowActive(m_window);
@@ -229,7 +244,7 @@ TEST_F(FocusRingTest, GoesWithTheFocusAndWithItsControl) {
     EXPECT_EQ(Ring(), nullptr);
 }
 
-TEST_F(FocusRingTest, TakesNoClickAndIsNoTabStop) {
+TEST_F(FocusRingTest, IgnoresClicksAndIsNotATabStop) {
     FlatButton button(&m_window);
     button.Move(300, 300);
     ShowActive(m_window);

@@ -5,10 +5,10 @@
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/controls/View.h"
-#include "ui/style/FocusRing.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -46,7 +46,7 @@ TEST_F(FlatTextboxTest, TheFocusGoesToItsEditAndTypingArrives) {
     EXPECT_TRUE(m_field.hasFocus());
     Type(QApplication::focusWidget(), "abc");
     EXPECT_EQ(m_field.Text(), "abc");
-    EXPECT_NE(m_window.findChild<FocusRing*>(), nullptr);
+    EXPECT_NE(m_window.findChild<QFocusFrame*>(), nullptr);
 }
 
 TEST_F(FlatTextboxTest, APasswordShowsDots) {

@@ -1,6 +1,8 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/FlatTabs.h"
 
+#include <QTabBar>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -11,6 +13,11 @@ protected:
         m_custody = m_tabs.AddTab("Chain of Custody & more");
         m_tabs.Move(0, 0, 9000, 6000);
         QObject::connect(&m_tabs, &FlatTabs::SelectionChanged, [this](int index) { m_changes.push_back(index); });
+    }
+
+    void ClickAt(const QPoint& at) {
+        QWidget* widget = m_tabs.childAt(at) ? m_tabs.childAt(at) : &m_tabs;
+        Click(widget, widget->mapFrom(&m_tabs, at));
     }
 
     FlatTabs m_tabs{&m_window};
@@ -52,11 +59,11 @@ TEST_F(FlatTabsTest, PagesLieUnderTheCaptionsAndALoneChildFillsItsPage) {
 
 TEST_F(FlatTabsTest, ClicksSelect) {
     ShowActive(m_window);
-    Click(&m_tabs, m_tabs.TabRect(1).center());
+    ClickAt(m_tabs.TabRect(1).center());
     EXPECT_EQ(m_tabs.SelectedIndex(), 1);
-    Click(&m_tabs, QPoint(m_tabs.TabRect(1).right() + 40, 20));
+    ClickAt(QPoint(m_tabs.TabRect(1).right() + 40, 20));
     EXPECT_EQ(m_tabs.SelectedIndex(), 1);
-    RightClick(&m_tabs, m_tabs.TabRect(0).center());
+    RightClick(m_tabs.Bar(), m_tabs.Bar()->tabRect(0).center());
     EXPECT_EQ(m_tabs.SelectedIndex(), 1);
 }
 
@@ -76,6 +83,18 @@ TEST_F(FlatTabsTest, ArrowsHomeAndEndSelect) {
     EXPECT_EQ(m_changes, (std::vector<int>{1, 0, 1, 0}));
 }
 
+TEST_F(FlatTabsTest, TheWheelSelectsNothing) {
+    ShowActive(m_window);
+    Turn(m_tabs.Bar(), -120);
+    EXPECT_EQ(m_tabs.SelectedIndex(), 0);
+}
+
+TEST_F(FlatTabsTest, TheIndentMovesTheFirstTab) {
+    EXPECT_EQ(m_tabs.TabRect(0).left(), Theme::Margin);
+    m_tabs.SetIndent(ToTwips(4));
+    EXPECT_EQ(m_tabs.TabRect(0).left(), 4);
+}
+
 TEST_F(FlatTabsTest, TheSelectedOneIsUnderlined) {
     const QImage image = Grab(m_tabs);
     const QColor accent = Theme::Get(Theme::Color::Accent);
@@ -89,7 +108,8 @@ TEST(FlatTabsEmpty, CanBeMadeAndPaintedWithoutTabs) {
     FlatTabs tabs;
     EXPECT_EQ(tabs.Count(), 0);
     Grab(tabs);
-    Press(&tabs, Qt::Key_Right);
+    Press(tabs.Bar(), Qt::Key_Right);
+    Press(tabs.Bar(), Qt::Key_End);
     EXPECT_EQ(tabs.SelectedIndex(), 0);
 }
 

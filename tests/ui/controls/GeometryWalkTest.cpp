@@ -37,7 +37,7 @@ protected:
     }
 
     std::vector<std::string> Faults(std::vector<MeantFault> meant = {}) {
-        meant.push_back({MeantFault::Kind::Overlap, "quellbrook::FocusRing", "", "it lies around what has the focus"});
+        meant.push_back({MeantFault::Kind::Overlap, "QFocusFrame", "", "it lies around what has the focus"});
         ShowActive(m_window);
         return GeometryWalk(std::move(meant)).FaultsOf(m_window);
     }
@@ -118,7 +118,7 @@ TEST_F(GeometryWalkTest, WhatIsMeantIsNotToldAndWhatIsNotMetIsKnown) {
     PlaceButton("save", {10, 10, 96, 36});
     PlaceButton("cancel", {100, 10, 96, 36});
     GeometryWalk walk({{MeantFault::Kind::Overlap, "cancel", "window/save", "it is a test"},
-                       {MeantFault::Kind::Overlap, "quellbrook::FocusRing", "", "it lies around what has the focus"},
+                       {MeantFault::Kind::Overlap, "QFocusFrame", "", "it lies around what has the focus"},
                        {MeantFault::Kind::Clipped, "save", "", "it is a test"}});
     ShowActive(m_window);
     EXPECT_THAT(walk.FaultsOf(m_window), IsEmpty());
