@@ -70,7 +70,7 @@ void SqliteStatement::Bind(int position, int64_t value) {
 void SqliteStatement::Bind(int position, std::string_view text) {
     if (text.find('\0') != std::string_view::npos)
         Raise(ErrorNumber::General, "SqliteStatement.Bind",
-              "A text with a NUL character can't be stored or searched for.");
+              "A text with a NUL character cannot be stored or searched for.");
     Check(sqlite3_bind_text64(m_statement.get(), position, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
                               SQLITE_UTF8),
           "SqliteStatement.Bind");
@@ -91,6 +91,12 @@ void SqliteStatement::Bind(int position, const TaggedValue& value) {
     Check(sqlite3_bind_double(m_statement.get(), position, ToDouble(value)), "SqliteStatement.Bind");
 }
 
+void SqliteStatement::Bind(const std::vector<TaggedValue>& values, std::string_view source) {
+    if (values.size() != static_cast<size_t>(ParameterCount()))
+        Raise(ErrorNumber::General, source, "The number of values differs from the number of parameters.");
+    for (size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
+}
+
 int SqliteStatement::ParameterCount() const { return sqlite3_bind_parameter_count(m_statement.get()); }
 
 bool SqliteStatement::Step(std::string_view source) {
@@ -105,8 +111,15 @@ void SqliteStatement::Reset() noexcept {
     sqlite3_clear_bindings(m_statement.get());
 }
 
+void SqliteStatement::Run(std::string_view source) {
+    int code = SQLITE_ROW;
+    while (code == SQLITE_ROW) code = sqlite3_step(m_statement.get());
+    Reset();
+    if (code != SQLITE_DONE) RaiseSqliteError(m_database, source);
+}
+
 Row SqliteStatement::MakeRow() {
-    // SQLite prepares a kept statement anew by itself after the schema has changed.
+    // SQLite automatically prepares a kept statement again after the schema has changed.
     const int preparation = sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_REPREPARE, 0);
     if (preparation != m_preparation) {
         std::vector<std::string> names;

@@ -14,29 +14,32 @@ struct sqlite3_stmt;
 
 namespace quellbrook {
 
-// One prepared statement of a connection, which must outlive it. Reads whole rows straight from the native statement;
-// what its columns are is found out once, not for every row.
+// One prepared statement of a connection, which must outlive it. Describes its columns once, not for every row.
 class SqliteStatement {
 public:
-    // The source is the operation that a failure names.
+    // The source is the operation named in errors.
     SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source);
 
-    // Parameters by position, from 1. Texts must live until Reset. A text that holds NUL is refused with Error 5, an
-    // object with Error 13.
+    // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises
+    // ErrorNumber::General, an object ErrorNumber::TypeMismatch.
     void Bind(int position, const TaggedValue& value);
     void Bind(int position, int64_t value);
     void Bind(int position, std::string_view text);
     int ParameterCount() const;
+    // Binds all parameters. Raises ErrorNumber::General unless there is one value for each.
+    void Bind(const std::vector<TaggedValue>& values, std::string_view source);
 
-    // The next row stands ready; false at the end.
+    // Moves to the next row; false at the end.
     bool Step(std::string_view source);
-    // Ends the run and forgets the parameters.
+    // Ends the run and clears the parameters.
     void Reset() noexcept;
+    // Steps to the end, ignoring rows, and resets.
+    void Run(std::string_view source);
 
-    // A row with the columns of this statement, without values. After the first Step.
+    // An empty row with the columns of this statement. Call it after the first Step.
     Row MakeRow();
-    // The values of the row that stands ready: whole numbers as 32-bit integers or exact decimals, fractions as
-    // floating point, and as the column was declared booleans and dates.
+    // Reads the values of the current row: whole numbers as 32-bit integers or exact decimals, fractions as floating
+    // point, and booleans and dates where the column was declared so.
     void Read(Row& row) const;
 
     std::vector<ColumnDescription> Describe() const;
@@ -52,7 +55,7 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
     std::shared_ptr<const ColumnSet> m_columns;
     std::vector<ColumnKind> m_kinds;
-    int m_preparation = -1;  // for which m_columns and m_kinds were found out
+    int m_preparation = -1;  // that m_columns and m_kinds describe
 };
 
 }  // namespace quellbrook

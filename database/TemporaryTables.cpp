@@ -1,52 +1,68 @@
 #include "database/TemporaryTables.h"
 
-#include <utility>
+#include "database/SqliteStatement.h"
+
+#include <sqlite3.h>
 
 namespace quellbrook {
 
-std::string TemporaryTables::NameIn(const std::string& statement) {
+namespace {
+
+std::string NameIn(const std::string& statement) {
     const size_t begin = statement.find('"');
-    const size_t end = begin == std::string::npos ? begin : statement.find('"', begin + 1);
-    return end == std::string::npos ? std::string() : statement.substr(begin, end + 1 - begin);
+    return statement.substr(begin, statement.find('"', begin + 1) + 1 - begin);
 }
 
-bool TemporaryTables::Take(const std::string& creation) {
-    const auto found = m_aside.find(NameIn(creation));
-    if (found == m_aside.end() || found->second.creation != creation) return false;
-    m_inUse.insert(m_aside.extract(found));
-    return true;
+}  // namespace
+
+void TemporaryTables::Run(const std::string& statement) const {
+    SqliteStatement(m_database, statement, "SqliteConnection.Execute").Run("SqliteConnection.Execute");
 }
 
-void TemporaryTables::Created(const std::string& creation) {
-    m_inUse.insert_or_assign(NameIn(creation), Table{creation, true});
+void TemporaryTables::Create(const std::string& statement) {
+    const std::string name = NameIn(statement);
+    if (TryReuse(statement, name)) return;
+    DropIfSetAside(name);
+    Run(statement);
+    m_tables.insert_or_assign(name, Table{statement, true});
 }
 
-bool TemporaryTables::SetAside(const std::string& name) {
-    const auto found = m_inUse.find(name);
-    if (found == m_inUse.end()) return false;
-    m_aside.insert(m_inUse.extract(found));
-    return true;
+bool TemporaryTables::TryReuse(const std::string& statement, const std::string& name) {
+    const auto found = m_tables.find(name);
+    if (found == m_tables.end() || found->second.isInUse || found->second.creation != statement) return false;
+    return found->second.isInUse = true;
 }
 
-void TemporaryTables::Forget(const std::string& name) {
-    m_inUse.erase(name);
-    m_aside.erase(name);
+void TemporaryTables::Drop(const std::string& statement) {
+    const std::string name = NameIn(statement);
+    DropIfSetAside(name);
+    const auto found = m_tables.find(name);
+    const bool isInTransaction = sqlite3_get_autocommit(m_database) == 0;
+    if (found != m_tables.end() && isInTransaction) {
+        Run("DELETE FROM temp." + name);
+        found->second.isInUse = false;
+    } else {
+        Run(statement);
+        m_tables.erase(name);
+    }
 }
 
-void TemporaryTables::Commit() {
-    for (auto* tables : {&m_inUse, &m_aside})
-        for (auto& [name, table] : *tables) table.isNew = false;
+void TemporaryTables::DropIfSetAside(const std::string& name) {
+    const auto found = m_tables.find(name);
+    if (found == m_tables.end() || found->second.isInUse) return;
+    Run("DROP TABLE temp." + name);
+    m_tables.erase(found);
 }
 
-void TemporaryTables::Rollback() {
-    m_aside.merge(m_inUse);
-    m_inUse.clear();
-    std::erase_if(m_aside, [](const auto& entry) { return entry.second.isNew; });
-}
-
-void TemporaryTables::Clear() {
-    m_inUse.clear();
-    m_aside.clear();
+void TemporaryTables::DropTablesInUse() {
+    for (auto table = m_tables.begin(); table != m_tables.end();) {
+        if (table->second.isInUse) {
+            Run("DROP TABLE temp." + table->first);
+            table = m_tables.erase(table);
+        } else {
+            ++table;
+        }
+    }
 }
 
 }  // namespace quellbrook

@@ -3,38 +3,43 @@
 #include <map>
 #include <string>
 
+struct sqlite3;
+
 namespace quellbrook {
 
-// Which temporary tables of one connection are in use in a batch, and which only look dropped. A dropped one is emptied
-// and set aside, and the next CREATE with the same text takes it again: since every change of the temporary schema
-// makes SQLite prepare all statements anew, that is half the time of a small batch. Names are as the statements quote
-// them.
+// The temporary tables of one connection. Each change of the temporary schema makes SQLite prepare all statements
+// again, which is half the time of a small batch. Inside a transaction a dropped table is therefore only emptied and
+// set aside, and the next CREATE with the same text reuses it.
 class TemporaryTables {
 public:
-    // The name that stands in the CREATE or DROP, quotes included.
-    static std::string NameIn(const std::string& statement);
+    // The database must outlive this object.
+    explicit TemporaryTables(sqlite3* database) : m_database(database) {}
 
-    // Whether a table made by this text was set aside; then it is in use from now on.
-    bool Take(const std::string& creation);
-    // Whether a table of this name, made by any text, is set aside.
-    bool IsSetAside(const std::string& name) const { return m_aside.count(name) > 0; }
-    void Created(const std::string& creation);
-    // Sets the table aside. False where it is none that was created or taken.
-    bool SetAside(const std::string& name);
-    void Forget(const std::string& name);
+    // Execute a CREATE or DROP of one temporary table, with the name in double quotes.
+    void Create(const std::string& statement);
+    void Drop(const std::string& statement);
 
-    void Commit();
-    // What was created since the last Commit is gone, what was taken since then is set aside again.
-    void Rollback();
-    void Clear();
+    // Follow the connection's transaction. Rollback restores what Begin found.
+    void Begin() { m_beforeBatch = m_tables; }
+    void Rollback() noexcept { m_tables.swap(m_beforeBatch); }
+
+    // Drops the tables that are in use. Those set aside stay.
+    void DropTablesInUse();
 
 private:
     struct Table {
         std::string creation;
-        bool isNew;  // not committed yet
+        bool isInUse;  // otherwise empty and set aside
     };
-    std::map<std::string, Table> m_inUse;
-    std::map<std::string, Table> m_aside;
+    using Tables = std::map<std::string, Table>;  // by quoted name
+
+    void Run(const std::string& statement) const;
+    bool TryReuse(const std::string& statement, const std::string& name);
+    void DropIfSetAside(const std::string& name);
+
+    sqlite3* m_database;
+    Tables m_tables;
+    Tables m_beforeBatch;
 };
 
 }  // namespace quellbrook

@@ -145,7 +145,7 @@ protected:
     // The rows that are to be found, each once.
     Texts Expected(const AskedSearch& asked) {
         if (!asked.location && asked.description.empty() && asked.number.empty() && asked.itemType == 0) return {};
-        const auto text = sql::TranslateTransactSql(LiteralSearchText(asked), sql::SqlTarget::Sqlite).statements.at(0);
+        const std::string text = sql::RewriteTransactSql(LiteralSearchText(asked)).at(0).text;
         Texts rows = Sorted(m_database.QueryRows(text));
         rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
         return rows;

@@ -63,9 +63,9 @@ protected:
     }
 
     Texts PlanOf(const std::string& transactSql) {
-        const Texts texts = sql::TranslateTransactSql(transactSql, sql::SqlTarget::Sqlite).statements;
+        const std::string text = sql::RewriteTransactSql(transactSql).at(0).text;
         Texts lines;
-        for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN " + texts.at(0)))
+        for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN " + text))
             lines.push_back(ToText(row.Value("detail")));
         return lines;
     }

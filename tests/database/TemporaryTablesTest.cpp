@@ -36,12 +36,12 @@ protected:
     std::unique_ptr<Connection> m_connection = m_database.GetEngine()->Open();
 };
 
-TEST_F(TemporaryTablesTest, EachBatchFindsItsTableNewAndEmpty) {
+TEST_F(TemporaryTablesTest, EachBatchStartsWithAnEmptyTable) {
     for (const int value : {4, 5, 6}) RunBatch(value);
-    EXPECT_EQ(Value("SELECT SUM(Value) FROM Setting"), TaggedValue(15));
+    EXPECT_EQ(m_database.QueryValue("SELECT SUM(Value) FROM Setting"), TaggedValue(15));
 }
 
-TEST_F(TemporaryTablesTest, ATableThatIsInUseCannotBeMadeASecondTime) {
+TEST_F(TemporaryTablesTest, ATableInUseCannotBeCreatedAgain) {
     RunBatch(1);
     m_connection->Begin();
     m_connection->Execute(creation);
@@ -50,18 +50,18 @@ TEST_F(TemporaryTablesTest, ATableThatIsInUseCannotBeMadeASecondTime) {
     RunBatch(2);
 }
 
-TEST_F(TemporaryTablesTest, ATableOfAnotherShapeTakesThePlaceOfTheOneSetAside) {
+TEST_F(TemporaryTablesTest, ATableWithOtherColumnsReplacesTheOneSetAside) {
     RunBatch(1);
     m_connection->Begin();
-    m_connection->Execute("CREATE TABLE #Next (Name VARCHAR(9), Other INT)");
-    m_connection->Execute("INSERT INTO #Next (Name, Other) VALUES ('a', 2)");
+    m_connection->Execute("CREATE TABLE #Next (Name INT, Other INT)");
+    m_connection->Execute("INSERT INTO #Next (Name, Other) VALUES (1, 2)");
     EXPECT_EQ(Value("SELECT Other FROM #Next"), TaggedValue(2));
     m_connection->Execute("DROP TABLE #Next");
     m_connection->Commit();
     RunBatch(3);
 }
 
-TEST_F(TemporaryTablesTest, ARollbackBringsBackWhatWasThereBefore) {
+TEST_F(TemporaryTablesTest, ARollbackRestoresTheTablesBeforeTheBatch) {
     m_connection->Begin();
     m_connection->Execute(creation);
     m_connection->Execute("INSERT INTO #Next (Value) VALUES (9)");
@@ -75,7 +75,7 @@ TEST_F(TemporaryTablesTest, ARollbackBringsBackWhatWasThereBefore) {
     RunBatch(2);
 }
 
-TEST_F(TemporaryTablesTest, ATableLeftBehindByABatchIsGoneAfterReset) {
+TEST_F(TemporaryTablesTest, ResetDropsATableThatABatchLeft) {
     RunBatch(1);
     m_connection->Begin();
     m_connection->Execute(creation);
@@ -86,13 +86,41 @@ TEST_F(TemporaryTablesTest, ATableLeftBehindByABatchIsGoneAfterReset) {
     RunBatch(2);
 }
 
-TEST_F(TemporaryTablesTest, OutsideABatchATableIsMadeAndDroppedAsItStands) {
+TEST_F(TemporaryTablesTest, OutsideABatchATableIsReallyDropped) {
     RunBatch(1);
     m_connection->Execute(creation);
     m_connection->Execute("INSERT INTO #Next (Value) VALUES (7)");
     EXPECT_EQ(Value("SELECT Value FROM #Next"), TaggedValue(7));
     m_connection->Execute("DROP TABLE #Next");
     EXPECT_NE(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Number(), 0);
+}
+
+TEST_F(TemporaryTablesTest, ATableFromAnEarlierBatchSurvivesARollback) {
+    m_connection->Execute(creation);
+    m_connection->Execute("INSERT INTO #Next (Value) VALUES (7)");
+    m_connection->Begin();
+    m_connection->Execute("DROP TABLE #Next");
+    m_connection->Rollback();
+    EXPECT_EQ(Value("SELECT Value FROM #Next"), TaggedValue(7));
+    m_connection->Reset();
+    RunBatch(1);
+}
+
+TEST_F(TemporaryTablesTest, ARollbackRestoresATableThatWasReplaced) {
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute("CREATE TABLE #Next (Other INT)");
+    m_connection->Rollback();
+    RunBatch(2);
+}
+
+TEST_F(TemporaryTablesTest, ADroppedTableCannotBeDroppedAgain) {
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    m_connection->Execute("DROP TABLE #Next");
+    EXPECT_NE(RaisedBy([&] { m_connection->Execute("DROP TABLE #Next"); }).Number(), 0);
+    m_connection->Rollback();
+    RunBatch(1);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ protected:
     int32_t TemporaryRows() {
         int32_t rows = 0;
         for (const Row& table : GetHostDatabase().QueryRows("SELECT name FROM sqlite_temp_schema"))
-            rows += ToInt32(GetHostDatabase().QueryRow("SELECT COUNT(*) FROM \"" + ToText(table.At(0)) + "\"")->At(0));
+            rows += ToInt32(GetHostDatabase().QueryRow("SELECT COUNT(*) FROM " + ToText(table.At(0)))->At(0));
         return rows;
     }
     void ExpectNothingRemains(const std::string& before) {

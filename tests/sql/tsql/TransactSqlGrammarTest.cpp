@@ -1,5 +1,9 @@
 #include "tests/sql/tsql/TransactSqlTexts.h"
 
+#include "base/Text.h"
+
+#include <sqlite3.h>
+
 using namespace quellbrook;
 using namespace quellbrook::testing;
 
@@ -19,71 +23,99 @@ void ExpectConditionRefused(const std::string& condition, const std::string& par
 
 std::string Nested(size_t depth) { return std::string(depth, '(') + "1" + std::string(depth, ')'); }
 
+// The error message of SQLite for a statement on an empty database.
+std::string SqliteErrorFor(const std::string& statement) {
+    sqlite3* database = nullptr;
+    sqlite3_stmt* prepared = nullptr;
+    sqlite3_open(":memory:", &database);
+    sqlite3_prepare_v2(database, statement.c_str(), -1, &prepared, nullptr);
+    std::string message = sqlite3_errmsg(database);
+    sqlite3_finalize(prepared);
+    sqlite3_close(database);
+    return message;
+}
+
+bool IsAccepted(const std::string& statement) {
+    try {
+        return Rewritten(statement) == Texts{statement};
+    } catch (const Error&) {
+        return false;
+    }
+}
+
 }  // namespace
 
-// What the grammar holds is handed on byte by byte.
-
-TEST(TransactSqlGrammar, HoldsQueries) {
+TEST(TransactSqlGrammar, AcceptsQueries) {
     ExpectAllUntouched({"SELECT 1", "select  a ,b\r\nfrom\tt", "SELECT * FROM t AS x",
-                        "SELECT *, NULL AS Serial FROM t x",
-                        "SELECT DISTINCT a.*, b.\"Name\" AS \"Its name\" FROM t a CROSS JOIN b", "SELECT 1 WHERE 1 = 0",
-                        "SELECT a FROM t WHERE b=1 UNION SELECT 2 UNION ALL SELECT c FROM u",
-                        "SELECT a, COUNT(*) AS N FROM t GROUP BY a, t.b HAVING COUNT(DISTINCT c)>1",
-                        "SELECT (SELECT MAX(b) FROM u) AS M FROM t", "SELECT \xC3\xA4 FROM \xC3\xB6"});
+                        "SELECT *, NULL AS Serial FROM t x", "SELECT DISTINCT a.b AS Name FROM t a CROSS JOIN b",
+                        "SELECT 1 WHERE 1 = 0", "SELECT a FROM t WHERE b=1 UNION SELECT 2 UNION ALL SELECT c FROM u",
+                        "SELECT a, MAX(b) AS N FROM t GROUP BY a, t.c ORDER BY a",
+                        "SELECT a FROM t ORDER BY a ASC, t.b DESC", "SELECT (SELECT MAX(b) FROM u) AS M FROM t",
+                        "SELECT \xC3\xA4 FROM \xC3\xB6"});
 }
 
-TEST(TransactSqlGrammar, HoldsJoins) {
+TEST(TransactSqlGrammar, AcceptsJoins) {
     ExpectAllUntouched(
-        {"SELECT a FROM t INNER JOIN u ON t.a = u.a JOIN v ON v.b = u.b LEFT OUTER JOIN w x ON x.c IS NULL",
+        {"SELECT a FROM t INNER JOIN u ON t.a = u.a LEFT JOIN w x ON x.c IS NULL",
          "SELECT a FROM t LEFT JOIN (u INNER JOIN v AS y ON u.a = y.a) ON t.b = u.b AND t.c = u.c",
          "SELECT a FROM (SELECT b FROM t UNION SELECT c FROM u) AS x LEFT JOIN (SELECT 1 AS d) y ON x.b = y.d",
-         "SELECT a FROM (t CROSS JOIN u) CROSS JOIN \"order\" o"});
+         "SELECT a FROM (t CROSS JOIN u) CROSS JOIN v o"});
 }
 
-TEST(TransactSqlGrammar, HoldsConditions) {
-    ExpectConditions({"a = 1 AND NOT (b <> 2 OR c != 3) AND d<4 AND e<=5 AND f>6 AND g>=7", "NOT NOT a IS NOT NULL",
-                      "a IS NULL OR b BETWEEN 1 AND 2 AND c NOT BETWEEN -1 AND +1", "a IN (1, ?, 'x', (SELECT 2))",
-                      "a NOT IN (SELECT b FROM u WHERE u.c = t.c)",
-                      "EXISTS (SELECT 1 FROM u) AND NOT EXISTS (SELECT 2)",
-                      "a LIKE '%x_' AND b NOT LIKE '50!%' ESCAPE '!' AND c LIKE ? AND d LIKE ?1 ESCAPE '\\'",
-                      "a LIKE '\\[x]%' ESCAPE '\\'", "((a = 1))", "a + 1 = (b) * -c / 2 % 3", "a || 'x' || b = 'y'"});
+TEST(TransactSqlGrammar, AcceptsConditions) {
+    ExpectConditions({"a = 1 AND b <> -2 AND c IS NULL AND d IS NOT NULL", "a IN (1, ?, 'x', (SELECT 2))",
+                      "a IN (SELECT b FROM u WHERE u.c = t.c)", "a LIKE '%x_' AND b LIKE '50!%' ESCAPE '!'",
+                      "a LIKE ? AND b LIKE ?1 ESCAPE '\\'", "a LIKE '\\[x]%' ESCAPE '\\'", "+t.a = 5",
+                      "a || 'x' || b = 'y'"});
 }
 
-TEST(TransactSqlGrammar, HoldsValues) {
-    ExpectAllUntouched({"SELECT 1.5e-3, .5, 2., -2, +a, 'it''s', N, ?, ?12, NULL FROM t",
-                        "SELECT COALESCE(a, b, 'x'), NULLIF(a, 0), REPLACE(a, 'x', ''), ABS(-1), LTRIM(RTRIM(a))",
-                        "SELECT MAX(a)+1, MIN(b), SUM(c), COUNT(d) FROM t"});
+TEST(TransactSqlGrammar, AcceptsValues) {
+    ExpectAllUntouched(
+        {"SELECT 1.5e-3, 2.5, -2, +a, 'it''s', N, ?, ?12, -?, NULL FROM t",
+         "SELECT COALESCE(a, b, 'x'), REPLACE(a, 'x', ''), (a || ' ' || (b)), MAX(a), COUNT(*), COUNT(d) FROM t"});
 }
 
-TEST(TransactSqlGrammar, HoldsChanges) {
-    ExpectAllUntouched({"INSERT INTO Setting (Name,Value) VALUES ('a',  NULL)", "INSERT INTO t VALUES (1), (2)",
-                        "INSERT INTO t DEFAULT VALUES", "INSERT INTO t (a) SELECT b FROM u UNION SELECT 1",
-                        "UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
-                        "UPDATE t SET \"a\"=a+1,b=(SELECT 1)", "DELETE FROM StorageLocation WHERE Path LIKE '/0/5/%'",
+TEST(TransactSqlGrammar, AcceptsChanges) {
+    ExpectAllUntouched({"INSERT INTO Setting (Name,Value) VALUES ('a',  NULL)", "INSERT INTO t VALUES (1)",
+                        "INSERT INTO t DEFAULT VALUES", "UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
+                        "UPDATE t SET a=b,c=(SELECT 1)", "DELETE FROM StorageLocation WHERE Path LIKE '/0/5/%'",
                         "DELETE FROM t"});
 }
 
-TEST(TransactSqlGrammar, HoldsColumnsNamedLikeFunctions) {
-    ExpectUntouched("SELECT t.Day, Month, Left_, Count, Len FROM t LEFT JOIN u ON t.Year = u.Year");
+TEST(TransactSqlGrammar, AcceptsColumnsNamedLikeFunctions) {
+    ExpectUntouched("SELECT t.Day, Month, Left_, Count, Max FROM t LEFT JOIN u ON t.Year = u.Year");
 }
 
-TEST(TransactSqlGrammar, HoldsReservedWordsBetweenQuotes) {
-    ExpectUntouched("SELECT \"top\", \"user\" FROM \"order\"");
-    ExpectRefused("SELECT user FROM t", "user");
-    ExpectRefused("SELECT a FROM order", "order");
-    ExpectRefused("SELECT a AS limit FROM t", "limit");
-    ExpectRefused("UPDATE t SET key = 1", "key");
+TEST(TransactSqlGrammar, AcceptsKeywordsOfSqliteAsNamesOnlyWhereSqliteDoes) {
+    int names = 0;
+    for (int i = 0; i < sqlite3_keyword_count(); ++i) {
+        const char* text = nullptr;
+        int length = 0;
+        sqlite3_keyword_name(i, &text, &length);
+        const std::string word(text, static_cast<size_t>(length));
+        for (const char* form :
+             {"SELECT {}, t.{} AS {} FROM {} {} LEFT JOIN u AS {} ON {}.{} = 1 GROUP BY {}",
+              "UPDATE {} SET {} = {} WHERE {} IN ({}) AND {} LIKE 'x'", "INSERT INTO {} ({}) VALUES ({})",
+              "DELETE FROM {} WHERE {} IS NULL AND {} || {} = 'x'"}) {
+            const std::string statement = Replace(form, "{}", word);
+            if (!IsAccepted(statement)) continue;
+            ++names;
+            EXPECT_EQ(SqliteErrorFor(statement).find("syntax"), std::string::npos) << statement;
+        }
+    }
+    EXPECT_GT(names, 100);
 }
 
-// What leaves it is refused, the first token that does not fit in the sentence.
+// The error quotes the first token that does not fit.
 
-TEST(TransactSqlGrammar, RefusesWhatTheEnginesLack) {
+TEST(TransactSqlGrammar, RefusesTransactSqlThatSqliteLacks) {
     ExpectRefused("SELECT TOP 5 * FROM Property", "TOP");
     ExpectRefused("SELECT top 5 * FROM Property", "top");
     ExpectRefused("SELECT CURRENT_TIMESTAMP", "CURRENT_TIMESTAMP");
     ExpectRefused("SELECT @@IDENTITY", "@@IDENTITY");
     ExpectRefused("SELECT [Name] FROM t", "[Name]");
     ExpectRefused("SELECT a[", "[");
+    ExpectRefused("SELECT \"a\" FROM t", "\"");
     ExpectRefused("EXEC sp_who", "EXEC");
     ExpectRefused("INSERT INTO t EXEC sp_who", "EXEC");
     ExpectRefused("MERGE INTO t USING u ON 1=1", "MERGE");
@@ -102,11 +134,10 @@ TEST(TransactSqlGrammar, RefusesWhatTheEnginesLack) {
     ExpectRefused("SELECT :a", ":");
     ExpectRefused("SELECT `a`", "`");
     ExpectRefused("SELECT 0x1F", "0x");
-    ExpectRefused("SELECT X'00'", "X'");
-    ExpectRefused("SELECT E'a'", "E'");
+    ExpectRefused("SELECT X'00'", "'00'");
     ExpectRefused("SELECT a$b FROM t", "a$");
-    ExpectRefused("SELECT 1 -- x", "--");
-    ExpectRefused("SELECT 1 /* x */", "/*");
+    ExpectRefused("SELECT 1 -- x", "-");
+    ExpectRefused("SELECT 1 /* x */", "/");
     ExpectRefused("SELECT a FROM dbo.t", ".");
     ExpectRefused("SELECT a FROM t CROSS APPLY u", "APPLY");
     ExpectRefused("SELECT CASE WHEN 1=1 THEN 2 END", "CASE");
@@ -115,16 +146,15 @@ TEST(TransactSqlGrammar, RefusesWhatTheEnginesLack) {
     ExpectRefused("DECLARE @t TABLE (a INT)", "TABLE");
 }
 
-TEST(TransactSqlGrammar, RefusesFunctionsThatItDoesNotKnow) {
-    for (const char* name : {"GETDATE", "ISNULL", "CONVERT", "CAST", "LEN", "LEFT", "CHARINDEX", "NEWID", "typeof",
-                             "load_extension", "pg_sleep", "AVG", "Substr"})
+TEST(TransactSqlGrammar, RefusesOtherFunctions) {
+    for (const char* name : {"GETDATE", "CONVERT", "CAST", "LEN", "LEFT", "CHARINDEX", "NEWID", "typeof",
+                             "load_extension", "SUM", "Substr"})
         ExpectRefused("SELECT " + std::string(name) + "(a) FROM t", name);
     ExpectRefused("SELECT COALESCE(a) FROM t", "COALESCE");
     ExpectRefused("SELECT MAX(a, b) FROM t", "MAX");
     ExpectRefused("SELECT MAX(*) FROM t", "*");
-    ExpectRefused("SELECT REPLACE(DISTINCT a, b, c) FROM t", "DISTINCT");
+    ExpectRefused("SELECT COUNT(DISTINCT a) FROM t", "DISTINCT");
     ExpectRefused("SELECT COUNT() FROM t", ")");
-    ExpectRefused("SELECT \"MAX\"(a) FROM t", "(");
 }
 
 TEST(TransactSqlGrammar, RefusesOtherStatements) {
@@ -144,9 +174,8 @@ TEST(TransactSqlGrammar, RefusesOtherStatements) {
     ExpectRefused("SELECT 1; DROP TABLE Property", "Property");
     ExpectRefused("INSERT OR REPLACE INTO t VALUES (1)", "OR");
     ExpectRefused("INSERT t VALUES (1)", "t");
-    ExpectRefused("INSERT INTO t VALUES (DEFAULT)", "DEFAULT");
-    ExpectRefused("INSERT INTO t (a) DEFAULT VALUES", "DEFAULT");
-    ExpectRefused("INSERT INTO t SELECT a FROM u ORDER BY a", "ORDER");
+    ExpectRefused("INSERT INTO t VALUES (1), (2)", ",");
+    ExpectRefused("INSERT INTO t (a) SELECT b FROM u", "SELECT");
     ExpectRefused("DELETE t", "t");
     ExpectRefused("DELETE FROM t x WHERE x.a=1", "x");
     ExpectRefused("UPDATE OR IGNORE t SET a=1", "OR");
@@ -155,61 +184,54 @@ TEST(TransactSqlGrammar, RefusesOtherStatements) {
     ExpectRefused("INSERT", "INSERT");
 }
 
-TEST(TransactSqlGrammar, RefusesQueriesThatEnginesReadInDifferentWays) {
+TEST(TransactSqlGrammar, RefusesOtherQueries) {
     ExpectRefused("SELECT a FROM t, u", ",");
     ExpectRefused("SELECT a FROM t NATURAL JOIN u", "NATURAL");
     ExpectRefused("SELECT a FROM t FULL JOIN u ON 1=1", "FULL");
-    ExpectRefused("SELECT a FROM t JOIN u", "u");
-    ExpectRefused("SELECT a FROM t JOIN u JOIN v ON 1=1 ON 2=2", "JOIN");
+    ExpectRefused("SELECT a FROM t INNER JOIN u", "u");
     ExpectRefused("SELECT a FROM (t)", ")");
+    ExpectRefused("SELECT a FROM (t WHERE 1=1)", "WHERE");
     ExpectRefused("SELECT a FROM (SELECT 1 AS a)", ")");
     ExpectRefused("SELECT a b FROM t", "b");
+    ExpectRefused("SELECT a AS 'b' FROM t", "'b'");
+    ExpectRefused("SELECT a AS limit FROM t", "limit");
     ExpectRefused("SELECT *", "*");
     ExpectRefused("SELECT a UNION SELECT b INTERSECT SELECT c", "INTERSECT");
-    ExpectRefused("SELECT a EXCEPT SELECT b", "EXCEPT");
     ExpectRefused("SELECT a FROM t GROUP BY 1", "1");
-    ExpectRefused("SELECT a FROM t HAVING 1=1", "HAVING");
-    ExpectRefused("SELECT a FROM t ORDER BY a+1", "+");
+    ExpectRefused("SELECT a FROM t GROUP BY a HAVING 1=1", "HAVING");
+    ExpectRefused("SELECT a FROM t ORDER BY 1", "1");
     ExpectRefused("SELECT a FROM t WHERE a IN (SELECT b FROM u ORDER BY b)", "ORDER");
 }
 
-TEST(TransactSqlGrammar, RefusesAPlusBesideAText) {
+TEST(TransactSqlGrammar, RefusesArithmetic) {
     ExpectRefused("SELECT Name + 'x' FROM t", "+");
-    ExpectRefused("SELECT 'x' + Name FROM t", "+");
-    ExpectRefused("SELECT 1 + a + N'x' FROM t", "+");
-    ExpectRefused("SELECT +'x'", "+");
+    ExpectRefused("SELECT +'x'", "'x'");
+    ExpectRefused("SELECT a - 1 FROM t", "-");
+    ExpectRefused("SELECT -'x'", "-");
+    ExpectRefused("SELECT a * 2 FROM t", "*");
 }
 
-TEST(TransactSqlGrammar, RefusesToMixJoinedTextsWithSums) {
-    ExpectRefused("SELECT a || b + 1 FROM t", "+");
-    ExpectRefused("SELECT a + 1 || b FROM t", "||");
-    ExpectUntouched("SELECT a || (b + 1) FROM t");
-}
-
-TEST(TransactSqlGrammar, TellsConditionsFromValues) {
+TEST(TransactSqlGrammar, RefusesOtherConditions) {
     ExpectConditionRefused("a", "a");
     ExpectConditionRefused("a = b = c", "=");
-    ExpectConditionRefused("(a = b) = c", "=");
-    ExpectConditionRefused("a AND b = 1", "a");
-    ExpectConditionRefused("a = 1 AND b", "b");
-    ExpectConditionRefused("a = 1 OR 2", "2");
-    ExpectConditionRefused("NOT a", "a");
-    ExpectConditionRefused("a = (b = 1)", "(");
+    ExpectConditionRefused("a AND b = 1", "AND");
+    ExpectConditionRefused("a = 1 OR b = 2", "OR");
+    ExpectConditionRefused("NOT a = 1", "NOT");
+    ExpectConditionRefused("a = (b = 1)", "=");
     ExpectConditionRefused("a IS b", "b");
-    ExpectConditionRefused("a NOT b", "b");
-    ExpectConditionRefused("EXISTS (1)", "1");
+    ExpectConditionRefused("a NOT LIKE 'x'", "NOT");
+    ExpectConditionRefused("a BETWEEN 1 AND 2", "BETWEEN");
+    ExpectConditionRefused("EXISTS (SELECT 1)", "EXISTS");
+    ExpectConditionRefused("a < 1", "<");
     ExpectConditionRefused("a IN ()", ")");
     ExpectConditionRefused("a IN b", "b");
-    ExpectConditionRefused("-(a = 1) = 2", "(");
     ExpectRefused("SELECT a = 1 FROM t", "=");
-    ExpectRefused("SELECT (a = 1) FROM t", "(");
     ExpectRefused("UPDATE t SET a = b = 1", "=");
 }
 
-TEST(TransactSqlGrammar, RefusesPatternsThatEnginesReadInDifferentWays) {
+TEST(TransactSqlGrammar, RefusesPatternsThatMeanSomethingElseToSqlite) {
     ExpectConditionRefused("a LIKE '[ab]%'", "'[ab]%'");
     ExpectConditionRefused("a LIKE N'x[' ", "N'x['");
-    ExpectConditionRefused("a LIKE '![!!' + 'x'", "'![!!'");
     ExpectConditionRefused("a LIKE '!![' ESCAPE '!'", "'!!['");
     ExpectConditionRefused("a LIKE 'x' ESCAPE 'ab'", "'ab'");
     ExpectConditionRefused("a LIKE 'x' ESCAPE ''", "''");
@@ -218,50 +240,46 @@ TEST(TransactSqlGrammar, RefusesPatternsThatEnginesReadInDifferentWays) {
     ExpectConditionRefused("a LIKE 'x' || b", "||");
 }
 
-TEST(TransactSqlGrammar, RefusesWhatIsNotFinished) {
+TEST(TransactSqlGrammar, RefusesUnfinishedStatements) {
     ExpectRefused("SELECT 'abc", "'abc");
     ExpectRefused("SELECT N'abc''", "N'abc''");
-    ExpectRefused("SELECT \"abc", "\"abc");
     ExpectRefused("SELECT 1e", "1e");
+    ExpectRefused("SELECT 2.", "2.");
     ExpectRefused("SELECT 12abc", "12a");
+    ExpectRefused("SELECT a | b", "|");
     ExpectRefused("SELECT 'a' 'b'", "'b'");
     ExpectRefused("SELECT (1", "(");
     ExpectRefused("SELECT MAX(1", "(");
-    ExpectRefused("SELECT 1) + (2", ")");
+    ExpectRefused("SELECT 1) || (2", ")");
     ExpectRefused("SELECT 1,", ",");
     ExpectRefused("SELECT", "SELECT");
     ExpectRefused("SELECT a FROM", "FROM");
     ExpectRefused("SELECT a FROM t WHERE", "WHERE");
     ExpectRefused("SELECT a FROM t WHERE b =", "=");
     ExpectRefused("SELECT a FROM t ORDER BY", "BY");
-    ExpectRefused("SELECT #a\"b\" FROM t", "#a");
     ExpectRefused("SELECT (1; 2)", "(");
 }
 
 TEST(TransactSqlGrammar, RefusesNulInsideAndOutsideOfLiterals) {
-    const Error inside = RaisedBy([] { ToSqlite(std::string("SELECT 'a\0b'", 12)); });
-    EXPECT_EQ(inside.Number(), 5);
-    const Error outside = RaisedBy([] { ToSqlite(std::string("SELECT 1\0, 2", 12)); });
-    EXPECT_EQ(outside.Number(), 5);
+    const Error inside = RaisedBy([] { Rewritten(std::string("SELECT 'a\0b'", 12)); });
+    EXPECT_EQ(inside.Number(), ErrorNumber::General);
+    const Error outside = RaisedBy([] { Rewritten(std::string("SELECT 1\0, 2", 12)); });
+    EXPECT_EQ(outside.Number(), ErrorNumber::General);
     EXPECT_EQ(outside.Description().find('\0'), std::string::npos);
 }
 
-TEST(TransactSqlGrammar, RefusesToNestWithoutEnd) {
+TEST(TransactSqlGrammar, RefusesDeepNesting) {
     ExpectUntouched("SELECT " + Nested(30));
     ExpectRefused("SELECT " + Nested(31), "(");
     ExpectRefused("SELECT " + Nested(200000), "(");
-    std::string negations, calls;
-    for (int i = 0; i < 100000; ++i) {
-        negations += "NOT ";
-        calls += "ABS(";
-    }
-    ExpectConditionRefused(negations + "1=1", "NOT");
+    std::string calls;
+    for (int i = 0; i < 100000; ++i) calls += "MAX(";
     ExpectRefused("SELECT " + calls + "1", "(");
 }
 
 TEST(TransactSqlGrammar, ALongRefusedPartIsShortenedBetweenCharacters) {
     std::string text = "SELECT 'x";
     for (int i = 0; i < 60; ++i) text += "ä";
-    const Error error = RaisedBy([&] { ToSqlite(text); });
-    EXPECT_NE(error.Description().find("ä\" is not"), std::string::npos) << error.Description();
+    const Error error = RaisedBy([&] { Rewritten(text); });
+    EXPECT_NE(error.Description().find("ä\" in a statement."), std::string::npos) << error.Description();
 }
