@@ -9,7 +9,7 @@
 
 namespace quellbrook::fuzz {
 
-// An empty department in memory, with a temporary table as a transfer makes it.
+// An empty department in memory, with the temporary table of a transfer.
 class ReferenceDatabase {
 public:
     static ReferenceDatabase& Instance() {
@@ -19,7 +19,7 @@ public:
 
     sqlite3* Handle() const { return m_database; }
 
-    // What SQLite says against the statement; empty when it takes it.
+    // The error message of SQLite for the statement; empty when it accepts it.
     std::string FailureOf(const std::string& sql) const {
         sqlite3_stmt* statement = nullptr;
         const int code = sqlite3_prepare_v2(m_database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);

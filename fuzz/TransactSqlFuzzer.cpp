@@ -1,7 +1,6 @@
-// Feeds any text to the translation of the Transact-SQL subset, and to the two that find the shape of a text. The first
-// byte chooses how the text begins, so that what follows gets further than to the first word.
+// Rewrites and normalizes any text. The first byte selects a beginning, so that the rest gets past the first word.
 
-#include "fuzz/ShapeChecks.h"
+#include "fuzz/TransactSqlChecks.h"
 
 #include <cstdint>
 
@@ -16,7 +15,8 @@ constexpr const char* beginnings[] = {
     "SELECT Value FROM Setting WHERE Name LIKE 'x' ESCAPE '",
     "UPDATE Property SET Description=",
     "INSERT INTO Setting (Name,Value) VALUES (",
-    "DECLARE @x INT;SELECT @x = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7;UPDATE #Next SET Value=@x,b="};
+    "DECLARE @x INT;SELECT @x = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 GROUP BY PropertyNo;UPDATE #Next "
+    "SET Value=@x,b="};
 
 }  // namespace
 

@@ -1,7 +1,7 @@
-// Strings words of the language, and of its neighbours, together, which a fuzzer of bytes would take long to find. Each
-// byte is a word; its upper bit says that no blank follows.
+// Joins words of the grammar and similar languages, which a fuzzer of bytes would take long to find. Each byte selects
+// a word; with its highest bit set, no blank follows.
 
-#include "fuzz/ShapeChecks.h"
+#include "fuzz/TransactSqlChecks.h"
 
 #include <cstdint>
 
