@@ -70,7 +70,7 @@ void SqliteStatement::Bind(int position, int64_t value) {
 void SqliteStatement::Bind(int position, std::string_view text) {
     if (text.find('\0') != std::string_view::npos)
         Raise(ErrorNumber::General, "SqliteStatement.Bind",
-              "A text with a NUL character cannot be stored or searched for.");
+              "A text with a NUL character can't be stored or searched for.");
     Check(sqlite3_bind_text64(m_statement.get(), position, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
                               SQLITE_UTF8),
           "SqliteStatement.Bind");

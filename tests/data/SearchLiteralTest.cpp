@@ -6,7 +6,6 @@
 #include "base/Error.h"
 #include "data/StorageLocationStatic.h"
 #include "database/SqliteEngine.h"
-#include "sql/tsql/TransactSqlRewriter.h"
 #include "tests/data/SearchDepartment.h"
 #include "tests/data/SearchLiteralText.h"
 #include "tests/support/DatabaseTest.h"
@@ -145,8 +144,7 @@ protected:
     // The rows that are to be found, each once.
     Texts Expected(const AskedSearch& asked) {
         if (!asked.location && asked.description.empty() && asked.number.empty() && asked.itemType == 0) return {};
-        const std::string text = sql::RewriteTransactSql(LiteralSearchText(asked)).at(0).text;
-        Texts rows = Sorted(m_database.QueryRows(text));
+        Texts rows = Sorted(m_database.QueryRows(LiteralSearchText(asked)));
         rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
         return rows;
     }
