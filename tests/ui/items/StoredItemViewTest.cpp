@@ -141,7 +141,7 @@ TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
 }
 
 TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
-    SetCommandRunner([](const std::string&) { Raise(5, "Runner", "There is no handler."); });
+    SetCommandRunner([](const std::string&) { Raise(ErrorNumber::General, "Runner", "There is no handler."); });
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
     EXPECT_EQ(m_screen.TakeMessages(),

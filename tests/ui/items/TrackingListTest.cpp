@@ -79,7 +79,7 @@ protected:
 
 TEST_F(TrackingListTest, RefusesNoRecords) {
     const Error error = RaisedBy([&] { m_list->SetRecords(nullptr); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Results cannot be Nothing");
     EXPECT_EQ(RaisedBy([&] { m_list->SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
 }

@@ -62,7 +62,7 @@ TEST_F(LocationPickerTest, IsEmptyAndFailsUntilLoaded) {
             operation();
             ADD_FAILURE() << "no error";
         } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), 5);
+            EXPECT_EQ(error.Number(), ErrorNumber::General);
             EXPECT_EQ(error.Description(), "locationField has not been loaded yet. Call LoadLocations first.");
         }
     };

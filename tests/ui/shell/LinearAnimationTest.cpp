@@ -102,7 +102,7 @@ TEST_F(LinearAnimationTest, ASecondStartGoesOnWithTheSameTimer) {
 
 TEST_F(LinearAnimationTest, WithoutATargetItDoesNotStart) {
     const Error error = testing::RaisedBy([this] { m_animation.Start({.Target = nullptr, .PropertyName = "Level"}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Source(), "LinearAnimation.Start");
     EXPECT_EQ(error.Description(), "Cannot animate with the given parameters -> Target is set to Nothing.");
     EXPECT_FALSE(m_animation.InProgress());
@@ -122,7 +122,7 @@ TEST_F(LinearAnimationTest, APropertyThatIsNotThereFails) {
     const Error error = testing::RaisedBy([this] {
         m_animation.Start({.Target = &m_lift, .PropertyName = "Depth", .FinalValue = 100, .Increment = 30});
     });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_NE(error.Description().find("\"Depth\""), std::string::npos);
 }
 

@@ -1,0 +1,184 @@
+#include "tests/ui/explorer/SearchResultListTest.h"
+
+#include "ui/common/ViewHelpers.h"
+
+#include <QMenu>
+#include <QTimer>
+
+namespace quellbrook::testing {
+namespace {
+
+TEST_F(SearchResultListTest, APixelOnARowsEdgeBelongsToNoRow) {
+    m_list->SetItems(MakeItems(3));
+    EXPECT_EQ(m_list->HitTestRow(ToTwips(300), ToTwips(99)), 0);
+    EXPECT_EQ(m_list->HitTestRow(ToTwips(300), ToTwips(100)), -1);
+    EXPECT_EQ(m_list->HitTestRow(ToTwips(300), ToTwips(101)), 1);
+    EXPECT_EQ(m_list->HitTestRow(0, ToTwips(50)), -1);
+    EXPECT_EQ(m_list->HitTestRow(Row(0).Right(), ToTwips(50)), -1);
+}
+
+TEST_F(SearchResultListTest, AClickSelectsAndOneBetweenRowsDoesNot) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    TrySetFocus(m_other);
+    Click(Container(), CentreOfRow(2));
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
+    EXPECT_TRUE(m_list->hasFocus());
+    EXPECT_EQ(HighlightedRow(), 2);
+    Click(Container(), QPoint(300, RowPixels));
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
+}
+
+TEST_F(SearchResultListTest, AClickOnAFieldCountsForItsRow) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    Click(Find<Label>(Row(1), "lblID"));
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+}
+
+TEST_F(SearchResultListTest, ARightClickSelectsTheRowBeforeTheMenuComes) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    StoredItemRef selected;
+    int raised = 0;
+    QObject::connect(m_list, &SearchResultList::ItemContextMenu, m_list, [&](QMenu*& menu, QAction*& defaultItem) {
+        ++raised;
+        EXPECT_EQ(menu, nullptr);
+        EXPECT_EQ(defaultItem, nullptr);
+        selected = m_list->SelectedItem();
+    });
+    RightClick(Container(), CentreOfRow(2));
+    EXPECT_EQ(raised, 1);
+    EXPECT_EQ(selected, items->ItemAt(2));
+    Click(Container(), CentreOfRow(1));
+    EXPECT_EQ(raised, 1);
+    RightClick(Container(), QPoint(300, RowPixels));
+    EXPECT_EQ(raised, 1);
+}
+
+TEST_F(SearchResultListTest, TheRowStaysHighlightedWhileItsMenuIsOpen) {
+    m_list->SetItems(MakeItems(3));
+    QMenu menu;
+    QAction* open = menu.addAction("Open");
+    QObject::connect(m_list, &SearchResultList::ItemContextMenu, m_list, [&](QMenu*& shown, QAction*& defaultItem) {
+        shown = &menu;
+        defaultItem = open;
+    });
+    int highlighted = -1;
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&] {
+        QTimer::singleShot(0, &menu, [&] {
+            highlighted = HighlightedRow();
+            EXPECT_EQ(menu.defaultAction(), open);
+            menu.close();
+        });
+    });
+    RightClick(Container(), CentreOfRow(1));
+    EXPECT_EQ(highlighted, 1);
+    EXPECT_EQ(HighlightedRow(), 1);
+}
+
+TEST_F(SearchResultListTest, WithoutTheFocusNoRowIsHighlightedButTheSelectionStays) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    Press(m_list, Qt::Key_Down);
+    TrySetFocus(m_other);
+    EXPECT_FALSE(m_list->hasFocus());
+    EXPECT_EQ(HighlightedRow(), -1);
+    m_list->setFocus();
+    EXPECT_EQ(HighlightedRow(), 1);
+    m_list->clearFocus();
+    EXPECT_EQ(HighlightedRow(), -1);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+}
+
+TEST_F(SearchResultListTest, AWindowInFrontDoesNotTakeTheHighlight) {
+    m_list->SetItems(MakeItems(3));
+    QWidget front;
+    QWidget field(&front);
+    field.setFocusPolicy(Qt::StrongFocus);
+    ShowActive(front);
+    field.setFocus();
+    EXPECT_FALSE(m_list->hasFocus());
+    EXPECT_EQ(HighlightedRow(), 0);
+    front.hide();
+    ShowActive(m_window);
+    EXPECT_EQ(HighlightedRow(), 0);
+}
+
+TEST_F(SearchResultListTest, DoubleClickAndBothEnterKeysAskToOpen) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    std::vector<StoredItemRef> opened;
+    QObject::connect(m_list, &SearchResultList::ItemOpenRequest, m_list,
+                     [&](const StoredItemRef& item) { opened.push_back(item); });
+    DoubleClick(Container(), CentreOfRow(2));
+    Press(m_list, Qt::Key_Return);
+    Press(m_list, Qt::Key_Enter, Qt::KeypadModifier);
+    DoubleClick(Container(), QPoint(300, RowPixels));
+    EXPECT_EQ(opened, std::vector<StoredItemRef>(3, items->ItemAt(2)));
+}
+
+TEST_F(SearchResultListTest, EnterInAnEmptyListAsksNothing) {
+    m_list->SetItems(MakeItems(0));
+    int raised = 0;
+    QObject::connect(m_list, &SearchResultList::ItemOpenRequest, m_list, [&](const StoredItemRef&) { ++raised; });
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_list, &enter);
+    EXPECT_EQ(raised, 0);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(SearchResultListTest, TheListIsOneStopInTheTabOrder) {
+    m_list->SetItems(MakeItems(9));
+    EXPECT_EQ(TabOrder(m_window), (std::vector<std::string>{"list", "other"}));
+    Press(m_list, Qt::Key_Tab);
+    EXPECT_FALSE(m_list->hasFocus());
+    EXPECT_EQ(HighlightedRow(), -1);
+}
+
+TEST_F(SearchResultListTest, ValidatingTheFirstRowRefusesLeftAndUpAndScrollsBack) {
+    m_list->SetItems(MakeItems(9));
+    Bar()->SetValue(2);
+    for (const int key : {37, 38}) {
+        Hold(key);
+        EXPECT_TRUE(m_list->ValidateRow(0));
+        EXPECT_FALSE(m_list->ValidateRow(1));
+        EXPECT_FALSE(m_list->ValidateRow(3));
+    }
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_TRUE(m_list->ValidateRow(0));
+    EXPECT_EQ(Bar()->Value(), 0);
+}
+
+TEST_F(SearchResultListTest, ValidatingTheLastRowRefusesRightAndDownAndScrollsOn) {
+    m_list->SetItems(MakeItems(6));
+    for (const int key : {39, 40}) {
+        Hold(key);
+        EXPECT_TRUE(m_list->ValidateRow(3));
+        EXPECT_FALSE(m_list->ValidateRow(0));
+    }
+    EXPECT_EQ(Bar()->Value(), 2);
+    EXPECT_TRUE(m_list->ValidateRow(3));
+    EXPECT_EQ(Bar()->Value(), 2);
+}
+
+TEST_F(SearchResultListTest, WithNoArrowDownTheFocusMayGo) {
+    m_list->SetItems(MakeItems(9));
+    SetKeyStateProbe([](int) { return false; });
+    EXPECT_FALSE(m_list->ValidateRow(0));
+    EXPECT_FALSE(m_list->ValidateRow(3));
+    EXPECT_EQ(Bar()->Value(), 0);
+}
+
+TEST_F(SearchResultListTest, TabIsRefusedWhileAnArrowWouldLeaveTheFirstRow) {
+    m_list->SetItems(MakeItems(9));
+    Hold(38);
+    Press(m_list, Qt::Key_Tab);
+    EXPECT_TRUE(m_list->hasFocus());
+    Hold(0);
+    Press(m_list, Qt::Key_Tab);
+    EXPECT_FALSE(m_list->hasFocus());
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,116 @@
+#include "tests/ui/explorer/SearchResultListTest.h"
+
+namespace quellbrook::testing {
+namespace {
+
+TEST_F(SearchResultListTest, ArrowKeysMoveTheSelection) {
+    auto items = MakeItems(3);
+    m_list->SetItems(items);
+    Press(m_list, Qt::Key_Down);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+    Press(m_list, Qt::Key_Right);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
+    Press(m_list, Qt::Key_Up);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+    Press(m_list, Qt::Key_Left, Qt::KeypadModifier);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
+    EXPECT_EQ(HighlightedRow(), 0);
+}
+
+TEST_F(SearchResultListTest, DownOnTheLastRowInViewScrollsByOne) {
+    auto items = MakeItems(9);
+    m_list->SetItems(items);
+    for (int i = 0; i < 4; ++i) Press(m_list, Qt::Key_Down);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(4));
+    EXPECT_EQ(Bar()->Value(), 1);
+    EXPECT_EQ(HighlightedRow(), 3);
+    ExpectRowsInOrder(*items);
+}
+
+TEST_F(SearchResultListTest, UpOnTheFirstRowInViewScrollsByOne) {
+    auto items = MakeItems(9);
+    m_list->SetItems(items);
+    for (int i = 0; i < 5; ++i) Press(m_list, Qt::Key_Down);
+    for (int i = 0; i < 4; ++i) Press(m_list, Qt::Key_Up);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+    EXPECT_EQ(Bar()->Value(), 1);
+    EXPECT_EQ(HighlightedRow(), 0);
+    ExpectRowsInOrder(*items);
+}
+
+TEST_F(SearchResultListTest, TheSelectionStaysOnTheEdges) {
+    auto items = MakeItems(2);
+    m_list->SetItems(items);
+    Press(m_list, Qt::Key_Up);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
+    for (int i = 0; i < 3; ++i) Press(m_list, Qt::Key_Down);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(SearchResultListTest, AClippedLastRowIsNudgedIntoViewAndTheFirstOneBack) {
+    SetHeightInRows(4.2);
+    m_list->SetItems(MakeItems(5));
+    EXPECT_EQ(Bar()->Max(), 0);
+    EXPECT_EQ(Container()->Height(), 5 * RowPixels * TwipsPerPixel);
+    for (int i = 0; i < 4; ++i) Press(m_list, Qt::Key_Down);
+    EXPECT_EQ(Container()->Top(), m_list->Height() - Container()->Height());
+    EXPECT_EQ(Bar()->Value(), 0);
+    Press(m_list, Qt::Key_Up);
+    EXPECT_EQ(Container()->Top(), m_list->Height() - Container()->Height());
+    for (int i = 0; i < 3; ++i) Press(m_list, Qt::Key_Up);
+    EXPECT_EQ(Container()->Top(), 0);
+}
+
+TEST_F(SearchResultListTest, ReturningToTheTopUndoesTheNudge) {
+    SetHeightInRows(4.2);
+    m_list->SetItems(MakeItems(9));
+    for (int i = 0; i < 5; ++i) Press(m_list, Qt::Key_Down);
+    EXPECT_LT(Container()->Top(), 0);
+    EXPECT_EQ(Bar()->Value(), 1);
+    Bar()->SetValue(0);
+    EXPECT_EQ(Container()->Top(), 0);
+}
+
+TEST_F(SearchResultListTest, ArrowsShowWhereTheListCanGo) {
+    m_list->SetItems(MakeItems(9));
+    EXPECT_EQ(Bar()->GetArrows(), FlatScrollBar::Down);
+    Bar()->SetValue(1);
+    EXPECT_EQ(Bar()->GetArrows(), FlatScrollBar::Both);
+    Bar()->SetValue(Bar()->Max());
+    EXPECT_EQ(Bar()->GetArrows(), FlatScrollBar::Up);
+    Bar()->SetValue(0);
+    EXPECT_EQ(Bar()->GetArrows(), FlatScrollBar::Down);
+}
+
+TEST_F(SearchResultListTest, TheListFollowsTheThumb) {
+    auto items = MakeItems(30);
+    m_list->SetItems(items);
+    Bar()->Bar()->setSliderDown(true);
+    for (const int position : {3, 4, 11, 26}) {
+        Bar()->Bar()->setSliderPosition(position);
+        EXPECT_EQ(Row(0).Item(), items->ItemAt(position));
+        ExpectRowsInOrder(*items);
+    }
+    EXPECT_EQ(Bar()->GetArrows(), FlatScrollBar::Up);
+    Bar()->Bar()->setSliderDown(false);
+}
+
+TEST_F(SearchResultListTest, BottomGoesToTheTop) {
+    m_list->SetItems(MakeItems(30));
+    Bar()->SetValue(7);
+    Bar()->Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
+    EXPECT_EQ(Bar()->Value(), 0);
+}
+
+TEST_F(SearchResultListTest, TheWheelScrolls) {
+    m_list->SetItems(MakeItems(30));
+    Turn(Container(), -120);
+    EXPECT_EQ(Bar()->Value(), QApplication::wheelScrollLines());
+    Turn(Container(), 120);
+    EXPECT_EQ(Bar()->Value(), 0);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,105 @@
+#include "tests/ui/items/CartViewTest.h"
+
+#include "ui/controls/GroupBox.h"
+
+#include <QTimer>
+
+namespace quellbrook::testing {
+namespace {
+
+TEST_F(CartViewTest, ADoubleClickOpensTheItem) {
+    BeginSignOut();
+    DoubleClick(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
+    EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
+    EXPECT_EQ(ToObject<StoredItem>(GetStores().View->ViewParameters()->Value("Item")), m_bar);
+}
+
+TEST_F(CartViewTest, TheMenuOffersOpenByDefaultWhichDoesNothing) {
+    BeginSignOut();
+    const auto* menu = Find<QMenu>(*m_view, "mnuItems");
+    EXPECT_EQ(menu->title(), "Items");
+    QStringList entries;
+    for (const QAction* entry : menu->actions()) entries += entry->isSeparator() ? "-" : entry->text();
+    EXPECT_EQ(entries, (QStringList{"Open", "-", "Remove from this batch"}));
+    EXPECT_TRUE(Entry("mnuGroup")->isSeparator());
+
+    bool opened = false;
+    QObject::connect(menu, &QMenu::aboutToShow, m_view, [&] {
+        QTimer::singleShot(0, m_view, [&] {
+            auto* shown = Find<QMenu>(*m_view, "mnuItems");
+            opened = shown->isVisible() && shown->defaultAction() == Entry("mnuOpen");
+            QTest::keyClick(shown, Qt::Key_Down);
+            QTest::keyClick(shown, Qt::Key_Return);
+        });
+    });
+    RightClick(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(List()->SelectedItem(), m_bar);
+    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(CartViewTest, RemovingAsksAndTakesTheItemOut) {
+    BeginSignOut();
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Entry("mnuRemove")->trigger();
+    EXPECT_EQ(m_screen.TakeMessages(),
+              (Messages{{"Do you want really want to remove the following property from the current evidence "
+                         "transfer?\r\n\r\n    \u2022 2026-0417-03 ('Laptop computer')",
+                         36, "Confirm Remove"}}));
+    EXPECT_FALSE(Cart()->IsItemInCart(m_laptop));
+    EXPECT_TRUE(Cart()->IsItemInCart(m_bar));
+    EXPECT_EQ(Text("lblItemCount"), " (1)");
+    EXPECT_EQ(List()->SelectedItem(), m_bar);
+    EXPECT_TRUE(IsOnShow());
+}
+
+TEST_F(CartViewTest, TheQuestionNamesAVehicle) {
+    const StoredItemRef car = AddVehicle("KTR4821", shelf);
+    Begin(TransactionType::SignOut, {car, m_bar});
+    m_screen.AnswerNext(MessageAnswer::No);
+    Entry("mnuRemove")->trigger();
+    EXPECT_EQ(
+        m_screen.TakeMessages().front().prompt.rfind("Do you want really want to remove the following vehicle from", 0),
+        0u);
+    EXPECT_TRUE(Cart()->IsItemInCart(car));
+}
+
+TEST_F(CartViewTest, AnyAnswerButYesKeepsTheItem) {
+    BeginSignOut();
+    for (const int32_t answer : {MessageAnswer::No, MessageAnswer::Cancel}) {
+        m_screen.AnswerNext(answer);
+        Entry("mnuRemove")->trigger();
+        EXPECT_EQ(Cart()->GetItems()->Count(), 2);
+    }
+}
+
+TEST_F(CartViewTest, RemovingTheLastItemEndsTheTransferAndGoesBack) {
+    Begin(TransactionType::SignOut, {m_laptop});
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Entry("mnuRemove")->trigger();
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages().front().title, "Confirm Remove");
+    EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
+    EXPECT_FALSE(IsOnShow());
+}
+
+TEST_F(CartViewTest, AnItemCanBeRemovedThroughTheMenuItself) {
+    BeginSignOut();
+    const auto* menu = Find<QMenu>(*m_view, "mnuItems");
+    QObject::connect(menu, &QMenu::aboutToShow, m_view, [&] {
+        QTimer::singleShot(0, m_view, [&] {
+            auto* shown = Find<QMenu>(*m_view, "mnuItems");
+            shown->setActiveAction(Entry("mnuRemove"));
+            QTest::keyClick(shown, Qt::Key_Return);
+        });
+    });
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    RightClick(List()->Rows()[1]->findChild<Label*>("lblID"));
+    ServeEvents();
+    EXPECT_FALSE(Cart()->IsItemInCart(m_bar));
+    EXPECT_EQ(List()->Rows().front()->Item(), m_laptop);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing
