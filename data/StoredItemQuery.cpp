@@ -54,7 +54,6 @@ int32_t ItemTypeOf(const StoredItemCriteria& criteria) {
 
 BoundQuery Bind(StoredItemCriteria& criteria) {
     const TaggedValue number = NumberOf(criteria);
-    const TaggedValue location = criteria.location ? TaggedValue(criteria.location->ID()) : TaggedValue(Null());
     criteria.itemType = ItemTypeOf(criteria);
     static PlannedQueries<SearchShape> queries(ComposeQuery);
     const ParameterizedQuery& query = queries.Get({.inLocation = criteria.location != nullptr,
@@ -66,7 +65,7 @@ BoundQuery Bind(StoredItemCriteria& criteria) {
                                                    .tagged = criteria.tagged,
                                                    .seesProperty = GetUser().Can(GetPermissions().VIEW_PROPERTY()),
                                                    .seesVehicles = GetUser().Can(GetPermissions().VIEW_VEHICLE())});
-    return {query.text, query.ValuesFor({location, number})};
+    return {query.text, query.ValuesFor({criteria.location ? criteria.location->ID() : 0, number})};
 }
 
 }  // namespace
