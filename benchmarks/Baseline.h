@@ -9,9 +9,8 @@
 
 namespace quellbrook::bench {
 
-// What somebody would write by hand for one job: the least text that brings the same rows, prepared once on a
-// connection of its own, the same file, schema, triggers and settings as the module's connection, rows read into plain
-// structs.
+// The same work written by hand: minimal SQL that returns the same rows, prepared once on a connection of its own with
+// the same file, schema and settings, and rows read into plain structs.
 class Baseline {
 public:
     explicit Baseline(const std::string& path);
@@ -28,7 +27,7 @@ public:
     };
     using Items = std::vector<std::unique_ptr<Item>>;
 
-    // The two halves of every query for items, with the thirteen columns; conditions on p, v, t and d follow.
+    // The two halves of every query for items, with thirteen columns. Append conditions on p, v, t and d.
     static const char* const PropertyColumns;
     static const char* const VehicleColumns;
     static const char* const VehicleDescription;
@@ -38,7 +37,7 @@ public:
     std::vector<int32_t> Integers(const std::string& sql);
     std::vector<std::string> Texts(const std::string& sql);
 
-    // Every row of a bound statement, its columns those above.
+    // All rows of a bound statement with these columns.
     static Items ReadItems(Statement& statement);
 
 private:

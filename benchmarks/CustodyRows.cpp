@@ -14,7 +14,7 @@ namespace {
 constexpr int32_t chainLength = 1000;
 constexpr size_t itemsOfARun = 100;
 
-// The first piece of property in storage, its chain made that long once.
+// The first piece of property in storage, after extending its chain to this length.
 int32_t ItemWithALongChain(Baseline& baseline) {
     const int32_t item =
         baseline.Integers("SELECT MIN(ItemNo) FROM CurrentPlace WHERE ItemType = 1 AND ItemNo > 1000").at(0);
@@ -83,7 +83,7 @@ void MeasureChain(Baseline& baseline, std::vector<Result>& results) {
 
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results) {
     constexpr int turns = 21;
-    // An item keeps what it has fetched, so every turn gets items of its own.
+    // An item caches what it has loaded, so every turn uses new items.
     std::vector<std::vector<StoredItemRef>> fresh;
     std::vector<int32_t> keys;
     for (int turn = 0; turn <= turns; ++turn) fresh.push_back(SomeItems(baseline, keys));

@@ -10,7 +10,7 @@ namespace quellbrook::bench {
 
 namespace {
 
-// The trigram index answers for property; a vehicle's description is put together anew for each row.
+// Property uses the trigram index. A vehicle's description is composed for each row.
 const std::string bestText =
     Baseline::PropertyColumns +
     std::string(

@@ -4,7 +4,7 @@
 
 namespace quellbrook::bench {
 
-// A database with nothing in it but `count` storage locations, ten to a container, five deep.
+// Creates a database with only `count` storage locations, ten to a container, five levels deep.
 void CreateLocationsOnly(const std::string& path, int count);
 
 }  // namespace quellbrook::bench

@@ -10,8 +10,7 @@ namespace quellbrook::bench {
 
 namespace {
 
-// What a user looks for by a number, and the least text that finds it: the property's half, the vehicle's half, or
-// both.
+// A search by a number, with the minimal conditions for property, for vehicles, or for both.
 struct Lookup {
     std::string name;
     NumberSearchTypes type;
@@ -56,7 +55,7 @@ std::string MinimalText(const Lookup& lookup) {
     return property + " UNION ALL " + vehicle;
 }
 
-// Only what a pattern takes as it stands can be compared with an equality.
+// Only a text without wildcards can be compared by equality.
 bool IsPlain(const std::string& value) { return !value.empty() && value.find('*') == std::string::npos; }
 
 }  // namespace

@@ -17,7 +17,7 @@ using namespace quellbrook;
 
 namespace {
 
-// Every right; the benchmark has no accounts.
+// Has every right, since the benchmark has no accounts.
 class EverybodySession : public HostSession {
 public:
     std::string Username() const override { return "bench"; }
@@ -57,7 +57,7 @@ void MeasureShellOn(const std::string& path, bool quick, std::vector<bench::Resu
     HostServices::Current().SetEngine(nullptr);
 }
 
-// What may take at most twice the time with ten times the items.
+// Lookups may take at most twice the time with ten times the items.
 void MeasureGrowth(const std::string& directory, std::vector<bench::Result>& results) {
     std::vector<bench::Result> few;
     const std::string path = Department(directory, quickSize);
@@ -77,7 +77,7 @@ void MeasureManyLocations(const std::string& directory, std::vector<bench::Resul
     MeasureIn(path, measure, results);
 }
 
-// A database file for one use: the kept departments stay as they were made.
+// A copy of a database file that is removed after use, so that the original stays unchanged.
 class Copy {
 public:
     explicit Copy(const std::string& path) : m_path(path + ".copy") {
@@ -135,7 +135,7 @@ int Run(bool quick, const std::string& directory, const std::string& only) {
     bench::WriteJson(results, directory + "/bench.json");
 
     for (const bench::Result& result : results)
-        if (!result.Holds()) return 1;
+        if (!result.IsWithinBar()) return 1;
     return 0;
 }
 

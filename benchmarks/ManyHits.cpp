@@ -30,7 +30,7 @@ double BytesInUse() {
 
 }  // namespace
 
-// Everything in storage that has a description.
+// Finds everything in storage that has a description.
 void MeasureManyHits(Baseline& baseline, std::vector<Result>& results) {
     Statement statement = baseline.Prepare(bareText);
     int count = 0;

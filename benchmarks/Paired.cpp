@@ -11,7 +11,7 @@ namespace quellbrook::bench {
 
 namespace {
 
-// Each operation is timed by itself, so that one that the machine interrupts does not weigh on the others.
+// Times each operation separately, so that an interrupted one does not affect the others.
 void Time(const std::function<void()>& operation, int batch, std::vector<double>& times) {
     for (int i = 0; i < batch; ++i) {
         const auto start = std::chrono::steady_clock::now();
@@ -50,8 +50,8 @@ double Measure(const std::function<void()>& operation, int turns, int batch) {
     return Median(times);
 }
 
-void Require(bool holds, const std::string& sentence) {
-    if (!holds) throw std::runtime_error(sentence);
+void Require(bool condition, const std::string& message) {
+    if (!condition) throw std::runtime_error(message);
 }
 
 void PrintTable(const std::vector<Result>& results) {
@@ -61,7 +61,7 @@ void PrintTable(const std::vector<Result>& results) {
         const std::string ratio = result.baseline ? fmt::format("{:.2f}", result.Ratio()) : "";
         fmt::print("{:<58} {:>8} {:>12} {:>12} {:>7} {:>7}  {}\n", result.name, result.n,
                    fmt::format("{:.1f} {}", result.ours, result.unit), baseline, ratio, result.bar,
-                   result.Holds() ? "yes" : "NO");
+                   result.IsWithinBar() ? "yes" : "NO");
     }
 }
 
@@ -76,7 +76,7 @@ void WriteJson(const std::vector<Result>& results, const std::string& path) {
                     "\"ratio\": {}, \"bar\": {}, \"holds\": {}}}",
                     result.name, result.n, result.unit, result.ours,
                     result.baseline ? fmt::format("{:.3f}", *result.baseline) : "null",
-                    result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar, result.Holds());
+                    result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar, result.IsWithinBar());
     }
     file << "\n]}\n";
 }

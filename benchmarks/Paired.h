@@ -13,15 +13,15 @@ struct Result {
     int n = 1;  // items, rows or locations in one operation
     std::string unit;
     double ours = 0;
-    std::optional<double> baseline;  // none for an absolute bar
-    double bar = 0;                  // of ours / baseline, or of ours itself
+    std::optional<double> baseline;  // absent for an absolute bar
+    double bar = 0;                  // upper bound of ours / baseline, or of ours
 
     double Ratio() const { return baseline ? ours / *baseline : 0; }
-    bool Holds() const { return baseline ? Ratio() <= bar : ours <= bar; }
+    bool IsWithinBar() const { return baseline ? Ratio() <= bar : ours <= bar; }
 };
 
-// Runs both by turns, so that whatever else the machine does meets both alike, each turn `batch` operations long, and
-// gives the medians of the operations in microseconds.
+// Runs both in turns of `batch` operations, so that other load on the machine affects both alike. Returns the medians
+// of one operation in microseconds.
 struct PairedTimes {
     double ours;
     double baseline;
@@ -29,8 +29,8 @@ struct PairedTimes {
 PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns, int batch);
 double Measure(const std::function<void()>& operation, int turns, int batch);
 
-// Stops the run with the sentence, so that no row compares two different things.
-void Require(bool holds, const std::string& sentence);
+// Stops the run with the message unless the condition is met, so that no row compares different results.
+void Require(bool condition, const std::string& message);
 
 void PrintTable(const std::vector<Result>& results);
 void WriteJson(const std::vector<Result>& results, const std::string& path);

@@ -8,7 +8,7 @@
 
 namespace quellbrook::bench {
 
-// The rows of the table, each beside what it is measured against. The department is installed in HostServices.
+// Each function appends its rows of the table. The department must be installed in HostServices.
 void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results);
 void MeasureLookups(Baseline& baseline, std::vector<Result>& results);
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results);
@@ -17,14 +17,14 @@ void MeasureManyHits(Baseline& baseline, std::vector<Result>& results);
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results);
 void MeasureChain(Baseline& baseline, std::vector<Result>& results);
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
-// The component's own, not the department's: whether dialogs and views keep their pace and leave nothing behind.
+// Whether dialogs and views stay fast and free their memory.
 void MeasureShell(bool quick, std::vector<Result>& results);
-// What an event that is no key pays for the hook on the keys. Needs the application, and no hook in place.
+// What the keyboard hook costs for an event that is not a key. Needs an application without a hook.
 void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
 
-// `count` of the values, spread over all of them.
+// Selects `count` values, spread over all of them.
 template <typename Value>
 std::vector<Value> Spread(const std::vector<Value>& values, size_t count) {
     std::vector<Value> spread;

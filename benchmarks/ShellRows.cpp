@@ -27,7 +27,7 @@ constexpr int dialogs = 1000, switches = 10'000, share = 100;
 constexpr int fewSwitches = 2000;  // in a quick run
 constexpr double pace = 1.2, bytesLeft = 16;
 
-// The widgets' screen; what the shell says of too many moves of the focus is answered as it comes.
+// Answers messages of the shell immediately.
 class AnsweringScreen : public WidgetScreen {
 public:
     int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) override {
@@ -65,8 +65,8 @@ double MicrosecondsOf(const std::function<void()>& operation) {
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Work that is always the same: the toolkit paints a text many times. What it takes tells how fast the machine is just
-// then, which on a shared machine changes by a factor of two between the first operations and the last.
+// Constant work: Qt paints a text many times. Its time shows the current speed of the machine, which on a shared
+// machine changes by a factor of two between the first operations and the last.
 void PaintYardstick() {
     static QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
@@ -74,7 +74,7 @@ void PaintYardstick() {
         painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
 }
 
-// Times of a hundred operations, and of the yardstick laid beside each.
+// Times of a hundred operations, and of the constant work next to each.
 struct Pace {
     std::vector<double> operations, yardsticks;
     double Typical() const { return Median(operations); }
@@ -90,8 +90,8 @@ Pace MeasureHundred(const std::function<void()>& operation) {
     return measured;
 }
 
-// The last hundred of so many operations, at the machine's speed of the first hundred, beside these; and what each of
-// the second half has left behind: by then the toolkit's caches are full.
+// Compares the last hundred operations, scaled to the machine's speed during the first hundred, with these; and
+// measures the memory that each operation of the second half leaves, when Qt's caches are full.
 void MeasurePace(const char* name, int count, const std::function<void()>& operation, std::vector<Result>& results) {
     for (int i = 0; i < share; ++i) operation();
     const Pace first = MeasureHundred(operation);

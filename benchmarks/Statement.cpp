@@ -18,13 +18,13 @@ Statement::Statement(sqlite3* database, const std::string& sql) {
     m_handle.reset(handle);
 }
 
-Statement& Statement::Bind(int place, int32_t number) {
-    Check(sqlite3_bind_int(m_handle.get(), place, number), sqlite3_db_handle(m_handle.get()));
+Statement& Statement::Bind(int position, int32_t number) {
+    Check(sqlite3_bind_int(m_handle.get(), position, number), sqlite3_db_handle(m_handle.get()));
     return *this;
 }
 
-Statement& Statement::Bind(int place, const std::string& text) {
-    Check(sqlite3_bind_text(m_handle.get(), place, text.data(), static_cast<int>(text.size()), SQLITE_STATIC),
+Statement& Statement::Bind(int position, const std::string& text) {
+    Check(sqlite3_bind_text(m_handle.get(), position, text.data(), static_cast<int>(text.size()), SQLITE_STATIC),
           sqlite3_db_handle(m_handle.get()));
     return *this;
 }

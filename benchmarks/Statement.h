@@ -8,15 +8,14 @@
 
 namespace quellbrook::bench {
 
-// A statement prepared once, as somebody would keep it who writes one by hand. Fails with std::runtime_error and the
-// database's words.
+// A prepared statement of the baseline. Throws std::runtime_error with the database's message.
 class Statement {
 public:
     Statement(sqlite3* database, const std::string& sql);
 
-    Statement& Bind(int place, int32_t number);
-    Statement& Bind(int place, const std::string& text);  // not copied: keep it until the last Step
-    // True with a row on hand; false at the end, after which it can be bound and run again.
+    Statement& Bind(int position, int32_t number);
+    Statement& Bind(int position, const std::string& text);  // not copied: keep it until the last Step
+    // True if there is a row; false at the end. Then the statement can be bound and run again.
     bool Step();
 
     bool IsNull(int column) const { return sqlite3_column_type(m_handle.get(), column) == SQLITE_NULL; }

@@ -34,13 +34,13 @@ struct Batch {
 
 constexpr int batchesInTurn = 8;
 
-// Items in a place, with a chain as short as most have.
+// Items at a location, with a short chain like most.
 std::vector<int32_t> ItemsWithShortChains(Baseline& baseline, const std::string& kind, const std::string& itemType) {
     return baseline.Integers("SELECT ItemNo FROM CurrentPlace INNER JOIN " + kind + " ON " + kind +
                              "No = ItemNo WHERE ItemType = " + itemType + " AND CurrTrackSeq <= 30 ORDER BY ItemNo");
 }
 
-// Nine in ten are property, spread over the whole department.
+// Nine in ten are property, spread over the department.
 Batch MakeBatch(Baseline& baseline, int count, int offset) {
     const auto properties = ItemsWithShortChains(baseline, "Property", "1");
     const auto vehicles = ItemsWithShortChains(baseline, "Vehicle", "2");
@@ -56,7 +56,7 @@ Batch MakeBatch(Baseline& baseline, int count, int offset) {
     return batch;
 }
 
-// One kind's two statements: the custody row, and the item's pointer to it.
+// The two statements of one item type: the custody row, and the item's pointer to it.
 struct KindStatements {
     KindStatements(Baseline& baseline, const std::string& kind)
         : insert(baseline.Prepare(
@@ -69,7 +69,7 @@ struct KindStatements {
     Statement update;
 };
 
-// The same transfer in one transaction, two statements an item.
+// The same transfer in one transaction, with two statements per item.
 class HandWritten {
 public:
     explicit HandWritten(Baseline& baseline)

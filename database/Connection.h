@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// What the column of a table holds, as its declaration says.
+// The type of a column, by its declaration.
 enum class ColumnKind { Text, WholeNumber, Number, Boolean, Date };
 
 struct ColumnDescription {
@@ -18,9 +18,9 @@ struct ColumnDescription {
     ColumnKind kind;
 };
 
-// One connection to a database. Statements are Transact-SQL as the system writes them; an engine that does not speak it
-// translates by itself. Every failure is an Error with the database's description and its own number, but
-// ErrorNumber::IntegrityViolation for any violated unique or foreign key constraint.
+// One connection to a database. Statements are Transact-SQL, which other engines rewrite. Every failure raises an Error
+// with the database's description and number. Any violated unique or foreign key constraint has the number
+// ErrorNumber::IntegrityViolation.
 class Connection {
 public:
     virtual ~Connection() = default;
@@ -30,27 +30,27 @@ public:
     virtual void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
                        const RowReceiver& receiver) = 0;
 
-    // Runs a statement text that returns nothing, with one value for each "?" in order.
+    // Runs statements that return no rows, with one value for each "?" in order.
     virtual void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) = 0;
 
-    // The columns of a table, in its own order.
+    // The columns of a table, in their order.
     virtual std::vector<ColumnDescription> DescribeTable(const std::string& table) = 0;
 
-    // The identity that the last insert of this connection was given.
+    // The key that the database assigned to the last row inserted through this connection.
     virtual int32_t LastIdentity() = 0;
 
-    // A write transaction. Rollback never fails; a failed Commit leaves a transaction that must be rolled back.
+    // A write transaction. After a failed Commit the transaction must be rolled back.
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() noexcept = 0;
 
-    // Whether the connection can still be used by somebody else after what it went through.
+    // Whether the connection can be used again.
     virtual bool IsHealthy() = 0;
-    // Drops what the last user may have left: an open transaction, temporary tables.
+    // Rolls back an open transaction and drops temporary tables.
     virtual void Reset() = 0;
 };
 
-// A database that connections can be opened to.
+// Opens connections to one database.
 class Engine {
 public:
     virtual ~Engine() = default;

@@ -4,7 +4,7 @@ namespace quellbrook {
 
 namespace {
 
-// One for the caller, one for what it asks while it walks through a result.
+// One for the caller, and one for its queries while it reads a result.
 constexpr size_t idleLimit = 2;
 
 }  // namespace
@@ -32,7 +32,7 @@ void ConnectionPool::Return(std::unique_ptr<Connection> connection) noexcept {
         connection->Reset();
         if (m_idle.size() < idleLimit) m_idle.push_back(std::move(connection));
     } catch (...) {
-        // What can't be reset is closed.
+        // A connection that cannot be reset is closed.
     }
 }
 

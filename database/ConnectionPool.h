@@ -7,8 +7,8 @@
 
 namespace quellbrook {
 
-// Lends healthy connections of one engine. Never keeps a transaction, a lock or a temporary table over a call: what
-// comes back is reset, what can't be reset is closed. One thread.
+// Keeps idle connections of one engine for reuse. A returned connection is reset, or closed where that fails, so that
+// no transaction, lock or temporary table outlives a lease. Not thread-safe.
 class ConnectionPool {
 public:
     explicit ConnectionPool(std::shared_ptr<Engine> engine);

@@ -10,12 +10,12 @@ namespace quellbrook {
 // A department database in one SQLite file.
 class SqliteEngine : public Engine {
 public:
-    // How long a statement waits for a lock that somebody else holds.
+    // How long a statement waits for a lock of another connection.
     static constexpr int BusyMilliseconds = 5000;
 
-    // An existing database of ours. Error 5 with a sentence for a file that is absent, not a database, another
-    // program's, newer than this program, unfinished, damaged, write-protected or locked; such a file is not changed.
-    // A file of up to 64 MiB is searched for damage as a whole; of a larger one only what is read at opening.
+    // Opens an existing database of this program. Raises ErrorNumber::General with a message for the user if the file
+    // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or
+    // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
 
     std::unique_ptr<Connection> Open() override;

@@ -42,7 +42,7 @@ void RaiseOpenFailure(const std::string& path, int code, std::string_view words)
             sentence = "There is no database '" + path + "'.";
             break;
         }
-        sentence = "The database '" + path + "' or the folder that it is in is write-protected.";
+        sentence = "The database '" + path + "' or its folder is write-protected.";
         break;
     default: sentence = "The database '" + path + "' can't be opened: " + std::string(words) + ".";
     }

@@ -7,14 +7,15 @@ struct sqlite3;
 
 namespace quellbrook {
 
-// The one place where SQLite's codes become Errors: IntegrityViolation for a violated unique or foreign key constraint,
-// SQLite's own extended code for everything else, SQLite's words as description (a trigger's sentence as it stands).
+// Raises the last failure of SQLite, with its message. The number is ErrorNumber::IntegrityViolation for a violated
+// unique or foreign key constraint, otherwise SQLite's extended code.
 [[noreturn]] void RaiseSqliteError(sqlite3* database, std::string_view source);
 
-// Why a database could not be opened, as Error 5 with a sentence. The code is an extended one.
+// Raises ErrorNumber::General with a message that explains why a database could not be opened. The code is an extended
+// one.
 [[noreturn]] void RaiseOpenFailure(const std::string& path, int code, std::string_view words);
 
-// False after a failure that the connection may not have survived.
+// False after a failure that may have broken the connection.
 bool IsUsableAfterLastCall(sqlite3* database);
 
 }  // namespace quellbrook

@@ -27,7 +27,7 @@ const char* const requiredTables[] = {"StorageLocation",  "Property",        "Ve
 [[noreturn]] void Refuse(const std::string& sentence) { Raise(ErrorNumber::General, "SqliteEngine.Open", sentence); }
 
 [[noreturn]] void RefuseNewer(const std::string& path) {
-    Refuse("The database '" + path + "' was made by a newer version of this program.");
+    Refuse("The database '" + path + "' was created by a newer version of this program.");
 }
 
 using Header = std::array<unsigned char, 100>;
@@ -38,8 +38,8 @@ int32_t NumberAt(const Header& header, size_t offset) {
     return static_cast<int32_t>(number);
 }
 
-// Read through SQLite's own file handle: closing another one would take the locks from every connection that this
-// process has to the file.
+// Reads through SQLite's own file handle. Closing another handle would release the locks of every connection of this
+// process to the file.
 Header ReadHeader(const std::string& path) {
     try {
         const SQLite::Database database(path, SQLite::OPEN_READONLY);
@@ -70,7 +70,7 @@ void CheckHeader(const std::string& path) {
 void CheckVersion(SQLite::Database& database, const std::string& path) {
     const int version = database.execAndGet("PRAGMA user_version").getInt();
     if (version > SchemaVersion) RefuseNewer(path);
-    if (version < SchemaVersion) Refuse("The database '" + path + "' is not finished. Create it anew.");
+    if (version < SchemaVersion) Refuse("The database '" + path + "' was not completed. Create it again.");
 }
 
 void CheckTables(SQLite::Database& database, const std::string& path) {
@@ -86,7 +86,7 @@ void CheckPages(SQLite::Database& database, const std::string& path) {
     if (answer != "ok") RaiseOpenFailure(path, SQLITE_CORRUPT, answer);
 }
 
-// A checkpoint when the last connection closes would write to the file.
+// A checkpoint at the close of the last connection would write to the file.
 void AllowCheckpoint(SQLite::Database& database, bool allowed) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, allowed ? 0 : 1, nullptr);
 }

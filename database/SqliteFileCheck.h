@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// Fails with Error 5 and a sentence unless the file is a whole database of ours that this program can read and write.
-// Changes no byte of it.
+// Raises ErrorNumber::General with a message for the user unless the file is a complete database of this program that
+// can be read and written. Does not change the file.
 void CheckSqliteFile(const std::string& path, int busyMilliseconds);
 
 }  // namespace quellbrook

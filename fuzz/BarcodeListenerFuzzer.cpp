@@ -1,5 +1,5 @@
-// Any sequence of key messages, firings and passing of time leaves the listener where its model is: what passes, what
-// is buffered, how many scans wait, and what is raised.
+// For any sequence of key messages, timer events and delays, the listener behaves like its model: the messages that
+// pass, the buffer, the number of waiting scans, and the events.
 
 #include "base/Clock.h"
 #include "base/MessageHook.h"
@@ -41,7 +41,7 @@ public:
     Play(const uint8_t* data, size_t size) : m_data(data), m_size(size) {
         SetClock(&m_clock);
         m_listener.BarcodeScanned.connect([this](int32_t type, const std::string& number) {
-            Check(!m_raised, "A firing raised two scans", number);
+            Check(!m_raised, "One timer event raised two scans", number);
             m_raised = {type, number};
         });
         m_listener.Shown();
@@ -77,7 +77,7 @@ private:
         const bool expected = m_model.OnMessage(message, m_isListening, seconds);
         hook->OnMessage(message);
         const bool passed = message.number != KeyMessageNumber::Cancelled;
-        Check(passed == expected, "A message went the wrong way", m_listener.Buffer());
+        Check(passed == expected, "The wrong message passed", m_listener.Buffer());
         CompareBooks();
     }
 
@@ -87,13 +87,13 @@ private:
         m_raised.reset();
         const auto expected = m_model.OnFiring(m_isActive);
         timer->Elapsed();
-        Check(m_raised == expected, "A firing raised something else", m_raised ? m_raised->second : "nothing");
+        Check(m_raised == expected, "A timer event raised another scan", m_raised ? m_raised->second : "nothing");
         CompareBooks();
     }
 
     void CompareBooks() const {
-        Check(m_listener.Buffer() == m_model.Buffer(), "The buffer holds something else", m_listener.Buffer());
-        Check(m_listener.Waiting() == m_model.Waiting(), "Another number of scans waits", m_listener.Buffer());
+        Check(m_listener.Buffer() == m_model.Buffer(), "The buffer differs", m_listener.Buffer());
+        Check(m_listener.Waiting() == m_model.Waiting(), "The number of waiting scans differs", m_listener.Buffer());
     }
 
     const uint8_t* m_data;

@@ -1,5 +1,5 @@
-// Any text gives nothing, or a moment of a day that exists, whose own text is of the fixed form and gives the same
-// moment. Moments and their texts sort alike. The first byte is where a second text begins.
+// Any text is refused, or is a time on an existing day; its text has the fixed format and parses to the same time.
+// Times and their texts sort alike. The first byte is the position of a second text.
 
 #include "base/DateTime.h"
 #include "fuzz/Fail.h"
@@ -20,14 +20,14 @@ std::optional<DateTime> Read(const std::string& text) {
     Check(own.size() == 23 && own[4] == '-' && own[7] == '-' && own[10] == 'T' && own[13] == ':' && own[16] == ':' &&
               own[19] == '.' && own.find_first_not_of("0123456789-T:.") == std::string::npos,
           "The text has another form", own);
-    Check(DateTime::Parse(own) == moment, "The text gives another moment", own);
-    Check(DateTime::FromParts(moment->ToParts()) == *moment, "The parts give another moment", own);
+    Check(DateTime::Parse(own) == moment, "The text parses to another time", own);
+    Check(DateTime::FromParts(moment->ToParts()) == *moment, "The parts are another time", own);
     const size_t kept = std::min<size_t>(text.size(), 10);
     Check(own.compare(0, kept, text, 0, kept) == 0, "Another day was read", text);
     return moment;
 }
 
-// Bytes as the characters of a moment, so that moments are found soon.
+// Maps bytes to the characters of a time, so that valid times occur soon.
 std::string AsMomentText(const uint8_t* data, size_t size) {
     constexpr const char* form = "0000-00-00T00:00:00.000";
     std::string text;
@@ -48,6 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const auto first = Read(AsMomentText(data + 1, middle - 1));
     const auto second = Read(AsMomentText(data + middle, size - middle));
     if (first && second)
-        Check((*first < *second) == (first->ToText() < second->ToText()), "Texts sort in another way", first->ToText());
+        Check((*first < *second) == (first->ToText() < second->ToText()), "Texts sort differently", first->ToText());
     return 0;
 }

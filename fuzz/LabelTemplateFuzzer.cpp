@@ -1,5 +1,5 @@
-// Any text is refused as a label template with a short sentence, or filling it gives a label of a size that labels
-// have, whose fields stand on it and have gone from its drawing.
+// Any text is refused as a label template with a short message, or results in a label with a valid size, whose fields
+// lie within it and are removed from its drawing.
 
 #include "base/Error.h"
 #include "fuzz/Fail.h"
@@ -18,11 +18,11 @@ const LabelTemplate::Fields fields = {{"barcode", "\x02P0000000012\x03"}, {"name
 void CheckPlace(const LabelPlace& place, const FilledLabel& label, const std::string& text) {
     constexpr double slack = 0.11;
     const LabelBox& box = place.box;
-    Check(place.quarterTurns >= 0 && place.quarterTurns <= 3, "It is turned by no quarters", text);
+    Check(place.quarterTurns >= 0 && place.quarterTurns <= 3, "The rotation is not a quarter turn", text);
     Check(box.width > 0 && box.height > 0, "A field has no size", text);
-    Check(box.left >= -slack && box.top >= -slack, "A field stands outside", text);
-    Check(box.left + box.width <= label.width + slack, "A field stands outside", text);
-    Check(box.top + box.height <= label.height + slack, "A field stands outside", text);
+    Check(box.left >= -slack && box.top >= -slack, "A field lies outside of the label", text);
+    Check(box.left + box.width <= label.width + slack, "A field lies outside of the label", text);
+    Check(box.top + box.height <= label.height + slack, "A field lies outside of the label", text);
 }
 
 bool HasField(const pugi::xml_node& element) {
@@ -38,9 +38,9 @@ bool HasField(const pugi::xml_node& element) {
 void Read(const std::string& text) {
     try {
         const FilledLabel label = LabelTemplate(text).Fill(fields);
-        Check(label.width >= 5 && label.width <= 1000, "The width is no label's", text);
-        Check(label.height >= 5 && label.height <= 1000, "The height is no label's", text);
-        Check(label.texts.size() + label.barcodes.size() >= 1, "Nothing was filled", text);
+        Check(label.width >= 5 && label.width <= 1000, "The width is out of range", text);
+        Check(label.height >= 5 && label.height <= 1000, "The height is out of range", text);
+        Check(label.texts.size() + label.barcodes.size() >= 1, "No field was filled", text);
         for (const LabelText& field : label.texts) CheckPlace(field.place, label, text);
         for (const LabelBarcode& field : label.barcodes) CheckPlace(field.place, label, text);
         for (const LabelText& field : label.texts)
@@ -50,11 +50,11 @@ void Read(const std::string& text) {
         Check(!HasField(drawing.document_element()), "A field is left in the drawing", text);
     } catch (const Error& error) {
         Check(error.Number() == ErrorNumber::General, "Refused with another number", text);
-        Check(!error.Description().empty() && error.Description().size() < 300, "The sentence can't be shown", text);
+        Check(!error.Description().empty() && error.Description().size() < 300, "The message cannot be shown", text);
     }
 }
 
-// Parts of drawings in any order, with bytes of the input between them, so that labels are found soon.
+// Parts of drawings in any order, with bytes of the input between them, so that valid labels occur soon.
 std::string AsDrawing(const uint8_t* data, size_t size) {
     static const char* const parts[] = {"<text id='name' x='5' y='9' font-size='4'>",
                                         "</text>",

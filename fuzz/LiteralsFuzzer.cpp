@@ -1,6 +1,5 @@
-// Any bytes as a literal read back as they were. A text of characters, as a pattern, matches itself, and with anything
-// in place of its asterisks; without them it matches what equals it by the columns' collation. NUL is refused. SQLite
-// is the judge.
+// SQLite reads the bytes of any literal back unchanged. A pattern matches its own text, with any text instead of its
+// asterisks. Without asterisks it matches exactly what is equal by the columns' collation. NUL is refused.
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -48,7 +47,7 @@ bool IsRefused(Operation operation) {
     return false;
 }
 
-// Each byte as a character of UTF-8, of one, two or four bytes.
+// Maps each byte to a UTF-8 character of one, two or four bytes.
 std::string AsCharacters(const uint8_t* data, size_t size) {
     std::string text;
     for (size_t i = 0; i < size; ++i) {
@@ -96,8 +95,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     const Dialect dialect;
     const bool hasNul = text.find('\0') != std::string::npos;
-    Check(IsRefused([&] { sql::TextLiteral(text, dialect); }) == hasNul, "NUL is taken, or no NUL refused", text);
-    Check(IsRefused([&] { sql::LikeLiteral(text, dialect); }) == hasNul, "NUL is taken, or no NUL refused", text);
+    Check(IsRefused([&] { sql::TextLiteral(text, dialect); }) == hasNul, "NUL is accepted, or another text refused",
+          text);
+    Check(IsRefused([&] { sql::LikeLiteral(text, dialect); }) == hasNul, "NUL is accepted, or another text refused",
+          text);
     if (hasNul) return 0;
     Check(Answer("SELECT " + sql::TextLiteral(text, dialect)).Text() == text, "Another text is read back", text);
     const std::string characters = AsCharacters(data, size);

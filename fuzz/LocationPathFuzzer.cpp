@@ -1,5 +1,5 @@
-// Any text is refused with an Error, or it is exactly the text of the path that it gives. Two texts of paths keep what
-// the database's LIKE and REPLACE build on. The first byte is where the second text begins.
+// Any text is refused with an Error, or is exactly the text of its path. Two paths have the properties that LIKE and
+// REPLACE in the database rely on. The first byte is the position of the second text.
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -19,8 +19,8 @@ namespace {
 std::optional<LocationPath> Read(const std::string& text) {
     try {
         const LocationPath path = LocationPath().Parse(text);
-        Check(path.ToText() == text, "Another text came back", text);
-        Check(path.Append(7).ToText().starts_with(text), "An extension begins in another way", text);
+        Check(path.ToText() == text, "The text of the path differs", text);
+        Check(path.Append(7).ToText().starts_with(text), "An extension begins differently", text);
         return path;
     } catch (const Error& error) {
         Check(error.Number() == ErrorNumber::General, "Refused with another number", text);
@@ -28,7 +28,7 @@ std::optional<LocationPath> Read(const std::string& text) {
     }
 }
 
-// As in a department: from the sentinel down, which stands nowhere else.
+// As in a department: begins with the sentinel, which occurs nowhere else.
 bool IsUsual(const LocationPath& path) {
     const auto& ids = path.Ids();
     return !ids.empty() && ids[0] == 0 && std::count(ids.begin(), ids.end(), 0) == 1;
@@ -38,7 +38,7 @@ void CheckPair(const LocationPath& p, const LocationPath& q) {
     const bool isExtension =
         p.Ids().size() <= q.Ids().size() && std::equal(p.Ids().begin(), p.Ids().end(), q.Ids().begin());
     const std::string text = p.ToText(), other = q.ToText();
-    Check(other.starts_with(text) == isExtension, "The text begins another than its extensions", text + " " + other);
+    Check(other.starts_with(text) == isExtension, "The text is a prefix of another path", text + " " + other);
     if (!IsUsual(p) || !IsUsual(q)) return;
     const std::string moved = Replace(other, text, "/0/77/");
     std::string expected = other;
@@ -50,7 +50,7 @@ void CheckPair(const LocationPath& p, const LocationPath& q) {
     Check(moved == expected, "REPLACE changes something else", text + " " + other);
 }
 
-// Bytes as digits and slashes, so that paths are found soon.
+// Maps bytes to digits and slashes, so that valid paths occur soon.
 std::string AsPathText(const uint8_t* data, size_t size) {
     std::string text;
     for (size_t i = 0; i < size; ++i) text += "0123456789//-0/5"[data[i] % 16];

@@ -1,6 +1,5 @@
-// Any text is refused with an Error that quotes it in a short printable sentence, or it is an address: its own text is
-// no longer than the longest, says the same, and differs from the text read in the case of letters and one slash at
-// most.
+// Any text is refused with a short printable message that quotes it, or is an address. The text of the address is
+// within the length limit, parses to the same address, and differs from the input only in case and a trailing slash.
 
 #include "app/records/RecordAddress.h"
 #include "base/Error.h"
@@ -25,18 +24,18 @@ void Read(const std::string& text) {
         const RecordAddress address = ParseRecordAddress(text);
         const std::string own = address.ToText();
         Check(address.number >= 1, "The number is out of its range", text);
-        Check(text.size() <= LongestRecordAddress, "It is longer than the longest", text);
-        Check(ParseRecordAddress(own) == address, "The own text says something else", own);
-        Check(EqualsNoCase(text, own) || EqualsNoCase(text, own + "/"), "Something else was read", text);
+        Check(text.size() <= LongestRecordAddress, "The text is too long", text);
+        Check(ParseRecordAddress(own) == address, "The text of the address parses differently", own);
+        Check(EqualsNoCase(text, own) || EqualsNoCase(text, own + "/"), "Another address was read", text);
         Check(HasRecordScheme(text), "It does not begin with the scheme", text);
     } catch (const Error& error) {
         Check(error.Number() == ErrorNumber::General, "Refused with another number", text);
         const std::string& sentence = error.Description();
-        Check(sentence.size() < 300 && IsPrintable(sentence), "The sentence can't be shown", text);
+        Check(sentence.size() < 300 && IsPrintable(sentence), "The message cannot be shown", text);
     }
 }
 
-// Parts of addresses in any order, with bytes of the input between them, so that addresses are found soon.
+// Parts of addresses in any order, with bytes of the input between them, so that valid addresses occur soon.
 std::string AsAddressText(const uint8_t* data, size_t size) {
     static const std::string parts[] = {"tessarine://", "TESSARINE://", "miproperty", "mivehicle", "/open/", "/", "1",
                                         "2147483647",   "2147483648",   "0",          "42",        "%34"};

@@ -1,5 +1,5 @@
-// Whatever a scanner types: the reading shows every key and nothing that can't be seen, there is at least one sentence,
-// a barcode as it should be is known to be one, and whatever the program would understand is understood so.
+// For any keys, the reading shows each of them in printable characters and there is at least one sentence. A valid
+// barcode is recognized, and the meaning is the same as the program's.
 
 #include "app/scanner/ScanDiagnosis.h"
 #include "base/Error.h"
@@ -20,7 +20,7 @@ using Keys = std::vector<ScannedKey>;
 
 constexpr char32_t Stx = 2, Etx = 3;
 
-// What the program takes of it: the text between an STX and the first ETX behind, a later STX beginning anew.
+// The scan that the program reads: the text between an STX and the next ETX. A later STX starts again.
 std::string FirstScan(const Keys& keys) {
     std::string text;
     bool isScanning = false;
@@ -60,21 +60,21 @@ void Read(const Keys& keys) {
     const ScanDiagnosis diagnosis = DiagnoseScan(keys);
     const std::string& reading = diagnosis.reading;
     Check(reading == ReadingOf(keys) && reading.size() >= keys.size(), "A key is missing", reading);
-    Check(IsShown(reading), "The reading can't be shown", reading);
+    Check(IsShown(reading), "The reading cannot be shown", reading);
     Check(!diagnosis.sentences.empty(), "There is no sentence", reading);
     for (const std::string& sentence : diagnosis.sentences)
-        Check(!sentence.empty() && IsShown(sentence) && sentence.back() == '.', "A sentence can't be shown", sentence);
+        Check(!sentence.empty() && IsShown(sentence) && sentence.back() == '.', "A sentence cannot be shown", sentence);
     if (diagnosis.verdict == ScanVerdict::TypedByHand)
         Check(keys.size() < 4 && diagnosis.meaning.empty(), "A scan is taken for typing", reading);
     else
         Check(diagnosis.meaning == ExpectedMeaning(FirstScan(keys)), "Understood as something else", reading);
     const bool works = diagnosis.verdict == ScanVerdict::AsItShouldBe || diagnosis.verdict == ScanVerdict::Works;
-    Check(!works || !diagnosis.meaning.empty(), "Nothing is understood and nothing found wrong", reading);
+    Check(!works || !diagnosis.meaning.empty(), "There is neither a meaning nor a fault", reading);
     if (diagnosis.verdict == ScanVerdict::AsItShouldBe)
         Check(keys.size() == 13 && keys.front().character == Stx && keys.back().character == Etx, "It is not", reading);
 }
 
-// Few characters, so that barcodes are found soon.
+// Few characters, so that valid barcodes occur soon.
 Keys FromFewCharacters(const uint8_t* data, size_t size) {
     static const char32_t characters[] = {Stx,   Etx,   U'P', U'l', U'V', U'0', U'4',   U'9',
                                           U'\r', U'\t', U'b', U'c', U'#', 0xE0, 0x202E, 0};

@@ -1,5 +1,5 @@
-// Raw text of a select list, and a pattern, whatever they hold: each entry stands as it was written and none is lost;
-// the query is planned and written, always the same, or refused with an Error.
+// For any select list and any pattern, each entry stays as it was written. The query is planned and written, with the
+// same result each time, or refused with an Error.
 
 #include "base/Error.h"
 #include "base/Text.h"
@@ -29,23 +29,23 @@ std::string RawText(const sql::ResultColumn& column) {
     return column.IsStar() ? "*" : std::get<sql::RawText>(column.expression->content).text;
 }
 
-// Takes the entry from the front of the rest, and the comma behind it.
+// Removes the entry from the front of the rest, and the comma after it.
 bool TakeEntry(std::string_view& rest, const std::string& entry) {
     if (!rest.starts_with(entry + ",")) return false;
     rest.remove_prefix(entry.size() + 1);
     return true;
 }
 
-// The entries written down again are the text, but for blanks and capitals.
+// Writing the entries again restores the text, except for blanks and case.
 void CheckEntries(const std::string& text) {
     const std::string squeezed = Squeezed(text) + ",";
     std::string_view rest = squeezed;
     for (const sql::ResultColumn& column : sql::ParseSelectText(text)) {
         const std::string plain = Squeezed(RawText(column));
         const bool isTaken = TakeEntry(rest, plain + "as" + Squeezed(column.name)) || TakeEntry(rest, plain);
-        Check(isTaken, "An entry is not what was written", text);
+        Check(isTaken, "An entry differs", text);
     }
-    Check(rest.empty(), "Something of the text is lost", text);
+    Check(rest.empty(), "A part of the text is missing", text);
 }
 
 QuerySource Compose(const std::string& text) {
@@ -68,7 +68,7 @@ std::optional<std::string> Written(const QuerySource& query, const Dialect& dial
     }
 }
 
-// Without planning, everything stands in the text.
+// Without planning, the text contains everything.
 void CheckLiterally(const QuerySource& query, const std::string& text, const Dialect& dialect) {
     const std::string written = sql::WriteQuery(*query.Node(), dialect).text;
     for (const sql::ResultColumn& column : sql::ParseSelectText(text))
@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const QuerySource query = Compose(text);
         const std::optional<std::string> planned = Written(query, dialect);
         Check(planned.has_value() == (text.find('\0') == std::string::npos), "Refused, or not, without cause", text);
-        Check(planned == Written(query, dialect), "Planned in two ways", text);
+        Check(planned == Written(query, dialect), "Planned differently", text);
         if (planned) CheckLiterally(query, text, dialect);
     } catch (const Error& error) {
         Check(error.Number() == ErrorNumber::General, "Refused with another number", text);

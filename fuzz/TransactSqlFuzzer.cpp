@@ -15,8 +15,7 @@ constexpr const char* beginnings[] = {
     "SELECT Value FROM Setting WHERE Name LIKE 'x' ESCAPE '",
     "UPDATE Property SET Description=",
     "INSERT INTO Setting (Name,Value) VALUES (",
-    "DECLARE @x INT;SELECT @x = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 GROUP BY PropertyNo;UPDATE #Next "
-    "SET Value=@x,b="};
+    "DECLARE @x INT;SELECT @x = MAX(a)+1 FROM t WHERE b=7 GROUP BY b;UPDATE #Next SET Value=@x,b="};
 
 }  // namespace
 

@@ -32,7 +32,7 @@ void RemoveFile(const std::string& path) {
 
 void CreateDatabase(const std::string& path) {
     if (std::filesystem::exists(path))
-        Raise(ErrorNumber::General, source, "The database can't be created: there already is a file '" + path + "'.");
+        Raise(ErrorNumber::General, source, "The database can't be created: the file '" + path + "' already exists.");
     const std::string unfinished = path + ".unfinished";
     RemoveFile(unfinished);
     try {

@@ -7,10 +7,10 @@ namespace quellbrook {
 namespace {
 
 const char* const containerGoneText =
-    "The location that is to hold it has been moved or deleted meanwhile. Refresh the locations and try again.";
+    "Its container has been moved or deleted in the meantime. Refresh the locations and try again.";
 const char* const leftBehindText =
-    "This location has been changed meanwhile, and sublocations would be left behind. Refresh the locations and try "
-    "again.";
+    "This location has been changed in the meantime, and sublocations would be left behind. Refresh the locations and "
+    "try again.";
 
 const char* const locationTable = R"sql(
 CREATE TABLE StorageLocation (
@@ -39,8 +39,8 @@ BEGIN
     SELECT RAISE(ABORT, '{container gone}');
 END)sql";
 
-// A move writes the descendants first: the container of such a row still stands where the row was, or has just been
-// written itself.
+// A move writes the descendants first. The container of such a row is still where the row was, or has just been
+// written.
 const char* const locationUpdateGuard = R"sql(
 CREATE TRIGGER StorageLocationUpdateGuard BEFORE UPDATE OF Path, Type ON StorageLocation
 WHEN (NEW.Path <> OLD.Path OR NEW.Type <> OLD.Type) AND NEW.Path <> '/0/' AND NOT EXISTS (
@@ -52,7 +52,7 @@ BEGIN
     SELECT RAISE(ABORT, '{container gone}');
 END)sql";
 
-// The moved location itself, not a descendant: it gets another container, or another category at the top level.
+// For the moved location itself, not a descendant: it gets another container, or another category at the top level.
 const char* const locationMoveGuard = R"sql(
 CREATE TRIGGER StorageLocationMoveGuard BEFORE UPDATE OF Path, Type ON StorageLocation
 WHEN (NEW.ContainerNo IS NOT OLD.ContainerNo OR (NEW.Path = '/0/' AND NEW.Type <> OLD.Type)) AND EXISTS (
@@ -103,7 +103,7 @@ CREATE TABLE Vehicle (
 const char* const vehicleView = R"sql(CREATE VIEW vwVehicleDisplayInfo AS
 SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle)sql";
 
-// Below, {0} is Property or Vehicle and {1} the item's type.
+// Below, {0} is Property or Vehicle, and {1} is the item type.
 const char* const custodyStatements[] = {
     R"sql(
 CREATE TABLE {0}Tracking (
@@ -143,7 +143,8 @@ struct NamedTrigger {
     const char* text;
 };
 
-// A row of CurrentPlace goes only with the item's current custody row, never with an older one at the same location.
+// Only a change of the item's current custody row deletes a row of CurrentPlace, not one of an older row at the same
+// location.
 const NamedTrigger currentPlaceTriggers[] = {
     {"{0}PlaceAfterInsert", R"sql(
 CREATE TRIGGER {0}PlaceAfterInsert AFTER INSERT ON {0} WHEN NEW.CurrTrackSeq IS NOT NULL

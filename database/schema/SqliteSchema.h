@@ -8,41 +8,41 @@ namespace quellbrook {
 
 // The reference schema of the host's tables, as SQLite statements.
 //
-// Dates stand as texts in the form of DateTime::ToText, booleans as 0 and 1. Texts that are searched or must be unique
-// compare without regard to the case of ASCII letters. Keys of StorageLocation, Property, Vehicle and Incident are
-// assigned by the database, begin at 1 and are never given twice.
+// Dates are texts in the format of DateTime::ToText, booleans are 0 and 1. Comparing texts that are searched or unique
+// ignores the case of ASCII letters. The database assigns the keys of StorageLocation, Property, Vehicle and Incident
+// from 1 on, and never reuses one.
 //
-// What the schema guards by itself:
+// Triggers and constraints of the schema ensure that:
 // - Custody rows are never changed or deleted.
-// - A location stands in a container that stands, in the same category; a moved one leaves nothing behind below its old
-//   place; one that holds others can't be deleted alone (StorageLocation.ContainerNo follows from Path).
-// - CurrentPlace lists every item at the location of its current custody row. A row too many may be left by changes by
-//   hand, none is ever missing; readers check against the custody row.
+// - The container of a location exists and has the same category. A move takes all sublocations along. A location with
+//   sublocations cannot be deleted alone. (StorageLocation.ContainerNo is computed from Path.)
+// - CurrentPlace lists every item at the location of its current custody row. Manual changes may leave extra rows, but
+//   no row is ever missing; readers check the custody row.
 // - PropertyDescription is the trigram index on Property.Description.
 
-// The marks that every database file of ours carries in its header: SQLite's application_id ("QBK1") and user_version.
+// Every database file has these in its header, as SQLite's application_id ("QBK1") and user_version.
 inline constexpr int32_t DatabaseApplicationId = 0x51424B31;
 inline constexpr int32_t SchemaVersion = 1;
 
-// What takes a database from the version before to this one.
+// Upgrades a database from the previous version to this one.
 struct SchemaScript {
     int32_t version;
     std::vector<std::string> statements;
 };
 
-// Ascending, the last for SchemaVersion.
+// In ascending order; the last one is for SchemaVersion.
 const std::vector<SchemaScript>& SqliteSchemaScripts();
 
-// The triggers that keep CurrentPlace, and those that keep PropertyDescription. Where one of them is missing the table
-// can't be relied on.
+// The triggers that maintain CurrentPlace, and those that maintain PropertyDescription. If one of them is missing, the
+// table may be out of date.
 const std::vector<std::string>& CurrentPlaceTriggers();
 const std::vector<std::string>& DescriptionIndexTriggers();
 
-// The statement that makes vwVehicleDisplayInfo, a row for each row of Vehicle.
+// The statement that creates vwVehicleDisplayInfo, with one row for each row of Vehicle.
 std::string VehicleViewStatement();
 
-// Makes an empty department database at the path. Error 5 with a sentence when something stands there already or the
-// file can't be made; no half-made file is left.
+// Creates an empty department database at the path. Raises ErrorNumber::General with a message for the user if the path
+// exists or the file cannot be created; then no incomplete file remains.
 void CreateDatabase(const std::string& path);
 
 }  // namespace quellbrook

@@ -79,7 +79,7 @@ TEST_F(OpenDepartmentTest, AnotherProgramsDatabaseIsRefused) {
 TEST_F(OpenDepartmentTest, ANewerDatabaseIsRefused) {
     const std::string path = CopyOfSample("newer.sqlite");
     SQLite::Database(path, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 999");
-    EXPECT_EQ(RefusalOf(path), "The database '" + path + "' was made by a newer version of this program.");
+    EXPECT_EQ(RefusalOf(path), "The database '" + path + "' was created by a newer version of this program.");
 }
 
 TEST_F(OpenDepartmentTest, ADamagedDatabaseIsRefusedWithASentence) {

@@ -11,7 +11,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using Types = StorageLocationTypes;
 const char* const ContainerGone =
-    "The location that is to hold it has been moved or deleted meanwhile. Refresh the locations and try again.";
+    "Its container has been moved or deleted in the meantime. Refresh the locations and try again.";
 
 class StorageLocationMove : public testing::DatabaseTest {
 protected:
@@ -220,9 +220,10 @@ TEST_F(StorageLocationMove, ALocationThatAnotherWorkstationHasMovedLeavesNothing
         const auto elsewhere = Find(m_tree.shelf);
         elsewhere->Move(Find(m_tree.annex));
     }
-    ExpectRefused(shelf, Find(m_tree.court),
-                  "Could not move location 'Shelf' into 'Court'. \r\n\r\nThis location has been changed meanwhile, and "
-                  "sublocations would be left behind. Refresh the locations and try again.");
+    ExpectRefused(
+        shelf, Find(m_tree.court),
+        "Could not move location 'Shelf' into 'Court'. \r\n\r\nThis location has been changed in the meantime, and "
+        "sublocations would be left behind. Refresh the locations and try again.");
     shelf->Refresh();
     shelf->Move(Find(m_tree.court));
     EXPECT_EQ(m_tree.Row(m_tree.box), "Box 4 /0/6/2/");

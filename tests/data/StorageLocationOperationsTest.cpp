@@ -132,8 +132,8 @@ TEST_F(StorageLocationOperations, CreatingInAContainerThatHasVanishedFailsWithTh
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
     ExpectRefused(
         "CreateSubLocation", [&] { annex->CreateSubLocation("Crate"); },
-        "Could not create location 'Crate'. \r\n\r\nThe location that is to hold it has been moved or "
-        "deleted meanwhile. Refresh the locations and try again.");
+        "Could not create location 'Crate'. \r\n\r\nIts container has been moved or deleted in the "
+        "meantime. Refresh the locations and try again.");
 }
 
 TEST_F(StorageLocationOperations, WhereTheNameCannotBeAskedForEitherTheFirstFailureIsReported) {

@@ -68,7 +68,7 @@ TEST(ConnectionPool, LendsTheSameConnectionAgainAfterAReset) {
     EXPECT_EQ(counts.alive, 1);
 }
 
-TEST(ConnectionPool, LendsASecondConnectionWhileTheFirstIsOut) {
+TEST(ConnectionPool, LendsASecondConnectionWhileTheFirstIsInUse) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     for (int i = 0; i < 3; ++i) {
@@ -79,7 +79,7 @@ TEST(ConnectionPool, LendsASecondConnectionWhileTheFirstIsOut) {
     EXPECT_EQ(counts.opened, 2);
 }
 
-TEST(ConnectionPool, KeepsTwoConnectionsAtMost) {
+TEST(ConnectionPool, KeepsAtMostTwoIdleConnections) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     {
@@ -89,7 +89,7 @@ TEST(ConnectionPool, KeepsTwoConnectionsAtMost) {
     EXPECT_EQ(counts.alive, 2);
 }
 
-TEST(ConnectionPool, ClosesAConnectionThatIsNotHealthyAnymore) {
+TEST(ConnectionPool, ClosesAnUnhealthyConnection) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     {
@@ -102,7 +102,7 @@ TEST(ConnectionPool, ClosesAConnectionThatIsNotHealthyAnymore) {
     EXPECT_EQ(counts.opened, 2);
 }
 
-TEST(ConnectionPool, AConnectionThatDiedWhileItLayIdleIsReplaced) {
+TEST(ConnectionPool, ReplacesAConnectionThatBrokeWhileIdle) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     pool.Borrow();
@@ -111,7 +111,7 @@ TEST(ConnectionPool, AConnectionThatDiedWhileItLayIdleIsReplaced) {
     EXPECT_EQ(counts.opened, 2);
 }
 
-TEST(ConnectionPool, ClosesAConnectionThatCanNotBeReset) {
+TEST(ConnectionPool, ClosesAConnectionThatCannotBeReset) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     counts.resetFails = true;
@@ -119,7 +119,7 @@ TEST(ConnectionPool, ClosesAConnectionThatCanNotBeReset) {
     EXPECT_EQ(counts.alive, 0);
 }
 
-TEST(ConnectionPool, AFailureToOpenGoesToTheCallerAndTheNextCallTriesAnew) {
+TEST(ConnectionPool, AFailureToOpenReachesTheCallerAndTheNextCallTriesAgain) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
     counts.openFails = true;

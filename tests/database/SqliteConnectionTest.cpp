@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SqliteConnectionTest, WorksWithTheLogFullSynchronisationAndForeignKeys) {
+TEST_F(SqliteConnectionTest, UsesAWriteAheadLogFullSynchronizationAndForeignKeys) {
     EXPECT_EQ(Setting("journal_mode"), TaggedValue("wal"));
     EXPECT_EQ(Setting("synchronous"), TaggedValue(2));
     EXPECT_EQ(Setting("foreign_keys"), TaggedValue(1));
@@ -45,7 +45,7 @@ TEST_F(SqliteConnectionTest, WorksWithTheLogFullSynchronisationAndForeignKeys) {
     EXPECT_EQ(Setting("busy_timeout"), TaggedValue(5000));
 }
 
-TEST_F(SqliteConnectionTest, ValuesComeAsTheColumnsWereDeclared) {
+TEST_F(SqliteConnectionTest, ValuesHaveTheDeclaredTypesOfTheirColumns) {
     m_database.Execute(
         "CREATE TABLE Kinds (Flag BOOLEAN, Bit BIT, Moment DATETIME, Day DATE, Whole INTEGER, Wide BIGINT, "
         "Fraction REAL, Amount DECIMAL(10, 2), Price MONEY, Words TEXT, Anything)");
@@ -68,7 +68,7 @@ TEST_F(SqliteConnectionTest, ValuesComeAsTheColumnsWereDeclared) {
     EXPECT_EQ(row.Value("Anything"), TaggedValue("AB"));
 }
 
-TEST_F(SqliteConnectionTest, NullIsNullWhateverTheColumn) {
+TEST_F(SqliteConnectionTest, NullIsNullInAnyColumn) {
     m_database.Execute("CREATE TABLE Kinds (Flag BOOLEAN, Moment DATETIME, Whole INTEGER, Words TEXT)");
     m_database.Execute("INSERT INTO Kinds DEFAULT VALUES");
     const RowList rows = Query("SELECT *, NULL AS Serial FROM Kinds");
@@ -76,7 +76,7 @@ TEST_F(SqliteConnectionTest, NullIsNullWhateverTheColumn) {
     for (int i = 0; i < 5; ++i) EXPECT_TRUE(rows[0].At(i).IsNull()) << i;
 }
 
-TEST_F(SqliteConnectionTest, ATextThatIsNoDateStaysAText) {
+TEST_F(SqliteConnectionTest, ATextThatIsNotADateStaysAText) {
     m_database.Execute("CREATE TABLE Kinds (Moment DATETIME, Flag BOOLEAN)");
     m_database.Execute("INSERT INTO Kinds VALUES ('soon', 'maybe')");
     const RowList rows = Query("SELECT * FROM Kinds");
@@ -84,7 +84,7 @@ TEST_F(SqliteConnectionTest, ATextThatIsNoDateStaysAText) {
     EXPECT_EQ(rows[0].At(1), TaggedValue("maybe"));
 }
 
-TEST_F(SqliteConnectionTest, TheEdgesOf32Bits) {
+TEST_F(SqliteConnectionTest, NumbersBeyond32BitsAreExact) {
     const RowList rows = Query("SELECT 2147483647, -2147483648, 2147483648, -2147483649, 9223372036854775807");
     EXPECT_EQ(rows[0].At(0), TaggedValue(2147483647));
     EXPECT_EQ(rows[0].At(1), TaggedValue(static_cast<int32_t>(-2147483647 - 1)));
@@ -93,7 +93,7 @@ TEST_F(SqliteConnectionTest, TheEdgesOf32Bits) {
     EXPECT_EQ(rows[0].At(4), TaggedValue(Decimal{9223372036854775807, 0}));
 }
 
-TEST_F(SqliteConnectionTest, TextsOfEveryKindComeBackByteForByte) {
+TEST_F(SqliteConnectionTest, TextsAreReadBackUnchanged) {
     for (const char* text : {"", "it's", "a\r\nb\tc", "\xC3\xA4\xC3\x96", "\xF0\x9F\x9A\x97",
                              "'; DROP TABLE Setting; --", "?1 @x #y", "  blanks  "}) {
         m_connection->Execute("DELETE FROM Setting");
@@ -102,7 +102,7 @@ TEST_F(SqliteConnectionTest, TextsOfEveryKindComeBackByteForByte) {
     }
 }
 
-TEST_F(SqliteConnectionTest, ParametersAreBoundByTheirKind) {
+TEST_F(SqliteConnectionTest, ParametersAreBoundByTheirType) {
     m_database.Execute("CREATE TABLE Kinds (Value)");
     const std::vector<std::pair<TaggedValue, std::string>> cases = {
         {true, "integer 1"},
@@ -148,7 +148,7 @@ TEST_F(SqliteConnectionTest, AQueryNeedsOneValueForEachParameter) {
     EXPECT_TRUE(Query(sql, {"x"}).empty());
 }
 
-TEST_F(SqliteConnectionTest, RefusesParametersThatAreNoValues) {
+TEST_F(SqliteConnectionTest, RefusesInvalidParameters) {
     struct Thing : Object {
         std::string TypeName() const override { return "Thing"; }
     };
@@ -161,7 +161,7 @@ TEST_F(SqliteConnectionTest, RefusesParametersThatAreNoValues) {
     EXPECT_EQ(Value("SELECT COUNT(*) FROM Setting"), TaggedValue(0));
 }
 
-TEST_F(SqliteConnectionTest, FailuresCarryTheDatabasesWordsAndNumber) {
+TEST_F(SqliteConnectionTest, FailuresHaveTheMessageAndNumberOfTheDatabase) {
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     const Error unique = RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('X')"); });
     EXPECT_EQ(unique.Number(), ErrorNumber::IntegrityViolation);
@@ -183,7 +183,7 @@ TEST_F(SqliteConnectionTest, FailuresCarryTheDatabasesWordsAndNumber) {
     EXPECT_TRUE(m_connection->IsHealthy());
 }
 
-TEST_F(SqliteConnectionTest, WhatTheEngineDoesNotSpeakIsRefusedByTheWord) {
+TEST_F(SqliteConnectionTest, AnUnsupportedStatementIsRefusedWithTheWord) {
     const Error error = RaisedBy([&] { Query("SELECT TOP 1 * FROM Setting"); });
     EXPECT_EQ(error.Number(), 5);
     EXPECT_NE(error.Description().find("\"TOP\""), std::string::npos);
@@ -192,13 +192,13 @@ TEST_F(SqliteConnectionTest, WhatTheEngineDoesNotSpeakIsRefusedByTheWord) {
     EXPECT_EQ(RaisedBy([&] { Query("DELETE FROM Setting"); }).Description(), "A query must be one SELECT statement.");
 }
 
-TEST_F(SqliteConnectionTest, AQueryStopsWhenTheReceiverHasEnough) {
+TEST_F(SqliteConnectionTest, AQueryStopsWhenTheReceiverReturnsFalse) {
     int rows = 0;
     m_connection->Query("SELECT 1 UNION SELECT 2 UNION SELECT 3", {}, [&](const Row&) { return ++rows < 2; });
     EXPECT_EQ(rows, 2);
 }
 
-TEST_F(SqliteConnectionTest, AFailingReceiverLeavesTheConnectionInOrder) {
+TEST_F(SqliteConnectionTest, TheConnectionStaysUsableAfterTheReceiverThrows) {
     const std::string sql = "SELECT Name FROM Setting";
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, {}, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(),
@@ -208,7 +208,7 @@ TEST_F(SqliteConnectionTest, AFailingReceiverLeavesTheConnectionInOrder) {
     EXPECT_TRUE(Value(sql).IsEmpty());
 }
 
-TEST_F(SqliteConnectionTest, OneTextAskedInsideItselfGivesAllRowsToBoth) {
+TEST_F(SqliteConnectionTest, AQueryCanRunInsideTheSameQuery) {
     const std::string sql = "SELECT 1 UNION SELECT 2";
     int inner = 0, outer = 0;
     m_connection->Query(sql, {}, [&](const Row&) {
@@ -231,7 +231,7 @@ TEST_F(SqliteConnectionTest, AKeptQuerySeesAChangedTable) {
     EXPECT_EQ(rows[0].Value("B"), TaggedValue(true));
 }
 
-TEST_F(SqliteConnectionTest, RowsThatAreKeptDoNotChangeWithTheNextOne) {
+TEST_F(SqliteConnectionTest, ARowDoesNotChangeWithTheNextRow) {
     const RowList rows = Query("SELECT 'first' AS A, 1 AS B UNION ALL SELECT 'second', NULL");
     EXPECT_EQ(rows[0].Value("A"), TaggedValue("first"));
     EXPECT_EQ(rows[0].Value("B"), TaggedValue(1));
@@ -254,13 +254,13 @@ TEST_F(SqliteConnectionTest, DescribesTheColumnsOfATable) {
     EXPECT_EQ(RaisedBy([&] { m_connection->DescribeTable("Nowhere"); }).Description(), "no such table: Nowhere");
 }
 
-TEST_F(SqliteConnectionTest, IdentityIsThatOfTheInsertAndNotOfItsTriggers) {
+TEST_F(SqliteConnectionTest, IdentityIsThatOfTheInsertNotOfItsTriggers) {
     m_database.Execute("INSERT INTO Property (PropertyNo) VALUES (41)");
     m_connection->Execute("INSERT INTO Property (Description) VALUES ('blue bicycle')");
     EXPECT_EQ(m_connection->LastIdentity(), 42);
 }
 
-TEST_F(SqliteConnectionTest, ABatchHoldsOffOtherWritersButNoReader) {
+TEST_F(SqliteConnectionTest, ABatchLocksOutOtherWritersButNotReaders) {
     const auto impatient = SqliteEngine::Open(m_database.Path(), 20);
     const auto other = impatient->Open();
     m_connection->Begin();
@@ -275,7 +275,7 @@ TEST_F(SqliteConnectionTest, ABatchHoldsOffOtherWritersButNoReader) {
     EXPECT_TRUE(other->IsHealthy());
 }
 
-TEST_F(SqliteConnectionTest, StatementsOfOneShapeInABatchKeepTheirOwnValues) {
+TEST_F(SqliteConnectionTest, SimilarStatementsInABatchKeepTheirOwnValues) {
     m_connection->Begin();
     for (int i = 0; i < 50; ++i) {
         const std::string number = std::to_string(i);
@@ -287,7 +287,7 @@ TEST_F(SqliteConnectionTest, StatementsOfOneShapeInABatchKeepTheirOwnValues) {
               TaggedValue(50));
 }
 
-TEST_F(SqliteConnectionTest, AFailingStatementInABatchNamesItsOwnFault) {
+TEST_F(SqliteConnectionTest, AFailingStatementInABatchReportsItsOwnError) {
     m_connection->Begin();
     EXPECT_EQ(RaisedBy([&] { m_connection->Execute("UPDATE Nowhere SET A = 1"); }).Description(),
               "no such table: Nowhere");
@@ -298,7 +298,7 @@ TEST_F(SqliteConnectionTest, AFailingStatementInABatchNamesItsOwnFault) {
     EXPECT_EQ(Value("SELECT COUNT(*) FROM Setting"), TaggedValue(0));
 }
 
-TEST_F(SqliteConnectionTest, ResetDropsTheTransactionAndTemporaryTables) {
+TEST_F(SqliteConnectionTest, ResetRollsBackAndDropsTemporaryTables) {
     m_connection->Execute("CREATE TABLE #Left (A INT)");
     m_connection->Execute("INSERT INTO #Left (A) VALUES (3)");
     EXPECT_EQ(Value("SELECT A FROM #left"), TaggedValue(3));
@@ -311,7 +311,7 @@ TEST_F(SqliteConnectionTest, ResetDropsTheTransactionAndTemporaryTables) {
     m_connection->Commit();
 }
 
-TEST_F(SqliteConnectionTest, AnInterruptedTransactionIsGoneForTheNextUser) {
+TEST_F(SqliteConnectionTest, ClosingAConnectionRollsBack) {
     m_connection->Begin();
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     m_connection.reset();

@@ -21,14 +21,14 @@ using Kind = StoredItemTypes;
 using Type = StorageLocationTypes;
 
 constexpr const char* containerGone =
-    "The location that is to hold it has been moved or deleted meanwhile. Refresh the locations and try again.";
+    "Its container has been moved or deleted in the meantime. Refresh the locations and try again.";
 
 std::string LocationInsert(const std::string& name, int type, const std::string& path) {
     return "INSERT INTO StorageLocation (Name,Type,Path,DateEntered,LastUpdated) VALUES ('" + name + "'," +
            std::to_string(type) + ",'" + path + "','2026-01-01T00:00:00.000','2026-01-01T00:00:00.000')";
 }
 
-// The statements of a move, as the model writes them.
+// The statements of a move, like those of the model.
 std::vector<std::string> Move(int id, const std::string& children, const std::string& proposed, int type,
                               const std::string& target) {
     const std::string change = "UPDATE StorageLocation SET Type = " + std::to_string(type) + ", Path = ";
@@ -49,20 +49,20 @@ protected:
 
 }  // namespace
 
-TEST_F(SqliteSchemaTest, CarriesItsMarks) {
+TEST_F(SqliteSchemaTest, HasItsApplicationIdAndVersion) {
     EXPECT_EQ(m_database.QueryValue("PRAGMA application_id"), TaggedValue(DatabaseApplicationId));
     EXPECT_EQ(m_database.QueryValue("PRAGMA user_version"), TaggedValue(SchemaVersion));
     EXPECT_EQ(SqliteSchemaScripts().back().version, SchemaVersion);
 }
 
-TEST_F(SqliteSchemaTest, LocationsWithOneNameUnderOneContainerInOneCategoryAreRefused) {
+TEST_F(SqliteSchemaTest, LocationsInOneContainerAndCategoryHaveDifferentNames) {
     m_database.AddLocation("Shelf", Type::Internal);
     EXPECT_EQ(Raised(LocationInsert("SHELF", 2, "/0/")).Number(), ErrorNumber::IntegrityViolation);
     EXPECT_EQ(Raised(LocationInsert("Shelf", 4, "/0/")).Number(), 0);
     EXPECT_EQ(Raised("UPDATE StorageLocation SET Type = 2 WHERE Type = 4").Number(), ErrorNumber::IntegrityViolation);
 }
 
-TEST_F(SqliteSchemaTest, ALocationIsNeverGivenAnOldOrAZeroIdentity) {
+TEST_F(SqliteSchemaTest, TheKeyOfALocationIsNeverZeroOrReused) {
     const int32_t first = m_database.AddLocation("A", Type::Internal);
     m_database.Execute("DELETE FROM StorageLocation");
     EXPECT_GT(m_database.AddLocation("B", Type::Internal), first);
@@ -70,7 +70,7 @@ TEST_F(SqliteSchemaTest, ALocationIsNeverGivenAnOldOrAZeroIdentity) {
     EXPECT_NE(RaisedBy([&] { m_database.Execute("UPDATE StorageLocation SET IdNo = 0"); }).Number(), 0);
 }
 
-TEST_F(SqliteSchemaTest, ALocationThatCustodyRowsNameCanNotBeDeleted) {
+TEST_F(SqliteSchemaTest, ALocationInCustodyRowsCannotBeDeleted) {
     const int32_t shelf = m_database.AddLocation("Shelf", Type::Internal);
     m_database.AddCustodyRow(Kind::vehicle, m_database.AddVehicle(), shelf);
     EXPECT_EQ(Raised("DELETE FROM StorageLocation WHERE IdNo = " + std::to_string(shelf)).Number(),
@@ -87,7 +87,7 @@ TEST_F(SqliteSchemaTest, ACustodyRowNeedsItsItemAndItsLocation) {
     EXPECT_EQ(Raised(insert + "(" + item + ",1,NULL,'2026-01-01')").Number(), ErrorNumber::IntegrityViolation);
 }
 
-TEST_F(SqliteSchemaTest, CustodyRowsCanNeitherBeChangedNorDeleted) {
+TEST_F(SqliteSchemaTest, CustodyRowsCannotBeChangedOrDeleted) {
     for (const Kind kind : {Kind::Property, Kind::vehicle}) {
         const bool isProperty = kind == Kind::Property;
         const std::string table = isProperty ? "PropertyTracking" : "VehicleTracking";
@@ -106,13 +106,13 @@ TEST_F(SqliteSchemaTest, CustodyRowsCanNeitherBeChangedNorDeleted) {
     }
 }
 
-TEST_F(SqliteSchemaTest, TheFlagAndTheNameOfALocationChangeFreely) {
+TEST_F(SqliteSchemaTest, TheFlagAndTheNameOfALocationCanChange) {
     const int32_t room = m_database.AddLocation("Room", Type::Internal);
     m_database.AddLocation("Shelf", Type::Internal, room);
     EXPECT_EQ(Raised("UPDATE StorageLocation SET ActiveFlag = 0, Name = Name || 'x'").Number(), 0);
 }
 
-TEST_F(SqliteSchemaTest, ALocationNeedsAContainerThatStandsThereInTheSameCategory) {
+TEST_F(SqliteSchemaTest, ALocationNeedsAnExistingContainerInTheSameCategory) {
     const std::string room = std::to_string(m_database.AddLocation("Room", Type::Internal));
     EXPECT_EQ(Raised(LocationInsert("Top", 8, "/0/")).Number(), 0);
     EXPECT_EQ(Raised(LocationInsert("Shelf", 2, "/0/" + room + "/")).Number(), 0);
@@ -154,7 +154,7 @@ TEST_F(SqliteSchemaTest, ASubtreeMovesToTheRootOfAnotherCategory) {
     EXPECT_EQ(Count("StorageLocation WHERE Type = 8"), 3);
 }
 
-TEST_F(SqliteSchemaTest, AMoveIntoAContainerThatMovedMeanwhileIsRefusedAsAWhole) {
+TEST_F(SqliteSchemaTest, AMoveIntoAContainerThatMovedInTheMeantimeIsRefused) {
     const int32_t a = m_database.AddLocation("A", Type::Internal);
     const int32_t b = m_database.AddLocation("B", Type::Internal);
     const int32_t x = m_database.AddLocation("X", Type::Internal);
@@ -186,7 +186,7 @@ TEST_F(SqliteSchemaTest, AMoveThatWouldLeaveSublocationsBehindIsRefused) {
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
-TEST_F(SqliteSchemaTest, ALocationThatHoldsOthersCanNotBeDeletedAlone) {
+TEST_F(SqliteSchemaTest, ALocationWithSublocationsCannotBeDeletedAlone) {
     const int32_t room = m_database.AddLocation("Room", Type::Internal);
     m_database.AddLocation("Box", Type::Internal, m_database.AddLocation("Shelf", Type::Internal, room));
     const std::string id = std::to_string(room);
@@ -196,7 +196,7 @@ TEST_F(SqliteSchemaTest, ALocationThatHoldsOthersCanNotBeDeletedAlone) {
     EXPECT_EQ(Count("StorageLocation"), 0);
 }
 
-TEST_F(SqliteSchemaTest, TextsCompareWithoutRegardToCase) {
+TEST_F(SqliteSchemaTest, ComparingTextsIgnoresCase) {
     m_database.AddProperty({.PropertyID = "Ev-1", .Description = "Blue Bicycle"});
     EXPECT_EQ(Count("Property WHERE PropertyID = 'EV-1'"), 1);
     EXPECT_EQ(Count("Property WHERE PropertyID LIKE 'eV-%'"), 1);
@@ -239,7 +239,7 @@ TEST_F(SqliteSchemaTest, AVehiclesQuantityIsAWholeNumberInTheUnion) {
     EXPECT_EQ(rows[2].Value("Quantity"), TaggedValue(3));
 }
 
-TEST_F(SqliteSchemaTest, AnItemMayBeLinkedTwiceToOneIncident) {
+TEST_F(SqliteSchemaTest, AnItemCanBeLinkedTwiceToOneIncident) {
     const int32_t item = m_database.AddProperty();
     const int32_t incident = m_database.AddIncident("2026-1");
     m_database.LinkIncident(Kind::Property, item, incident);
@@ -247,7 +247,7 @@ TEST_F(SqliteSchemaTest, AnItemMayBeLinkedTwiceToOneIncident) {
     EXPECT_EQ(Count("IncdProperty"), 2);
 }
 
-TEST_F(SqliteSchemaTest, TheVehicleViewShowsOneRowAVehicle) {
+TEST_F(SqliteSchemaTest, TheVehicleViewHasOneRowPerVehicle) {
     m_database.AddVehicle({.RegNumber = "ABC 123", .RegStateCode = "ME", .VehYear = "1998", .MakeCode = "Volvo"});
     const auto row = GetHostDatabase().QueryRow("SELECT * FROM vwVehicleDisplayInfo");
     ASSERT_TRUE(row);
@@ -257,7 +257,7 @@ TEST_F(SqliteSchemaTest, TheVehicleViewShowsOneRowAVehicle) {
     EXPECT_TRUE(row->Value("ColorCode").IsNull());
 }
 
-TEST_F(SqliteSchemaTest, APersonsDisplayNameIsMadeOfItsParts) {
+TEST_F(SqliteSchemaTest, TheDisplayNameOfAPersonConsistsOfItsParts) {
     m_database.Execute("INSERT INTO Person (PersonNo, Title, FirstName, LastName) VALUES (1, 'Sgt.', 'Ann', 'Lee')");
     m_database.Execute("INSERT INTO Person (PersonNo, LastName) VALUES (2, 'Front Desk')");
     EXPECT_EQ(m_database.QueryValue("SELECT DisplayName FROM Person WHERE PersonNo = 1"), TaggedValue("Sgt. Ann Lee"));
@@ -272,7 +272,7 @@ TEST_F(SqliteSchemaTest, DescendantsAreFoundByAnIndex) {
     EXPECT_NE(plan.find("SEARCH StorageLocation USING INDEX"), std::string::npos) << plan;
 }
 
-TEST_F(SqliteSchemaTest, TheEngineKnowsWhatTheSchemaOffers) {
+TEST_F(SqliteSchemaTest, TheEngineDetectsTheTablesOfTheSchema) {
     EXPECT_EQ(m_database.GetEngine()->GetDialect().concatenation, "||");
     EXPECT_EQ(m_database.GetEngine()->GetDialect().textPrefix, "");
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasCurrentPlace);
@@ -286,7 +286,7 @@ TEST_F(SqliteSchemaTest, TheEngineKnowsWhatTheSchemaOffers) {
 
 namespace {
 
-// Items whose current custody row names a location, and those that CurrentPlace lacks.
+// Items with a location in the current custody row, and those missing in CurrentPlace.
 constexpr const char* missingPlaces =
     "(SELECT t.StorageLocNo, 1, p.PropertyNo FROM Property p JOIN PropertyTracking t ON t.PropertyNo = p.PropertyNo "
     "AND t.SeqNo = p.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL UNION ALL "
@@ -335,7 +335,7 @@ TEST_F(CurrentPlaceTest, FollowsTheCurrentCustodyRow) {
     EXPECT_EQ(Places(), "");
 }
 
-TEST_F(CurrentPlaceTest, TakesThePointerBeforeItsRowToo) {
+TEST_F(CurrentPlaceTest, AcceptsThePointerBeforeItsRow) {
     const int32_t item = m_database.AddProperty();
     m_database.Execute("UPDATE Property SET CurrTrackSeq = 1");
     m_database.Execute(
@@ -344,7 +344,7 @@ TEST_F(CurrentPlaceTest, TakesThePointerBeforeItsRowToo) {
     EXPECT_EQ(Places(), "3:1:1 ");
 }
 
-TEST_F(CurrentPlaceTest, AnOlderRowAtTheSameLocationTakesNothingAway) {
+TEST_F(CurrentPlaceTest, AnOlderRowAtTheSameLocationRemovesNothing) {
     const int32_t item = m_database.AddProperty();
     m_database.AddCustodyRow(Kind::Property, item, m_locations[0]);
     m_database.AddCustodyRow(Kind::Property, item, m_locations[0]);
@@ -353,7 +353,7 @@ TEST_F(CurrentPlaceTest, AnOlderRowAtTheSameLocationTakesNothingAway) {
     EXPECT_EQ(Places(), "1:1:1 ");
 }
 
-TEST_F(CurrentPlaceTest, NoPlaceIsEverMissingWhateverIsDoneByHand) {
+TEST_F(CurrentPlaceTest, NoRowIsMissingAfterManualChanges) {
     DropGuards();
     std::mt19937 random(20261120);
     const auto any = [&](int limit) { return static_cast<int32_t>(random() % static_cast<unsigned>(limit)); };
@@ -394,7 +394,7 @@ TEST_F(CurrentPlaceTest, NoPlaceIsEverMissingWhateverIsDoneByHand) {
     EXPECT_GT(checks, 600);
 }
 
-TEST_F(CurrentPlaceTest, IsNotReliedOnWhenOneOfItsTriggersIsGone) {
+TEST_F(CurrentPlaceTest, IsNotUsedWhenOneOfItsTriggersIsMissing) {
     m_database.Execute("DROP TRIGGER VehicleTrackingPlaceAfterInsert");
     m_database.Execute("DROP TRIGGER PropertyDescriptionAfterUpdate");
     const auto engine = SqliteEngine::Open(m_database.Path());
