@@ -15,12 +15,7 @@ ComponentLifetime::ComponentLifetime() {
 }
 
 ComponentLifetime::~ComponentLifetime() {
-    HostServices& host = HostServices::Current();
-    host.SetSession(nullptr);
-    host.SetPrinter(nullptr);
-    host.SetThumbnails(nullptr);
-    host.SetFiles(nullptr);
-    host.SetEngine(nullptr);
+    HostServices::Current().Reset();
     Shutdown();
 }
 

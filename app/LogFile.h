@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/ErrorLog.h"
+#include "base/Environment.h"
 
 #include <QString>
 
@@ -12,12 +12,10 @@ namespace quellbrook {
 class LogFile {
 public:
     explicit LogFile(const QString& directory);
-    ~LogFile();
-    LogFile(const LogFile&) = delete;
-    LogFile& operator=(const LogFile&) = delete;
 
 private:
     std::unique_ptr<ErrorLog> m_log;
+    EnvironmentScope m_environment;
 };
 
 }  // namespace quellbrook

@@ -1,4 +1,4 @@
-#include "base/Clock.h"
+#include "base/Environment.h"
 
 #include <chrono>
 #include <ctime>
@@ -7,7 +7,7 @@ namespace quellbrook {
 
 namespace {
 
-class SystemClock : public Clock {
+class LocalClock : public Clock {
 public:
     DateTime Now() const override {
         using namespace std::chrono;
@@ -21,12 +21,11 @@ public:
     }
 };
 
-const SystemClock systemClock;
-const Clock* current = &systemClock;
-
 }  // namespace
 
-const Clock& GetClock() { return *current; }
-void SetClock(const Clock* clock) { current = clock ? clock : &systemClock; }
+const Clock& SystemClock() {
+    static const LocalClock clock;
+    return clock;
+}
 
 }  // namespace quellbrook

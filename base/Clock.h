@@ -4,15 +4,14 @@
 
 namespace quellbrook {
 
-// The workstation's wall clock. Logic never reads the time but through GetClock.
+// The workstation's wall clock. Logic reads the time only through GetClock.
 class Clock {
 public:
     virtual ~Clock() = default;
     virtual DateTime Now() const = 0;  // local time, to the millisecond
 };
 
-// The clock in use: the system's, until another is installed. The caller keeps ownership; null puts the system's back.
+// The clock of the environment.
 const Clock& GetClock();
-void SetClock(const Clock* clock);
 
 }  // namespace quellbrook

@@ -31,10 +31,7 @@ public:
     std::function<void(KeyMessage&)> OnMessage;
 };
 
-using MessageHookFactory = std::function<std::unique_ptr<MessageHook>()>;
-
-// A new hook, at work at once. Error 91 while no factory is installed.
+// A new hook of the environment, active at once. Error 91 if it has none.
 std::unique_ptr<MessageHook> MakeMessageHook();
-void SetMessageHookFactory(MessageHookFactory factory);
 
 }  // namespace quellbrook

@@ -5,15 +5,14 @@
 
 namespace quellbrook {
 
-// A repeating or single-shot timer on the user interface thread. Made by the factory in use, so that tests can turn
-// time by hand.
+// A repeating or single-shot timer on the user interface thread.
 class Timer {
 public:
     virtual ~Timer() = default;
 
     virtual void SetInterval(int milliseconds) = 0;
     virtual void SetSingleShot(bool singleShot) = 0;
-    // Starting a running timer starts its interval anew.
+    // Restarts the interval of a running timer.
     virtual void Start() = 0;
     virtual void Stop() = 0;
     virtual bool IsRunning() const = 0;
@@ -22,10 +21,7 @@ public:
     std::function<void()> Elapsed;
 };
 
-using TimerFactory = std::function<std::unique_ptr<Timer>()>;
-
-// Error 91 while no factory is installed.
+// A new timer of the environment. Error 91 if it has none.
 std::unique_ptr<Timer> MakeTimer();
-void SetTimerFactory(TimerFactory factory);
 
 }  // namespace quellbrook

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <optional>
 
 #include <malloc.h>
 
@@ -127,7 +128,9 @@ void MeasureShell(bool quick, std::vector<Result>& results) {
     InstallTheme(false);
     Startup();
     AnsweringScreen screen;
-    SetScreen(&screen);
+    std::optional<EnvironmentScope> environment;
+    environment.emplace();
+    (*environment)->screen = &screen;
     MeasureKeyHook(results);
     {
         QWidget window;
@@ -156,6 +159,7 @@ void MeasureShell(bool quick, std::vector<Result>& results) {
             },
             results);
     }
+    environment.reset();
     Shutdown();
 }
 

@@ -1,16 +1,8 @@
 #include "component/Quellbrook.h"
 
-#include "base/CommandRunner.h"
-#include "base/KeyState.h"
-#include "base/MessageHook.h"
-#include "base/Screen.h"
-#include "base/Timer.h"
-#include "core/Dispatcher.h"
+#include "base/Environment.h"
 #include "core/Singletons.h"
-#include "core/Stores.h"
-#include "host/Picture.h"
 #include "ui/accessibility/Accessibility.h"
-#include "ui/common/DesktopCommandRunner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
 #include "ui/shell/EvidenceUI.h"
@@ -21,22 +13,25 @@
 
 namespace quellbrook {
 
+namespace {
+
+int startups = 0;
+std::unique_ptr<EnvironmentScope> installed;
+
+}  // namespace
+
 void Startup() {
-    InstallAccessibility();
-    WidgetScreen::Install();
-    InstallDesktopCommandRunner();
+    if (startups == 0) {
+        InstallAccessibility();
+        installed = std::make_unique<EnvironmentScope>(WidgetEnvironment());
+    }
+    ++startups;
 }
 
 void Shutdown() {
-    DiscardStores();
-    DiscardDispatcher();
-    GetSingletons().SetDialogParent(nullptr);
-    SetCommandRunner(nullptr);
-    SetPictureLoader(nullptr);
-    SetMessageHookFactory(nullptr);
-    SetKeyStateProbe(nullptr);
-    SetTimerFactory(nullptr);
-    SetScreen(nullptr);
+    if (startups == 0 || --startups > 0) return;
+    GetSingletons().Reset();
+    installed.reset();
 }
 
 void InstallTheme(bool dark) {

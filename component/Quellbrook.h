@@ -7,14 +7,16 @@ namespace quellbrook {
 // The component as a host sees it; nothing below it needs to be known. Everything runs on the thread of QApplication.
 //
 // The host sets its database, session and formats with HostServices, then:
-//   Startup                     once, with QApplication standing
+//   Startup                     after QApplication
 //   SetDialogParent             its main window, at each login, before the gate
 //   InitializeQuellbrook        the gate, at each login
 //   CreateEvidenceUI            only where the gate answered true
-//   Shutdown                    once, when no EvidenceUI stands any more
+//   Shutdown                    after the last EvidenceUI, before QApplication goes
 // An Error that a function raises is the host's to show.
 
-// Installs the component's screen, timers, key state and command runner.
+// Installs the component's screen, timers, keys and command runner, and keeps the error log in use. Calls nest: the
+// component ends at the Shutdown that matches the first Startup, and can then start again. Without a Startup, Shutdown
+// has no effect.
 void Startup();
 void Shutdown();
 

@@ -1,10 +1,10 @@
 #include "core/Actions.h"
 
 #include "base/Error.h"
+#include "base/ErrorLog.h"
 #include "base/Screen.h"
 #include "core/ActionTypes.h"
 #include "core/Stores.h"
-#include "host/ErrorLog.h"
 
 namespace quellbrook {
 

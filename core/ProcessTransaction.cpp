@@ -1,11 +1,11 @@
 #include "core/Actions.h"
 
 #include "base/Error.h"
+#include "base/ErrorLog.h"
 #include "base/FormatCount.h"
 #include "core/ActionTypes.h"
 #include "core/Stores.h"
 #include "data/TransferStatements.h"
-#include "host/ErrorLog.h"
 #include "host/HostDatabase.h"
 
 #include <optional>

@@ -9,7 +9,7 @@ namespace quellbrook {
 
 namespace {
 
-bool HasUncategorisedLocations() {
+bool HasUncategorizedLocations() {
     return !GetStorageLocationStatic().GetRoot(StorageLocationTypes::Unassigned)->SubLocations().empty();
 }
 
@@ -25,7 +25,7 @@ bool MayViewItems() {
     return false;
 }
 
-bool MayCategorise() {
+bool MayCategorize() {
     if (GetUser().Can(GetPermissions().EDIT_STORAGE_LOCATIONS())) return true;
     ShowMessage(
         "Quellbrook requires you to re-configure your storage locations before continuing; however, your user account "
@@ -34,14 +34,6 @@ bool MayCategorise() {
         "administrator grant you this permission, and then try again.",
         MessageStyle::Critical, "Permission Required");
     return false;
-}
-
-// False when the user left the wizard.
-bool RunWizard() {
-    const auto wizard = GetScreen().MakeSetupWizard();
-    wizard->Show();
-    while (wizard->Visible()) GetScreen().WaitForMessages();
-    return wizard->Completed();
 }
 
 }  // namespace
@@ -54,14 +46,24 @@ bool Singletons::InitializeQuellbrook() {
     }
     DiscardDispatcher();
     DiscardStores();
-    while (HasUncategorisedLocations())
-        if (!MayCategorise() || !RunWizard()) return false;
+    std::unique_ptr<SetupWizard> wizard;  // the parent of the messages below
+    while (HasUncategorizedLocations()) {
+        if (!MayCategorize()) return false;
+        wizard = GetScreen().RunSetupWizard();
+        if (!wizard->Completed()) return false;
+    }
     return MayViewItems();
 }
 
 StorageLocationStatic& Singletons::StorageLocation() { return GetStorageLocationStatic(); }
 
 void Singletons::SetDialogParent(ObjectRef parent) { GetScreen().SetDialogParent(std::move(parent)); }
+
+void Singletons::Reset() {
+    DiscardStores();
+    DiscardDispatcher();
+    SetDialogParent(nullptr);
+}
 
 Singletons& GetSingletons() {
     static Singletons singletons;

@@ -13,6 +13,8 @@ public:
     bool InitializeQuellbrook();
     StorageLocationStatic& StorageLocation();
     void SetDialogParent(ObjectRef parent);
+    // Drops the stores, the dispatcher and the dialog parent.
+    void Reset();
 };
 
 Singletons& GetSingletons();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Object.h"
+#include "base/Picture.h"
 #include "base/TaggedValue.h"
 #include "data/StorageLocation.h"
 #include "data/Types.h"
-#include "host/Picture.h"
 #include "sql/Row.h"
 
 #include <memory>

@@ -1,9 +1,7 @@
 // For any sequence of key messages, timer events and delays, the listener behaves like its model: the messages that
 // pass, the buffer, the number of waiting scans, and the events.
 
-#include "base/Clock.h"
-#include "base/MessageHook.h"
-#include "base/Timer.h"
+#include "base/Environment.h"
 #include "fuzz/Fail.h"
 #include "input/BarcodeListener.h"
 #include "tests/support/BarcodeListenerModel.h"
@@ -39,14 +37,23 @@ MessageHook* hook = nullptr;
 class Play {
 public:
     Play(const uint8_t* data, size_t size) : m_data(data), m_size(size) {
-        SetClock(&m_clock);
+        m_environment->clock = &m_clock;
+        m_environment->makeTimer = [] {
+            auto made = std::make_unique<HandTimer>();
+            timer = made.get();
+            return made;
+        };
+        m_environment->makeMessageHook = [] {
+            auto made = std::make_unique<MessageHook>();
+            hook = made.get();
+            return made;
+        };
         m_listener.BarcodeScanned.connect([this](int32_t type, const std::string& number) {
             Check(!m_raised, "One timer event raised two scans", number);
             m_raised = {type, number};
         });
         m_listener.Shown();
     }
-    ~Play() { SetClock(nullptr); }
 
     void Run() {
         while (m_at < m_size) {
@@ -99,6 +106,7 @@ private:
     const uint8_t* m_data;
     size_t m_size;
     size_t m_at = 0;
+    EnvironmentScope m_environment;
     StandingClock m_clock;
     bool m_isListening = true, m_isActive = true;
     BarcodeListenerModel m_model;
@@ -109,16 +117,6 @@ private:
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    SetTimerFactory([] {
-        auto made = std::make_unique<HandTimer>();
-        timer = made.get();
-        return made;
-    });
-    SetMessageHookFactory([] {
-        auto made = std::make_unique<MessageHook>();
-        hook = made.get();
-        return made;
-    });
     Play(data, size).Run();
     return 0;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Picture.h"
+#include "base/Picture.h"
 
 #include <string>
 

@@ -20,6 +20,11 @@ HostServices& HostServices::Current() {
     return services;
 }
 
+void HostServices::Reset() {
+    HostLocationData::Discard();
+    *this = HostServices();
+}
+
 void HostServices::SetEngine(std::shared_ptr<Engine> engine) {
     HostLocationData::Discard();
     m_pool = engine ? std::make_unique<ConnectionPool>(std::move(engine)) : nullptr;

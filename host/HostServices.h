@@ -26,6 +26,9 @@ class HostServices {
 public:
     static HostServices& Current();
 
+    // Drops everything that was set.
+    void Reset();
+
     // Null ends the use of a database; every cached document goes with it.
     void SetEngine(std::shared_ptr<Engine> engine);
     bool HasEngine() const { return m_pool != nullptr; }

@@ -1,6 +1,6 @@
 #include "app/common/HostGuard.h"
 
-#include "host/ErrorLog.h"
+#include "base/ErrorLog.h"
 
 #include <QMessageBox>
 

@@ -6,8 +6,8 @@
 #include "app/records/PictureLabel.h"
 #include "app/records/RecordTexts.h"
 #include "base/Error.h"
-#include "host/ErrorLog.h"
-#include "host/Picture.h"
+#include "base/ErrorLog.h"
+#include "base/Picture.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "app/records/SingleInstance.h"
 
 #include "app/common/HostGuard.h"
-#include "host/ErrorLog.h"
+#include "base/ErrorLog.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>

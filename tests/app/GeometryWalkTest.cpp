@@ -28,6 +28,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 namespace quellbrook::testing {
 namespace {
@@ -56,8 +57,9 @@ protected:
         HostServices::Current().SetEngine(SqliteEngine::Open(TheSample().Path()));
         InstallTheme(std::get<0>(GetParam()));
         Startup();
-        SetScreen(&m_screen);
-        m_timers = std::make_unique<ManualTimers>();
+        m_environment.emplace();
+        (*m_environment)->screen = &m_screen;
+        m_timers = std::make_unique<ManualTimers>(*m_environment);
         m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, SampleAccounts());
         m_window->resize(std::get<1>(GetParam()));
         ShowActive(*m_window);
@@ -66,6 +68,7 @@ protected:
     void TearDown() override {
         m_window.reset();
         m_timers.reset();
+        m_environment.reset();
         HostServices::Current().SetSession(nullptr);
         HostServices::Current().SetEngine(nullptr);
         Shutdown();
@@ -136,6 +139,7 @@ protected:
     }
 
     RecordingScreen m_screen;
+    std::optional<EnvironmentScope> m_environment;
     std::unique_ptr<ManualTimers> m_timers;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -57,8 +57,8 @@ TEST_F(MainWindowTest, TheWindowIsTheDialogsParentAgainAfterTheWizard) {
         "'/0/', '2026-11-20T09:00:00.000', '2026-11-20T09:00:00.000')");
     const auto wizardsForm = std::make_shared<WindowReference>(nullptr);
     WizardScript script;
-    script.onShow = [&] { m_screen.SetDialogParent(wizardsForm); };
-    script.onClose = [&] {
+    script.whileOpen = [&] {
+        m_screen.SetDialogParent(wizardsForm);
         m_database->exec("UPDATE StorageLocation SET Type = 16 WHERE Type = 1");
         HostLocationData().Reload();
     };

@@ -14,13 +14,20 @@
 
 namespace quellbrook::testing {
 
+// The component between Startup and Shutdown.
+struct RunningComponent {
+    RunningComponent() { Startup(); }
+    ~RunningComponent() { Shutdown(); }
+    RunningComponent(const RunningComponent&) = delete;
+    RunningComponent& operator=(const RunningComponent&) = delete;
+};
+
 // The host's window over a copy of the sample department, at the login form.
 class MainWindowTest : public SampleCopyTest {
 protected:
     void SetUp() override {
         SampleCopyTest::SetUp();
-        Startup();
-        SetScreen(&m_screen);
+        m_environment->screen = &m_screen;
         m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
         ShowActive(*m_window);
     }
@@ -28,7 +35,6 @@ protected:
     void TearDown() override {
         m_window.reset();
         SampleCopyTest::TearDown();
-        Shutdown();
     }
 
     void LogIn(const SampleAccount& account) { LogIn(account.username, account.password); }
@@ -39,6 +45,8 @@ protected:
     }
     QWidget* Evidence() const { return m_window->findChild<QWidget*>("evidence"); }
 
+    RunningComponent m_component;
+    EnvironmentScope m_environment;
     RecordingScreen m_screen;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -13,6 +13,7 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/platform/Guard.h"
 
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
@@ -24,22 +25,17 @@
 namespace quellbrook::testing {
 namespace {
 
-// The widgets' own screen with a wizard whose form is open until a test ends it.
+// The widgets' own screen with a wizard that runs until a test ends it.
 class ScreenWithWizard : public WidgetScreen {
 public:
-    class Wizard : public SetupWizard {
-    public:
-        explicit Wizard(const bool& isOpen) : m_isOpen(isOpen) {}
-        void Show() override {}
-        bool Visible() const override { return m_isOpen; }
-        bool Completed() const override { return true; }
-
-    private:
-        const bool& m_isOpen;
-    };
-
-    std::shared_ptr<SetupWizard> MakeSetupWizard() override { return std::make_shared<Wizard>(isOpen); }
-    bool isOpen = true;
+    std::unique_ptr<SetupWizard> RunSetupWizard() override {
+        struct CompletedWizard : SetupWizard {
+            bool Completed() const override { return true; }
+        };
+        loop.exec();
+        return std::make_unique<CompletedWizard>();
+    }
+    QEventLoop loop;
 };
 
 class PlainForm : public ModuleForm {
@@ -61,9 +57,11 @@ class NestedLoops : public MainWindowTest, public ::testing::WithParamInterface<
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        SetScreen(&m_widgetScreen);
-        m_timers.emplace();
-        SetUnexpectedReport([](const Error& error) { ADD_FAILURE() << error.Source() << ": " << error.Description(); });
+        m_environment->screen = &m_widgetScreen;
+        m_timers.emplace(m_environment);
+        m_environment->reportUnexpected = [](const Error& error) {
+            ADD_FAILURE() << error.Source() << ": " << error.Description();
+        };
         if (TheLoop() == Loop::GateWait) return;
         LogIn(SampleAccounts()[0]);
         GetActions().BeginTransaction(TransactionType::SignOut, ListOf({SomeItem(0), SomeItem(1), SomeItem(2)}));
@@ -72,7 +70,6 @@ protected:
     void TearDown() override {
         MainWindowTest::TearDown();
         m_timers.reset();
-        SetUnexpectedReport(nullptr);
     }
 
     static Loop TheLoop() { return std::get<0>(GetParam()); }
@@ -137,7 +134,7 @@ protected:
         case Loop::GateWait:
             m_database->exec("UPDATE StorageLocation SET Type = 16 WHERE Type = 1");
             HostLocationData().Reload();
-            m_widgetScreen.isOpen = false;
+            m_widgetScreen.loop.quit();
             return;
         case Loop::Yield: return;
         }

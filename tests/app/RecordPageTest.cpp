@@ -1,6 +1,7 @@
 #include "app/common/PlainLabels.h"
 #include "app/records/PictureLabel.h"
 #include "app/records/RecordPage.h"
+#include "base/Environment.h"
 #include "database/SqliteEngine.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
@@ -35,7 +36,7 @@ class RecordPageTest : public SampleCopyTest {
 protected:
     void SetUp() override {
         SampleCopyTest::SetUp();
-        InstallPictureLoader();
+        m_environment->loadPicture = ReadPicture;
         HostServices::Current().SetThumbnails(std::make_shared<PictureAttachments>(m_directory.Path()));
         LogIn(SampleAccounts()[0]);
     }
@@ -43,7 +44,6 @@ protected:
     void TearDown() override {
         m_page.reset();
         HostServices::Current().SetThumbnails(nullptr);
-        SetPictureLoader(nullptr);
         SampleCopyTest::TearDown();
     }
 
@@ -101,6 +101,7 @@ protected:
         return cells.join(" | ").toStdString();
     }
 
+    EnvironmentScope m_environment;
     std::unique_ptr<RecordPage> m_page;
 };
 

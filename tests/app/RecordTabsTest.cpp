@@ -1,5 +1,5 @@
 #include "app/records/RecordPage.h"
-#include "base/CommandRunner.h"
+#include "base/Environment.h"
 #include "tests/app/MainWindowTest.h"
 #include "tests/support/ui/QtTestMain.h"
 

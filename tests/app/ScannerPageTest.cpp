@@ -73,7 +73,8 @@ protected:
         Press(&box, key);
     }
 
-    ManualTimers m_timers;
+    EnvironmentScope m_environment;
+    ManualTimers m_timers{m_environment};
     ScratchWorkstation m_workstation;
     std::unique_ptr<ScannerPage> m_page;
 };

@@ -19,7 +19,7 @@ class ScannerTabTest : public MainWindowTest {
 protected:
     void SetUp() override {
         MainWindowTest::SetUp();
-        m_timers.emplace();
+        m_timers.emplace(m_environment);
         LogIn(SampleAccounts()[0]);
     }
 

@@ -51,14 +51,14 @@ TEST_F(ProcessTransactionReport, AFailingRedrawOfTheClearedBatchStillReportsSucc
 
 TEST_F(ProcessTransactionReport, AFailingLogAfterTheCommitStillReportsSuccess) {
     ThrowingErrorLog log;
-    SetErrorLog(&log);
+    m_environment->errorLog = &log;
     const int32_t id = AddStored(Property);
     Begin({FindItem(Property, id)});
     FailAt("NOTIFY_USER");
     GetActions().ProcessTransaction(MakeTransfer());
     ExpectCommittedReport("Successfully transferred 1 item");
     EXPECT_EQ(log.calls, 1);
-    SetErrorLog(&m_log);
+    m_environment->errorLog = &m_log;
 }
 
 // After a failure every step of its report is tried too, and nothing leaves the operation.
@@ -89,12 +89,12 @@ TEST_F(ProcessTransactionReport, AFailingReportOfAFailureDoesNotKeepTheOtherStep
 
 TEST_F(ProcessTransactionReport, AFailingLogDoesNotLeaveTheOperation) {
     ThrowingErrorLog log;
-    SetErrorLog(&log);
+    m_environment->errorLog = &log;
     Begin({MakeItem(9999)});
     GetActions().ProcessTransaction(MakeTransfer());
     EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
     EXPECT_EQ(log.calls, 1);
-    SetErrorLog(&m_log);
+    m_environment->errorLog = &m_log;
 }
 
 TEST_F(ProcessTransactionReport, LoadingIsOnWhileTheBatchRunsAndTheBatchIsStillThereWhenTheUserIsTold) {

@@ -26,7 +26,7 @@ const Message PermissionRequired{
 
 class AccessGate : public testing::DatabaseTest {
 protected:
-    void Categorise(const std::string& name) {
+    void Categorize(const std::string& name) {
         m_database.Execute("UPDATE StorageLocation SET Type = 2 WHERE Name = ?", {name});
         GetStorageLocationStatic().Refresh();
     }
@@ -48,7 +48,7 @@ TEST_F(AccessGate, LoggedOutItShowsOneMessageAndResetsNothing) {
     EXPECT_EQ(GetStores().Cart, cart);
 }
 
-TEST_F(AccessGate, ACategorisedTreeAndAllRightsOpenTheModuleWithoutAMessage) {
+TEST_F(AccessGate, ACategorizedTreeAndAllRightsOpenTheModuleWithoutAMessage) {
     m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
     EXPECT_TRUE(RunAndExpect(true).empty());
 }
@@ -67,7 +67,7 @@ TEST_F(AccessGate, WithNeitherViewRightTheUserIsTurnedAway) {
     EXPECT_EQ(RunAndExpect(false), std::vector{InsufficientPermissions});
 }
 
-TEST_F(AccessGate, UncategorisedLocationsWithoutTheEditRightTurnTheUserAway) {
+TEST_F(AccessGate, UncategorizedLocationsWithoutTheEditRightTurnTheUserAway) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().VIEW_PROPERTY());
@@ -77,53 +77,80 @@ TEST_F(AccessGate, UncategorisedLocationsWithoutTheEditRightTurnTheUserAway) {
 
 TEST_F(AccessGate, TheWizardIsWaitedForAndItsCompletionOpensTheModule) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
-    m_screen.AddWizard({.roundsVisible = 5, .completed = true, .onClose = [&] { Categorise("Old shelf"); }});
+    m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});
     EXPECT_TRUE(RunAndExpect(true).empty());
     EXPECT_EQ(m_screen.WizardsShown(), 1);
-    EXPECT_EQ(m_screen.RoundsWaited(), 5);
 }
 
 TEST_F(AccessGate, AfterTheWizardTheItemRightsAreStillAsked) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().EDIT_STORAGE_LOCATIONS());
-    m_screen.AddWizard({.onClose = [&] { Categorise("Old shelf"); }});
+    m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});
     EXPECT_EQ(RunAndExpect(false), std::vector{InsufficientPermissions});
 }
 
-TEST_F(AccessGate, AWizardThatLeftLocationsUncategorisedComesAgain) {
+TEST_F(AccessGate, AWizardThatLeftLocationsUncategorizedComesAgain) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_database.AddLocation("Old bin", StorageLocationTypes::Unassigned);
-    m_screen.AddWizard({.onClose = [&] { Categorise("Old shelf"); }});
-    m_screen.AddWizard({.onClose = [] {}});
-    m_screen.AddWizard({.onClose = [&] { Categorise("Old bin"); }});
+    m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});
+    m_screen.AddWizard({});
+    m_screen.AddWizard({.whileOpen = [&] { Categorize("Old bin"); }});
     EXPECT_TRUE(RunAndExpect(true).empty());
     EXPECT_EQ(m_screen.WizardsShown(), 3);
 }
 
 TEST_F(AccessGate, LeavingTheWizardEndsWithoutAMessage) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
-    m_screen.AddWizard({.roundsVisible = 2, .completed = false});
+    m_screen.AddWizard({.completed = false});
     EXPECT_TRUE(RunAndExpect(false).empty());
+}
+
+TEST_F(AccessGate, TheClosedWizardLivesUntilTheGateReturns) {
+    m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
+    m_database.AddLocation("Old bin", StorageLocationTypes::Unassigned);
+    m_session->GrantNothing();
+    m_session->Grant(GetPermissions().EDIT_STORAGE_LOCATIONS());
+    m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});
+    m_screen.AddWizard({.whileOpen = [&] {
+        EXPECT_EQ(m_screen.LivingWizards(), 2) << "the next form replaces the closed one only after its run";
+        Categorize("Old bin");
+    }});
+    m_screen.WhileMessageOpen = [&](const Message&) { EXPECT_EQ(m_screen.LivingWizards(), 1); };
+    EXPECT_EQ(RunAndExpect(false), std::vector{InsufficientPermissions});
+    EXPECT_EQ(m_screen.LivingWizards(), 0);
+}
+
+TEST_F(AccessGate, AWizardThatIsNotAvailableIsAnErrorForTheHost) {
+    class ScreenWithoutWizard : public testing::RecordingScreen {
+        std::unique_ptr<SetupWizard> RunSetupWizard() override {
+            Raise(ErrorNumber::General, "Screen", "The wizard for storage locations is not available here.");
+        }
+    } screen;
+    m_environment->screen = &screen;
+    m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
+    const Error error = testing::RaisedBy([] { GetSingletons().InitializeQuellbrook(); });
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
+    EXPECT_EQ(error.Description(), "The wizard for storage locations is not available here.");
+    EXPECT_TRUE(screen.Messages().empty());
 }
 
 TEST_F(AccessGate, TheEditRightIsTestedAgainInEveryRound) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
-    m_screen.AddWizard({.onClose = [&] { m_session->Revoke(GetPermissions().EDIT_STORAGE_LOCATIONS()); }});
+    m_screen.AddWizard({.whileOpen = [&] { m_session->Revoke(GetPermissions().EDIT_STORAGE_LOCATIONS()); }});
     EXPECT_EQ(RunAndExpect(false), std::vector{PermissionRequired});
 }
 
 TEST_F(AccessGate, TheHostMayCallTheModuleWhileTheWizardIsOpen) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     const auto before = GetDispatcher();
-    m_screen.WhileWaiting = [&] {
-        EXPECT_NE(GetDispatcher(), before);
-        EXPECT_EQ(GetSingletons().StorageLocation().Roots().Count(), 5u);
-        EXPECT_TRUE(GetStores().Initialized);
-    };
-    m_screen.AddWizard({.roundsVisible = 2, .completed = false});
+    m_screen.AddWizard({.completed = false, .whileOpen = [&] {
+                            EXPECT_NE(GetDispatcher(), before);
+                            EXPECT_EQ(GetSingletons().StorageLocation().Roots().Count(), 5u);
+                            EXPECT_TRUE(GetStores().Initialized);
+                        }});
     RunAndExpect(false);
-    EXPECT_EQ(m_screen.RoundsWaited(), 2);
+    EXPECT_EQ(m_screen.WizardsShown(), 1);
 }
 
 TEST_F(AccessGate, ASecondRunGivesAFreshDispatcherAndFreshStores) {

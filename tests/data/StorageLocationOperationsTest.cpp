@@ -89,9 +89,9 @@ TEST_F(StorageLocationOperations, CreatingOnTheRootOfACategoryGivesATopLevelLoca
 
 TEST_F(StorageLocationOperations, BothDatesOfANewLocationAreTheSameMoment) {
     const RunningClock clock;
-    SetClock(&clock);
+    m_environment->clock = &clock;
     const int32_t id = Find(m_tree.room)->CreateSubLocation("Crate")->ID();
-    SetClock(&m_clock);
+    m_environment->clock = &m_clock;
     EXPECT_EQ(m_tree.Cell(id, "DateEntered"), m_tree.Cell(id, "LastUpdated"));
     EXPECT_EQ(m_tree.Cell(id, "LastUpdated"), DateTime{1'790'000'000'001}.ToText());
 }

@@ -16,17 +16,14 @@ class StoredItemThumbnailTest : public DatabaseTest {
 protected:
     StoredItemThumbnailTest() {
         HostServices::Current().SetThumbnails(m_thumbnails);
-        SetPictureLoader([this](const std::string& fileName) {
+        m_environment->loadPicture = [this](const std::string& fileName) {
             m_loaded.push_back(fileName);
             return Picture{1, 1, 1, {0xFF112233}};
-        });
+        };
         m_property = m_database.AddProperty();
         m_vehicle = m_database.AddVehicle();
     }
-    ~StoredItemThumbnailTest() override {
-        SetPictureLoader(nullptr);
-        HostServices::Current().SetThumbnails(nullptr);
-    }
+    ~StoredItemThumbnailTest() override { HostServices::Current().SetThumbnails(nullptr); }
 
     std::shared_ptr<RecordingThumbnails> m_thumbnails = std::make_shared<RecordingThumbnails>();
     std::vector<std::string> m_loaded;
@@ -80,7 +77,7 @@ TEST_F(StoredItemThumbnailTest, IsReadAnewAtEachCall) {
 TEST_F(StoredItemThumbnailTest, FailuresPassOn) {
     m_database.AddAttachment(StoredItemTypes::Property, m_property, "/files", "saw.jpg");
     const auto item = FindItem(StoredItemTypes::Property, m_property);
-    SetPictureLoader([](const std::string&) -> Picture { Raise(7, "the loader", "No memory."); });
+    m_environment->loadPicture = [](const std::string&) -> Picture { Raise(7, "the loader", "No memory."); };
     EXPECT_EQ(RaisedBy([&] { item->Thumbnail(); }).Number(), 7);
     HostServices::Current().SetThumbnails(nullptr);
     EXPECT_EQ(RaisedBy([&] { item->Thumbnail(); }).Description(), "The host has named no place for attachments.");

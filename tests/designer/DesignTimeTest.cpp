@@ -35,13 +35,14 @@ class DesignTime : public ModelTest {
 protected:
     DesignTime() {
         HostServices::Current().SetEngine(std::make_shared<UntouchedEngine>());
-        SetUnexpectedReport([](const Error& error) { ADD_FAILURE() << error.Source() << ": " << error.Description(); });
+        m_environment->reportUnexpected = [](const Error& error) {
+            ADD_FAILURE() << error.Source() << ": " << error.Description();
+        };
         SetInsideDesigner(true);
     }
     ~DesignTime() override {
         ServeEvents();
         SetInsideDesigner(false);
-        SetUnexpectedReport(nullptr);
         HostServices::Current().SetEngine(nullptr);
     }
 

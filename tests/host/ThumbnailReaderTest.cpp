@@ -1,7 +1,7 @@
 #include "host/ThumbnailReader.h"
 
 #include "base/Error.h"
-#include "host/Picture.h"
+#include "base/Picture.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ScratchFolder.h"
 

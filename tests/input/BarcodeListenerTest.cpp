@@ -32,20 +32,15 @@ private:
 class BarcodeListenerTest : public ::testing::Test {
 protected:
     BarcodeListenerTest() {
-        SetClock(&m_clock);
-        SetMessageHookFactory([this] {
+        m_environment->clock = &m_clock;
+        m_environment->makeMessageHook = [this] {
             auto hook = std::make_unique<FakeHook>(m_livingHooks);
             m_hook = hook.get();
             ++m_madeHooks;
             return hook;
-        });
+        };
         m_listener = MakeListener();
         m_listener->Shown();
-    }
-    ~BarcodeListenerTest() override {
-        m_listener.reset();
-        SetMessageHookFactory(nullptr);
-        SetClock(nullptr);
     }
 
     std::unique_ptr<BarcodeListener> MakeListener() {
@@ -81,8 +76,9 @@ protected:
         m_clock.Set(DateTime::FromParts({2026, 11, 20, hour, minute, second, millisecond}));
     }
 
+    EnvironmentScope m_environment;
     FixedClock m_clock;
-    ManualTimers m_timers;
+    ManualTimers m_timers{m_environment};
     FakeHook* m_hook = nullptr;
     int m_madeHooks = 0, m_livingHooks = 0;
     bool m_isListening = true, m_isWindowActive = true;

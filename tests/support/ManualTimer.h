@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Timer.h"
+#include "base/Environment.h"
 
 #include <algorithm>
 #include <memory>
@@ -47,13 +47,12 @@ private:
     bool m_running = false;
 };
 
-// Makes every timer of the system a manual one from construction to destruction.
+// Makes every timer of an environment a manual one.
 class ManualTimers {
 public:
-    ManualTimers() {
-        SetTimerFactory([all = m_all] { return std::make_unique<ManualTimer>(all); });
+    explicit ManualTimers(EnvironmentScope& environment) {
+        environment->makeTimer = [all = m_all] { return std::make_unique<ManualTimer>(all); };
     }
-    ~ManualTimers() { SetTimerFactory(nullptr); }
     ManualTimers(const ManualTimers&) = delete;
     ManualTimers& operator=(const ManualTimers&) = delete;
 

@@ -2,9 +2,7 @@
 
 #include "core/Stores.h"
 #include "tests/support/FakeSession.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/RecordingErrorLog.h"
-#include "tests/support/RecordingScreen.h"
+#include "tests/support/TestEnvironment.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +12,10 @@ namespace quellbrook::testing {
 // holds all rights, on a recording screen, a standing clock and a log on which only announced entries may come.
 class ModelTest : public ::testing::Test {
 protected:
-    ModelTest() {
-        SetScreen(&m_screen);
-        SetClock(&m_clock);
-        SetErrorLog(&m_log);
-        ForgetState();
-    }
+    ModelTest() { ForgetState(); }
     ~ModelTest() override {
         m_log.Verify();
         ForgetState();
-        SetErrorLog(nullptr);
-        SetClock(nullptr);
-        SetScreen(nullptr);
     }
 
     static void ForgetState() {
@@ -34,9 +24,10 @@ protected:
         HostLocationData::Discard();
     }
 
-    RecordingScreen m_screen;
-    FixedClock m_clock;
-    RecordingErrorLog m_log;
+    TestEnvironment m_environment;
+    RecordingScreen& m_screen = m_environment.screen;
+    FixedClock& m_clock = m_environment.clock;
+    RecordingErrorLog& m_log = m_environment.log;
     SessionScope m_session;
 };
 

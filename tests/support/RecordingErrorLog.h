@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/ErrorLog.h"
+#include "base/ErrorLog.h"
 
 #include <algorithm>
 #include <string>

@@ -11,34 +11,13 @@ namespace quellbrook::testing {
 
 class RecordingScreen::Wizard : public SetupWizard {
 public:
-    Wizard(RecordingScreen& screen, WizardScript script) : m_screen(screen), m_script(std::move(script)) {}
-
-    void Show() override {
-        m_visible = true;
-        ++m_screen.m_wizardsShown;
-        if (m_script.onShow) m_script.onShow();
-        if (m_script.roundsVisible == 0) Close();
-    }
-    bool Visible() const override { return m_visible; }
-    bool Completed() const override {
-        EXPECT_FALSE(m_visible) << "The wizard was asked for its outcome while it was open.";
-        return m_script.completed;
-    }
-
-    void PassRound() {
-        if (m_visible && ++m_rounds >= m_script.roundsVisible) Close();
-    }
+    Wizard(int& living, bool completed) : m_living(living), m_completed(completed) { ++m_living; }
+    ~Wizard() override { --m_living; }
+    bool Completed() const override { return m_completed; }
 
 private:
-    void Close() {
-        m_visible = false;
-        if (m_script.onClose) m_script.onClose();
-    }
-
-    RecordingScreen& m_screen;
-    WizardScript m_script;
-    bool m_visible = false;
-    int m_rounds = 0;
+    int& m_living;
+    const bool m_completed;
 };
 
 std::vector<RecordingScreen::Message> RecordingScreen::TakeMessages() { return std::exchange(m_messages, {}); }
@@ -72,22 +51,17 @@ void RecordingScreen::ShowPlainMessage(const std::string& text, const std::strin
     if (WhilePlainMessageOpen) WhilePlainMessageOpen(message);
 }
 
-std::shared_ptr<SetupWizard> RecordingScreen::MakeSetupWizard() {
+std::unique_ptr<SetupWizard> RecordingScreen::RunSetupWizard() {
     if (m_wizards.empty()) {
-        ADD_FAILURE() << "A wizard that no script foresees.";
-        Raise(ErrorNumber::General, "RecordingScreen.MakeSetupWizard", "There is no wizard.");
+        ADD_FAILURE() << "A wizard ran that no script describes.";
+        Raise(ErrorNumber::General, "RecordingScreen.RunSetupWizard", "There is no wizard.");
     }
-    auto wizard = std::make_shared<Wizard>(*this, std::move(m_wizards.front()));
+    const WizardScript script = std::move(m_wizards.front());
     m_wizards.pop_front();
-    m_madeWizards.push_back(wizard);
+    ++m_wizardsShown;
+    auto wizard = std::make_unique<Wizard>(m_livingWizards, script.completed);
+    if (script.whileOpen) script.whileOpen();
     return wizard;
-}
-
-void RecordingScreen::WaitForMessages() {
-    ++m_roundsWaited;
-    if (WhileWaiting) WhileWaiting();
-    for (const auto& made : std::vector(m_madeWizards))
-        if (const auto wizard = made.lock()) wizard->PassRound();
 }
 
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::Message& message) {

@@ -12,13 +12,10 @@
 
 namespace quellbrook::testing {
 
-// What one form of the first-use wizard does: stays visible for so many rounds of WaitForMessages after its Show, then
-// closes and reads as completed or left.
+// One run of the categorization wizard: what happens while its form is open, and how the user leaves it.
 struct WizardScript {
-    int roundsVisible = 1;
     bool completed = true;
-    std::function<void()> onShow = {};
-    std::function<void()> onClose = {};
+    std::function<void()> whileOpen = {};
 };
 
 // A screen without a screen: keeps what was shown and answers from a list. Messages with the OK button alone need no
@@ -52,8 +49,6 @@ public:
 
     void AddWizard(WizardScript script) { m_wizards.push_back(std::move(script)); }
     bool HasWizardsLeft() const { return !m_wizards.empty(); }
-    // Runs in each round of WaitForMessages, before a wizard may close.
-    std::function<void()> WhileWaiting;
 
     void SetTwipsPerPixelY(double value) { m_twipsPerPixelY = value; }
     void SetOpenFormCount(int32_t count) { m_openFormCount = count; }
@@ -65,13 +60,12 @@ public:
     std::vector<PlainMessage> TakePlainMessages();
     const ObjectRef& DialogParent() const { return m_dialogParent; }
     int WizardsShown() const { return m_wizardsShown; }
-    int RoundsWaited() const { return m_roundsWaited; }
+    int LivingWizards() const { return m_livingWizards; }
 
     int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) override;
     void ShowPlainMessage(const std::string& text, const std::string& title) override;
     void SetDialogParent(ObjectRef window) override { m_dialogParent = std::move(window); }
-    std::shared_ptr<SetupWizard> MakeSetupWizard() override;
-    void WaitForMessages() override;
+    std::unique_ptr<SetupWizard> RunSetupWizard() override;
     double TwipsPerPixelY() const override { return m_twipsPerPixelY; }
     int32_t OpenFormCount() const override { return m_openFormCount; }
 
@@ -83,14 +77,13 @@ private:
     std::deque<int32_t> m_answers;
     std::optional<int32_t> m_defaultAnswer;
     std::deque<WizardScript> m_wizards;
-    std::vector<std::weak_ptr<Wizard>> m_madeWizards;
     std::vector<Message> m_messages;
     std::vector<PlainMessage> m_plainMessages;
     ObjectRef m_dialogParent;
     double m_twipsPerPixelY = 15;
     int32_t m_openFormCount = 0;
     int m_wizardsShown = 0;
-    int m_roundsWaited = 0;
+    int m_livingWizards = 0;
 };
 
 // As gtest prints them.

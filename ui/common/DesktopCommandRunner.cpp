@@ -1,6 +1,5 @@
 #include "ui/common/DesktopCommandRunner.h"
 
-#include "base/CommandRunner.h"
 #include "base/Error.h"
 #include "ui/platform/Strings.h"
 
@@ -9,9 +8,12 @@
 
 namespace quellbrook {
 
-namespace {
+std::string AddressInCommand(const std::string& commandLine) {
+    const size_t start = commandLine.find("tessarine://");
+    return start == std::string::npos ? std::string() : commandLine.substr(start);
+}
 
-void OpenAddress(const std::string& commandLine) {
+void RunInDesktop(const std::string& commandLine) {
     const std::string address = AddressInCommand(commandLine);
     if (address.empty())
         Raise(ErrorNumber::General, "DesktopCommandRunner.Run",
@@ -19,14 +21,5 @@ void OpenAddress(const std::string& commandLine) {
     if (!QDesktopServices::openUrl(QUrl(ToQString(address))))
         Raise(ErrorNumber::General, "DesktopCommandRunner.Run", "This workstation has no program that opens records.");
 }
-
-}  // namespace
-
-std::string AddressInCommand(const std::string& commandLine) {
-    const size_t start = commandLine.find("tessarine://");
-    return start == std::string::npos ? std::string() : commandLine.substr(start);
-}
-
-void InstallDesktopCommandRunner() { SetCommandRunner(OpenAddress); }
 
 }  // namespace quellbrook

@@ -4,8 +4,9 @@
 
 namespace quellbrook {
 
-// Lets the desktop open the address in a command line of the host, in whatever program is registered for its scheme.
-void InstallDesktopCommandRunner();
+// Opens the address in a command line of the host with the program that is registered for its scheme. Error 5 with a
+// sentence if there is no address, or no such program.
+void RunInDesktop(const std::string& commandLine);
 
 // The address in such a command line: from "tessarine://" on; empty without one.
 std::string AddressInCommand(const std::string& commandLine);

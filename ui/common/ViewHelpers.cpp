@@ -1,6 +1,6 @@
 #include "ui/common/ViewHelpers.h"
 
-#include "base/CommandRunner.h"
+#include "base/Environment.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "data/CustodyRecords.h"

@@ -1,6 +1,7 @@
 #include "ui/common/WidgetScreen.h"
 
 #include "base/Error.h"
+#include "ui/common/DesktopCommandRunner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/common/WindowOwner.h"
@@ -12,19 +13,20 @@
 #include "ui/platform/WidgetTimer.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QMessageBox>
-#include <QTimer>
 
 namespace quellbrook {
 
-void WidgetScreen::Install() {
+Environment WidgetEnvironment() {
     static WidgetScreen screen;
-    SetScreen(&screen);
-    InstallWidgetTimers();
-    InstallWidgetKeyState();
-    InstallWidgetMessageHook();
-    InstallPictureLoader();
+    Environment environment = GetEnvironment();
+    environment.screen = &screen;
+    environment.makeTimer = [] { return std::make_unique<WidgetTimer>(); };
+    environment.isKeyDown = WidgetKeyState();
+    environment.makeMessageHook = MakeWidgetMessageHook;
+    environment.runCommand = RunInDesktop;
+    environment.loadPicture = ReadPicture;
+    return environment;
 }
 
 int32_t WidgetScreen::ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) {
@@ -45,19 +47,9 @@ void WidgetScreen::ShowPlainMessage(const std::string& text, const std::string& 
 
 void WidgetScreen::SetDialogParent(ObjectRef window) { GetDialogs().SetParent(std::move(window)); }
 
-std::shared_ptr<SetupWizard> WidgetScreen::MakeSetupWizard() {
-    Raise(ErrorNumber::General, "WidgetScreen.MakeSetupWizard",
+std::unique_ptr<SetupWizard> WidgetScreen::RunSetupWizard() {
+    Raise(ErrorNumber::General, "WidgetScreen.RunSetupWizard",
           "The wizard for storage locations is not available here.");
-}
-
-void WidgetScreen::WaitForMessages() {
-    QEventLoop loop;
-    QTimer rest;
-    rest.setSingleShot(true);
-    rest.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&rest, &QTimer::timeout, &loop, &QEventLoop::quit);
-    rest.start(1);
-    loop.exec();
 }
 
 double WidgetScreen::TwipsPerPixelY() const {

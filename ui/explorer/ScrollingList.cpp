@@ -1,6 +1,6 @@
 #include "ui/explorer/ScrollingList.h"
 
-#include "base/KeyState.h"
+#include "base/Environment.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"

@@ -1,41 +1,24 @@
 #include "ui/platform/Guard.h"
 
-#include "base/Screen.h"
-#include "host/ErrorLog.h"
+#include "base/Environment.h"
 
 namespace quellbrook {
 
 namespace {
 
-ErrorReport& InstalledReport() {
-    static ErrorReport report;
-    return report;
-}
-
-// While one report is open, as a dialog with a loop of its own, further errors are only logged: a failing paint handler
-// would otherwise open dialogs without end.
+// A report can run an event loop, in which a failing paint handler would otherwise open dialogs without end.
 bool reporting = false;
-
-void LogError(const Error& error) { LogFailure(error.Source(), error.Description()); }
-
-void ReportByDefault(const Error& error) {
-    LogError(error);
-    GetScreen().ShowMessage(error.Description(), MessageStyle::Critical, "Unexpected Error");
-}
 
 }  // namespace
 
-void ReportUnexpected(const Error& error) {
-    const bool nested = reporting;
+void ReportUnexpected(const Error& error) noexcept {
+    if (reporting) return LogFailure(error.Source(), error.Description());
+    reporting = true;
     GuardSilently([&] {
-        if (nested) return LogError(error);
-        reporting = true;
-        const ErrorReport report = InstalledReport();
-        report ? report(error) : ReportByDefault(error);
+        const auto report = GetEnvironment().reportUnexpected;
+        report(error);
     });
-    reporting = nested;
+    reporting = false;
 }
-
-void SetUnexpectedReport(ErrorReport report) { InstalledReport() = std::move(report); }
 
 }  // namespace quellbrook

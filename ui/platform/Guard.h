@@ -7,15 +7,13 @@
 
 namespace quellbrook {
 
-// No error leaves a handler that the toolkit calls: a virtual, a slot, a filter or a timer. Each runs inside Guard.
+// No error leaves a handler that Qt calls: a virtual, a slot, a filter or a timer. Each runs inside Guard.
 
 // What to do with an error that reached the edge of a handler.
 using ErrorReport = std::function<void(const Error&)>;
 
-// The report of handlers that name none: the styled message "Unexpected Error" and an entry in the error log. A host
-// may put its own in its place; null restores the default. The report itself never throws.
-void ReportUnexpected(const Error& error);
-void SetUnexpectedReport(ErrorReport report);
+// Reports through the environment's reportUnexpected; while such a report is open, only to the log. Never throws.
+void ReportUnexpected(const Error& error) noexcept;
 
 template <typename Handler, typename Report>
 void Guard(Handler&& handler, Report&& report) noexcept {

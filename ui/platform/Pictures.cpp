@@ -9,8 +9,6 @@
 
 namespace quellbrook {
 
-namespace {
-
 Picture ReadPicture(const std::string& fileName) {
     QImageReader reader(ToQString(fileName));
     reader.setAutoTransform(true);
@@ -25,8 +23,6 @@ Picture ReadPicture(const std::string& fileName) {
     }
     return ToPicture(image);
 }
-
-}  // namespace
 
 QImage ToImage(const Picture& picture) {
     QImage image(picture.width, picture.height, QImage::Format_ARGB32);
@@ -51,7 +47,5 @@ Picture ToPicture(const QImage& image) {
     }
     return picture;
 }
-
-void InstallPictureLoader() { SetPictureLoader(ReadPicture); }
 
 }  // namespace quellbrook

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "host/Picture.h"
+#include "base/Picture.h"
 
 #include <QImage>
 
 namespace quellbrook {
 
-// With the device pixel ratio that the picture's scale is.
+// The picture's scale becomes the image's device pixel ratio, and the reverse.
 QImage ToImage(const Picture& picture);
 Picture ToPicture(const QImage& image);
 
-// From now on LoadPicture reads what the toolkit reads: PNG, JPEG, GIF, BMP at least.
-void InstallPictureLoader();
+// As LoadPicture, with the formats that Qt reads: at least PNG, JPEG, GIF and BMP.
+Picture ReadPicture(const std::string& fileName);
 
 }  // namespace quellbrook

@@ -1,13 +1,11 @@
 #include "ui/platform/WidgetKeyState.h"
 
-#include "base/KeyState.h"
-
 #include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QPointer>
 
 #include <array>
+#include <memory>
 
 namespace quellbrook {
 
@@ -17,8 +15,6 @@ constexpr int FirstKey = 37;
 
 class KeyWatcher : public QObject {
 public:
-    using QObject::QObject;
-
     bool IsDown(int keyCode) const {
         const int position = keyCode - FirstKey;
         return position >= 0 && position < static_cast<int>(m_down.size()) && m_down[static_cast<size_t>(position)];
@@ -49,13 +45,10 @@ private:
 
 }  // namespace
 
-void InstallWidgetKeyState() {
-    static QPointer<KeyWatcher> watcher;
-    if (!watcher) {
-        watcher = new KeyWatcher(QCoreApplication::instance());
-        QCoreApplication::instance()->installEventFilter(watcher);
-    }
-    SetKeyStateProbe([](int keyCode) { return watcher && watcher->IsDown(keyCode); });
+std::function<bool(int)> WidgetKeyState() {
+    const auto watcher = std::make_shared<KeyWatcher>();
+    QCoreApplication::instance()->installEventFilter(watcher.get());
+    return [watcher](int keyCode) { return watcher->IsDown(keyCode); };
 }
 
 }  // namespace quellbrook

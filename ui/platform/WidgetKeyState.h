@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
+
 namespace quellbrook {
 
-// From now on IsKeyDown answers for the arrow keys (37 to 40, those of the keypad too) by their last press and release
-// anywhere in the application. Losing the active window releases all.
-void InstallWidgetKeyState();
+// Whether an arrow key (37 to 40, the keypad's too) is down, by its last press and release anywhere in the application
+// since this call. When no window is active, no key is down.
+std::function<bool(int keyCode)> WidgetKeyState();
 
 }  // namespace quellbrook

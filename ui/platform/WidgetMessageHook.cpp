@@ -1,6 +1,5 @@
 #include "ui/platform/WidgetMessageHook.h"
 
-#include "base/MessageHook.h"
 #include "ui/platform/Guard.h"
 
 #include <QCoreApplication>
@@ -82,8 +81,6 @@ private:
 
 }  // namespace
 
-void InstallWidgetMessageHook() {
-    SetMessageHookFactory([] { return std::make_unique<ApplicationHook>(); });
-}
+std::unique_ptr<MessageHook> MakeWidgetMessageHook() { return std::make_unique<ApplicationHook>(); }
 
 }  // namespace quellbrook

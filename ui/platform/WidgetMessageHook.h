@@ -1,11 +1,15 @@
 #pragma once
 
+#include "base/MessageHook.h"
+
+#include <memory>
+
 namespace quellbrook {
 
-// From now on MakeMessageHook gives hooks on the keys of the whole application: one key-down and, for a key with a
-// text, a character message for each press, one key-up for each release, before any shortcut or widget sees it. wParam
-// of a key is 18 for Alt and the toolkit's key code for all others; of a character it is the code point. Delete has no
-// character here. Input methods are not hooked.
-void InstallWidgetMessageHook();
+// A hook on the keys of the whole application. It sees one key-down message and, for a key with a text, a character
+// message for each press, and one key-up message for each release, before any shortcut or widget does. wParam of a key
+// is 18 for Alt and Qt's key code otherwise; of a character it is the code point. Delete has no character message.
+// Input methods are not hooked.
+std::unique_ptr<MessageHook> MakeWidgetMessageHook();
 
 }  // namespace quellbrook

@@ -12,8 +12,4 @@ WidgetTimer::WidgetTimer() {
     });
 }
 
-void InstallWidgetTimers() {
-    SetTimerFactory([] { return std::make_unique<WidgetTimer>(); });
-}
-
 }  // namespace quellbrook

@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// The toolkit's timer, precise to the millisecond. A tick runs inside Guard and may destroy its own timer.
+// A QTimer, precise to the millisecond. A tick runs inside Guard and may destroy its own timer.
 class WidgetTimer : public Timer {
 public:
     WidgetTimer();
@@ -20,8 +20,5 @@ public:
 private:
     QTimer m_timer;
 };
-
-// From now on MakeTimer gives timers of this kind.
-void InstallWidgetTimers();
 
 }  // namespace quellbrook

@@ -76,14 +76,13 @@ std::string Describe(const Cell& cell) {
 class GalleryTest : public ::testing::Test {
 protected:
     GalleryTest() {
-        SetScreen(&m_screen);
+        m_environment->screen = &m_screen;
         m_gallery = std::make_unique<GalleryWindow>();
     }
     ~GalleryTest() override {
         m_gallery.reset();
         UsePalette(false);
         EXPECT_TRUE(m_screen.Messages().empty()) << "Unexpected message: " << m_screen.Messages().front();
-        SetScreen(nullptr);
     }
 
     static void UsePalette(bool dark) {
@@ -113,6 +112,7 @@ protected:
         return looks;
     }
 
+    EnvironmentScope m_environment;
     RecordingScreen m_screen;
     std::unique_ptr<GalleryWindow> m_gallery;
 };

@@ -43,7 +43,7 @@ TEST_F(HiddenViewTest, EveryKeyEventPassesAsWithoutAHook) {
 
 TEST_F(HiddenViewTest, PressesWithinTheRestOfTheLastScanAreDroppedAllTheSame) {
     m_clock.Set(DateTime::FromParts({2026, 11, 20, 1, 0, 0, 0}));
-    SetClock(&m_clock);
+    m_environment->clock = &m_clock;
     ShowExplorer();
     ScanAndAwait("x1");
     ASSERT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Unknown, "1")));

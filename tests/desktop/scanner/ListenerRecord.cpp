@@ -7,7 +7,6 @@ namespace quellbrook::testing {
 class ListenerRecord::RecordingClock : public Clock {
 public:
     RecordingClock(const ListenerRecord& record, const Clock& clock) : m_record(record), m_clock(clock) {}
-    ~RecordingClock() override { SetClock(&m_clock); }
 
     DateTime Now() const override {
         const DateTime now = m_clock.Now();
@@ -59,24 +58,21 @@ private:
 
 ListenerRecord::ListenerRecord(BarcodeListenerControl& listener)
     : m_listener(listener), m_clock(std::make_unique<RecordingClock>(*this, GetClock())) {
-    SetClock(m_clock.get());
+    m_environment->clock = m_clock.get();
     const auto hook = std::make_shared<std::unique_ptr<MessageHook>>(MakeMessageHook());
     const auto timer = std::make_shared<std::unique_ptr<Timer>>(MakeTimer());
-    SetMessageHookFactory([this, hook] { return std::make_unique<RecordingHook>(*this, std::move(*hook)); });
-    SetTimerFactory([this, timer] {
+    m_environment->makeMessageHook = [this, hook] { return std::make_unique<RecordingHook>(*this, std::move(*hook)); };
+    m_environment->makeTimer = [this, timer] {
         auto made = std::make_unique<RecordingTimer>(*this, std::move(*timer));
         m_timer = made.get();
         return made;
-    });
+    };
     m_listener.BarcodeScanned().connect([this](int32_t type, const std::string& data) {
         if (m_current) m_current->raised = {type, data};
     });
 }
 
-ListenerRecord::~ListenerRecord() {
-    SetMessageHookFactory(nullptr);
-    SetTimerFactory(nullptr);
-}
+ListenerRecord::~ListenerRecord() = default;
 
 void ListenerRecord::Record(Entry entry, const std::function<void(Entry&)>& happen) {
     entry.isListening = m_listener.IsListening();

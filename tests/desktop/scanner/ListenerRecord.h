@@ -1,8 +1,6 @@
 #pragma once
 
-#include "base/Clock.h"
-#include "base/MessageHook.h"
-#include "base/Timer.h"
+#include "base/Environment.h"
 #include "ui/controls/BarcodeListenerControl.h"
 
 #include <cstdint>
@@ -50,6 +48,7 @@ private:
 
     BarcodeListenerControl& m_listener;
     std::unique_ptr<RecordingClock> m_clock;
+    EnvironmentScope m_environment;
     const Timer* m_timer = nullptr;
     Entry* m_current = nullptr;
     std::vector<Entry> m_entries;

@@ -24,9 +24,9 @@ const QString kept = QStringLiteral("kept");
 }  // namespace
 
 ScannerTest::ScannerTest() {
-    SetClock(&m_runningClock);
-    InstallWidgetTimers();
-    InstallWidgetMessageHook();
+    m_environment->clock = &m_runningClock;
+    m_environment->makeTimer = [] { return std::make_unique<WidgetTimer>(); };
+    m_environment->makeMessageHook = MakeWidgetMessageHook;
     m_window.setWindowTitle("scanner");
     m_window.resize(1000, 700);
     m_menu = m_window.menuBar()->addMenu("&File");
@@ -50,8 +50,6 @@ ScannerTest::~ScannerTest() {
     m_window.close();
     ServeEvents();
     SetMousePointer(MousePointer::Default);
-    SetMessageHookFactory(nullptr);
-    SetTimerFactory(nullptr);
 }
 
 void ScannerTest::ShowExplorer() {

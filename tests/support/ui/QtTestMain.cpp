@@ -1,6 +1,6 @@
 #include "tests/support/ui/QtTestMain.h"
 
-#include "host/ErrorLog.h"
+#include "base/Environment.h"
 #include "ui/accessibility/Accessibility.h"
 #include "ui/style/FlatStyle.h"
 #include "ui/style/Theme.h"
@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 namespace quellbrook::testing {
@@ -46,15 +47,20 @@ void OnToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& 
 }
 
 class WarningListener : public ::testing::EmptyTestEventListener {
-    void OnTestStart(const ::testing::TestInfo&) override { SetErrorLog(&TestErrorLog()); }
+    void OnTestStart(const ::testing::TestInfo&) override {
+        m_environment.emplace();
+        (*m_environment)->errorLog = &TestErrorLog();
+    }
     void OnTestEnd(const ::testing::TestInfo&) override {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         for (const QString& part : AnnouncedWarnings())
             ADD_FAILURE() << "No warning of the toolkit came with: " << part.toStdString();
         AnnouncedWarnings().clear();
         TestErrorLog().Verify();
-        SetErrorLog(nullptr);
+        m_environment.reset();
     }
+
+    std::optional<EnvironmentScope> m_environment;
 };
 
 }  // namespace

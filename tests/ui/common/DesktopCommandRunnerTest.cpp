@@ -1,6 +1,6 @@
 #include "ui/common/DesktopCommandRunner.h"
 
-#include "base/CommandRunner.h"
+#include "base/Error.h"
 #include "tests/support/RaisedBy.h"
 
 #include <QDesktopServices>
@@ -27,27 +27,21 @@ public slots:
     void Take(const QUrl& address) { taken << address.toString(); }
 };
 
-class DesktopCommandRunner : public ::testing::Test {
-protected:
-    DesktopCommandRunner() { InstallDesktopCommandRunner(); }
-    ~DesktopCommandRunner() override { SetCommandRunner(nullptr); }
-};
-
 }  // namespace
 
-TEST_F(DesktopCommandRunner, TheAddressBeginsAtItsScheme) {
+TEST(DesktopCommandRunner, TheAddressBeginsAtItsScheme) {
     EXPECT_EQ(AddressInCommand("cmd /c start tessarine://mivehicle/open/42"), "tessarine://mivehicle/open/42");
     EXPECT_EQ(AddressInCommand("cmd /c start notepad"), "");
 }
 
-TEST_F(DesktopCommandRunner, TheDesktopOpensTheAddress) {
+TEST(DesktopCommandRunner, TheDesktopOpensTheAddress) {
     AddressTaker desktop;
-    RunCommand("cmd /c start tessarine://miproperty/open/7");
+    RunInDesktop("cmd /c start tessarine://miproperty/open/7");
     EXPECT_EQ(desktop.taken, QStringList("tessarine://miproperty/open/7"));
 }
 
-TEST_F(DesktopCommandRunner, ACommandWithoutAnAddressIsRefused) {
-    const Error error = testing::RaisedBy([] { RunCommand("cmd /c start notepad"); });
+TEST(DesktopCommandRunner, ACommandWithoutAnAddressIsRefused) {
+    const Error error = testing::RaisedBy([] { RunInDesktop("cmd /c start notepad"); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "There is no address in the command \"cmd /c start notepad\".");
 }

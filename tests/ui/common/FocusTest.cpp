@@ -140,9 +140,9 @@ TEST_F(Focus, TwoControlsThatFightForItAreStoppedWithTheDepthOfTheirFight) {
 
 TEST_F(Focus, AMessageThatCannotBeShownIsSwallowed) {
     Call199Times();
-    SetScreen(nullptr);
+    m_environment->screen = nullptr;
     EXPECT_NO_THROW(TrySetFocus(m_first));
-    SetScreen(&m_screen);
+    m_environment->screen = &m_screen;
     Call199Times();
     EXPECT_TRUE(m_screen.Messages().empty());
 }

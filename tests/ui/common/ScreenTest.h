@@ -22,17 +22,12 @@ namespace quellbrook::testing {
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest() {
-        WidgetScreen::Install();
         m_host.setGeometry(100, 50, 640, 480);
         m_host.setObjectName("host");
         ShowActive(m_host);
         GetDialogs().SetParent(std::make_shared<WindowReference>(&m_host));
     }
-    ~ScreenTest() override {
-        GetDialogs().SetParent(nullptr);
-        SetTimerFactory(nullptr);
-        SetScreen(nullptr);
-    }
+    ~ScreenTest() override { GetDialogs().SetParent(nullptr); }
 
     // Runs once the next dialog is open, inside its loop. The dialog is closed afterwards, if it still is open.
     template <typename Form = frmModal>
@@ -50,6 +45,7 @@ protected:
         });
     }
 
+    EnvironmentScope m_environment{WidgetEnvironment()};
     QWidget m_host;
 };
 

@@ -1,6 +1,6 @@
 #include "ui/common/ViewHelpers.h"
 
-#include "base/CommandRunner.h"
+#include "base/Environment.h"
 #include "base/Error.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/Items.h"
@@ -82,10 +82,10 @@ protected:
 class OpenInHostTest : public ::testing::Test {
 protected:
     OpenInHostTest() {
-        SetCommandRunner([this](const std::string& command) { m_commands.push_back(command); });
+        m_environment->runCommand = [this](const std::string& command) { m_commands.push_back(command); };
     }
-    ~OpenInHostTest() override { SetCommandRunner(nullptr); }
 
+    EnvironmentScope m_environment;
     std::vector<std::string> m_commands;
 };
 
@@ -284,7 +284,7 @@ TEST_F(OpenInHostTest, AnythingElseIsRefused) {
 }
 
 TEST_F(OpenInHostTest, WithoutAProgramThatOpensRecordsItFailsWithASentence) {
-    SetCommandRunner(nullptr);
+    const EnvironmentScope withoutRunner{Environment()};
     const Error error = RaisedBy([] { OpenInHost(MakeItem(7)); });
     EXPECT_EQ(error.Number(), 5);
     EXPECT_EQ(error.Description(), "This workstation has no program that opens records.");

@@ -1,7 +1,7 @@
 #include "ui/common/WidgetScreen.h"
 
+#include "base/Environment.h"
 #include "base/Error.h"
-#include "base/KeyState.h"
 #include "base/MessageHook.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/ui/common/ScreenTest.h"
@@ -16,7 +16,7 @@ class WidgetScreenTest : public testing::ScreenTest {};
 
 }  // namespace
 
-TEST_F(WidgetScreenTest, ThePlainMessageIsTheToolkitsOwnBoxWithPlainText) {
+TEST_F(WidgetScreenTest, ThePlainMessageIsQtsOwnBoxWithPlainText) {
     bool seen = false;
     QTimer::singleShot(0, &m_host, [&seen] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -33,34 +33,25 @@ TEST_F(WidgetScreenTest, ThePlainMessageIsTheToolkitsOwnBoxWithPlainText) {
     EXPECT_TRUE(seen);
 }
 
-TEST_F(WidgetScreenTest, WaitingForMessagesServesTheHostsOwn) {
-    int ticks = 0;
-    QTimer hostTimer;
-    QObject::connect(&hostTimer, &QTimer::timeout, [&ticks] { ++ticks; });
-    hostTimer.start(1);
-    for (int round = 0; round < 1000 && ticks < 3; ++round) GetScreen().WaitForMessages();
-    EXPECT_EQ(ticks, 3);
-}
-
 TEST_F(WidgetScreenTest, TheDialogParentReachesTheDialogs) {
     QWidget other;
     GetScreen().SetDialogParent(std::make_shared<WindowReference>(&other));
     EXPECT_EQ(GetDialogs().GetParent(), &other);
 }
 
-TEST_F(WidgetScreenTest, AWizardThatIsNotThereIsAnErrorWithASentence) {
-    const Error error = testing::RaisedBy([] { GetScreen().MakeSetupWizard(); });
+TEST_F(WidgetScreenTest, WithoutAWizardItsRunIsAnErrorWithASentence) {
+    const Error error = testing::RaisedBy([] { GetScreen().RunSetupWizard(); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "The wizard for storage locations is not available here.");
 }
 
-TEST_F(WidgetScreenTest, TimersAndKeysAreTheToolkitsFromNowOn) {
+TEST_F(WidgetScreenTest, TimersAndKeysAreThoseOfQt) {
     int ticks = 0;
     const auto timer = MakeTimer();
     timer->SetInterval(1);
     timer->Elapsed = [&ticks] { ++ticks; };
     timer->Start();
-    for (int round = 0; round < 1000 && ticks == 0; ++round) GetScreen().WaitForMessages();
+    for (int round = 0; round < 1000 && ticks == 0; ++round) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_GT(ticks, 0);
     QTest::keyPress(&m_host, Qt::Key_Down);
     EXPECT_TRUE(IsKeyDown(40));

@@ -28,8 +28,8 @@ public:
 class BarcodeListenerControlTest : public ControlsTest {
 protected:
     BarcodeListenerControlTest() {
-        SetClock(&m_clock);
-        InstallWidgetMessageHook();
+        m_environment->clock = &m_clock;
+        m_environment->makeMessageHook = MakeWidgetMessageHook;
         m_view = MakeView();
         m_listener = MakeListener(m_view);
         m_edit = new QLineEdit(m_view);
@@ -39,8 +39,6 @@ protected:
     }
     ~BarcodeListenerControlTest() override {
         delete m_listener;
-        SetMessageHookFactory(nullptr);
-        SetClock(nullptr);
         SetInsideDesigner(false);
     }
 
@@ -63,7 +61,7 @@ protected:
         m_clock.Advance(150);
     }
 
-    ManualTimers m_timers;
+    ManualTimers m_timers{m_environment};
     FixedClock m_clock;
     View* m_view;
     BarcodeListenerControl* m_listener;
@@ -165,10 +163,10 @@ TEST_F(BarcodeListenerControlTest, HooksNothingBeforeItIsShownAndThenUntilItsEnd
 
 TEST_F(BarcodeListenerControlTest, InAFormDesignerItShowsAnIconAndHooksNothing) {
     SetInsideDesigner(true);
-    SetMessageHookFactory([]() -> std::unique_ptr<MessageHook> {
+    m_environment->makeMessageHook = []() -> std::unique_ptr<MessageHook> {
         ADD_FAILURE() << "A hook was asked for.";
         return nullptr;
-    });
+    };
     QWidget form;
     form.resize(200, 200);
     auto* control = new BarcodeListenerControl(&form);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Error.h"
+#include "base/Environment.h"
 #include "tests/support/RecordingScreen.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
@@ -20,13 +20,12 @@ namespace quellbrook::testing {
 class ControlsTest : public ::testing::Test {
 protected:
     ControlsTest() {
-        SetScreen(&m_screen);
+        m_environment->screen = &m_screen;
         m_window.setObjectName("window");
         m_window.resize(800, 600);
     }
     ~ControlsTest() override {
         EXPECT_TRUE(m_screen.Messages().empty()) << "Unexpected message: " << m_screen.Messages().front();
-        SetScreen(nullptr);
     }
 
     // Exactly one report has come, with these words.
@@ -36,6 +35,7 @@ protected:
         EXPECT_EQ(m_screen.TakeMessages(), expected);
     }
 
+    EnvironmentScope m_environment;
     RecordingScreen m_screen;
     QWidget m_window;
 };

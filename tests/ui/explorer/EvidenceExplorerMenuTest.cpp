@@ -166,14 +166,13 @@ TEST_F(EvidenceExplorerMenuTest, UncheckTakesTheSelectedOutAndLeavesTheBatchOpen
 
 TEST_F(EvidenceExplorerMenuTest, OpenInTessarineHandsTheItemToTheHost) {
     std::vector<std::string> commands;
-    SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
+    m_environment->runCommand = [&](const std::string& command) { commands.push_back(command); };
     Show(m_shelf);
     RowMenu("E-2", Choose(MenuEntry::OpenInTessarine));
     EXPECT_THAT(commands, ElementsAre("cmd /c start tessarine://miproperty/open/" + std::to_string(m_second)));
 }
 
 TEST_F(EvidenceExplorerMenuTest, AFailingCommandIsReported) {
-    SetCommandRunner(nullptr);
     Show(m_shelf);
     RowMenu("E-2", Choose(MenuEntry::OpenInTessarine));
     EXPECT_EQ(TakeUnexpected().size(), 1u);

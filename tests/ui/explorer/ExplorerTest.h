@@ -28,13 +28,11 @@ namespace quellbrook::testing {
 class ExplorerTest : public DatabaseTest {
 protected:
     ExplorerTest() {
-        InstallWidgetMessageHook();
-        SetUnexpectedReport([this](const Error& error) { m_unexpected.push_back(error.Description()); });
+        m_environment->makeMessageHook = MakeWidgetMessageHook;
+        m_environment->reportUnexpected = [this](const Error& error) { m_unexpected.push_back(error.Description()); };
     }
     ~ExplorerTest() override {
         ServeEvents();
-        SetUnexpectedReport(nullptr);
-        SetMessageHookFactory(nullptr);
         SetInsideDesigner(false);
         SetMousePointer(MousePointer::Default);
         for (const std::string& description : m_unexpected) ADD_FAILURE() << "Unexpected error: " << description;
@@ -71,7 +69,7 @@ protected:
 
     std::vector<std::string> TakeUnexpected() { return std::exchange(m_unexpected, {}); }
 
-    ManualTimers m_timers;
+    ManualTimers m_timers{m_environment};
 
     // Runs while the menu that the next action opens is open; the menu is closed afterwards.
     static void WhileMenuOpen(std::function<void(QMenu&)> look) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/CommandRunner.h"
+#include "base/Environment.h"
 #include "core/Actions.h"
 #include "tests/ui/explorer/ExplorerTest.h"
 #include "ui/controls/Label.h"
@@ -28,7 +28,6 @@ protected:
         m_second = AddItem("E-2", m_shelf);
         m_empty = AddLocation("Empty Shelf");
     }
-    ~ExplorerWindowTest() override { SetCommandRunner(nullptr); }
 
     void Make() {
         m_window = std::make_unique<QWidget>();

@@ -164,7 +164,7 @@ TEST_F(SearchResultListTest, ValidatingTheLastRowRefusesRightAndDownAndScrollsOn
 
 TEST_F(SearchResultListTest, WithNoArrowDownTheFocusMayGo) {
     m_list->SetItems(MakeItems(9));
-    SetKeyStateProbe([](int) { return false; });
+    m_environment->isKeyDown = [](int) { return false; };
     EXPECT_FALSE(m_list->ValidateRow(0));
     EXPECT_FALSE(m_list->ValidateRow(3));
     EXPECT_EQ(Bar()->Value(), 0);

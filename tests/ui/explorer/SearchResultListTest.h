@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/KeyState.h"
+#include "base/Environment.h"
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/FlatScrollBar.h"
@@ -29,11 +29,10 @@ protected:
         SetHeightInRows(4);
         ShowActive(m_window);
     }
-    ~SearchResultListTest() override { SetKeyStateProbe(nullptr); }
 
     void SetHeightInRows(double rows) { m_list->Move(0, 0, ToTwips(700), ToTwips(rows * RowPixels)); }
     void Hold(int keyCode) {
-        SetKeyStateProbe([keyCode](int key) { return key == keyCode; });
+        m_environment->isKeyDown = [keyCode](int key) { return key == keyCode; };
     }
 
     FlatScrollBar* Bar() { return Find<FlatScrollBar>(*m_list, "vertScroll"); }

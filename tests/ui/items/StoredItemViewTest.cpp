@@ -1,6 +1,6 @@
 #include "ui/items/StoredItemView.h"
 
-#include "base/CommandRunner.h"
+#include "base/Environment.h"
 #include "core/Actions.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/SmallDepartment.h"
@@ -28,7 +28,6 @@ protected:
         m_view->Move(0, 0, ToTwips(1280), ToTwips(760));
         ShowActive(m_window);
     }
-    ~StoredItemViewTest() override { SetCommandRunner(nullptr); }
 
     void Open(const StoredItemRef& item) {
         auto parameters = std::make_shared<Dictionary>();
@@ -132,7 +131,7 @@ TEST_F(StoredItemViewTest, ALongDescriptionPushesTheLinkBeyondTheView) {
 
 TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
     std::vector<std::string> commands;
-    SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
+    m_environment->runCommand = [&](const std::string& command) { commands.push_back(command); };
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
     EXPECT_EQ(commands,
@@ -141,7 +140,7 @@ TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
 }
 
 TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
-    SetCommandRunner([](const std::string&) { Raise(ErrorNumber::General, "Runner", "There is no handler."); });
+    m_environment->runCommand = [](const std::string&) { Raise(ErrorNumber::General, "Runner", "There is no handler."); };
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
     EXPECT_EQ(m_screen.TakeMessages(),
@@ -169,7 +168,7 @@ TEST_F(StoredItemViewTest, AnItemLoadedWhileAChainIsBuiltStays) {
     const StoredItemRef other = AddProperty("E-2", "Pry bar", aisle);
     for (int i = 0; i < 12; ++i) m_database.AddCustodyRow(StoredItemTypes::Property, m_laptop->ID(), shelf);
     std::vector<std::string> commands;
-    SetCommandRunner([&](const std::string& command) { commands.push_back(command); });
+    m_environment->runCommand = [&](const std::string& command) { commands.push_back(command); };
     QTimer::singleShot(0, m_view, [&] { Open(other); });
     Open(m_laptop);
     EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Pry bar");

@@ -1,6 +1,6 @@
 #include "ui/items/TrackingList.h"
 
-#include "base/KeyState.h"
+#include "base/Environment.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/SmallDepartment.h"
@@ -37,11 +37,10 @@ protected:
         Resize(800, 400);
         ShowActive(m_window);
     }
-    ~TrackingListTest() override { SetKeyStateProbe(nullptr); }
 
     void Resize(int width, int height) { m_list->Move(0, 0, ToTwips(width), ToTwips(height)); }
     void Hold(int keyCode) {
-        SetKeyStateProbe([keyCode](int key) { return key == keyCode; });
+        m_environment->isKeyDown = [keyCode](int key) { return key == keyCode; };
     }
 
     std::shared_ptr<const TrackingRecordList> Records(int count, const TaggedValue& location = Null()) {

@@ -19,8 +19,6 @@ namespace {
 
 class GuardTest : public ControlsTest {
 protected:
-    ~GuardTest() override { SetUnexpectedReport(nullptr); }
-
     // A slot that fails; the log foresees it.
     std::function<void()> Fault() {
         TestErrorLog().Announce("Test.Fault");
@@ -61,7 +59,7 @@ TEST_F(GuardTest, AReportThatFailsIsReportedItself) {
 
 TEST_F(GuardTest, TurnsForeignExceptionsIntoErrors) {
     std::vector<std::string> descriptions;
-    SetUnexpectedReport([&](const Error& error) { descriptions.push_back(error.Description()); });
+    m_environment->reportUnexpected = [&](const Error& error) { descriptions.push_back(error.Description()); };
     Guard([] { throw std::runtime_error("from elsewhere"); });
     Guard([] { throw 42; });
     ASSERT_EQ(descriptions.size(), 2u);
@@ -71,27 +69,28 @@ TEST_F(GuardTest, TurnsForeignExceptionsIntoErrors) {
 
 TEST_F(GuardTest, AHostMayReplaceTheReportAndRestoreIt) {
     int reports = 0;
-    SetUnexpectedReport([&](const Error&) { ++reports; });
-    Guard([] { Raise(5, "Test.Fault", "It broke."); });
-    EXPECT_EQ(reports, 1);
-    SetUnexpectedReport(nullptr);
+    {
+        EnvironmentScope host;
+        host->reportUnexpected = [&](const Error&) { ++reports; };
+        Guard([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); });
+        EXPECT_EQ(reports, 1);
+    }
     TestErrorLog().Announce("Test.Fault");
-    Guard([] { Raise(5, "Test.Fault", "It broke."); });
+    Guard([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); });
     EXPECT_EQ(reports, 1);
     ExpectUnexpected("It broke.");
 }
 
 TEST_F(GuardTest, AReportThatThrowsIsSwallowed) {
-    SetUnexpectedReport([](const Error&) { throw std::runtime_error("no screen"); });
+    m_environment->reportUnexpected = [](const Error&) { throw std::runtime_error("no screen"); };
     EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
     EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
 }
 
 TEST_F(GuardTest, WithoutAScreenTheErrorIsLogged) {
-    SetScreen(nullptr);
+    m_environment->screen = nullptr;
     TestErrorLog().Announce("Test.Fault");
     EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
-    SetScreen(&m_screen);
 }
 
 TEST_F(GuardTest, ErrorsWhileAReportIsOpenAreOnlyLogged) {

@@ -10,9 +10,6 @@ namespace {
 
 class PicturesTest : public ControlsTest {
 protected:
-    PicturesTest() { InstallPictureLoader(); }
-    ~PicturesTest() override { SetPictureLoader(nullptr); }
-
     std::string Save(const QImage& image, const char* name) {
         const QString path = m_folder.filePath(name);
         EXPECT_TRUE(image.save(path));
@@ -39,7 +36,7 @@ TEST_F(PicturesTest, ReadsAPictureFile) {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::darkGreen);
     for (const char* name : {"a.png", "a.jpg", "a.bmp"}) {
-        const Picture picture = LoadPicture(Save(image, name));
+        const Picture picture = ReadPicture(Save(image, name));
         EXPECT_EQ(picture.width, 40) << name;
         EXPECT_EQ(picture.height, 30) << name;
         EXPECT_NEAR(qGreen(picture.At(5, 5)), 128, 2) << name;
@@ -49,7 +46,7 @@ TEST_F(PicturesTest, ReadsAPictureFile) {
 TEST_F(PicturesTest, ALargePictureIsMadeSmaller) {
     QImage image(3000, 1500, QImage::Format_RGB32);
     image.fill(Qt::blue);
-    const Picture picture = LoadPicture(Save(image, "large.png"));
+    const Picture picture = ReadPicture(Save(image, "large.png"));
     EXPECT_EQ(picture.width, LargestPictureSide);
     EXPECT_EQ(picture.height, LargestPictureSide / 2);
 }
@@ -57,21 +54,21 @@ TEST_F(PicturesTest, ALargePictureIsMadeSmaller) {
 TEST_F(PicturesTest, AVeryNarrowPictureKeepsAPixel) {
     QImage image(1, 3000, QImage::Format_RGB32);
     image.fill(Qt::blue);
-    const Picture picture = LoadPicture(Save(image, "narrow.png"));
+    const Picture picture = ReadPicture(Save(image, "narrow.png"));
     EXPECT_EQ(picture.width, 1);
     EXPECT_EQ(picture.height, LargestPictureSide);
 }
 
 TEST_F(PicturesTest, WhatIsNoPictureIsAnErrorThatNamesIt) {
     const std::string missing = m_folder.filePath("missing.png").toStdString();
-    const Error error = RaisedBy([&] { LoadPicture(missing); });
+    const Error error = RaisedBy([&] { ReadPicture(missing); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description().rfind("The picture '" + missing + "' can't be read: ", 0), 0u) << error.Description();
     QFile text(m_folder.filePath("text.png"));
     ASSERT_TRUE(text.open(QIODevice::WriteOnly));
     text.write("no picture");
     text.close();
-    EXPECT_EQ(RaisedBy([&] { LoadPicture(text.fileName().toStdString()); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(RaisedBy([&] { ReadPicture(text.fileName().toStdString()); }).Number(), ErrorNumber::General);
 }
 
 }  // namespace

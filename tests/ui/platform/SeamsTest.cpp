@@ -1,5 +1,5 @@
+#include "base/Environment.h"
 #include "base/Error.h"
-#include "base/KeyState.h"
 #include "base/MessageHook.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/ui/controls/ControlsTest.h"
@@ -13,9 +13,6 @@ namespace {
 
 class WidgetTimerTest : public ControlsTest {
 protected:
-    WidgetTimerTest() { InstallWidgetTimers(); }
-    ~WidgetTimerTest() override { SetTimerFactory(nullptr); }
-
     static void TurnUntil(const std::function<bool()>& done) {
         for (int turn = 0; turn < 100000 && !done(); ++turn)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -23,7 +20,7 @@ protected:
 };
 
 TEST_F(WidgetTimerTest, TicksUntilItIsStopped) {
-    auto timer = MakeTimer();
+    auto timer = std::make_unique<WidgetTimer>();
     int ticks = 0;
     timer->SetInterval(1);
     timer->Elapsed = [&] {
@@ -39,8 +36,8 @@ TEST_F(WidgetTimerTest, TicksUntilItIsStopped) {
 }
 
 TEST_F(WidgetTimerTest, ASingleShotTicksOnce) {
-    auto timer = MakeTimer();
-    auto other = MakeTimer();
+    auto timer = std::make_unique<WidgetTimer>();
+    auto other = std::make_unique<WidgetTimer>();
     int ticks = 0;
     int others = 0;
     timer->SetInterval(1);
@@ -57,7 +54,7 @@ TEST_F(WidgetTimerTest, ASingleShotTicksOnce) {
 }
 
 TEST_F(WidgetTimerTest, ATickMayDestroyItsTimer) {
-    auto timer = MakeTimer();
+    auto timer = std::make_unique<WidgetTimer>();
     bool ticked = false;
     timer->SetInterval(0);
     timer->Elapsed = [&] {
@@ -70,7 +67,7 @@ TEST_F(WidgetTimerTest, ATickMayDestroyItsTimer) {
 }
 
 TEST_F(WidgetTimerTest, WithoutACallbackATickDoesNothing) {
-    auto timer = MakeTimer();
+    auto timer = std::make_unique<WidgetTimer>();
     timer->SetInterval(0);
     timer->SetSingleShot(true);
     timer->Start();
@@ -79,7 +76,8 @@ TEST_F(WidgetTimerTest, WithoutACallbackATickDoesNothing) {
 }
 
 TEST(ManualTimersTest, TickOnlyWhenToldTo) {
-    ManualTimers timers;
+    EnvironmentScope environment;
+    ManualTimers timers(environment);
     auto timer = MakeTimer();
     int ticks = 0;
     timer->Elapsed = [&] { ++ticks; };
@@ -100,13 +98,12 @@ TEST(ManualTimersTest, TickOnlyWhenToldTo) {
 class WidgetKeyStateTest : public ControlsTest {
 protected:
     WidgetKeyStateTest() {
-        InstallWidgetKeyState();
+        m_environment->isKeyDown = WidgetKeyState();
         ShowActive(m_window);
     }
     ~WidgetKeyStateTest() override {
         for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down})
             QTest::keyRelease(&m_window, key);
-        SetKeyStateProbe(nullptr);
     }
 };
 
@@ -147,18 +144,6 @@ TEST_F(WidgetKeyStateTest, OtherKeysAreNeverDown) {
     EXPECT_FALSE(IsKeyDown(65));
     EXPECT_FALSE(IsKeyDown(36));
     EXPECT_FALSE(IsKeyDown(41));
-}
-
-TEST(MessageHookTest, IsMadeByTheFactoryInUse) {
-    EXPECT_THROW(MakeMessageHook(), Error);
-    SetMessageHookFactory([] { return std::make_unique<MessageHook>(); });
-    auto hook = MakeMessageHook();
-    hook->OnMessage = [](KeyMessage& message) { message.number = KeyMessageNumber::Cancelled; };
-    KeyMessage message{KeyMessageNumber::Char, 2};
-    hook->OnMessage(message);
-    EXPECT_EQ(message.number, 0u);
-    SetMessageHookFactory(nullptr);
-    EXPECT_THROW(MakeMessageHook(), Error);
 }
 
 }  // namespace

@@ -22,8 +22,7 @@ using Messages = std::vector<std::pair<uint32_t, uint32_t>>;
 class WidgetMessageHookTest : public ControlsTest {
 protected:
     WidgetMessageHookTest() : m_edit(new QLineEdit(&m_window)) {
-        InstallWidgetMessageHook();
-        m_hook = MakeMessageHook();
+        m_hook = MakeWidgetMessageHook();
         m_hook->OnMessage = [this](KeyMessage& message) {
             m_messages.emplace_back(message.number, message.wParam);
             if (m_cancels && m_cancels(message)) message.number = Number::Cancelled;
@@ -32,7 +31,6 @@ protected:
         ShowActive(m_window);
         m_edit->setFocus();
     }
-    ~WidgetMessageHookTest() override { SetMessageHookFactory(nullptr); }
 
     void Press(Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
                bool repeat = false) {

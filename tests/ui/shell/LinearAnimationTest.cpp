@@ -41,7 +41,8 @@ protected:
         for (int tick = 0; tick < 1000 && m_timers.TickAll() > 0; ++tick) continue;
     }
 
-    testing::ManualTimers m_timers;
+    EnvironmentScope m_environment;
+    testing::ManualTimers m_timers{m_environment};
     LinearAnimation m_animation;
     Lift m_lift;
     int m_finished = 0;

@@ -146,7 +146,7 @@ TEST_F(ShellHandle, ACommittedTransferIsReportedAsOne) {
 }
 
 TEST_F(ShellHandle, AToastThatFailsDoesNotTurnACommittedTransferIntoAFailure) {
-    SetTimerFactory([] { return std::make_unique<BrokenTimer>(); });
+    m_environment->makeTimer = [] { return std::make_unique<BrokenTimer>(); };
     m_shell = std::make_unique<EvidenceUI>(Views(), &m_host);
     m_shell->show();
     const auto xfer = OpenBatch();

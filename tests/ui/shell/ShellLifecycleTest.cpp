@@ -127,16 +127,15 @@ TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
     HostServices::Current().SetEngine(nullptr);
     DiscardStores();
     DiscardDispatcher();
-    SetErrorLog(&m_log);
     testing::RecordingErrorLog log;
-    SetErrorLog(&log);
+    m_environment->errorLog = &log;
     log.Announce(testing::RaisedBy([] { GetStores(); }).Source());
     Start();
     testing::ServeEvents();
     ASSERT_EQ(m_screen.Messages().size(), 1u);
     EXPECT_EQ(m_screen.Messages()[0].title, "Unexpected Error");
     log.Verify();
-    SetErrorLog(&m_log);
+    m_environment->errorLog = &m_log;
 }
 
 TEST_F(ShellLifecycle, InADesignerNothingComesToLife) {

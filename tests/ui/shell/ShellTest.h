@@ -104,7 +104,7 @@ protected:
         return names;
     }
 
-    ManualTimers m_timers;
+    ManualTimers m_timers{m_environment};
     QWidget m_host;
     std::unique_ptr<EvidenceUI> m_shell;
     FakeView* m_explorer = nullptr;

@@ -28,7 +28,8 @@ protected:
     }
     std::string Text() { return testing::Find<Label>(*m_toast, "lblMessage")->Caption().toStdString(); }
 
-    testing::ManualTimers m_timers;
+    EnvironmentScope m_environment;
+    testing::ManualTimers m_timers{m_environment};
     GroupBox m_parent;
     Toast* m_toast;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,13 +18,9 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-// Decodes a picture file; a failure is Error 5 with a sentence.
-using PictureLoader = std::function<Picture(const std::string& fileName)>;
-
-// The picture in the file, turned as its camera says, made smaller where a side has more than LargestPictureSide
-// pixels. Error 91 while no loader is installed; the loader's Error for a file that is not there or shows no picture.
+// Decodes a picture file, turned as its camera recorded it and scaled down if a side has more than LargestPictureSide
+// pixels. Error 5 with a sentence for a file that does not exist or is not a picture.
 Picture LoadPicture(const std::string& fileName);
-void SetPictureLoader(PictureLoader loader);
 
 inline constexpr int32_t LargestPictureSide = 1024;
 

@@ -1,15 +1,15 @@
-#include "host/ErrorLog.h"
+#include "host/FileErrorLog.h"
 
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
-#include "tests/support/RecordingErrorLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
+#include <string>
+#include <vector>
 
 #include <unistd.h>
 
@@ -78,42 +78,6 @@ TEST_F(FileErrorLogTest, AFileThatCannotBeWrittenIsAnError) {
     std::ofstream(m_folder / "file").put('x');
     EXPECT_EQ(RaisedBy([&] { MakeFileErrorLog((m_folder / "file" / "errors.log").string()); }).Number(),
               ErrorNumber::General);
-}
-
-TEST(ErrorLog, EntriesGoToStandardErrorUntilALogIsSet) {
-    ::testing::internal::CaptureStderr();
-    GetErrorLog().Log("Quellbrook", "A.B", "text");
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "Quellbrook: A.B: text\n");
-}
-
-TEST(ErrorLog, TheLogInUseCanBeReplacedAndPutBack) {
-    RecordingErrorLog recording;
-    recording.Announce("A.B");
-    SetErrorLog(&recording);
-    GetErrorLog().Log("Quellbrook", "A.B", "text");
-    SetErrorLog(nullptr);
-    EXPECT_EQ(recording.Entries(), (std::vector<RecordingErrorLog::Entry>{{"Quellbrook", "A.B", "text"}}));
-    EXPECT_NE(&GetErrorLog(), &recording);
-}
-
-TEST(ErrorLog, AFailureIsLoggedUnderTheNameOfTheModule) {
-    RecordingErrorLog recording;
-    recording.Announce("A.B");
-    SetErrorLog(&recording);
-    LogFailure("A.B", "text");
-    SetErrorLog(nullptr);
-    EXPECT_EQ(recording.Entries(), (std::vector<RecordingErrorLog::Entry>{{"Quellbrook", "A.B", "text"}}));
-}
-
-TEST(ErrorLog, ALogThatFailsIsPassedOver) {
-    struct FullLog : ErrorLog {
-        void Log(const std::string&, const std::string&, const std::string&) override {
-            throw std::runtime_error("The disk is full.");
-        }
-    } log;
-    SetErrorLog(&log);
-    EXPECT_NO_THROW(LogFailure("A.B", "text"));
-    SetErrorLog(nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,41 @@
+#include "host/FileErrorLog.h"
+
+#include "base/Error.h"
+
+#include <spdlog/logger.h>
+#include <spdlog/sinks/rotating_file_sink.h>
+
+namespace quellbrook {
+
+namespace {
+
+class FileErrorLog : public ErrorLog {
+public:
+    explicit FileErrorLog(const std::string& path)
+        : m_logger("errors", std::make_shared<spdlog::sinks::rotating_file_sink_st>(path, fileSize, olderFiles)) {
+        m_logger.set_pattern("%Y-%m-%d %H:%M:%S.%e %v");
+        m_logger.flush_on(spdlog::level::info);
+    }
+
+    void Log(const std::string& application, const std::string& source, const std::string& message) override {
+        m_logger.error(spdlog::string_view_t(LogEntryText(application, source, message)));
+    }
+
+private:
+    static constexpr size_t fileSize = 1024 * 1024;
+    static constexpr size_t olderFiles = 4;
+
+    spdlog::logger m_logger;
+};
+
+}  // namespace
+
+std::unique_ptr<ErrorLog> MakeFileErrorLog(const std::string& path) {
+    try {
+        return std::make_unique<FileErrorLog>(path);
+    } catch (const std::exception& failure) {
+        Raise(ErrorNumber::General, "MakeFileErrorLog", failure.what());
+    }
+}
+
+}  // namespace quellbrook
