@@ -1,10 +1,10 @@
 #include "demo/gallery/GalleryWindow.h"
 
-#include "tests/support/ScratchFolder.h"
 #include "base/Error.h"
 #include "component/Quellbrook.h"
 #include "demo/gallery/Cell.h"
 #include "tests/support/RecordingScreen.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/ui/GeometryWalk.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/common/FontLabel.h"
