@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "base/Screen.h"
+#include "base/Environment.h"
 #include "component/Quellbrook.h"
 #include "host/HostServices.h"
 #include "tests/app/SampleCopyTest.h"

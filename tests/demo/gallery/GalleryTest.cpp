@@ -1,6 +1,6 @@
 #include "demo/gallery/GalleryWindow.h"
 
-#include "base/Error.h"
+#include "base/Environment.h"
 #include "component/Quellbrook.h"
 #include "demo/gallery/Cell.h"
 #include "tests/support/RecordingScreen.h"
@@ -262,9 +262,9 @@ TEST_F(GalleryTest, NothingIsCutOffOrOutOfReach) {
     for (const bool dark : {false, true}) {
         Reopen(dark);
         for (const QSize size : {QSize(1280, 800), QSize(820, 600)}) {
-            GeometryWalk walk({{MeantFault::Kind::Overlap, "QFocusFrame", "",
-                                "the mark of the focus lies around what has the focus"},
-                               {MeantFault::Kind::Unnamed, "Empty", "", "it shows what an empty control looks like"}});
+            GeometryWalk walk(
+                {{MeantFault::Kind::Overlap, "QFocusFrame", "", "the mark of the focus lies around what has the focus"},
+                 {MeantFault::Kind::Unnamed, "Empty", "", "it shows what an empty control looks like"}});
             m_gallery->resize(size);
             ShowActive(*m_gallery);
             EXPECT_THAT(walk.FaultsOf(*m_gallery), ::testing::IsEmpty());

@@ -140,7 +140,9 @@ TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
 }
 
 TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
-    m_environment->runCommand = [](const std::string&) { Raise(ErrorNumber::General, "Runner", "There is no handler."); };
+    m_environment->runCommand = [](const std::string&) {
+        Raise(ErrorNumber::General, "Runner", "There is no handler.");
+    };
     Open(m_laptop);
     Click(Named("lnkOpenInTessarine"));
     EXPECT_EQ(m_screen.TakeMessages(),
