@@ -6,9 +6,9 @@
 
 namespace quellbrook {
 
-// What every barcode of the evidence room encodes, and what a scanner types: STX (2), the type letter, the key in ten
-// digits, ETX (3). Letters are L for a storage location, P for property, V for a vehicle. 13 characters for one letter
-// and any key of 32 bits that is not negative.
+// The text that every barcode of the evidence room encodes and that a scanner types: STX (2), the type letter, the key
+// in ten digits, ETX (3). The letters are L for a storage location, P for property, V for a vehicle. The text has 13
+// characters for any key that is not negative.
 std::string MakeBarcodeText(std::string_view typeLetter, int32_t id);
 
 }  // namespace quellbrook

@@ -10,25 +10,25 @@
 
 namespace quellbrook {
 
-// One row of an item's chain of custody, its coded columns turned into text on demand and then kept.
+// One row of an item's chain of custody. Coded columns are looked up on demand and then cached.
 class TrackingRecord : public Object {
 public:
     std::string TypeName() const override { return "TrackingRecord"; }
 
     int32_t Sequence() const;
     TaggedValue DateReceived() const;  // may be NULL
-    std::string StorageReason();       // the empty text without a reason
-    std::string ReceivedBy();          // the empty text without a person
+    std::string StorageReason();       // empty without a reason
+    std::string ReceivedBy();          // empty without a person
     std::string ReceivedFrom();
-    StorageLocationRef Location();  // null without a location, or where its row has gone
+    StorageLocationRef Location();  // null without a location or if its row was deleted
     std::shared_ptr<TrackingRecord> Previous() const { return m_previous; }
 
-    // For the module's own use.
+    // Internal to the module.
     void SetRow(Row row);
     void SetPrevious(std::shared_ptr<TrackingRecord> record) { m_previous = std::move(record); }
 
     bool IsCached(const std::string& key) const;
-    TaggedValue GetCached(const std::string& key) const;  // Error 5 when absent
+    TaggedValue GetCached(const std::string& key) const;  // Error 5 if absent
     TaggedValue SetCached(const std::string& key, TaggedValue value);
 
 private:

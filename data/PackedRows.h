@@ -9,8 +9,8 @@
 
 namespace quellbrook {
 
-// Many rows of one result in little room: about the bytes of their values, against half a kilobyte for a Row. A row is
-// made again when it is asked for. Room is taken block by block, so that growing never copies what is there.
+// Compact storage for many rows of one result: about the bytes of their values, compared with half a kilobyte for a
+// Row. At unpacks a row. Memory is allocated in blocks, so growing never copies rows.
 class PackedRows {
 public:
     // All rows come from one result, so they share its columns. Error 13 for a value that is an object.
@@ -18,7 +18,7 @@ public:
     size_t Count() const { return m_count; }
     // position: 0 to Count() - 1.
     Row At(size_t position) const;
-    // Gives back what the last block took in advance.
+    // Frees the unused memory of the last block.
     void ShrinkToFit();
 
 private:
@@ -28,7 +28,7 @@ private:
     };
 
     std::shared_ptr<const ColumnSet> m_columns;
-    std::vector<Block> m_blocks;  // each full but the last
+    std::vector<Block> m_blocks;  // all full except the last
     size_t m_count = 0;
 };
 

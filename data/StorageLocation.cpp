@@ -28,7 +28,7 @@ std::string StorageLocation::FullPath(const std::string& pathSeparator, bool inc
 }
 
 StorageLocationList StorageLocation::SubLocations() const {
-    RequireStanding("StorageLocation.SubLocations");
+    RequireNotDeleted("StorageLocation.SubLocations");
     const auto document = m_locationData.GetDocument();
     StorageLocationList children;
     for (const pugi::xml_node& node : document->Children(m_path.Append(m_id).ToText(), static_cast<int32_t>(m_type))) {
@@ -62,7 +62,7 @@ std::vector<int32_t> StorageLocation::GetSelfAndDescendantIDs() const {
     return ids;
 }
 
-void StorageLocation::RequireStanding(const char* source) const {
+void StorageLocation::RequireNotDeleted(const char* source) const {
     if (m_isDeleted) Raise(ErrorNumber::General, source, "The current location has been deleted.");
 }
 

@@ -18,13 +18,12 @@ class StoredItemList;
 using StorageLocationRef = std::shared_ptr<StorageLocation>;
 using StorageLocationList = std::vector<StorageLocationRef>;
 
-// A place where evidence can be: a snapshot of one row of StorageLocation, or one of the five roots that stand for the
-// categories and are no rows. Two objects for one row are told to be the same by IsSame. Always held by shared
-// reference.
+// A storage location: a snapshot of one row of StorageLocation, or one of the five roots, which represent the
+// categories and have no row. IsSame compares objects that may be of the same row. Always held by shared reference.
 //
-// Move, CreateSubLocation, SetEnabled, Rename and Delete write to the database, all of it or nothing, and read the
-// location document again. They fail with error 5 and a sentence for the custodian; where it was the reading that
-// failed, what has been written stands all the same. They test no right.
+// Move, CreateSubLocation, SetEnabled, Rename and Delete write to the database in one transaction and reload the
+// location document. They fail with Error 5 and a message for the custodian. If only the reload fails, what was written
+// is kept. Rights are not checked here.
 class StorageLocation : public Object, public std::enable_shared_from_this<StorageLocation> {
 public:
     std::string TypeName() const override { return "StorageLocation"; }
@@ -32,40 +31,40 @@ public:
     bool IsDeleted() const { return m_isDeleted; }
     int32_t ID() const { return m_id; }  // 0 for a root
     const std::string& Name() const { return m_name; }
-    // Null for a root, and where the container's row has gone.
+    // Null for a root or if the container's row was deleted.
     StorageLocationRef Parent() const;
-    // Puts this location and all below it into another container, or under the root of a category, which all of them
-    // then belong to. Nothing is sent where it stands there already. Error 91 for null.
+    // Moves this location with its sublocations into another container or root; all of them get its category. Does
+    // nothing if it is already there. Error 91 for null.
     void Move(const StorageLocationRef& newParent);
     // The trimmed names from the top down.
     std::string FullPath(const std::string& pathSeparator = "/", bool includeRoot = false) const;
     StorageLocationTypes LocationType() const { return m_type; }
     // A new, enabled location in this one, which may be a root; the name is stored as given.
     StorageLocationRef CreateSubLocation(const std::string& name);
-    // Sets the flag of this location alone; its sublocations keep theirs.
+    // Does not change sublocations.
     void SetEnabled(bool rhs);
     bool Enabled() const { return m_enabled; }
     // The direct children in document order. Error 5 on a deleted object.
     StorageLocationList SubLocations() const;
-    // What lies here now, sublocations not included. Error 5 on a deleted object.
+    // The items that are here now, without sublocations. Error 5 on a deleted object.
     std::shared_ptr<StoredItemList> StoredItems();
     int32_t StoredItemsCount();
     bool IsRoot() const { return m_id == 0; }
-    // The name is stored as given; one of blanks alone is refused.
+    // The name is stored as given; a blank name is rejected.
     void Rename(const std::string& newName);
-    // Prints the location's label, also of one that is deleted. Error 5 with a sentence: for a root, and for any
+    // Prints the location's label, even if the location is deleted. Error 5 with a message for a root and for any
     // failure.
     void PrintBarcodeLabel() const;
-    // Removes this location and all below it, or nothing where one of them is in use.
+    // Deletes this location and its sublocations, or nothing if one of them is in use.
     void Delete();
     // False for null; the type is compared too, since all roots have identifier 0.
     bool IsSame(const StorageLocation* other) const;
-    // Reads the whole table again; a vanished row leaves this object deleted. A root does nothing.
+    // Reloads the whole table; if the row is gone, this object becomes deleted. Does nothing for a root.
     void Refresh();
-    // This location and all below it, depth first, containers before their contents.
+    // This location and its sublocations, depth first, containers before their contents.
     std::vector<int32_t> GetSelfAndDescendantIDs() const;
 
-    // For the module's own use.
+    // Internal to the module.
     void InitializeAs(const std::string& name, StorageLocationTypes type);
     void MakeRoot();
     const LocationPath& GetPath() const { return m_path; }
@@ -73,8 +72,8 @@ public:
 
 private:
     // Error 5 on a deleted object.
-    void RequireStanding(const char* source) const;
-    // Asks the database, not the document.
+    void RequireNotDeleted(const char* source) const;
+    // Queries the database, not the document.
     static bool NameExists(const std::string& path, const std::string& name, StorageLocationTypes locationType,
                            int32_t excludeId);
 

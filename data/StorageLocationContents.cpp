@@ -3,12 +3,12 @@
 namespace quellbrook {
 
 std::shared_ptr<StoredItemList> StorageLocation::StoredItems() {
-    RequireStanding("StorageLocation.StoredItems");
+    RequireNotDeleted("StorageLocation.StoredItems");
     return StoredItemSearch().InLocation(shared_from_this()).Execute();
 }
 
 int32_t StorageLocation::StoredItemsCount() {
-    RequireStanding("StorageLocation.StoredItemsCount");
+    RequireNotDeleted("StorageLocation.StoredItemsCount");
     return StoredItemSearch().InLocation(shared_from_this()).Count();
 }
 

@@ -17,7 +17,7 @@ std::string Literal(const std::string& text) { return GetHostDatabase().PrepareT
 std::string Literal(const LocationPath& path) { return Literal(path.ToText()); }
 std::string AnyBelow(const LocationPath& path) { return GetHostDatabase().PrepareLike(path.ToText() + "*"); }
 
-// Does the work; any failure in it becomes error 5 with the sentence made of it.
+// Runs the work and turns any failure into Error 5 with the message from `sentence`.
 template <typename Work, typename Sentence>
 auto Guarded(const char* source, Work work, Sentence sentence) {
     try {
@@ -54,7 +54,7 @@ void StorageLocation::Move(const StorageLocationRef& newParent) {
     if (IsRoot())
         Raise(ErrorNumber::General, source,
               "Cannot move '" + m_name + "' - it is a type of location, not an actual location.");
-    RequireStanding(source);
+    RequireNotDeleted(source);
     Require(newParent, source);
     const auto move = [&] {
         const LocationPath selfChildren = m_path.Append(m_id);
@@ -85,11 +85,11 @@ void StorageLocation::Move(const StorageLocationRef& newParent) {
 
 StorageLocationRef StorageLocation::CreateSubLocation(const std::string& name) {
     const char* const source = "StorageLocation.CreateSubLocation";
-    RequireStanding(source);
+    RequireNotDeleted(source);
     const DateTime moment = GetClock().Now();
     const LocationPath path = m_path.Append(m_id);
     const auto create = [&] {
-        Literal(name);  // Refuses NUL, where the text in a row document would end.
+        Literal(name);  // rejects NUL, which would end the text in a row document
         const auto row = MakeRow(name, m_type, path, moment);
         const int32_t newId = GetHostDatabase().InsertRow("StorageLocation", "IdNo", row->document_element());
         m_locationData.Reload();
@@ -99,7 +99,7 @@ StorageLocationRef StorageLocation::CreateSubLocation(const std::string& name) {
         try {
             return NameExists(path.ToText(), name, m_type, 0);
         } catch (...) {
-            return false;  // The first failure is the one to tell of.
+            return false;  // the first failure is reported
         }
     };
     return Guarded(source, create, [&](const Error& error) {
@@ -110,7 +110,7 @@ StorageLocationRef StorageLocation::CreateSubLocation(const std::string& name) {
 
 void StorageLocation::SetEnabled(bool rhs) {
     const char* const source = "StorageLocation.SetEnabled";
-    RequireStanding(source);
+    RequireNotDeleted(source);
     if (IsRoot()) Raise(ErrorNumber::General, source, "A root location cannot be disabled.");
     const auto setFlag = [&] {
         GetHostDatabase().ExecuteWithParameters("UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
@@ -126,7 +126,7 @@ void StorageLocation::SetEnabled(bool rhs) {
 void StorageLocation::Rename(const std::string& newName) {
     const char* const source = "StorageLocation.Rename";
     if (IsRoot()) Raise(ErrorNumber::General, source, "Cannot rename this location.");
-    RequireStanding(source);
+    RequireNotDeleted(source);
     if (Trim(newName).empty()) Raise(ErrorNumber::General, source, "New name cannot be blank.");
     const auto rename = [&] {
         GetHostDatabase().Execute("UPDATE StorageLocation SET Name = " + Literal(newName) +
@@ -143,7 +143,7 @@ void StorageLocation::Rename(const std::string& newName) {
 void StorageLocation::Delete() {
     const char* const source = "StorageLocation.Delete";
     if (IsRoot()) Raise(ErrorNumber::General, source, "Cannot delete this location.");
-    RequireStanding(source);
+    RequireNotDeleted(source);
     const auto remove = [&] {
         const LocationPath children = m_path.Append(m_id);
         GetHostDatabase().ExecuteBatch({"DELETE FROM StorageLocation WHERE Path LIKE " + AnyBelow(children),

@@ -13,7 +13,7 @@ public:
 
     // Error 5 "Unknown root." for any other value.
     StorageLocationRef GetRoot(StorageLocationTypes locationType) const;
-    // Sign-in, sign-out, final disposition, other, uncategorised; keyed by the decimal text of the type.
+    // Sign-in, sign-out, final disposition, other, uncategorized; keyed by the decimal text of the type.
     const KeyedCollection<StorageLocationRef>& Roots() const { return m_roots; }
     // A new object for the row, or null.
     StorageLocationRef FindByID(int32_t id) const;

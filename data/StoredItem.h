@@ -23,8 +23,8 @@ using IncidentList = std::vector<std::shared_ptr<IncidentInfo>>;
 using CaseList = std::vector<std::shared_ptr<CaseInfo>>;
 using TrackingRecordList = std::vector<std::shared_ptr<TrackingRecord>>;
 
-// One piece of property or one vehicle as the evidence room sees it: a snapshot of one search row, which fetches by
-// itself what the row does not hold. Always held by shared reference.
+// One piece of property or one vehicle: a snapshot of one search row. Data that is not in the row is fetched on demand.
+// Always held by shared reference.
 class StoredItem : public Object {
 public:
     std::string TypeName() const override { return "StoredItem"; }
@@ -34,7 +34,7 @@ public:
     int32_t ID() const;
     const std::string& DisplayID() const { return m_displayId; }
     const std::string& Description() const { return m_description; }
-    // Null without a location number, and where the location's row has gone. Fetched once, until Refresh.
+    // Null without a location number or if the location's row was deleted. Cached until Refresh.
     StorageLocationRef Location();
     int32_t CategoryID() const;
     std::string CategoryName() const;  // looked up at each call
@@ -44,29 +44,29 @@ public:
     const std::string& Model() const { return m_model; }
     const std::string& SerialNumber() const { return m_serialNumber; }
 
-    // Each incident and case number once, in first-seen order; fetched once and kept, over Refresh too. A user without
-    // either of the host's two rights to secured incidents does not learn of them.
+    // Each incident and case number once, in first-seen order. Cached, also across Refresh. Secured incidents are left
+    // out for a user with neither of the host's rights to them.
     const IncidentList& RelatedIncidents();
     const CaseList& RelatedCases();
-    // The chain of custody, newest first (by DateReceived, then LastUpdated; the order among ties is the engine's).
-    // Each record's Previous is the one older by a row. Read anew at each call.
+    // The chain of custody, newest first (by DateReceived, then LastUpdated; ties in the engine's order). Each record's
+    // Previous is the next older one. Not cached.
     TrackingRecordList TrackingRecords() const;
 
-    // The main attachment as a picture; nothing where there is none, or where it is not wholly filed. Read anew at each
-    // call. Failures of the database, of the thumbnail reader and of the picture's file pass on.
+    // The main attachment as a picture; nothing if there is none or its record is incomplete. Not cached. Throws the
+    // failures of the database, of the thumbnail reader and of the picture's file.
     std::optional<Picture> Thumbnail() const;
 
-    // Prints the evidence label of the item. Any failure is error 5 with a sentence that names the item.
+    // Prints the item's evidence label. Error 5 with a message that names the item for any failure.
     void PrintBarcodeLabel() const;
-    // The item's barcode, with the same text as on its label, for this display. Error 5 for an unknown kind of item,
-    // Error 380 for a height that no control has.
+    // The item's barcode for the screen, with the same text as on its label. Error 5 for an unknown kind of item, Error
+    // 380 for an invalid height.
     Picture GetBarcodeImage(double heightTwips) const;
 
-    // Takes the values of this item's search row again. Changes nothing when the search, which keeps to items with a
-    // location, does not find it.
+    // Reads this item's search row again. Changes nothing if the search does not find it, for example because the item
+    // has no location.
     void Refresh();
 
-    // For the module's own use.
+    // Internal to the module.
     void LoadFromRow(const Row& row);
 
 private:

@@ -51,21 +51,23 @@ QuerySource SelectProperty(const Tables& tables) {
     const QuerySource& pt = tables.propertyTracking;
     const QuerySource source = JoinIncidents(JoinCurrentCustody(p, p, pt, "PropertyNo"), p,
                                              Factory().Table("IncdProperty"), tables.incident, "PropertyNo");
-    return source.Select({
-        "1 AS ItemType",
-        p.Column("PropertyNo").As("ID"),
-        p.Column("CategoryNo"),
-        p.Column("CurrTrackSeq"),
-        pt.Column("StorageLocNo"),
-        p.Column("PropertyID").As("DisplayID"),
-        p.Column("Description"),
-        p.Column("Quantity"),
-        p.Column("PropertyValue").As("Value"),
-        p.Column("ManufacNbr").As("Make"),
-        p.Column("ModelNbr").As("Model"),
-        p.Column("SerialNbr").As("Serial"),
-        p.Column("RecordTypeInd"),
-    });
+    return source
+        .Select({
+            "1 AS ItemType",
+            p.Column("PropertyNo").As("ID"),
+            p.Column("CategoryNo"),
+            p.Column("CurrTrackSeq"),
+            pt.Column("StorageLocNo"),
+            p.Column("PropertyID").As("DisplayID"),
+            p.Column("Description"),
+            p.Column("Quantity"),
+            p.Column("PropertyValue").As("Value"),
+            p.Column("ManufacNbr").As("Make"),
+            p.Column("ModelNbr").As("Model"),
+            p.Column("SerialNbr").As("Serial"),
+            p.Column("RecordTypeInd"),
+        })
+        .ListItems();
 }
 
 QuerySource SelectVehicles(const Tables& tables) {
@@ -83,20 +85,22 @@ QuerySource SelectVehicles(const Tables& tables) {
     const QueryExpression model = Coalesce(vd.Column("VehModel"), "");
     const QueryExpression description =
         Factory().Concat({Part(vd.Column("VehYear")), Part(vd.Column("ColorCode")), make, model}, 0);
-    return source.Select({
-        "2 AS ItemType",
-        v.Column("VehicleNo").As("ID"),
-        v.Column("CategoryNo"),
-        v.Column("CurrTrackSeq"),
-        vt.Column("StorageLocNo"),
-        display.As("DisplayID"),
-        description.As("Description"),
-        "1 AS Quantity, NULL AS Value",
-        make.As("Make"),
-        model.As("Model"),
-        "NULL AS Serial",
-        v.Column("RecordTypeInd"),
-    });
+    return source
+        .Select({
+            "2 AS ItemType",
+            v.Column("VehicleNo").As("ID"),
+            v.Column("CategoryNo"),
+            v.Column("CurrTrackSeq"),
+            vt.Column("StorageLocNo"),
+            display.As("DisplayID"),
+            description.As("Description"),
+            "1 AS Quantity, NULL AS Value",
+            make.As("Make"),
+            model.As("Model"),
+            "NULL AS Serial",
+            v.Column("RecordTypeInd"),
+        })
+        .ListItems();
 }
 
 QuerySource ChooseByRights(const SearchShape& shape, const QuerySource& property, const QuerySource& vehicles) {

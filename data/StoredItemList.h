@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// An ordered list of stored items, read by position from 0. Search results and the batch are of this kind; At and
-// ItemAt give the same object at every call, as long as somebody holds it.
+// An ordered list of stored items with positions from 0: a search result or the batch. At and ItemAt return the same
+// object at every call as long as the caller keeps it alive.
 class StoredItemList : public ObjectList {
 public:
     virtual StoredItemRef ItemAt(int32_t index) const = 0;  // Error 9 outside the list

@@ -79,7 +79,7 @@ std::vector<std::shared_ptr<Info>> LoadDistinct(const RowList& rows) {
     return seen.Values();
 }
 
-// Inside a catch block: raises the caught failure again, saying which item's data could not be read.
+// In a catch block: rethrows the failure with the item in its description.
 [[noreturn]] void RaiseForItem(const StoredItem& item, const std::string& what) {
     const Error error = CurrentError();
     Raise(error.Number(), error.Source(),

@@ -7,9 +7,9 @@
 
 namespace quellbrook {
 
-// The one way in which items are found. The first six operations record a criterion and return the search. Patterns
-// know "*"; the search adds none of its own. A search without location, description, number and type finds nothing and
-// does not ask the database. Not to be used twice with different criteria.
+// Finds items; every StoredItem comes from here. The first six operations record a criterion and return the search. In
+// patterns "*" matches any run of characters; the search adds none itself. A search without a location, description,
+// number and type finds nothing and does not query the database. Do not reuse a search for different criteria.
 class StoredItemSearch {
 public:
     StoredItemSearch& InLocation(StorageLocationRef location);
@@ -19,7 +19,7 @@ public:
     StoredItemSearch& Untracked();
     StoredItemSearch& Tagged();
 
-    // The items in the database's order. Their rows are kept packed; an item is made when it is asked for.
+    // The items in the database's order. Their rows are packed; ItemAt creates the item.
     std::shared_ptr<StoredItemList> Execute();
     RowList ExecuteRaw();
     int32_t Count();

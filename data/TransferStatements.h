@@ -13,7 +13,7 @@ std::string DbPrepField(const TaggedValue& value);
 // The decimal identifier. Error 5 for a root, 91 for null.
 std::string DbPrepStorageLocationField(const StorageLocation* location);
 
-// The statements that transfer the items, to be run in one batch: 3 + 3n for n items, n more with a final disposition.
+// The statements that transfer the items, for one batch: 3 + 3n for n items, n more with a final disposition.
 std::vector<std::string> MakeTransferStatements(const StoredItemList& items, const TransferData& xfer);
 
 }  // namespace quellbrook

@@ -3,7 +3,6 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "database/SqliteError.h"
-#include "database/SqliteKeys.h"
 #include "sql/tsql/TransactSqlRewriter.h"
 
 #include <SQLiteCpp/Database.h>
@@ -159,8 +158,6 @@ bool SqliteConnection::IsHealthy() {
     sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
     return m_isHealthy && !hasMoved;
 }
-
-std::vector<RowKey> SqliteConnection::Keys() const { return ReadKeys(m_handle); }
 
 void SqliteConnection::Reset() {
     Rollback();

@@ -33,7 +33,6 @@ public:
     void Rollback() noexcept override;
     // Also false after the file has been deleted or replaced, since changes to it would be lost.
     bool IsHealthy() override;
-    std::vector<RowKey> Keys() const;
     void Reset() override;
 
 private:

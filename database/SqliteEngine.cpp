@@ -29,6 +29,16 @@ bool HasAll(const Names& present, const char* table, const std::vector<std::stri
     return true;
 }
 
+bool StatesThatItemsAreDistinct(Connection& connection, const Names& present) {
+    bool found = false;
+    if (present.count("schemafact") == 0) return false;
+    connection.Query("SELECT Name FROM SchemaFact WHERE Name = ?", {ItemsAreDistinctFact}, [&](const Row&) {
+        found = true;
+        return false;
+    });
+    return found;
+}
+
 Dialect DialectOf(SqliteConnection& connection) {
     const Names names = NamesInSchema(connection);
     Dialect dialect;
@@ -36,7 +46,7 @@ Dialect DialectOf(SqliteConnection& connection) {
     dialect.equalsLikeLike = true;  // every text column of the schema collates NOCASE
     dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
     dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
-    dialect.keys = connection.Keys();
+    dialect.itemsAreDistinct = StatesThatItemsAreDistinct(connection, names);
     return dialect;
 }
 

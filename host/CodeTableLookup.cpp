@@ -10,17 +10,17 @@ namespace quellbrook {
 
 namespace {
 
-TaggedValue OfficerName(const std::string& code) {
-    const auto person = HostDatabase().QueryRow("SELECT LastName, FirstName FROM Person WHERE PersonNo = " + code);
+TaggedValue OfficerName(int32_t code) {
+    const auto person = HostDatabase().QueryRow("SELECT LastName, FirstName FROM Person WHERE PersonNo = ?", {code});
     return person ? TaggedValue(PersonDirectory::NameOf(*person)) : TaggedValue(Null());
 }
 
 TaggedValue LookUp(const char* column, int16_t tableNumber, const TaggedValue& code) {
     if (code.HasNoValue()) return Null();
-    const std::string codeText = std::to_string(ToInt32(code));
-    if (tableNumber == CodeTable::Officers) return OfficerName(codeText);
-    return HostDatabase().LookupValue("CodeTable", column,
-                                      {"TableNumber = " + std::to_string(tableNumber), "Code = " + codeText});
+    if (tableNumber == CodeTable::Officers) return OfficerName(ToInt32(code));
+    const std::string sql = std::string("SELECT ") + column + " FROM CodeTable WHERE TableNumber = ? AND Code = ?";
+    const auto row = HostDatabase().QueryRow(sql, {tableNumber, ToInt32(code)});
+    return row ? row->At(0) : TaggedValue(Null());
 }
 
 CodeEntry OfficerEntry(const Row& person) {

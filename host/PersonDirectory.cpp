@@ -5,9 +5,9 @@
 namespace quellbrook {
 
 std::string PersonDirectory::NameForId(const TaggedValue& personId) {
-    const std::string id = std::to_string(ToInt32(personId));
-    const auto person = HostDatabase().QueryRow("SELECT LastName, FirstName FROM Person WHERE PersonNo = " + id);
-    return person ? NameOf(*person) : "Unknown (" + id + ")";
+    const int32_t id = ToInt32(personId);
+    const auto person = HostDatabase().QueryRow("SELECT LastName, FirstName FROM Person WHERE PersonNo = ?", {id});
+    return person ? NameOf(*person) : "Unknown (" + std::to_string(id) + ")";
 }
 
 std::string PersonDirectory::NameOf(const Row& person) {

@@ -10,8 +10,8 @@
 
 namespace quellbrook {
 
-// The column names of one result, shared by all of its rows. Look-up takes no regard of case; of two columns with one
-// name the first counts.
+// The column names of one result, shared by all of its rows. Lookup is case-insensitive; with duplicate names the first
+// column wins.
 class ColumnSet {
 public:
     explicit ColumnSet(std::vector<std::string> names);
@@ -40,16 +40,16 @@ public:
     Row(std::shared_ptr<const ColumnSet> columns, std::vector<TaggedValue> values)
         : m_columns(std::move(columns)), m_values(std::move(values)) {}
 
-    // Builds a row of its own, for tests and fakes.
+    // Builds a row with its own column names, for tests and fakes.
     static Row Of(std::vector<std::pair<std::string, TaggedValue>> cells);
 
     bool Has(std::string_view column) const { return m_columns->Find(column) >= 0; }
-    // Error 5, naming the column, when the result has none of this name.
+    // Error 5 with the column's name if the result has no such column.
     const TaggedValue& Value(std::string_view column) const;
     const TaggedValue& At(int position) const { return m_values[static_cast<size_t>(position)]; }
     const ColumnSet& Columns() const { return *m_columns; }
 
-    // For engines, which fill one row object again and again: as many values as there are columns.
+    // For engines, which reuse one row object. The number of values is the number of columns.
     std::vector<TaggedValue>& MutableValues() { return m_values; }
 
 private:

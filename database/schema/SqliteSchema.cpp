@@ -103,6 +103,8 @@ CREATE TABLE Vehicle (
 const char* const vehicleView = R"sql(CREATE VIEW vwVehicleDisplayInfo AS
 SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle)sql";
 
+const char* const factTable = "CREATE TABLE SchemaFact (Name TEXT NOT NULL PRIMARY KEY) WITHOUT ROWID";
+
 // Below, {0} is Property or Vehicle, and {1} is the item type.
 const char* const custodyStatements[] = {
     R"sql(
@@ -308,7 +310,8 @@ std::vector<std::string> FirstVersion() {
     for (const char* guard : {locationInsertGuard, locationUpdateGuard, locationMoveGuard})
         statements.push_back(
             Replace(Replace(guard, "{container gone}", containerGoneText), "{left behind}", leftBehindText));
-    statements.insert(statements.end(), {propertyTable, vehicleTable, vehicleView, currentPlaceTable});
+    statements.insert(statements.end(), {propertyTable, vehicleTable, vehicleView, currentPlaceTable, factTable});
+    statements.push_back("INSERT INTO SchemaFact (Name) VALUES ('" + std::string(ItemsAreDistinctFact) + "')");
     statements.push_back("CREATE INDEX PropertyByPropertyID ON Property (PropertyID)");
     statements.push_back("CREATE INDEX VehicleByRegNumber ON Vehicle (RegNumber)");
     for (const auto& kind : itemKinds) {
@@ -346,7 +349,5 @@ const std::vector<std::string>& DescriptionIndexTriggers() {
                                                    descriptionTriggers[2].name};
     return names;
 }
-
-std::string VehicleViewStatement() { return vehicleView; }
 
 }  // namespace quellbrook

@@ -19,6 +19,7 @@ namespace quellbrook {
 // - CurrentPlace lists every item at the location of its current custody row. Manual changes may leave extra rows, but
 //   no row is ever missing; readers check the custody row.
 // - PropertyDescription is the trigram index on Property.Description.
+// - SchemaFact names what queries may rely on.
 
 // Every database file has these in its header, as SQLite's application_id ("QBK1") and user_version.
 inline constexpr int32_t DatabaseApplicationId = 0x51424B31;
@@ -33,13 +34,14 @@ struct SchemaScript {
 // In ascending order; the last one is for SchemaVersion.
 const std::vector<SchemaScript>& SqliteSchemaScripts();
 
+// The row of SchemaFact which states that an item has one row in its table and in its view, and at most one current
+// custody row. Whoever replaces vwVehicleDisplayInfo by a view that repeats vehicles must delete the row.
+inline constexpr const char* ItemsAreDistinctFact = "ItemsAreDistinct";
+
 // The triggers that maintain CurrentPlace, and those that maintain PropertyDescription. If one of them is missing, the
 // table may be out of date.
 const std::vector<std::string>& CurrentPlaceTriggers();
 const std::vector<std::string>& DescriptionIndexTriggers();
-
-// The statement that creates vwVehicleDisplayInfo, with one row for each row of Vehicle.
-std::string VehicleViewStatement();
 
 // Creates an empty department database at the path. Raises ErrorNumber::General with a message for the user if the path
 // exists or the file cannot be created; then no incomplete file remains.

@@ -11,7 +11,7 @@ namespace quellbrook::sql {
 
 namespace {
 
-// What the side table of current places knows of each kind of item.
+// How CurrentPlace refers to each kind of item.
 struct TrackedKind {
     const char* items;
     const char* tracking;
@@ -42,7 +42,7 @@ bool Equate(const ConditionRef& condition, const ColumnReference& a, const Colum
             (is(comparison->left, b) && is(comparison->right, a)));
 }
 
-// The item table whose current custody row the tracking table is joined as, by nothing but key and sequence number.
+// The item table that the tracking table is joined to as its current custody row, by key and sequence number only.
 std::optional<SourceId> ItemOfCurrentRow(const SourceRef& from, SourceId tracking, const TrackedKind& kind) {
     for (const SourceRef& source : SourcesOf(from)) {
         const auto* join = std::get_if<JoinSource>(&source->content);
@@ -67,7 +67,7 @@ struct PlaceTest {
     ExpressionRef place;
 };
 
-// A test for one place: column StorageLocNo = a whole number.
+// A test for one location: column StorageLocNo = a whole number.
 std::optional<PlaceTest> PlaceTestOf(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison || !comparison->equal) return std::nullopt;
@@ -94,7 +94,7 @@ size_t CountCharacters(std::string_view text) {
     return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-// The longest stretch that stands for itself in LIKE on every engine; the first of several.
+// The longest run without a special character of LIKE on any engine; the first of several.
 std::string_view LongestPlainRun(std::string_view pattern) {
     std::string_view longest;
     while (!pattern.empty()) {
@@ -113,7 +113,7 @@ const PatternTest* DescriptionTestOf(const ConditionRef& condition, const Source
     return test;
 }
 
-// Whether an index finds so few rows by this condition that a list of candidates would only cost.
+// Whether an index finds so few rows by this condition that a list of candidates would only add cost.
 bool IsNarrow(const ConditionRef& condition) {
     if (std::holds_alternative<Membership>(condition->content)) return true;
     if (const auto* pattern = std::get_if<PatternTest>(&condition->content))

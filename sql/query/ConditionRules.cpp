@@ -13,8 +13,8 @@ namespace {
 
 using ColumnPosition = std::function<std::optional<size_t>(const ColumnReference&)>;
 
-// Whether the condition means the same about an arm's expressions as about the columns of a union, which may convert
-// and collate them by its first arm's rules.
+// Whether the condition has the same meaning for an arm's expressions as for the columns of a union, which may convert
+// and collate them by the rules of the first arm.
 bool MeansTheSameInArm(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison) return true;
@@ -24,7 +24,7 @@ bool MeansTheSameInArm(const ConditionRef& condition) {
     return isPlain(comparison->left) && isPlain(comparison->right);
 }
 
-// The query with the condition in each of its arms, or null where an arm can't take it.
+// The query with the condition in each of its arms, or null if an arm cannot take it.
 SourceRef WithCondition(const SourceRef& query, const ConditionRef& condition, const ColumnPosition& position) {
     if (const auto* all = std::get_if<UnionOfQueries>(&query->content)) {
         UnionOfQueries changed;
@@ -55,7 +55,7 @@ std::optional<double> NumberOf(const TaggedValue& value) {
     return ToDouble(value);
 }
 
-// Whether the condition holds, where constants alone decide it. Neither true: it refuses a NULL.
+// The result of the condition if constants decide it. A NULL makes it false.
 std::optional<bool> Decide(const ConditionRef& condition) {
     if (const auto* test = std::get_if<NullTest>(&condition->content)) {
         const auto constant = ConstantOf(test->operand);

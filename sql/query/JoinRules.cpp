@@ -26,7 +26,7 @@ bool TouchesOnly(const Node& node, const SourceRef& sources) {
     return only;
 }
 
-// Whether a column stands for a whole join, so that nobody here knows whose it is.
+// Whether a column refers to a join as a whole, so that its table is unknown.
 bool NamesAJoin(const QuerySelect& query) {
     const std::vector<SourceRef> sources = SourcesOf(query.from);
     bool names = false;
@@ -57,7 +57,7 @@ bool IsNeededForRows(const QuerySelect& query, const SourceRef& leftJoin) {
     return false;
 }
 
-// The FROM clause with the left side of the join in place of the join.
+// The FROM clause with the join replaced by its left side.
 SourceRef WithoutRightSide(const SourceRef& from, const SourceRef& leftJoin) {
     if (from == leftJoin) return JoinOf(leftJoin)->left;
     const JoinSource* join = JoinOf(from);
@@ -75,7 +75,7 @@ std::vector<SourceRef> LeftJoinsOf(const SourceRef& from) {
     return joins;
 }
 
-// A left join's two sides by the one equality that joins them.
+// The two columns of the only equality that joins a left join.
 struct JoinKeys {
     ExpressionRef left;
     ExpressionRef right;
@@ -89,7 +89,7 @@ std::optional<JoinKeys> KeysOf(const JoinSource& join) {
     return std::nullopt;
 }
 
-// Whether a row in which these sources are all NULL fails the condition, which names nothing else.
+// Whether the condition names only these sources and rejects a row in which they are all NULL.
 bool RefusesRowWithout(const ConditionRef& condition, const SourceRef& sources) {
     if (!TouchesOnly(condition, sources)) return false;
     if (const auto* test = std::get_if<NullTest>(&condition->content)) return !test->isNull && ColumnOf(test->operand);
@@ -123,7 +123,7 @@ SourceRef ListOfLinked(const JoinSource& pair, const ExpressionRef& key, const s
     return MakeSource(std::move(list));
 }
 
-// Turns the criteria on the right side of this left join; false where a rule's condition is not met.
+// Turns the criteria on the right side of this left join into a list; false if that is not possible.
 bool TurnCriteriaOn(QuerySelect& query, const SourceRef& leftJoin) {
     const JoinSource& join = *JoinOf(leftJoin);
     const auto keys = KeysOf(join);
@@ -146,6 +146,11 @@ bool TurnCriteriaOn(QuerySelect& query, const SourceRef& leftJoin) {
 }  // namespace
 
 bool HasLeftJoin(const SourceRef& from) { return !LeftJoinsOf(from).empty(); }
+
+bool HasLeftJoinedPair(const SourceRef& from) {
+    const std::vector<SourceRef> joins = LeftJoinsOf(from);
+    return std::any_of(joins.begin(), joins.end(), [](const SourceRef& join) { return JoinOf(JoinOf(join)->right); });
+}
 
 void TurnLinkedCriteriaToLists(QuerySelect& query) {
     if (NamesAJoin(query)) return;

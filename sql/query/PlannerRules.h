@@ -1,14 +1,11 @@
 #pragma once
 
-#include "sql/Dialect.h"
 #include "sql/query/QueryNodes.h"
-
-#include <vector>
 
 namespace quellbrook::sql {
 
-// The planner's rules on one SELECT, described in QueryPlanner.h. Those on joins need a SELECT whose duplicate rows are
-// removed and whose columns are IsRowwise.
+// The planner's rules for one SELECT, described in QueryPlanner.h. The rules on joins need a SELECT whose duplicate
+// rows are removed and whose columns are IsRowwise.
 
 void PushConditionsIntoArms(QuerySelect& query);
 void FoldConstants(QuerySelect& query);
@@ -18,14 +15,12 @@ void DropUnusedLeftJoins(QuerySelect& query);
 void UseCurrentPlaces(QuerySelect& query);
 void UseDescriptionIndex(QuerySelect& query);
 
-// Whether FoldConstants has found that no row can come.
+// Whether FoldConstants found that the query returns no row.
 bool IsEmptyArm(const QuerySelect& query);
 bool HasLeftJoin(const SourceRef& from);
+// Whether a pair of tables is left-joined, which may repeat rows.
+bool HasLeftJoinedPair(const SourceRef& from);
 // Whether every column of the select list is known and IsRowwise.
 bool HasRowwiseColumns(const QuerySelect& query);
-// Whether the keys alone make any two rows of the result differ.
-bool HasNoEqualRows(const QuerySelect& query, const std::vector<RowKey>& keys);
-// Whether a column tells the rows of the one from those of the other: a constant, and another one.
-bool ShareNoRow(const QuerySelect& a, const QuerySelect& b);
 
 }  // namespace quellbrook::sql

@@ -24,7 +24,7 @@ std::vector<sql::ExpressionRef> ArgumentNodes(const std::vector<QueryArgument>& 
     return nodes;
 }
 
-// What can stand in a FROM clause: a query only as a derived table.
+// What a FROM clause accepts: a query only as a derived table.
 sql::SourceRef SelectableSource(const std::shared_ptr<sql::SourceNode>& node) {
     const bool isQuery = std::holds_alternative<sql::QuerySelect>(node->content) ||
                          std::holds_alternative<sql::UnionOfQueries>(node->content);
@@ -38,7 +38,7 @@ QueryCondition Compare(const QueryExpression& left, bool equal, const TaggedValu
         sql::MakeCondition(sql::Comparison{left.Node(), equal, sql::MakeExpression(sql::Literal{value})}));
 }
 
-// A query's condition on its own result columns, said by what these columns are.
+// A query's condition on its own result columns, in terms of their expressions.
 sql::ConditionRef ResolveOwnColumns(const sql::SourceNode& node, const sql::ConditionRef& condition) {
     const auto& query = std::get<sql::QuerySelect>(node.content);
     const auto columns = sql::ExpandedColumns(query);
@@ -120,6 +120,13 @@ QuerySource QuerySource::Where(const QueryCondition& condition) {
     auto* query = std::get_if<sql::QuerySelect>(&m_node->content);
     if (!query) Raise(ErrorNumber::General, "QuerySource.Where", "Only a query can take a condition.");
     query->where.push_back(ResolveOwnColumns(*m_node, condition.Node()));
+    return *this;
+}
+
+QuerySource QuerySource::ListItems() {
+    auto* query = std::get_if<sql::QuerySelect>(&m_node->content);
+    if (!query) Raise(ErrorNumber::General, "QuerySource.ListItems", "Only a query can list items.");
+    query->listsItems = true;
     return *this;
 }
 

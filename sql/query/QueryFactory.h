@@ -38,9 +38,9 @@ public:
     explicit QueryExpression(std::shared_ptr<const sql::ExpressionNode> node) : m_node(std::move(node)) {}
 
     QueryExpression As(const std::string& alias) const;
-    QueryCondition Equals(const TaggedValue& value) const;  // NULL gives IS NULL
+    QueryCondition Equals(const TaggedValue& value) const;  // IS NULL for NULL
     QueryCondition Equals(const QueryExpression& other) const;
-    QueryCondition NotEquals(const TaggedValue& value) const;  // NULL gives IS NOT NULL
+    QueryCondition NotEquals(const TaggedValue& value) const;  // IS NOT NULL for NULL
     QueryCondition NotEquals(const QueryExpression& other) const;
     // "*" matches any run of characters. The text needs no quoting or escaping.
     QueryCondition Like(const std::string& text) const;
@@ -51,7 +51,7 @@ private:
     std::shared_ptr<const sql::ExpressionNode> m_node;
 };
 
-// An argument of Function and Concat: an expression or a plain value, text becoming a literal.
+// An argument of Function and Concat: an expression or a plain value. A value becomes a literal.
 using QueryArgument = std::variant<QueryExpression, TaggedValue>;
 // An entry of a select list: an expression, or SQL text that is used unchanged ("1 AS ItemType", "*").
 using QueryColumn = std::variant<QueryExpression, std::string>;
@@ -67,10 +67,13 @@ public:
     QueryExpression Column(const std::string& name) const;
     QueryJoin Join(const QuerySource& other, int32_t joinKind) const;  // 0 inner, 1 left outer; other kinds Error 5
     QuerySource Select(std::vector<QueryColumn> columns) const;
-    // This query; several calls add up with AND. Error 5 for a table, a join, or a derived table.
+    // Returns this query; several conditions are joined by AND. Error 5 for a table, a join, or a derived table.
     QuerySource Where(const QueryCondition& condition);
     QuerySource Union(const QuerySource& other) const;  // removes equal rows
     QuerySource As(const std::string& alias) const;     // this query as a derived table
+    // States that each row of this query is one item, told apart by its kind and key, unless a left-joined pair of
+    // tables repeats it. Arms of a union must list different kinds. Error 5 for anything but a SELECT.
+    QuerySource ListItems();
 
     const std::shared_ptr<sql::SourceNode>& Node() const { return m_node; }
 

@@ -10,8 +10,8 @@
 
 namespace quellbrook::sql {
 
-// A composed query as a tree of values. Columns name their source by its number, so that a changed copy of a source is
-// still the source that the columns mean.
+// A composed query as a tree of values. Columns refer to their source by its number, so they also refer to a changed
+// copy of the source.
 
 using SourceId = uint64_t;
 
@@ -31,7 +31,7 @@ struct ColumnReference {
 struct Literal {
     TaggedValue value;
 };
-struct RawText {  // stands as it is
+struct RawText {  // used unchanged
     std::string text;
 };
 struct Parameter {  // a value that is given when the query runs
@@ -44,13 +44,13 @@ struct FunctionCall {
 struct Concatenation {
     std::vector<ExpressionRef> parts;
 };
-struct HiddenFromIndexes {  // a number, written so that the engine looks for no index on it
+struct HiddenFromIndexes {  // a number, written so that the engine uses no index on it
     ExpressionRef operand;
 };
 
 struct ExpressionNode {
     std::variant<ColumnReference, Literal, RawText, Parameter, FunctionCall, Concatenation, HiddenFromIndexes> content;
-    std::string alias;  // counts in a select list
+    std::string alias;  // only used in a select list
 };
 
 // Conditions
@@ -66,7 +66,7 @@ struct NullTest {
 };
 struct PatternTest {
     ExpressionRef operand;
-    std::string pattern;  // "*" stands for any run of characters
+    std::string pattern;  // "*" matches any run of characters
 };
 struct Membership {  // operand IN (query)
     ExpressionRef operand;
@@ -87,11 +87,7 @@ struct TableSource {
     std::string name;
 };
 
-enum class JoinKind {
-    Inner,
-    LeftOuter,
-    FixedOrder
-};  // FixedOrder: an inner join that no engine turns round, without On
+enum class JoinKind { Inner, LeftOuter, FixedOrder };  // FixedOrder: an inner join without ON that no engine reorders
 
 struct JoinSource {
     SourceRef left;
@@ -100,7 +96,7 @@ struct JoinSource {
     ConditionRef on;
 };
 
-// One column of a result, or "*". The name is empty where the engine gives one of its own.
+// One column of a result, or "*". The name is empty if the engine chooses it.
 struct ResultColumn {
     ExpressionRef expression;  // null for "*"
     std::string name;
@@ -111,12 +107,13 @@ struct ResultColumn {
 struct QuerySelect {
     SourceRef from;
     std::vector<ResultColumn> columns;
-    std::vector<ConditionRef> where;  // all of them hold
+    std::vector<ConditionRef> where;  // joined by AND
     bool distinct = false;
+    bool listsItems = false;  // QuerySource::ListItems
 };
 struct UnionOfQueries {
     std::vector<SourceRef> arms;
-    bool hasNoEqualRows = false;  // otherwise equal rows are to come once
+    bool hasNoEqualRows = false;  // otherwise equal rows appear once
 };
 struct DerivedTable {
     SourceRef query;
@@ -128,7 +125,7 @@ struct SourceNode {
     std::variant<TableSource, JoinSource, QuerySelect, UnionOfQueries, DerivedTable> content;
 };
 
-// Makers
+// Construction
 
 template <typename Content>
 ExpressionRef MakeExpression(Content content, std::string alias = {}) {
@@ -145,13 +142,13 @@ inline SourceId NewSourceId() {
     return ++last;
 }
 
-// A source with a number of its own.
+// A source with a new number.
 template <typename Content>
 std::shared_ptr<SourceNode> MakeSource(Content content) {
     return std::make_shared<SourceNode>(SourceNode{NewSourceId(), std::move(content)});
 }
 
-// A changed copy, which columns of the original still mean.
+// A changed copy with the same number.
 template <typename Content>
 SourceRef ChangedSource(const SourceNode& original, Content content) {
     return std::make_shared<const SourceNode>(SourceNode{original.id, std::move(content)});

@@ -21,7 +21,7 @@ bool IsPassThrough(const QuerySelect& query) {
            std::holds_alternative<DerivedTable>(query.from->content);
 }
 
-// The SELECTs whose rows together are the rows of the query, conditions pushed down.
+// The SELECTs whose rows make up the query, with conditions pushed down.
 void CollectArms(const SourceRef& source, std::vector<Arm>& arms) {
     if (const auto* all = std::get_if<UnionOfQueries>(&source->content)) {
         for (const SourceRef& arm : all->arms) CollectArms(arm, arms);
@@ -60,20 +60,17 @@ void PlanArm(QuerySelect& query, bool isDistinct, const Dialect& dialect) {
     query.from = PlanDerivedTables(query.from, dialect);
 }
 
-// One arm stays, and the first does where the whole may have its column names from nowhere else.
+// At least one arm stays; the first one does if only it has the column names.
 void DropEmptyArms(std::vector<Arm>& arms, bool namesAreKnown) {
     const auto isEmpty = [](const Arm& arm) { return IsEmptyArm(arm.query); };
     const bool keepsFirst = !namesAreKnown || std::all_of(arms.begin(), arms.end(), isEmpty);
     arms.erase(std::remove_if(arms.begin() + (keepsFirst ? 1 : 0), arms.end(), isEmpty), arms.end());
 }
 
-bool HaveNoEqualRows(const std::vector<Arm>& arms, const std::vector<RowKey>& keys) {
-    for (auto arm = arms.begin(); arm != arms.end(); ++arm) {
-        if (!HasNoEqualRows(arm->query, keys)) return false;
-        const auto shares = [&](const Arm& other) { return !ShareNoRow(arm->query, other.query); };
-        if (std::any_of(arms.begin(), arm, shares)) return false;
-    }
-    return true;
+bool HaveNoEqualRows(const std::vector<Arm>& arms, const Dialect& dialect) {
+    return dialect.itemsAreDistinct && std::all_of(arms.begin(), arms.end(), [](const Arm& arm) {
+               return arm.query.listsItems && !HasLeftJoinedPair(arm.query.from);
+           });
 }
 
 void NameColumns(QuerySelect& query, const std::vector<std::string>& names) {
@@ -95,7 +92,7 @@ SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect) {
     for (Arm& arm : arms) PlanArm(arm.query, isDistinct, dialect);
     DropEmptyArms(arms, names.has_value());
     if (arms.front().id != first) NameColumns(arms.front().query, *names);
-    const bool hasNoEqualRows = HaveNoEqualRows(arms, dialect.keys);
+    const bool hasNoEqualRows = HaveNoEqualRows(arms, dialect);
     if (arms.size() == 1) {
         arms.front().query.distinct = isDistinct && !hasNoEqualRows;
         return ChangedSource(*query, std::move(arms.front().query));

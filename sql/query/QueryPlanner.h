@@ -5,24 +5,22 @@
 
 namespace quellbrook::sql {
 
-// Rewrites a composed query into one that gives the same rows and can be found by indexes. A query that holds a left
-// join gives each row once, as a union does. What a rule can't be sure of, it leaves as it stands. The query is not
-// changed.
+// Returns a query with the same rows that can use indexes. A query with a left join returns each distinct row once, as
+// a union does. A rule leaves unchanged what it is not sure of. The given query is not changed.
 //
-// The rules, one function each, in the order in which they are applied:
-//   PushConditionsIntoArms     a condition on a derived table goes into each arm of it, said by the arm's own columns
-//   FoldConstants              a condition between constants is decided; one that can't hold makes the arm empty
-//   DropEmptyArms              an empty arm of a union is left out; the last one stays and says 1 = 0
-//   DropImpliedNullTests       IS NOT NULL beside another condition that refuses NULL is left out
+// The rules, one function each, in order:
+//   PushConditionsIntoArms     a condition on a derived table moves into each arm, in terms of the arm's columns
+//   FoldConstants              a condition between constants is evaluated; a false one makes the arm empty
+//   DropEmptyArms              an empty arm of a union is dropped; the last one stays with 1 = 0
+//   DropImpliedNullTests       IS NOT NULL beside another condition that rejects NULL is dropped
 //   TurnLinkedCriteriaToLists  a criterion on a left-joined pair of tables becomes key IN (SELECT ... FROM the pair)
-//   DropUnusedLeftJoins        a left-joined source that nothing selects or tests is left out
-//   UseCurrentPlaces           an item's place is looked for among the candidates of CurrentPlace, where that stands
-//   UseDescriptionIndex        a description is looked for among the candidates of PropertyDescription, where that
-//                              stands
-//   HaveNoEqualRows            nothing is told to look for equal rows where the keys leave none to come: UNION ALL, and
-//                              no DISTINCT
-// The join of the current custody row stays a left join all along: as an inner join it would invite the engine to start
-// from the tracking table.
+//   DropUnusedLeftJoins        a left-joined source that nothing selects or tests is dropped
+//   UseCurrentPlaces           items at a location are looked up in CurrentPlace, if it exists
+//   UseDescriptionIndex        a description is looked up in PropertyDescription, if it exists
+//   HaveNoEqualRows            a query of items uses UNION ALL and no DISTINCT where the schema states that items are
+//                              distinct
+// The join of the current custody row remains a left join: with an inner join, the engine might start from the tracking
+// table.
 SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect);
 
 }  // namespace quellbrook::sql

@@ -105,26 +105,25 @@ ExpressionRef ReplaceColumns(const ExpressionRef& expression, const ColumnReplac
 
 ConditionRef ReplaceColumns(const ConditionRef& condition, const ColumnReplacement& replace) {
     return std::visit(
-        Overloaded{
-            [&](const Comparison& comparison) {
-                return MakeCondition(Comparison{ReplaceColumns(comparison.left, replace), comparison.equal,
-                                                ReplaceColumns(comparison.right, replace)});
-            },
-            [&](const NullTest& test) {
-                return MakeCondition(NullTest{ReplaceColumns(test.operand, replace), test.isNull});
-            },
-            [&](const PatternTest& test) {
-                return MakeCondition(PatternTest{ReplaceColumns(test.operand, replace), test.pattern});
-            },
-            [&](const Membership& membership) {
-                return MakeCondition(Membership{ReplaceColumns(membership.operand, replace), membership.query});
-            },
-            [&](const Conjunction& all) {
-                std::vector<ConditionRef> parts;
-                for (const ConditionRef& part : all.parts) parts.push_back(ReplaceColumns(part, replace));
-                return MakeCondition(Conjunction{std::move(parts)});
-            },
-            [&](const Contradiction&) { return condition; }},
+        Overloaded{[&](const Comparison& comparison) {
+                       return MakeCondition(Comparison{ReplaceColumns(comparison.left, replace), comparison.equal,
+                                                       ReplaceColumns(comparison.right, replace)});
+                   },
+                   [&](const NullTest& test) {
+                       return MakeCondition(NullTest{ReplaceColumns(test.operand, replace), test.isNull});
+                   },
+                   [&](const PatternTest& test) {
+                       return MakeCondition(PatternTest{ReplaceColumns(test.operand, replace), test.pattern});
+                   },
+                   [&](const Membership& membership) {
+                       return MakeCondition(Membership{ReplaceColumns(membership.operand, replace), membership.query});
+                   },
+                   [&](const Conjunction& all) {
+                       std::vector<ConditionRef> parts;
+                       for (const ConditionRef& part : all.parts) parts.push_back(ReplaceColumns(part, replace));
+                       return MakeCondition(Conjunction{std::move(parts)});
+                   },
+                   [&](const Contradiction&) { return condition; }},
         condition->content);
 }
 

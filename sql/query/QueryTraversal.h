@@ -8,19 +8,19 @@
 
 namespace quellbrook::sql {
 
-// What can be asked of a tree, and copies of it with changes.
+// Queries on a tree, and changed copies of it.
 
 using ColumnVisitor = std::function<void(const ColumnReference&)>;
 void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit);
 void ForEachColumn(const ConditionRef& condition,
                    const ColumnVisitor& visit);  // an IN query's own columns not included
 
-// A copy with columns put in place of columns; the replacement gives null for a column that stays.
+// A copy with replaced columns. `replace` returns null for a column that remains.
 using ColumnReplacement = std::function<ExpressionRef(const ColumnReference&)>;
 ExpressionRef ReplaceColumns(const ExpressionRef& expression, const ColumnReplacement& replace);
 ConditionRef ReplaceColumns(const ConditionRef& condition, const ColumnReplacement& replace);
 
-// The single conditions that a condition joins by AND.
+// The conditions that a condition joins by AND.
 std::vector<ConditionRef> Conjuncts(const ConditionRef& condition);
 std::vector<ConditionRef> Conjuncts(const std::vector<ConditionRef>& conditions);
 
@@ -29,15 +29,15 @@ std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression);
 bool IsParameter(const ExpressionRef& expression);
 const ColumnReference* ColumnOf(const ExpressionRef& expression);  // null for any other expression
 
-// Whether the value of the expression depends on nothing but the columns it names: no aggregate, no raw text that might
-// hide anything.
+// Whether the value of the expression depends only on the columns it names: it has no aggregate and no unknown raw
+// text.
 bool IsRowwise(const ExpressionRef& expression);
 
-// The result columns by name, "*" resolved; nothing where that needs the schema.
+// The result columns by name, "*" resolved; nothing if that needs the schema.
 std::optional<std::vector<ResultColumn>> ExpandedColumns(const QuerySelect& query);
 // The names of the result columns of a query, a union or a derived table; nothing for any other source.
 std::optional<std::vector<std::string>> ResultNames(const SourceNode& source);
-// Position of a name, without regard to case.
+// Position of a name, case-insensitive.
 std::optional<size_t> FindName(const std::vector<std::string>& names, std::string_view name);
 
 // The sources that a FROM clause joins, joins included, from the outside in.

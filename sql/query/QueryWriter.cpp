@@ -14,7 +14,7 @@ namespace {
 
 void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, WrittenQuery& out);
 
-// Writes one SELECT: knows by which name each of its sources goes.
+// Writes one SELECT and names its sources.
 class SelectWriter {
 public:
     SelectWriter(const QuerySelect& query, const Dialect& dialect, WrittenQuery& out)
@@ -171,7 +171,7 @@ private:
     const Dialect& m_dialect;
     WrittenQuery& m_written;
     std::string& m_out;
-    std::map<SourceId, std::string> m_names;  // the empty text for a join, whose columns stand unqualified
+    std::map<SourceId, std::string> m_names;  // empty for a join, whose columns are not qualified
 };
 
 void WriteQueryOrUnion(const SourceNode& source, const Dialect& dialect, WrittenQuery& out) {

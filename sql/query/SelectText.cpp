@@ -16,7 +16,7 @@ bool IsName(std::string_view text) {
     return !text.empty() && !(text[0] >= '0' && text[0] <= '9') && std::all_of(text.begin(), text.end(), IsNameChar);
 }
 
-// The text at commas outside of quotes and brackets.
+// Splits the text at commas outside quotes and brackets.
 std::vector<std::string_view> SplitEntries(std::string_view text) {
     std::vector<std::string_view> entries;
     size_t start = 0;

@@ -7,8 +7,8 @@
 
 namespace quellbrook::sql {
 
-// The result columns that raw text of a select list stands for: "1 AS Quantity, NULL AS Value" gives two, "*" the star.
-// An entry without a plain name behind AS keeps its text whole and has no name, but for a plain column name.
+// The result columns in the raw text of a select list: "1 AS Quantity, NULL AS Value" is two columns, "*" is the star.
+// An entry without a plain name after AS is kept whole and has no name, unless it is a plain column name.
 std::vector<ResultColumn> ParseSelectText(std::string_view text);
 
 }  // namespace quellbrook::sql

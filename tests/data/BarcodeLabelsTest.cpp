@@ -56,7 +56,7 @@ TEST_F(BarcodeLabelsTest, AnItemsLabelHasItsFields) {
     EXPECT_EQ(ValueAt(OnlyLabel(), 40), "Harbour Police");
 }
 
-TEST_F(BarcodeLabelsTest, AVehiclesLabelIsOfTheSameTemplate) {
+TEST_F(BarcodeLabelsTest, AVehiclesLabelUsesTheSameTemplate) {
     const auto vehicle = MakeItem(4711, StoredItemTypes::vehicle, Null(), "KTR4821 (OR)");
     vehicle->PrintBarcodeLabel();
     EXPECT_EQ(ValueAt(OnlyLabel(), 0), "\x02V0000004711\x03");
@@ -64,7 +64,7 @@ TEST_F(BarcodeLabelsTest, AVehiclesLabelIsOfTheSameTemplate) {
     EXPECT_EQ(ValueAt(OnlyLabel(), 20), "") << "no category";
 }
 
-TEST_F(BarcodeLabelsTest, ThePrintedLabelAndThePictureHaveOneText) {
+TEST_F(BarcodeLabelsTest, ThePrintedLabelAndThePictureHaveTheSameText) {
     const StoredItemRef item = AddProperty();
     item->PrintBarcodeLabel();
     BarcodeImage image;
@@ -81,7 +81,7 @@ TEST_F(BarcodeLabelsTest, ThePictureIsDrawnForTheDisplay) {
     EXPECT_EQ(picture.height, 80);
 }
 
-TEST_F(BarcodeLabelsTest, NoLabelForARoot) {
+TEST_F(BarcodeLabelsTest, ARootHasNoLabel) {
     const Error error =
         RaisedBy([] { GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal)->PrintBarcodeLabel(); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
@@ -98,7 +98,7 @@ TEST_F(BarcodeLabelsTest, ADeletedLocationStillPrints) {
     EXPECT_EQ(ValueAt(OnlyLabel(), 0), MakeBarcodeText("L", room->ID()));
 }
 
-TEST_F(BarcodeLabelsTest, WhatFailsNamesTheLocation) {
+TEST_F(BarcodeLabelsTest, AFailureNamesTheLocation) {
     const auto room = AddLocation("Room \"1\"");
     const std::string before = "Error printing barcode label for location 'Room \"1\"': ";
     m_labels.printer->refusal = "Out of labels.";
@@ -112,7 +112,7 @@ TEST_F(BarcodeLabelsTest, WhatFailsNamesTheLocation) {
               before + "The host has named no place for its files.");
 }
 
-TEST_F(BarcodeLabelsTest, WhatFailsNamesTheItemAndItsKind) {
+TEST_F(BarcodeLabelsTest, AFailureNamesTheItemAndItsKind) {
     const auto property = MakeItem(1, StoredItemTypes::Property, Null(), "26-17");
     const auto vehicle = MakeItem(1, StoredItemTypes::vehicle);
     m_labels.printer->refusal = "Out of labels.";

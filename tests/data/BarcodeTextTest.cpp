@@ -12,9 +12,9 @@ TEST(BarcodeText, AKeyIsPaddedToTenDigits) {
     EXPECT_EQ(MakeBarcodeText("V", 4711), "\x02V0000004711\x03");
 }
 
-TEST(BarcodeText, NoKeyIsTenZeros) { EXPECT_EQ(MakeBarcodeText("P", 0), "\x02P0000000000\x03"); }
+TEST(BarcodeText, KeyZeroIsTenZeros) { EXPECT_EQ(MakeBarcodeText("P", 0), "\x02P0000000000\x03"); }
 
-TEST(BarcodeText, TheGreatestKeyHasTenDigitsOfItsOwn) {
+TEST(BarcodeText, TheGreatestKeyNeedsNoPadding) {
     EXPECT_EQ(MakeBarcodeText("P", std::numeric_limits<int32_t>::max()), "\x02P2147483647\x03");
 }
 

@@ -49,7 +49,7 @@ TEST_F(CustodyRecords, CodedColumnsAreTurnedIntoText) {
     EXPECT_EQ(record->Location()->Name(), "Shelf");
 }
 
-TEST_F(CustodyRecords, NullGivesTheEmptyResultAndIsNotKept) {
+TEST_F(CustodyRecords, NullReturnsTheEmptyResultAndIsNotCached) {
     const auto record = Record(Null(), Null(), Null(), Null());
     EXPECT_EQ(record->StorageReason(), "");
     EXPECT_EQ(record->ReceivedBy(), "");
@@ -63,7 +63,7 @@ TEST_F(CustodyRecords, NullGivesTheEmptyResultAndIsNotKept) {
     EXPECT_EQ(record->StorageReason(), "Laboratory analysis") << "the row is asked anew";
 }
 
-TEST_F(CustodyRecords, ASecondCallDoesNotAskAgain) {
+TEST_F(CustodyRecords, ASecondCallDoesNotQueryAgain) {
     m_database.AddCode(CodeTable::CustodyReason, 5, "Lab", "Laboratory analysis");
     m_database.AddPerson(101, "Officer Alice Stone");
     const auto record = Record(101, 101, 5, Null());
@@ -78,13 +78,13 @@ TEST_F(CustodyRecords, ASecondCallDoesNotAskAgain) {
     EXPECT_TRUE(recording->Log().empty());
 }
 
-TEST_F(CustodyRecords, AReasonThatTheTableDoesNotKnowReadsAsEmptyAndIsKept) {
+TEST_F(CustodyRecords, AnUnknownReasonIsEmptyAndCached) {
     const auto record = Record(Null(), Null(), 99, Null());
     EXPECT_EQ(record->StorageReason(), "");
     EXPECT_TRUE(record->IsCached("StorageReason"));
 }
 
-TEST_F(CustodyRecords, ADeletedLocationGivesNothingAndThisNothingIsKept) {
+TEST_F(CustodyRecords, ADeletedLocationIsNullAndCached) {
     const auto record = Record(Null(), Null(), Null(), 1);
     EXPECT_EQ(record->Location(), nullptr);
     EXPECT_TRUE(record->IsCached("Location"));
@@ -94,7 +94,7 @@ TEST_F(CustodyRecords, ADeletedLocationGivesNothingAndThisNothingIsKept) {
     EXPECT_EQ(record->Location(), nullptr);
 }
 
-TEST_F(CustodyRecords, TheLocationIsKeptAsAnObject) {
+TEST_F(CustodyRecords, TheLocationObjectIsCached) {
     const auto record = Record(Null(), Null(), Null(), m_database.AddLocation("Shelf", StorageLocationTypes::Internal));
     const auto location = record->Location();
     EXPECT_EQ(record->Location(), location);
@@ -109,11 +109,11 @@ TEST_F(CustodyRecords, TheCacheComparesKeysExactlyAndReplacesValues) {
     EXPECT_TRUE(record.IsCached("Key"));
     EXPECT_FALSE(record.IsCached("key"));
     const Error error = testing::RaisedBy([&] { record.GetCached("key"); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Item 'key' is not cached.");
 }
 
-TEST_F(CustodyRecords, PreviousIsTheRecordThatWasSetAndNothingOtherwise) {
+TEST_F(CustodyRecords, PreviousIsTheRecordThatWasSetOrNull) {
     const auto newer = std::make_shared<TrackingRecord>(), older = std::make_shared<TrackingRecord>();
     newer->SetPrevious(older);
     EXPECT_EQ(newer->Previous(), older);
@@ -121,7 +121,7 @@ TEST_F(CustodyRecords, PreviousIsTheRecordThatWasSetAndNothingOtherwise) {
 }
 
 TEST_F(CustodyRecords, ARecordWithoutARowFails) {
-    EXPECT_EQ(testing::RaisedBy([] { TrackingRecord().Sequence(); }).Number(), 91);
+    EXPECT_EQ(testing::RaisedBy([] { TrackingRecord().Sequence(); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST_F(CustodyRecords, AnIncidentIsLoadedFromItsRow) {

@@ -24,7 +24,7 @@ std::vector<std::pair<std::string, TaggedValue>> CellsOfEveryKind(int32_t seed) 
 
 }  // namespace
 
-TEST(PackedRows, RowsComeBackAsTheyWentIn) {
+TEST(PackedRows, RowsAreUnpackedUnchanged) {
     PackedRows rows;
     for (int32_t i = 0; i < 1000; ++i) rows.Add(Row::Of(CellsOfEveryKind(i)));
     rows.ShrinkToFit();
@@ -36,7 +36,7 @@ TEST(PackedRows, RowsComeBackAsTheyWentIn) {
     }
 }
 
-TEST(PackedRows, RowsAddedAfterShrinkingStandBehindTheOthers) {
+TEST(PackedRows, RowsAddedAfterShrinkingFollowTheOthers) {
     PackedRows rows;
     for (int32_t i = 0; i < 600; ++i) {
         rows.Add(Row::Of({{"Value", i}}));
@@ -45,14 +45,14 @@ TEST(PackedRows, RowsAddedAfterShrinkingStandBehindTheOthers) {
     for (int32_t i = 0; i < 600; ++i) ASSERT_EQ(rows.At(static_cast<size_t>(i)).Value("Value"), TaggedValue(i));
 }
 
-TEST(PackedRows, ThereAreNoRowsAtFirst) { EXPECT_EQ(PackedRows().Count(), 0u); }
+TEST(PackedRows, IsEmptyAtFirst) { EXPECT_EQ(PackedRows().Count(), 0u); }
 
-TEST(PackedRows, AnObjectIsRefusedAndLeavesTheRowsAsTheyWere) {
+TEST(PackedRows, AnObjectIsRejectedAndLeavesTheRowsUnchanged) {
     const auto row = [](const TaggedValue& second) { return Row::Of({{"First", "some text"}, {"Second", second}}); };
     for (const size_t before : {0u, 1u, 255u, 256u}) {
         PackedRows rows;
         for (size_t i = 0; i < before; ++i) rows.Add(row(static_cast<int32_t>(i)));
-        EXPECT_EQ(testing::RaisedBy([&] { rows.Add(row(ObjectRef())); }).Number(), 13);
+        EXPECT_EQ(testing::RaisedBy([&] { rows.Add(row(ObjectRef())); }).Number(), ErrorNumber::TypeMismatch);
         EXPECT_EQ(rows.Count(), before);
         rows.Add(row(-1));
         EXPECT_EQ(rows.At(before).Value("Second"), TaggedValue(-1));
@@ -60,7 +60,7 @@ TEST(PackedRows, AnObjectIsRefusedAndLeavesTheRowsAsTheyWere) {
     }
 }
 
-TEST(PackedRows, RowsTakeTheBytesOfTheirValuesAndLittleMore) {
+TEST(PackedRows, RowsTakeLittleMoreThanTheBytesOfTheirValues) {
     const size_t count = 20000;
     const std::string text(100, 'x');
     const Row row = Row::Of({{"Key", 1}, {"Text", text}, {"Nothing", Null()}});

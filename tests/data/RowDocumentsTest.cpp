@@ -40,39 +40,40 @@ TEST(RowDocuments, ARowWithoutColumnsIsAnEmptyElement) {
 
 TEST(RowDocuments, ColumnsAndValuesMustBeLists) {
     Error error = RaisedBy([] { CreateRowXmlNode("Property", "Name", List{1}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "CreateRowXmlNode: Columns must be an array");
     error = RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, TaggedValue(1)); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "CreateRowXmlNode: Values must be an array");
 }
 
-TEST(RowDocuments, ColumnsAndValuesMustBeOfOneLength) {
+TEST(RowDocuments, ColumnsAndValuesMustHaveTheSameLength) {
     const Error error = RaisedBy([] { CreateRowXmlNode("Property", List{"Name", "Type"}, List{"Shelf"}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "CreateRowXmlNode: Columns and Values arrays have different lengths.");
 }
 
 TEST(RowDocuments, AValueThatHasNoTextFails) {
-    EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, List{Null()}); }).Number(), 94);
+    EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, List{Null()}); }).Number(),
+              ErrorNumber::InvalidUseOfNull);
 }
 
-TEST(RowDocuments, ATextWithNulIsRefusedAndNotCut) {
+TEST(RowDocuments, ATextWithNulIsRejectedInsteadOfTruncated) {
     const Error error =
         RaisedBy([] { CreateRowXmlNode("Property", List{"Name"}, List{std::string("Shelf\0 12", 9)}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "A text with a NUL character can't be stored.");
 }
 
-TEST(RowDocuments, ARootNameThatIsNoNameFails) {
-    EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("", List{}, List{}); }).Number(), 91);
+TEST(RowDocuments, AnInvalidRootNameFails) {
+    EXPECT_EQ(RaisedBy([] { CreateRowXmlNode("", List{}, List{}); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST(RowDocuments, ArraySizeCountsTheElementsOfAList) {
     EXPECT_EQ(ArraySize(List{}), 0);
     EXPECT_EQ(ArraySize(List{1, Null(), "three"}), 3);
     const Error error = RaisedBy([] { ArraySize(TaggedValue(3)); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "ArraySize: arr is not an array.");
 }
 

@@ -1,4 +1,4 @@
-// Holds the search, which is planned before it is put to the database, against the same search written down literally.
+// Compares the search, which plans its query, with the same search written literally as one statement.
 
 #include "data/StoredItemSearch.h"
 
@@ -6,9 +6,9 @@
 #include "base/Error.h"
 #include "data/StorageLocationStatic.h"
 #include "database/SqliteEngine.h"
-#include "tests/data/SearchDepartment.h"
 #include "tests/data/SearchLiteralText.h"
 #include "tests/support/DatabaseTest.h"
+#include "tests/support/SearchDepartment.h"
 #include "tests/support/WithoutSideTables.h"
 
 #include <algorithm>
@@ -141,7 +141,7 @@ protected:
                        : GetStorageLocationStatic().FindByID(id);
     }
 
-    // The rows that are to be found, each once.
+    // The distinct rows of the literal search.
     Texts Expected(const AskedSearch& asked) {
         if (!asked.location && asked.description.empty() && asked.number.empty() && asked.itemType == 0) return {};
         Texts rows = Sorted(m_database.QueryRows(LiteralSearchText(asked)));
@@ -160,15 +160,15 @@ protected:
     }
 
     Dice m_dice{GetParam()};
-    std::map<std::string, int> m_found;  // searches that found something, by what they asked
+    std::map<std::string, int> m_found;  // searches with hits, by criterion
 };
 
 }  // namespace
 
-TEST_P(SearchLiteral, FindsTheRowsOfTheSearchAsWrittenDown) {
+TEST_P(SearchLiteral, FindsTheRowsOfTheLiteralSearch) {
     SearchDepartment department(m_database, m_dice);
-    if (GetParam() > 2) department.TwistTheView();
-    std::shared_ptr<Engine> engine = SqliteEngine::Open(m_database.Path());  // learns what the view is by now
+    if (GetParam() > 2) department.ReplaceTheView();
+    std::shared_ptr<Engine> engine = SqliteEngine::Open(m_database.Path());  // reads the facts of the schema again
     if (GetParam() % 2 == 0) engine = std::make_shared<WithoutSideTables>(std::move(engine));
     m_database.Install(std::move(engine));
     for (int number = 0; number < Combination::Count; ++number) {

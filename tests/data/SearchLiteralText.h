@@ -19,8 +19,8 @@ struct AskedSearch {
     bool seesVehicles = true;
 };
 
-// The search as one statement, written down clause by clause without any wit: both kinds with all their joins, the
-// conditions where they belong. What it finds is what a search is to find; rows that are equal count once.
+// The search as one unplanned statement: both kinds of item with all their joins. Its distinct rows are what the search
+// must find.
 std::string LiteralSearchText(const AskedSearch& asked);
 
 std::string Describe(const AskedSearch& asked);

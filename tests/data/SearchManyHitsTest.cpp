@@ -42,7 +42,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SearchManyHits, AHitTakesLittleRoom) {
+TEST_F(SearchManyHits, AHitTakesLittleMemory) {
     Everything();  // the database's own caches fill with the first search
     const size_t idle = testing::MemoryInUse();
     const auto hits = Everything();
@@ -50,7 +50,7 @@ TEST_F(SearchManyHits, AHitTakesLittleRoom) {
     EXPECT_LE((testing::MemoryInUse() - idle) / Many, 300u);
 }
 
-TEST_F(SearchManyHits, AHitThatWasLookedAtTakesLittleRoomAgain) {
+TEST_F(SearchManyHits, AReadHitTakesLittleMemoryAfterwards) {
     Everything();
     const size_t idle = testing::MemoryInUse();
     const auto hits = Everything();
@@ -58,7 +58,7 @@ TEST_F(SearchManyHits, AHitThatWasLookedAtTakesLittleRoomAgain) {
     EXPECT_LE((testing::MemoryInUse() - idle) / Many, 300u);
 }
 
-TEST_F(SearchManyHits, EachPositionGivesItsOwnItem) {
+TEST_F(SearchManyHits, EachPositionReturnsItsOwnItem) {
     const auto hits = Everything();
     std::set<int32_t> keys;
     for (int32_t i = 0; i < hits->Count(); ++i) {
@@ -71,7 +71,7 @@ TEST_F(SearchManyHits, EachPositionGivesItsOwnItem) {
     EXPECT_EQ(keys.size(), static_cast<size_t>(Many));
 }
 
-TEST_F(SearchManyHits, HeldItemsStayTheSameWhileOthersComeAndGo) {
+TEST_F(SearchManyHits, KeptItemsStayTheSameWhileOthersAreReleased) {
     const auto hits = Everything();
     std::vector<StoredItemRef> held;
     for (int32_t i = 0; i < Many; i += 1000) held.push_back(hits->ItemAt(i));

@@ -1,11 +1,10 @@
-// Holds how SQLite carries out a search by something that is indexed: from that index, whatever else is asked.
+// Checks SQLite's plans: a search by an indexed criterion uses that index, whatever else is asked.
 
 #include "data/StoredItemSearch.h"
 
 #include "access/Permissions.h"
 #include "base/Text.h"
 #include "data/StorageLocationStatic.h"
-#include "sql/tsql/TransactSqlRewriter.h"
 #include "tests/data/SearchLiteralText.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/RecordingEngine.h"
@@ -33,44 +32,113 @@ const char* const statistics =
     "('IncdVehicle', 'IncdVehicleByVehicleNo', '100000 1'), ('IncdVehicle', 'IncdVehicleByIncidentNo', '100000 1'), "
     "('CurrentPlace', 'CurrentPlace', '1050000 210 190 1')";
 
-bool Holds(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-bool Holds(const Texts& lines, const std::string& part) {
-    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return Holds(line, part); });
+bool Contains(const Texts& lines, const std::string& part) {
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return Contains(line, part); });
 }
 
-// Whether the line of a plan reads a whole table of items, of their links or of their custody rows, or makes a table or
-// an index for this one query.
+// Whether the line of a plan reads a whole table of items, links or custody rows, or builds a table or an index for
+// this one query.
 bool IsWasteful(const std::string& line) {
-    if (Holds(line, "MATERIALIZE") || Holds(line, "AUTOMATIC")) return true;
-    if (line.rfind("SCAN PropertyDescription VIRTUAL", 0) == 0) return false;
+    if (Contains(line, "MATERIALIZE") || Contains(line, "AUTOMATIC")) return true;
+    if (line.starts_with("SCAN PropertyDescription VIRTUAL")) return false;
     for (const char* table : {"SCAN Property", "SCAN Vehicle", "SCAN vwVehicle", "SCAN Incd"})
-        if (line.rfind(table, 0) == 0) return true;
+        if (line.starts_with(table)) return true;
     return false;
+}
+
+enum Schema { Ours, HostsOwn, Either };
+
+// A search, and lines that its plan contains with each combination of further criteria.
+struct PlanCase {
+    Schema schema;
+    Number type;  // 0: none
+    const char* number;
+    bool inLocation;
+    int32_t itemType;
+    const char* description;
+    Texts lines;
+};
+
+const char* const propertyByKey = "SEARCH Property USING INTEGER PRIMARY KEY";
+const char* const vehicleByKey = "SEARCH Vehicle USING INTEGER PRIMARY KEY";
+const char* const propertyById = "SEARCH Property USING INDEX PropertyByPropertyID";
+const char* const vehicleByTag = "SEARCH Vehicle USING INDEX VehicleByRegNumber";
+const char* const incidentById = "SEARCH Incident USING COVERING INDEX IncidentByIncidentId";
+const char* const incidentByCase = "SEARCH Incident USING COVERING INDEX IncidentByCaseNbr";
+const char* const propertyLink = "SEARCH IncdProperty USING INDEX IncdPropertyByIncidentNo";
+const char* const vehicleLink = "SEARCH IncdVehicle USING INDEX IncdVehicleByIncidentNo";
+constexpr Number noNumber{};
+
+const std::vector<PlanCase>& PlanCases() {
+    static const std::vector<PlanCase> cases = {
+        {Either, Number::PropertyPK, "7", false, 0, "", {propertyByKey}},
+        {Either, Number::VehiclePK, "7", false, 0, "", {vehicleByKey}},
+        {Either, Number::PropertyID, "E-1", false, 0, "", {propertyById}},
+        {Either, Number::PropertyID, "E-1*", false, 0, "", {propertyById}},
+        {Either, Number::PropertyID, "50%*", false, 0, "", {propertyById}},
+        {Either, Number::VehicleTag, "E-1", false, 0, "", {vehicleByTag}},
+        {Either, Number::VehicleTag, "E-1*", false, 0, "", {vehicleByTag}},
+        {Either,
+         Number::IncidentId,
+         "I-1",
+         false,
+         0,
+         "",
+         {incidentById, propertyLink, vehicleLink, propertyByKey, vehicleByKey}},
+        {Either, Number::IncidentId, "I-1*", false, 0, "", {incidentById, propertyLink, vehicleLink}},
+        {Either, Number::IncidentId, "*7*", false, 0, "", {"SCAN Incident", propertyLink, vehicleLink}},
+        {Either, Number::CaseNumber, "C-1", false, 0, "", {incidentByCase, propertyLink, vehicleLink}},
+        {Either, Number::CaseNumber, "C-1*", false, 0, "", {incidentByCase, propertyLink, vehicleLink}},
+        {Either, Number::CaseNumber, "*7*", false, 0, "", {"SCAN Incident", propertyLink, vehicleLink}},
+        {Ours,
+         noNumber,
+         "",
+         true,
+         0,
+         "",
+         {"SEARCH CurrentPlace USING PRIMARY KEY (StorageLocNo=? AND ItemType=?)", propertyByKey, vehicleByKey}},
+        {Ours, noNumber, "", true, 0, "*blue*", {"SEARCH CurrentPlace USING PRIMARY KEY", propertyByKey, vehicleByKey}},
+        {Ours, noNumber, "", true, 2, "", {"SEARCH CurrentPlace USING PRIMARY KEY", vehicleByKey}},
+        {HostsOwn,
+         noNumber,
+         "",
+         true,
+         0,
+         "",
+         {"USING COVERING INDEX PropertyTrackingPlace (StorageLocNo=?)",
+          "USING COVERING INDEX VehicleTrackingPlace (StorageLocNo=?)"}},
+        {Ours,
+         noNumber,
+         "",
+         false,
+         1,
+         "*blue*",
+         {"SCAN PropertyDescription VIRTUAL TABLE INDEX", "SEARCH Property USING INTEGER PRIMARY KEY"}},
+    };
+    return cases;
 }
 
 class SearchPlan : public DatabaseTest {
 protected:
-    SearchPlan() {
-        m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
-        m_recording = std::make_shared<RecordingEngine>(m_database.GetEngine());
+    SearchPlan() { m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal); }
+
+    void UseSchema(Schema schema) {
+        std::shared_ptr<Engine> engine = m_database.GetEngine();
+        if (schema == HostsOwn) engine = std::make_shared<WithoutSideTables>(engine);
+        m_recording = std::make_shared<RecordingEngine>(engine);
         m_database.Install(m_recording);
     }
 
-    void HideSideTables() {
-        m_recording = std::make_shared<RecordingEngine>(std::make_shared<WithoutSideTables>(m_database.GetEngine()));
-        m_database.Install(m_recording);
-    }
-
-    Texts PlanOf(const std::string& transactSql) {
-        const std::string text = sql::RewriteTransactSql(transactSql).at(0).text;
+    Texts PlanOf(const std::string& sqlite) {
         Texts lines;
-        for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN " + text))
+        for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN " + sqlite))
             lines.push_back(ToText(row.Value("detail")));
         return lines;
     }
 
-    // The plans of the texts that the search puts to the database, for its rows and for their count.
+    // The plans of the query for the rows and of the query for their count.
     std::vector<Texts> PlansOf(StoredItemSearch search) {
         m_recording->Clear();
         search.ExecuteRaw();
@@ -81,27 +149,41 @@ protected:
         return plans;
     }
 
-    // The search, and the same with everything else that can be asked beside it, starts from the index.
-    void ExpectFoundBy(const std::string& index, const StoredItemSearch& search) {
-        for (int more = 0; more < 16; ++more) {
-            StoredItemSearch asked = search;
-            if (more & 1) asked.Tagged();
-            if (more & 2) asked.Untracked();
-            if (more & 4) asked.WithDescription("*blue*");
-            if (more & 8) asked.InLocation(GetStorageLocationStatic().FindByID(m_shelf));
-            ExpectFrugal(asked, (more & 8) != 0 ? std::string() : index, "with " + std::to_string(more));
+    StoredItemSearch Search(const PlanCase& asked, int more) const {
+        StoredItemSearch search;
+        if (asked.type != noNumber) search.WithNumber(asked.type, asked.number);
+        if (asked.itemType != 0) search.OfType(static_cast<StoredItemTypes>(asked.itemType));
+        search.WithDescription((more & 4) != 0 ? "*blue*" : asked.description);
+        if (asked.inLocation || (more & 8) != 0) search.InLocation(GetStorageLocationStatic().FindByID(m_shelf));
+        if (more & 1) search.Tagged();
+        if (more & 2) search.Untracked();
+        return search;
+    }
+
+    // With each combination of further criteria, the search reads no table as a whole. It uses the given indexes unless
+    // another criterion is narrower.
+    void ExpectPlan(const PlanCase& asked) {
+        const int combinations = asked.type == noNumber ? 2 : 16;
+        for (int more = 0; more < combinations; ++more) {
+            for (const Texts& plan : PlansOf(Search(asked, more))) {
+                SCOPED_TRACE(Join(plan, "\n"));
+                for (const std::string& line : plan) EXPECT_FALSE(IsWasteful(line)) << line;
+                for (const std::string& line : asked.lines)
+                    EXPECT_TRUE((more & 8) != 0 || Contains(plan, line)) << line << ", with " << more;
+                EXPECT_FALSE(asked.schema == Ours && asked.inLocation && Contains(plan, "TrackingPlace"));
+            }
         }
     }
 
-    void ExpectFrugal(const StoredItemSearch& search, const std::string& index, const std::string& what) {
-        for (const Texts& plan : PlansOf(search)) {
-            for (const std::string& line : plan) EXPECT_FALSE(IsWasteful(line)) << what << ": " << line;
-            EXPECT_TRUE(index.empty() || Holds(plan, index)) << what << ": " << Join(plan, "\n");
+    void ExpectAllPlans() {
+        for (const Schema schema : {Ours, HostsOwn}) {
+            UseSchema(schema);
+            for (const PlanCase& asked : PlanCases()) {
+                SCOPED_TRACE(std::string("number '") + asked.number + "' of type " +
+                             std::to_string(static_cast<int32_t>(asked.type)));
+                if (asked.schema == Either || asked.schema == schema) ExpectPlan(asked);
+            }
         }
-    }
-
-    StoredItemSearch ByNumber(Number type, const std::string& number) const {
-        return StoredItemSearch().WithNumber(type, number);
     }
 
     int32_t m_shelf = 0;
@@ -110,96 +192,28 @@ protected:
 
 }  // namespace
 
-TEST_F(SearchPlan, AnItemsKeyIsLookedUp) {
-    ExpectFoundBy("SEARCH Property USING INTEGER PRIMARY KEY", ByNumber(Number::PropertyPK, "7"));
-    ExpectFoundBy("SEARCH Vehicle USING INTEGER PRIMARY KEY", ByNumber(Number::VehiclePK, "7"));
-}
+TEST_F(SearchPlan, UsesTheIndexOfEachCriterion) { ExpectAllPlans(); }
 
-TEST_F(SearchPlan, AnIdentifierIsLookedUpWhetherWholeOrByItsBeginning) {
-    for (const char* number : {"E-1", "E-1*", "50%*"}) {
-        ExpectFoundBy("SEARCH Property USING INDEX PropertyByPropertyID", ByNumber(Number::PropertyID, number));
-        ExpectFoundBy("SEARCH Vehicle USING INDEX VehicleByRegNumber", ByNumber(Number::VehicleTag, number));
-    }
-}
-
-TEST_F(SearchPlan, AnIncidentIsLookedUpFirstAndItsItemsFromThere) {
-    for (const char* number : {"I-1", "I-1*"}) {
-        for (const char* index :
-             {"SEARCH Incident USING COVERING INDEX IncidentByIncidentId",
-              "SEARCH IncdProperty USING INDEX IncdPropertyByIncidentNo",
-              "SEARCH IncdVehicle USING INDEX IncdVehicleByIncidentNo", "SEARCH Property USING INTEGER PRIMARY KEY",
-              "SEARCH Vehicle USING INTEGER PRIMARY KEY"})
-            ExpectFoundBy(index, ByNumber(Number::IncidentId, number));
-        ExpectFoundBy("SEARCH Incident USING COVERING INDEX IncidentByCaseNbr", ByNumber(Number::CaseNumber, number));
-    }
-}
-
-TEST_F(SearchPlan, AnIncidentByAPartOfItsNumberReadsTheIncidentsOnly) {
-    for (const Number type : {Number::IncidentId, Number::CaseNumber}) {
-        ExpectFoundBy("SCAN Incident", ByNumber(type, "*7*"));
-        ExpectFoundBy("SEARCH IncdProperty USING INDEX IncdPropertyByIncidentNo", ByNumber(type, "*7*"));
-    }
-}
-
-TEST_F(SearchPlan, ALocationIsAskedForWhatLiesThereNow) {
-    const auto search = [&] { return StoredItemSearch().InLocation(GetStorageLocationStatic().FindByID(m_shelf)); };
-    for (const bool isTagged : {false, true}) {
-        StoredItemSearch asked = isTagged ? search().Tagged() : search();
-        ExpectFrugal(asked, "SEARCH CurrentPlace USING PRIMARY KEY (StorageLocNo=? AND ItemType=?)", "contents");
-        ExpectFrugal(asked.WithDescription("*blue*"), "SEARCH CurrentPlace USING PRIMARY KEY", "description");
-        for (const Texts& plan : PlansOf(asked)) EXPECT_FALSE(Holds(plan, "TrackingPlace")) << Join(plan, "\n");
-    }
-    ExpectFrugal(search().OfType(StoredItemTypes::vehicle), "SEARCH Vehicle USING INTEGER PRIMARY KEY", "vehicles");
-}
-
-TEST_F(SearchPlan, WithoutTheSideTableALocationIsLookedUpInTheCustodyRows) {
-    HideSideTables();
-    const auto search = StoredItemSearch().InLocation(GetStorageLocationStatic().FindByID(m_shelf));
-    ExpectFrugal(search, "USING COVERING INDEX PropertyTrackingPlace (StorageLocNo=?)", "contents");
-    ExpectFrugal(search, "USING COVERING INDEX VehicleTrackingPlace (StorageLocNo=?)", "contents");
-}
-
-TEST_F(SearchPlan, WithoutTheSideTablesNumbersAreLookedUpAllTheSame) {
-    HideSideTables();
-    ExpectFoundBy("SEARCH Property USING INTEGER PRIMARY KEY", ByNumber(Number::PropertyPK, "7"));
-    ExpectFoundBy("SEARCH Property USING INDEX PropertyByPropertyID", ByNumber(Number::PropertyID, "E-1*"));
-    ExpectFoundBy("SEARCH Incident USING COVERING INDEX IncidentByIncidentId", ByNumber(Number::IncidentId, "I-1"));
-}
-
-TEST_F(SearchPlan, ADescriptionOfPropertyIsLookedUpByItsTrigrams) {
-    const auto search = [] { return StoredItemSearch().OfType(StoredItemTypes::Property).WithDescription("*blue*"); };
-    ExpectFrugal(search(), "SCAN PropertyDescription VIRTUAL TABLE INDEX", "description");
-    ExpectFrugal(search().Tagged(), "SEARCH Property USING INTEGER PRIMARY KEY", "description");
-}
-
-TEST_F(SearchPlan, AUserWithOneRightGetsThePlansOfThatKind) {
-    for (const auto& [right, table] : {std::pair(GetPermissions().VIEW_PROPERTY(), "Property"),
-                                       std::pair(GetPermissions().VIEW_VEHICLE(), "Vehicle")}) {
-        m_session->GrantNothing();
-        m_session->Grant(right);
-        const std::string lookUp = std::string("SEARCH ") + table + " USING INTEGER PRIMARY KEY";
-        ExpectFoundBy(lookUp, ByNumber(Number::IncidentId, "I-1"));
-        ExpectFrugal(StoredItemSearch().InLocation(GetStorageLocationStatic().FindByID(m_shelf)), lookUp, table);
-    }
-}
-
-TEST_F(SearchPlan, TheStatisticsOfAMillionItemsChangeNothing) {
+TEST_F(SearchPlan, UsesTheSameIndexesWithTheStatisticsOfAMillionItems) {
     m_database.Execute("ANALYZE");
     m_database.Execute("DELETE FROM sqlite_stat1");
     m_database.Execute("INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES " + std::string(statistics));
     m_database.Execute("ANALYZE sqlite_schema");
-    const char* const byIncidentId = "SEARCH Incident USING COVERING INDEX IncidentByIncidentId";
-    for (const bool hasSideTables : {true, false}) {
-        if (!hasSideTables) HideSideTables();
-        ExpectFoundBy("SEARCH Property USING INTEGER PRIMARY KEY", ByNumber(Number::PropertyPK, "7"));
-        ExpectFoundBy("SEARCH Vehicle USING INDEX VehicleByRegNumber", ByNumber(Number::VehicleTag, "E-1*"));
-        ExpectFoundBy(byIncidentId, ByNumber(Number::IncidentId, "I-1*"));
-        ExpectFoundBy("SEARCH Incident USING COVERING INDEX IncidentByCaseNbr", ByNumber(Number::CaseNumber, "C-1"));
-        ExpectFoundBy("SCAN Incident", ByNumber(Number::IncidentId, "*7*"));
+    ExpectAllPlans();
+}
+
+TEST_F(SearchPlan, OfAUserWithOneRightUsesTheIndexesOfThatKind) {
+    UseSchema(Ours);
+    for (const auto& [right, line] : {std::pair(GetPermissions().VIEW_PROPERTY(), propertyByKey),
+                                      std::pair(GetPermissions().VIEW_VEHICLE(), vehicleByKey)}) {
+        m_session->GrantNothing();
+        m_session->Grant(right);
+        ExpectPlan({Ours, Number::IncidentId, "I-1", false, 0, "", {line}});
+        ExpectPlan({Ours, noNumber, "", true, 0, "", {line}});
     }
 }
 
-TEST_F(SearchPlan, TheSearchAsWrittenDownWouldFail) {
+TEST_F(SearchPlan, OfTheLiteralSearchIsWasteful) {
     for (const AskedSearch& asked : {AskedSearch{.numberType = 5, .number = "7"}, AskedSearch{.location = 1},
                                      AskedSearch{.numberType = 1, .number = "I-1"}}) {
         const Texts plan = PlanOf(LiteralSearchText(asked));

@@ -109,18 +109,18 @@ TEST_F(SearchTexts, NoTextChangesTheDatabase) {
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
-TEST_F(SearchTexts, AKeyThatIsNoNumberIsRefusedWhateverTheText) {
+TEST_F(SearchTexts, AKeyThatIsNotANumberIsRejected) {
     for (const auto& [description, text] : HostileTexts()) {
         SCOPED_TRACE(description);
         for (const auto type : {NumberSearchTypes::PropertyPK, NumberSearchTypes::VehiclePK})
-            EXPECT_EQ(testing::RaisedBy([&] { WithNumber(type, text).Execute(); }).Number(), 13);
+            EXPECT_EQ(testing::RaisedBy([&] { WithNumber(type, text).Execute(); }).Number(), ErrorNumber::TypeMismatch);
     }
 }
 
-TEST_F(SearchTexts, ATextWithNulIsRefused) {
+TEST_F(SearchTexts, ATextWithNulIsRejected) {
     const auto expectRefused = [](StoredItemSearch search) {
         const Error error = testing::RaisedBy([&] { search.Execute(); });
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), testing::NulRefusal);
     };
     expectRefused(WithDescription(testing::TextWithNul()));
@@ -129,7 +129,7 @@ TEST_F(SearchTexts, ATextWithNulIsRefused) {
         expectRefused(WithNumber(type, testing::TextWithNul()));
 }
 
-TEST_F(SearchTexts, APatternThatIsTooLongForTheDatabaseFailsWithItsWords) {
+TEST_F(SearchTexts, APatternThatIsTooLongFailsWithTheDatabasesMessage) {
     const Error error = testing::RaisedBy([] { WithDescription(std::string(100'000, 'x')).Execute(); });
     EXPECT_EQ(error.Description(), "LIKE or GLOB pattern too complex");
 }

@@ -147,7 +147,7 @@ protected:
 
     static void ExpectFailure(Department& department, const std::string& description) {
         const Error error = testing::RaisedBy([&] { GetParam().run(department); });
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), description);
         EXPECT_TRUE(department.engine->HasStruck());
     }

@@ -32,7 +32,7 @@ protected:
                        const std::string& description) {
         const std::string before = m_database.Snapshot();
         const Error error = testing::RaisedBy([&] { location->Move(newParent); });
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Source(), "StorageLocation.Move");
         EXPECT_EQ(error.Description(), description);
         EXPECT_EQ(m_database.Snapshot(), before);
@@ -59,7 +59,7 @@ TEST_F(StorageLocationMove, AMoveSendsTheDescendantsFirstInOneTransactionAndRead
                      "SELECT * FROM StorageLocation ORDER BY Name, IdNo"}));
 }
 
-TEST_F(StorageLocationMove, AMoveTakesTheWholeSubtreeAlong) {
+TEST_F(StorageLocationMove, AMoveIncludesTheWholeSubtree) {
     Find(m_tree.shelf)->Move(Find(m_tree.annex));
     EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/5/");
     EXPECT_EQ(m_tree.Row(m_tree.box), "Box 2 /0/5/2/");
@@ -122,7 +122,7 @@ TEST_F(StorageLocationMove, AMoveTouchesNeitherTheDatesNorTheFlag) {
     EXPECT_EQ(m_tree.Cell(m_tree.box, "ActiveFlag"), "0");
 }
 
-TEST_F(StorageLocationMove, LocationsBelowALongerIdentifierStayWhereTheyAre) {
+TEST_F(StorageLocationMove, LocationsBelowALongerIdentifierAreNotMoved) {
     // What lies in 20 stands at /0/20/, which does not begin with the /0/2/ of what lies in 2.
     int32_t last = 0;
     while (last < 20) last = m_database.AddLocation("Filler " + std::to_string(last), Types::Internal);
@@ -136,7 +136,7 @@ TEST_F(StorageLocationMove, LocationsBelowALongerIdentifierStayWhereTheyAre) {
     EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/5/1/");
 }
 
-TEST_F(StorageLocationMove, ALocationCannotBeMovedIntoItselfOrWhatItHolds) {
+TEST_F(StorageLocationMove, ALocationCannotBeMovedIntoItselfOrItsSublocations) {
     const auto recording = Record();
     const auto refusal = [](const char* target) {
         return "Could not move location 'Room' into '" + std::string(target) +
@@ -150,7 +150,7 @@ TEST_F(StorageLocationMove, ALocationCannotBeMovedIntoItselfOrWhatItHolds) {
     EXPECT_TRUE(recording->Log().empty());
 }
 
-TEST_F(StorageLocationMove, AContainerThatHoldsTheNameAlreadyIsRefusedBeforeAnyWrite) {
+TEST_F(StorageLocationMove, AContainerThatAlreadyHasTheNameIsRejectedBeforeAnyWrite) {
     m_database.AddLocation("SHELF", Types::Internal, m_tree.annex);
     const auto recording = Record();
     ExpectRefused(Find(m_tree.shelf), Find(m_tree.annex),
@@ -160,7 +160,7 @@ TEST_F(StorageLocationMove, AContainerThatHoldsTheNameAlreadyIsRefusedBeforeAnyW
     EXPECT_EQ(recording->Log().size(), 1u) << "the question alone";
 }
 
-TEST_F(StorageLocationMove, ARootThatHoldsTheNameAlreadyIsRefused) {
+TEST_F(StorageLocationMove, ARootThatAlreadyHasTheNameIsRejected) {
     m_database.AddLocation("Shelf", Types::Other);
     ExpectRefused(Find(m_tree.shelf), Root(Types::Other),
                   "Could not move location 'Shelf' into 'Other Locations'. \r\n\r\n"
@@ -189,7 +189,7 @@ TEST_F(StorageLocationMove, ANameTakenBetweenTheQuestionAndTheWriteIsRefusedByTh
         before = m_database.Snapshot();
     });
     const Error error = testing::RaisedBy([&] { shelf->Move(Find(m_tree.annex)); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(),
               "Could not move location 'Shelf' into 'Annex'. \r\n\r\nUNIQUE constraint failed: "
               "StorageLocation.Path, StorageLocation.Type, StorageLocation.Name");
@@ -229,7 +229,7 @@ TEST_F(StorageLocationMove, ALocationThatAnotherWorkstationHasMovedLeavesNothing
     EXPECT_EQ(m_tree.Row(m_tree.box), "Box 4 /0/6/2/");
 }
 
-TEST_F(StorageLocationMove, ALocationThatHasVanishedIsFoundDeleted) {
+TEST_F(StorageLocationMove, ALocationDeletedElsewhereBecomesDeleted) {
     const auto bin = Find(m_tree.bin);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.bin});
     bin->Move(Find(m_tree.annex));
@@ -255,12 +255,12 @@ TEST_F(StorageLocationMove, ADeletedLocationCannotBeMoved) {
 
 TEST_F(StorageLocationMove, WithoutATargetTheMoveFails) {
     const std::string before = m_database.Snapshot();
-    EXPECT_EQ(testing::RaisedBy([&] { Find(m_tree.shelf)->Move(nullptr); }).Number(), 91);
-    EXPECT_EQ(testing::RaisedBy([&] { Root(Types::Other)->Move(nullptr); }).Number(), 5);
+    EXPECT_EQ(testing::RaisedBy([&] { Find(m_tree.shelf)->Move(nullptr); }).Number(), ErrorNumber::NullObject);
+    EXPECT_EQ(testing::RaisedBy([&] { Root(Types::Other)->Move(nullptr); }).Number(), ErrorNumber::General);
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
-TEST_F(StorageLocationMove, ItemsGoWithTheirLocation) {
+TEST_F(StorageLocationMove, ItemsMoveWithTheirLocation) {
     const int32_t item = m_database.AddProperty();
     m_database.AddCustodyRow(StoredItemTypes::Property, item, m_tree.box);
     Find(m_tree.room)->Move(Find(m_tree.court));

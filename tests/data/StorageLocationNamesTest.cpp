@@ -113,21 +113,21 @@ TEST_F(StorageLocationNames, RenamingToTheNameOfASiblingIsRefusedWhateverTheText
     }
 }
 
-TEST_F(StorageLocationNames, ATextWithNulIsRefused) {
+TEST_F(StorageLocationNames, ATextWithNulIsRejected) {
     const std::string name = testing::TextWithNul();
     const std::string before = m_database.Snapshot();
     Error error = testing::RaisedBy([&] { Annex()->CreateSubLocation(name); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Could not create location '" + name + "'. \r\n\r\n" + testing::NulRefusal);
     error = testing::RaisedBy([&] { Annex()->Rename(name); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Could not rename location '" + name + "'. \r\n\r\n" + testing::NulRefusal);
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
 TEST_F(StorageLocationNames, NamesThatDifferInCaseAloneAreOneNameForPlainLetters) {
     Annex()->CreateSubLocation("Crate");
-    EXPECT_EQ(testing::RaisedBy([&] { Annex()->CreateSubLocation("cRATE"); }).Number(), 5);
+    EXPECT_EQ(testing::RaisedBy([&] { Annex()->CreateSubLocation("cRATE"); }).Number(), ErrorNumber::General);
     EXPECT_NE(Annex()->CreateSubLocation("\xC3\x9C"
                                          "bergabe"),
               nullptr);

@@ -36,7 +36,7 @@ protected:
     void ExpectRefused(const char* source, Operation operation, const std::string& description) {
         const std::string before = m_database.Snapshot();
         const Error error = testing::RaisedBy(operation);
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Source(), std::string("StorageLocation.") + source);
         EXPECT_EQ(error.Description(), description);
         EXPECT_EQ(m_database.Snapshot(), before);
@@ -68,7 +68,7 @@ TEST_F(StorageLocationOperations, CreatingSendsOneInsertAndReadsTheTable) {
     EXPECT_EQ(recording->Parameters(0), (Parameters{"Crate", 2, "/0/1/", true, m_clock.Now(), m_clock.Now()}));
 }
 
-TEST_F(StorageLocationOperations, CreatingHandsOutTheNewLocationAndLeavesItsOwnObjectAsItWas) {
+TEST_F(StorageLocationOperations, CreatingReturnsTheNewLocationAndLeavesTheParentUnchanged) {
     const auto room = Find(m_tree.room);
     m_database.Execute("UPDATE StorageLocation SET Name = 'Hall' WHERE IdNo = ?", {m_tree.room});
     const auto crate = room->CreateSubLocation("Crate");
@@ -81,7 +81,7 @@ TEST_F(StorageLocationOperations, CreatingHandsOutTheNewLocationAndLeavesItsOwnO
     EXPECT_EQ(Find(m_tree.room)->Name(), "Hall") << "the document is current";
 }
 
-TEST_F(StorageLocationOperations, CreatingOnTheRootOfACategoryGivesATopLevelLocationOfIt) {
+TEST_F(StorageLocationOperations, CreatingInARootAddsATopLevelLocation) {
     const auto incinerator = Root(Types::DisposalLocation)->CreateSubLocation("Incinerator");
     EXPECT_EQ(m_tree.Row(incinerator->ID()), "Incinerator 8 /0/");
     EXPECT_EQ(incinerator->Parent(), Root(Types::DisposalLocation));
@@ -96,7 +96,7 @@ TEST_F(StorageLocationOperations, BothDatesOfANewLocationAreTheSameMoment) {
     EXPECT_EQ(m_tree.Cell(id, "LastUpdated"), DateTime{1'790'000'000'001}.ToText());
 }
 
-TEST_F(StorageLocationOperations, TheNameOfANewLocationIsNeitherTrimmedNorTested) {
+TEST_F(StorageLocationOperations, TheNameOfANewLocationIsNeitherTrimmedNorChecked) {
     for (const char* name : {"  Crate ", "", "   "}) {
         const auto created = Find(m_tree.room)->CreateSubLocation(name);
         EXPECT_EQ(created->Name(), name);
@@ -127,7 +127,7 @@ TEST_F(StorageLocationOperations, AfterAFailedCreationTheDatabaseIsAskedForTheNa
               "Name='Court' AND Type=4 AND IdNo <> 0");
 }
 
-TEST_F(StorageLocationOperations, CreatingInAContainerThatHasVanishedFailsWithTheDatabasesSentence) {
+TEST_F(StorageLocationOperations, CreatingInADeletedContainerFailsWithTheDatabasesMessage) {
     const auto annex = Find(m_tree.annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
     ExpectRefused(
@@ -136,7 +136,7 @@ TEST_F(StorageLocationOperations, CreatingInAContainerThatHasVanishedFailsWithTh
         "meantime. Refresh the locations and try again.");
 }
 
-TEST_F(StorageLocationOperations, WhereTheNameCannotBeAskedForEitherTheFirstFailureIsReported) {
+TEST_F(StorageLocationOperations, IfTheNameCannotBeCheckedTheFirstFailureIsReported) {
     const auto room = Find(m_tree.room);
     m_database.Install(nullptr);
     ExpectRefused(
@@ -144,7 +144,7 @@ TEST_F(StorageLocationOperations, WhereTheNameCannotBeAskedForEitherTheFirstFail
         "Could not create location 'Crate'. \r\n\r\nNo database has been opened.");
 }
 
-TEST_F(StorageLocationOperations, ADeletedLocationTakesNoSublocation) {
+TEST_F(StorageLocationOperations, ADeletedLocationCannotGetSublocations) {
     const auto location = DeletedRoot();
     const auto recording = Record();
     ExpectRefused(
@@ -188,7 +188,7 @@ TEST_F(StorageLocationOperations, TheFlagOfADeletedLocationCannotBeSet) {
         "SetEnabled", [&] { location->SetEnabled(true); }, DeletedText);
 }
 
-TEST_F(StorageLocationOperations, AFailureToSetTheFlagSaysWhatWasWanted) {
+TEST_F(StorageLocationOperations, AFailureToSetTheFlagNamesTheChange) {
     const auto room = Find(m_tree.room);
     m_database.Install(nullptr);
     ExpectRefused(
@@ -218,7 +218,7 @@ TEST_F(StorageLocationOperations, ARenamedLocationShowsItsNewNameEverywhere) {
     EXPECT_EQ(m_tree.Cell(m_tree.shelf, "LastUpdated"), "2026-01-01T08:00:00.000");
 }
 
-TEST_F(StorageLocationOperations, ANewNameGoesInUntrimmed) {
+TEST_F(StorageLocationOperations, ANewNameIsStoredUntrimmed) {
     const auto room = Find(m_tree.room);
     room->Rename("  Vault ");
     EXPECT_EQ(room->Name(), "  Vault ");
@@ -233,7 +233,7 @@ TEST_F(StorageLocationOperations, ALocationCanBeRenamedToItsOwnName) {
     EXPECT_EQ(room->Name(), "ROOM");
 }
 
-TEST_F(StorageLocationOperations, ANameOfBlanksAloneIsRefused) {
+TEST_F(StorageLocationOperations, ABlankNameIsRejected) {
     const auto recording = Record();
     for (const char* name : {"", " ", "     "})
         ExpectRefused(
@@ -241,7 +241,7 @@ TEST_F(StorageLocationOperations, ANameOfBlanksAloneIsRefused) {
     EXPECT_TRUE(recording->Log().empty());
 }
 
-TEST_F(StorageLocationOperations, TheNameOfASiblingIsRefusedByTheConstraintAlone) {
+TEST_F(StorageLocationOperations, TheNameOfASiblingIsRejectedByTheConstraint) {
     const auto recording = Record();
     const auto bin = Find(m_tree.bin);
     ExpectRefused(
@@ -250,7 +250,7 @@ TEST_F(StorageLocationOperations, TheNameOfASiblingIsRefusedByTheConstraintAlone
     EXPECT_EQ(bin->Name(), "Bin");
 }
 
-TEST_F(StorageLocationOperations, RenamingLooksForARootThenForADeletedLocationThenForABlankName) {
+TEST_F(StorageLocationOperations, RenamingChecksForARootThenForADeletedLocationThenForABlankName) {
     ExpectRefused(
         "Rename", [&] { Root(Types::Other)->Rename(" "); }, "Cannot rename this location.");
     const auto annex = Find(m_tree.annex);
@@ -262,7 +262,7 @@ TEST_F(StorageLocationOperations, RenamingLooksForARootThenForADeletedLocationTh
         "Rename", [&] { location->Rename("Vault"); }, "Cannot rename this location.");
 }
 
-TEST_F(StorageLocationOperations, ALocationThatHasVanishedIsFoundDeletedByRenameAndByTheFlag) {
+TEST_F(StorageLocationOperations, RenameAndSetEnabledNoticeALocationDeletedElsewhere) {
     const auto annex = Find(m_tree.annex), bin = Find(m_tree.bin);
     m_database.Execute("DELETE FROM StorageLocation WHERE Name IN ('Annex', 'Bin')");
     annex->Rename("Vault");
@@ -331,7 +331,7 @@ TEST_F(StorageLocationOperations, ARootCannotBeDeleted) {
         "Delete", [&] { location->Delete(); }, "Cannot delete this location.");
 }
 
-TEST_F(StorageLocationOperations, DeletingALocationThatHasVanishedAlreadySucceeds) {
+TEST_F(StorageLocationOperations, DeletingALocationDeletedElsewhereSucceeds) {
     const auto annex = Find(m_tree.annex);
     Find(m_tree.annex)->Delete();
     annex->Delete();

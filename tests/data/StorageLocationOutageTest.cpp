@@ -74,7 +74,7 @@ protected:
     }
     static void ExpectReport(const std::function<void()>& run, const std::string& description) {
         const Error error = testing::RaisedBy(run);
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), description);
     }
 
@@ -98,7 +98,7 @@ TEST_F(StorageLocationOutage, ADatabaseThatAnotherWorkstationIsWritingToIsReport
     EXPECT_EQ(m_tree.Row(m_tree.box), "Box 2 /0/5/2/");
 }
 
-TEST_F(StorageLocationOutage, ADatabaseThatAnotherProgramKeepsToItselfIsReported) {
+TEST_F(StorageLocationOutage, ADatabaseLockedByAnotherProgramIsReported) {
     UseEngineThatDoesNotWait();
     const std::string before = m_database.Snapshot();
     m_database.QueryRows("PRAGMA locking_mode = EXCLUSIVE");
@@ -127,7 +127,7 @@ TEST_F(StorageLocationOutage, AFullDatabaseIsReported) {
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
-TEST_F(StorageLocationOutage, AFullDatabaseStillTakesWhatNeedsNoRoom) {
+TEST_F(StorageLocationOutage, AFullDatabaseStillAcceptsChangesThatNeedNoSpace) {
     const NoMorePages full;
     m_database.Install(m_database.GetEngine());
     m_room->SetEnabled(false);
@@ -136,7 +136,7 @@ TEST_F(StorageLocationOutage, AFullDatabaseStillTakesWhatNeedsNoRoom) {
     EXPECT_EQ(m_tree.Count(), 4);
 }
 
-TEST_F(StorageLocationOutage, ADiskThatTakesNoMoreIsReported) {
+TEST_F(StorageLocationOutage, AFullDiskIsReported) {
     const std::string before = m_database.Snapshot();
     {
         const NoLongerFiles limit(std::filesystem::file_size(m_database.Path() + "-wal"));

@@ -37,7 +37,7 @@ TEST_F(StorageLocationStaticTest, AnyOtherTypeHasNoRoot) {
     for (const int32_t type : {0, 3, 6, 31, -1}) {
         const Error error =
             testing::RaisedBy([&] { GetStorageLocationStatic().GetRoot(static_cast<StorageLocationTypes>(type)); });
-        EXPECT_EQ(error.Number(), 5) << type;
+        EXPECT_EQ(error.Number(), ErrorNumber::General) << type;
         EXPECT_EQ(error.Description(), "Unknown root.") << type;
     }
 }

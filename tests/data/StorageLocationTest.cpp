@@ -70,7 +70,7 @@ TEST_F(StorageLocationTest, AFreshObjectHasTheDefaults) {
     EXPECT_FALSE(location->IsRoot());
 }
 
-TEST_F(StorageLocationTest, EachFindMakesAnObjectOfItsOwnAndIsSameTellsThatTheyAreOne) {
+TEST_F(StorageLocationTest, EachFindReturnsANewObjectAndIsSameComparesRows) {
     const auto first = Find(m_shelf), second = Find(m_shelf);
     EXPECT_NE(first, second);
     EXPECT_TRUE(first->IsSame(second.get()));
@@ -84,7 +84,7 @@ TEST_F(StorageLocationTest, RootsOfDifferentTypesAreNotTheSameAlthoughBothHaveId
     EXPECT_TRUE(Root(Internal)->IsSame(Root(Internal).get()));
 }
 
-TEST_F(StorageLocationTest, FindingZeroOrAnUnknownIdentifierGivesNothing) {
+TEST_F(StorageLocationTest, FindingZeroOrAnUnknownIdentifierReturnsNull) {
     EXPECT_EQ(Find(0), nullptr);
     EXPECT_EQ(Find(-1), nullptr);
     EXPECT_EQ(Find(4711), nullptr);
@@ -98,7 +98,7 @@ TEST_F(StorageLocationTest, ParentsLeadUpToTheRootOfTheType) {
     EXPECT_EQ(Root(Internal)->Parent(), nullptr);
 }
 
-TEST_F(StorageLocationTest, AContainerThatHasVanishedGivesNoParentAndEndsThePath) {
+TEST_F(StorageLocationTest, ADeletedContainerIsNotAParentAndEndsThePath) {
     const auto document = MakeNode({{"Path", "/0/4711/"}});
     const auto orphan = std::make_shared<StorageLocation>();
     orphan->LoadFromXMLDOMNode(document->document_element());
@@ -106,7 +106,7 @@ TEST_F(StorageLocationTest, AContainerThatHasVanishedGivesNoParentAndEndsThePath
     EXPECT_EQ(orphan->FullPath(), "Shelf");
 }
 
-TEST_F(StorageLocationTest, FullPathGivesTheNamesFromTheTopDown) {
+TEST_F(StorageLocationTest, FullPathHasTheNamesFromTheTopDown) {
     EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
     EXPECT_EQ(Find(m_box)->FullPath(" > "), "Room > Shelf > Box");
     EXPECT_EQ(Find(m_box)->FullPath("/", true), "Sign-In Locations/Room/Shelf/Box");
@@ -136,7 +136,7 @@ TEST_F(StorageLocationTest, SubLocationsAreTheDirectChildrenInDocumentOrder) {
     EXPECT_TRUE(Find(m_box)->SubLocations().empty());
 }
 
-TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotTakenForOnesOwn) {
+TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotIncluded) {
     // A child of 57 stands at /0/57/, one of 5 at /0/5/.
     int fillers = 0;
     while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {
@@ -164,13 +164,13 @@ TEST_F(StorageLocationTest, AnActiveFlagOfNullReadsAsEnabled) {
     EXPECT_TRUE(Find(m_database.AddLocation("No flag", Internal, 0, std::nullopt))->Enabled());
 }
 
-TEST_F(StorageLocationTest, TheActiveFlagTellsWhetherALocationIsEnabled) {
+TEST_F(StorageLocationTest, TheActiveFlagIsReadAsEnabled) {
     const int32_t off = m_database.AddLocation("Off", Internal, 0, false);
     EXPECT_FALSE(Find(off)->Enabled());
     EXPECT_TRUE(Find(m_room)->Enabled());
 }
 
-TEST_F(StorageLocationTest, RefreshTakesTheRowAgain) {
+TEST_F(StorageLocationTest, RefreshReadsTheRowAgain) {
     const auto location = Find(m_room), other = Find(m_room);
     m_database.Execute("UPDATE StorageLocation SET Name = 'Vault', ActiveFlag = 0 WHERE IdNo = ?", {m_room});
     EXPECT_EQ(Find(m_room)->Name(), "Room") << "the document stands until a reload";
@@ -181,7 +181,7 @@ TEST_F(StorageLocationTest, RefreshTakesTheRowAgain) {
     EXPECT_EQ(other->Name(), "Room") << "other objects for the row are not told";
 }
 
-TEST_F(StorageLocationTest, RefreshOfAVanishedRowLeavesADeletedObjectThatStillAnswersFromItsSnapshot) {
+TEST_F(StorageLocationTest, RefreshOfADeletedRowMarksTheObjectDeletedAndKeepsItsSnapshot) {
     const auto location = Find(m_annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
     EXPECT_FALSE(location->IsDeleted());
@@ -194,7 +194,7 @@ TEST_F(StorageLocationTest, RefreshOfAVanishedRowLeavesADeletedObjectThatStillAn
     EXPECT_EQ(Find(m_annex), nullptr);
 }
 
-TEST_F(StorageLocationTest, ARowThatComesBackIsReadAgainButTheObjectStaysDeleted) {
+TEST_F(StorageLocationTest, ARestoredRowIsReadAgainButTheObjectStaysDeleted) {
     const auto location = Find(m_annex);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
     location->Refresh();
@@ -212,7 +212,7 @@ TEST_F(StorageLocationTest, ADeletedObjectHasNoContents) {
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
     location->Refresh();
     const auto expectRefused = [](const Error& error) {
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), "The current location has been deleted.");
     };
     expectRefused(testing::RaisedBy([&] { location->SubLocations(); }));
@@ -240,7 +240,7 @@ TEST_F(StorageLocationTest, ANodeIsReadChildByChild) {
     EXPECT_FALSE(location.Enabled());
 }
 
-TEST_F(StorageLocationTest, ANodeWithoutAnActiveFlagKeepsTheValueThatTheObjectHas) {
+TEST_F(StorageLocationTest, ANodeWithoutAnActiveFlagKeepsTheObjectsValue) {
     StorageLocation location;
     location.LoadFromXMLDOMNode(MakeNode()->document_element());
     ASSERT_FALSE(location.Enabled());
@@ -254,10 +254,10 @@ TEST_F(StorageLocationTest, AnIdentifierMayHaveBlanksAroundIt) {
     EXPECT_EQ(location.ID(), 12);
 }
 
-TEST_F(StorageLocationTest, AnyMissingChildButTheActiveFlagIsReported) {
+TEST_F(StorageLocationTest, EveryMissingChildExceptTheActiveFlagIsReported) {
     for (const char* child : {"IdNo", "Name", "Path", "Type", "LastUpdated"}) {
         const Error error = LoadError({{child, nullptr}});
-        EXPECT_EQ(error.Number(), 91) << child;
+        EXPECT_EQ(error.Number(), ErrorNumber::NullObject) << child;
         EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: No object has been set.") << child;
     }
     EXPECT_EQ(LoadError({{"ActiveFlag", nullptr}}).Number(), 0);
@@ -265,14 +265,14 @@ TEST_F(StorageLocationTest, AnyMissingChildButTheActiveFlagIsReported) {
 
 TEST_F(StorageLocationTest, TextThatDoesNotConvertIsReportedWithItsNumberAndStep) {
     const Error error = LoadError({{"IdNo", "seven"}});
-    EXPECT_EQ(error.Number(), 13);
+    EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
     EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: The value is of the wrong type.");
     EXPECT_EQ(error.Source(), "StorageLocation.LoadFromXMLDOMNode (line 1)");
     EXPECT_EQ(LoadError({{"Type", "two"}}).Source(), "StorageLocation.LoadFromXMLDOMNode (line 4)");
-    EXPECT_EQ(LoadError({{"ActiveFlag", "perhaps"}}).Number(), 13);
-    EXPECT_EQ(LoadError({{"LastUpdated", "yesterday"}}).Number(), 13);
-    EXPECT_EQ(LoadError({{"IdNo", "99999999999"}}).Number(), 6);
-    EXPECT_EQ(LoadError({{"Path", "0,5"}}).Number(), 5);
+    EXPECT_EQ(LoadError({{"ActiveFlag", "perhaps"}}).Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(LoadError({{"LastUpdated", "yesterday"}}).Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(LoadError({{"IdNo", "99999999999"}}).Number(), ErrorNumber::Overflow);
+    EXPECT_EQ(LoadError({{"Path", "0,5"}}).Number(), ErrorNumber::General);
 }
 
 TEST_F(StorageLocationTest, InitializeAndMakeRootSetWhatARootNeeds) {

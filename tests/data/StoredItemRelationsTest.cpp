@@ -62,7 +62,7 @@ TEST_F(StoredItemRelations, IncidentsAreThoseLinkedToTheItemOfItsKind) {
     EXPECT_EQ(CasesOf(*MakeItem(m_vehicle, Vehicle)), Texts{"C-4"});
 }
 
-TEST_F(StoredItemRelations, AnIncidentCarriesItsKeyAndWhetherItIsSecured) {
+TEST_F(StoredItemRelations, AnIncidentHasItsKeyAndItsSecuredFlag) {
     const int32_t incidentNo = m_database.AddIncident("I-1", "C-1", true);
     m_database.LinkIncident(Property, m_property, incidentNo);
     const auto item = MakeItem(m_property);
@@ -79,7 +79,7 @@ TEST_F(StoredItemRelations, AnIncidentLinkedTwiceShowsOnce) {
     EXPECT_EQ(CasesOf(*MakeItem(m_property)), Texts{"C-1"});
 }
 
-TEST_F(StoredItemRelations, AUserWithoutEitherRightDoesNotLearnOfSecuredIncidents) {
+TEST_F(StoredItemRelations, AUserWithNeitherRightDoesNotSeeSecuredIncidents) {
     m_database.LinkIncident(Property, m_property, m_database.AddIncident("I-1", "C-1", true));
     m_database.LinkIncident(Property, m_property, m_database.AddIncident("I-2", "C-2", false));
     RevokeSecured();
@@ -101,7 +101,7 @@ TEST_F(StoredItemRelations, CasesOfOneNumberCollapseAndAMissingNumberReadsAsEmpt
     EXPECT_EQ(MakeItem(m_property)->RelatedIncidents().size(), 4u);
 }
 
-TEST_F(StoredItemRelations, BothListsAreFetchedOnceAndKeptOverRefresh) {
+TEST_F(StoredItemRelations, BothListsAreFetchedOnceAndKeptAcrossRefresh) {
     const int32_t shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
     m_database.AddCustodyRow(Property, m_property, shelf);
     m_database.LinkIncident(Property, m_property, m_database.AddIncident("I-1", "C-1"));
@@ -147,7 +147,7 @@ TEST_F(StoredItemRelations, AFailureNamesTheItemAndKeepsNumberAndSource) {
     EXPECT_TRUE(vehicle->RelatedCases().empty()) << "nothing was kept of the failure";
 }
 
-TEST_F(StoredItemRelations, TrackingRecordsComeNewestFirstEachPointingToTheOneBefore) {
+TEST_F(StoredItemRelations, TrackingRecordsAreOrderedNewestFirstAndLinkedToThePreviousOne) {
     const auto day = [](int number) { return DateTime::FromParts({2026, 1, number, 12, 0, 0, 0}); };
     m_database.AddCustodyRow(Property, m_property, Null(), {.DateReceived = day(1), .LastUpdated = day(9)});
     m_database.AddCustodyRow(Property, m_property, Null(), {.DateReceived = day(5), .LastUpdated = day(9)});
@@ -170,7 +170,7 @@ TEST_F(StoredItemRelations, AnItemWithoutCustodyRowsHasNoTrackingRecords) {
     EXPECT_TRUE(MakeItem(m_vehicle, Vehicle)->TrackingRecords().empty());
 }
 
-TEST_F(StoredItemRelations, TrackingRecordsAreReadAnewAtEachCallWithTheirOwnStatement) {
+TEST_F(StoredItemRelations, TrackingRecordsAreReadAtEachCallWithTheirOwnStatement) {
     const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
     m_database.Install(recording);
     const auto item = MakeItem(m_vehicle, Vehicle);

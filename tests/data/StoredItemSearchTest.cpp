@@ -47,7 +47,7 @@ protected:
     static std::string P(int32_t id) { return "P" + std::to_string(id); }
     static std::string V(int32_t id) { return "V" + std::to_string(id); }
 
-    // What the search finds by each of its three ways, which must agree.
+    // What the search finds. Its three operations must agree.
     static Found Run(const StoredItemSearch& search) {
         StoredItemSearch executed = search, raw = search, counted = search;
         Found found;
@@ -67,7 +67,7 @@ protected:
 
 }  // namespace
 
-TEST_F(StoredItemSearchTest, WithoutACriterionNothingIsFoundAndTheDatabaseIsNotAsked) {
+TEST_F(StoredItemSearchTest, WithoutACriterionNothingIsFoundAndTheDatabaseIsNotQueried) {
     const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
     m_database.Install(recording);
     EXPECT_EQ(Run(StoredItemSearch()), Found{});
@@ -83,7 +83,7 @@ TEST_F(StoredItemSearchTest, AKindAloneListsAllItsItemsWithALocation) {
     EXPECT_EQ(Run(StoredItemSearch().OfType(Vehicle)), Found{V(m_car)});
 }
 
-TEST_F(StoredItemSearchTest, ALocationHoldsWhatLiesThereItselfNotInItsSublocations) {
+TEST_F(StoredItemSearchTest, ALocationHasItsOwnItemsButNotThoseOfItsSublocations) {
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_shelf))), (Found{P(m_bicycle), V(m_car)}));
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_box))), Found{P(m_knife)});
 }
@@ -94,7 +94,7 @@ TEST_F(StoredItemSearchTest, OnlyTheCurrentCustodyRowCounts) {
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_box))), (Found{P(m_bicycle), P(m_knife)}));
 }
 
-TEST_F(StoredItemSearchTest, ARootHoldsNothing) {
+TEST_F(StoredItemSearchTest, ARootHasNoItems) {
     const auto root = GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal);
     EXPECT_EQ(Run(StoredItemSearch().InLocation(root)), Found{});
 }
@@ -105,7 +105,7 @@ TEST_F(StoredItemSearchTest, ADescriptionIsAPatternOverBothKinds) {
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("BLUE b*")), Found{P(m_bicycle)});
 }
 
-TEST_F(StoredItemSearchTest, WildcardsOfTheDatabaseStandForThemselves) {
+TEST_F(StoredItemSearchTest, WildcardsOfTheDatabaseMatchThemselves) {
     const int32_t odd = AddStored(testing::PropertyFields{.Description = "50% [new] a_b it's"}, m_box);
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("*50%*")), Found{P(odd)});
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("*a_b*")), Found{P(odd)});
@@ -143,29 +143,29 @@ TEST_F(StoredItemSearchTest, AnIncidentNumberCanBeLimitedToOneKind) {
               Found{V(m_car)});
 }
 
-TEST_F(StoredItemSearchTest, AKeyThatIsNoNumberFails) {
+TEST_F(StoredItemSearchTest, AKeyThatIsNotANumberFails) {
     const auto search = [](const char* number) {
         return testing::RaisedBy(
             [&] { StoredItemSearch().WithNumber(NumberSearchTypes::PropertyPK, number).Execute(); });
     };
-    EXPECT_EQ(search("E-1").Number(), 13);
-    EXPECT_EQ(search("1e3").Number(), 13);
-    EXPECT_EQ(search("99999999999").Number(), 6);
+    EXPECT_EQ(search("E-1").Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(search("1e3").Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(search("99999999999").Number(), ErrorNumber::Overflow);
     const auto count = [] { StoredItemSearch().WithNumber(NumberSearchTypes::VehiclePK, "x").Count(); };
-    EXPECT_EQ(testing::RaisedBy(count).Number(), 13);
+    EXPECT_EQ(testing::RaisedBy(count).Number(), ErrorNumber::TypeMismatch);
 }
 
-TEST_F(StoredItemSearchTest, ANumberOfOneKindWinsOverTheKindAskedFor) {
+TEST_F(StoredItemSearchTest, TheNumberTypeOverridesTheItemType) {
     EXPECT_EQ(Run(StoredItemSearch().OfType(Property).WithNumber(NumberSearchTypes::VehiclePK, std::to_string(m_car))),
               Found{V(m_car)});
 
     StoredItemSearch reused;
     reused.WithNumber(NumberSearchTypes::VehiclePK, std::to_string(m_car)).Execute();
     reused.OfType(Property);
-    EXPECT_EQ(reused.Execute()->Count(), 1) << "each composition sets the kind anew";
+    EXPECT_EQ(reused.Execute()->Count(), 1) << "each search sets the item type again";
 }
 
-TEST_F(StoredItemSearchTest, SearchesKeepToItemsWithALocationUnlessUntrackedIsAsked) {
+TEST_F(StoredItemSearchTest, SearchesFindItemsWithALocationUnlessUntrackedIsSet) {
     EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::PropertyID, "E-3")), Found{});
     EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::PropertyID, "E-3").Untracked()),
               Found{P(m_untracked)});
@@ -175,12 +175,12 @@ TEST_F(StoredItemSearchTest, SearchesKeepToItemsWithALocationUnlessUntrackedIsAs
     EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::PropertyPK, std::to_string(m_lost))), Found{});
 }
 
-TEST_F(StoredItemSearchTest, TaggedKeepsToTaggedRecords) {
+TEST_F(StoredItemSearchTest, TaggedFindsOnlyTaggedRecords) {
     EXPECT_EQ(Run(StoredItemSearch().OfType(Property).Tagged()), Found{P(m_bicycle)});
     EXPECT_EQ(Run(StoredItemSearch().OfType(Vehicle).Untracked().Tagged()), Found{});
 }
 
-TEST_F(StoredItemSearchTest, CriteriaAddUp) {
+TEST_F(StoredItemSearchTest, CriteriaAreCombinedWithAnd) {
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_shelf)).WithDescription("*bicycle*").Tagged()),
               Found{P(m_bicycle)});
     EXPECT_EQ(Run(StoredItemSearch().InLocation(Location(m_box)).WithDescription("*bicycle*")), Found{});
@@ -225,7 +225,7 @@ TEST_F(StoredItemSearchTest, RowsHaveTheThirteenColumnsInTheirOrder) {
     for (const Row& row : rows) EXPECT_EQ(ToInt32(row.Value("StorageLocNo")), m_shelf);
 }
 
-TEST_F(StoredItemSearchTest, CountIsMadeByTheDatabase) {
+TEST_F(StoredItemSearchTest, TheDatabaseCounts) {
     const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
     m_database.Install(recording);
     EXPECT_EQ(StoredItemSearch().OfType(Property).Count(), 2);
@@ -235,7 +235,7 @@ TEST_F(StoredItemSearchTest, CountIsMadeByTheDatabase) {
     EXPECT_EQ(sql.substr(sql.size() - 13), ") QueryResult") << sql;
 }
 
-TEST_F(StoredItemSearchTest, AResultHandsOutTheSameObjectAsLongAsSomebodyHoldsIt) {
+TEST_F(StoredItemSearchTest, AResultReturnsTheSameObjectWhileTheCallerKeepsIt) {
     const auto list = StoredItemSearch().InLocation(Location(m_shelf)).Execute();
     const auto first = list->ItemAt(0);
     EXPECT_EQ(list->ItemAt(0), first);
@@ -243,7 +243,7 @@ TEST_F(StoredItemSearchTest, AResultHandsOutTheSameObjectAsLongAsSomebodyHoldsIt
     EXPECT_NE(list->ItemAt(1), first);
 }
 
-TEST_F(StoredItemSearchTest, AResultKeepsNoItemThatNobodyHolds) {
+TEST_F(StoredItemSearchTest, AResultDoesNotKeepReleasedItems) {
     const auto list = StoredItemSearch().InLocation(Location(m_shelf)).Execute();
     const std::weak_ptr<StoredItem> dropped = list->ItemAt(0);
     EXPECT_TRUE(dropped.expired());
@@ -265,9 +265,10 @@ TEST_F(StoredItemSearchTest, ItemsOutliveTheirResult) {
 
 TEST_F(StoredItemSearchTest, APositionOutsideTheResultFails) {
     const auto list = StoredItemSearch().OfType(Property).Execute();
-    EXPECT_EQ(testing::RaisedBy([&] { list->ItemAt(2); }).Number(), 9);
-    EXPECT_EQ(testing::RaisedBy([&] { list->ItemAt(-1); }).Number(), 9);
-    EXPECT_EQ(testing::RaisedBy([] { StoredItemSearch().Execute()->ItemAt(0); }).Number(), 9);
+    EXPECT_EQ(testing::RaisedBy([&] { list->ItemAt(2); }).Number(), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(testing::RaisedBy([&] { list->ItemAt(-1); }).Number(), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(testing::RaisedBy([] { StoredItemSearch().Execute()->ItemAt(0); }).Number(),
+              ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST_F(StoredItemSearchTest, ALocationListsAndCountsItsItems) {

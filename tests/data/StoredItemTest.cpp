@@ -50,7 +50,7 @@ StoredItemRef LoadRow(std::vector<std::pair<std::string, TaggedValue>> changes) 
 
 }  // namespace
 
-TEST_F(StoredItemTest, APropertyRowGivesItsValues) {
+TEST_F(StoredItemTest, ReadsTheValuesOfAPropertyRow) {
     const auto item = Stored(testing::PropertyFields{.PropertyID = "E-17",
                                                      .Description = "blue bicycle",
                                                      .CategoryNo = 3,
@@ -71,7 +71,7 @@ TEST_F(StoredItemTest, APropertyRowGivesItsValues) {
     EXPECT_EQ(item->SerialNumber(), "123");
 }
 
-TEST_F(StoredItemTest, AVehicleRowGivesItsValues) {
+TEST_F(StoredItemTest, ReadsTheValuesOfAVehicleRow) {
     const auto item = Stored(testing::VehicleFields{.RegNumber = "ABC 123",
                                                     .RegStateCode = "ME",
                                                     .VehYear = "1999",
@@ -92,7 +92,7 @@ TEST_F(StoredItemTest, AVehicleRowGivesItsValues) {
 
 TEST_F(StoredItemTest, AnyOtherTypeHasNoCode) {
     const Error error = RaisedBy([] { LoadRow({{"ItemType", 7}})->ItemTypeCode(); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Invalid item type '7'");
 }
 
@@ -107,7 +107,7 @@ TEST_F(StoredItemTest, AVehicleWithoutAStateShowsThatItsIdentifierIsMissing) {
     EXPECT_EQ(Stored(testing::VehicleFields{.RegStateCode = "ME"})->DisplayID(), "[No Tag Number] (ME)");
 }
 
-TEST_F(StoredItemTest, MissingPartsOfAVehicleLeaveNoDoubledBlanks) {
+TEST_F(StoredItemTest, MissingPartsOfAVehicleLeaveNoDoubleBlanks) {
     EXPECT_EQ(Stored(testing::VehicleFields{.VehYear = "1999", .VehModel = "Focus"})->Description(), "1999 Focus");
     EXPECT_EQ(Stored(testing::VehicleFields{.MakeCode = "Ford"})->Description(), "Ford ");
     const auto bare = Stored(testing::VehicleFields{});
@@ -126,16 +126,16 @@ TEST_F(StoredItemTest, NullTextsReadAsEmpty) {
 
 TEST_F(StoredItemTest, TheKeyIsKeptAsTextAndReadAsANumber) {
     EXPECT_EQ(LoadRow({{"ID", 42}})->ID(), 42);
-    EXPECT_EQ(RaisedBy([] { std::make_shared<StoredItem>()->ID(); }).Number(), 13);
+    EXPECT_EQ(RaisedBy([] { std::make_shared<StoredItem>()->ID(); }).Number(), ErrorNumber::TypeMismatch);
 }
 
 TEST_F(StoredItemTest, ANullCategoryFailsAsANumberAndHasNoName) {
     const auto item = LoadRow({{"CategoryNo", Null()}});
-    EXPECT_EQ(RaisedBy([&] { item->CategoryID(); }).Number(), 94);
+    EXPECT_EQ(RaisedBy([&] { item->CategoryID(); }).Number(), ErrorNumber::InvalidUseOfNull);
     EXPECT_EQ(item->CategoryName(), "");
 }
 
-TEST_F(StoredItemTest, TheCategorysNameComesFromTheTableOfTheKindAtEachCall) {
+TEST_F(StoredItemTest, TheCategoryNameIsLookedUpByKindAtEachCall) {
     m_database.AddCode(CodeTable::PropertyCategory, 3, "Bicycles", "Bicycles and parts");
     m_database.AddCode(CodeTable::VehicleCategory, 3, "Trucks", "Trucks over 3 t");
     const auto property = LoadRow({{"CategoryNo", 3}});
@@ -165,11 +165,11 @@ TEST_F(StoredItemTest, AnItemWithoutALocationNumberHasNoneUntilRefresh) {
     EXPECT_EQ(item->Location()->ID(), m_shelf);
 }
 
-TEST_F(StoredItemTest, ALocationWhoseRowHasGoneIsNothingWithoutFailure) {
+TEST_F(StoredItemTest, ALocationWhoseRowWasDeletedIsNull) {
     EXPECT_EQ(MakeItem(1, Property, 4711)->Location(), nullptr);
 }
 
-TEST_F(StoredItemTest, RefreshTakesTheRowAgainAndForgetsTheLocation) {
+TEST_F(StoredItemTest, RefreshReadsTheRowAgainAndForgetsTheLocation) {
     for (const auto kind : {Property, Vehicle}) {
         const auto item = kind == Property ? Stored(testing::PropertyFields{.Description = "old"})
                                            : Stored(testing::VehicleFields{.VehModel = "old"});
@@ -196,8 +196,8 @@ TEST_F(StoredItemTest, RefreshOfAnItemThatTheSearchDoesNotFindChangesNothing) {
 }
 
 TEST_F(StoredItemTest, ARowOfATypeThatDoesNotConvertFails) {
-    EXPECT_EQ(RaisedBy([] { LoadRow({{"ItemType", "property"}}); }).Number(), 13);
-    EXPECT_EQ(RaisedBy([] { LoadRow({{"ID", Null()}}); }).Number(), 94);
+    EXPECT_EQ(RaisedBy([] { LoadRow({{"ItemType", "property"}}); }).Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(RaisedBy([] { LoadRow({{"ID", Null()}}); }).Number(), ErrorNumber::InvalidUseOfNull);
 }
 
 }  // namespace quellbrook

@@ -45,9 +45,9 @@ TEST_F(TransferStatements, ALocationIsItsIdentifier) {
 TEST_F(TransferStatements, ARootAndNothingAreRefused) {
     const auto root = GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal);
     const Error error = testing::RaisedBy([&] { DbPrepStorageLocationField(root.get()); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "DbPrepStorageLocationField: Cannot use a root location in a SQL statement.");
-    EXPECT_EQ(testing::RaisedBy([] { DbPrepStorageLocationField(nullptr); }).Number(), 91);
+    EXPECT_EQ(testing::RaisedBy([] { DbPrepStorageLocationField(nullptr); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST_F(TransferStatements, WithoutItemsOnlyTheTableIsMadeAndDropped) {
@@ -80,7 +80,7 @@ TEST_F(TransferStatements, AnyTypeButPropertyMeansVehicle) {
 TEST_F(TransferStatements, ANoteWithACharacterThatNoLiteralCanHoldIsRefused) {
     m_items.TryAdd(MakeItem(7));
     m_xfer.FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, std::string("a\0b", 3)});
-    EXPECT_EQ(testing::RaisedBy([&] { MakeTransferStatements(m_items, m_xfer); }).Number(), 5);
+    EXPECT_EQ(testing::RaisedBy([&] { MakeTransferStatements(m_items, m_xfer); }).Number(), ErrorNumber::General);
 }
 
 TEST_F(TransferStatements, DetailsRememberTheMomentOfTheirConstruction) {

@@ -24,7 +24,7 @@ TEST(Row, OfTwoColumnsWithOneNameTheFirstCounts) {
 TEST(Row, AnAbsentColumnIsNamedInTheFailure) {
     const Row row = Row::Of({{"A", 1}});
     const Error error = RaisedBy([&] { row.Value("Quantity"); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_NE(error.Description().find("'Quantity'"), std::string::npos);
 }
 

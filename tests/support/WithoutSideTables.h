@@ -6,12 +6,12 @@
 
 namespace quellbrook::testing {
 
-// An engine around another that says nothing of its side tables, as a host's own schema has none.
+// Wraps an engine and reports a schema of the host's own: without our side tables and facts.
 class WithoutSideTables : public Engine {
 public:
     explicit WithoutSideTables(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {
         m_dialect = m_inner->GetDialect();
-        m_dialect.hasCurrentPlace = m_dialect.hasDescriptionIndex = false;
+        m_dialect.hasCurrentPlace = m_dialect.hasDescriptionIndex = m_dialect.itemsAreDistinct = false;
     }
     std::unique_ptr<Connection> Open() override { return m_inner->Open(); }
     const Dialect& GetDialect() const override { return m_dialect; }

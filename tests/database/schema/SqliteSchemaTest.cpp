@@ -277,11 +277,14 @@ TEST_F(SqliteSchemaTest, TheEngineDetectsTheTablesOfTheSchema) {
     EXPECT_EQ(m_database.GetEngine()->GetDialect().textPrefix, "");
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasCurrentPlace);
     EXPECT_TRUE(m_database.GetEngine()->GetDialect().hasDescriptionIndex);
-    EXPECT_THAT(m_database.GetEngine()->GetDialect().keys,
-                ::testing::IsSupersetOf(
-                    {RowKey{"Property", {"PropertyNo"}}, RowKey{"PropertyTracking", {"PropertyNo", "SeqNo"}},
-                     RowKey{"Vehicle", {"VehicleNo"}}, RowKey{"vwVehicleDisplayInfo", {"VehicleNo"}},
-                     RowKey{"VehicleTracking", {"VehicleNo", "SeqNo"}}}));
+    EXPECT_TRUE(m_database.GetEngine()->GetDialect().itemsAreDistinct);
+}
+
+TEST_F(SqliteSchemaTest, WithoutTheFactItemsAreNotTakenAsDistinct) {
+    m_database.Execute("DELETE FROM SchemaFact");
+    EXPECT_FALSE(SqliteEngine::Open(m_database.Path())->GetDialect().itemsAreDistinct);
+    m_database.Execute("DROP TABLE SchemaFact");
+    EXPECT_FALSE(SqliteEngine::Open(m_database.Path())->GetDialect().itemsAreDistinct);
 }
 
 namespace {

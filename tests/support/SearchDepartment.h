@@ -10,7 +10,7 @@
 
 namespace quellbrook::testing {
 
-// Picks by turns that are the same on every machine.
+// Random choices that are the same on every machine.
 class Dice {
 public:
     explicit Dice(unsigned seed) : m_random(seed) {}
@@ -26,19 +26,20 @@ private:
     std::mt19937 m_random;
 };
 
-// Fills a database with a few dozen items in all the states that the tables allow, those that no program would leave
-// behind included: current rows that are not there or without a place, places that have gone, links twice over and to
-// incidents that have gone, secured incidents, disabled subtrees, vehicles without a state, quantities that are no
-// numbers, missing, empty and blank texts, and texts with every character that a pattern knows.
+// Fills a database with a few dozen items in every state that the tables allow, including states that no program leaves
+// behind: missing current custody rows, rows without a location or with a deleted one, duplicate links, links to
+// deleted incidents, secured incidents, disabled subtrees, vehicles without a state, quantities that are not numbers,
+// missing, empty and blank texts, and texts with every special character of a pattern.
 class SearchDepartment {
 public:
     SearchDepartment(TestDatabase& database, Dice& dice);
 
-    // Makes the view of vehicles as a host's own might be: not every vehicle, and some of them twice.
-    void TwistTheView();
+    // Replaces the view of vehicles with one that lacks some vehicles and repeats others, as a host's own might, and
+    // deletes the fact that items are distinct.
+    void ReplaceTheView();
 
     const std::vector<int32_t>& Locations() const { return m_locations; }
-    // The keys of the items whose current custody row names a place.
+    // The keys of the items whose current custody row has a location.
     std::vector<int32_t> StoredKeys(StoredItemTypes kind) const;
 
 private:

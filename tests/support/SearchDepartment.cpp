@@ -1,4 +1,4 @@
-#include "tests/data/SearchDepartment.h"
+#include "tests/support/SearchDepartment.h"
 
 namespace quellbrook::testing {
 
@@ -63,15 +63,16 @@ std::vector<int32_t> SearchDepartment::StoredKeys(StoredItemTypes kind) const {
     return keys;
 }
 
-void SearchDepartment::TwistTheView() {
+void SearchDepartment::ReplaceTheView() {
     const std::string rows =
         "SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle "
         "WHERE VehicleNo % ";
     m_database.Execute("DROP VIEW vwVehicleDisplayInfo");
+    m_database.Execute("DELETE FROM SchemaFact");
     m_database.Execute("CREATE VIEW vwVehicleDisplayInfo AS " + rows + "5 <> 3 UNION ALL " + rows + "3 = 1");
 }
 
-// Candidates that the custody rows do not bear out are harmless.
+// Candidates that contradict the custody rows are harmless.
 void SearchDepartment::AddFalseCandidates() {
     for (int i = 0; i < 10; ++i)
         m_database.Execute("INSERT OR IGNORE INTO CurrentPlace VALUES (?, ?, ?)",
