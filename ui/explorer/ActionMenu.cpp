@@ -4,7 +4,7 @@
 
 #include <QAction>
 
-#include <algorithm>
+#include <iterator>
 
 namespace quellbrook {
 
@@ -14,6 +14,7 @@ struct EntryDesign {
     MenuEntry entry;
     const char* name;
     const char* caption;  // null for a separator
+    bool isBound = true;  // false until the entry's command exists
 };
 
 constexpr EntryDesign entryDesigns[] = {
@@ -25,37 +26,16 @@ constexpr EntryDesign entryDesigns[] = {
     {MenuEntry::CheckIn, "mnuCheckIn", "Sign In Selected Items..."},
     {MenuEntry::CheckOut, "mnuCheckOut", "Sign Out Selected Items..."},
     {MenuEntry::Move, "mnuMove", "Move Selected Items..."},
-    {MenuEntry::Dispose, "mnuDispose", "Dispose Selected Items..."},
+    {MenuEntry::Dispose, "mnuDispose", "Dispose Selected Items...", false},
     {MenuEntry::RemoveFromBatch, "mnuRemoveFromBatch", "Remove"},
     {MenuEntry::NoActions, "mnuNoActions", "(No Available Actions)"},
     {MenuEntry::SelectAll, "mnuSelectAll", "Select All"},
-    {MenuEntry::Separator3, "mnuSeparator3", nullptr},
-    {MenuEntry::New, "mnuNew", "New"},
-    {MenuEntry::NewLocation, "mnuNewLocation", "Location"},
-    {MenuEntry::EditLocation, "mnuEditLocation", "Edit"},
-    {MenuEntry::DeleteLocation, "mnuDeleteLocation", "Delete"},
+    {MenuEntry::Separator3, "mnuSeparator3", nullptr, false},
+    {MenuEntry::New, "mnuNew", "New", false},
+    {MenuEntry::NewLocation, "mnuNewLocation", "Location", false},
+    {MenuEntry::EditLocation, "mnuEditLocation", "Edit", false},
+    {MenuEntry::DeleteLocation, "mnuDeleteLocation", "Delete", false},
 };
-
-constexpr MenuEntry boundEntries[] = {
-    MenuEntry::Open,
-    MenuEntry::OpenInTessarine,
-    MenuEntry::Separator1,
-    MenuEntry::Print,
-    MenuEntry::Separator2,
-    MenuEntry::CheckIn,
-    MenuEntry::CheckOut,
-    MenuEntry::Move,
-    MenuEntry::RemoveFromBatch,
-    MenuEntry::NoActions,
-    MenuEntry::SelectAll,
-};
-
-constexpr MenuEntry entriesAwaitingTheirCommand[] = {
-    MenuEntry::Dispose,     MenuEntry::Separator3,   MenuEntry::New,
-    MenuEntry::NewLocation, MenuEntry::EditLocation, MenuEntry::DeleteLocation,
-};
-
-static_assert(std::size(boundEntries) + std::size(entriesAwaitingTheirCommand) == MenuEntryCount);
 static_assert(std::size(entryDesigns) == MenuEntryCount);
 
 }  // namespace
@@ -76,7 +56,7 @@ ActionMenu::ActionMenu(QWidget* parent) : QMenu(parent) {
             action = (design.entry == MenuEntry::NewLocation ? newMenu : this)->addAction(design.caption);
         }
         action->setObjectName(design.name);
-        action->setVisible(IsBound(design.entry));
+        action->setVisible(design.isBound);
         m_entries[static_cast<size_t>(design.entry)] = action;
     }
 }
@@ -85,14 +65,10 @@ void ActionMenu::Apply(const ActionMenuState& state) {
     for (const EntryDesign& design : entryDesigns) {
         const MenuEntryState& entry = state[design.entry];
         QAction* action = Entry(design.entry);
-        if (design.caption) action->setText(EscapeMnemonic(ToQString(entry.caption)));
+        if (!entry.caption.empty()) action->setText(EscapeMnemonic(ToQString(entry.caption)));
         action->setEnabled(entry.enabled);
-        action->setVisible(entry.visible && IsBound(design.entry));
+        action->setVisible(entry.visible && design.isBound);
     }
-}
-
-bool ActionMenu::IsBound(MenuEntry entry) {
-    return std::find(std::begin(boundEntries), std::end(boundEntries), entry) != std::end(boundEntries);
 }
 
 }  // namespace quellbrook

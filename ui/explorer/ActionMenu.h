@@ -8,7 +8,7 @@
 
 namespace quellbrook {
 
-// The context menu that the explorer's panes share. Shows an entry when the rules show it and a command is bound to it.
+// The context menu that the explorer's panes share. Shows an entry if the rules show it and its command exists.
 class ActionMenu : public QMenu {
     Q_OBJECT
 
@@ -17,9 +17,6 @@ public:
 
     QAction* Entry(MenuEntry entry) const { return m_entries[static_cast<size_t>(entry)]; }
     void Apply(const ActionMenuState& state);
-
-    // Whether this program has the entry's command.
-    static bool IsBound(MenuEntry entry);
 
 private:
     std::array<QAction*, MenuEntryCount> m_entries{};

@@ -32,8 +32,8 @@ struct Transfers {
     int64_t inBatch = 0;
 };
 
-// A single member of the batch offers no transfer, but one member among others does not forbid it by itself.
-Transfers JudgeTransfers(const std::vector<SelectedObject>& selection, const MenuRights& rights) {
+// A single selected member of the batch offers no transfer, but one member among others does not forbid it.
+Transfers TransfersOf(const std::vector<SelectedObject>& selection, const MenuRights& rights) {
     const auto n = static_cast<int64_t>(selection.size());
     Transfers result;
     result.flags.SetAll(n > 0);
@@ -49,12 +49,12 @@ Transfers JudgeTransfers(const std::vector<SelectedObject>& selection, const Men
         }
         result.flags.And(object.tasks);
     }
-    const bool beyondBatch = n != result.inBatch;
+    const bool hasOthers = n != result.inBatch;
     TransferFlags& flags = result.flags;
-    flags.canIn = flags.canIn && rights.appendChainOfCustody && beyondBatch;
-    flags.canOut = flags.canOut && rights.appendChainOfCustody && beyondBatch;
-    flags.canMove = flags.canMove && rights.appendChainOfCustody && beyondBatch;
-    flags.canDispose = flags.canDispose && rights.addFinalDisposition && beyondBatch;
+    flags.canIn = flags.canIn && rights.appendChainOfCustody && hasOthers;
+    flags.canOut = flags.canOut && rights.appendChainOfCustody && hasOthers;
+    flags.canMove = flags.canMove && rights.appendChainOfCustody && hasOthers;
+    flags.canDispose = flags.canDispose && rights.addFinalDisposition && hasOthers;
     return result;
 }
 
@@ -62,21 +62,10 @@ bool AnyVisible(const ActionMenuState& state, std::initializer_list<MenuEntry> e
     return std::any_of(entries.begin(), entries.end(), [&](MenuEntry entry) { return state[entry].visible; });
 }
 
-void SetDesignCaptions(ActionMenuState& state) {
-    state[MenuEntry::Open].caption = "Open";
-    state[MenuEntry::OpenInTessarine].caption = "Open in Tessarine...";
-    state[MenuEntry::NoActions].caption = "(No Available Actions)";
-    state[MenuEntry::SelectAll].caption = "Select All";
-    state[MenuEntry::New].caption = "New";
-    state[MenuEntry::NewLocation].caption = "Location";
-    state[MenuEntry::EditLocation].caption = "Edit";
-    state[MenuEntry::DeleteLocation].caption = "Delete";
-}
-
 void ApplyTransferRules(ActionMenuState& state, MenuSource source, const std::vector<SelectedObject>& selection,
                         const MenuRights& rights) {
     const auto n = static_cast<int64_t>(selection.size());
-    const Transfers transfers = JudgeTransfers(selection, rights);
+    const Transfers transfers = TransfersOf(selection, rights);
     const bool firstIsItem = n > 0 && selection.front().kind == Kind::Item;
 
     state[MenuEntry::CheckIn] = {ActionCaption("Sign in ", n - transfers.inBatch), transfers.flags.canIn};
@@ -122,7 +111,6 @@ void ApplyLocationRules(ActionMenuState& state, MenuSource source, const std::ve
 ActionMenuState ApplyMenuRules(MenuSource source, const std::vector<SelectedObject>& selection,
                                const MenuRights& rights) {
     ActionMenuState state;
-    SetDesignCaptions(state);
     ApplyOpenAndPrintRules(state, selection, rights);
     ApplyTransferRules(state, source, selection, rights);
     ApplyLocationRules(state, source, selection, rights);

@@ -37,18 +37,18 @@ inline constexpr size_t MenuEntryCount = 17;
 // The pane that asks for the menu.
 enum class MenuSource { LocationPane, ItemPane, SearchResultPane };
 
-// What the rules look at in one selected object.
+// The facts about one selected object that the rules use.
 struct SelectedObject {
     enum class Kind { Location, Item, Other };
 
     Kind kind = Kind::Other;
     bool isRoot = false;       // a location's
-    bool hasLocation = false;  // an item's; without one the fields below say nothing
+    bool hasLocation = false;  // an item's; the fields below count only if true
     bool isInBatch = false;
     AllowedTasks tasks;
 };
 
-// The user's rights that the rules ask about.
+// The user's rights that the rules use.
 struct MenuRights {
     bool appendChainOfCustody = false;
     bool addFinalDisposition = false;
@@ -59,7 +59,7 @@ struct MenuRights {
 };
 
 struct MenuEntryState {
-    std::string caption;  // empty for a separator
+    std::string caption;  // empty: the entry keeps its own
     bool visible = true;
     bool enabled = true;
 
@@ -75,15 +75,15 @@ private:
     std::array<MenuEntryState, MenuEntryCount> m_entries;
 };
 
-// The state of every entry for a menu that this pane asks for with this selection.
+// The state of every menu entry for this pane and selection.
 ActionMenuState ApplyMenuRules(MenuSource source, const std::vector<SelectedObject>& selection,
                                const MenuRights& rights);
 
-// Asks the batch about the selected items, up to the first location, behind which the rules do not look.
+// Looks up the selected items in the batch, up to the first location; the rules ignore what follows it.
 std::vector<SelectedObject> DescribeSelection(const ObjectList& selection, const CartStore& cart);
 MenuRights ReadMenuRights(const UserStatic& user);
 
-// The prefix, a blank, and how many items are meant: "this item" or "3 items".
+// The prefix, a blank, and "this item" or "3 items".
 std::string ActionCaption(const std::string& prefix, int64_t count);
 
 }  // namespace quellbrook

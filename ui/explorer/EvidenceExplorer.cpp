@@ -52,7 +52,8 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     setAccessibleName("Evidence Explorer");
     MakeLeftColumn();
     MakeHeading();
-    MakePanes();
+    m_itemPane = new LocationView(this);
+    m_itemPane->setObjectName("ItemPane");
     MakeLoadingCover();
     m_mnuItems = new ActionMenu(this);
     ApplyColors();
@@ -65,8 +66,6 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     m_grpLoading->show();
     m_grpLoading->repaint();
 }
-
-EvidenceExplorer::~EvidenceExplorer() = default;
 
 void EvidenceExplorer::MakeLeftColumn() {
     m_picLeftPanel = new GroupBox(this);
@@ -100,11 +99,6 @@ void EvidenceExplorer::MakeHeading() {
     m_lnSeparator->setObjectName("lnSeparator");
 }
 
-void EvidenceExplorer::MakePanes() {
-    m_itemPane = new LocationView(this);
-    m_itemPane->setObjectName("ItemPane");
-}
-
 void EvidenceExplorer::MakeLoadingCover() {
     m_grpLoading = new GroupBox(this);
     m_grpLoading->setObjectName("grpLoading");
@@ -129,25 +123,25 @@ void EvidenceExplorer::ConnectPanes() {
 }
 
 void EvidenceExplorer::ConnectMenu() {
-    Bind(MenuEntry::Open, &EvidenceExplorer::OpenSelected);
-    Bind(MenuEntry::OpenInTessarine, &EvidenceExplorer::OpenSelectedInHost);
-    Bind(MenuEntry::Print, &EvidenceExplorer::PrintSelected);
-    BindTransfer(MenuEntry::CheckOut, TransactionType::SignOut);
-    BindTransfer(MenuEntry::CheckIn, TransactionType::SignIn);
-    BindTransfer(MenuEntry::Move, TransactionType::Move);
-    Bind(MenuEntry::RemoveFromBatch, &EvidenceExplorer::RemoveSelectedFromBatch);
-    Bind(MenuEntry::SelectAll, &EvidenceExplorer::SelectAllItems);
-}
-
-void EvidenceExplorer::Bind(MenuEntry entry, void (EvidenceExplorer::*command)()) {
-    connect(m_mnuItems->Entry(entry), &QAction::triggered, this,
-            [this, command] { Guard([&] { (this->*command)(); }); });
-}
-
-void EvidenceExplorer::BindTransfer(MenuEntry entry, int32_t transactionType) {
-    connect(m_mnuItems->Entry(entry), &QAction::triggered, this, [this, transactionType] {
-        Guard([&] { GetActions().BeginTransaction(transactionType, GetSelectedObjects()); });
+    Bind(MenuEntry::Open, [this] {
+        if (const ObjectRef object = SingleSelectedObject()) OpenItemRequest(object);
     });
+    Bind(MenuEntry::OpenInTessarine, [this] {
+        if (const ObjectRef object = SingleSelectedObject()) OpenInHost(object);
+    });
+    Bind(MenuEntry::Print, [this] { PrintSelected(); });
+    const auto bindTransfer = [this](MenuEntry entry, int32_t transactionType) {
+        Bind(entry, [=, this] { GetActions().BeginTransaction(transactionType, GetSelectedObjects()); });
+    };
+    bindTransfer(MenuEntry::CheckOut, TransactionType::SignOut);
+    bindTransfer(MenuEntry::CheckIn, TransactionType::SignIn);
+    bindTransfer(MenuEntry::Move, TransactionType::Move);
+    Bind(MenuEntry::RemoveFromBatch, [this] { GetActions().BulkRemoveFromCart(GetSelectedObjects()); });
+    Bind(MenuEntry::SelectAll, [this] { m_itemPane->SelectAll(); });
+}
+
+void EvidenceExplorer::Bind(MenuEntry entry, std::function<void()> command) {
+    connect(m_mnuItems->Entry(entry), &QAction::triggered, this, [command = std::move(command)] { Guard(command); });
 }
 
 const StorageLocationRef& EvidenceExplorer::SelectedLocation() const { return m_locationPane->SelectedLocation(); }
@@ -254,17 +248,13 @@ void EvidenceExplorer::OfferMenu(MenuSource source, QWidget* pane, QMenu*& conte
     defaultMenu = m_mnuItems->Entry(MenuEntry::Open);
 }
 
-void EvidenceExplorer::OpenSelected() {
+// Null unless exactly one object is selected.
+ObjectRef EvidenceExplorer::SingleSelectedObject() const {
     const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
-    if (selected->Count() == 1) OpenItemRequest(selected->At(0));
+    return selected->Count() == 1 ? selected->At(0) : nullptr;
 }
 
-void EvidenceExplorer::OpenSelectedInHost() {
-    const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
-    if (selected->Count() == 1) OpenInHost(selected->At(0));
-}
-
-// The first label that fails ends the printing; those before it have been printed.
+// Printing ends at the first label that fails; earlier labels stay printed.
 void EvidenceExplorer::PrintSelected() {
     Guard(
         [this] {
@@ -273,10 +263,6 @@ void EvidenceExplorer::PrintSelected() {
         },
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
 }
-
-void EvidenceExplorer::RemoveSelectedFromBatch() { GetActions().BulkRemoveFromCart(GetSelectedObjects()); }
-
-void EvidenceExplorer::SelectAllItems() { m_itemPane->SelectAll(); }
 
 void EvidenceExplorer::Layout() { LayoutView(); }
 
@@ -287,7 +273,7 @@ void EvidenceExplorer::LayoutView() {
         m_grpLoading->Move(0, 0, width, height);
         CenterInContainer(*m_grpMessage, *m_grpLoading, Center::Vertically | Center::Horizontally);
 
-        const float infobarLeft = m_locationPane->Left() + m_locationPane->Width() + panelMargin;
+        const float infobarLeft = m_locationPane->Right() + panelMargin;
         m_picInfobar->Move(infobarLeft, 0, width - infobarLeft, headingHeight);
         m_lblTitle->SetWidth(std::min(ToTwips(m_lblTitle->sizeHint().width()), m_picInfobar->Width() - headingInset));
         m_lnSeparator->Move(0, headingHeight - TwipsPerPixel, m_picInfobar->Width() - headingInset, TwipsPerPixel);

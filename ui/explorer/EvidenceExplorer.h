@@ -6,6 +6,7 @@
 #include "ui/controls/View.h"
 #include "ui/explorer/ActionMenuRules.h"
 
+#include <functional>
 #include <memory>
 
 class QAction;
@@ -22,26 +23,25 @@ class Line;
 class LocationTree;
 class LocationView;
 
-// The main screen: the tree of locations on the left, the contents of the selected one on the right under a heading,
-// and one context menu for both, worked out from the selection, the batch and the user's rights each time it opens.
-// While it is on show, the barcode of a location selects that location and the barcode of an item opens the item.
+// The main screen: the tree of locations on the left, the contents of the selected one under a heading on the right,
+// and one context menu for both, which depends on the selection, the batch and the user's rights. While the explorer is
+// visible, a scanned location barcode selects the location and an item barcode opens the item.
 class EvidenceExplorer : public View {
     Q_OBJECT
 
 public:
     explicit EvidenceExplorer(QWidget* parent = nullptr);
-    ~EvidenceExplorer() override;
     std::string TypeName() const override { return "EvidenceExplorer"; }
 
     const StorageLocationRef& SelectedLocation() const;
     void SetSelectedLocation(const StorageLocationRef& location);
     // Displays the contents again.
     void Refresh();
-    // Enters a location, opens an item in its view; anything else is ignored.
+    // Enters a location or opens an item in its view; ignores anything else.
     void OpenItemRequest(const ObjectRef& item);
 
-    // What a command acts on: the selection of the pane that holds the focus, or with the focus in none the location on
-    // show.
+    // The objects a command acts on: the selection of the focused pane, or the displayed location if no pane has the
+    // focus.
     std::shared_ptr<ObjectVector> GetSelectedObjects() const;
 
     LocationTree* LocationPane() const { return m_locationPane; }
@@ -56,7 +56,6 @@ protected:
 private:
     void MakeLeftColumn();
     void MakeHeading();
-    void MakePanes();
     void MakeLoadingCover();
     void ConnectPanes();
     void ConnectMenu();
@@ -75,13 +74,9 @@ private:
     QWidget* ActiveChild() const;
     void PrepareActionMenu(MenuSource source, QWidget* pane);
     void OfferMenu(MenuSource source, QWidget* pane, QMenu*& contextMenu, QAction*& defaultMenu);
-    void Bind(MenuEntry entry, void (EvidenceExplorer::*command)());
-    void BindTransfer(MenuEntry entry, int32_t transactionType);
-    void OpenSelected();
-    void OpenSelectedInHost();
+    void Bind(MenuEntry entry, std::function<void()> command);
+    ObjectRef SingleSelectedObject() const;
     void PrintSelected();
-    void RemoveSelectedFromBatch();
-    void SelectAllItems();
     void ApplyColors();
 
     GroupBox* m_picLeftPanel = nullptr;

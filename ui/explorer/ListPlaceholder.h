@@ -6,7 +6,7 @@ namespace quellbrook {
 
 class Label;
 
-// Covers a control inside a form designer and shows the control's name there; never seen at run time.
+// Covers a control in a form designer and shows the control's name; hidden at run time.
 class ListPlaceholder : public GroupBox {
     Q_OBJECT
 

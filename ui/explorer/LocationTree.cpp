@@ -44,7 +44,7 @@ bool IsLeftOutWhenEmpty(const StorageLocation& root) {
     return type == StorageLocationTypes::Unassigned || type == StorageLocationTypes::Other;
 }
 
-// The path of a node's names stands in its accessible description.
+// The accessible description of a node is its path.
 constexpr int pathRole = Qt::AccessibleDescriptionRole;
 
 }  // namespace
@@ -59,7 +59,7 @@ LocationTree::LocationTree(QWidget* parent)
     MakeMenu();
     ConnectTree();
     ApplyFrame();
-    ApplyBackColor();
+    ApplyColors();
     if (IsInsideDesigner()) return;
     m_locationStore = GetStores().Locations;
     m_locationsChanged = m_locationStore->OnChange.connect([this] {
@@ -277,11 +277,10 @@ void LocationTree::OfferContextMenu() {
     ShowContextMenu(this, contextMenu, defaultMenu);
 }
 
-// A menu or a dialog that takes the keys for a while leaves the tree the place that they come back to.
+// The tree keeps the look of focus while a menu or a dialog is open.
 void LocationTree::OnFocusChanged(QWidget* now) {
     if (!now || now->window() != window()) return;
-    m_hasFocus = now == this || isAncestorOf(now);
-    m_treeView->SetHasFocusLook(m_hasFocus);
+    m_treeView->SetHasFocusLook(now == this || isAncestorOf(now));
 }
 
 QTreeWidgetItem* LocationTree::MenuNode() const {

@@ -22,7 +22,7 @@ class LocationTreeWidget;
 class PropertyBag;
 
 // The hierarchy of storage locations under its typed roots. Reads it when first shown; disabled locations are left out
-// with all below them. Keeps one selection, and offers a context menu that its owner provides.
+// with everything below them. Has one selection and shows a context menu that its owner provides.
 class LocationTree : public View {
     Q_OBJECT
     Q_PROPERTY(QColor BackColor READ BackColor WRITE SetBackColor RESET ResetBackColor)
@@ -36,41 +36,41 @@ public:
     ~LocationTree() override;
     std::string TypeName() const override { return "LocationTree"; }
 
-    // Raised at every change of the selection but to nothing, and at every Refresh; the location may be null.
+    // Raised when the selection changes, except to null, and at every Refresh; then the location may be null.
     Event<StorageLocationRef> LocationSelected;
     Event<> DblClick;
-    // Asks the owner for a menu and its default entry, both null at first. DropHighlightLocation says what it is about;
-    // a menu asked for by the keyboard is about SelectedLocation.
+    // The receiver sets the menu and its default entry, both initially null. The menu is for DropHighlightLocation, or
+    // for SelectedLocation if the keyboard opened it.
     Event<QMenu*&, QAction*&> GetContextMenu;
 
     const StorageLocationRef& SelectedLocation() const { return m_selectedLocation; }
-    // A location without a node is selected all the same.
+    // A location without a node can be selected too.
     void SetSelectedLocation(const StorageLocationRef& location);
     // The location on which a context menu is open, or null.
     StorageLocationRef DropHighlightLocation() const;
-    // Reads the hierarchy anew; a selected location that has been deleted gives way to its parent.
+    // Reads the hierarchy again; the parent replaces a selected location that has been deleted.
     void Refresh();
 
-    // A menu of the tree's own, for an owner that hands it back through GetContextMenu.
+    // The tree's own menu, for an owner that returns it through GetContextMenu.
     QMenu* LocationMenu() const { return m_mnuLocation; }
 
-    // Colours of the system until set; the ground, the text of locations, the text of roots.
+    // Background, text of locations, text of roots; the system colors until set.
     QColor BackColor() const;
-    void SetBackColor(const QColor& color);
-    void ResetBackColor();
+    void SetBackColor(const QColor& color) { SetColor(m_backColor, color); }
+    void ResetBackColor() { SetColor(m_backColor, std::nullopt); }
     QColor ForeColor() const;
-    void SetForeColor(const QColor& color);
-    void ResetForeColor();
+    void SetForeColor(const QColor& color) { SetColor(m_foreColor, color); }
+    void ResetForeColor() { SetColor(m_foreColor, std::nullopt); }
     QColor RootColor() const;
-    void SetRootColor(const QColor& color);
-    void ResetRootColor();
+    void SetRootColor(const QColor& color) { SetColor(m_rootColor, color); }
+    void ResetRootColor() { SetColor(m_rootColor, std::nullopt); }
     // 0 flat, 1 raised.
     short Appearance() const { return m_appearance; }
     void SetAppearance(short appearance);
     // 0 none, 1 a single line.
     short BorderStyle() const { return m_borderStyle; }
     void SetBorderStyle(short borderStyle);
-    // All five, each under its own name. A value that is absent or can't be read gives the property's initial value.
+    // All five, each under its own name. A value that is absent or invalid gives the property's initial value.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
@@ -102,8 +102,8 @@ private:
     QTreeWidgetItem* MenuNode() const;
 
     void ApplyFrame();
-    void ApplyBackColor();
-    void ApplyTextColors();
+    void SetColor(std::optional<QColor>& property, const std::optional<QColor>& color);
+    void ApplyColors();
 
     LocationTreeWidget* m_treeView;
     GroupBox* m_picLoading;
@@ -115,7 +115,6 @@ private:
     std::shared_ptr<LocationStore> m_locationStore;
     StorageLocationRef m_selectedLocation;
     QTreeWidgetItem* m_priorNode = nullptr;
-    bool m_hasFocus = false;
     bool m_isLoaded = false;
     std::optional<QColor> m_backColor;
     std::optional<QColor> m_foreColor;

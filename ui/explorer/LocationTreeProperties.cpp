@@ -41,8 +41,7 @@ void LocationTree::ReadProperties(const PropertyBag& bag) {
     m_rootColor = ReadColor(bag, "RootColor");
     m_appearance = ReadNumber(bag, "Appearance", defaultAppearance);
     m_borderStyle = ReadNumber(bag, "BorderStyle", defaultBorderStyle);
-    ApplyBackColor();
-    ApplyTextColors();
+    ApplyColors();
     ApplyFrame();
 }
 
@@ -60,34 +59,9 @@ QColor LocationTree::ForeColor() const { return m_foreColor.value_or(palette().c
 
 QColor LocationTree::RootColor() const { return m_rootColor.value_or(palette().color(QPalette::Text)); }
 
-void LocationTree::SetBackColor(const QColor& color) {
-    m_backColor = color;
-    ApplyBackColor();
-}
-
-void LocationTree::ResetBackColor() {
-    m_backColor.reset();
-    ApplyBackColor();
-}
-
-void LocationTree::SetForeColor(const QColor& color) {
-    m_foreColor = color;
-    ApplyTextColors();
-}
-
-void LocationTree::ResetForeColor() {
-    m_foreColor.reset();
-    ApplyTextColors();
-}
-
-void LocationTree::SetRootColor(const QColor& color) {
-    m_rootColor = color;
-    ApplyTextColors();
-}
-
-void LocationTree::ResetRootColor() {
-    m_rootColor.reset();
-    ApplyTextColors();
+void LocationTree::SetColor(std::optional<QColor>& property, const std::optional<QColor>& color) {
+    property = color;
+    ApplyColors();
 }
 
 void LocationTree::SetAppearance(short appearance) {
@@ -106,27 +80,24 @@ void LocationTree::ApplyFrame() {
     m_treeView->setFrameShape(m_borderStyle == 0 ? QFrame::NoFrame : isRaised ? QFrame::StyledPanel : QFrame::Box);
 }
 
-void LocationTree::ApplyBackColor() {
+void LocationTree::ApplyColors() {
     const QColor color = BackColor();
     QPalette colors;
     colors.setColor(QPalette::Base, color);
     m_treeView->setPalette(colors);
-    for (QTreeWidgetItem* node : m_nodes) node->setBackground(0, color);
+    for (QTreeWidgetItem* node : m_nodes) {
+        node->setBackground(0, color);
+        node->setForeground(0, node->parent() ? ForeColor() : RootColor());
+    }
     m_picLoading->SetBackColor(color);
     m_picLoadingMessage->SetBackColor(color);
     m_treeView->viewport()->update();
 }
 
-void LocationTree::ApplyTextColors() {
-    for (QTreeWidgetItem* node : m_nodes) node->setForeground(0, node->parent() ? ForeColor() : RootColor());
-}
-
 void LocationTree::changeEvent(QEvent* event) {
     Guard([this, event] {
         View::changeEvent(event);
-        if (event->type() != QEvent::PaletteChange) return;
-        ApplyBackColor();
-        ApplyTextColors();
+        if (event->type() == QEvent::PaletteChange) ApplyColors();
     });
 }
 

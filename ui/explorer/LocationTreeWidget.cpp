@@ -30,7 +30,7 @@ public:
 
 enum class RowLook { Plain, Highlighted, Selected };
 
-QColor GroundOf(RowLook look, const QModelIndex& index) {
+QColor BackgroundOf(RowLook look, const QModelIndex& index) {
     if (look == RowLook::Highlighted) return Theme::Get(Theme::Color::Highlight);
     if (look == RowLook::Selected) return Theme::Get(Theme::Color::SelectedInactive);
     return index.data(Qt::BackgroundRole).value<QBrush>().color();
@@ -104,7 +104,7 @@ void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& 
             look = RowLook::Highlighted;
 
         const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
-        painter->fillRect(row, GroundOf(look, index));
+        painter->fillRect(row, BackgroundOf(look, index));
         if (isSelected)
             painter->fillRect(QRect(row.topLeft(), QSize(barWidth, row.height())), Theme::Get(Theme::Color::Accent));
 

@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// The toolkit's tree as the location tree needs it: rows painted by the theme, a node that is highlighted without being
-// selected, clicks and keys told apart. A node's icon name and key stand in roles of their own.
+// The Qt tree inside the location tree: rows in theme colors, a node that can be highlighted without being selected,
+// and separate signals for clicks and keys. A node's key and icon name are data roles.
 class LocationTreeWidget : public QTreeWidget {
     Q_OBJECT
 
@@ -16,13 +16,13 @@ public:
     enum Role { KeyRole = Qt::UserRole, IconRole };
     static constexpr int RowHeight = 32, Indent = 18, IconSize = 20;  // pixels
 
-    // The node at a position of the viewport; null beside every node and on a node's expander.
+    // The node at a position of the viewport; null outside all nodes and on a node's expander.
     QTreeWidgetItem* NodeAt(const QPoint& at) const;
 
     // The node painted as if it were selected, or null.
     QTreeWidgetItem* DropHighlight() const { return m_dropHighlight; }
     void SetDropHighlight(QTreeWidgetItem* node);
-    // Whether the selected node is painted as the one that keys go to.
+    // Whether the selected node is painted as focused.
     void SetHasFocusLook(bool hasFocus);
     // Selects without raising NodeChosen; null clears the selection.
     void SelectQuietly(QTreeWidgetItem* node);
@@ -33,7 +33,7 @@ signals:
     void RightReleased(QTreeWidgetItem* node);
     void MenuKeyPressed();
     void NodeDoubleClicked();
-    // A node was selected by the keyboard, or by an assistive tool.
+    // The keyboard or an assistive tool selected a node.
     void NodeChosen(QTreeWidgetItem* node);
 
 protected:

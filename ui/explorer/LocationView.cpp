@@ -204,13 +204,11 @@ void LocationView::SelectAll() {
     SetMousePointer(MousePointer::Default);
 }
 
-void LocationView::ClearSelection() { m_itemPane->ClearSelection(); }
-
 void LocationView::OnMouseUp(int button, const QPoint& at) {
     m_lastButton = button;
     m_lastHitRow = m_itemPane->HitTest(at);
     if (!(button & MouseButton::Right)) return;
-    if (m_lastHitRow < 0 || !m_itemPane->RowSelected(m_lastHitRow)) ClearSelection();
+    if (m_lastHitRow < 0 || !m_itemPane->RowSelected(m_lastHitRow)) m_itemPane->ClearSelection();
     OfferContextMenu();
 }
 

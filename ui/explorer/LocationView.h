@@ -21,8 +21,8 @@ class ListPlaceholder;
 class PropertyBag;
 class StatePanel;
 
-// What a storage location holds, in one list: its enabled sub-locations, then its stored items. Items in the transfer
-// batch are marked. What may be done with them is the holder's affair.
+// The contents of a storage location in one list: its enabled sub-locations, then its stored items. Items in the
+// transfer batch are marked. The parent handles actions on them.
 class LocationView : public Control {
     Q_OBJECT
     Q_PROPERTY(QColor BackColor READ BackColor WRITE SetBackColor RESET ResetBackColor)
@@ -31,28 +31,28 @@ public:
     explicit LocationView(QWidget* parent = nullptr);
     std::string TypeName() const override { return "LocationView"; }
 
-    // The location on show has changed; after its rows have been filled.
+    // The displayed location has changed; raised after its rows have been filled.
     Event<StorageLocationRef> LocationChanged;
-    // The receiver sets the menu and the entry that is to look like the default one, both null at first.
+    // The receiver sets the menu and the entry to show as the default one, both initially null.
     Event<QMenu*&, QAction*&> ItemContextMenu;
-    // The user wishes to open this StoredItem or StorageLocation. An error of the receiver's is shown.
+    // The user wants to open this StoredItem or StorageLocation. An error from the receiver is shown.
     Event<ObjectRef> ItemOpenRequest;
 
     const StorageLocationRef& Location() const { return m_location; }
-    // Nothing happens for null after null, and for the same location again.
+    // Does nothing if the location is already displayed, or for null after null.
     void SetLocation(const StorageLocationRef& location);
     // Displays the location again.
     void Refresh();
 
-    // The objects behind the selected rows, in the order of the rows.
+    // The objects of the selected rows, in row order.
     std::shared_ptr<ObjectVector> SelectedItems() const;
     void SelectAll();
 
-    // The system's until set.
+    // The system color until set.
     QColor BackColor() const;
     void SetBackColor(const QColor& color);
     void ResetBackColor();
-    // "BackColor". A value that is absent or can't be read gives the system's.
+    // "BackColor". A value that is absent or invalid gives the system color.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
@@ -73,7 +73,6 @@ private:
     void ShowState(bool hasRows);
     void UpdateCartMarks();
     void MarkRow(int row, bool isInCart);
-    void ClearSelection();
     ObjectRef ObjectOf(int row) const;
 
     void OnMouseUp(int button, const QPoint& at);

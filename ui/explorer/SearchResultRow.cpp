@@ -100,7 +100,7 @@ void SearchResultRow::SetItem(const StoredItemRef& item) {
     SetStatusTag(*m_status, *item);
     SetLocationLabel(*m_location, *item);
     m_category->SetCaption(ToQString(item->CategoryName()));
-    // The item keeps its list for good; the strip shares it together with the item.
+    // The item never replaces its list; the strip shares the list and keeps the item alive.
     m_relatedIncidents->SetIncidents(std::shared_ptr<const IncidentList>(item, &item->RelatedIncidents()));
     m_relatedCases->SetCaption(ToQString(CaseNumbers(*item)));
     m_item = item;
@@ -181,8 +181,8 @@ void SearchResultRow::PaintDivider(QPainter& painter) const {
 
 bool SearchResultRow::event(QEvent* event) {
     const bool handled = View::event(event);
-    const bool recolours = event->type() == QEvent::PaletteChange || event->type() == QEvent::Polish;
-    if (!recolours || !m_bottomLine) return handled;
+    const bool recolors = event->type() == QEvent::PaletteChange || event->type() == QEvent::Polish;
+    if (!recolors || !m_bottomLine) return handled;
     Guard([this] {
         StoreColors();
         ApplyColors();
@@ -200,7 +200,7 @@ void SearchResultRow::CartStore_OnChange() {
             m_item->Refresh();
         },
         report);
-    // A report may have been open meanwhile.
+    // The report may have destroyed the row.
     if (self) Guard([this] { UpdateCartState(); });
 }
 

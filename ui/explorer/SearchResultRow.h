@@ -18,8 +18,8 @@ class Line;
 class RelatedIncidentStrip;
 class StatusTag;
 
-// One line of a result list: what a stored item is, where it lies, what it belongs to, and whether it stands in the
-// batch. Takes one item after another; handles no input. Its height follows from its fields.
+// One row of a result list: a stored item's description, location, incidents and cases, and whether it is in the batch.
+// Can be given other items; handles no input. Its height follows from its fields.
 class SearchResultRow : public View {
     Q_OBJECT
     Q_PROPERTY(bool Focused READ Focused WRITE SetFocused)
@@ -28,22 +28,22 @@ public:
     explicit SearchResultRow(QWidget* parent = nullptr);
     std::string TypeName() const override { return "searchResult"; }
 
-    // Error 91 for null. A failure of the item's members leaves the fields set so far, and the former item.
+    // Error 91 for null. If a member of the item fails, the fields set so far and the previous item remain.
     void SetItem(const StoredItemRef& item);
     // Null before the first SetItem.
     const StoredItemRef& Item() const { return m_item; }
-    // Whether the fields were filled since the row last read its item anew.
+    // False after the row has refreshed its item, until SetItem fills the fields again.
     bool IsUpToDate() const { return m_upToDate; }
 
-    // The list's selected row while the list has the focus. Writing repaints.
+    // True for the selected row of a list that has the focus. Setting it repaints.
     bool Focused() const { return m_focused; }
     void SetFocused(bool focused);
     bool InCart() const { return m_inCart; }
 
-    // Who is told when the item could not be read anew after a change of the batch; ReportUnexpected at first.
+    // Reports an error when the item is refreshed after a change of the batch; initially ReportUnexpected.
     void SetRefreshReport(ErrorReport report) { m_refreshReport = std::move(report); }
 
-    // Ends the row's interest in the batch and hides it, before it is destroyed.
+    // Hides the row and stops watching the batch. Called before the row is destroyed.
     void Retire();
 
 protected:

@@ -46,8 +46,8 @@ void ActionTag::SetColor(int32_t color) {
 }
 
 QStringList ActionTag::Lines() const {
-    const int room = ToPixels(Width()) - Inset - 2 * PaddingX;
-    if (WidestLine({m_caption}) <= room) return {m_caption};
+    const int available = ToPixels(Width()) - Inset - 2 * PaddingX;
+    if (WidestLine({m_caption}) <= available) return {m_caption};
     return m_caption.split(' ', Qt::SkipEmptyParts);
 }
 
@@ -65,11 +65,11 @@ void ActionTag::paintEvent(QPaintEvent*) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const QRect block(Inset, 0, WidestLine(lines) + 2 * PaddingX, height());
-        const QColor ground = Theme::FromBgr(m_color);
+        const QColor color = Theme::FromBgr(m_color);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(ground);
+        painter.setBrush(color);
         painter.drawRoundedRect(block, Theme::Radius, Theme::Radius);
-        painter.setPen(Theme::TextOn(ground));
+        painter.setPen(Theme::TextOn(color));
         painter.setFont(Theme::Font(Theme::Type::TagText));
         for (int i = 0; i < lines.size(); ++i)
             painter.drawText(QRect(Inset + PaddingX, PaddingY + i * LineHeight, block.width(), LineHeight),

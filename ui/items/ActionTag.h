@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// A short bold caption on a solid block, set in from the control's left edge. A caption of two words that is too wide
-// for the control is broken into two lines. The control keeps its width and follows the block's height.
+// A short bold caption on a colored block, indented from the control's left edge. A caption that is too wide breaks
+// into one line per word. The control keeps its width and takes the block's height.
 class ActionTag : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
@@ -20,7 +20,7 @@ public:
     int32_t Color() const { return m_color; }
     void SetColor(int32_t color);
 
-    // The caption as it is painted, a line each.
+    // The lines of the caption as painted.
     QStringList Lines() const;
 
 protected:

@@ -46,11 +46,12 @@ constexpr TransactionTexts TextsByType[] = {
     {TransactionType::Dispose, "Dispose Evidence", "Dispose", StorageLocationTypes::DisposalLocation},
 };
 
-// One fault of the form: what is said, and the field that wants an answer.
-void ReportFault(const char* message, const char* title, QWidget* field) {
+// Shows the message and moves the focus to the field. False, so that a validation can return it.
+bool ReportFault(const char* message, const char* title, QWidget* field) {
     const QPointer<QWidget> wanted(field);
     ShowMessage(message, MessageStyle::Critical, title);
     if (wanted) TrySetFocus(wanted);
+    return false;
 }
 
 std::string RemovalQuestion(StoredItem& item) {
@@ -234,24 +235,17 @@ bool CartView::ValidateForm() {
             MessageStyle::Critical, "No items to transfer");
         return false;
     }
-    if (!m_location->SelectedLocation()) {
-        ReportFault("Please specify where this evidence is going.", "Missing destination", m_location);
-        return false;
-    }
-    if (m_receivedFrom->Value().HasNoValue()) {
-        ReportFault("Please specify the officer or employee who is transferring this evidence.",
-                    "Missing transferring officer/employee", m_receivedFrom);
-        return false;
-    }
-    if (m_receivedBy->Value().HasNoValue()) {
-        ReportFault("Please specify the officer or employee who is receiving this evidence.",
-                    "Missing receiving officer/employee", m_receivedBy);
-        return false;
-    }
-    if (m_reason->Value().HasNoValue()) {
-        ReportFault("Please indicate why this evidence is being transferred.", "Missing transfer reason", m_reason);
-        return false;
-    }
+    if (!m_location->SelectedLocation())
+        return ReportFault("Please specify where this evidence is going.", "Missing destination", m_location);
+    if (m_receivedFrom->Value().HasNoValue())
+        return ReportFault("Please specify the officer or employee who is transferring this evidence.",
+                           "Missing transferring officer/employee", m_receivedFrom);
+    if (m_receivedBy->Value().HasNoValue())
+        return ReportFault("Please specify the officer or employee who is receiving this evidence.",
+                           "Missing receiving officer/employee", m_receivedBy);
+    if (m_reason->Value().HasNoValue())
+        return ReportFault("Please indicate why this evidence is being transferred.", "Missing transfer reason",
+                           m_reason);
     return true;
 }
 
@@ -265,7 +259,7 @@ std::shared_ptr<TransferData> CartView::MakeTransferData() const {
     return details;
 }
 
-// Whether the transfer was carried out, well or badly.
+// Whether the transfer was attempted, successfully or not.
 bool CartView::TransferItems() {
     if (!ValidateForm()) return false;
     const std::shared_ptr<TransferData> details = MakeTransferData();
@@ -276,7 +270,7 @@ bool CartView::TransferItems() {
     return true;
 }
 
-// Going back is outside the trap: once the items have been moved, its sentence would not be true.
+// GoBack is guarded separately: after a successful transfer, the message of ReportTransferError would be false.
 void CartView::TransferButton_Click() {
     bool transferred = false;
     Guard([&] { transferred = TransferItems(); }, ReportTransferError);

@@ -18,9 +18,8 @@ class LocationPicker;
 class SearchResultList;
 class TessarineDropdown;
 
-// The screen on which a batch is finished: the items of the current transfer, and one long sentence that asks who hands
-// them over, who takes them, where they go and why. Checks the form and lets the transfer be made; moves nothing
-// itself.
+// The screen that completes a batch: the items of the current transfer, and a form for who transfers them, who receives
+// them, where they go and why. Validates the form and starts the transfer through the actions.
 class CartView : public View {
     Q_OBJECT
 

@@ -22,8 +22,8 @@ public:
     explicit StoredItemView(QWidget* parent = nullptr);
     std::string TypeName() const override { return "StoredItemView"; }
 
-    // Loads the StoredItem under the key "Item"; without that key the view keeps what it showed. Errors of the item's
-    // members pass on.
+    // Loads the StoredItem under the key "Item"; without that key nothing changes. Rethrows errors of the item's
+    // members.
     void Show(const std::shared_ptr<Dictionary>& viewParameters) override;
 
 protected:

@@ -6,8 +6,8 @@
 
 namespace quellbrook {
 
-// What was done to an item at a step of its chain of custody. A record does not say so; it is inferred from where the
-// item ended up, and where it came from.
+// What was done to an item at a step of its chain of custody. A record does not store this; it is inferred from the
+// record's location and the previous one.
 struct TrackingAction {
     const char* text;
     int32_t color;  // 0xBBGGRR

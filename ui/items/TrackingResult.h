@@ -11,8 +11,8 @@ namespace quellbrook {
 class ActionTag;
 class Line;
 
-// One step of a chain of custody: what was done and when, who handed the item to whom, where it went and why. Takes the
-// focus; the focused row is the list's selected one.
+// One step of a chain of custody: what was done and when, who transferred the item to whom, where it went and why.
+// Takes the focus; the focused row is the selected row of the list.
 class TrackingResult : public Control {
     Q_OBJECT
 
@@ -22,12 +22,12 @@ public:
     explicit TrackingResult(QWidget* parent = nullptr);
     std::string TypeName() const override { return "TrackingResult"; }
 
-    // Error 91 for null. Fetches what the record does not hold yet.
+    // Error 91 for null. Loads the fields that the record has not loaded yet.
     void SetItem(const std::shared_ptr<TrackingRecord>& record);
     // Null before the first SetItem.
     const std::shared_ptr<TrackingRecord>& Item() const { return m_record; }
 
-    // A tab stop, or reached by the pointer and the list's keys only.
+    // Whether Tab reaches the row. The mouse and the arrow keys of the list always do.
     void SetTabStop(bool tabStop);
 
 signals:

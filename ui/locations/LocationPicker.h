@@ -12,9 +12,8 @@ namespace quellbrook {
 class FlatDropdown;
 class PropertyBag;
 
-// A dropdown of the enabled locations of one category, each shown by its full path. The list is a snapshot: whoever
-// wants the latest tree loads it again, which also clears the selection. The control has no ground of its own, so that
-// its container's shows, and is as high as its dropdown.
+// A dropdown of the enabled locations of one category, each shown by its full path. The list is a snapshot: loading it
+// again reads the latest tree and clears the selection. The control is transparent and as high as its dropdown.
 class LocationPicker : public Control {
     Q_OBJECT
     Q_PROPERTY(QFont Font READ Font WRITE SetFont)
@@ -23,14 +22,14 @@ public:
     explicit LocationPicker(QWidget* parent = nullptr);
     std::string TypeName() const override { return "LocationPicker"; }
 
-    // "(None)" and every location below the category's root whose containers are all enabled, depth first. Selects
-    // "(None)". Does nothing inside a form designer.
+    // Lists "(None)" and, depth first, every enabled location below the category's root whose containers are all
+    // enabled. Selects "(None)". Does nothing inside a form designer.
     void LoadLocations(StorageLocationTypes locationType);
-    // Whether the list has no entries, that is, LoadLocations has not run.
+    // True until LoadLocations has run.
     bool IsEmpty() const;
 
-    // Null for "(None)", and where the location's row has gone. Both raise Error 5 while the list is empty. Setting
-    // null, a root or a location that is not in the list selects "(None)".
+    // Null for "(None)" or if the location has been deleted. Setting null, a root or a location that is not in the list
+    // selects "(None)". Both raise Error 5 while the list is empty.
     StorageLocationRef SelectedLocation() const;
     void SetSelectedLocation(const StorageLocationRef& value);
 
@@ -38,7 +37,7 @@ public:
     void SetFont(const QFont& font) { setFont(font); }
     void SetAccessibleCaption(const QString& name);
 
-    // "Font". A value that is absent or can't be read leaves the surroundings' font.
+    // "Font". A value that is absent or invalid leaves the parent's font.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 

@@ -28,7 +28,7 @@ namespace {
 
 constexpr float TitleBarHeight = 600;
 
-// Runs one step of a view change. A failure is told in a message, and the change ends: false.
+// Runs one step of a view change. Shows a message and returns false if it fails.
 template <typename Step, typename Words>
 bool Attempt(Step&& step, Words&& words, const char* title) {
     try {
@@ -42,7 +42,7 @@ bool Attempt(Step&& step, Words&& words, const char* title) {
 
 }  // namespace
 
-// What the dispatcher holds of the shell.
+// The shell as registered with the dispatcher.
 class EvidenceUI::Callback : public DispatcherCallback {
 public:
     explicit Callback(EvidenceUI* shell) : m_shell(shell) {}
@@ -112,7 +112,7 @@ void EvidenceUI::Shown() {
     GetActions().NavigateTo(ViewNames::Explorer, nullptr);
 }
 
-// The view stays in the content, and the store keeps its state.
+// Neither the content nor the store changes.
 void EvidenceUI::Hidden() {
     GuardSilently([this] { GetDispatcher()->Unregister(m_callback.get()); });
     m_currentView = nullptr;
@@ -121,7 +121,7 @@ void EvidenceUI::Hidden() {
 float EvidenceUI::ContentHeight() const { return ClientHeight() - m_content->Top() - m_infobar->Height(); }
 
 void EvidenceUI::Layout() {
-    if (!m_border) return;  // still being made
+    if (!m_border) return;  // during construction
     m_border->Move(0, 0, Width(), Height());
     m_content->Move(0, m_content->Top(), ClientWidth(), ContentHeight());
     for (const QPointer<Control>& view : m_views)
@@ -163,10 +163,10 @@ void EvidenceUI::SwitchTo(Control* view) {
     view->setParent(m_content);
     FillContent(*view);
     view->show();
-    // A view that the shell forgot when it was hidden may still stand here.
+    // A view from before the shell was hidden may still be visible below.
     view->raise();
     MoveFirstInTabOrder(m_content);
-    // Also of a view that fails to show: the next one has to take its place.
+    // Set even if showing the view fails, so that the next view replaces it.
     m_currentView = view;
     if (auto* shown = qobject_cast<View*>(view)) shown->RaiseShowError();
     TrySetFocus(view);
@@ -223,7 +223,7 @@ void EvidenceUI::Handle(const Action& action) {
 
 void EvidenceUI::ReportFailedTransfer(const std::string& description) {
     if (std::string_view(description).starts_with(UnknownOutcomeText)) {
-        // Nobody knows whether the items were moved, so nobody may say that they were not.
+        // The items may have been moved.
         ShowMessage(description, MessageStyle::Critical, "Evidence transfer unconfirmed");
         return;
     }

@@ -20,28 +20,27 @@ class InfoBar;
 class PropertyBag;
 class Toast;
 
-// The one control that the host embeds: the current view between a title bar and the info bar. Shows the view that the
-// view store names, reports a failed transfer, pops up notifications. Comes to life when it is shown, after the access
-// gate has let the user in.
+// The control that the host embeds: the current view between a title bar and the info bar. Shows the view that the view
+// store names, reports a failed transfer, and pops up notifications. Starts when it is shown, after the access gate.
 class EvidenceUI : public View {
     Q_OBJECT
     Q_PROPERTY(int BorderStyle READ BorderStyle WRITE SetBorderStyle)
 
 public:
     explicit EvidenceUI(QWidget* parent = nullptr);
-    // With views of the caller's choice.
+    // With other views than the standard ones.
     EvidenceUI(const ShellViews& views, QWidget* parent);
     ~EvidenceUI() override;
     std::string TypeName() const override { return "EvidenceUI"; }
 
-    // 0 none, any other value a line around the control.
+    // 0 for none; any other value draws a line around the control.
     int BorderStyle() const { return m_borderStyle; }
     void SetBorderStyle(int borderStyle);
     // "BorderStyle". Errors are ignored.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
-    // Actions that the dispatcher delivers to the shell. No error leaves it.
+    // Handles an action from the dispatcher. Never throws.
     void Handle(const Action& action);
 
 protected:
@@ -74,7 +73,7 @@ private:
     FlatTabs* m_viewHolder = nullptr;
     GroupBox* m_border = nullptr;
     std::vector<QPointer<Control>> m_views;
-    std::vector<QPointer<Control>> m_controls;  // everything that can be asked for by name
+    std::vector<QPointer<Control>> m_controls;  // everything that FindControl can find
     QPointer<Control> m_currentView;
     std::shared_ptr<Callback> m_callback;
     std::shared_ptr<LoadingStore> m_loadingStore;

@@ -25,7 +25,7 @@ constexpr int IconSize = 18;
 constexpr int TextLeft = 45;
 constexpr float ButtonHeight = 420;
 constexpr float ButtonGap = 135;
-constexpr float ButtonTrim = 90;  // in a strip they are narrower than on a form
+constexpr float ButtonTrim = 90;  // narrower than on a form
 
 const char* PurposeOf(int32_t transactionType) {
     switch (transactionType) {
@@ -42,7 +42,7 @@ const char* PurposeOf(int32_t transactionType) {
 InfoBar::InfoBar(QWidget* parent) : View(parent) {
     setObjectName("infobar");
     BuildControls();
-    // Where the stores cannot be built yet, the shell subscribes the bar when it comes on show.
+    // If the stores cannot be built yet, the shell calls Subscribe when it is shown.
     if (!IsInsideDesigner()) GuardSilently([this] { Subscribe(GetStores()); });
     SetAlign(Alignment::Bottom);
     SetHeight(DesiredHeight());
@@ -71,13 +71,14 @@ void InfoBar::BuildControls() {
     m_complete = new FlatButton(m_buttonGroup);
     m_complete->setObjectName("btnComplete");
     m_complete->SetCaption(tr("Finish"));
-    connect(m_cancel, &FlatButton::Clicked, this, [this] { Guard([this] { BtnCancel_Click(); }); });
-    connect(m_complete, &FlatButton::Clicked, this, [this] { Guard([this] { BtnComplete_Click(); }); });
+    connect(m_cancel, &FlatButton::Clicked, this, [] { Guard([] { GetActions().CancelTransactionWithPrompt(); }); });
+    connect(m_complete, &FlatButton::Clicked, this,
+            [] { Guard([] { GetActions().NavigateTo(ViewNames::Cart, nullptr); }); });
 }
 
 void InfoBar::Subscribe(const StoresRecord& stores) {
     if (m_cartstore == stores.Cart) return;
-    const auto changed = [this] { Stores_OnChange(); };
+    const auto changed = [this] { Guard([this] { Update(); }); };
     m_cartstore = stores.Cart;
     m_loadingStore = stores.Loading;
     m_viewStore = stores.View;
@@ -85,10 +86,6 @@ void InfoBar::Subscribe(const StoresRecord& stores) {
     m_loadingSubscription = m_loadingStore->OnChange.connect(changed);
     m_viewSubscription = m_viewStore->OnChange.connect(changed);
     if (m_wasShown) Update();
-}
-
-void InfoBar::Stores_OnChange() {
-    Guard([this] { Update(); });
 }
 
 bool InfoBar::ShouldShow() const {
@@ -128,17 +125,13 @@ void InfoBar::Announce() {
     QAccessible::updateAccessibility(&alert);
 }
 
-// The bar keeps its height whatever the host does.
+// The host cannot change the height of the bar.
 void InfoBar::Layout() {
     if (!m_resizing) {
         m_resizing = true;
         SetHeight(DesiredHeight());
         m_resizing = false;
     }
-    LayoutControls();
-}
-
-void InfoBar::LayoutControls() {
     const auto widthOf = [](const FlatButton& button) { return ToTwips(button.sizeHint().width()) - ButtonTrim; };
     m_topBorder->Move(0, 0, ClientWidth(), TwipsPerPixel);
     m_cancel->Move(0, 0, widthOf(*m_cancel), ButtonHeight);
@@ -156,9 +149,5 @@ void InfoBar::LayoutControls() {
 void InfoBar::paintEvent(QPaintEvent*) {
     Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Tint)); });
 }
-
-void InfoBar::BtnCancel_Click() { GetActions().CancelTransactionWithPrompt(); }
-
-void InfoBar::BtnComplete_Click() { GetActions().NavigateTo(ViewNames::Cart, nullptr); }
 
 }  // namespace quellbrook

@@ -14,8 +14,8 @@ class GroupBox;
 class Label;
 class Line;
 
-// The strip at the bottom of the shell that tells what the open batch holds and leads on to finishing or cancelling it.
-// Docks itself at the bottom of its parent.
+// The strip at the bottom of the shell: the number of items in the open batch, its purpose, and buttons to finish or
+// cancel it. Docks itself at the bottom of its parent.
 class InfoBar : public View {
     Q_OBJECT
 
@@ -23,8 +23,8 @@ public:
     explicit InfoBar(QWidget* parent = nullptr);
     std::string TypeName() const override { return "infobar"; }
 
-    // Listens to these stores from now on; the bar does so by itself at its making. Nothing changes when they are the
-    // ones it listens to.
+    // Follows these stores from now on. The constructor does this with the current stores if they can be built. Does
+    // nothing if the bar follows them already.
     void Subscribe(const StoresRecord& stores);
 
 protected:
@@ -34,15 +34,11 @@ protected:
 
 private:
     void BuildControls();
-    void LayoutControls();
     bool ShouldShow() const;
     float DesiredHeight() const;
     void Update();
     QString StatusText() const;
     void Announce();
-    void Stores_OnChange();
-    void BtnCancel_Click();
-    void BtnComplete_Click();
 
     bool m_wasShown = false;
     bool m_resizing = false;

@@ -29,7 +29,7 @@ void LinearAnimation::Start(const LinearAnimationOptions& options) {
     m_currentValue = options.StartValue;
     SetTargetProperty();
     m_inProgress = true;
-    // A running timer keeps its rhythm.
+    // A running timer is not restarted.
     if (!m_timer->IsRunning()) m_timer->Start();
 }
 
@@ -38,7 +38,7 @@ void LinearAnimation::Timer_Elapsed() {
     try {
         Step();
     } catch (...) {
-        Stop();  // or the same failure would come back with every tick
+        Stop();  // otherwise every tick would fail again
         throw;
     }
 }

@@ -12,8 +12,8 @@
 namespace quellbrook {
 
 struct LinearAnimationOptions {
-    QPointer<QObject> Target;  // the object whose property moves; an animation ends with it
-    std::string PropertyName;  // a numeric property, set by name
+    QPointer<QObject> Target;  // an animation ends when it is destroyed
+    std::string PropertyName;  // of a numeric property
     float StartValue = 0;
     float FinalValue = 0;
     float Increment = 0;  // step per tick; its sign is ignored
@@ -26,7 +26,7 @@ public:
     LinearAnimation(const LinearAnimation&) = delete;
     LinearAnimation& operator=(const LinearAnimation&) = delete;
 
-    // Sets the first value at once. A running animation goes on with the new options. Error 5 without a target.
+    // Sets the first value at once. A running animation continues with the new options. Error 5 without a target.
     void Start(const LinearAnimationOptions& options);
     bool InProgress() const { return m_inProgress; }
 

@@ -9,10 +9,10 @@
 
 namespace quellbrook {
 
-// One of the shell's views, and its page in the shell's parking place.
+// One of the shell's views. While hidden it is on a page of viewHolder.
 struct ShellView {
-    const char* name;     // by which the view store asks for it; becomes the control's name
-    const char* caption;  // of its page
+    const char* name;     // its name in the view store, and the control's name
+    const char* caption;  // of the page
     std::function<Control*(QWidget* parent)> make;
 };
 

@@ -28,7 +28,7 @@ constexpr int ShadowBlur = 8;
 constexpr int ShadowRise = 2;
 constexpr float ShadowOpacity = 0.22f;
 
-// The mark stands on the toast's ground, which is dark in the light theme and light in the dark one.
+// The background of a toast is dark in the light theme and light in the dark one.
 QColor MarkColor() { return Theme::IsDark() ? QColor(0x0B, 0x7A, 0x5B) : QColor(0x4C, 0xCB, 0xA6); }
 
 }  // namespace
@@ -110,7 +110,7 @@ void Toast::FirstShow() {
     SetHeight(CollapsedHeight());
 }
 
-// The content keeps its place under the sliding edge: the toast slides in, it does not unfold.
+// The contents do not move or shrink with the height, so the toast slides in.
 void Toast::Layout() {
     if (Align() != Alignment::Bottom) SetAlign(Alignment::Bottom);
     if (!m_motion || !m_motion->InProgress()) SetHeight(CollapsedHeight());

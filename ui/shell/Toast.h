@@ -19,7 +19,7 @@ public:
     explicit Toast(QWidget* parent = nullptr);
     std::string TypeName() const override { return "Toast"; }
 
-    // A call while a text is on show begins anew with this one.
+    // Restarts with this text if one is already visible.
     void Popup(const std::string& message);
 
 protected:
@@ -28,7 +28,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // What moves it; there is none inside a designer.
+    // The animation; null inside a designer.
     struct Motion {
         explicit Motion(Toast& toast);
         bool InProgress() const { return slideUp.InProgress() || slideDown.InProgress(); }

@@ -25,7 +25,7 @@ std::vector<SelectedObject> OneItem() {
 
 constexpr MenuRights allRights{true, true, true, true, true, true};
 
-TEST(ActionMenu, HoldsEveryEntryInItsOrder) {
+TEST(ActionMenu, HasEveryEntryInOrder) {
     ActionMenu menu;
     EXPECT_EQ(menu.objectName(), "mnuItems");
     EXPECT_EQ(menu.title(), "Selection");
@@ -50,7 +50,17 @@ TEST(ActionMenu, TakesCaptionVisibilityAndEnabledStateFromTheRules) {
     EXPECT_THAT(Names(menu, true), ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint",
                                                "mnuSeparator2", "mnuCheckIn", "mnuCheckOut", "mnuMove"));
     EXPECT_EQ(menu.Entry(MenuEntry::CheckOut)->text(), "Sign out  this item");
+    EXPECT_EQ(menu.Entry(MenuEntry::Print)->text(), "Print barcode label");
     EXPECT_TRUE(menu.Entry(MenuEntry::Open)->isEnabled());
+    const std::pair<MenuEntry, const char*> unchanged[] = {{MenuEntry::Open, "Open"},
+                                                           {MenuEntry::OpenInTessarine, "Open in Tessarine..."},
+                                                           {MenuEntry::NoActions, "(No Available Actions)"},
+                                                           {MenuEntry::SelectAll, "Select All"},
+                                                           {MenuEntry::New, "New"},
+                                                           {MenuEntry::NewLocation, "Location"},
+                                                           {MenuEntry::EditLocation, "Edit"},
+                                                           {MenuEntry::DeleteLocation, "Delete"}};
+    for (const auto& [entry, caption] : unchanged) EXPECT_EQ(menu.Entry(entry)->text(), caption);
 
     std::vector<SelectedObject> two = OneItem();
     two.push_back(two.front());

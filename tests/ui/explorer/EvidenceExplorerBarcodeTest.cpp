@@ -24,7 +24,7 @@ protected:
         Show(m_shelf);
     }
 
-    // A scan with all that it leads to.
+    // A scan and everything that follows it.
     void ScanAndWait(const std::string& text) {
         Scan(text);
         EXPECT_EQ(m_timers.Tick(1), 1) << "nothing was handed over";
@@ -67,20 +67,20 @@ TEST_F(EvidenceExplorerBarcodeTest, AnItemsBarcodeOpensIt) {
     EXPECT_EQ(OpenedItem(), "E-1") << "a small letter, no leading zeros";
 }
 
-TEST_F(EvidenceExplorerBarcodeTest, AnItemIsToldByItsKindAndKeyTogether) {
+TEST_F(EvidenceExplorerBarcodeTest, AnItemIsFoundByItsTypeAndKey) {
     ASSERT_EQ(m_first, m_vehicle) << "one key for a piece of property and a vehicle";
     ScanAndWait("V", m_first);
     EXPECT_EQ(OpenedItem(), "ABC 123 (OR)");
 }
 
-TEST_F(EvidenceExplorerBarcodeTest, ALocationThatIsGoneIsNotFound) {
+TEST_F(EvidenceExplorerBarcodeTest, ADeletedLocationIsNotFound) {
     ScanAndWait("L", 4711);
     ExpectMessage("The location barcode you scanned refers to a location that is no longer in your database.",
                   "Location Not Found");
     EXPECT_EQ(Title(), "Shelf A");
 }
 
-TEST_F(EvidenceExplorerBarcodeTest, AnItemThatIsGoneIsNotFound) {
+TEST_F(EvidenceExplorerBarcodeTest, ADeletedItemIsNotFound) {
     for (const char* letter : {"P", "V"}) {
         ScanAndWait(letter, 4711);
         ExpectMessage("The barcode you scanned refers to a item that is no longer in your database.", "Item Not Found");
@@ -110,7 +110,7 @@ TEST_F(EvidenceExplorerBarcodeTest, ANumberOfMoreThan32BitsIsAScanError) {
     }
 }
 
-TEST_F(EvidenceExplorerBarcodeTest, AFailureOfTheDatabaseIsToldAndLeavesTheViewAsItWas) {
+TEST_F(EvidenceExplorerBarcodeTest, ADatabaseErrorIsReportedAndTheViewIsUnchanged) {
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
     engine->FailAtStatement(1, Error(ErrorNumber::General, "The engine", "The server is gone."));
@@ -120,7 +120,7 @@ TEST_F(EvidenceExplorerBarcodeTest, AFailureOfTheDatabaseIsToldAndLeavesTheViewA
     EXPECT_EQ(Title(), "Shelf A");
 }
 
-TEST_F(EvidenceExplorerBarcodeTest, HearsNothingWhileItIsHidden) {
+TEST_F(EvidenceExplorerBarcodeTest, IgnoresScansWhileHidden) {
     m_explorer->hide();
     Scan("P" + std::to_string(m_first));
     EXPECT_EQ(m_timers.Tick(1), 0);

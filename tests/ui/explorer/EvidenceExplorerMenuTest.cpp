@@ -42,7 +42,7 @@ TEST_F(EvidenceExplorerMenuTest, WithTheFocusInAnotherChildNothingIsSelected) {
     EXPECT_THAT(SelectedObjects(), IsEmpty());
 }
 
-TEST_F(EvidenceExplorerMenuTest, TheSelectionHoldsWhileTheWindowIsInactive) {
+TEST_F(EvidenceExplorerMenuTest, TheSelectionIsValidInAnInactiveWindow) {
     Show(m_shelf);
     ClickRow("E-1");
     QWidget elsewhere;
@@ -90,14 +90,14 @@ TEST_F(EvidenceExplorerMenuTest, ABlankSpotOffersToSelectAll) {
     EXPECT_THAT(SelectedObjects(), ElementsAre("Bin 1", "E-1", "E-2"));
 }
 
-TEST_F(EvidenceExplorerMenuTest, AUserWithoutRightsSeesThatNothingCanBeDone) {
+TEST_F(EvidenceExplorerMenuTest, AUserWithoutRightsSeesNoActions) {
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().VIEW_PROPERTY());
     Show(m_shelf);
     EXPECT_THAT(RowMenu("E-1"), ElementsAre("Open", "Open in Tessarine...", "-", "(No Available Actions)"));
 }
 
-TEST_F(EvidenceExplorerMenuTest, ANodesMenuMeansTheNodeAndTakesTheFocusToTheTree) {
+TEST_F(EvidenceExplorerMenuTest, TheMenuOfANodeActsOnTheNodeAndFocusesTheTree) {
     Show(m_shelf);
     ClickRow("E-1");
     const auto entries = NodeMenu("Empty Shelf", [this](QMenu&) {
@@ -154,7 +154,7 @@ TEST_F(EvidenceExplorerMenuTest, ASignedOutItemCanBeSignedIn) {
     EXPECT_THAT(BatchIds(), ElementsAre("E-9"));
 }
 
-TEST_F(EvidenceExplorerMenuTest, UncheckTakesTheSelectedOutAndLeavesTheBatchOpen) {
+TEST_F(EvidenceExplorerMenuTest, UncheckRemovesTheSelectedItemsAndLeavesTheBatchOpen) {
     Show(m_shelf);
     ClickRow("E-1");
     RowMenu("E-1", Choose(MenuEntry::CheckOut));

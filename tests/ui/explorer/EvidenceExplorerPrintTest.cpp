@@ -43,7 +43,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
     EXPECT_THAT(PrintedBarcodes(), ElementsAre(MakeBarcodeText("L", m_shelf)));
 }
 
-TEST_F(EvidenceExplorerPrintTest, AFailureIsToldAndEndsThePrinting) {
+TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
     m_labels.printer->refusal = "Out of labels.";
     m_list->Tree()->setFocus();
     m_view->SelectAll();

@@ -48,7 +48,7 @@ TEST_F(EvidenceExplorerTest, ANodeShowsItsLocation) {
     EXPECT_EQ(m_list->RowCount(), 3);
 }
 
-TEST_F(EvidenceExplorerTest, WhenShownAgainTheListAndItsCountsAreThoseOfNow) {
+TEST_F(EvidenceExplorerTest, TheListAndCountsAreRefreshedWhenShownAgain) {
     Show(m_shelf);
     m_explorer->hide();
     m_database.AddCustodyRow(StoredItemTypes::Property, m_first, m_empty);
@@ -83,7 +83,7 @@ TEST_F(EvidenceExplorerTest, ThousandsAreSeparated) {
     EXPECT_EQ(Subtitle(), "0 storage units, 1,204 items");
 }
 
-TEST_F(EvidenceExplorerTest, NothingSelectedSaysSo) {
+TEST_F(EvidenceExplorerTest, TheHeadingShowsThatNothingIsSelected) {
     Show(m_shelf);
     m_explorer->SetSelectedLocation(nullptr);
     EXPECT_EQ(Title(), "Evidence Locations");
@@ -106,7 +106,7 @@ TEST_F(EvidenceExplorerTest, ComingBackOnShowReadsTheContentsAgain) {
 
 TEST_F(EvidenceExplorerTest, ASubLocationIsEnteredByDoubleClick) {
     Show(m_shelf);
-    DoubleClick(m_list->Tree()->viewport(), RowPlace("Bin 1"));
+    DoubleClick(m_list->Tree()->viewport(), RowCenter("Bin 1"));
     EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_bin);
     EXPECT_EQ(m_view->Location()->ID(), m_bin);
     EXPECT_EQ(Title(), "Bin 1");
@@ -116,7 +116,7 @@ TEST_F(EvidenceExplorerTest, ASubLocationIsEnteredByDoubleClick) {
 
 TEST_F(EvidenceExplorerTest, AnItemOpensInItsView) {
     Show(m_shelf);
-    DoubleClick(m_list->Tree()->viewport(), RowPlace("E-2"));
+    DoubleClick(m_list->Tree()->viewport(), RowCenter("E-2"));
     const auto stores = GetStores();
     EXPECT_EQ(stores.View->ViewName(), ViewNames::ItemView);
     const auto item = ToObject<StoredItem>(stores.View->ViewParameters()->Value("Item"));
@@ -169,7 +169,7 @@ TEST_F(EvidenceExplorerTest, AFailureOfTheContentsIsReportedWithTheirSentence) {
     EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
 }
 
-TEST_F(EvidenceExplorerTest, ControlsStandWhereTheRulesPutThem) {
+TEST_F(EvidenceExplorerTest, ControlsAreLaidOut) {
     Show(m_shelf);
     for (const QSize size : {QSize(1280, 760), QSize(1920, 1040)}) {
         m_window->resize(size);
@@ -223,7 +223,7 @@ TEST_F(EvidenceExplorerTest, FollowsAChangeToTheDarkTheme) {
     EXPECT_EQ(m_tree->BackColor(), panel);
 }
 
-TEST_F(EvidenceExplorerTest, TheTabKeyGoesFromTheTreeToTheContents) {
+TEST_F(EvidenceExplorerTest, TabMovesFromTheTreeToTheContents) {
     Show(m_shelf);
     EXPECT_THAT(TabOrder(*m_window), ElementsAre("TreeView", "ItemPane"));
 }
@@ -248,7 +248,7 @@ TEST_F(EvidenceExplorerTest, BrowsesAndBeginsATransferByKeyboardAlone) {
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
 }
 
-TEST_F(EvidenceExplorerTest, InADesignerItReadsNothing) {
+TEST_F(EvidenceExplorerTest, ReadsNoDataInADesigner) {
     SetInsideDesigner(true);
     Make();
     m_window->show();

@@ -23,8 +23,7 @@
 
 namespace quellbrook::testing {
 
-// A department in which to browse. Errors that reach the edge of a handler are kept, and fail the test unless it takes
-// them.
+// A department to browse. Unexpected errors in handlers fail the test unless it takes them.
 class ExplorerTest : public DatabaseTest {
 protected:
     ExplorerTest() {
@@ -38,7 +37,7 @@ protected:
         for (const std::string& description : m_unexpected) ADD_FAILURE() << "Unexpected error: " << description;
     }
 
-    // The location document is read anew at its next use.
+    // The location document is read again at its next use.
     int32_t AddLocation(const std::string& name, int32_t parent = 0, bool enabled = true) {
         const int32_t id = m_database.AddLocation(name, StorageLocationTypes::Internal, parent, enabled);
         HostLocationData::Discard();

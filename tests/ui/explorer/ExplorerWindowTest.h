@@ -53,15 +53,15 @@ protected:
     std::string Title() const { return ToUtf8(Find<Label>(*m_explorer, "lblTitle")->Caption()); }
     std::string Subtitle() const { return ToUtf8(Find<Label>(*m_explorer, "lblSubtitle")->Caption()); }
 
-    QPoint NodePlace(const QString& name) const {
+    QPoint NodeCenter(const QString& name) const {
         const auto found = m_widget->findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
         for (QTreeWidgetItem* parent = found.at(0)->parent(); parent; parent = parent->parent())
             parent->setExpanded(true);
         return m_widget->visualItemRect(found.at(0)).center();
     }
-    void ClickNode(const QString& name) { Click(m_widget->viewport(), NodePlace(name)); }
+    void ClickNode(const QString& name) { Click(m_widget->viewport(), NodeCenter(name)); }
 
-    QPoint RowPlace(const QString& name) const {
+    QPoint RowCenter(const QString& name) const {
         for (int row = 0; row < m_list->RowCount(); ++row)
             if (m_list->CellText(row, 1) == name)
                 return m_list->Tree()->visualItemRect(m_list->Tree()->topLevelItem(row)).center();
@@ -69,10 +69,10 @@ protected:
         return {};
     }
     void ClickRow(const QString& name, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::mouseClick(m_list->Tree()->viewport(), Qt::LeftButton, modifiers, RowPlace(name));
+        QTest::mouseClick(m_list->Tree()->viewport(), Qt::LeftButton, modifiers, RowCenter(name));
     }
 
-    // The visible entries of the menu that a right click opens; the look runs while it is open.
+    // The visible entries of the menu that a right click opens; `look` runs while it is open.
     std::vector<std::string> MenuAt(QWidget* viewport, const QPoint& at, std::function<void(QMenu&)> look = nullptr) {
         std::vector<std::string> texts;
         WhileMenuOpen([&](QMenu& menu) {
@@ -84,13 +84,13 @@ protected:
         return texts;
     }
     std::vector<std::string> RowMenu(const QString& name, std::function<void(QMenu&)> look = nullptr) {
-        return MenuAt(m_list->Tree()->viewport(), RowPlace(name), std::move(look));
+        return MenuAt(m_list->Tree()->viewport(), RowCenter(name), std::move(look));
     }
     std::vector<std::string> BlankMenu(std::function<void(QMenu&)> look = nullptr) {
         return MenuAt(m_list->Tree()->viewport(), {300, 500}, std::move(look));
     }
     std::vector<std::string> NodeMenu(const QString& name, std::function<void(QMenu&)> look = nullptr) {
-        return MenuAt(m_widget->viewport(), NodePlace(name), std::move(look));
+        return MenuAt(m_widget->viewport(), NodeCenter(name), std::move(look));
     }
     std::function<void(QMenu&)> Choose(MenuEntry entry) {
         return [this, entry](QMenu&) { m_explorer->Menu()->Entry(entry)->trigger(); };

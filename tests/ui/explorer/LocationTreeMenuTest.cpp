@@ -10,7 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST_F(LocationTreeTest, ARightClickAsksForAMenuAndLeavesTheSelection) {
+TEST_F(LocationTreeTest, ARightClickRequestsAMenuAndKeepsTheSelection) {
     Show();
     ClickNode("Vault");
     TakeSelected();
@@ -22,19 +22,19 @@ TEST_F(LocationTreeTest, ARightClickAsksForAMenuAndLeavesTheSelection) {
     EXPECT_EQ(m_tree->DropHighlightLocation(), nullptr);
 }
 
-TEST_F(LocationTreeTest, ARightClickOnARootMeansTheRoot) {
+TEST_F(LocationTreeTest, ARightClickOnARootRequestsItsMenu) {
     Show();
     RightClickNode("Sign-Out Locations");
     EXPECT_THAT(m_menusFor, ElementsAre("Sign-Out Locations"));
 }
 
-TEST_F(LocationTreeTest, ARightClickOnEmptySpaceAsksForNoMenu) {
+TEST_F(LocationTreeTest, ARightClickOnEmptySpaceRequestsNoMenu) {
     Show();
     RightClick(m_widget->viewport(), QPoint(100, 590));
     EXPECT_THAT(m_menusFor, IsEmpty());
 }
 
-TEST_F(LocationTreeTest, ARightClickOnANodeWhoseRowHasGoneAsksForNoMenu) {
+TEST_F(LocationTreeTest, ARightClickOnADeletedLocationRequestsNoMenu) {
     Show();
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_vault});
     GetStorageLocationStatic().Refresh();
@@ -43,9 +43,9 @@ TEST_F(LocationTreeTest, ARightClickOnANodeWhoseRowHasGoneAsksForNoMenu) {
     EXPECT_EQ(m_widget->DropHighlight(), nullptr);
 }
 
-TEST_F(LocationTreeTest, AReleaseBesideTheNodeAsksForNoMenuAndEndsTheHighlight) {
+TEST_F(LocationTreeTest, AReleaseOutsideTheNodeRequestsNoMenuAndEndsTheHighlight) {
     Show();
-    QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("Vault"));
+    QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, CenterOf("Vault"));
     EXPECT_EQ(m_tree->DropHighlightLocation()->ID(), m_vault);
     QTest::mouseRelease(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, QPoint(100, 590));
     EXPECT_THAT(m_menusFor, IsEmpty());
@@ -55,11 +55,11 @@ TEST_F(LocationTreeTest, AReleaseBesideTheNodeAsksForNoMenuAndEndsTheHighlight) 
 TEST_F(LocationTreeTest, ALeftClickIsIgnoredWhileANodeIsHighlighted) {
     Show();
     TakeSelected();
-    const QPoint vault = PlaceOf("Vault");
-    QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("Court"));
+    const QPoint vault = CenterOf("Vault");
+    QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, CenterOf("Court"));
     Click(m_widget->viewport(), vault);
     EXPECT_THAT(TakeSelected(), IsEmpty());
-    QTest::mouseRelease(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("Court"));
+    QTest::mouseRelease(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, CenterOf("Court"));
     EXPECT_EQ(CurrentNode(), "Sign-In Locations");
 }
 
@@ -98,12 +98,12 @@ TEST_F(LocationTreeTest, ARefreshFromTheMenuEndsTheHighlight) {
     EXPECT_EQ(m_widget->DropHighlight(), nullptr);
 }
 
-TEST_F(LocationTreeTest, ATreeDestroyedByItsMenuDoesNoHarm) {
+TEST_F(LocationTreeTest, ATreeCanBeDestroyedByItsMenu) {
     Show();
     QMenu menu;
     menu.addAction("Open");
     m_menu = &menu;
-    const QPoint court = PlaceOf("Court");
+    const QPoint court = CenterOf("Court");
     QPointer<LocationTree> tree(m_tree);
     WhileMenuOpen([&](QMenu&) { delete m_tree; });
     QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, court);
@@ -113,7 +113,7 @@ TEST_F(LocationTreeTest, ATreeDestroyedByItsMenuDoesNoHarm) {
     EXPECT_TRUE(tree.isNull());
 }
 
-TEST_F(LocationTreeTest, TheMenuKeyAsksAboutTheSelectedLocation) {
+TEST_F(LocationTreeTest, TheMenuKeyRequestsTheMenuOfTheSelectedLocation) {
     Show();
     ClickNode("Vault");
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), m_widget->mapToGlobal(QPoint(10, 10)));

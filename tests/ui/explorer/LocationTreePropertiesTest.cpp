@@ -50,7 +50,7 @@ TEST_F(LocationTreeTest, NodesLoadedAfterwardsHaveTheColorsSet) {
     EXPECT_EQ(Node("Sign-In Locations")->foreground(0).color(), QColor(Qt::red));
 }
 
-TEST_F(LocationTreeTest, PropertiesCanBeKeptByADesigner) {
+TEST_F(LocationTreeTest, PropertiesCanBeStoredByADesigner) {
     Show();
     EXPECT_TRUE(m_tree->setProperty("BackColor", QColor(Qt::yellow)));
     EXPECT_TRUE(m_tree->setProperty("ForeColor", QColor(Qt::blue)));
@@ -65,7 +65,7 @@ TEST_F(LocationTreeTest, PropertiesCanBeKeptByADesigner) {
     EXPECT_EQ(m_widget->frameShape(), QFrame::NoFrame);
 }
 
-TEST_F(LocationTreeTest, ItsPropertiesAreKeptInABag) {
+TEST_F(LocationTreeTest, PropertiesAreStoredInABag) {
     Show();
     m_tree->SetBackColor(QColor(1, 2, 3));
     m_tree->SetForeColor(QColor(4, 5, 6));
@@ -85,7 +85,7 @@ TEST_F(LocationTreeTest, ItsPropertiesAreKeptInABag) {
     EXPECT_EQ(other.BorderStyle(), 0);
 }
 
-TEST_F(LocationTreeTest, UntouchedPropertiesAreNotKeptAndBrokenOnesGiveTheInitialValue) {
+TEST_F(LocationTreeTest, DefaultsAreNotStoredAndBrokenValuesGiveTheDefault) {
     Show();
     PropertyBag bag;
     m_tree->WriteProperties(bag);
@@ -102,7 +102,7 @@ TEST_F(LocationTreeTest, UntouchedPropertiesAreNotKeptAndBrokenOnesGiveTheInitia
     EXPECT_EQ(m_tree->BorderStyle(), 1);
 }
 
-TEST_F(LocationTreeTest, InADesignerItShowsNoDataAndNoError) {
+TEST_F(LocationTreeTest, ShowsNoDataAndNoErrorInADesigner) {
     SetInsideDesigner(true);
     Show();
     m_tree->Refresh();

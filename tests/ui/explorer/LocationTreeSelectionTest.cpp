@@ -43,12 +43,12 @@ TEST_F(LocationTreeTest, CollapsingAboveTheSelectedNodeKeepsItCollapsed) {
     EXPECT_EQ(m_tree->SelectedLocation()->ID(), m_shelf);
 }
 
-TEST_F(LocationTreeTest, AReleaseBesideEveryNodeLeavesTheSelection) {
+TEST_F(LocationTreeTest, AReleaseOutsideAllNodesKeepsTheSelection) {
     Show();
     ClickNode("Vault");
     TakeSelected();
     QWidget* viewport = m_widget->viewport();
-    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, PlaceOf("Final Disposition"));
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, CenterOf("Final Disposition"));
     QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(100, 590));
     EXPECT_EQ(CurrentNode(), "Vault");
     EXPECT_EQ(m_tree->SelectedLocation()->ID(), m_vault);
@@ -76,7 +76,7 @@ TEST_F(LocationTreeTest, SettingNothingClearsTheSelectionAndRaisesNothing) {
     EXPECT_THAT(TakeSelected(), IsEmpty());
 }
 
-TEST_F(LocationTreeTest, ALocationWithoutANodeIsSelectedAllTheSame) {
+TEST_F(LocationTreeTest, ALocationWithoutANodeCanBeSelected) {
     const int32_t closed = AddLocation("Closed Wing", 0, false);
     Show();
     TakeSelected();
@@ -86,7 +86,7 @@ TEST_F(LocationTreeTest, ALocationWithoutANodeIsSelectedAllTheSame) {
     EXPECT_EQ(CurrentNode(), "Sign-In Locations");
 }
 
-TEST_F(LocationTreeTest, AClickOnANodeWhoseRowHasGoneSelectsNothing) {
+TEST_F(LocationTreeTest, AClickOnADeletedLocationSelectsNothing) {
     Show();
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_vault});
     GetStorageLocationStatic().Refresh();
@@ -97,10 +97,10 @@ TEST_F(LocationTreeTest, AClickOnANodeWhoseRowHasGoneSelectsNothing) {
     EXPECT_EQ(m_widget->currentItem(), nullptr);
 }
 
-TEST_F(LocationTreeTest, TheHighlightedNodeLooksSelectedAndTheSelectedOneQuiet) {
+TEST_F(LocationTreeTest, TheHighlightedNodeIsPaintedAsFocusedAndTheSelectedOneAsInactive) {
     Show();
     ClickNode("Vault");
-    const QPoint vault = PlaceOf("Vault"), court = PlaceOf("Court");
+    const QPoint vault = CenterOf("Vault"), court = CenterOf("Court");
     const QColor highlight = Theme::Get(Theme::Color::Highlight);
     const auto ground = [this](const QPoint& row) { return PixelAt(Grab(*m_widget->viewport()), {270, row.y()}); };
     EXPECT_EQ(ground(vault), highlight);
@@ -114,7 +114,7 @@ TEST_F(LocationTreeTest, TheHighlightedNodeLooksSelectedAndTheSelectedOneQuiet) 
 TEST_F(LocationTreeTest, TheSelectedRowStaysHighlightedWhileAMenuOrDialogHasTheKeys) {
     Show();
     ClickNode("Vault");
-    const QPoint vault = PlaceOf("Vault");
+    const QPoint vault = CenterOf("Vault");
     const auto ground = [&] { return PixelAt(Grab(*m_widget->viewport()), {270, vault.y()}); };
     QMenu menu;
     menu.addAction("Open");
@@ -175,7 +175,7 @@ TEST_F(LocationTreeTest, ADoubleClickIsRaised) {
     Show();
     int clicks = 0;
     m_tree->DblClick.connect([&] { ++clicks; });
-    DoubleClick(m_widget->viewport(), PlaceOf("Vault"));
+    DoubleClick(m_widget->viewport(), CenterOf("Vault"));
     EXPECT_EQ(clicks, 1);
     EXPECT_EQ(m_tree->SelectedLocation()->ID(), m_vault);
 }

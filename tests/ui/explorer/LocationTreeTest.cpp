@@ -14,7 +14,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST_F(LocationTreeTest, EmptyRootsOfTheUsualCategoriesStandInTheirOrder) {
+TEST_F(LocationTreeTest, EmptyRootsOfTheUsualCategoriesAreShownInOrder) {
     Show();
     EXPECT_THAT(TopNames(), ElementsAre("Sign-In Locations", "Sign-Out Locations", "Final Disposition"));
     const QTreeWidgetItem* empty = Node("Final Disposition");
@@ -33,7 +33,7 @@ TEST_F(LocationTreeTest, AnEmptyInternalRootIsABoldNodeWithoutAnExpander) {
     EXPECT_FALSE(m_widget->model()->hasChildren(m_widget->model()->index(0, 0)));
 }
 
-TEST_F(LocationTreeTest, OtherAndUncategorizedRootsAreShownWhileTheyHoldSomething) {
+TEST_F(LocationTreeTest, OtherAndUncategorizedRootsAreShownUnlessEmpty) {
     m_database.AddLocation("Pending Review", StorageLocationTypes::Other);
     m_database.AddLocation("Old Shelf", StorageLocationTypes::Unassigned);
     Show();
@@ -41,7 +41,7 @@ TEST_F(LocationTreeTest, OtherAndUncategorizedRootsAreShownWhileTheyHoldSomethin
                                         "Other Locations", "Uncategorized Locations"));
 }
 
-TEST_F(LocationTreeTest, ADisabledLocationIsLeftOutWithAllBelowIt) {
+TEST_F(LocationTreeTest, ADisabledLocationIsLeftOutWithEverythingBelowIt) {
     const int32_t closed = AddLocation("Closed Wing", 0, false);
     AddLocation("Closed Shelf", closed);
     Show();
@@ -143,7 +143,7 @@ TEST_F(LocationTreeTest, RefreshAfterADeletionSelectsTheParent) {
     EXPECT_EQ(CurrentNode(), "Aisle 1");
 }
 
-TEST_F(LocationTreeTest, RefreshAfterTheParentHasGoneTooSelectsNothing) {
+TEST_F(LocationTreeTest, RefreshAfterTheParentIsDeletedTooSelectsNothing) {
     Show();
     ClickNode("Shelf A");
     TakeSelected();
@@ -226,7 +226,7 @@ TEST_F(LocationTreeTest, TheTreeFillsTheControl) {
     EXPECT_EQ(m_widget->geometry(), QRect(0, 0, 200, 300));
 }
 
-TEST_F(LocationTreeTest, MarkupInANameIsShownAsItStands) {
+TEST_F(LocationTreeTest, MarkupInANameIsShownAsPlainText) {
     AddLocation("<b>Box</b> & Co");
     Show();
     EXPECT_NE(Node("<b>Box</b> & Co"), nullptr);

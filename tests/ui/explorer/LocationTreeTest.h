@@ -55,13 +55,13 @@ protected:
         return found.isEmpty() ? nullptr : found.first();
     }
 
-    QPoint PlaceOf(const QString& name) const {
+    QPoint CenterOf(const QString& name) const {
         QTreeWidgetItem* node = Node(name);
         for (QTreeWidgetItem* parent = node->parent(); parent; parent = parent->parent()) parent->setExpanded(true);
         return m_widget->visualItemRect(node).center();
     }
-    void ClickNode(const QString& name) { Click(m_widget->viewport(), PlaceOf(name)); }
-    void RightClickNode(const QString& name) { RightClick(m_widget->viewport(), PlaceOf(name)); }
+    void ClickNode(const QString& name) { Click(m_widget->viewport(), CenterOf(name)); }
+    void RightClickNode(const QString& name) { RightClick(m_widget->viewport(), CenterOf(name)); }
     std::string CurrentNode() const {
         return m_widget->currentItem() ? m_widget->currentItem()->text(0).toStdString() : "";
     }

@@ -38,8 +38,8 @@ TEST_F(LocationViewTest, ControlAInTheListSelectsEveryRow) {
 
 TEST_F(LocationViewTest, ADoubleClickOpensTheRow) {
     Show(m_shelf);
-    DoubleClick(Viewport(), PlaceOf("E-1"));
-    DoubleClick(Viewport(), PlaceOf("Bin 1"));
+    DoubleClick(Viewport(), CenterOf("E-1"));
+    DoubleClick(Viewport(), CenterOf("Bin 1"));
     EXPECT_THAT(m_opened, ElementsAre("E-1", "Bin 1"));
 }
 
@@ -52,8 +52,8 @@ TEST_F(LocationViewTest, ADoubleClickOnBlankSpaceOpensNothing) {
 
 TEST_F(LocationViewTest, ARightDoubleClickOpensNothing) {
     Show(m_shelf);
-    QTest::mouseClick(Viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("E-1"));
-    QTest::mouseDClick(Viewport(), Qt::RightButton, Qt::NoModifier, PlaceOf("E-1"));
+    QTest::mouseClick(Viewport(), Qt::RightButton, Qt::NoModifier, CenterOf("E-1"));
+    QTest::mouseDClick(Viewport(), Qt::RightButton, Qt::NoModifier, CenterOf("E-1"));
     EXPECT_THAT(m_opened, IsEmpty());
 }
 
@@ -69,7 +69,7 @@ TEST_F(LocationViewTest, EnterOpensTheRowThatTheKeysOrTheMouseHaveReached) {
 
 TEST_F(LocationViewTest, EnterAfterARightClickOpensOnlyWhatTheKeysReachNext) {
     Show(m_shelf);
-    RightClick(Viewport(), PlaceOf("E-1"));
+    RightClick(Viewport(), CenterOf("E-1"));
     Press(m_list->Tree(), Qt::Key_Return);
     EXPECT_THAT(m_opened, IsEmpty());
     Press(m_list->Tree(), Qt::Key_Down);
@@ -97,7 +97,7 @@ TEST_F(LocationViewTest, EnterOpensNothingRightAfterAReload) {
 TEST_F(LocationViewTest, AFailureToOpenIsShown) {
     Show(m_shelf);
     m_openError = Error(4711, "Owner.Open", "The record is locked.");
-    DoubleClick(Viewport(), PlaceOf("E-1"));
+    DoubleClick(Viewport(), CenterOf("E-1"));
     EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(RecordingScreen::Message{
                                              "Unexpected error loading item: The record is locked.", 16, "Error"}));
 }
@@ -106,7 +106,7 @@ TEST_F(LocationViewTest, ARightClickOnASelectedRowKeepsTheSelection) {
     Show(m_shelf);
     ClickRow("E-1");
     ClickRow("E-2", Qt::ControlModifier);
-    RightClick(Viewport(), PlaceOf("E-1"));
+    RightClick(Viewport(), CenterOf("E-1"));
     EXPECT_THAT(SelectedNames(), ElementsAre("E-1", "E-2"));
     EXPECT_EQ(m_menusAsked, 1);
 }
@@ -115,12 +115,12 @@ TEST_F(LocationViewTest, ARightClickOnAnotherRowSelectsIt) {
     Show(m_shelf);
     ClickRow("E-1");
     ClickRow("E-2", Qt::ControlModifier);
-    RightClick(Viewport(), PlaceOf("Bin 1"));
+    RightClick(Viewport(), CenterOf("Bin 1"));
     EXPECT_THAT(SelectedNames(), ElementsAre("Bin 1"));
     EXPECT_EQ(m_menusAsked, 1);
 }
 
-TEST_F(LocationViewTest, ARightClickOnBlankSpaceClearsTheSelectionAndAsksForAMenu) {
+TEST_F(LocationViewTest, ARightClickOnBlankSpaceClearsTheSelectionAndRequestsAMenu) {
     Show(m_shelf);
     ClickRow("E-1");
     RightClick(Viewport(), blank);
@@ -129,13 +129,13 @@ TEST_F(LocationViewTest, ARightClickOnBlankSpaceClearsTheSelectionAndAsksForAMen
     EXPECT_EQ(m_menusAsked, 1);
 }
 
-TEST_F(LocationViewTest, ALeftClickAsksForNoMenu) {
+TEST_F(LocationViewTest, ALeftClickRequestsNoMenu) {
     Show(m_shelf);
     ClickRow("E-1");
     EXPECT_EQ(m_menusAsked, 0);
 }
 
-TEST_F(LocationViewTest, TheHoldersMenuOpensWithItsDefaultEntry) {
+TEST_F(LocationViewTest, TheMenuOfTheParentOpensWithItsDefaultEntry) {
     Show(m_shelf);
     QMenu menu;
     m_menu = &menu;
@@ -145,11 +145,11 @@ TEST_F(LocationViewTest, TheHoldersMenuOpensWithItsDefaultEntry) {
         seen = true;
         EXPECT_EQ(open.defaultAction(), m_defaultItem);
     });
-    RightClick(Viewport(), PlaceOf("E-1"));
+    RightClick(Viewport(), CenterOf("E-1"));
     EXPECT_TRUE(seen);
 }
 
-TEST_F(LocationViewTest, TheMenuKeyAsksForAMenuOnce) {
+TEST_F(LocationViewTest, TheMenuKeyRequestsAMenuOnce) {
     Show(m_shelf);
     ClickRow("E-1");
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));

@@ -42,7 +42,7 @@ TEST_F(LocationViewTest, ListsSubLocationsThenItemsWithTheirCells) {
     EXPECT_THAT(SelectedNames(), IsEmpty());
 }
 
-TEST_F(LocationViewTest, APropertyAndAVehicleOfOneNumberStandSideBySide) {
+TEST_F(LocationViewTest, APropertyItemAndAVehicleMayHaveTheSameNumber) {
     ASSERT_EQ(m_first, m_vehicle);
     Show(m_shelf);
     EXPECT_EQ(m_list->RowCount(), 5);
@@ -111,7 +111,7 @@ TEST_F(LocationViewTest, TheSameLocationAgainIsNeitherReloadedNorReported) {
     EXPECT_THAT(m_changes, ElementsAre("Shelf A"));
 }
 
-TEST_F(LocationViewTest, NothingAfterNothingIsNoChange) {
+TEST_F(LocationViewTest, NullAfterNullIsNotAChange) {
     m_view->SetLocation(nullptr);
     EXPECT_THAT(m_changes, IsEmpty());
     Show(m_shelf);
@@ -128,7 +128,7 @@ TEST_F(LocationViewTest, RootsOfDifferentCategoriesAreDifferentLocations) {
     EXPECT_EQ(m_list->RowCount(), 0);
 }
 
-TEST_F(LocationViewTest, ItsStatesShowListOrSentence) {
+TEST_F(LocationViewTest, ShowsTheListOrTheEmptyPanel) {
     auto* noItems = Find<GroupBox>(*m_view, "picNoItems");
     EXPECT_TRUE(m_list->IsShown());
     EXPECT_FALSE(noItems->IsShown());
@@ -201,7 +201,7 @@ TEST_F(LocationViewTest, AMarkedRowIsBandedOverItsWholeWidthAlsoAfterScrolling) 
     Show(m_shelf);
     GetActions().BeginTransaction(TransactionType::SignOut, Batch({m_second}));
     const auto edgeOf = [this](const QString& name) {
-        return PixelAt(Grab(*Viewport()), {Viewport()->width() - 1, PlaceOf(name).y()});
+        return PixelAt(Grab(*Viewport()), {Viewport()->width() - 1, CenterOf(name).y()});
     };
     EXPECT_EQ(edgeOf("E-2"), Theme::FromBgr(AccentColor()));
     EXPECT_EQ(edgeOf("E-1"), m_view->BackColor());
@@ -219,7 +219,7 @@ TEST_F(LocationViewTest, AFailingRefreshOfMarksDoesNotFailTheDispatch) {
     EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 1);
 }
 
-TEST_F(LocationViewTest, AFailureToLoadGoesBackToTheCaller) {
+TEST_F(LocationViewTest, AFailureToLoadIsRethrownToTheCaller) {
     Show(m_empty);
     auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
@@ -246,7 +246,7 @@ TEST_F(LocationViewTest, RowsAddedBeforeAFailureStay) {
     EXPECT_THAT(Names(), ElementsAre("Bin 1", "Bin 2"));
 }
 
-TEST_F(LocationViewTest, ADeletedLocationFailsWithItsSentence) {
+TEST_F(LocationViewTest, ADeletedLocationRaisesItsError) {
     const StorageLocationRef shelf = LocationOf(m_empty);
     m_view->SetLocation(shelf);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_empty});
@@ -260,7 +260,7 @@ TEST_F(LocationViewTest, ADeletedLocationFailsWithItsSentence) {
     }
 }
 
-TEST_F(LocationViewTest, TheListFillsTheViewAndTheSentenceStandsInItsMiddle) {
+TEST_F(LocationViewTest, TheListFillsTheViewAndTheEmptyPanelIsCentered) {
     auto* noItems = Find<GroupBox>(*m_view, "picNoItems");
     for (const QSize size : {QSize(1000, 500), QSize(640, 301)}) {
         m_view->resize(size);
@@ -270,7 +270,7 @@ TEST_F(LocationViewTest, TheListFillsTheViewAndTheSentenceStandsInItsMiddle) {
     }
 }
 
-TEST_F(LocationViewTest, TheLastColumnTakesWhatTheOthersLeave) {
+TEST_F(LocationViewTest, TheLastColumnTakesTheRemainingWidth) {
     const int scrollBar = m_list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list);
     const auto others = [this] { return m_list->ColumnWidth(0) + m_list->ColumnWidth(1) + m_list->ColumnWidth(2); };
     m_view->resize(1200, 500);
@@ -280,7 +280,7 @@ TEST_F(LocationViewTest, TheLastColumnTakesWhatTheOthersLeave) {
     EXPECT_EQ(m_list->ColumnWidth(3), before);
 }
 
-TEST_F(LocationViewTest, TheBackColorIsEverywhere) {
+TEST_F(LocationViewTest, TheBackColorAppliesToAllParts) {
     Show(m_shelf);
     EXPECT_EQ(m_view->BackColor(), m_view->palette().color(QPalette::Base));
     EXPECT_TRUE(m_view->setProperty("BackColor", QColor(Qt::yellow)));
@@ -291,7 +291,7 @@ TEST_F(LocationViewTest, TheBackColorIsEverywhere) {
     EXPECT_EQ(PixelAt(Grab(*Viewport()), blank), m_view->palette().color(QPalette::Base));
 }
 
-TEST_F(LocationViewTest, ItsBackColorIsKeptInABag) {
+TEST_F(LocationViewTest, TheBackColorIsStoredInABag) {
     PropertyBag bag;
     m_view->WriteProperties(bag);
     EXPECT_FALSE(bag.Has("BackColor"));
@@ -305,7 +305,7 @@ TEST_F(LocationViewTest, ItsBackColorIsKeptInABag) {
     EXPECT_EQ(other.BackColor(), other.palette().color(QPalette::Base));
 }
 
-TEST_F(LocationViewTest, InADesignerItShowsOnlyItsName) {
+TEST_F(LocationViewTest, ShowsOnlyItsNameInADesigner) {
     SetInsideDesigner(true);
     LocationView view;
     view.setObjectName("ItemPane1");
@@ -315,7 +315,7 @@ TEST_F(LocationViewTest, InADesignerItShowsOnlyItsName) {
     EXPECT_FALSE(Find<GroupBox>(*m_view, "picPlaceholder")->IsShown());
 }
 
-TEST_F(LocationViewTest, MarkupInAnItemIsShownAsItStands) {
+TEST_F(LocationViewTest, MarkupInAnItemIsShownAsPlainText) {
     AddItem("<b>x</b>", m_shelf);
     Show(m_shelf);
     EXPECT_EQ(m_list->CellText(RowOf("<b>x</b>"), nameColumn), "<b>x</b>");

@@ -77,11 +77,11 @@ protected:
     }
 
     QWidget* Viewport() const { return m_list->Tree()->viewport(); }
-    QPoint PlaceOf(const QString& name) const {
+    QPoint CenterOf(const QString& name) const {
         return m_list->Tree()->visualItemRect(m_list->Tree()->topLevelItem(RowOf(name))).center();
     }
     void ClickRow(const QString& name, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::mouseClick(Viewport(), Qt::LeftButton, modifiers, PlaceOf(name));
+        QTest::mouseClick(Viewport(), Qt::LeftButton, modifiers, CenterOf(name));
     }
     static constexpr QPoint blank{300, 440};
 

@@ -8,7 +8,7 @@
 namespace quellbrook::testing {
 namespace {
 
-TEST_F(SearchResultListTest, APixelOnARowsEdgeBelongsToNoRow) {
+TEST_F(SearchResultListTest, APixelOnARowsEdgeHitsNoRow) {
     m_list->SetItems(MakeItems(3));
     EXPECT_EQ(m_list->HitTestRow(ToTwips(300), ToTwips(99)), 0);
     EXPECT_EQ(m_list->HitTestRow(ToTwips(300), ToTwips(100)), -1);
@@ -21,7 +21,7 @@ TEST_F(SearchResultListTest, AClickSelectsAndOneBetweenRowsDoesNot) {
     auto items = MakeItems(3);
     m_list->SetItems(items);
     TrySetFocus(m_other);
-    Click(Container(), CentreOfRow(2));
+    Click(Container(), CenterOfRow(2));
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
     EXPECT_TRUE(m_list->hasFocus());
     EXPECT_EQ(HighlightedRow(), 2);
@@ -29,14 +29,14 @@ TEST_F(SearchResultListTest, AClickSelectsAndOneBetweenRowsDoesNot) {
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
 }
 
-TEST_F(SearchResultListTest, AClickOnAFieldCountsForItsRow) {
+TEST_F(SearchResultListTest, AClickOnAFieldSelectsItsRow) {
     auto items = MakeItems(3);
     m_list->SetItems(items);
     Click(Find<Label>(Row(1), "lblID"));
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
 }
 
-TEST_F(SearchResultListTest, ARightClickSelectsTheRowBeforeTheMenuComes) {
+TEST_F(SearchResultListTest, ARightClickSelectsTheRowBeforeTheMenuOpens) {
     auto items = MakeItems(3);
     m_list->SetItems(items);
     StoredItemRef selected;
@@ -47,10 +47,10 @@ TEST_F(SearchResultListTest, ARightClickSelectsTheRowBeforeTheMenuComes) {
         EXPECT_EQ(defaultItem, nullptr);
         selected = m_list->SelectedItem();
     });
-    RightClick(Container(), CentreOfRow(2));
+    RightClick(Container(), CenterOfRow(2));
     EXPECT_EQ(raised, 1);
     EXPECT_EQ(selected, items->ItemAt(2));
-    Click(Container(), CentreOfRow(1));
+    Click(Container(), CenterOfRow(1));
     EXPECT_EQ(raised, 1);
     RightClick(Container(), QPoint(300, RowPixels));
     EXPECT_EQ(raised, 1);
@@ -72,7 +72,7 @@ TEST_F(SearchResultListTest, TheRowStaysHighlightedWhileItsMenuIsOpen) {
             menu.close();
         });
     });
-    RightClick(Container(), CentreOfRow(1));
+    RightClick(Container(), CenterOfRow(1));
     EXPECT_EQ(highlighted, 1);
     EXPECT_EQ(HighlightedRow(), 1);
 }
@@ -91,7 +91,7 @@ TEST_F(SearchResultListTest, WithoutTheFocusNoRowIsHighlightedButTheSelectionSta
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
 }
 
-TEST_F(SearchResultListTest, AWindowInFrontDoesNotTakeTheHighlight) {
+TEST_F(SearchResultListTest, AWindowInFrontDoesNotClearTheHighlight) {
     m_list->SetItems(MakeItems(3));
     QWidget front;
     QWidget field(&front);
@@ -105,20 +105,20 @@ TEST_F(SearchResultListTest, AWindowInFrontDoesNotTakeTheHighlight) {
     EXPECT_EQ(HighlightedRow(), 0);
 }
 
-TEST_F(SearchResultListTest, DoubleClickAndBothEnterKeysAskToOpen) {
+TEST_F(SearchResultListTest, DoubleClickAndBothEnterKeysRequestToOpen) {
     auto items = MakeItems(3);
     m_list->SetItems(items);
     std::vector<StoredItemRef> opened;
     QObject::connect(m_list, &SearchResultList::ItemOpenRequest, m_list,
                      [&](const StoredItemRef& item) { opened.push_back(item); });
-    DoubleClick(Container(), CentreOfRow(2));
+    DoubleClick(Container(), CenterOfRow(2));
     Press(m_list, Qt::Key_Return);
     Press(m_list, Qt::Key_Enter, Qt::KeypadModifier);
     DoubleClick(Container(), QPoint(300, RowPixels));
     EXPECT_EQ(opened, std::vector<StoredItemRef>(3, items->ItemAt(2)));
 }
 
-TEST_F(SearchResultListTest, EnterInAnEmptyListAsksNothing) {
+TEST_F(SearchResultListTest, EnterInAnEmptyListOpensNothing) {
     m_list->SetItems(MakeItems(0));
     int raised = 0;
     QObject::connect(m_list, &SearchResultList::ItemOpenRequest, m_list, [&](const StoredItemRef&) { ++raised; });
@@ -162,7 +162,7 @@ TEST_F(SearchResultListTest, ValidatingTheLastRowRefusesRightAndDownAndScrollsOn
     EXPECT_EQ(Bar()->Value(), 2);
 }
 
-TEST_F(SearchResultListTest, WithNoArrowDownTheFocusMayGo) {
+TEST_F(SearchResultListTest, WithoutAnArrowKeyTheFocusMayLeave) {
     m_list->SetItems(MakeItems(9));
     m_environment->isKeyDown = [](int) { return false; };
     EXPECT_FALSE(m_list->ValidateRow(0));

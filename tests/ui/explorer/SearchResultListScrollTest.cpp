@@ -97,7 +97,7 @@ TEST_F(SearchResultListTest, TheListFollowsTheThumb) {
     Bar()->Bar()->setSliderDown(false);
 }
 
-TEST_F(SearchResultListTest, BottomGoesToTheTop) {
+TEST_F(SearchResultListTest, TheBottomCommandScrollsToTheTop) {
     m_list->SetItems(MakeItems(30));
     Bar()->SetValue(7);
     Bar()->Bar()->triggerAction(QAbstractSlider::SliderToMaximum);

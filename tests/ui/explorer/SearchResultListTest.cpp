@@ -27,17 +27,17 @@ TEST_F(SearchResultListTest, EmptyCollectionShowsThePanelAlone) {
     EXPECT_TRUE(Empty()->IsShown());
     EXPECT_EQ(Empty()->Title()->Caption(), "No items found.");
     EXPECT_EQ(Empty()->Sentence()->Caption(), "Check for typos in your search filter, or try a different search term.");
-    ExpectCentred(*Empty());
+    ExpectCentered(*Empty());
     EXPECT_FALSE(TooMany()->IsShown());
     EXPECT_FALSE(m_list->isEnabled());
     EXPECT_EQ(m_list->SelectedItem(), nullptr);
 }
 
-TEST_F(SearchResultListTest, PanelsStayCentredAtEverySize) {
+TEST_F(SearchResultListTest, PanelsAreCenteredAtEverySize) {
     for (const double rows : {3.0, 5.5}) {
         SetHeightInRows(rows);
-        ExpectCentred(*Empty());
-        ExpectCentred(*TooMany());
+        ExpectCentered(*Empty());
+        ExpectCentered(*TooMany());
     }
 }
 
@@ -54,7 +54,7 @@ TEST_F(SearchResultListTest, LimitIsReachedWithOneItemMore) {
     EXPECT_EQ(TooMany()->Title()->Caption(), "Too many results.");
     EXPECT_EQ(TooMany()->Sentence()->Caption(),
               "There are too many results to display here. Please narrow your search.");
-    ExpectCentred(*TooMany());
+    ExpectCentered(*TooMany());
     EXPECT_FALSE(Empty()->IsShown());
     EXPECT_FALSE(m_list->isEnabled());
     EXPECT_EQ(m_list->SelectedItem(), nullptr);
@@ -108,7 +108,7 @@ TEST_F(SearchResultListTest, OneItemIsSelectedAndTheListHasTheFocus) {
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
 }
 
-TEST_F(SearchResultListTest, AListThatIsNotSeenSelectsButTakesNoFocus) {
+TEST_F(SearchResultListTest, AHiddenListSelectsButTakesNoFocus) {
     m_list->hide();
     TrySetFocus(m_other);
     m_list->SetItems(MakeItems(2));
@@ -125,7 +125,7 @@ TEST_F(SearchResultListTest, NoRowInViewMeansNoSelection) {
     EXPECT_EQ(RaisedBy([&] { m_list->SelectedItem(); }).Number(), ErrorNumber::SubscriptOutOfRange);
 }
 
-TEST_F(SearchResultListTest, ScrollingKeepsNoMoreRowsThanFit) {
+TEST_F(SearchResultListTest, ScrollingNeedsNoMoreRowsThanFit) {
     auto items = MakeItems(200);
     m_list->SetItems(items);
     std::mt19937 random(7);
@@ -139,7 +139,7 @@ TEST_F(SearchResultListTest, ScrollingKeepsNoMoreRowsThanFit) {
     EXPECT_EQ(m_list->Rows().size(), 4u);
 }
 
-TEST_F(SearchResultListTest, ScrollingByOneFillsOneRowAnew) {
+TEST_F(SearchResultListTest, ScrollingByOneFillsOneRow) {
     m_list->SetItems(MakeItems(30));
     for (size_t i = 0; i < 4; ++i) Find<Label>(Row(i), "lblID")->SetCaption("filled before");
     Bar()->SetValue(1);
@@ -149,7 +149,7 @@ TEST_F(SearchResultListTest, ScrollingByOneFillsOneRowAnew) {
     EXPECT_EQ(Find<Label>(Row(0), "lblID")->Caption(), "E-2");
 }
 
-TEST_F(SearchResultListTest, ScrollingShowsWhatTheBatchMadeRowsReadAnew) {
+TEST_F(SearchResultListTest, ScrollingFillsRowsRefreshedByTheBatch) {
     std::vector<StoredItemRef> items;
     for (int i = 0; i < 8; ++i) items.push_back(AddProperty("E-" + std::to_string(i), "before", shelf));
     m_list->SetItems(std::make_shared<ItemVector>(items));
@@ -185,7 +185,7 @@ TEST_F(SearchResultListTest, RowsTakeTheWidthLeftOfTheBar) {
     }
 }
 
-TEST_F(SearchResultListTest, AFailureOfAnItemReachesTheHolder) {
+TEST_F(SearchResultListTest, AFailureOfAnItemReachesTheParent) {
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
     auto items = MakeItems(3);
@@ -217,7 +217,7 @@ private:
     std::shared_ptr<Engine> m_inner;
 };
 
-TEST_F(SearchResultListTest, OneReportSpeaksForAllRowsThatCannotBeReadAnew) {
+TEST_F(SearchResultListTest, OnlyOneRowReportsThatItemsCannotBeRefreshed) {
     m_list->SetItems(MakeItems(4));
     const auto engine = m_database.GetEngine();
     m_database.Install(std::make_shared<DeadEngine>(engine));
@@ -233,7 +233,7 @@ TEST_F(SearchResultListTest, OneReportSpeaksForAllRowsThatCannotBeReadAnew) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(SearchResultListTest, NewItemsBeginAtTheTop) {
+TEST_F(SearchResultListTest, NewItemsStartAtTheTop) {
     m_list->SetItems(MakeItems(30));
     Bar()->SetValue(20);
     auto items = MakeItems(10);
@@ -259,7 +259,7 @@ TEST_F(SearchResultListTest, ALiveCollectionThatShrankIsTolerated) {
     EXPECT_EQ(m_list->SelectedItem(), nullptr);
 }
 
-TEST_F(SearchResultListTest, InsideADesignerTheControlShowsItsName) {
+TEST_F(SearchResultListTest, ShowsItsNameInADesigner) {
     SetInsideDesigner(true);
     SearchResultList list;
     list.setObjectName("itemList");

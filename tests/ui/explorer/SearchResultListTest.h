@@ -47,7 +47,7 @@ protected:
         return shown;
     }
 
-    // The position of the one row that is shown as selected; -1 when none is.
+    // The position of the one row that is shown as selected; -1 if none is.
     int HighlightedRow() {
         int found = -1;
         for (size_t i = 0; i < m_list->Rows().size(); ++i) {
@@ -58,7 +58,7 @@ protected:
         return found;
     }
 
-    // Element i of the rows stands at place i and shows item first + i.
+    // Row i is at position i and shows item first + i.
     void ExpectRowsInOrder(const StoredItemList& items) {
         const int first = m_list->FirstVisibleIndex();
         for (int i = 0; i < ShownRows(); ++i) {
@@ -72,12 +72,12 @@ protected:
         }
     }
 
-    void ExpectCentred(const Control& panel) {
+    void ExpectCentered(const Control& panel) {
         EXPECT_EQ(panel.Left(), m_list->Width() / 2 - panel.Width() / 2);
         EXPECT_EQ(panel.Top(), m_list->Height() / 2 - panel.Height() / 2);
     }
 
-    QPoint CentreOfRow(int i) { return QPoint(300, i * RowPixels + RowPixels / 2); }
+    QPoint CenterOfRow(int i) { return QPoint(300, i * RowPixels + RowPixels / 2); }
 
     QWidget m_window;
     SearchResultList* m_list = nullptr;

@@ -89,7 +89,7 @@ TEST_F(SearchResultRowTest, NoRelatedCasesReadAsNone) {
     EXPECT_EQ(Text("lblRelatedCases"), "(None)");
 }
 
-TEST_F(SearchResultRowTest, RelatedCasesStandInTheItemsOrder) {
+TEST_F(SearchResultRowTest, RelatedCasesAreInTheItemsOrder) {
     LinkIncident(m_laptop, "2026-0417", "C-26-1182");
     LinkIncident(m_laptop, "2026-0388", "C-26-1090");
     m_row.SetItem(m_laptop);
@@ -146,7 +146,7 @@ TEST_F(SearchResultRowTest, LosingTheFocusGivesEachFieldItsFirstColourBack) {
     EXPECT_EQ(Status()->Color(), tagColor);
 }
 
-TEST_F(SearchResultRowTest, ANewPaletteReachesTheFields) {
+TEST_F(SearchResultRowTest, FieldsFollowANewPalette) {
     m_row.show();
     m_row.SetItem(m_laptop);
     m_row.SetFocused(true);
@@ -160,7 +160,7 @@ TEST_F(SearchResultRowTest, ANewPaletteReachesTheFields) {
     EXPECT_EQ(LabelOf("lblID")->ForeColor(), Theme::Get(Theme::Color::Text));
 }
 
-TEST_F(SearchResultRowTest, GroundAndIconFollowFocusAndBatch) {
+TEST_F(SearchResultRowTest, BackgroundAndIconFollowFocusAndBatch) {
     m_row.SetItem(m_laptop);
     EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Window));
     EXPECT_EQ(Icon(), "tag");
@@ -187,7 +187,7 @@ TEST_F(SearchResultRowTest, RowTurnsPaleWhenItsItemEntersTheBatchAndBackWhenItLe
     EXPECT_EQ(Icon(), "tag");
 }
 
-TEST_F(SearchResultRowTest, DividerStandsHalfwayBetweenLocationAndCategory) {
+TEST_F(SearchResultRowTest, DividerIsHalfwayBetweenLocationAndCategory) {
     m_row.SetItem(m_laptop);
     const Label* location = LabelOf("lblLocation");
     const int x = location->geometry().right() + 1 + 8;
@@ -202,7 +202,7 @@ TEST_F(SearchResultRowTest, DividerStandsHalfwayBetweenLocationAndCategory) {
     EXPECT_EQ(PixelAt(Grab(m_row), QPoint(x, start - 1)), QColor(WhiteText));
 }
 
-TEST_F(SearchResultRowTest, AChangeOfTheBatchReadsTheItemAnew) {
+TEST_F(SearchResultRowTest, AChangeOfTheBatchRefreshesTheItem) {
     m_row.SetItem(m_laptop);
     EXPECT_TRUE(m_row.IsUpToDate());
     m_database.Execute("UPDATE Property SET Description = 'Laptop, found open' WHERE PropertyNo = " +
@@ -224,7 +224,7 @@ TEST_F(SearchResultRowTest, AFailureLeavesTheFieldsSetSoFarAndTheFormerItem) {
     other->Location();
     const int before = faults->StatementCount();
     other->CategoryName();
-    // The next thing that the item asks for is its incidents.
+    // The item loads its incidents next.
     faults->FailAtStatement(faults->StatementCount() - before + 1, Error(7, "Engine", "The link is down."));
     const Error error = RaisedBy([&] { m_row.SetItem(other); });
     EXPECT_EQ(error.Number(), 7);
@@ -235,7 +235,7 @@ TEST_F(SearchResultRowTest, AFailureLeavesTheFieldsSetSoFarAndTheFormerItem) {
     EXPECT_FALSE(m_row.IsUpToDate());
 }
 
-TEST_F(SearchResultRowTest, AnItemThatCannotBeReadAnewLeavesOtherRowsServed) {
+TEST_F(SearchResultRowTest, AnItemThatCannotBeRefreshedDoesNotAffectOtherRows) {
     SearchResultRow second;
     const StoredItemRef other = AddProperty("E-2", "Pry bar", shelf);
     m_row.SetItem(m_laptop);
@@ -260,7 +260,7 @@ TEST_F(SearchResultRowTest, ARetiredRowNoLongerFollowsTheBatch) {
     EXPECT_TRUE(m_row.IsUpToDate());
 }
 
-TEST_F(SearchResultRowTest, MarkupInAnItemShowsAsItStands) {
+TEST_F(SearchResultRowTest, MarkupInAnItemIsShownAsPlainText) {
     m_row.SetItem(AddProperty("<b>x</b>", "A & B <img src='x'>", shelf));
     EXPECT_EQ(Text("lblID"), "<b>x</b>");
     EXPECT_EQ(Text("lblDescription"), "A & B <img src='x'>");

@@ -7,7 +7,7 @@
 namespace quellbrook::testing {
 namespace {
 
-TEST(ActionTag, ShortCaptionStandsInOneLine) {
+TEST(ActionTag, AShortCaptionIsOneLine) {
     ActionTag tag;
     tag.SetWidth(1380);
     tag.SetCaption("Signed Out");

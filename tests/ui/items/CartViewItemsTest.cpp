@@ -35,11 +35,11 @@ TEST_F(CartViewTest, TheMenuOffersOpenByDefaultWhichDoesNothing) {
     RightClick(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
     EXPECT_TRUE(opened);
     EXPECT_EQ(List()->SelectedItem(), m_bar);
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(CartViewTest, RemovingAsksAndTakesTheItemOut) {
+TEST_F(CartViewTest, RemovingAsksAndRemovesTheItem) {
     BeginSignOut();
     m_screen.AnswerNext(MessageAnswer::Yes);
     Entry("mnuRemove")->trigger();
@@ -51,7 +51,7 @@ TEST_F(CartViewTest, RemovingAsksAndTakesTheItemOut) {
     EXPECT_TRUE(Cart()->IsItemInCart(m_bar));
     EXPECT_EQ(Text("lblItemCount"), " (1)");
     EXPECT_EQ(List()->SelectedItem(), m_bar);
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
 }
 
 TEST_F(CartViewTest, TheQuestionNamesAVehicle) {
@@ -81,7 +81,7 @@ TEST_F(CartViewTest, RemovingTheLastItemEndsTheTransferAndGoesBack) {
     ASSERT_EQ(m_screen.Messages().size(), 1u);
     EXPECT_EQ(m_screen.Messages().front().title, "Confirm Remove");
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
-    EXPECT_FALSE(IsOnShow());
+    EXPECT_FALSE(IsCurrent());
 }
 
 TEST_F(CartViewTest, AnItemCanBeRemovedThroughTheMenuItself) {

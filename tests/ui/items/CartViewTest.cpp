@@ -43,7 +43,7 @@ TEST_F(CartViewTest, AnyOtherTypeLeavesTitleButtonAndPickerAsTheyAre) {
     EXPECT_EQ(Text("lblItemCount"), " (1)");
 }
 
-TEST_F(CartViewTest, TheSentenceStandsInItsOrder) {
+TEST_F(CartViewTest, TheFieldsAreInOrder) {
     BeginSignOut();
     const char* lines[] = {"Label4", "receivedFromField", "Label3", "receivedByField",
                            "Label2", "locationField",     "Label1", "reasonField"};
@@ -87,7 +87,7 @@ TEST_F(CartViewTest, AFirstShowWithoutATransactionShowsAnEmptyBatch) {
     EXPECT_TRUE(Named("picNoResults")->IsShown());
 }
 
-TEST_F(CartViewTest, AChangeOfTheStoreReplacesWhatWasChosen) {
+TEST_F(CartViewTest, AChangeOfTheStoreReplacesTheUsersChoices) {
     BeginSignOut();
     FillForm(crimeLab);
     GetActions().RemoveFromCart(m_bar);
@@ -112,7 +112,7 @@ TEST_F(CartViewTest, TheStoresTransferDataFillsTheForm) {
     EXPECT_EQ(Destination()->SelectedLocation()->ID(), digitalForensics);
 }
 
-TEST_F(CartViewTest, WithoutATransactionAChangeLeavesTheViewAsItStands) {
+TEST_F(CartViewTest, WithoutATransactionAChangeDoesNotAffectTheView) {
     BeginSignOut();
     FillForm(crimeLab);
     GetActions().CancelTransaction();

@@ -69,7 +69,7 @@ protected:
         const QWidget* focused = QApplication::focusWidget();
         return focused && (focused == control || control->isAncestorOf(focused));
     }
-    bool IsOnShow() { return GetStores().View->ViewName() == ViewNames::Cart; }
+    bool IsCurrent() { return GetStores().View->ViewName() == ViewNames::Cart; }
 
     QWidget m_window;
     CartView* m_view = nullptr;

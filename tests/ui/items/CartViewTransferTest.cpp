@@ -9,8 +9,8 @@ namespace quellbrook::testing {
 namespace {
 
 const RecordingScreen::Message NoItems = {
-    "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a barcode scanner, or go "
-    "back to the main screen to select items manually.",
+    "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a barcode scanner, or "
+    "go back to the main screen to select items manually.",
     16, "No items to transfer"};
 const RecordingScreen::Message NoDestination = {"Please specify where this evidence is going.", 16,
                                                 "Missing destination"};
@@ -30,10 +30,10 @@ TEST_F(CartViewTest, AnEmptyBatchIsReportedAndTheFocusLeftAlone) {
     Transfer()->Click();
     EXPECT_EQ(m_screen.TakeMessages(), Messages{NoItems});
     EXPECT_EQ(QApplication::focusWidget(), before);
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
 }
 
-TEST_F(CartViewTest, EachFaultIsReportedInItsOrderAndItsFieldTakesTheFocus) {
+TEST_F(CartViewTest, FaultsAreReportedInOrderAndTheFieldGetsTheFocus) {
     BeginSignOut();
     const std::string before = m_database.Snapshot();
     Transfer()->setFocus();
@@ -56,10 +56,10 @@ TEST_F(CartViewTest, EachFaultIsReportedInItsOrderAndItsFieldTakesTheFocus) {
     EXPECT_EQ(m_screen.TakeMessages(), Messages{NoReason});
     EXPECT_TRUE(HasFocus(Reason()));
     EXPECT_EQ(m_database.Snapshot(), before);
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
 }
 
-TEST_F(CartViewTest, ATransferWritesOneRowAnItemAndGoesBack) {
+TEST_F(CartViewTest, ATransferWritesOneRowForEachItemAndGoesBack) {
     const StoredItemRef car = AddVehicle("KTR4821", shelf);
     Begin(TransactionType::SignOut, {m_bar, car});
     FillForm(digitalForensics);
@@ -93,13 +93,13 @@ TEST_F(CartViewTest, ATransferWritesOneRowAnItemAndGoesBack) {
               1);
 }
 
-TEST_F(CartViewTest, TheSameOfficerMayGiveAndTake) {
+TEST_F(CartViewTest, TheSameOfficerMayTransferAndReceive) {
     BeginSignOut();
     FillForm(crimeLab);
     By()->SetValue(11);
     Transfer()->Click();
     EXPECT_TRUE(m_screen.Messages().empty());
-    EXPECT_FALSE(IsOnShow());
+    EXPECT_FALSE(IsCurrent());
 }
 
 TEST_F(CartViewTest, AFailedTransferMovesNothingClearsTheBatchAndGoesBack) {
@@ -138,7 +138,7 @@ TEST_F(CartViewTest, AnErrorBeforeTheTransferIsReportedAndTheViewStays) {
               (Messages{{"An unexpected error occurred while transferring these items. No items were moved in the "
                          "system.\r\n\r\nlocationField has not been loaded yet. Call LoadLocations first.",
                          16, "Unexpected error"}}));
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
     EXPECT_FALSE(Cart()->IsEmpty());
     EXPECT_EQ(Text("lblItemCount"), " (1)");
 }
@@ -152,7 +152,7 @@ TEST_F(CartViewTest, NothingIsDisposedOfWithoutAFinalDisposition) {
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_EQ(messages.front().title, "Unexpected error");
     EXPECT_EQ(m_database.Snapshot(), before);
-    EXPECT_TRUE(IsOnShow());
+    EXPECT_TRUE(IsCurrent());
     EXPECT_TRUE(Cart()->IsItemInCart(m_laptop));
     EXPECT_EQ(From()->Value(), TaggedValue(11));
 }
@@ -180,7 +180,7 @@ TEST_F(CartViewTest, CancelAnsweredWithYesEmptiesTheBatchAndGoesBack) {
     Click(Cancel());
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
     EXPECT_TRUE(Cart()->IsEmpty());
-    EXPECT_FALSE(IsOnShow());
+    EXPECT_FALSE(IsCurrent());
 }
 
 TEST_F(CartViewTest, CancelAnsweredWithNoGoesBackAndKeepsTheBatch) {
@@ -189,7 +189,7 @@ TEST_F(CartViewTest, CancelAnsweredWithNoGoesBackAndKeepsTheBatch) {
     elsewhere.SetItem(m_laptop);
     m_screen.AnswerNext(MessageAnswer::No);
     Click(Cancel());
-    EXPECT_FALSE(IsOnShow());
+    EXPECT_FALSE(IsCurrent());
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::SignOut);
     EXPECT_EQ(Cart()->GetItems()->Count(), 2);
     EXPECT_TRUE(elsewhere.InCart());
@@ -198,12 +198,12 @@ TEST_F(CartViewTest, CancelAnsweredWithNoGoesBackAndKeepsTheBatch) {
 TEST_F(CartViewTest, CloseGoesBackAndKeepsTheBatch) {
     BeginSignOut();
     Click(Named("lnkClose"));
-    EXPECT_FALSE(IsOnShow());
+    EXPECT_FALSE(IsCurrent());
     EXPECT_EQ(Cart()->GetItems()->Count(), 2);
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(CartViewTest, AViewDestroyedBehindAMessageEndsQuietly) {
+TEST_F(CartViewTest, TheViewCanBeDestroyedBehindAMessage) {
     BeginSignOut();
     m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) { delete m_view; };
     Transfer()->Click();

@@ -74,7 +74,7 @@ TEST_F(StoredItemViewTest, EveryItemStartsOnDetails) {
     EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Pry bar");
 }
 
-TEST_F(StoredItemViewTest, WithoutAnItemTheViewKeepsWhatItShowed) {
+TEST_F(StoredItemViewTest, WithoutAnItemTheViewDoesNotChange) {
     Open(m_laptop);
     Tabs()->SetSelectedIndex(1);
     m_view->Show(std::make_shared<Dictionary>());
@@ -83,7 +83,7 @@ TEST_F(StoredItemViewTest, WithoutAnItemTheViewKeepsWhatItShowed) {
     EXPECT_EQ(Tabs()->SelectedIndex(), 1);
 }
 
-TEST_F(StoredItemViewTest, AParameterThatIsNoItemIsRefused) {
+TEST_F(StoredItemViewTest, AParameterThatIsNotAnItemIsRefused) {
     auto parameters = std::make_shared<Dictionary>();
     parameters->Set("Item", std::make_shared<Dictionary>());
     EXPECT_EQ(RaisedBy([&] { m_view->Show(parameters); }).Number(), ErrorNumber::TypeMismatch);
@@ -151,7 +151,7 @@ TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
     EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Laptop computer");
 }
 
-TEST_F(StoredItemViewTest, WithNoItemYetTheLinkSaysSo) {
+TEST_F(StoredItemViewTest, TheLinkReportsAMissingItem) {
     Click(Named("lnkOpenInTessarine"));
     ASSERT_EQ(m_screen.Messages().size(), 1u);
     EXPECT_EQ(m_screen.Messages().front().prompt,
@@ -181,7 +181,7 @@ TEST_F(StoredItemViewTest, AnItemLoadedWhileAChainIsBuiltStays) {
               std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" + std::to_string(other->ID())});
 }
 
-TEST_F(StoredItemViewTest, AViewDestroyedWhileAChainIsBuiltEndsQuietly) {
+TEST_F(StoredItemViewTest, TheViewCanBeDestroyedWhileAChainIsBuilt) {
     for (int i = 0; i < 12; ++i) m_database.AddCustodyRow(StoredItemTypes::Property, m_laptop->ID(), shelf);
     QTimer::singleShot(0, &m_window, [&] { delete m_view; });
     Open(m_laptop);
@@ -195,7 +195,7 @@ TEST_F(StoredItemViewTest, TheTabsComeFirstInTheTabOrder) {
     EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "searchResult", "lnkOpenInTessarine", "lnkClose"}));
 }
 
-TEST_F(StoredItemViewTest, MarkupInAnItemShowsAsItStands) {
+TEST_F(StoredItemViewTest, MarkupInAnItemIsShownAsPlainText) {
     Open(AddProperty("<b>x</b>", "A & B", shelf));
     EXPECT_EQ(LabelOf("lblID")->Caption(), "<b>x</b>");
     EXPECT_EQ(LabelOf("lblDescription")->Caption(), "A & B");

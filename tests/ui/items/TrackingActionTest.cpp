@@ -11,7 +11,7 @@ class TrackingActionTest : public SmallDepartment {
 protected:
     TrackingActionTest() { uncategorised = m_database.AddLocation("Old Cage", Types::Unassigned); }
 
-    // The action of a record at one place whose former record was at another; no former record for a negative place.
+    // The action of a record at one location after a record at another; no earlier record for a negative one.
     TrackingAction Action(int32_t place, int32_t before) {
         TrackingRecord record;
         record.SetRow(Row::Of({{"StorageLocNo", place > 0 ? TaggedValue(place) : TaggedValue(Null())}}));
@@ -34,7 +34,7 @@ TEST_F(TrackingActionTest, NoLocationIsUnknownWhateverCameBefore) {
     for (const int32_t before : {noRecord, nowhere, shelf, crimeLab}) EXPECT_EQ(Action(nowhere, before), unknown);
 }
 
-TEST_F(TrackingActionTest, ALocationWhoseRowHasGoneIsUnknown) { EXPECT_EQ(Action(987654, shelf), unknown); }
+TEST_F(TrackingActionTest, ADeletedLocationIsUnknown) { EXPECT_EQ(Action(987654, shelf), unknown); }
 
 TEST_F(TrackingActionTest, StorageAfterStorageIsAMove) {
     EXPECT_EQ(Action(shelf, aisle), moved);

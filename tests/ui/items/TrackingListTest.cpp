@@ -69,7 +69,7 @@ protected:
         for (const TrackingResult* row : m_list->Rows()) shown += row->IsShown();
         return shown;
     }
-    QPoint CentreOfRow(int i) { return QPoint(300, i * RowPixels + RowPixels / 2); }
+    QPoint CenterOfRow(int i) { return QPoint(300, i * RowPixels + RowPixels / 2); }
 
     QWidget m_window;
     TrackingList* m_list = nullptr;
@@ -83,7 +83,7 @@ TEST_F(TrackingListTest, RefusesNoRecords) {
     EXPECT_EQ(RaisedBy([&] { m_list->SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
 }
 
-TEST_F(TrackingListTest, ARowARecord) {
+TEST_F(TrackingListTest, ShowsOneRowForEachRecord) {
     const auto records = Records(3);
     m_list->SetRecords(records);
     ASSERT_EQ(m_list->Rows().size(), 3u);
@@ -138,7 +138,7 @@ TEST_F(TrackingListTest, WithoutTheRightNoRowIsBuilt) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(TrackingListTest, WithoutTheRightAndWithoutRecordsBothPanelsStandAtOnePlace) {
+TEST_F(TrackingListTest, WithoutTheRightAndWithoutRecordsBothPanelsOverlap) {
     m_session->Revoke(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
     m_list->SetRecords(Records(0));
     EXPECT_TRUE(Denied()->IsShown());
@@ -150,7 +150,7 @@ TEST_F(TrackingListTest, WithoutTheRightAndWithoutRecordsBothPanelsStandAtOnePla
     EXPECT_EQ(ShownRows(), 2);
 }
 
-TEST_F(TrackingListTest, PanelsAreCentredAtEverySize) {
+TEST_F(TrackingListTest, PanelsAreCenteredAtEverySize) {
     for (const QSize& size : {QSize(500, 300), QSize(850, 600)}) {
         Resize(size.width(), size.height());
         for (const StatePanel* panel : {Empty(), Denied()}) {
@@ -214,7 +214,7 @@ TEST_F(TrackingListTest, AListDestroyedDuringAYieldEndsItsBuild) {
     EXPECT_EQ(records.use_count(), 1);
 }
 
-TEST_F(TrackingListTest, AFailureOfARecordPassesOn) {
+TEST_F(TrackingListTest, AFailureOfARecordIsRethrown) {
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
     auto record = std::make_shared<TrackingRecord>();
@@ -265,7 +265,7 @@ TEST_F(TrackingListTest, TheRangeEndsAtSixteenBits) {
     EXPECT_EQ(Bar()->Max(), 32767);
 }
 
-TEST_F(TrackingListTest, ANewChainBeginsAtTheTop) {
+TEST_F(TrackingListTest, ANewChainStartsAtTheTop) {
     m_list->SetRecords(Records(12));
     Bar()->SetValue(3000);
     m_list->SetRecords(Records(11));
@@ -317,7 +317,7 @@ TEST_F(TrackingListTest, TheListIsOneStopInTheTabOrder) {
     EXPECT_TRUE(Row(2).hasFocus());
 }
 
-TEST_F(TrackingListTest, ArrowKeysWalkThroughTheRowsAndNotOutOfThem) {
+TEST_F(TrackingListTest, ArrowKeysMoveThroughTheRowsButNotOutOfTheList) {
     m_list->SetRecords(Records(3));
     Row(0).setFocus();
     Press(Qt::Key_Down);
@@ -360,7 +360,7 @@ TEST_F(TrackingListTest, TabIsRefusedWhileAnArrowIsHeldAtTheEnd) {
     EXPECT_FALSE(Row(2).hasFocus());
 }
 
-TEST_F(TrackingListTest, AFocusedRowComesIntoViewByTheLeastMovement) {
+TEST_F(TrackingListTest, AFocusedRowScrollsIntoViewByTheLeastMovement) {
     m_list->SetRecords(Records(12));
     Row(4).setFocus();
     EXPECT_EQ(Bar()->Value(), 0);
@@ -391,7 +391,7 @@ TEST_F(TrackingListTest, APointOnAnEdgeHitsNoRow) {
     EXPECT_EQ(m_list->RowAt(300, 3 * RowPixels + 5), -1);
 }
 
-TEST_F(TrackingListTest, RightButtonOverTheFocusedRowAsksForAMenu) {
+TEST_F(TrackingListTest, TheRightButtonOverTheFocusedRowRequestsAMenu) {
     m_list->SetRecords(Records(3));
     QMenu menu;
     QAction* open = menu.addAction("Open");
@@ -414,20 +414,20 @@ TEST_F(TrackingListTest, RightButtonOverTheFocusedRowAsksForAMenu) {
     RightClick(Container(), QPoint(300, RowPixels));
     EXPECT_EQ(raised, 0);
     Row(1).setFocus();
-    QTest::mouseRelease(Container(), Qt::RightButton, Qt::NoModifier, CentreOfRow(2));
+    QTest::mouseRelease(Container(), Qt::RightButton, Qt::NoModifier, CenterOfRow(2));
     EXPECT_EQ(raised, 0);
-    RightClick(Container(), CentreOfRow(1));
+    RightClick(Container(), CenterOfRow(1));
     EXPECT_EQ(raised, 1);
     EXPECT_TRUE(opened);
 }
 
-TEST_F(TrackingListTest, DoubleClickAsksToOpenTheRecord) {
+TEST_F(TrackingListTest, ADoubleClickRequestsToOpenTheRecord) {
     const auto records = Records(3);
     m_list->SetRecords(records);
     std::vector<std::shared_ptr<TrackingRecord>> opened;
     QObject::connect(m_list, &TrackingList::ItemOpenRequest, m_list,
                      [&](const std::shared_ptr<TrackingRecord>& record) { opened.push_back(record); });
-    DoubleClick(Container(), CentreOfRow(1));
+    DoubleClick(Container(), CenterOfRow(1));
     DoubleClick(Container(), QPoint(300, RowPixels));
     ASSERT_EQ(opened.size(), 1u);
     EXPECT_EQ(opened.front(), (*records)[1]);
@@ -439,7 +439,7 @@ TEST_F(TrackingListTest, TheWheelScrolls) {
     EXPECT_EQ(Bar()->Value(), QApplication::wheelScrollLines() * 1140);
 }
 
-TEST_F(TrackingListTest, InsideADesignerTheControlShowsItsName) {
+TEST_F(TrackingListTest, ShowsItsNameInADesigner) {
     SetInsideDesigner(true);
     TrackingList list;
     list.setObjectName("tracking");

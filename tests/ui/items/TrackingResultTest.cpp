@@ -78,13 +78,13 @@ TEST_F(TrackingResultTest, FollowsTheHostsFormats) {
     EXPECT_EQ(Text("lblTime"), "15:07");
 }
 
-TEST_F(TrackingResultTest, SaysThatADateIsMissing) {
+TEST_F(TrackingResultTest, ShowsThatADateIsMissing) {
     Show({.DateReceived = Null()});
     EXPECT_EQ(Text("lblDate"), "<Date missing>");
     EXPECT_EQ(Text("lblTime"), "");
 }
 
-TEST_F(TrackingResultTest, SaysInRedThatAPersonIsMissing) {
+TEST_F(TrackingResultTest, ShowsInRedThatAPersonIsMissing) {
     Show({.ReceivedBy = Null()});
     EXPECT_EQ(Text("lblTo"), "Not specified");
     EXPECT_EQ(LabelOf("lblTo")->ForeColor(), QColor(255, 0, 0));
@@ -107,7 +107,7 @@ TEST_F(TrackingResultTest, RefusesNoRecord) {
     EXPECT_EQ(RaisedBy([&] { m_row.SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
 }
 
-TEST_F(TrackingResultTest, FieldsStandAtTheirPlaces) {
+TEST_F(TrackingResultTest, FieldsAreLaidOut) {
     Show({.StorageLocNo = shelf});
     EXPECT_EQ(m_row.Height(), 1140);
     const std::vector<std::tuple<const char*, float, float>> places = {
@@ -120,7 +120,7 @@ TEST_F(TrackingResultTest, FieldsStandAtTheirPlaces) {
     }
 }
 
-TEST_F(TrackingResultTest, LocationAndReasonKeepToTheRightEdge) {
+TEST_F(TrackingResultTest, LocationAndReasonAreRightAligned) {
     for (const int width : {700, 1250}) {
         m_row.SetWidth(ToTwips(width));
         Show({.StorageLocNo = shelf});

@@ -108,7 +108,7 @@ TEST_F(LocationPickerTest, ASetLocationReadsBack) {
     EXPECT_EQ(m_picker->SelectedLocation(), nullptr);
 }
 
-TEST_F(LocationPickerTest, ASetRootReadsBackAsNothing) {
+TEST_F(LocationPickerTest, ARootReadsBackAsNull) {
     Load(StorageLocationTypes::Internal);
     m_picker->SetSelectedLocation(GetStorageLocationStatic().FindByID(m_vault));
     m_picker->SetSelectedLocation(GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal));
@@ -116,7 +116,7 @@ TEST_F(LocationPickerTest, ASetRootReadsBackAsNothing) {
     EXPECT_EQ(m_picker->SelectedLocation(), nullptr);
 }
 
-TEST_F(LocationPickerTest, ALocationThatIsNotListedReadsBackAsNothing) {
+TEST_F(LocationPickerTest, AnUnlistedLocationReadsBackAsNull) {
     m_database.Execute("UPDATE StorageLocation SET ActiveFlag = 0 WHERE IdNo = ?", {m_vault});
     Load(StorageLocationTypes::Internal);
     m_picker->SetSelectedLocation(GetStorageLocationStatic().FindByID(m_room));
@@ -126,7 +126,7 @@ TEST_F(LocationPickerTest, ALocationThatIsNotListedReadsBackAsNothing) {
     EXPECT_EQ(m_picker->SelectedLocation(), nullptr);
 }
 
-TEST_F(LocationPickerTest, ALocationWhoseRowHasGoneReadsBackAsNothing) {
+TEST_F(LocationPickerTest, ADeletedLocationReadsBackAsNull) {
     Load(StorageLocationTypes::Internal);
     m_picker->SetSelectedLocation(GetStorageLocationStatic().FindByID(m_vault));
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_vault});
@@ -135,7 +135,7 @@ TEST_F(LocationPickerTest, ALocationWhoseRowHasGoneReadsBackAsNothing) {
     EXPECT_EQ(Texts().size(), 5u);
 }
 
-TEST_F(LocationPickerTest, LoadingAgainReadsTheTreeAnewAndClearsTheSelection) {
+TEST_F(LocationPickerTest, LoadingAgainReadsTheTreeAndClearsTheSelection) {
     Load(StorageLocationTypes::Internal);
     m_picker->SetSelectedLocation(GetStorageLocationStatic().FindByID(m_vault));
     m_database.AddLocation("Annex", StorageLocationTypes::Internal);
@@ -158,7 +158,7 @@ TEST_F(LocationPickerTest, OnlyTheUsersChoiceRaisesChange) {
     EXPECT_EQ(m_picker->SelectedLocation()->ID(), m_room);
 }
 
-TEST_F(LocationPickerTest, TheDropdownTakesItsWidthAndGivesItsHeight) {
+TEST_F(LocationPickerTest, TheDropdownFollowsItsWidthAndSetsItsHeight) {
     Make();
     for (const int width : {200, 360}) {
         m_picker->resize(width, 90);
@@ -178,7 +178,7 @@ TEST_F(LocationPickerTest, TheDropdownHasTheControlsFont) {
     EXPECT_EQ(m_picker->property("Font").value<QFont>().pixelSize(), 19);
 }
 
-TEST_F(LocationPickerTest, ItsFontIsKeptInABag) {
+TEST_F(LocationPickerTest, TheFontIsStoredInABag) {
     Make();
     PropertyBag bag;
     m_picker->WriteProperties(bag);
@@ -213,7 +213,7 @@ TEST_F(LocationPickerTest, ItsCaptionIsTheDropdownsAccessibleName) {
     EXPECT_EQ(m_dropdown->Box()->accessibleName(), "Location");
 }
 
-TEST_F(LocationPickerTest, InADesignerItLoadsNothing) {
+TEST_F(LocationPickerTest, LoadsNothingInADesigner) {
     SetInsideDesigner(true);
     Load(StorageLocationTypes::Internal);
     EXPECT_TRUE(m_picker->IsEmpty());

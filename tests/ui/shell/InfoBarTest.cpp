@@ -104,7 +104,7 @@ TEST_F(InfoBarTest, TheEndOfTheBatchHidesIt) {
     EXPECT_EQ(Text(), "No items currently selected");
 }
 
-TEST_F(InfoBarTest, ItKeepsItsHeightWhateverTheHostDoes) {
+TEST_F(InfoBarTest, TheHostCannotChangeItsHeight) {
     Begin(TransactionType::SignOut, 2);
     m_bar->SetHeight(3000);
     EXPECT_FLOAT_EQ(m_bar->Height(), 630);
@@ -129,7 +129,7 @@ TEST_F(InfoBarTest, CancelAsksBeforeItEndsTheBatch) {
     EXPECT_EQ(m_screen.Messages()[0].title, "Cancel evidence transfer?");
 }
 
-TEST_F(InfoBarTest, FinishGoesToTheBatchView) {
+TEST_F(InfoBarTest, FinishShowsTheBatchView) {
     Begin(TransactionType::SignOut, 2);
     EXPECT_EQ(Find<FlatButton>(*m_bar, "btnComplete")->Caption(), "Finish");
     testing::Click(Find(*m_bar, "btnComplete"));
@@ -144,7 +144,7 @@ TEST_F(InfoBarTest, ButtonsWorkByKeyboardInReadingOrder) {
     EXPECT_EQ(GetStores().View->ViewName(), "cart");
 }
 
-TEST_F(InfoBarTest, ItsButtonsStandAtTheRightAndTheTextEndsBeforeThem) {
+TEST_F(InfoBarTest, ButtonsAreAtTheRightAndTheTextEndsBeforeThem) {
     Begin(TransactionType::SignOut, 2);
     for (const QSize& size : {QSize(1280, 800), QSize(420, 300)}) {
         m_parent.resize(size);
@@ -155,7 +155,7 @@ TEST_F(InfoBarTest, ItsButtonsStandAtTheRightAndTheTextEndsBeforeThem) {
     }
 }
 
-TEST_F(InfoBarTest, NewStoresTakeThePlaceOfTheOld) {
+TEST_F(InfoBarTest, NewStoresReplaceTheOldOnes) {
     Begin(TransactionType::SignOut, 2);
     const StoresRecord old = GetStores();
     DiscardDispatcher();

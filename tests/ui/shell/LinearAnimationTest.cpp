@@ -10,7 +10,7 @@ namespace quellbrook {
 
 namespace {
 
-// Keeps every value that it is given.
+// Records every value that is set.
 class Lift : public QObject {
     Q_OBJECT
     Q_PROPERTY(float Level READ Level WRITE SetLevel)
@@ -52,7 +52,7 @@ using Levels = std::vector<float>;
 
 }  // namespace
 
-TEST_F(LinearAnimationTest, TheTargetTakesTheFirstValueAtOnce) {
+TEST_F(LinearAnimationTest, TheFirstValueIsSetAtOnce) {
     Start(2, 100, 30);
     EXPECT_EQ(m_lift.levels, Levels{2});
     EXPECT_TRUE(m_animation.InProgress());
@@ -60,7 +60,7 @@ TEST_F(LinearAnimationTest, TheTargetTakesTheFirstValueAtOnce) {
     EXPECT_FALSE(Timer().IsSingleShot());
 }
 
-TEST_F(LinearAnimationTest, ANegativeIncrementMovesUpAllTheSameAndTheLastStepDoesNotOvershoot) {
+TEST_F(LinearAnimationTest, ANegativeIncrementMovesUpAndTheLastStepDoesNotOvershoot) {
     Start(0, 100, -30);
     RunToTheEnd();
     EXPECT_EQ(m_lift.levels, (Levels{0, 30, 60, 90, 100}));
@@ -91,7 +91,7 @@ TEST_F(LinearAnimationTest, AFinalValueThatIsReachedExactlyEndsIt) {
     EXPECT_EQ(m_lift.levels, (Levels{0, 30, 60}));
 }
 
-TEST_F(LinearAnimationTest, ASecondStartGoesOnWithTheSameTimer) {
+TEST_F(LinearAnimationTest, ASecondStartContinuesWithTheSameTimer) {
     Start(0, 100, 30);
     m_timers.TickAll();
     Start(200, 0, 90);
@@ -109,7 +109,7 @@ TEST_F(LinearAnimationTest, WithoutATargetItDoesNotStart) {
     EXPECT_FALSE(m_animation.InProgress());
 }
 
-TEST_F(LinearAnimationTest, ATargetThatGoesEndsIt) {
+TEST_F(LinearAnimationTest, DestroyingTheTargetEndsIt) {
     auto target = std::make_unique<Lift>();
     m_animation.Start({.Target = target.get(), .PropertyName = "Level", .FinalValue = 100, .Increment = 30});
     target.reset();
@@ -119,7 +119,7 @@ TEST_F(LinearAnimationTest, ATargetThatGoesEndsIt) {
     EXPECT_EQ(m_finished, 0);
 }
 
-TEST_F(LinearAnimationTest, APropertyThatIsNotThereFails) {
+TEST_F(LinearAnimationTest, AMissingPropertyFails) {
     const Error error = testing::RaisedBy([this] {
         m_animation.Start({.Target = &m_lift, .PropertyName = "Depth", .FinalValue = 100, .Increment = 30});
     });
@@ -127,7 +127,7 @@ TEST_F(LinearAnimationTest, APropertyThatIsNotThereFails) {
     EXPECT_NE(error.Description().find("\"Depth\""), std::string::npos);
 }
 
-TEST_F(LinearAnimationTest, AFailureAtATickGoesThroughTheTimerAndDoesNotComeBack) {
+TEST_F(LinearAnimationTest, AFailureAtATickIsThrownOnceThroughTheTimer) {
     Start(0, 100, 30);
     m_lift.fails = true;
     EXPECT_EQ(testing::RaisedBy([this] { m_timers.TickAll(); }).Description(), "Stuck.");

@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-TEST(LoadingView, SaysThatTheUserHasToWait) {
+TEST(LoadingView, ShowsItsMessage) {
     LoadingView view;
     EXPECT_EQ(testing::Find<Label>(view, "Label2")->Caption(), "Please wait...");
     EXPECT_EQ(testing::Find<Label>(view, "lblMessage")->Caption(),
@@ -15,7 +15,7 @@ TEST(LoadingView, SaysThatTheUserHasToWait) {
     EXPECT_EQ(testing::Find<FontIcon>(view, "imgLoading")->IconName(), "busy");
 }
 
-TEST(LoadingView, ItsGroupStandsInTheMiddleAtEverySize) {
+TEST(LoadingView, TheGroupIsCenteredAtEverySize) {
     LoadingView view;
     testing::ShowActive(view);
     const auto* group = testing::Find<GroupBox>(view, "loadingGroup");

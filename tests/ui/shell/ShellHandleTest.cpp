@@ -15,7 +15,8 @@ using testing::Names;
 using Message = testing::RecordingScreen::Message;
 
 const std::string Failed =
-    "Could not complete evidence transfer. To keep your storage records consistent, nothing has been transferred.\r\n\r\n";
+    "Could not complete evidence transfer. To keep your storage records consistent, nothing has been "
+    "transferred.\r\n\r\n";
 
 // A timer that cannot be started.
 class BrokenTimer : public Timer {
@@ -55,12 +56,12 @@ protected:
 
 }  // namespace
 
-TEST_F(ShellHandle, AFailedTransferIsToldWithItsReason) {
+TEST_F(ShellHandle, AFailedTransferIsReportedWithItsReason) {
     Deliver(ActionTypes::CART_TRANSACTION_FAILED, "The log of the database is full.");
     ExpectMessages({{Failed + "[The log of the database is full.]", 16, "Evidence transfer failed!"}});
 }
 
-TEST_F(ShellHandle, ATransferOfUnknownOutcomeIsNotSaidToHaveFailed) {
+TEST_F(ShellHandle, ATransferOfUnknownOutcomeIsNotReportedAsFailed) {
     const std::string description = std::string(UnknownOutcomeText) + "\r\n\r\nThe server is gone.";
     Deliver(ActionTypes::CART_TRANSACTION_FAILED, description);
     ExpectMessages({{description, 16, "Evidence transfer unconfirmed"}});
@@ -106,7 +107,7 @@ TEST_F(ShellHandle, ADispatchBehindTheFailureMessageIsRefusedAndLeavesTheDispatc
     EXPECT_EQ(OnShow(), Names{"cart"});
 }
 
-TEST_F(ShellHandle, TheToastGoesOnSlidingBehindTheFailureMessage) {
+TEST_F(ShellHandle, TheToastKeepsSlidingBehindTheFailureMessage) {
     Deliver(ActionTypes::NOTIFY_USER, "Done");
     m_screen.WhileMessageOpen = [&](const Message&) {
         const float before = Named("toastMessage")->Height();
@@ -161,7 +162,7 @@ TEST_F(ShellHandle, AToastThatFailsDoesNotTurnACommittedTransferIntoAFailure) {
 TEST_F(ShellHandle, AViewThatCannotRedrawDoesNotTurnACommittedTransferIntoAFailure) {
     const auto xfer = OpenBatch();
     const int32_t before = CustodyRows();
-    // While loading, the loading view is on show; at the end the bar and the views redraw from the stores.
+    // While loading, the loading view is visible; at the end the bar and the views redraw from the stores.
     auto* inner = new testing::FakeView(Named("loading"));
     inner->onShown = [] { Raise(ErrorNumber::General, "Inner", "Cannot draw."); };
     m_log.Announce("EvidenceUI.LoadView");
@@ -173,7 +174,7 @@ TEST_F(ShellHandle, AViewThatCannotRedrawDoesNotTurnACommittedTransferIntoAFailu
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
-TEST_F(ShellHandle, ATransferThatTheDatabaseRefusesLeavesNothingBehindAndSaysSo) {
+TEST_F(ShellHandle, ATransferThatTheDatabaseRefusesChangesNothingAndIsReported) {
     const auto xfer = OpenBatch();
     const int32_t before = CustodyRows();
     auto engine = std::make_shared<testing::FaultInjectingEngine>(m_database.GetEngine());

@@ -43,7 +43,7 @@ TEST_F(ShellLifecycle, ComingOnShowNavigatesToTheExplorerWithinTheCall) {
     for (const char* name : {"cart", "itemView", "loading"}) EXPECT_FALSE(Named(name)->isVisible()) << name;
 }
 
-TEST_F(ShellLifecycle, TheViewComesOnShowInsideTheShellsOwnComing) {
+TEST_F(ShellLifecycle, TheViewIsShownWhileTheShellIsShown) {
     Names order;
     auto* tree = new testing::FakeView(m_explorer);
     tree->onShown = [&] { order.push_back("tree"); };
@@ -61,14 +61,14 @@ TEST_F(ShellLifecycle, TheShellIsTheLastCallbackAndSeesTheStoresUpdated) {
     EXPECT_EQ(m_screen.Messages().size(), 1u);
 }
 
-TEST_F(ShellLifecycle, AHiddenShellHearsNoMoreActions) {
+TEST_F(ShellLifecycle, AHiddenShellReceivesNoActions) {
     Start();
     m_shell->hide();
     GetActions().NotifyUser("Done");
     EXPECT_FALSE(Named("toastMessage")->IsShown());
 }
 
-TEST_F(ShellLifecycle, ADestroyedShellHearsNoMoreActions) {
+TEST_F(ShellLifecycle, ADestroyedShellReceivesNoActions) {
     Start();
     const auto dispatcher = GetDispatcher();
     m_shell.reset();
@@ -77,7 +77,7 @@ TEST_F(ShellLifecycle, ADestroyedShellHearsNoMoreActions) {
     EXPECT_EQ(GetDispatcher(), dispatcher);
 }
 
-TEST_F(ShellLifecycle, ShownAgainItHearsActionsAgainAndTheExplorerIsStillThere) {
+TEST_F(ShellLifecycle, ShownAgainItReceivesActionsAndStillShowsTheExplorer) {
     Start();
     m_shell->hide();
     m_shell->show();
@@ -138,7 +138,7 @@ TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
     m_environment->errorLog = &m_log;
 }
 
-TEST_F(ShellLifecycle, InADesignerNothingComesToLife) {
+TEST_F(ShellLifecycle, DoesNotStartInADesigner) {
     SetInsideDesigner(true);
     Start();
     m_shell->hide();
@@ -157,7 +157,7 @@ TEST_F(ShellLifecycle, TheContentLiesBetweenTitleBarAndInfoBarAtEverySize) {
     }
 }
 
-TEST_F(ShellLifecycle, AnOpenBatchTakesItsStripFromTheContent) {
+TEST_F(ShellLifecycle, TheInfoBarOfAnOpenBatchShrinksTheContent) {
     Start();
     AddToBatch();
     EXPECT_EQ(Named("infobar")->geometry(), QRect(0, 758, 1280, 42));
@@ -168,7 +168,7 @@ TEST_F(ShellLifecycle, AnOpenBatchTakesItsStripFromTheContent) {
     EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1280, 760));
 }
 
-TEST_F(ShellLifecycle, TheToastTakesNoRoom) {
+TEST_F(ShellLifecycle, TheToastDoesNotShrinkTheContent) {
     Start();
     AddToBatch();
     GetActions().NotifyUser("Done");
@@ -178,7 +178,7 @@ TEST_F(ShellLifecycle, TheToastTakesNoRoom) {
     EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, 1280, 718));
 }
 
-TEST_F(ShellLifecycle, TheBorderStyleIsKeptInABag) {
+TEST_F(ShellLifecycle, TheBorderStyleIsStoredInABag) {
     PropertyBag bag;
     m_shell->WriteProperties(bag);
     EXPECT_FALSE(bag.Has("BorderStyle"));

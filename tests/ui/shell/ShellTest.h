@@ -19,7 +19,7 @@
 
 namespace quellbrook::testing {
 
-// A view that does what a test gives it, and keeps what befell it.
+// A view with scripted behavior that records its calls.
 class FakeView : public View {
 public:
     using View::View;
@@ -67,7 +67,7 @@ protected:
     }
 };
 
-// A shell with fake views in a host's window; not on show before Start.
+// A shell with fake views in a host window; hidden until Start.
 class ShellTest : public DatabaseTest {
 protected:
     ShellTest() {
@@ -93,7 +93,7 @@ protected:
     void Start() { m_shell->show(); }
 
     Control* Named(const char* name) { return Find<Control>(*m_shell, name); }
-    // The views that can be seen, the uppermost last.
+    // The visible views, the topmost last.
     std::vector<std::string> OnShow() {
         std::vector<std::string> names;
         for (QObject* child : Named("content")->children()) {

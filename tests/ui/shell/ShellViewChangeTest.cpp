@@ -24,7 +24,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ShellViewChange, AViewWithoutParametersOnlyTakesItsPlace) {
+TEST_F(ShellViewChange, AViewWithoutParametersIsOnlyShown) {
     GoTo("cart");
     EXPECT_EQ(OnShow(), Names{"cart"});
     EXPECT_EQ(m_cart->shown, 1);
@@ -40,7 +40,7 @@ TEST_F(ShellViewChange, AViewWithParametersLoadsThemWhileTheFormerOneIsStillOnSh
     EXPECT_EQ(OnShow(), Names{"itemView"});
 }
 
-TEST_F(ShellViewChange, GoingBackLoadsTheParametersAnew) {
+TEST_F(ShellViewChange, GoingBackLoadsTheParametersAgain) {
     auto parameters = std::make_shared<Dictionary>();
     GoTo("itemView", parameters);
     GoTo("cart");
@@ -50,7 +50,7 @@ TEST_F(ShellViewChange, GoingBackLoadsTheParametersAnew) {
     EXPECT_EQ(m_itemView->shown, 2);
 }
 
-TEST_F(ShellViewChange, ANameThatNoControlHasIsToldAndTheViewStays) {
+TEST_F(ShellViewChange, AnUnknownNameIsReportedAndTheViewStays) {
     GoTo("cellar");
     ExpectMessage("Could not find view 'cellar'", "View Not Found");
     EXPECT_EQ(OnShow(), Names{"explorer"});
@@ -71,14 +71,14 @@ TEST_F(ShellViewChange, AViewInsideAViewIsNotFound) {
     ExpectMessage("Could not find view 'inner'", "View Not Found");
 }
 
-TEST_F(ShellViewChange, AViewThatRefusesItsTabIndexIsTold) {
+TEST_F(ShellViewChange, AViewThatRefusesItsTabIndexIsReported) {
     m_cart->onSetTabIndex = Fail;
     GoTo("cart");
     ExpectMessage("Could not set TabIndex to 0 for view 'cart'", "View TabIndex Error");
     EXPECT_EQ(OnShow(), Names{"explorer"});
 }
 
-TEST_F(ShellViewChange, AViewThatCannotLoadIsToldAndTheFormerStaysThoughTheStoreNamesTheNew) {
+TEST_F(ShellViewChange, AViewThatCannotLoadIsReportedAndThePreviousViewStays) {
     m_itemView->onShow = Fail;
     GoTo("itemView");
     ExpectMessage("Could not load data for view 'itemView': The shelf is empty.", "View Load Error");
@@ -86,7 +86,7 @@ TEST_F(ShellViewChange, AViewThatCannotLoadIsToldAndTheFormerStaysThoughTheStore
     EXPECT_EQ(GetStores().View->ViewName(), "itemView");
 }
 
-TEST_F(ShellViewChange, AViewThatCannotComeOnShowIsToldWithItsType) {
+TEST_F(ShellViewChange, AViewThatCannotBeShownIsReportedWithItsType) {
     m_cart->onShown = Fail;
     GoTo("cart");
     ExpectMessage("Could not switch to view 'cart': Error loading view of type 'FakeView': The shelf is empty.",
@@ -102,7 +102,7 @@ TEST_F(ShellViewChange, FromAViewThatCouldNotComeOnShowTheWayBackIsOpen) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(ShellViewChange, AViewInsideAViewThatCannotComeOnShowIsToldToo) {
+TEST_F(ShellViewChange, AnInnerViewThatCannotBeShownIsReportedToo) {
     auto* inner = new testing::FakeView(m_cart);
     inner->onShown = Fail;
     GoTo("cart");
@@ -110,14 +110,14 @@ TEST_F(ShellViewChange, AViewInsideAViewThatCannotComeOnShowIsToldToo) {
                   "View Show Error");
 }
 
-TEST_F(ShellViewChange, AControlThatIsNoViewEndsInTheLastOfTheMessages) {
+TEST_F(ShellViewChange, AControlThatIsNotAViewIsReportedAsAShowError) {
     GoTo("infobar");
     ExpectMessage("Could not switch to view 'infobar': Error loading view of type 'infobar': " + ErrorText(13),
                   "View Show Error");
     EXPECT_EQ(OnShow(), Names{"explorer"});
 }
 
-TEST_F(ShellViewChange, TheDispatcherGoesOnAfterAFailedView) {
+TEST_F(ShellViewChange, TheDispatcherContinuesAfterAFailedView) {
     m_itemView->onShow = Fail;
     GoTo("itemView");
     EXPECT_FALSE(GetDispatcher()->IsDispatching());
@@ -151,7 +151,7 @@ TEST_F(ShellViewChange, LoadingShowsItsViewAndTheHourglass) {
     EXPECT_EQ(GetStores().View->ViewName(), "explorer");
 }
 
-TEST_F(ShellViewChange, TheEndOfLoadingLeavesItsViewInPlaceWithTheArrow) {
+TEST_F(ShellViewChange, TheEndOfLoadingLeavesItsViewWithTheArrowPointer) {
     GetActions().LoadingStarted();
     GetActions().LoadingFinished();
     EXPECT_EQ(OnShow(), Names{"loading"});
@@ -160,7 +160,7 @@ TEST_F(ShellViewChange, TheEndOfLoadingLeavesItsViewInPlaceWithTheArrow) {
     EXPECT_EQ(OnShow(), Names{"cart"});
 }
 
-TEST_F(ShellViewChange, TheViewThatIsCurrentIsNotLoadedNorPaintedAgain) {
+TEST_F(ShellViewChange, TheCurrentViewIsNeitherLoadedNorPaintedAgain) {
     GetActions().LoadingStarted();
     testing::PaintCounter paints(*m_shell);
     auto* loading = qobject_cast<LoadingView*>(Named("loading"));

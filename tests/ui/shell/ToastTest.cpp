@@ -84,7 +84,7 @@ TEST_F(ToastTest, ItStaysFiveSecondsAndSlidesAway) {
     EXPECT_TRUE(m_timers.Running().empty());
 }
 
-TEST_F(ToastTest, ASecondTextWhileShowingStandsForTheWholeFiveSeconds) {
+TEST_F(ToastTest, ASecondTextStaysForAllFiveSeconds) {
     m_toast->Popup("First");
     SlideToTheEnd();
     ASSERT_TRUE(Waits());
@@ -97,7 +97,7 @@ TEST_F(ToastTest, ASecondTextWhileShowingStandsForTheWholeFiveSeconds) {
     EXPECT_FLOAT_EQ(m_toast->Height(), 720);
 }
 
-TEST_F(ToastTest, ATextThatComesWhileItSlidesAwayEndsHiddenOrShownButNeverStuck) {
+TEST_F(ToastTest, ATextDuringTheSlideDownNeverLeavesItStuck) {
     m_toast->Popup("First");
     SlideToTheEnd();
     m_timers.Tick(5000);
@@ -121,7 +121,7 @@ TEST_F(ToastTest, AResizeDuringASlideDoesNotResetTheHeight) {
     EXPECT_EQ(m_toast->geometry().bottom(), 699);
 }
 
-TEST_F(ToastTest, AResizeWhileNothingSlidesCollapsesIt) {
+TEST_F(ToastTest, AResizeWithoutAnAnimationCollapsesIt) {
     m_toast->Popup("Done");
     SlideToTheEnd();
     m_parent.resize(900, 700);
@@ -137,7 +137,7 @@ TEST_F(ToastTest, ItDocksItselfAtTheBottomAgain) {
     EXPECT_EQ(m_toast->geometry().bottom(), 699);
 }
 
-TEST_F(ToastTest, InADesignerItStandsOpen) {
+TEST_F(ToastTest, IsOpenInADesigner) {
     SetInsideDesigner(true);
     GroupBox parent;
     parent.resize(800, 600);
