@@ -27,7 +27,7 @@ protected:
     // A scan and everything that follows it.
     void ScanAndWait(const std::string& text) {
         Scan(text);
-        EXPECT_EQ(m_timers.Tick(1), 1) << "nothing was handed over";
+        EXPECT_EQ(m_timers.Tick(1), 1) << "no scan was delivered";
         m_clock.Advance(150);
     }
     void ScanAndWait(const char* letter, int32_t id) {

@@ -129,10 +129,11 @@ TEST_F(SearchResultListTest, ScrollingNeedsNoMoreRowsThanFit) {
     auto items = MakeItems(200);
     m_list->SetItems(items);
     std::mt19937 random(7);
-    std::uniform_int_distribution<int> place(0, Bar()->Max());
+    std::uniform_int_distribution<int> position(0, Bar()->Max());
     for (int i = 0; i < 100; ++i) {
         const int step = i % 3;
-        Bar()->SetValue(step == 0 ? place(random) : std::clamp(Bar()->Value() + (step == 1 ? 1 : -2), 0, Bar()->Max()));
+        Bar()->SetValue(step == 0 ? position(random)
+                                  : std::clamp(Bar()->Value() + (step == 1 ? 1 : -2), 0, Bar()->Max()));
         ExpectRowsInOrder(*items);
         ASSERT_EQ(ShownRows(), 4);
     }

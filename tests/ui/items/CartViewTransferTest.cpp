@@ -9,8 +9,8 @@ namespace quellbrook::testing {
 namespace {
 
 const RecordingScreen::Message NoItems = {
-    "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a barcode scanner, or "
-    "go back to the main screen to select items manually.",
+    "You have no items to transfer.\r\n\r\nAfter clicking OK, you can either scan your items with a barcode "
+    "scanner, or go back to the main screen to select items manually.",
     16, "No items to transfer"};
 const RecordingScreen::Message NoDestination = {"Please specify where this evidence is going.", 16,
                                                 "Missing destination"};
@@ -108,23 +108,23 @@ TEST_F(CartViewTest, AFailedTransferMovesNothingClearsTheBatchAndGoesBack) {
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
     const std::string before = m_database.Snapshot();
-    std::string told;
+    std::string reported;
     struct Listener : DispatcherCallback {
-        std::string* told = nullptr;
+        std::string* reported = nullptr;
         void Handle(const Action& action) override {
-            if (action.ActionType == ActionTypes::CART_TRANSACTION_FAILED) *told = ToText(action.Payload);
+            if (action.ActionType == ActionTypes::CART_TRANSACTION_FAILED) *reported = ToText(action.Payload);
         }
         std::string CallbackTypeName() const override { return "Listener"; }
     };
     auto listener = std::make_shared<Listener>();
-    listener->told = &told;
+    listener->reported = &reported;
     GetDispatcher()->Register(listener);
     faults->FailAtCommit(Error(7, "Engine", "The link is down."));
     m_log.Announce("Actions.ProcessTransaction");
     Transfer()->Click();
     EXPECT_TRUE(faults->HasStruck());
     EXPECT_EQ(m_database.Snapshot(), before);
-    EXPECT_EQ(told, "The link is down.");
+    EXPECT_EQ(reported, "The link is down.");
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer);
     EXPECT_TRUE(Cart()->IsEmpty());
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
