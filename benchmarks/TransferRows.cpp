@@ -61,8 +61,8 @@ struct KindStatements {
     KindStatements(Baseline& baseline, const std::string& kind)
         : insert(baseline.Prepare(
               "INSERT INTO " + kind + "Tracking (" + kind + "No, SeqNo, ReceivedBy, ReceivedFrom, DateReceived, " +
-              "CustodyReasonNo, StorageLocNo, LastUpdated) SELECT ?1, COALESCE(MAX(SeqNo), 0) + 1, ?2, ?3, ?4, ?5, ?6, " +
-              "?4 FROM " + kind + "Tracking WHERE " + kind + "No = ?1")),
+              "CustodyReasonNo, StorageLocNo, LastUpdated) SELECT ?1, COALESCE(MAX(SeqNo), 0) + 1, ?2, ?3, ?4, ?5, " +
+              "?6, ?4 FROM " + kind + "Tracking WHERE " + kind + "No = ?1")),
           update(baseline.Prepare("UPDATE " + kind + " SET CurrTrackSeq = (SELECT MAX(SeqNo) FROM " + kind +
                                   "Tracking WHERE " + kind + "No = ?1) WHERE " + kind + "No = ?1")) {}
     Statement insert;

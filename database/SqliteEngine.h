@@ -20,7 +20,6 @@ public:
 
     std::unique_ptr<Connection> Open() override;
     const Dialect& GetDialect() const override { return m_dialect; }
-    const std::string& Path() const { return m_path; }
 
 private:
     SqliteEngine(std::string path, int busyMilliseconds, Dialect dialect)

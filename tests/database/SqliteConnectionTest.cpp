@@ -153,11 +153,13 @@ TEST_F(SqliteConnectionTest, RefusesInvalidParameters) {
         std::string TypeName() const override { return "Thing"; }
     };
     const std::string insert = "INSERT INTO Setting (Name, Value) VALUES ('x', ?)";
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {std::make_shared<Thing>()}); }).Number(), 13);
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {std::string("a\0b", 3)}); }).Number(), 5);
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert); }).Number(), 5);
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {1, 2}); }).Number(), 5);
-    EXPECT_EQ(RaisedBy([&] { Query("SELECT * FROM Setting WHERE Name = ?"); }).Number(), 5);
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {std::make_shared<Thing>()}); }).Number(),
+              ErrorNumber::TypeMismatch);
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {std::string("a\0b", 3)}); }).Number(),
+              ErrorNumber::General);
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute(insert, {1, 2}); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(RaisedBy([&] { Query("SELECT * FROM Setting WHERE Name = ?"); }).Number(), ErrorNumber::General);
     EXPECT_EQ(Value("SELECT COUNT(*) FROM Setting"), TaggedValue(0));
 }
 
@@ -185,10 +187,10 @@ TEST_F(SqliteConnectionTest, FailuresHaveTheMessageAndNumberOfTheDatabase) {
 
 TEST_F(SqliteConnectionTest, AnUnsupportedStatementIsRefusedWithTheWord) {
     const Error error = RaisedBy([&] { Query("SELECT TOP 1 * FROM Setting"); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_NE(error.Description().find("\"TOP\""), std::string::npos);
-    EXPECT_EQ(RaisedBy([&] { Query("SELECT 1; SELECT 2"); }).Number(), 5);
-    EXPECT_EQ(RaisedBy([&] { Query(""); }).Number(), 5);
+    EXPECT_EQ(RaisedBy([&] { Query("SELECT 1; SELECT 2"); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(RaisedBy([&] { Query(""); }).Number(), ErrorNumber::General);
     EXPECT_EQ(RaisedBy([&] { Query("DELETE FROM Setting"); }).Description(), "A query must be one SELECT statement.");
 }
 
@@ -201,8 +203,10 @@ TEST_F(SqliteConnectionTest, AQueryStopsWhenTheReceiverReturnsFalse) {
 TEST_F(SqliteConnectionTest, TheConnectionStaysUsableAfterTheReceiverThrows) {
     const std::string sql = "SELECT Name FROM Setting";
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
-    EXPECT_EQ(RaisedBy([&] { m_connection->Query(sql, {}, [](const Row&) -> bool { Raise(457, "Test"); }); }).Number(),
-              457);
+    EXPECT_EQ(RaisedBy([&] {
+                  m_connection->Query(sql, {}, [](const Row&) -> bool { Raise(ErrorNumber::KeyTaken, "Test"); });
+              }).Number(),
+              ErrorNumber::KeyTaken);
     EXPECT_EQ(Value(sql), TaggedValue("x"));
     m_connection->Execute("DELETE FROM Setting");
     EXPECT_TRUE(Value(sql).IsEmpty());

@@ -53,22 +53,22 @@ TEST(TransactSqlRewriter, LeavesTheQueriesForItems) {
 }
 
 TEST(TransactSqlRewriter, LeavesTheQueriesOfTheHost) {
-    for (
-        const char* text :
-        {"SELECT name FROM sqlite_schema",
-         "SELECT Username, PasswordHash FROM Account WHERE Username = 'x' AND IsActive = 1",
-         "SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE a.Username = 'x' AND "
-         "a.IsActive = 1 AND r.ModuleKey = 'Storage' AND r.Value = 5",
-         "SELECT PersonNo, LastName, FirstName, Title FROM Person WHERE IsActive = 1",
-         "SELECT Code, Name, Description FROM CodeTable WHERE TableNumber = 38 AND IsActive = 1",
-         "SELECT f.Path, i.FileName FROM AttachmentIndex i INNER JOIN AttachmentFolder f ON f.FolderNo = i.FolderNo WHERE "
-         "i.IdNo = 7 AND i.ObjTypeInd = 6 AND i.SeqNo = 1",
-         "SELECT DISTINCT i.IncidentId, i.CaseNbr, i.IsSecured, i.IncidentNo FROM IncdProperty l INNER JOIN Incident i ON "
-         "i.IncidentNo = l.IncidentNo WHERE l.PropertyNo = 7 AND i.IsSecured = 0 ORDER BY i.IncidentId, i.IncidentNo",
-         "SELECT PropertyNo AS ItemNo, MAX(SeqNo) AS SeqNo FROM PropertyTracking GROUP BY PropertyNo",
-         "SELECT COUNT(*) AS N FROM (SELECT t.StorageLocNo FROM Property i INNER JOIN PropertyTracking t ON "
-         "t.PropertyNo = i.PropertyNo WHERE i.PropertyID IN ('a', 'b') UNION ALL SELECT t.StorageLocNo FROM Vehicle i) AS "
-         "b INNER JOIN StorageLocation s ON s.IdNo = b.StorageLocNo WHERE s.Name = 'Row 2'"})
+    for (const char* text :
+         {"SELECT name FROM sqlite_schema",
+          "SELECT Username, PasswordHash FROM Account WHERE Username = 'x' AND IsActive = 1",
+          "SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE "
+          "a.Username = 'x' AND a.IsActive = 1 AND r.ModuleKey = 'Storage' AND r.Value = 5",
+          "SELECT PersonNo, LastName, FirstName, Title FROM Person WHERE IsActive = 1",
+          "SELECT Code, Name, Description FROM CodeTable WHERE TableNumber = 38 AND IsActive = 1",
+          "SELECT f.Path, i.FileName FROM AttachmentIndex i INNER JOIN AttachmentFolder f ON "
+          "f.FolderNo = i.FolderNo WHERE i.IdNo = 7 AND i.ObjTypeInd = 6 AND i.SeqNo = 1",
+          "SELECT DISTINCT i.IncidentId, i.CaseNbr, i.IsSecured, i.IncidentNo FROM IncdProperty l INNER JOIN "
+          "Incident i ON i.IncidentNo = l.IncidentNo WHERE l.PropertyNo = 7 AND i.IsSecured = 0 ORDER BY "
+          "i.IncidentId, i.IncidentNo",
+          "SELECT PropertyNo AS ItemNo, MAX(SeqNo) AS SeqNo FROM PropertyTracking GROUP BY PropertyNo",
+          "SELECT COUNT(*) AS N FROM (SELECT t.StorageLocNo FROM Property i INNER JOIN PropertyTracking t ON "
+          "t.PropertyNo = i.PropertyNo WHERE i.PropertyID IN ('a', 'b') UNION ALL SELECT t.StorageLocNo FROM "
+          "Vehicle i) AS b INNER JOIN StorageLocation s ON s.IdNo = b.StorageLocNo WHERE s.Name = 'Row 2'"})
         ExpectUntouched(text);
 }
 
