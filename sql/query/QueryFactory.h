@@ -71,7 +71,7 @@ public:
     QuerySource Where(const QueryCondition& condition);
     QuerySource Union(const QuerySource& other) const;  // removes equal rows
     QuerySource As(const std::string& alias) const;     // this query as a derived table
-    // States that each row of this query is one item, told apart by its kind and key, unless a left-joined pair of
+    // States that each row of this query is one item, identified by its kind and key, unless a left-joined pair of
     // tables repeats it. Arms of a union must list different kinds. Error 5 for anything but a SELECT.
     QuerySource ListItems();
 

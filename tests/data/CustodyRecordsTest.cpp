@@ -60,7 +60,7 @@ TEST_F(CustodyRecords, NullReturnsTheEmptyResultAndIsNotCached) {
 
     m_database.AddCode(CodeTable::CustodyReason, 5, "Lab", "Laboratory analysis");
     record->SetRow(Row::Of({{"CustodyReasonNo", 5}}));
-    EXPECT_EQ(record->StorageReason(), "Laboratory analysis") << "the row is asked anew";
+    EXPECT_EQ(record->StorageReason(), "Laboratory analysis") << "the row is read again";
 }
 
 TEST_F(CustodyRecords, ASecondCallDoesNotQueryAgain) {

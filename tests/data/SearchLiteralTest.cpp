@@ -80,7 +80,7 @@ std::string PickNumber(Dice& dice, int32_t numberType, const SearchDepartment& d
     }
 }
 
-// Which of the kinds of criteria a search has, one combination for each number below Count.
+// The kinds of criteria of a search: one combination for each number below Count.
 struct Combination {
     static constexpr int Count = 3 * 2 * 3 * 7 * 2 * 2 * 4;
 
@@ -90,7 +90,7 @@ struct Combination {
             number /= choices;
             return choice;
         };
-        place = take(3);
+        location = take(3);
         description = take(2) == 1;
         itemType = take(3);
         numberType = take(7);
@@ -99,7 +99,7 @@ struct Combination {
         rights = take(4);
     }
 
-    int place;  // 0 none, 1 a location, 2 a root
+    int location;  // 0 none, 1 a location, 2 a root
     bool description;
     int itemType, numberType;
     bool untracked, tagged;
@@ -110,7 +110,8 @@ class SearchLiteral : public DatabaseTest, public ::testing::WithParamInterface<
 protected:
     AskedSearch Ask(const Combination& combination, const SearchDepartment& department) {
         AskedSearch asked;
-        if (combination.place > 0) asked.location = combination.place == 1 ? m_dice.AnyOf(department.Locations()) : 0;
+        if (combination.location > 0)
+            asked.location = combination.location == 1 ? m_dice.AnyOf(department.Locations()) : 0;
         if (combination.description) asked.description = m_dice.AnyOf(descriptions);
         asked.itemType = combination.itemType;
         asked.numberType = combination.numberType;

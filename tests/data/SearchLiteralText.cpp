@@ -21,7 +21,7 @@ const char* const vehicleSelect =
     "LEFT JOIN VehicleTracking vt ON vt.VehicleNo = v.VehicleNo AND v.CurrTrackSeq = vt.SeqNo "
     "LEFT JOIN (IncdVehicle iv INNER JOIN Incident i ON i.IncidentNo = iv.IncidentNo) ON iv.VehicleNo = v.VehicleNo";
 
-// A pattern as LIKE reads it, every character but "*" standing for itself.
+// A pattern for LIKE: only "*" is a wildcard.
 std::string Like(const std::string& pattern) {
     std::string text;
     for (const char c : pattern) {

@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-// What a search asks for, and who asks.
+// The criteria of a search and the rights of its user.
 struct AskedSearch {
     std::optional<int32_t> location = {};  // 0 for a root
     int32_t itemType = 0;                  // 1 property, 2 vehicles

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int32_t Many = 20000;
 
-// A counter on which very many items lie, each with the texts that a custodian would write.
+// A counter with very many items, each with realistic texts.
 class SearchManyHits : public testing::DatabaseTest {
 protected:
     SearchManyHits() {

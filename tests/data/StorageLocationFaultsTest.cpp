@@ -13,7 +13,7 @@ namespace {
 const Error LogFull(9002, "Engine", "The log of the database is full.");
 const Error Violation(ErrorNumber::IntegrityViolation, "Engine", "The constraint is violated.");
 
-// A department of its own for each fault, with the location that is worked on and another one.
+// A new department for each fault, with the location under test and another one.
 struct Department {
     explicit Department(int32_t id) {
         database.Execute("UPDATE StorageLocation SET ActiveFlag = 0 WHERE IdNo = ?", {tree.bin});
@@ -37,9 +37,9 @@ struct WritingOperation {
     int32_t id;  // the location that it is called on
     std::function<void(Department&)> run;
     int statements;             // up to the last write
-    std::string failure;        // what stands before the database's words
-    std::string violation;      // the sentence for a violated constraint
-    std::string reloadFailure;  // the sentence for a failed reading after the write
+    std::string failure;        // the text before the database's message
+    std::string violation;      // the message for a violated constraint
+    std::string reloadFailure;  // the message for a failed reload after the write
 };
 
 std::ostream& operator<<(std::ostream& out, const WritingOperation& operation) { return out << operation.name; }
@@ -58,7 +58,7 @@ WritingOperation Plain(const char* name, int32_t id, std::function<void(Departme
 const WritingOperation Move = Plain(
     "Move", 2, [](Department& d) { d.location->Move(d.annex); }, 3,
     "Could not move location 'Shelf' into 'Annex'. \r\n\r\n");
-// When the reading fails the row stands already, and the database knows its name.
+// When the reload fails, the row and its name are already in the database.
 const WritingOperation Create = {"CreateSubLocation",
                                  1,
                                  [](Department& d) { d.location->CreateSubLocation("Crate"); },
@@ -92,7 +92,7 @@ std::string FieldsOf(const StorageLocation& location) {
            (location.IsDeleted() ? " deleted" : "");
 }
 
-// All locations as the document gives them.
+// All locations in the document.
 std::string TreeAsRead() {
     std::string text;
     for (const StorageLocationRef& root : GetStorageLocationStatic().Roots())
@@ -114,7 +114,7 @@ protected:
 
     static std::string DescriptionAfter(const std::string& sentence) { return sentence + LogFull.Description(); }
 
-    // Nothing is written, the object stays as it was, and the operation succeeds when it is tried again.
+    // Nothing is written, the object is unchanged, and a second try succeeds.
     void ExpectNothingWritten(const std::string& place, const Arm& arm, const std::string& description) {
         for (const bool losesConnection : {false, true}) {
             SCOPED_TRACE(place + (losesConnection ? ", connection lost" : ""));
@@ -132,7 +132,7 @@ protected:
         }
     }
 
-    // The write stands all the same, and the next reading shows it.
+    // What was written is kept, and the next reload shows it.
     void ExpectWritten(const Arm& arm, const std::string& description) {
         Department department(GetParam().id);
         const std::string fields = FieldsOf(*department.location);
@@ -152,8 +152,8 @@ protected:
         EXPECT_TRUE(department.engine->HasStruck());
     }
 
-    std::string m_after;      // the whole database once the operation has succeeded
-    std::string m_treeAfter;  // and the locations as they are read then
+    std::string m_after;      // the database after the operation succeeded
+    std::string m_treeAfter;  // and the locations after a reload
 };
 
 class StorageLocationBatchFaults : public StorageLocationFaults {};

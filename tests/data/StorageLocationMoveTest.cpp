@@ -123,7 +123,7 @@ TEST_F(StorageLocationMove, AMoveTouchesNeitherTheDatesNorTheFlag) {
 }
 
 TEST_F(StorageLocationMove, LocationsBelowALongerIdentifierAreNotMoved) {
-    // What lies in 20 stands at /0/20/, which does not begin with the /0/2/ of what lies in 2.
+    // The path of locations in 20 is /0/20/, which does not begin with /0/2/, the path of locations in 2.
     int32_t last = 0;
     while (last < 20) last = m_database.AddLocation("Filler " + std::to_string(last), Types::Internal);
     const int32_t inTwenty = m_database.AddLocation("In twenty", Types::Internal, 20);

@@ -13,7 +13,7 @@ using Parameters = std::vector<TaggedValue>;
 const char* const ReloadText = "SELECT * FROM StorageLocation ORDER BY Name, IdNo";
 const char* const DeletedText = "The current location has been deleted.";
 
-// A clock that no two looks at find alike.
+// A clock that advances with each reading.
 class RunningClock : public Clock {
 public:
     DateTime Now() const override { return DateTime{++m_milliseconds}; }
@@ -42,7 +42,7 @@ protected:
         EXPECT_EQ(m_database.Snapshot(), before);
     }
 
-    // A location that is gone and stands for a category at once: shows which check comes first.
+    // A location that is both deleted and a root, to show which check comes first.
     StorageLocationRef DeletedRoot() {
         auto location = Find(m_tree.bin);
         location->Delete();

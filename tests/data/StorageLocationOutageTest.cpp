@@ -16,7 +16,7 @@ namespace {
 
 using Types = StorageLocationTypes;
 
-// While it lives, connections that are opened find the database full: it may not grow by another page.
+// During its lifetime, new connections find the database full: it cannot grow by another page.
 class NoMorePages {
 public:
     NoMorePages() { sqlite3_auto_extension(Entry()); }
@@ -31,7 +31,7 @@ private:
     static void (*Entry())() { return reinterpret_cast<void (*)()>(&Limit); }
 };
 
-// While it lives, no file of this process grows beyond so many bytes.
+// During its lifetime, no file of this process grows beyond this size.
 class NoLongerFiles {
 public:
     explicit NoLongerFiles(uintmax_t bytes) {
@@ -61,7 +61,7 @@ protected:
         m_annex = m_tree.Find(m_tree.annex);
     }
 
-    // Every writing operation, with what its sentence says before the database's words.
+    // Every writing operation, with the text before the database's message.
     std::vector<std::pair<std::function<void()>, std::string>> Operations() const {
         return {{[this] { m_room->CreateSubLocation("Crate"); }, "Could not create location 'Crate'. \r\n\r\n"},
                 {[this] { m_room->SetEnabled(false); }, "Could not disable this location.\r\n\r\n"},

@@ -36,7 +36,7 @@ protected:
     int32_t m_room = 0, m_shelf = 0, m_box = 0, m_bin = 0, m_annex = 0, m_court = 0;
 };
 
-// A StorageLocation element with these children; a null text leaves the child out.
+// A StorageLocation element with these children; a null text omits the child.
 std::unique_ptr<pugi::xml_document> MakeNode(std::vector<std::pair<const char*, const char*>> changes = {}) {
     std::vector<std::pair<std::string, const char*>> cells = {
         {"IdNo", "7"}, {"Name", "Shelf"},       {"Path", "/0/5/"},
@@ -137,7 +137,7 @@ TEST_F(StorageLocationTest, SubLocationsAreTheDirectChildrenInDocumentOrder) {
 }
 
 TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotIncluded) {
-    // A child of 57 stands at /0/57/, one of 5 at /0/5/.
+    // The path of a child of 57 is /0/57/, of a child of 5 it is /0/5/.
     int fillers = 0;
     while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {
     }

@@ -26,7 +26,7 @@ protected:
         m_vehicle = m_database.AddVehicle();
     }
 
-    // No ORDER BY is asked of the database, so the tests compare sorted.
+    // The query has no ORDER BY, so the tests sort the rows.
     static Texts IncidentsOf(StoredItem& item) {
         Texts ids;
         for (const auto& incident : item.RelatedIncidents()) ids.push_back(incident->DisplayID());

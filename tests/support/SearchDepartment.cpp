@@ -28,7 +28,7 @@ const Values recordKinds = {Null(), 0, 1, 1, 1, 2, -1, "1", "x"};
 const Values tags = {Null(), "", " ", "ABC 1", "ABC 12", "abc 1", "A_C 1", "50%"};
 const Values states = {Null(), Null(), "", "NY", "ny", " "};
 const Values years = {Null(), "", "1999", 2004};
-const Values colours = {Null(), "", "blue", "Blue"};
+const Values colors = {Null(), "", "blue", "Blue"};
 const Values makes = {Null(), "", "Ford", "b*e"};
 const Values models = {Null(), "", "100%", "blue bicycle", "Focus"};
 const Values incidentIds = {Null(), "", "I-1", "I-12", "i-12", "50%", "I_1", "I-1 "};
@@ -115,7 +115,7 @@ void SearchDepartment::AddVehicle() {
     const int32_t item = m_database.AddVehicle({.RegNumber = m_dice.AnyOf(tags),
                                                 .RegStateCode = m_dice.AnyOf(states),
                                                 .VehYear = m_dice.AnyOf(years),
-                                                .ColorCode = m_dice.AnyOf(colours),
+                                                .ColorCode = m_dice.AnyOf(colors),
                                                 .MakeCode = m_dice.AnyOf(makes),
                                                 .VehModel = m_dice.AnyOf(models),
                                                 .CategoryNo = m_dice.AnyOf(categories),
