@@ -32,14 +32,10 @@ bool IsTable(const SourceRef& from, SourceId id, std::string_view name) {
 }
 
 bool Equate(const ConditionRef& condition, const ColumnReference& a, const ColumnReference& b) {
-    const auto is = [](const ExpressionRef& side, const ColumnReference& column) {
-        const ColumnReference* found = ColumnOf(side);
-        return found && found->source == column.source && EqualsNoCase(found->name, column.name);
-    };
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     return comparison && comparison->equal &&
-           ((is(comparison->left, a) && is(comparison->right, b)) ||
-            (is(comparison->left, b) && is(comparison->right, a)));
+           ((IsColumn(comparison->left, a) && IsColumn(comparison->right, b)) ||
+            (IsColumn(comparison->left, b) && IsColumn(comparison->right, a)));
 }
 
 // The item table that the tracking table is joined to as its current custody row, by key and sequence number only.

@@ -1,6 +1,5 @@
 #include "sql/query/PlannerRules.h"
 
-#include "base/Text.h"
 #include "sql/query/QueryTraversal.h"
 
 #include <algorithm>
@@ -77,11 +76,6 @@ std::optional<bool> Decide(const ConditionRef& condition) {
     const auto rightNumber = NumberOf(*right);
     if (!leftNumber || !rightNumber) return std::nullopt;
     return (*leftNumber == *rightNumber) == comparison->equal;
-}
-
-bool IsColumn(const ExpressionRef& expression, const ColumnReference& column) {
-    const ColumnReference* candidate = ColumnOf(expression);
-    return candidate && candidate->source == column.source && EqualsNoCase(candidate->name, column.name);
 }
 
 bool RefusesNullOf(const ConditionRef& condition, const ColumnReference& column) {

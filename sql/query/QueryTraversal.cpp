@@ -151,6 +151,11 @@ const ColumnReference* ColumnOf(const ExpressionRef& expression) {
     return std::get_if<ColumnReference>(&expression->content);
 }
 
+bool IsColumn(const ExpressionRef& expression, const ColumnReference& column) {
+    const ColumnReference* found = ColumnOf(expression);
+    return found && found->source == column.source && EqualsNoCase(found->name, column.name);
+}
+
 bool IsRowwise(const ExpressionRef& expression) {
     const auto allRowwise = [](const std::vector<ExpressionRef>& parts) {
         return std::all_of(parts.begin(), parts.end(), [](const ExpressionRef& part) { return IsRowwise(part); });

@@ -28,6 +28,7 @@ std::vector<ConditionRef> Conjuncts(const std::vector<ConditionRef>& conditions)
 std::optional<TaggedValue> ConstantOf(const ExpressionRef& expression);
 bool IsParameter(const ExpressionRef& expression);
 const ColumnReference* ColumnOf(const ExpressionRef& expression);  // null for any other expression
+bool IsColumn(const ExpressionRef& expression, const ColumnReference& column);
 
 // Whether the value of the expression depends only on the columns it names: it has no aggregate and no unknown raw
 // text.
