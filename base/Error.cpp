@@ -10,11 +10,9 @@ std::string ErrorText(int32_t number) {
     case ErrorNumber::TypeMismatch: return "The value is of the wrong type.";
     case ErrorNumber::NullObject: return "No object has been set.";
     case ErrorNumber::InvalidUseOfNull: return "A value is missing.";
-    case ErrorNumber::AlreadyLoaded: return "This element is already loaded.";
     case ErrorNumber::InvalidPropertyValue: return "Invalid property value.";
     case ErrorNumber::KeyTaken: return "This key is already in the collection.";
     case ErrorNumber::IntegrityViolation: return "The database refused this change to keep its records consistent.";
-    case ErrorNumber::ElementNotFound: return "There is no element with this key.";
     default: return "An unexpected error occurred.";
     }
 }

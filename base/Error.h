@@ -34,11 +34,9 @@ inline constexpr int32_t SubscriptOutOfRange = 9;
 inline constexpr int32_t TypeMismatch = 13;
 inline constexpr int32_t NullObject = 91;
 inline constexpr int32_t InvalidUseOfNull = 94;
-inline constexpr int32_t AlreadyLoaded = 360;
 inline constexpr int32_t InvalidPropertyValue = 380;
 inline constexpr int32_t KeyTaken = 457;
 inline constexpr int32_t IntegrityViolation = static_cast<int32_t>(0x80040E2Fu);
-inline constexpr int32_t ElementNotFound = 35601;
 }  // namespace ErrorNumber
 
 // The system's own short sentence for one of the numbers above; "An unexpected error occurred." for any other.

@@ -11,7 +11,6 @@ namespace quellbrook {
 // Classic message box styles and answers. The low four bits of a style choose the buttons, the next four the icon.
 namespace MessageStyle {
 inline constexpr int32_t Critical = 16;
-inline constexpr int32_t Warning = 48;
 inline constexpr int32_t YesNoQuestion = 36;
 }  // namespace MessageStyle
 

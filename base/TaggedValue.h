@@ -3,9 +3,11 @@
 #include "base/DateTime.h"
 #include "base/Object.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace quellbrook {
@@ -42,6 +44,10 @@ public:
     TaggedValue(std::string_view value) : m_value(std::string(value)) {}
     TaggedValue(const char* value) : m_value(std::string(value)) {}
     TaggedValue(DateTime value) : m_value(value) {}
+    // Other pointers would convert to bool.
+    TaggedValue(std::nullptr_t) = delete;
+    template <typename T>
+    requires(!std::is_convertible_v<T*, const char*>) TaggedValue(T*) = delete;
     template <typename T>
     requires std::is_convertible_v<std::shared_ptr<T>, ObjectRef> TaggedValue(std::shared_ptr<T> value)
         : m_value(ObjectRef(std::move(value))) {}
@@ -52,7 +58,6 @@ public:
     bool IsEmpty() const { return Holds<Empty>(); }
     bool IsNull() const { return Holds<Null>(); }
     bool HasNoValue() const { return IsEmpty() || IsNull(); }
-    bool IsObject() const { return Holds<ObjectRef>(); }
 
     template <typename T>
     bool Holds() const {

@@ -48,8 +48,8 @@ public:
     bool IsEmpty() const { return m_items->IsEmpty(); }
     int32_t GetTransactionType() const { return m_transactionType; }
     std::shared_ptr<TransferData> GetTransferData() const { return m_transferData; }
-    // The live collection. A cleared batch has a new one, so fetch it anew at each OnChange.
-    std::shared_ptr<CartItems> GetItems() const { return m_items; }
+    // The live collection, not a copy. A cleared batch has a new one, so fetch it again at each OnChange.
+    std::shared_ptr<const CartItems> GetItems() const { return m_items; }
     bool IsItemInCart(const StoredItemRef& item) const;  // false for null
 
     void Handle(const Action& action) override;

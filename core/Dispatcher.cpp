@@ -45,7 +45,6 @@ void Dispatcher::Unregister(const DispatcherCallback* callback) {
 void Dispatcher::UnregisterAll() { m_callbacks.Clear(); }
 
 void Dispatcher::Dispatch(const Action& action) {
-    const auto self = weak_from_this().lock();  // a callback may discard the running dispatcher
     std::string serving = "Nothing";
     try {
         if (m_isDispatching) RefuseReentry();

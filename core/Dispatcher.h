@@ -25,7 +25,7 @@ public:
 // Delivers each action to every registered callback, in the order of registration, synchronously. Refuses re-entry.
 // Callbacks are held by shared reference. Delivery walks over the callbacks registered when it began; one that is
 // unregistered meanwhile is passed over.
-class Dispatcher : public std::enable_shared_from_this<Dispatcher> {
+class Dispatcher {
 public:
     bool IsDispatching() const { return m_isDispatching; }
 
@@ -44,7 +44,8 @@ private:
     bool m_isDispatching = false;
 };
 
-// The running dispatcher, made on first access. Hold the reference no longer than for one call: the gate discards it.
+// The running dispatcher, created on first access. Keep the reference only for one call, which it keeps alive: the gate
+// discards the dispatcher.
 std::shared_ptr<Dispatcher> GetDispatcher();
 // Drops the running dispatcher with every registration. A delivery that is under way ends with the callback being
 // served.

@@ -27,7 +27,7 @@ void Attempt(Step step) {
 }
 
 // Writes the batch; why that could not be done, or nothing once it is committed.
-std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<CartItems>& items) {
+std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<const CartItems>& items) {
     try {
         items = GetStores().Cart->GetItems();
         GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, source)));
@@ -41,7 +41,7 @@ std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std
 
 void Actions::ProcessTransaction(std::shared_ptr<TransferData> xfer) {
     LoadingStarted();
-    std::shared_ptr<CartItems> items;
+    std::shared_ptr<const CartItems> items;
     const std::optional<std::string> failure = Commit(xfer, items);
 
     Attempt([&] { LoadingFinished(); });

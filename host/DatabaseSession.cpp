@@ -41,7 +41,7 @@ std::string DatabaseSession::AgencyName() const {
 }
 
 void DatabaseSession::Login(const std::string& username, const std::string& password, const std::string&) {
-    Logout();
+    m_username.clear();
     HostDatabase database;
     const auto account = database.QueryRow("SELECT Username, PasswordHash FROM Account WHERE Username = " +
                                            database.PrepareText(username) + " AND IsActive = 1");

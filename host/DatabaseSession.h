@@ -17,8 +17,6 @@ public:
     // False while nobody is logged in, and for an account that has been closed meanwhile.
     bool HasPermission(const std::string& moduleKey, int16_t value) override;
 
-    void Logout() { m_username.clear(); }
-
 private:
     std::string m_username;
 };

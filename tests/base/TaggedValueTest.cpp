@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
+#include <type_traits>
 
 namespace quellbrook {
 namespace {
@@ -20,6 +22,17 @@ class OtherThing : public Object {
 public:
     std::string TypeName() const override { return "OtherThing"; }
 };
+
+// A raw pointer must not become a boolean.
+static_assert(!std::is_constructible_v<TaggedValue, Thing*>);
+static_assert(!std::is_constructible_v<TaggedValue, const int*>);
+static_assert(!std::is_constructible_v<TaggedValue, void*>);
+static_assert(!std::is_constructible_v<TaggedValue, void (*)()>);
+static_assert(!std::is_constructible_v<TaggedValue, std::nullptr_t>);
+static_assert(std::is_constructible_v<TaggedValue, const char*>);
+static_assert(std::is_constructible_v<TaggedValue, char*>);
+static_assert(std::is_constructible_v<TaggedValue, bool>);
+static_assert(std::is_constructible_v<TaggedValue, std::shared_ptr<Thing>>);
 
 template <typename Conversion>
 int32_t NumberRaised(Conversion convert, const TaggedValue& value) {
@@ -53,7 +66,7 @@ TEST(TaggedValue, KeepsTheKindItWasMadeOf) {
     EXPECT_TRUE(TaggedValue(1).Holds<int32_t>());
     EXPECT_TRUE(TaggedValue(1.0).Holds<double>());
     EXPECT_TRUE(TaggedValue(moment).Holds<DateTime>());
-    EXPECT_TRUE(TaggedValue(std::make_shared<Thing>()).IsObject());
+    EXPECT_TRUE(TaggedValue(std::make_shared<Thing>()).Holds<ObjectRef>());
     EXPECT_NE(TaggedValue(1), TaggedValue(1.0));
 }
 

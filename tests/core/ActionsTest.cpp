@@ -109,9 +109,10 @@ TEST_F(ActionsTest, RemovingAnItemThatIsNotThereStillEndsAnEmptyBatch) {
 }
 
 TEST_F(ActionsTest, RemovingInBulkLeavesTheTypeSetAndTheBatchEmpty) {
-    GetActions().BeginTransaction(TransactionType::Dispose, ListOf({MakeItem(1), MakeItem(2)}));
+    const auto items = ListOf({MakeItem(1), MakeItem(2)});
+    GetActions().BeginTransaction(TransactionType::Dispose, items);
     m_seen->actions.clear();
-    GetActions().BulkRemoveFromCart(m_stores.Cart->GetItems());
+    GetActions().BulkRemoveFromCart(items);
     EXPECT_EQ(m_seen->Types(), Types{"CART_REMOVE_ITEMS"});
     EXPECT_TRUE(m_stores.Cart->IsEmpty());
     EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::Dispose);

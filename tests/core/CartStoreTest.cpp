@@ -112,13 +112,8 @@ TEST_F(CartStoreTest, RemovingSkipsItemsThatAreNotThere) {
     EXPECT_EQ(m_changes, 3);
 }
 
-TEST_F(CartStoreTest, TheLiveCollectionItselfCanBeAddedAndRemoved) {
-    Add({MakeItem(1), MakeItem(2), MakeItem(3)});
-    m_store.Handle({ActionTypes::CART_ADD_ITEMS, m_store.GetItems()});
-    EXPECT_EQ(IDs(), (std::vector<int32_t>{1, 2, 3}));
-    m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, m_store.GetItems()});
-    EXPECT_TRUE(m_store.IsEmpty());
-}
+static_assert(std::is_same_v<decltype(std::declval<CartStore>().GetItems()), std::shared_ptr<const CartItems>>,
+              "only actions change the batch");
 
 TEST_F(CartStoreTest, GetItemsIsTheLiveCollectionUntilTheBatchIsCleared) {
     const auto items = m_store.GetItems();

@@ -203,7 +203,7 @@ void CartView::CartStore_OnChange() {
 
 void CartView::RefreshFromStore() {
     ShowTransactionType(m_cartStore->GetTransactionType());
-    const std::shared_ptr<CartItems> items = m_cartStore->GetItems();
+    const std::shared_ptr<const CartItems> items = m_cartStore->GetItems();
     m_itemCount->SetCaption(QString(" (%1)").arg(items->Count()));
     m_itemList->SetItems(items);
     LayoutControls();
