@@ -13,7 +13,7 @@ struct PermissionDefinition {
     bool operator==(const PermissionDefinition&) const = default;
 };
 
-// The rights that this module asks about. Each read builds a record of its own.
+// The rights that this module checks. Each call returns a new record.
 class PermissionsStatic {
 public:
     PermissionDefinition PRINT_BARCODE_LABELS() const;

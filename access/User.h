@@ -6,12 +6,12 @@
 
 namespace quellbrook {
 
-// Who is logged in, and what they may do. Nothing is kept: every question goes to the host's session.
+// The logged-in user and their rights. Nothing is cached; every call asks the host's session.
 class UserStatic {
 public:
     std::string Username() const;
     bool IsAuthenticated() const;
-    // With nobody logged in every right reads as granted; the access gate is what turns such a user away.
+    // True for every right while no user is logged in; the access gate refuses such a user.
     bool Can(const PermissionDefinition& perm) const;
     void Authenticate(const std::string& userId, const std::string& password);
 };

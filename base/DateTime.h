@@ -8,7 +8,7 @@
 
 namespace quellbrook {
 
-// A moment on the workstation's calendar, without a time zone: milliseconds since 1970-01-01T00:00:00 local time.
+// A local date and time without a time zone: milliseconds since 1970-01-01T00:00:00 local time.
 struct DateTime {
     int64_t milliseconds = 0;
 
@@ -22,11 +22,11 @@ struct DateTime {
     static DateTime FromParts(const Parts& parts);
     Parts ToParts() const;
 
-    // "2026-11-20T13:14:15.123", the form in which dates go into a statement and come back from a database.
+    // "2026-11-20T13:14:15.123", the format of dates in statements and databases.
     std::string ToText() const;
 
-    // Reads that form, a blank in place of the "T", any fraction of a second or none, and a date alone.
-    // Nothing for any other text or an impossible day.
+    // Reads that format, also with a space instead of the "T", with any or no fraction of a second, and a date alone.
+    // Nothing for any other text and for an impossible date.
     static std::optional<DateTime> Parse(std::string_view text);
 };
 

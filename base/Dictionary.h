@@ -6,13 +6,13 @@
 
 namespace quellbrook {
 
-// Named values, names compared exactly: the parameters of a view.
+// Named values, such as the parameters of a view. Names are case-sensitive.
 class Dictionary : public Object {
 public:
     std::string TypeName() const override { return "Dictionary"; }
 
     bool Has(const std::string& key) const { return m_values.count(key) > 0; }
-    // Empty when the key is absent.
+    // Empty if the key is absent.
     TaggedValue Value(const std::string& key) const {
         const auto found = m_values.find(key);
         return found == m_values.end() ? TaggedValue() : found->second;

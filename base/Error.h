@@ -7,8 +7,8 @@
 
 namespace quellbrook {
 
-// The system's one kind of failure. Number says which failure it is, Source is "Class.Operation", Description is a
-// sentence for the user.
+// Every failure in the system. Number identifies it, Source is "Class.Operation", Description is a sentence for the
+// user.
 class Error : public std::exception {
 public:
     Error(int32_t number, std::string source, std::string description)
@@ -25,10 +25,10 @@ private:
     std::string m_description;
 };
 
-// Numbers with a meaning of their own. Engines map their native codes to IntegrityViolation for every violated unique
-// or foreign key constraint; callers test for that one alone.
+// Numbers with a fixed meaning. Engines map every violation of a unique or foreign key constraint to
+// IntegrityViolation, the only number that callers test for.
 namespace ErrorNumber {
-inline constexpr int32_t General = 5;  // raised by the system itself; also: an absent key
+inline constexpr int32_t General = 5;  // any failure without a number of its own; an absent key
 inline constexpr int32_t Overflow = 6;
 inline constexpr int32_t SubscriptOutOfRange = 9;
 inline constexpr int32_t TypeMismatch = 13;
@@ -39,7 +39,7 @@ inline constexpr int32_t KeyTaken = 457;
 inline constexpr int32_t IntegrityViolation = static_cast<int32_t>(0x80040E2Fu);
 }  // namespace ErrorNumber
 
-// The system's own short sentence for one of the numbers above; "An unexpected error occurred." for any other.
+// A short sentence for one of the numbers above; "An unexpected error occurred." for any other.
 std::string ErrorText(int32_t number);
 
 [[noreturn]] void Raise(int32_t number, std::string_view source, std::string_view description);
@@ -47,13 +47,13 @@ std::string ErrorText(int32_t number);
 // Raises with ErrorText(number) as description.
 [[noreturn]] void Raise(int32_t number, std::string_view source);
 
-// Turns any exception into an Error: an Error as it is, every other with number 5 and its what() as description.
+// Any exception as an Error: an Error unchanged, any other with number 5 and its what() as the description.
 Error ToError(std::exception_ptr exception);
 
 // The exception being handled, as an Error. Only inside a catch block.
 Error CurrentError();
 
-// Raises NullObject unless the reference holds an object; hands the reference through.
+// Returns the reference. Error 91 if it is null.
 template <typename Reference>
 Reference& Require(Reference& reference, std::string_view source) {
     if (!reference) Raise(ErrorNumber::NullObject, source);

@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// An event of the model. A subscriber that leaves while the event is being raised is safely passed over; order among
-// subscribers is no one's to rely on. Keep the Subscription as the last member, so that it goes first.
+// An event of the model. A subscriber may disconnect while the event is being raised. Do not rely on the order of
+// subscribers. Declare a Subscription as the last member, so that it is destroyed first.
 template <typename... Arguments>
 using Event = boost::signals2::signal<void(Arguments...)>;
 

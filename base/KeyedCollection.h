@@ -9,8 +9,8 @@
 
 namespace quellbrook {
 
-// Entries in the order they were added, each under a text key of its own, compared exactly. Look-up and removal by key
-// take constant time. Adding a taken key raises 457, asking for or removing an absent one raises 5.
+// Entries in insertion order, each under a unique, case-sensitive text key. Lookup and removal by key take constant
+// time. Error 457 for adding an existing key, Error 5 for reading or removing an absent one.
 template <typename T>
 class KeyedCollection {
     struct Entry {
@@ -51,7 +51,7 @@ public:
         if (!TryAdd(std::move(value), key)) Raise(ErrorNumber::KeyTaken, "KeyedCollection.Add");
     }
 
-    // False, and nothing changed, when the key is taken.
+    // False, with no change, if the key exists.
     bool TryAdd(T value, const std::string& key) {
         if (m_index.count(key) > 0) return false;
         m_entries.push_back({key, std::move(value)});
@@ -79,7 +79,7 @@ public:
         return found->second->value;
     }
 
-    // The entries as they stand now.
+    // A copy of the entries.
     std::vector<T> Values() const {
         std::vector<T> values;
         values.reserve(Count());

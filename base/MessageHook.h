@@ -6,28 +6,28 @@
 
 namespace quellbrook {
 
-// Numbers of the messages that a key gives rise to.
+// Numbers of the messages that a key causes.
 namespace KeyMessageNumber {
 inline constexpr uint32_t Cancelled = 0;
 inline constexpr uint32_t KeyDown = 0x100, KeyUp = 0x101, Char = 0x102, DeadChar = 0x103;
 inline constexpr uint32_t SysKeyDown = 0x104, SysKeyUp = 0x105, SysChar = 0x106;
 }  // namespace KeyMessageNumber
 
-// One message on its way to the focused window. wParam is the key's code for the key messages and the character's code
-// for the character messages. A handler may rewrite both; the number 0 cancels the message.
+// A message to the focused window. wParam is the key code of a key message and the character code of a character
+// message. A handler may change both; the number 0 cancels the message.
 struct KeyMessage {
     uint32_t number;
     uint32_t wParam;
 };
 
-// Sees every key and character message of the user interface thread before it is dispatched, as long as it lives. One
-// press of a key is a key-down message and then, where the key has one, a character message; the press is swallowed
-// when either is cancelled. Each press and release is seen once.
+// Receives every key and character message of the user interface thread before it is dispatched, for its own lifetime.
+// A key press is a key-down message and then, if the key has one, a character message; cancelling either one drops the
+// press. Each press and release is received once.
 class MessageHook {
 public:
     virtual ~MessageHook() = default;
 
-    // An Error that leaves it is caught and reported by the hook; the message then passes.
+    // The hook catches and reports an Error from the handler; the message then passes.
     std::function<void(KeyMessage&)> OnMessage;
 };
 

@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// Root of everything that travels by shared reference: payloads of actions, parameters of views, entries of
-// mixed collections. TypeName() is the class's name as failure texts print it.
+// Base class of what is passed by shared reference: payloads of actions, parameters of views, entries of mixed
+// collections. TypeName() is the class's name in error texts.
 class Object {
 public:
     virtual ~Object() = default;
@@ -20,7 +20,7 @@ protected:
 
 using ObjectRef = std::shared_ptr<Object>;
 
-// The type name of an object that may be absent: "Nothing" for null.
+// The object's type name; "Nothing" for null.
 inline std::string TypeNameOf(const Object* object) { return object ? object->TypeName() : "Nothing"; }
 
 }  // namespace quellbrook

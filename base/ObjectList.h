@@ -7,17 +7,17 @@
 
 namespace quellbrook {
 
-// An ordered list of objects, read by position from 0. What a selection, a batch and a search result have in common.
+// An ordered list of objects, read by position from 0: a selection, a batch or a search result.
 class ObjectList : public Object {
 public:
     virtual int32_t Count() const = 0;
-    // Error 9 outside 0 to Count() - 1.
+    // Error 9 if the index is not in 0 to Count() - 1.
     virtual ObjectRef At(int32_t index) const = 0;
 
     bool IsEmpty() const { return Count() == 0; }
 };
 
-// A list that simply holds its objects, of any kinds together.
+// A list that owns its objects, of any classes together.
 class ObjectVector : public ObjectList {
 public:
     std::string TypeName() const override { return "Collection"; }

@@ -29,8 +29,8 @@ struct Null {
     bool operator==(const Null&) const = default;
 };
 
-// A value that carries its kind: what an action's payload, a column of a row and a field of a transfer are made of.
-// Empty means never set, Null is the database's NULL; both count as "no value" (HasNoValue).
+// A value with its type: the payload of an action, a column of a row, a field of a transfer. Empty means never set,
+// Null is the database's NULL; both count as "no value" (HasNoValue).
 class TaggedValue {
 public:
     TaggedValue() = default;
@@ -47,12 +47,13 @@ public:
     // Other pointers would convert to bool.
     TaggedValue(std::nullptr_t) = delete;
     template <typename T>
-    requires(!std::is_convertible_v<T*, const char*>) TaggedValue(T*) = delete;
+    requires(!std::is_convertible_v<T*, const char*>) TaggedValue(T*)
+    = delete;
     template <typename T>
     requires std::is_convertible_v<std::shared_ptr<T>, ObjectRef> TaggedValue(std::shared_ptr<T> value)
         : m_value(ObjectRef(std::move(value))) {}
 
-    // A whole number of any size: 32-bit where it fits, an exact decimal beyond.
+    // A 32-bit integer if the value fits, an exact decimal otherwise.
     static TaggedValue FromInteger(int64_t value);
 
     bool IsEmpty() const { return Holds<Empty>(); }
@@ -63,7 +64,7 @@ public:
     bool Holds() const {
         return std::holds_alternative<T>(m_value);
     }
-    // The alternative, or null when the value is of another kind.
+    // The alternative, or null if the value has another type.
     template <typename T>
     const T* If() const {
         return std::get_if<T>(&m_value);
@@ -75,8 +76,8 @@ private:
     std::variant<Empty, Null, bool, int32_t, double, Decimal, std::string, DateTime, ObjectRef> m_value;
 };
 
-// Conversions. Each fails with an Error: NULL 94, an object or a text of another shape 13, out of range 6. Empty reads
-// as 0, false, or the empty text.
+// Conversions. Error 94 for NULL, 13 for an object or a malformed text, 6 for an overflow. Empty converts to 0, false
+// or the empty text.
 
 // Text: trimmed blanks, one sign, digits. Fractions round half to even. Booleans are -1 and 0.
 int32_t ToInt32(const TaggedValue& value);
@@ -90,7 +91,7 @@ std::string ToText(const TaggedValue& value);
 std::string ToTextOrEmpty(const TaggedValue& value);
 DateTime ToDateTime(const TaggedValue& value);
 
-// The object as a T. Null 91 ("No object has been set."), any other kind or class 13.
+// The object as a T. Error 91 ("No object has been set.") for a null reference, 13 for another type or class.
 template <typename T>
 std::shared_ptr<T> ToObject(const TaggedValue& value);
 

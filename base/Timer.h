@@ -17,7 +17,7 @@ public:
     virtual void Stop() = 0;
     virtual bool IsRunning() const = 0;
 
-    // Called at each elapsed interval. An Error that leaves it is caught and reported by the timer.
+    // Called after each interval. The timer catches and reports an Error from it.
     std::function<void()> Elapsed;
 };
 

@@ -4,15 +4,15 @@ class QWidget;
 
 namespace quellbrook {
 
-// The component as a host sees it; nothing below it needs to be known. Everything runs on the thread of QApplication.
+// The component's interface for its host. Everything runs on the thread of QApplication.
 //
 // The host sets its database, session and formats with HostServices, then:
 //   Startup                     after QApplication
 //   SetDialogParent             its main window, at each login, before the gate
 //   InitializeQuellbrook        the gate, at each login
-//   CreateEvidenceUI            only where the gate answered true
-//   Shutdown                    after the last EvidenceUI, before QApplication goes
-// An Error that a function raises is the host's to show.
+//   CreateEvidenceUI            only if the gate returned true
+//   Shutdown                    after the last EvidenceUI, before QApplication is destroyed
+// The host shows the Errors that these functions throw.
 
 // Installs the component's screen, timers, keys and command runner, and keeps the error log in use. Calls nest: the
 // component ends at the Shutdown that matches the first Startup, and can then start again. Without a Startup, Shutdown
@@ -23,14 +23,14 @@ void Shutdown();
 // Palette, fonts and style of the component for the whole application, so that host and component look alike.
 void InstallTheme(bool dark);
 
-// The window over which the component centres its dialogs. The caller keeps ownership.
+// The window over which the component centers its dialogs. The caller keeps ownership.
 void SetDialogParent(QWidget* window);
 
-// The access gate: whether the user of the session may enter. A user who may not has been told why. Drops what an
-// earlier login has left: the batch, the way back.
+// The access gate: whether the user of the session may enter. It has shown the reason to a user who may not. Drops the
+// batch and the view history of an earlier login.
 bool InitializeQuellbrook();
 
-// A new EvidenceUI, hidden, owned by the parent. Its Qt property BorderStyle (integer, 0 at first) frames it.
+// A new EvidenceUI, hidden, owned by the parent. Its Qt property BorderStyle (integer, default 0) frames it.
 QWidget* CreateEvidenceUI(QWidget* parent);
 
 }  // namespace quellbrook

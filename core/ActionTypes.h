@@ -1,6 +1,6 @@
 #pragma once
 
-// The vocabulary of actions. Values equal their names; what each carries stands beside it.
+// The vocabulary of actions. Values equal their names; comments give the payload.
 namespace quellbrook::ActionTypes {
 
 inline constexpr const char* VIEW_NAVIGATE_TO = "VIEW_NAVIGATE_TO";                    // ViewState
@@ -13,7 +13,7 @@ inline constexpr const char* CART_CANCEL_TRANSACTION = "CART_CANCEL_TRANSACTION"
 inline constexpr const char* CART_TRANSACTION_SUCCESS = "CART_TRANSACTION_SUCCESS";    // TransferData just committed
 inline constexpr const char* CART_TRANSACTION_FAILED = "CART_TRANSACTION_FAILED";      // text: the description
 inline constexpr const char* CART_SET_TRANSFER_DATA = "CART_SET_TRANSFER_DATA";        // TransferData
-inline constexpr const char* NOTIFY_USER = "NOTIFY_USER";                              // text of a toast
+inline constexpr const char* NOTIFY_USER = "NOTIFY_USER";                              // text: the toast
 inline constexpr const char* LOADING_STARTED = "LOADING_STARTED";                      // nothing
 inline constexpr const char* LOADING_FINISHED = "LOADING_FINISHED";                    // nothing
 inline constexpr const char* LOCATION_CREATE_SUCCESS = "LOCATION_CREATE_SUCCESS";      // the new StorageLocation

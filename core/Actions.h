@@ -12,21 +12,21 @@ class Actions {
 public:
     void NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary> viewParameters);
     void GoBack();
-    // Makes a location in the container or, where containerId is 0, at the top of the category. Never fails to its
-    // caller: why it could not be done is the payload of LOCATION_CREATE_FAILED.
+    // Creates a location in the container or, if containerId is 0, at the top of the category. Does not throw: the
+    // reason for a failure is the payload of LOCATION_CREATE_FAILED.
     void CreateLocation(const std::string& name, StorageLocationTypes locationType, int32_t containerId);
     // Two dispatches: the type, then the items.
     void BeginTransaction(int32_t transactionType, std::shared_ptr<ObjectList> items);
     void AddToCart(std::shared_ptr<ObjectList> items);
-    // Ends the batch when this was its last item.
+    // Ends the batch if this was its last item.
     void RemoveFromCart(const StoredItemRef& item);
     // Leaves an emptied batch open.
     void BulkRemoveFromCart(std::shared_ptr<ObjectList> items);
     void CancelTransactionWithPrompt();
     void CancelTransaction();
     void SetTransferData(std::shared_ptr<TransferData> data);
-    // Writes one custody row for each item of the batch, all in one database transaction, and tells the stores and the
-    // user how it went. Fails to its caller no more once it has started.
+    // Writes one custody row for each item of the batch, all in one database transaction, and reports the outcome to
+    // the stores and the user. Throws only before it starts; later failures are reported through actions.
     void ProcessTransaction(std::shared_ptr<TransferData> xfer);
     void NotifyUser(const std::string& message);
     void LoadingStarted();

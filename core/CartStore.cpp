@@ -8,7 +8,7 @@ namespace quellbrook {
 
 namespace {
 
-// The items of a payload. Entries that are none, or that can't be made, are passed over.
+// The items of a payload. Other entries, and items that can't be created, are skipped.
 std::vector<StoredItemRef> ItemsOf(const ObjectList& list) {
     std::vector<StoredItemRef> items;
     for (int32_t i = 0; i < list.Count(); ++i) {

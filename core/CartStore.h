@@ -11,7 +11,7 @@
 
 namespace quellbrook {
 
-// What may be done with one item.
+// The tasks that are allowed for one item.
 struct AllowedTasks {
     bool CanPrint = true;
     bool CanCheckIn = true;
@@ -20,22 +20,22 @@ struct AllowedTasks {
     bool CanDispose = true;
 };
 
-// The batch's items in the order they were added, each under "K" and its ID; the key takes no regard of the kind.
+// The batch's items in insertion order, each under "K" and its ID; the key does not include the item type.
 class CartItems : public StoredItemList {
 public:
     std::string TypeName() const override { return "Collection"; }
     int32_t Count() const override { return static_cast<int32_t>(m_items.Count()); }
     StoredItemRef ItemAt(int32_t index) const override;
 
-    bool TryAdd(const StoredItemRef& item);  // false when the key is taken
-    bool TryRemove(const StoredItem& item);  // false when the key is absent
+    bool TryAdd(const StoredItemRef& item);  // false if the key exists
+    bool TryRemove(const StoredItem& item);  // false if the key is absent
     bool Contains(const StoredItem& item) const;
 
 private:
     static std::string KeyOf(const StoredItem& item);
 
     KeyedCollection<StoredItemRef> m_items;
-    mutable std::vector<StoredItemRef> m_byPosition;  // m_items in order, or empty until somebody asks
+    mutable std::vector<StoredItemRef> m_byPosition;  // cache of m_items in order, filled by ItemAt
 };
 
 // The current transfer batch: its items, its type (TransactionType), its details. Changes only through actions.

@@ -8,33 +8,33 @@
 
 namespace quellbrook {
 
-// One change of state on its way. Made new for every dispatch.
+// One change of state. Created for every dispatch.
 struct Action {
     std::string ActionType;  // one of ActionTypes, compared exactly
     TaggedValue Payload;
 };
 
-// Receives every action. A failure leaves Handle as an Error.
+// Receives every action. Handle throws an Error if it fails.
 class DispatcherCallback {
 public:
     virtual ~DispatcherCallback() = default;
     virtual void Handle(const Action& action) = 0;
-    virtual std::string CallbackTypeName() const = 0;  // for failure texts: "CartStore"
+    virtual std::string CallbackTypeName() const = 0;  // for error texts: "CartStore"
 };
 
 // Delivers each action to every registered callback, in the order of registration, synchronously. Refuses re-entry.
-// Callbacks are held by shared reference. Delivery walks over the callbacks registered when it began; one that is
-// unregistered meanwhile is passed over.
+// Owns a shared reference to each callback. An action goes to the callbacks that were registered when its delivery
+// began, except those unregistered since.
 class Dispatcher {
 public:
     bool IsDispatching() const { return m_isDispatching; }
 
-    // Error 5 "callback is Nothing"; 457 for a callback that is registered already.
+    // Error 5 "callback is Nothing" for null; 457 for a callback that is already registered.
     void Register(std::shared_ptr<DispatcherCallback> callback);
-    // An unknown callback is no failure.
+    // Ignores an unknown callback.
     void Unregister(const DispatcherCallback* callback);
     void UnregisterAll();
-    // A failing callback ends the delivery; its error is raised again with the callback's type name in front.
+    // A callback that throws ends the delivery; its error is thrown again with the callback's type name in front.
     void Dispatch(const Action& action);
 
 private:
@@ -47,8 +47,7 @@ private:
 // The running dispatcher, created on first access. Keep the reference only for one call, which it keeps alive: the gate
 // discards the dispatcher.
 std::shared_ptr<Dispatcher> GetDispatcher();
-// Drops the running dispatcher with every registration. A delivery that is under way ends with the callback being
-// served.
+// Drops the running dispatcher and every registration. A delivery in progress ends after the current callback.
 void DiscardDispatcher();
 
 }  // namespace quellbrook

@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// Fronts the storage location model, and holds the location to bring into view after a change. Construction loads the
+// Gives access to the storage locations, and keeps the location to select after a change. Construction loads the
 // location document.
 class LocationStore : public DispatcherCallback {
 public:

@@ -16,7 +16,7 @@ namespace {
 
 const char* const source = "Actions.ProcessTransaction";
 
-// Carries out one step of the report on a transfer whose outcome is settled: a failure here changes nothing about it.
+// Runs one step of the report on a finished transfer. A failure here does not change the transfer's outcome.
 template <typename Step>
 void Attempt(Step step) {
     try {
@@ -26,7 +26,7 @@ void Attempt(Step step) {
     }
 }
 
-// Writes the batch; why that could not be done, or nothing once it is committed.
+// Writes the batch. Returns the description of the failure, or nothing if the batch was committed.
 std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<const CartItems>& items) {
     try {
         items = GetStores().Cart->GetItems();

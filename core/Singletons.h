@@ -8,8 +8,8 @@ namespace quellbrook {
 // The module's global object, which the host reaches without creating it.
 class Singletons {
 public:
-    // The access gate: whether the user may enter. Tells a user whom it turns away why, unless the wizard was left.
-    // Drops the dispatcher and the stores of an earlier run. Needs SetDialogParent to have been called.
+    // The access gate: whether the user may enter. Shows the reason to a user it refuses, unless the user left the
+    // wizard. Drops the dispatcher and the stores of an earlier run. Call SetDialogParent first.
     bool InitializeQuellbrook();
     StorageLocationStatic& StorageLocation();
     void SetDialogParent(ObjectRef parent);

@@ -18,7 +18,7 @@ struct StoresRecord {
 // A copy of the stores record. The first call after the gate builds the four stores, in the order of the fields, and
 // registers each with the dispatcher.
 StoresRecord GetStores();
-// The next GetStores builds new stores. References taken earlier keep the old ones, which receive nothing any more.
+// The next GetStores builds new stores. Earlier references keep the old ones alive, which no longer receive actions.
 void DiscardStores();
 
 }  // namespace quellbrook

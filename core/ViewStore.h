@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// The names of the views; each is also the name of the shell's control that holds the view.
+// The names of the views, and of the shell's controls that contain them.
 namespace ViewNames {
 inline constexpr const char* Explorer = "explorer";
 inline constexpr const char* ItemView = "itemView";  // parameter "Item": the StoredItem
@@ -19,7 +19,7 @@ inline constexpr const char* Cart = "cart";
 inline constexpr const char* Loading = "loading";  // shown by the shell itself, never navigated to
 }  // namespace ViewNames
 
-// Which view, and what it is to show. Made once, never changed.
+// A view and its parameters. Immutable.
 class ViewState : public Object {
 public:
     ViewState(std::string viewName, std::shared_ptr<Dictionary> parameters)
@@ -41,7 +41,7 @@ public:
     virtual void Show(const std::shared_ptr<Dictionary>& viewParameters) = 0;
 };
 
-// Which top-level view is on show, and the way back.
+// The visible top-level view and the history for going back.
 class ViewStore : public DispatcherCallback {
 public:
     const std::string& ViewName() const { return m_current->ViewName(); }

@@ -22,16 +22,15 @@ struct CodeEntry {
     std::string text;
 };
 
-// Display texts of coded columns. Both look-ups give NULL for a NULL or unknown code. Officers have their names as
-// PersonDirectory gives them.
+// Display texts of coded columns. Both lookups return NULL for a NULL or unknown code. Officers are named as in
+// PersonDirectory.
 class CodeTableLookup {
 public:
     TaggedValue Description(int16_t tableNumber, const TaggedValue& code);
     TaggedValue Name(int16_t tableNumber, const TaggedValue& code);
 
-    // The entries that can be chosen, in the order of their texts: the description, or the name where there is none;
-    // officers by name and title, "Raman, Priya (Evidence Technician)". An inactive entry is left out, but is still
-    // found by the look-ups.
+    // The active entries, ordered by text: the description, or the name if there is none; officers with name and title,
+    // "Raman, Priya (Evidence Technician)". The lookups also find inactive entries.
     std::vector<CodeEntry> Entries(int16_t tableNumber);
 };
 

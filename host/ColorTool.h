@@ -4,11 +4,11 @@
 
 namespace quellbrook {
 
-// Shades of a colour given as 0xBBGGRR.
+// Shades of a color, 0xBBGGRR.
 class ColorTool {
 public:
     static ColorTool FromColor(int32_t color);
-    // Towards white by the factor: 0 changes nothing, 1 gives white, -1 black. Each channel is rounded to nearest.
+    // Mixes with white by the factor: 0 changes nothing, 1 gives white, -1 black. Each channel is rounded to nearest.
     ColorTool Shade(float factor) const;
     int32_t ToColor() const;
 

@@ -6,22 +6,23 @@
 
 namespace quellbrook {
 
-// A session over the accounts in the host's own tables: Account, AccountRight, and the setting AgencyName. Nobody is
-// logged in until Login. Rights are asked of the database at each call, so that what is revoked there counts at once.
+// A session over the accounts in the host's own tables: Account, AccountRight, and the setting AgencyName. No user is
+// logged in before Login. Each call reads the rights from the database, so that a revocation takes effect at once.
 class DatabaseSession : public HostSession {
 public:
     std::string Username() const override { return m_username; }  // as the account writes it
-    std::string AgencyName() const override;                      // the empty text where none is set
-    // Whoever was logged in is logged out, also when this fails. Error 5 with one sentence, whichever half was wrong.
+    std::string AgencyName() const override;                      // empty if none is set
+    // Logs out the previous user, also if it fails. Error 5 with the same sentence for a wrong name and a wrong
+    // password.
     void Login(const std::string& username, const std::string& password, const std::string& domain) override;
-    // False while nobody is logged in, and for an account that has been closed meanwhile.
+    // False while no user is logged in, and for an account that has been closed since.
     bool HasPermission(const std::string& moduleKey, int16_t value) override;
 
 private:
     std::string m_username;
 };
 
-// What Account.PasswordHash holds for the password; a new salt at each call.
+// The value of Account.PasswordHash for a password; a new salt at each call.
 std::string HashPassword(const std::string& password);
 
 }  // namespace quellbrook

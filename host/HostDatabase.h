@@ -34,13 +34,13 @@ public:
     void Execute(const std::string& sql);
     void ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters);
 
-    // All statements in order, on one connection, in one transaction. After a failure nothing of them stays.
+    // All statements in order, on one connection, in one transaction. A failure rolls all of them back.
     void ExecuteBatch(const std::vector<std::string>& statements);
 
-    // Inserts the children of the row document that carry isPersistable; the identity that keyColumn was given.
+    // Inserts the children of the row document that carry isPersistable; returns the identity assigned to keyColumn.
     int32_t InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row);
 
-    // Finished SQL literals. A text that holds NUL is refused with Error 5.
+    // Finished SQL literals. Error 5 for a text that contains NUL.
     std::string PrepareText(const std::string& text) const;
     // For the right side of LIKE: "*" stands for any run of characters, all else for itself. Where the text holds a
     // character that LIKE knows, the literal is followed by an ESCAPE clause.

@@ -8,7 +8,7 @@ namespace quellbrook {
 std::string HostEnvironment::ProcessName() {
     std::error_code failure;
     std::string name = std::filesystem::read_symlink("/proc/self/exe", failure).filename().string();
-    constexpr std::string_view replacedMark = " (deleted)";  // the kernel's, after the file has been replaced
+    constexpr std::string_view replacedMark = " (deleted)";  // appended by the kernel after the file was replaced
     if (name.ends_with(replacedMark)) name.resize(name.size() - replacedMark.size());
     return name;
 }

@@ -5,18 +5,17 @@
 
 namespace quellbrook {
 
-// The files that the host keeps for all its workstations. A name is relative, its folders divided by backslashes:
+// The host's files, shared by all workstations. Names are relative, with backslashes between folders:
 // "Files\Data\location.labl".
 class HostFiles {
 public:
     virtual ~HostFiles() = default;
 
-    // The bytes of the file. Error 5 with a sentence that names it.
+    // The bytes of the file. Error 5 with a sentence that names the file.
     virtual std::string ReadFile(const std::string& relativePath) = 0;
 };
 
-// Files below a directory of this machine, or of one that it has mounted. A name that leads out of the directory is
-// refused.
+// Files below a local or mounted directory. Names that lead out of the directory are refused.
 class DirectoryFiles : public HostFiles {
 public:
     explicit DirectoryFiles(std::filesystem::path directory) : m_directory(std::move(directory)) {}

@@ -14,8 +14,8 @@
 namespace quellbrook {
 
 // All rows of the table StorageLocation as one XML document: a child StorageLocation of the document element for each
-// row, in it a child for each column that is not NULL, named as the column. Siblings stand by Name, then IdNo. The
-// index answers what XPath would, in document order, without walking.
+// row, with a child for each column that is not NULL, named after the column. Siblings are ordered by Name, then IdNo.
+// The index returns what XPath would, in document order, without a search.
 class LocationDocument {
 public:
     explicit LocationDocument(std::unique_ptr<pugi::xml_document> document);
@@ -23,7 +23,7 @@ public:
     pugi::xml_node Root() const { return m_document->document_element(); }
     // StorageLocation[IdNo=id]: the first such node, or a null node.
     pugi::xml_node FindByID(int32_t id) const;
-    // StorageLocation[Path='path' and Type=type], in document order. Empty list when there is none.
+    // StorageLocation[Path='path' and Type=type], in document order. Empty if there is none.
     const std::vector<pugi::xml_node>& Children(std::string_view path, int32_t type) const;
 
 private:
@@ -41,7 +41,7 @@ private:
 // The one cached location document of the process. All instances share it; it changes only on Reload.
 class HostLocationData {
 public:
-    // Loads on first use. The reference stays valid as long as somebody holds it, also over a Reload.
+    // Loads on first use. The reference stays valid while the caller keeps it, also across a Reload.
     std::shared_ptr<const LocationDocument> GetDocument();
     // Reads the table again. Always empty.
     TaggedValue Reload();

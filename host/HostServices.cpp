@@ -42,13 +42,13 @@ HostSession& HostServices::Session() { return *Require(m_session, "HostServices.
 void HostServices::SetFiles(std::shared_ptr<HostFiles> files) { m_files = std::move(files); }
 
 HostFiles& HostServices::Files() {
-    return RequireSet(m_files, "HostServices.Files", "The host has named no place for its files.");
+    return RequireSet(m_files, "HostServices.Files", "The host has no folder for its files.");
 }
 
 void HostServices::SetThumbnails(std::shared_ptr<ThumbnailReader> thumbnails) { m_thumbnails = std::move(thumbnails); }
 
 ThumbnailReader& HostServices::Thumbnails() {
-    return RequireSet(m_thumbnails, "HostServices.Thumbnails", "The host has named no place for attachments.");
+    return RequireSet(m_thumbnails, "HostServices.Thumbnails", "The host has no folder for attachments.");
 }
 
 void HostServices::SetPrinter(std::shared_ptr<LabelPrinter> printer) { m_printer = std::move(printer); }

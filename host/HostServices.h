@@ -12,16 +12,16 @@
 
 namespace quellbrook {
 
-// The host's regional formats. Dates and times are patterns of d, M, y, H, h, m, s and "AP" as Qt and ICU read them;
-// the currency is a pattern with "%d" in place of the amount.
+// The host's regional formats. Dates and times are patterns of d, M, y, H, h, m, s and "AP" as in Qt and ICU; the
+// currency is a pattern with "%d" for the amount.
 struct HostFormats {
     std::string currency = "$%d";
     std::string date = "MM/dd/yyyy";
     std::string time = "h:mm AP";
 };
 
-// What the host hands to the module before anything else: its database, its session, its formats, its files and this
-// workstation's label printer. One for the process.
+// What the host provides before it starts the module: its database, session, formats and files, and this workstation's
+// label printer. One per process.
 class HostServices {
 public:
     static HostServices& Current();
@@ -29,7 +29,7 @@ public:
     // Drops everything that was set.
     void Reset();
 
-    // Null ends the use of a database; every cached document goes with it.
+    // Also drops every cached document. Null: no database.
     void SetEngine(std::shared_ptr<Engine> engine);
     bool HasEngine() const { return m_pool != nullptr; }
     // Error 5 with a sentence while no database is set.
@@ -40,7 +40,7 @@ public:
     HostSession& Session();
 
     void SetFiles(std::shared_ptr<HostFiles> files);
-    // Error 5 with a sentence while none are set; so are the next two.
+    // Error 5 with a sentence while none are set, as in the next two.
     HostFiles& Files();
 
     void SetThumbnails(std::shared_ptr<ThumbnailReader> thumbnails);

@@ -10,11 +10,11 @@ class HostSession {
 public:
     virtual ~HostSession() = default;
 
-    virtual std::string Username() const = 0;    // the empty text when nobody is logged in
+    virtual std::string Username() const = 0;    // empty while no user is logged in
     virtual std::string AgencyName() const = 0;  // as printed on labels
-    // The third text is always empty here. Error 5 with a sentence when the host refuses.
+    // The third text is always empty. Error 5 with a sentence if the host refuses.
     virtual void Login(const std::string& username, const std::string& password, const std::string& domain) = 0;
-    // False for a module that the host does not know.
+    // False for an unknown module.
     virtual bool HasPermission(const std::string& moduleKey, int16_t value) = 0;
 };
 

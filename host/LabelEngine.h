@@ -6,15 +6,15 @@
 
 namespace quellbrook {
 
-// Makes labels from the text of a template file (.labl), which is an SVG drawing.
+// Creates labels from the text of a template file (.labl), an SVG drawing.
 class LabelEngine {
 public:
-    // UTF-8, unless the drawing declares another encoding. Error 5 with a sentence for a template that is not
-    // well-formed or that describes no label.
+    // The text is UTF-8 unless the drawing declares another encoding. Error 5 with a sentence if the template is not
+    // well-formed or does not describe a label.
     BarcodeLabel Parse(const std::string& templateText) { return BarcodeLabel(LabelTemplate(templateText)); }
 };
 
-// The one that all share.
+// The shared instance.
 LabelEngine& GetLabelEngine();
 
 }  // namespace quellbrook

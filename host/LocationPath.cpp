@@ -16,7 +16,7 @@ constexpr size_t mostDigits = 11;  // with the sign
           "'" + std::string(text) + "' is not the path of a storage location.");
 }
 
-// The digits are those that ToText writes for this number.
+// Whether the digits are those that ToText writes for the number.
 bool IsCanonical(std::string_view digits, int32_t id) {
     char buffer[mostDigits];
     const char* end = std::to_chars(buffer, buffer + mostDigits, id).ptr;

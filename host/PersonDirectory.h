@@ -9,7 +9,7 @@ namespace quellbrook {
 
 class PersonDirectory {
 public:
-    // The display name; "Unknown (id)" for an id that the host does not know. NULL is Error 94.
+    // The display name; "Unknown (id)" for an unknown id. Error 94 for NULL.
     std::string NameForId(const TaggedValue& personId);
 
     // "Raman, Priya" from the columns LastName and FirstName.

@@ -5,17 +5,17 @@
 
 namespace quellbrook {
 
-// Finds the picture that stands for an attachment.
+// Finds the picture of an attachment.
 class ThumbnailReader {
 public:
     virtual ~ThumbnailReader() = default;
 
-    // The name of a picture file, given the full name of the attachment's file. Error 5 with a sentence where there is
+    // The name of a picture file, given the full name of the attachment's file. Error 5 with a sentence if there is
     // none.
     virtual std::string Read(const std::string& path) = 0;
 };
 
-// Attachments that are pictures stand for themselves. A path that is not absolute begins in the directory.
+// Uses attachments that are pictures themselves. A relative path starts at the directory.
 class PictureAttachments : public ThumbnailReader {
 public:
     explicit PictureAttachments(std::filesystem::path directory) : m_directory(std::move(directory)) {}

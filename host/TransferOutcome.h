@@ -2,8 +2,7 @@
 
 namespace quellbrook {
 
-// How the description of a failure begins when it could not be found out whether the database has carried the batch
-// out.
+// The start of a failure's description if it is unknown whether the database committed the batch.
 inline constexpr const char* UnknownOutcomeText =
     "It could not be found out whether this transfer was completed. Check these items before you go on.";
 

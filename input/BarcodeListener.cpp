@@ -12,7 +12,7 @@ constexpr uint32_t AltKey = 18;
 constexpr double RestPeriod = 0.1;  // seconds
 constexpr int HandOverDelay = 1;    // milliseconds
 
-// 32 bits, as the rest period is measured: late in the day in steps of some 8 milliseconds.
+// 32 bits, as the rest period needs: late in the day, in steps of about 8 milliseconds.
 float SecondsSinceMidnight() {
     const DateTime::Parts now = GetClock().Now().ToParts();
     const int milliseconds = ((now.hour * 60 + now.minute) * 60 + now.second) * 1000 + now.millisecond;
@@ -72,7 +72,7 @@ void BarcodeListener::OnKeyDown(KeyMessage& message) const {
     if (SecondsSinceMidnight() - m_lastScanEnd < RestPeriod) Cancel(message);
 }
 
-// The release of Alt is let through, so that the menu bar of the host learns of it.
+// The release of Alt passes, so that the host's menu bar receives it.
 void BarcodeListener::OnKeyUp(KeyMessage& message) const {
     if (m_isScanning && message.wParam != AltKey && Holds(m_surroundings.isListening)) Cancel(message);
 }
@@ -93,7 +93,7 @@ void BarcodeListener::OnCharacter(KeyMessage& message) {
     Cancel(message);
 }
 
-// Until the timer has fired, whatever comes belongs to the scan.
+// Until the timer has fired, all characters belong to the scan.
 void BarcodeListener::EndScan() {
     m_lastScanEnd = SecondsSinceMidnight();
     m_scanQueue.push_back(m_scanBuffer);

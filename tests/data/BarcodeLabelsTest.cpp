@@ -109,7 +109,7 @@ TEST_F(BarcodeLabelsTest, AFailureNamesTheLocation) {
     EXPECT_EQ(missing.Description(), before + "The file 'Files\\Data\\location.labl' can't be found.");
     HostServices::Current().SetFiles(nullptr);
     EXPECT_EQ(RaisedBy([&] { room->PrintBarcodeLabel(); }).Description(),
-              before + "The host has named no place for its files.");
+              before + "The host has no folder for its files.");
 }
 
 TEST_F(BarcodeLabelsTest, AFailureNamesTheItemAndItsKind) {

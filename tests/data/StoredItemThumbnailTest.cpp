@@ -80,7 +80,7 @@ TEST_F(StoredItemThumbnailTest, FailuresPassOn) {
     m_environment->loadPicture = [](const std::string&) -> Picture { Raise(7, "the loader", "No memory."); };
     EXPECT_EQ(RaisedBy([&] { item->Thumbnail(); }).Number(), 7);
     HostServices::Current().SetThumbnails(nullptr);
-    EXPECT_EQ(RaisedBy([&] { item->Thumbnail(); }).Description(), "The host has named no place for attachments.");
+    EXPECT_EQ(RaisedBy([&] { item->Thumbnail(); }).Description(), "The host has no folder for attachments.");
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
     engine->FailAtStatement(1, Error(ErrorNumber::General, "The engine", "The server is gone."));

@@ -54,13 +54,6 @@ TEST_F(DatabaseSessionTest, AFailedLoginLeavesNobodyLoggedIn) {
     EXPECT_FALSE(m_session.HasPermission("Storage", 11));
 }
 
-TEST_F(DatabaseSessionTest, LogoutEndsTheRights) {
-    m_session.Login("custodian", "lantern", "");
-    m_session.Logout();
-    EXPECT_EQ(m_session.Username(), "");
-    EXPECT_FALSE(m_session.HasPermission("Storage", 11));
-}
-
 TEST_F(DatabaseSessionTest, RightsAreModuleAndNumberTogether) {
     m_session.Login("custodian", "lantern", "");
     EXPECT_TRUE(m_session.HasPermission("Storage", 11));

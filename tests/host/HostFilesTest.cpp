@@ -58,9 +58,9 @@ TEST_F(DirectoryFilesTest, ANameThatLeadsOutIsRefused) {
 
 TEST(HostServicesFiles, WithoutFilesASentenceSaysSo) {
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Files(); }).Description(),
-              "The host has named no place for its files.");
+              "The host has no folder for its files.");
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Thumbnails(); }).Description(),
-              "The host has named no place for attachments.");
+              "The host has no folder for attachments.");
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Printer(); }).Description(), "No label printer has been chosen.");
 }
 

@@ -16,7 +16,7 @@ QRect OnScreen(const QWidget& window) {
     return window.isWindow() ? window.frameGeometry() : QRect(window.mapToGlobal(QPoint()), window.size());
 }
 
-// Centred over the parent; moved aside only where that would leave both the parent and the screen.
+// Centered over the parent; moved only if it would otherwise leave both the parent and the screen.
 QPoint PlaceOver(const QWidget& parent, const QSize& form) {
     const QRect over = OnScreen(parent);
     const QPoint centered(over.left() + over.width() / 2 - form.width() / 2,
@@ -41,8 +41,8 @@ TaggedValue Dialogs::ShowForm(ModuleForm& form) {
     QWidget* parent = GetParent();
     if (!parent) Raise(ErrorNumber::NullObject, "Dialogs.ShowForm", "No dialog parent has been set.");
     form.setWindowModality(Qt::ApplicationModal);
-    // First before SetOwner makes its native window: one that is moved between its making and its first showing may be
-    // told by the window manager that it stands in the corner of the screen. Then for the frame, where it has one.
+    // Once before SetOwner creates the native window: for a window that is moved between its creation and its first
+    // show, the window manager may report the corner of the screen. Then again for the frame, if there is one.
     const auto place = [&] { form.move(PlaceOver(*parent, form.frameGeometry().size())); };
     place();
     SetOwner(form, parent);

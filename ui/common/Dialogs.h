@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// A window of the host as an object that can travel through the module. Does not own it.
+// A window of the host as an Object. Does not own it.
 class WindowReference : public Object {
 public:
     explicit WindowReference(QWidget* window) : m_window(window) {}
@@ -21,8 +21,8 @@ private:
     QPointer<QWidget> m_window;
 };
 
-// A top-level form of the module, counted as long as it lives (Screen::OpenFormCount). Load() runs once, before
-// anything asks for its size.
+// A top-level form of the module, counted while it exists (Screen::OpenFormCount). OnLoad runs once, before the form's
+// size is read.
 class ModuleForm : public QDialog {
     Q_OBJECT
 
@@ -37,7 +37,8 @@ public:
 protected:
     // Builds and sizes the form.
     virtual void OnLoad() {}
-    // What the close control does; also run for Esc and for closing by the window manager. False: Esc does nothing.
+    // Runs for the close control, for Esc, and when the window manager closes the form. If CancelsOnEscape is false,
+    // Esc does nothing.
     virtual void OnCancel() { done(0); }
     virtual bool CancelsOnEscape() const { return true; }
 
@@ -48,13 +49,13 @@ private:
     bool m_loaded = false;
 };
 
-// Owns the one window over which every dialog is shown.
+// Keeps the parent window of all dialogs.
 class Dialogs {
 public:
     void SetParent(ObjectRef parent);
-    QWidget* GetParent() const;  // null while none is set, and once it has been destroyed
+    QWidget* GetParent() const;  // null if none is set or it was destroyed
 
-    // Loads the form, centres it over the parent window and shows it modally; returns when it has closed. Always empty.
+    // Loads the form, centers it over the parent window and shows it modally. Returns an empty value after it closed.
     // Error 91 "No dialog parent has been set." without a parent.
     TaggedValue ShowForm(ModuleForm& form);
 

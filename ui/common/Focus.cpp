@@ -11,14 +11,14 @@ namespace quellbrook {
 
 namespace {
 
-// Calls since the message was last shown, and the nesting of the present one. Nothing else resets the count, so that
-// the message also comes after enough calls that are no loop.
+// Calls since the last message, and the nesting depth of the current one. Nothing else resets the count, so the message
+// also appears after enough calls that are not a loop.
 int32_t focusCallCount = 0;
 int32_t focusCallDepth = 0;
 
 constexpr int32_t MostFocusCalls = 200;
 
-// The named control around the widget that has the focus; its parts are nobody's business.
+// The named control that contains the focused widget; its inner widgets are internal.
 const QWidget* ActiveControl() {
     const QWidget* focused = QApplication::focusWidget();
     if (!focused && QApplication::activeWindow()) focused = QApplication::activeWindow()->focusWidget();
@@ -42,7 +42,7 @@ void ShowFocusLoop(const QWidget* control) {
 
 bool TakesFocus(const QWidget* widget) { return widget->isVisible() && widget->isEnabled(); }
 
-// A container hands the focus to the first of its children in tab order that takes it.
+// A container passes the focus to the first of its children in tab order that accepts it.
 QWidget* FocusTarget(QWidget* control) {
     if (control->focusProxy() || control->focusPolicy() != Qt::NoFocus) return control;
     for (QWidget* next = control->nextInFocusChain(); next && next != control; next = next->nextInFocusChain())

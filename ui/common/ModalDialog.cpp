@@ -65,7 +65,7 @@ void frmModal::BuildStrips() {
     m_titleLabel->SetType(Theme::Type::Section);
     m_titleLabel->SetAutoSize(false);
     m_titleLabel->SetWordWrap(true);
-    // Beside the close control, though its strip lies inside the frame.
+    // Beside the close control, although its strip is inside the frame.
     m_titleLabel->Move(0, (TitlebarHeight - TitleHeight) / 2 - TwipsPerPixel, 0, TitleHeight);
 
     m_buttonStrip = new GroupBox(this);
@@ -155,7 +155,7 @@ void frmModal::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) GuardSilently([this] { Announce(); });
 }
 
-// A screen reader speaks the message, not only the button that has the focus.
+// A screen reader reads the message, not only the focused button.
 void frmModal::Announce() {
     setAccessibleName(ToQString(m_title.empty() ? m_prompt : m_title));
     setAccessibleDescription(ToQString(m_prompt));
@@ -230,7 +230,7 @@ void frmModal::LetMessageScroll(const ModalLayout& layout) {
         setTabOrder(m_scroll, m_close);
         m_scroll->show();
     }
-    // The scroll bar stands in the margin beside the text.
+    // The scroll bar is in the margin beside the text.
     const Box band = layout.Band();
     const int left = ToPixels(layout.message.left);
     m_scroll->setGeometry(left, ToPixels(band.top), ToPixels(layout.width) - left - 1, ToPixels(band.height));

@@ -18,7 +18,7 @@ class Label;
 class Line;
 class Link;
 
-// The styled message box. Used once: give it the words and the style, show it with ShowFormCentered, read Result.
+// The styled message box, for one use: set the texts and the style, show it with ShowFormCentered, read Result.
 class frmModal : public ModuleForm {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ public:
     void SetButtons(int32_t style) { m_style = style; }
     void SetTitle(const std::string& title) { m_title = title; }
 
-    // The number of the button that closed the form, or of the close control; 1 until then.
+    // The number of the button or close control that closed the form; 1 before that.
     int32_t Result() const { return m_result; }
 
 protected:
@@ -66,7 +66,7 @@ private:
     Link* m_close;
     FontIcon* m_icon;
     Label* m_message;
-    QScrollArea* m_scroll = nullptr;  // made for a message that is higher than the screen
+    QScrollArea* m_scroll = nullptr;  // only for a message that is higher than the screen
     GroupBox* m_buttonStrip;
     Line* m_stripLine;
     std::vector<FlatButton*> m_buttons;

@@ -72,7 +72,7 @@ void ModalLayout::AlignContent() {
 
 float ModalLayout::TitleRoom() const { return maxWidth - close.width - title.left - TitleGap - Margin; }
 
-// A title that the widest form cannot hold in one line takes as many as it needs.
+// A title that does not fit in one line of the widest form wraps.
 void ModalLayout::BreakTitle() {
     if (titleTextWidth <= TitleRoom()) return;
     title.height = titleHeight(TitleRoom());
@@ -80,7 +80,7 @@ void ModalLayout::BreakTitle() {
     title.top = (titlebar.height - title.height) / 2;
 }
 
-// The title counts with the width of its text: a long one widens the form, a short one never narrows it.
+// A long title widens the form; a short one never narrows it.
 void ModalLayout::FitWidth() {
     const float needed = close.width + title.left + titleTextWidth + TitleGap + Margin;
     width = std::min(maxWidth, std::max(width, needed));

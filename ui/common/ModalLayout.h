@@ -17,12 +17,12 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
-// Where everything stands on the form of a message: the rules of its geometry, in twips, without a widget. The form has
-// no system frame, so its size is the size of its client area. Fill in the sizes, call Settle, and read the places.
+// The layout rules of a message form, in twips and without widgets. The form has no system frame, so its size is the
+// size of its client area. Set the sizes, call Settle, and read the positions.
 struct ModalLayout {
     float width = 7500;
     float height = 0;
-    // The form stays inside these, whatever it has to say.
+    // The form's limits.
     float maxWidth = 1e6f;
     float maxHeight = 1e6f;
 
@@ -30,20 +30,20 @@ struct ModalLayout {
     std::vector<Box> buttons;
     bool hasPicture = false;
 
-    // How wide the title's text is in one line, and how high it becomes when it has to be broken at a width.
+    // The width of the title in one line, and its height when wrapped at a width.
     float titleTextWidth = 0;
     std::function<float(float width)> titleHeight = [](float) { return 0.0f; };
     // The height of the message's text at a width.
     std::function<float(float width)> messageHeight = [](float) { return 0.0f; };
 
-    // What a change of the form's size does: the strips and the frame follow it, then AutoSize.
+    // Resizes the strips and the frame to the form's size, then calls AutoSize.
     void Resize();
-    // Sizes the form to its content and centres the content in it.
+    // Sizes the form to its content and centers the content in it.
     void AutoSize();
-    // Resize until nothing changes any more: a wider form makes the message lower, a lower one the form.
+    // Resizes until nothing changes: a wider form makes the message lower, and that makes the form lower.
     void Settle();
 
-    // The message is higher than what is left of the form's greatest height.
+    // Whether the message is higher than the space that the form's maximum height leaves.
     bool MessageOverflows() const;
     // The band between the title strip and the button strip.
     Box Band() const;

@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// What the style of a message asks for.
+// The parts of a message style.
 
 struct ModalButton {
     const char* caption;
@@ -15,7 +15,7 @@ struct ModalButton {
 
 // The buttons from left to right, by the low four bits.
 std::vector<ModalButton> ModalButtons(int32_t style);
-// Whether Esc closes the form; not where every way on is a decision of its own.
+// Whether Esc closes the form. False if every button is a decision.
 bool ModalCancelsOnEscape(int32_t style);
 // "error", "question", "warning", or the empty text, by the next four bits.
 const char* ModalIcon(int32_t style);

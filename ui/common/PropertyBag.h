@@ -7,11 +7,11 @@
 
 namespace quellbrook {
 
-// What a form keeps of a control's properties between sessions of its designer. A value equal to its default is not
-// kept.
+// A control's properties as a form saves them between sessions of its designer. Values equal to their default are not
+// saved.
 class PropertyBag {
 public:
-    // The default when nothing is kept under the key.
+    // The default if the key is absent.
     TaggedValue ReadProperty(const std::string& key, const TaggedValue& defaultValue = {}) const;
     void WriteProperty(const std::string& key, const TaggedValue& value, const TaggedValue& defaultValue = {});
 

@@ -14,8 +14,8 @@ namespace quellbrook {
 
 class PropertyBag;
 
-// The incident numbers of an item in one line; a secured one by colour and a lock. Sizes itself to its content. Has no
-// ground of its own.
+// The incident numbers of an item in one line. Secured ones have a color and a lock. Sizes itself to its content. Has a
+// transparent background.
 class RelatedIncidentStrip : public Control {
     Q_OBJECT
     Q_PROPERTY(QColor ForeColor READ ForeColor WRITE SetForeColor)
@@ -27,12 +27,12 @@ public:
 
     // Error 380 for null.
     void SetIncidents(std::shared_ptr<const IncidentList> incidents);
-    // The surroundings' text colour and the theme's type, until others are set.
+    // By default the parent's text color and the theme's font.
     QColor ForeColor() const;
     void SetForeColor(const QColor& color);
     QFont Font() const;
     void SetFont(const QFont& font) { setFont(font); }
-    // The numbers stand on the highlight colour: secured ones keep their colour on a chip of the window's.
+    // Whether the background has the highlight color. Secured numbers keep their color, on a chip of the window color.
     void SetOnHighlight(bool onHighlight);
 
     // "ForeColor" and "Font". A value that cannot be read leaves the property as it is.

@@ -19,17 +19,17 @@ class Label;
 class ListView;
 class StatusTag;
 
-// Caption and colour of an item's status.
+// Sets the tag's caption and color by the item's status.
 void SetStatusTag(StatusTag& tag, StoredItem& item);
 // The location's full path with " > ", without the root; empty without a location.
 void SetLocationLabel(Label& label, StoredItem& item);
 
-// The only way views set focus. A hidden or disabled control does not take it, now or later.
+// Views set the focus only through this function. A hidden or disabled control does not get it, now or later.
 void TrySetFocus(QWidget* control);
 // "<no control>" for null; the name, and "(index)" for a member of a control array.
 std::string DescribeControl(const QWidget* control);
 
-// Gives the last column what the others and six scroll bars' width leave, if anything.
+// Gives the last column the width that the others and six scroll bars leave, if any.
 void SizeLastColumn(ListView& listView);
 
 namespace Center {
@@ -37,27 +37,27 @@ inline constexpr int Vertically = 1, Horizontally = 2;
 }
 void CenterInContainer(Control& control, const Control& container, int flags);
 
-// Pops the menu up at the pointer and returns when it has closed; the default entry bold, if set and enabled. Null:
-// nothing.
+// Opens the menu at the pointer and returns after it closed. The default entry, if set and enabled, is bold. Ignores a
+// null menu.
 void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu);
 
-// The hand pointer over a widget, for the moment.
+// Sets the hand pointer over a widget.
 void SetHandCursor(QWidget* over);
 
-// Whether objects of this class have the named property; asked once for each class and member.
+// Whether objects of this class have the named property. Cached by class and member.
 bool HasMember(const QObject& object, const char* memberName);
 
 void AssignValue(TaggedValue& target, const TaggedValue& value);
 
-// Wakes the layout of the window's parents with a size message of the same size. Returns what the message carries: the
+// Triggers the layout of the window's parents with a resize event of the same size. Returns the event's parameter: the
 // right edge on the screen in the low 16 bits, the bottom edge in the high ones.
 uint32_t ForceSizeMessage(QWidget* window);
 uint32_t PackSizeMessage(int right, int bottom);
 
-// Hands a stored item to the host through its address scheme. Error 5 for any other object.
+// Opens a stored item in the host through its address scheme. Error 5 for any other object.
 void OpenInHost(const ObjectRef& object);
 
-// The "In Storage" green, nine tenths of the way to white, as 0xBBGGRR.
+// The "In Storage" green mixed with nine tenths of white, 0xBBGGRR.
 int32_t AccentColor();
 
 }  // namespace quellbrook

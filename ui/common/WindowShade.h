@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// Darkens a window for as long as it lives, so that what stands over it stands out. A window that is dark already stays
-// as it is.
+// Darkens a window for its own lifetime, so that the dialog over it stands out. A window that is already dark is not
+// changed.
 class WindowShade {
 public:
     explicit WindowShade(QWidget* window);
@@ -15,7 +15,7 @@ public:
     WindowShade& operator=(const WindowShade&) = delete;
 
 private:
-    QPointer<QWidget> m_veil;  // goes with the window, if that goes first
+    QPointer<QWidget> m_veil;  // destroyed with the window, if that is first
 };
 
 }  // namespace quellbrook

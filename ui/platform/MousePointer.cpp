@@ -18,7 +18,7 @@ QList<QPointer<QWidget>>& OpenDialogs() {
     return dialogs;
 }
 
-// A dialog shows the arrow over itself: the override rests while one is open and returns with its closing.
+// Dialogs show the arrow: the override is suspended while one is open.
 void ApplyPointer() {
     OpenDialogs().removeIf([](const QPointer<QWidget>& dialog) { return !dialog || !dialog->isVisible(); });
     const bool wanted =

@@ -7,8 +7,8 @@ inline constexpr int Default = 0;
 inline constexpr int Hourglass = 11;
 }  // namespace MousePointer
 
-// The pointer of the whole screen. At most one override at a time: two calls with the hourglass and one with the
-// default leave none.
+// Sets the application's mouse pointer. Overrides do not stack: after two calls with the hourglass, one call with the
+// default restores it.
 void SetMousePointer(int pointer);
 int GetMousePointer();
 

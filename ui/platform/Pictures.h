@@ -6,7 +6,8 @@
 
 namespace quellbrook {
 
-// The picture's scale becomes the image's device pixel ratio, and the reverse.
+// The picture's scale becomes the image's device pixel ratio, and the reverse. ToImage waits for the barcode on the
+// item page.
 QImage ToImage(const Picture& picture);
 Picture ToPicture(const QImage& image);
 

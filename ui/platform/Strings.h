@@ -7,14 +7,14 @@
 
 namespace quellbrook {
 
-// The one place where the model's UTF-8 becomes text of the screen, and back. A line end of two characters becomes one.
+// Conversion between the model's UTF-8 and QString, used everywhere. A CRLF line end becomes LF in a QString.
 QString ToQString(std::string_view text);
 std::string ToUtf8(const QString& text);
 
-// For captions that know mnemonics (menus, tabs, buttons): "&" doubled, so that it reads as itself.
+// For captions with mnemonics (menus, tabs, buttons): doubles "&", so that it is shown as is.
 QString EscapeMnemonic(const QString& caption);
 
-// For tooltips, which otherwise take markup: shows exactly these characters.
+// For tooltips, which interpret markup: escaped, so that exactly these characters are shown.
 QString PlainTooltip(const QString& text);
 
 }  // namespace quellbrook

@@ -9,7 +9,7 @@ namespace quellbrook {
 
 namespace {
 
-// The toolkit orders focusable widgets only, and moves what is inside a widget that hands its focus on along with it.
+// Qt orders focusable widgets only, and moves the children of a widget with a focus proxy along with it.
 bool IsOrdered(const QWidget* widget, const QWidget* parent) {
     if (widget->focusPolicy() == Qt::NoFocus) return false;
     for (const QWidget* around = widget->parentWidget(); around && around != parent; around = around->parentWidget())
@@ -17,8 +17,8 @@ bool IsOrdered(const QWidget* widget, const QWidget* parent) {
     return true;
 }
 
-// The toolkit takes the tab order for a ring and leaves it as it is when only its beginning would change; a parent that
-// counts as a stop itself gives the ring a beginning.
+// Qt's tab order is a ring, and Qt ignores a change of its first widget alone. A parent that takes the focus itself
+// marks the start of the ring.
 void BeginWith(QWidget* parent, QWidget* first) {
     const Qt::FocusPolicy policy = parent->focusPolicy();
     parent->setFocusPolicy(Qt::StrongFocus);

@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// Lengths of views and controls are twips, 15 to a device-independent pixel at every scale factor.
+// Lengths of views and controls are in twips, 15 per device-independent pixel at every scale factor.
 inline constexpr float TwipsPerPixel = 15.0f;
 
 inline int ToPixels(float twips) { return static_cast<int>(std::lround(twips / TwipsPerPixel)); }

@@ -22,11 +22,11 @@ public:
     ApplicationHook() { QCoreApplication::instance()->installEventFilter(this); }
 
 protected:
-    // A press comes first as the question whether a shortcut may have it, to the focused widget and then to those
-    // around it, and then as a press, to the window and then to the widgets.
+    // Qt sends a press first as a ShortcutOverride, to the focused widget and then to its parents, and then as a
+    // KeyPress, to the window and then to the widgets.
     bool eventFilter(QObject* watched, QEvent* event) override {
         switch (event->type()) {
-        case QEvent::ShortcutOverride: return OnQuestion(*static_cast<QKeyEvent*>(event));
+        case QEvent::ShortcutOverride: return OnShortcutOverride(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyPress: return watched->isWindowType() && OnPress(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyRelease: return watched->isWindowType() && OnRelease(*static_cast<QKeyEvent*>(event));
         default: return false;
@@ -34,14 +34,14 @@ protected:
     }
 
 private:
-    // What was decided of a press when it came as a question.
+    // The decision about a press, made at its ShortcutOverride.
     struct Verdict {
         int key;
         quint64 time;
         bool swallow;
     };
 
-    bool OnQuestion(QKeyEvent& event) {
+    bool OnShortcutOverride(QKeyEvent& event) {
         const bool isNew = !m_verdict || m_verdict->key != event.key() || m_verdict->time != event.timestamp();
         if (isNew) m_verdict = Verdict{event.key(), event.timestamp(), Feed(event)};
         if (m_verdict->swallow) event.accept();
@@ -54,7 +54,7 @@ private:
         return Feed(event);
     }
 
-    // A press that a shortcut took never came as one.
+    // A press that a shortcut consumed has no KeyPress.
     bool OnRelease(const QKeyEvent& event) {
         m_verdict.reset();
         return IsCancelled(KeyMessageNumber::KeyUp, CodeOf(event));
