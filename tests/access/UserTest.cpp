@@ -37,7 +37,7 @@ TEST_F(User, UsernameIsReadFromTheSessionAtEachCall) {
     EXPECT_EQ(GetUser().Username(), "bob");
 }
 
-TEST_F(User, WithAnEmptyUserNameNobodyIsAuthenticatedAndEveryRightReadsAsGranted) {
+TEST_F(User, WithAnEmptyUserNameNoUserIsAuthenticatedAndEveryRightIsGranted) {
     m_session->username = "";
     m_session->GrantNothing();
 

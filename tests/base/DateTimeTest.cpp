@@ -28,7 +28,7 @@ TEST(DateTime, ReadsWhatItWrites) {
     }
 }
 
-TEST(DateTime, PartsAreWhatItWasMadeOf) {
+TEST(DateTime, PartsRoundTrip) {
     const DateTime::Parts parts = DateTime::FromParts({1968, 2, 29, 23, 59, 58, 7}).ToParts();
     EXPECT_EQ(parts.year, 1968);
     EXPECT_EQ(parts.month, 2);
@@ -39,7 +39,7 @@ TEST(DateTime, PartsAreWhatItWasMadeOf) {
     EXPECT_EQ(parts.millisecond, 7);
 }
 
-TEST(DateTime, ReadsABlankInPlaceOfTheT) { EXPECT_EQ(DateTime::Parse("2026-11-20 13:14:15.123"), noonish); }
+TEST(DateTime, ReadsASpaceInsteadOfTheT) { EXPECT_EQ(DateTime::Parse("2026-11-20 13:14:15.123"), noonish); }
 
 TEST(DateTime, ReadsADateAloneAsMidnight) {
     EXPECT_EQ(DateTime::Parse("2026-11-20"), DateTime::FromParts({2026, 11, 20, 0, 0, 0, 0}));
@@ -67,7 +67,7 @@ TEST(DateTime, KnowsLeapYears) {
     EXPECT_FALSE(DateTime::Parse("1900-02-29"));
 }
 
-TEST(DateTime, GivesNothingForAnyOtherText) {
+TEST(DateTime, ReturnsNothingForAnyOtherText) {
     for (const char* text : {"",
                              " ",
                              "2026",

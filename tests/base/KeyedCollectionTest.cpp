@@ -27,7 +27,7 @@ KeyedCollection<int> OneTwoThree() {
     return collection;
 }
 
-TEST(KeyedCollection, KeepsTheOrderOfAdding) {
+TEST(KeyedCollection, KeepsInsertionOrder) {
     KeyedCollection<int> collection;
     collection.Add(3, "c");
     collection.Add(1, "a");
@@ -53,7 +53,7 @@ TEST(KeyedCollection, TryAddPassesOverATakenKey) {
 TEST(KeyedCollection, AnAbsentKeyFailsWith5) {
     KeyedCollection<int> collection = OneTwoThree();
     for (const Error& error : {RaisedBy([&] { collection.Item("K9"); }), RaisedBy([&] { collection.Remove("K9"); })}) {
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), "There is no such key in the collection.");
     }
     EXPECT_EQ(collection.Count(), 3u);
@@ -103,7 +103,7 @@ TEST(KeyedCollection, AMovedCollectionStillFindsItsEntries) {
     EXPECT_EQ(Values(target), (std::vector<int>{1, 3}));
 }
 
-TEST(KeyedCollection, HoldsWhatCannotBeCopied) {
+TEST(KeyedCollection, StoresValuesThatCannotBeCopied) {
     KeyedCollection<std::unique_ptr<int>> collection;
     collection.Add(std::make_unique<int>(7), "seven");
     EXPECT_EQ(*collection.Item("seven"), 7);

@@ -60,7 +60,7 @@ TEST(TaggedValue, TextZeroAndFalseAreValues) {
     EXPECT_FALSE(TaggedValue(false).HasNoValue());
 }
 
-TEST(TaggedValue, KeepsTheKindItWasMadeOf) {
+TEST(TaggedValue, KeepsTheTypeItWasCreatedWith) {
     EXPECT_TRUE(TaggedValue("text").Holds<std::string>());
     EXPECT_TRUE(TaggedValue(true).Holds<bool>());
     EXPECT_TRUE(TaggedValue(1).Holds<int32_t>());
@@ -141,7 +141,7 @@ TEST(ToDouble, ReadsTextWithAPointInAnyLocale) {
     EXPECT_EQ(NumberRaised(ToDouble, "1e999"), ErrorNumber::Overflow);
 }
 
-TEST(ToDouble, TakesNumbersOfEveryKind) {
+TEST(ToDouble, ConvertsNumbersOfEveryType) {
     EXPECT_EQ(ToDouble(7), 7.0);
     EXPECT_EQ(ToDouble(Decimal{125, 2}), 1.25);
     EXPECT_EQ(ToDouble(true), -1.0);
@@ -178,7 +178,7 @@ TEST(ToText, RefusesNullAndObjects) {
     EXPECT_EQ(ToTextOrEmpty(5), "5");
 }
 
-TEST(ToDateTime, TakesDatesAndTheirText) {
+TEST(ToDateTime, ConvertsDatesAndTheirText) {
     EXPECT_EQ(ToDateTime(moment), moment);
     EXPECT_EQ(ToDateTime(" 2026-11-20T13:14:15.123 "), moment);
     EXPECT_EQ(NumberRaised(ToDateTime, "yesterday"), ErrorNumber::TypeMismatch);
@@ -187,7 +187,7 @@ TEST(ToDateTime, TakesDatesAndTheirText) {
     EXPECT_EQ(NumberRaised(ToDateTime, Null()), ErrorNumber::InvalidUseOfNull);
 }
 
-TEST(ToObject, GivesTheObjectOfTheClassAskedFor) {
+TEST(ToObject, ReturnsTheObjectAsTheRequestedClass) {
     const auto thing = std::make_shared<Thing>();
     EXPECT_EQ(ToObject<Thing>(thing), thing);
     EXPECT_EQ(NumberRaised(ToObject<OtherThing>, thing), ErrorNumber::TypeMismatch);
@@ -197,8 +197,8 @@ TEST(ToObject, GivesTheObjectOfTheClassAskedFor) {
 }
 
 TEST(Errors, CarryNumberSourceAndDescription) {
-    const Error error = RaisedBy([] { Raise(380, "Class.Operation"); });
-    EXPECT_EQ(error.Number(), 380);
+    const Error error = RaisedBy([] { Raise(ErrorNumber::InvalidPropertyValue, "Class.Operation"); });
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPropertyValue);
     EXPECT_EQ(error.Source(), "Class.Operation");
     EXPECT_EQ(error.Description(), "Invalid property value.");
     EXPECT_STREQ(error.what(), "Invalid property value.");

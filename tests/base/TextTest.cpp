@@ -10,14 +10,14 @@ namespace {
 
 using testing::RaisedBy;
 
-TEST(Text, TrimTakesBlanksOnly) {
+TEST(Text, TrimRemovesSpacesOnly) {
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(Trim("\ta\n"), "\ta\n");
     EXPECT_EQ(Trim("   "), "");
     EXPECT_EQ(Trim(""), "");
 }
 
-TEST(Text, ReplaceTakesEveryOccurrenceOnce) {
+TEST(Text, ReplaceReplacesEveryOccurrenceOnce) {
     EXPECT_EQ(Replace("a.b.c", ".", "--"), "a--b--c");
     EXPECT_EQ(Replace("aaa", "aa", "a"), "aa");
     EXPECT_EQ(Replace("it's", "'", "''"), "it''s");

@@ -56,8 +56,9 @@ TEST_F(ActionsTest, BeginningABatchSetsTheTypeAndThenAddsTheItems) {
     EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 2);
 }
 
-TEST_F(ActionsTest, IfTheItemsCannotBeAddedTheTypeStands) {
-    EXPECT_EQ(testing::RaisedBy([] { GetActions().BeginTransaction(TransactionType::Move, nullptr); }).Number(), 91);
+TEST_F(ActionsTest, IfTheItemsCannotBeAddedTheTypeIsKept) {
+    EXPECT_EQ(testing::RaisedBy([] { GetActions().BeginTransaction(TransactionType::Move, nullptr); }).Number(),
+              ErrorNumber::NullObject);
     EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::Move);
 }
 
@@ -146,8 +147,10 @@ TEST_F(ActionsTest, AnsweringNoToTheCancelPromptDispatchesNothing) {
 TEST_F(ActionsTest, APromptThatCannotBeShownReachesTheCallerAndDispatchesNothing) {
     GetActions().BeginTransaction(TransactionType::Move, ListOf({MakeItem(1)}));
     m_seen->actions.clear();
-    m_screen.WhileMessageOpen = [](const testing::RecordingScreen::Message&) { Raise(91, "Dialogs.ShowForm"); };
-    EXPECT_EQ(testing::RaisedBy([] { GetActions().CancelTransactionWithPrompt(); }).Number(), 91);
+    m_screen.WhileMessageOpen = [](const testing::RecordingScreen::Message&) {
+        Raise(ErrorNumber::NullObject, "Dialogs.ShowForm");
+    };
+    EXPECT_EQ(testing::RaisedBy([] { GetActions().CancelTransactionWithPrompt(); }).Number(), ErrorNumber::NullObject);
     EXPECT_TRUE(m_seen->actions.empty());
 }
 
@@ -159,7 +162,7 @@ TEST_F(ActionsTest, CancellingAsksNothing) {
     EXPECT_EQ(m_stores.Cart->GetTransactionType(), TransactionType::None);
 }
 
-TEST_F(ActionsTest, TransferDataNotesAndLoadingAreHandedOn) {
+TEST_F(ActionsTest, TransferDataNotesAndLoadingAreDispatched) {
     const auto data = std::make_shared<TransferData>();
     GetActions().SetTransferData(data);
     EXPECT_EQ(m_stores.Cart->GetTransferData(), data);
@@ -183,7 +186,7 @@ TEST_F(ActionsTest, OpeningAnItemNavigatesToItsViewWithTheItemItself) {
         << "the item view is current already";
 }
 
-TEST_F(ActionsTest, TheDispatcherIsLookedUpAnewForEveryDispatch) {
+TEST_F(ActionsTest, TheDispatcherIsLookedUpForEveryDispatch) {
     GetActions().LoadingStarted();
     DiscardDispatcher();
     const auto later = std::make_shared<testing::RecordingCallback>();

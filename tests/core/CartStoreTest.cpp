@@ -73,7 +73,7 @@ TEST_F(CartStoreTest, ItemsKeepTheOrderOfTheirAdding) {
     EXPECT_FALSE(m_store.IsEmpty());
 }
 
-TEST_F(CartStoreTest, AddingTheSameItemTwiceKeepsOneEntryInItsFirstPlaceAndRaisesChangeEachTime) {
+TEST_F(CartStoreTest, AddingTheSameItemTwiceKeepsOneEntryInItsFirstPositionAndRaisesChangeEachTime) {
     const auto first = MakeItem(7);
     Add({first, MakeItem(8)});
     Add({MakeItem(7)});
@@ -96,7 +96,7 @@ TEST_F(CartStoreTest, EntriesThatAreNoItemsAreSkipped) {
     EXPECT_EQ(m_changes, 1);
 }
 
-TEST_F(CartStoreTest, AnItemWhoseKeyCannotBeMadeIsSkipped) {
+TEST_F(CartStoreTest, AnItemWhoseKeyCannotBeBuiltIsSkipped) {
     Add({std::make_shared<StoredItem>(), MakeItem(2)});
     EXPECT_EQ(IDs(), (std::vector<int32_t>{2}));
     Remove({std::make_shared<StoredItem>(), MakeItem(2)});
@@ -137,8 +137,8 @@ TEST_F(CartStoreTest, PositionsFollowEachChange) {
 
 TEST_F(CartStoreTest, APositionOutsideTheBatchFails) {
     Add({MakeItem(1)});
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->ItemAt(1); }).Number(), 9);
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->ItemAt(-1); }).Number(), 9);
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->ItemAt(1); }).Number(), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->ItemAt(-1); }).Number(), ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST_F(CartStoreTest, TheTypeIsSetWithoutACheckOfThePresentState) {
@@ -162,7 +162,7 @@ TEST_F(CartStoreTest, CancelAndSuccessClearTheBatch) {
     }
 }
 
-TEST_F(CartStoreTest, ClearingGivesTransferDataWithANewTimestamp) {
+TEST_F(CartStoreTest, ClearingCreatesTransferDataWithANewTimestamp) {
     const auto before = m_store.GetTransferData();
     m_clock.Advance(1500);
     m_store.Handle({ActionTypes::CART_CANCEL_TRANSACTION, {}});
@@ -189,9 +189,15 @@ TEST_F(CartStoreTest, AFailedTransferAndOtherActionsChangeNothing) {
 }
 
 TEST_F(CartStoreTest, PayloadsOfTheWrongTypeFail) {
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::CART_ADD_ITEMS, MakeItem(1)}); }).Number(), 13);
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, {}}); }).Number(), 13);
-    EXPECT_EQ(testing::RaisedBy([&] { SetType("move"); }).Number(), 13);
+    EXPECT_EQ(testing::RaisedBy([&] {
+                  m_store.Handle({ActionTypes::CART_ADD_ITEMS, MakeItem(1)});
+              }).Number(),
+              ErrorNumber::TypeMismatch);
+    EXPECT_EQ(testing::RaisedBy([&] {
+                  m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, {}});
+              }).Number(),
+              ErrorNumber::TypeMismatch);
+    EXPECT_EQ(testing::RaisedBy([&] { SetType("move"); }).Number(), ErrorNumber::TypeMismatch);
     EXPECT_EQ(testing::RaisedBy([&] {
                   m_store.Handle({ActionTypes::CART_SET_TRANSFER_DATA, std::shared_ptr<TransferData>()});
               }).Number(),
@@ -201,7 +207,7 @@ TEST_F(CartStoreTest, PayloadsOfTheWrongTypeFail) {
 
 TEST_F(CartStoreTest, NothingIsNeverInTheBatchAndHasNoTasks) {
     EXPECT_FALSE(m_store.IsItemInCart(nullptr));
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetAllowedTasks(nullptr); }).Number(), 91);
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetAllowedTasks(nullptr); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST_F(CartStoreTest, AnItemWithoutALocationCanBePrintedAndSignedInWhateverTheRightsAndTheBatch) {
@@ -261,7 +267,7 @@ TEST_F(CartStoreTest, EachTaskNeedsItsRight) {
 TEST_F(CartStoreTest, AFailureOfTheHostsSessionReachesTheCaller) {
     const auto item = ItemAt(StorageLocationTypes::Internal);
     HostServices::Current().SetSession(nullptr);
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetAllowedTasks(item); }).Number(), 91);
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetAllowedTasks(item); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST_F(CartStoreTest, TheHostIsAskedFiveTimesForOneAnswer) {

@@ -24,7 +24,7 @@ protected:
         EXPECT_TRUE(m_screen.PlainMessages().empty());
     }
 
-    // A callback that fails at one type of action.
+    // A callback that throws for one type of action.
     void FailAt(const std::string& actionType) {
         GetDispatcher()->Register(
             std::make_shared<testing::FunctionCallback>("EvidenceUI", [actionType](const Action& action) {
@@ -49,7 +49,7 @@ TEST_F(CreateLocation, InAContainerTheCategoryOfTheContainerCounts) {
     EXPECT_EQ(m_tree.Row(7), "Crate 2 /0/1/");
 }
 
-TEST_F(CreateLocation, WithoutAContainerItStandsAtTheTopOfTheCategory) {
+TEST_F(CreateLocation, WithoutAContainerItIsAtTheTopOfTheCategory) {
     GetActions().CreateLocation("Incinerator", Types::DisposalLocation, 0);
     EXPECT_EQ(m_tree.Row(7), "Incinerator 8 /0/");
 }
@@ -104,7 +104,7 @@ TEST_F(CreateLocation, AFailureOfTheDatabaseEndsInTheFailure) {
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
-TEST_F(CreateLocation, AFailedSuccessActionEndsInTheFailureTooAlthoughTheLocationStands) {
+TEST_F(CreateLocation, AFailedSuccessActionEndsInTheFailureTooAlthoughTheLocationExists) {
     FailAt("LOCATION_CREATE_SUCCESS");
     GetActions().CreateLocation("Crate", Types::Internal, m_tree.room);
     EXPECT_EQ(m_seen->Types(), (ActionNames{"LOCATION_CREATE_SUCCESS", "LOCATION_CREATE_FAILED"}));

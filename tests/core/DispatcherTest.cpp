@@ -20,7 +20,7 @@ protected:
         return callback;
     }
 
-    // A callback that notes its name when it is served.
+    // A callback that records its name.
     std::shared_ptr<FunctionCallback> RegisterNoting(const std::string& name) {
         return Register(name, [this, name](const Action&) { m_served.push_back(name); });
     }
@@ -67,7 +67,7 @@ TEST_F(DispatcherTest, AnObjectPayloadReachesTheCallbackAsTheCallersObject) {
 
 TEST_F(DispatcherTest, RegisteringNothingIsRefused) {
     const Error error = RaisedBy([&] { m_dispatcher->Register(nullptr); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Source(), "Dispatcher.Register");
     EXPECT_EQ(error.Description(), "callback is Nothing");
 }
@@ -75,7 +75,7 @@ TEST_F(DispatcherTest, RegisteringNothingIsRefused) {
 TEST_F(DispatcherTest, RegisteringTheSameCallbackTwiceFailsWithTheCollectionsError) {
     const auto callback = RegisterNoting("Store");
     const Error error = RaisedBy([&] { m_dispatcher->Register(callback); });
-    EXPECT_EQ(error.Number(), 457);
+    EXPECT_EQ(error.Number(), ErrorNumber::KeyTaken);
     EXPECT_EQ(error.Description(), "This key is already in the collection.");
     m_dispatcher->Dispatch({"ANY", {}});
     EXPECT_EQ(m_served.size(), 1u);
@@ -111,10 +111,10 @@ TEST_F(DispatcherTest, AFailingCallbackStopsDeliveryAndTheNextDispatchWorks) {
     EXPECT_EQ(m_served, (std::vector<std::string>{"LocationStore", "CartStore", "ViewStore"}));
 }
 
-TEST_F(DispatcherTest, AFailureThatIsNoErrorIsWrappedWithNumberFive) {
+TEST_F(DispatcherTest, AnExceptionThatIsNotAnErrorIsWrappedWithNumberFive) {
     Register("CartStore", [](const Action&) { throw std::runtime_error("disk full"); });
     const Error error = RaisedBy([&] { m_dispatcher->Dispatch({"ANY", {}}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "Error executing callback 'CartStore': disk full");
 }
 
@@ -136,7 +136,7 @@ TEST_F(DispatcherTest, ReentryShowsThePlainMessageBoxOnceAndFailsWithNothingAsTy
     EXPECT_EQ(m_screen.PlainMessages()[0].title, "Unexpected Error");
     EXPECT_TRUE(m_screen.Messages().empty());
     ASSERT_TRUE(inner);
-    EXPECT_EQ(inner->Number(), 5);
+    EXPECT_EQ(inner->Number(), ErrorNumber::General);
     EXPECT_EQ(inner->Source(), "Dispatcher");
     EXPECT_EQ(inner->Description(), "Error executing callback 'Nothing': " + ReentryText);
     EXPECT_FALSE(flagAfterwards);
@@ -148,7 +148,7 @@ TEST_F(DispatcherTest, ReentryThatIsLetEscapeIsWrappedASecondTime) {
     m_screen.SetOpenFormCount(3);
     Register("EvidenceUI", [&](const Action&) { m_dispatcher->Dispatch({"INNER", {}}); });
     const Error error = RaisedBy([&] { m_dispatcher->Dispatch({"OUTER", {}}); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(),
               "Error executing callback 'EvidenceUI': Error executing callback 'Nothing': " + ReentryText);
     EXPECT_EQ(m_screen.PlainMessages().size(), 1u);
@@ -184,7 +184,7 @@ TEST_F(DispatcherTest, ACallbackThatUnregistersItselfDoesNotDisturbTheDelivery) 
     EXPECT_EQ(m_served, (std::vector<std::string>{"First", "Leaving", "Last", "First", "Last"}));
 }
 
-TEST_F(DispatcherTest, ACallbackThatIsUnregisteredBeforeItsTurnIsPassedOver) {
+TEST_F(DispatcherTest, ACallbackThatIsUnregisteredBeforeItsTurnIsSkipped) {
     std::weak_ptr<FunctionCallback> next;
     Register("First", [&](const Action&) { m_dispatcher->Unregister(next.lock().get()); });
     next = RegisterNoting("Next");
@@ -204,18 +204,17 @@ TEST_F(DispatcherTest, ACallbackRegisteredDuringADeliveryIsServedFromTheNextOneO
     EXPECT_EQ(m_served, (std::vector<std::string>{"New"}));
 }
 
-TEST_F(DispatcherTest, ADeliverySurvivesTheDispatchersBeingDiscarded) {
+TEST_F(DispatcherTest, ADeliveryFinishesTheCurrentCallbackAfterADiscard) {
     const std::weak_ptr<Dispatcher> discarded = m_dispatcher;
     Register("First", [&](const Action&) {
         DiscardDispatcher();
-        EXPECT_FALSE(discarded.expired()) << "the running delivery holds it";
+        EXPECT_FALSE(discarded.expired()) << "its caller keeps it alive";
         m_served.push_back("First");
     });
     RegisterNoting("Last");
-    Dispatcher& running = *m_dispatcher;
     m_dispatcher.reset();
 
-    running.Dispatch({"ANY", {}});
+    GetDispatcher()->Dispatch({"ANY", {}});
     EXPECT_TRUE(discarded.expired());
     EXPECT_EQ(m_served, (std::vector<std::string>{"First"}));
 

@@ -24,7 +24,7 @@ TEST_F(LocationStoreTest, ConstructionSelectsTheFirstRootAndLoadsTheLocationDocu
         store.GetSelectedLocation()->IsSame(GetStorageLocationStatic().GetRoot(StorageLocationTypes::Internal).get()));
 
     m_database.AddLocation("Bin", StorageLocationTypes::Internal);
-    EXPECT_EQ(RootCount(StorageLocationTypes::Internal), 1) << "the document was loaded by the construction";
+    EXPECT_EQ(RootCount(StorageLocationTypes::Internal), 1) << "the constructor loaded the document";
 }
 
 TEST_F(LocationStoreTest, TheModelsGettersAreFronted) {
@@ -70,7 +70,10 @@ TEST_F(LocationStoreTest, AFailedCreationAndOtherActionsChangeNothing) {
 
 TEST_F(LocationStoreTest, APayloadOfTheWrongTypeFails) {
     LocationStore store;
-    EXPECT_EQ(testing::RaisedBy([&] { store.Handle({ActionTypes::LOCATION_CREATE_SUCCESS, "Shelf"}); }).Number(), 13);
+    EXPECT_EQ(testing::RaisedBy([&] {
+                  store.Handle({ActionTypes::LOCATION_CREATE_SUCCESS, "Shelf"});
+              }).Number(),
+              ErrorNumber::TypeMismatch);
     EXPECT_EQ(testing::RaisedBy([&] {
                   store.Handle({ActionTypes::LOCATION_CREATE_SUCCESS, StorageLocationRef()});
               }).Number(),

@@ -17,7 +17,7 @@ public:
 
 class ProcessTransactionReport : public ProcessTransactionTest {};
 
-// After the commit every report is tried, and none of them can make a failure of the transfer.
+// After the commit every report is tried, and none of them can turn the transfer into a failure.
 
 TEST_F(ProcessTransactionReport, AFailingViewAfterTheCommitStillReportsSuccess) {
     for (const char* step : {"LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}) {
@@ -61,7 +61,7 @@ TEST_F(ProcessTransactionReport, AFailingLogAfterTheCommitStillReportsSuccess) {
     m_environment->errorLog = &m_log;
 }
 
-// After a failure every step of its report is tried too, and nothing leaves the operation.
+// After a failure every step of its report is tried too, and the operation does not throw.
 
 TEST_F(ProcessTransactionReport, AFailingReportOfAFailureDoesNotKeepTheOtherStepsFromBeingTried) {
     const int32_t id = AddStored(Property);
@@ -97,7 +97,7 @@ TEST_F(ProcessTransactionReport, AFailingLogDoesNotLeaveTheOperation) {
     m_environment->errorLog = &m_log;
 }
 
-TEST_F(ProcessTransactionReport, LoadingIsOnWhileTheBatchRunsAndTheBatchIsStillThereWhenTheUserIsTold) {
+TEST_F(ProcessTransactionReport, LoadingIsOnWhileTheBatchRunsAndTheBatchStillExistsWhenTheUserIsNotified) {
     const int32_t id = AddStored(Property);
     Begin({FindItem(Property, id)});
     std::vector<std::string> states;

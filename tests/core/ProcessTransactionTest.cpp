@@ -65,7 +65,7 @@ TEST_F(ProcessTransaction, EveryColumnOfTheCustodyRowIsWritten) {
     EXPECT_EQ(ToText(row.Value("DateReceived")), "2026-11-19T08:30:00.000");
     EXPECT_EQ(ToInt32(row.Value("CustodyReasonNo")), 5);
     EXPECT_EQ(ToInt32(row.Value("StorageLocNo")), m_court);
-    EXPECT_EQ(ToText(row.Value("LastUpdated")), "2026-11-20T13:14:15.123") << "the moment the details were made";
+    EXPECT_EQ(ToText(row.Value("LastUpdated")), "2026-11-20T13:14:15.123") << "the time when the details were created";
     EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 2);
     EXPECT_EQ(ToInt32(ValueOf(Property, id, "HasFinalDisposition")), 0);
     ExpectCommittedReport("Successfully transferred 1 item");
@@ -162,7 +162,7 @@ TEST_F(ProcessTransaction, TheTemplateWordInANoteIsReplacedToo) {
     EXPECT_EQ(ToText(ValueOf(Vehicle, id, "DisposalNote")), "The Vehicle was crushed");
 }
 
-TEST_F(ProcessTransaction, AMissingPersonGoesInAsNull) {
+TEST_F(ProcessTransaction, AMissingPersonIsStoredAsNull) {
     const int32_t id = AddStored(Property);
     const auto recording = InstallRecordingEngine();
     Begin({FindItem(Property, id)});
@@ -295,7 +295,7 @@ TEST_F(ProcessTransaction, NoDateOrNoDetailsAtAllAreRefusedBeforeAnythingIsSent)
     EXPECT_TRUE(recording->Log().empty());
 }
 
-TEST_F(ProcessTransaction, AFailureToStartLoadingGoesToTheCallerAndSendsNothing) {
+TEST_F(ProcessTransaction, AFailureToStartLoadingIsThrownAndNothingIsWritten) {
     const int32_t id = AddStored(Property);
     Begin({FindItem(Property, id)});
     const std::string before = m_database.Snapshot();

@@ -23,7 +23,7 @@ constexpr auto Property = StoredItemTypes::Property;
 constexpr auto Vehicle = StoredItemTypes::vehicle;
 inline constexpr const char* LogSource = "Actions.ProcessTransaction";
 
-// A department with a counter, a court and items; a batch of type sign-out that holds items of both kinds.
+// A department with a counter, a court and items; a sign-out batch with items of both kinds.
 class ProcessTransactionTest : public DatabaseTest {
 protected:
     ProcessTransactionTest() {
@@ -33,7 +33,7 @@ protected:
         m_stores = GetStores();
     }
 
-    // Vehicles are numbered from 101 on: items of one number exclude each other from a batch.
+    // Vehicles are numbered from 101: a batch takes only one item of a number.
     int32_t AddStored(StoredItemTypes kind) {
         if (kind == Vehicle && ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Vehicle")) == 0)
             m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");
@@ -58,7 +58,7 @@ protected:
     }
     std::shared_ptr<TransferData> MakeTransfer() { return MakeTransfer(m_court); }
 
-    // The tracking rows of one item: sequence number and place, oldest first.
+    // The tracking rows of one item: sequence number and location, oldest first.
     std::string Chain(StoredItemTypes kind, int32_t id) {
         const std::string table = kind == Property ? "Property" : "Vehicle";
         std::string text;
@@ -85,7 +85,7 @@ protected:
         return engine;
     }
 
-    // A callback behind the stores that fails at one type of action.
+    // A callback after the stores that throws for one type of action.
     void FailAt(const std::string& actionType) {
         GetDispatcher()->Register(std::make_shared<FunctionCallback>("EvidenceUI", [actionType](const Action& action) {
             if (action.ActionType == actionType) Raise(99, "EvidenceUI.Handle", "The view is broken.");
@@ -117,7 +117,7 @@ protected:
     int32_t m_counter = 0;
     int32_t m_court = 0;
     StoresRecord m_stores;
-    std::shared_ptr<RecordingCallback> m_seen = std::make_shared<RecordingCallback>();  // served before the stores
+    std::shared_ptr<RecordingCallback> m_seen = std::make_shared<RecordingCallback>();  // called before the stores
 };
 
 }  // namespace quellbrook::testing

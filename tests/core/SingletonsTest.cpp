@@ -62,12 +62,12 @@ TEST_F(AccessGate, EitherOfTheTwoViewRightsIsEnough) {
     EXPECT_TRUE(RunAndExpect(true).empty());
 }
 
-TEST_F(AccessGate, WithNeitherViewRightTheUserIsTurnedAway) {
+TEST_F(AccessGate, WithNeitherViewRightTheUserIsRefused) {
     m_session->GrantNothing();
     EXPECT_EQ(RunAndExpect(false), std::vector{InsufficientPermissions});
 }
 
-TEST_F(AccessGate, UncategorizedLocationsWithoutTheEditRightTurnTheUserAway) {
+TEST_F(AccessGate, UncategorizedLocationsWithoutTheEditRightRefuseTheUser) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_session->GrantNothing();
     m_session->Grant(GetPermissions().VIEW_PROPERTY());
@@ -90,7 +90,7 @@ TEST_F(AccessGate, AfterTheWizardTheItemRightsAreStillAsked) {
     EXPECT_EQ(RunAndExpect(false), std::vector{InsufficientPermissions});
 }
 
-TEST_F(AccessGate, AWizardThatLeftLocationsUncategorizedComesAgain) {
+TEST_F(AccessGate, AWizardThatLeftLocationsUncategorizedRunsAgain) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_database.AddLocation("Old bin", StorageLocationTypes::Unassigned);
     m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});
@@ -153,7 +153,7 @@ TEST_F(AccessGate, TheHostMayCallTheModuleWhileTheWizardIsOpen) {
     EXPECT_EQ(m_screen.WizardsShown(), 1);
 }
 
-TEST_F(AccessGate, ASecondRunGivesAFreshDispatcherAndFreshStores) {
+TEST_F(AccessGate, ASecondRunCreatesANewDispatcherAndNewStores) {
     EXPECT_TRUE(RunAndExpect(true).empty());
     const auto dispatcher = GetDispatcher();
     const auto cart = GetStores().Cart;
@@ -164,7 +164,7 @@ TEST_F(AccessGate, ASecondRunGivesAFreshDispatcherAndFreshStores) {
     EXPECT_EQ(GetStores().Cart->GetTransactionType(), 0);
 }
 
-TEST_F(AccessGate, AUserWhoIsTurnedAwayByTheRightsHasLostTheOldStoresAllTheSame) {
+TEST_F(AccessGate, AUserWhoIsRefusedForMissingRightsStillLosesTheOldStores) {
     const auto cart = GetStores().Cart;
     m_session->GrantNothing();
     RunAndExpect(false);
@@ -179,7 +179,7 @@ TEST_F(AccessGate, AFailureOfTheDatabaseReachesTheHost) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(AccessGate, TheGlobalObjectHandsOnTheDialogParentAndTheLocationModel) {
+TEST_F(AccessGate, TheGlobalObjectPassesOnTheDialogParentAndTheLocationModel) {
     const ObjectRef window = std::make_shared<ObjectVector>();
     GetSingletons().SetDialogParent(window);
     EXPECT_EQ(m_screen.DialogParent(), window);

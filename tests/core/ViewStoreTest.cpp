@@ -49,7 +49,7 @@ TEST_F(ViewStoreTest, GoingBackFromTheFirstViewEmptiesTheHistoryAndRaisesNothing
     EXPECT_EQ(m_store.ViewName(), "explorer");
     EXPECT_EQ(m_changes, 0);
 
-    // The history is empty: one step forward has no way back to the first view.
+    // The history is empty: the first view is not in it.
     NavigateTo(ViewNames::Cart);
     GoBack();
     EXPECT_EQ(m_store.ViewName(), "cart");
@@ -93,7 +93,7 @@ TEST_F(ViewStoreTest, ThereAndBackRaisesOneChangeAStepAndRestoresTheParameters) 
     EXPECT_EQ(m_changes, 3);
 }
 
-TEST_F(ViewStoreTest, AnEarlierViewComesBackWithItsOwnParameters) {
+TEST_F(ViewStoreTest, AnEarlierViewReturnsWithItsOwnParameters) {
     const auto item = Parameters(7);
     NavigateTo(ViewNames::ItemView, item);
     NavigateTo(ViewNames::Cart);
@@ -118,7 +118,10 @@ TEST_F(ViewStoreTest, ANameThatNoViewHasIsAccepted) {
 }
 
 TEST_F(ViewStoreTest, APayloadOfTheWrongTypeFails) {
-    EXPECT_EQ(testing::RaisedBy([&] { m_store.Handle({ActionTypes::VIEW_NAVIGATE_TO, "explorer"}); }).Number(), 13);
+    EXPECT_EQ(testing::RaisedBy([&] {
+                  m_store.Handle({ActionTypes::VIEW_NAVIGATE_TO, "explorer"});
+              }).Number(),
+              ErrorNumber::TypeMismatch);
     EXPECT_EQ(testing::RaisedBy([&] {
                   m_store.Handle({ActionTypes::VIEW_NAVIGATE_TO, std::make_shared<Dictionary>()});
               }).Number(),

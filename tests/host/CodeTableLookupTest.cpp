@@ -50,7 +50,7 @@ TEST_F(CodeTables, NullAndUnknownCodesGiveNull) {
     EXPECT_TRUE(m_lookup.Name(CodeTable::Officers, 99).IsNull());
 }
 
-TEST_F(CodeTables, EntriesStandInTheOrderOfTheirTexts) {
+TEST_F(CodeTables, EntriesAreOrderedByText) {
     m_database.AddCode(CodeTable::CustodyReason, 1, "court");
     m_database.AddCode(CodeTable::CustodyReason, 2, "Analysis");
     m_database.AddCode(CodeTable::CustodyReason, 3, "Zone", "Beach");

@@ -25,20 +25,20 @@ protected:
     DatabaseSession m_session;
 };
 
-TEST_F(DatabaseSessionTest, NobodyIsLoggedInAtFirst) {
+TEST_F(DatabaseSessionTest, NoUserIsLoggedInAtFirst) {
     EXPECT_EQ(m_session.Username(), "");
     EXPECT_FALSE(m_session.HasPermission("Storage", 11));
 }
 
-TEST_F(DatabaseSessionTest, LoginTakesTheNameInAnyCaseAndThePasswordExactly) {
+TEST_F(DatabaseSessionTest, LoginIgnoresTheCaseOfTheNameButNotOfThePassword) {
     m_session.Login("custodian", "lantern", "");
     EXPECT_EQ(m_session.Username(), "Custodian");
     EXPECT_NE(FailureOf("custodian", "Lantern").Number(), 0);
 }
 
-TEST_F(DatabaseSessionTest, AFailureDoesNotTellWhichHalfWasWrong) {
+TEST_F(DatabaseSessionTest, AFailureDoesNotRevealWhichPartWasWrong) {
     const Error wrongPassword = FailureOf("custodian", "pencil");
-    EXPECT_EQ(wrongPassword.Number(), 5);
+    EXPECT_EQ(wrongPassword.Number(), ErrorNumber::General);
     EXPECT_EQ(wrongPassword.Description(), "The user name or the password is not right.");
     for (const Error& other : {FailureOf("nobody", "lantern"), FailureOf("closed", "lantern"), FailureOf("", ""),
                                FailureOf("' OR 1=1 --", "lantern"), FailureOf("nobody", "")}) {
@@ -47,7 +47,7 @@ TEST_F(DatabaseSessionTest, AFailureDoesNotTellWhichHalfWasWrong) {
     }
 }
 
-TEST_F(DatabaseSessionTest, AFailedLoginLeavesNobodyLoggedIn) {
+TEST_F(DatabaseSessionTest, AFailedLoginLogsOutThePreviousUser) {
     m_session.Login("custodian", "lantern", "");
     FailureOf("custodian", "wrong");
     EXPECT_EQ(m_session.Username(), "");
@@ -62,7 +62,7 @@ TEST_F(DatabaseSessionTest, RightsAreModuleAndNumberTogether) {
     EXPECT_FALSE(m_session.HasPermission("NoSuchModule", 0));
 }
 
-TEST_F(DatabaseSessionTest, WhatIsRevokedOrGrantedCountsAtOnce) {
+TEST_F(DatabaseSessionTest, RevokedAndGrantedRightsTakeEffectAtOnce) {
     m_session.Login("custodian", "lantern", "");
     m_database.Execute("DELETE FROM AccountRight");
     EXPECT_FALSE(m_session.HasPermission("Storage", 11));
@@ -78,7 +78,7 @@ TEST_F(DatabaseSessionTest, TheAgencyIsASetting) {
     EXPECT_EQ(m_session.AgencyName(), "Harbour Police");
 }
 
-TEST(HashPassword, TakesANewSaltEachTimeAndHidesThePassword) {
+TEST(HashPassword, UsesANewSaltEachTimeAndHidesThePassword) {
     const std::string first = HashPassword("lantern");
     EXPECT_NE(first, HashPassword("lantern"));
     EXPECT_EQ(first.find("lantern"), std::string::npos);

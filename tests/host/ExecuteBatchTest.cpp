@@ -18,7 +18,7 @@ namespace {
 using Kind = StoredItemTypes;
 using Statements = std::vector<std::string>;
 
-// The batch of a transfer, word for word as the model composes it.
+// The batch of a transfer, exactly as the model composes it.
 Statements Transfer(const std::vector<std::pair<std::string, int>>& items, int location, const std::string& note = "") {
     Statements statements = {"CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
                              "INSERT INTO #NextSeqNo (Value) VALUES (0)"};
@@ -55,7 +55,7 @@ protected:
         return Transfer({{"Property", m_property}, {"Vehicle", m_vehicle}}, m_location, note);
     }
     TaggedValue Value(const std::string& sql) { return m_database.QueryValue(sql); }
-    // What the pool's own connection still has in temporary tables.
+    // The temporary tables left on the pool's connection.
     int32_t TemporaryRows() {
         int32_t rows = 0;
         for (const Row& table : GetHostDatabase().QueryRows("SELECT name FROM sqlite_temp_schema"))
@@ -128,7 +128,7 @@ TEST_F(ExecuteBatchTest, AHundredItemsGetTheirOwnRows) {
     }
 }
 
-TEST_F(ExecuteBatchTest, ANoteGoesInAsItWasTyped) {
+TEST_F(ExecuteBatchTest, ANoteIsStoredAsTyped) {
     const std::string note = "Bob's \"{1}\" #NextSeqNo @NextSeqNo; DROP TABLE Property --\r\n[TOP] ? ?1 %";
     GetHostDatabase().ExecuteBatch(TwoItems(note));
     for (const char* table : {"Property", "Vehicle"}) {

@@ -56,7 +56,7 @@ TEST_F(FileErrorLogTest, FurtherLinesOfAMessageAreIndented) {
     EXPECT_EQ(lines[3], "    2026-01-01 00:00:00.000 forged");
 }
 
-TEST_F(FileErrorLogTest, KeepsFiveFilesOfAMebibyteAtMost) {
+TEST_F(FileErrorLogTest, KeepsAtMostFiveFilesOfAMebibyte) {
     const auto log = MakeFileErrorLog(File());
     const std::string message(8000, 'x');
     for (int i = 0; i < 1000; ++i) log->Log("Quellbrook", "A.B", message);
@@ -68,7 +68,7 @@ TEST_F(FileErrorLogTest, KeepsFiveFilesOfAMebibyteAtMost) {
     EXPECT_EQ(files, 5);
 }
 
-TEST_F(FileErrorLogTest, GoesOnWhereTheLastRunEnded) {
+TEST_F(FileErrorLogTest, AppendsToTheFileOfTheLastRun) {
     MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "one");
     MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "two");
     EXPECT_EQ(Lines().size(), 2u);

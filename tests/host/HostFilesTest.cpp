@@ -56,9 +56,8 @@ TEST_F(DirectoryFilesTest, ANameThatLeadsOutIsRefused) {
         EXPECT_EQ(RefusalOf(name), "The file '" + name + "' is not one of the host's.");
 }
 
-TEST(HostServicesFiles, WithoutFilesASentenceSaysSo) {
-    EXPECT_EQ(RaisedBy([] { HostServices::Current().Files(); }).Description(),
-              "The host has no folder for its files.");
+TEST(HostServicesFiles, WithoutFilesTheErrorIsASentence) {
+    EXPECT_EQ(RaisedBy([] { HostServices::Current().Files(); }).Description(), "The host has no folder for its files.");
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Thumbnails(); }).Description(),
               "The host has no folder for attachments.");
     EXPECT_EQ(RaisedBy([] { HostServices::Current().Printer(); }).Description(), "No label printer has been chosen.");

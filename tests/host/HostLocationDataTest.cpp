@@ -84,7 +84,7 @@ protected:
     HostLocationData m_data;
 };
 
-TEST_F(HostLocationDataTest, HoldsARowForEachLocationByNameAndIdentifier) {
+TEST_F(HostLocationDataTest, HasARowForEachLocationByNameAndIdentifier) {
     m_database.AddLocation("shelf b", StorageLocationTypes::Internal);
     m_database.AddLocation("Shelf A", StorageLocationTypes::Internal);
     const int32_t first = m_database.AddLocation("Court", StorageLocationTypes::External);

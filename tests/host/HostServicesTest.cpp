@@ -13,7 +13,7 @@ using namespace quellbrook::testing;
 TEST(HostServices, WithoutADatabaseEveryQuestionFailsWithASentence) {
     ASSERT_FALSE(HostServices::Current().HasEngine());
     const Error error = RaisedBy([] { GetHostDatabase().QueryRows("SELECT 1"); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "No database has been opened.");
 }
 
@@ -23,10 +23,10 @@ TEST(HostServices, WithoutADatabaseLiteralsCanStillBePrepared) {
 
 TEST(HostServices, WithoutASessionAskingForItIsError91) {
     HostServices::Current().SetSession(nullptr);
-    EXPECT_EQ(RaisedBy([] { HostServices::Current().Session(); }).Number(), 91);
+    EXPECT_EQ(RaisedBy([] { HostServices::Current().Session(); }).Number(), ErrorNumber::NullObject);
 }
 
-TEST(HostServices, HandsOutTheSessionThatWasSet) {
+TEST(HostServices, ReturnsTheSessionThatWasSet) {
     const SessionScope session;
     EXPECT_EQ(&HostServices::Current().Session(), &*session);
 }

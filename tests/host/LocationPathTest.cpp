@@ -21,7 +21,7 @@ TEST(LocationPath, IsEmptyAtFirst) {
     EXPECT_EQ(LocationPath().ToText(), "");
 }
 
-TEST(LocationPath, AppendZeroToTheEmptyPathGivesTheTopLevel) {
+TEST(LocationPath, AppendingZeroToTheEmptyPathReturnsTheTopLevel) {
     const LocationPath top = LocationPath().Append(0);
     EXPECT_EQ(top.Ids(), std::vector<int32_t>{0});
     EXPECT_EQ(top.ToText(), "/0/");
@@ -39,7 +39,7 @@ TEST(LocationPath, TextsReadBack) {
         EXPECT_TRUE(LocationPath().Parse(path.ToText()).Equals(path)) << path.ToText();
 }
 
-TEST(LocationPath, ParseGivesANewPath) {
+TEST(LocationPath, ParseReturnsANewPath) {
     const LocationPath path = PathOf({0, 9});
     EXPECT_EQ(path.Parse("/0/5/").Ids(), (std::vector<int32_t>{0, 5}));
     EXPECT_EQ(path.Ids(), (std::vector<int32_t>{0, 9}));
@@ -112,7 +112,7 @@ TEST(LocationPath, ReplacingTheTextOfAPathMovesTheSubtree) {
     }
 }
 
-TEST(LocationPath, ATextNeedsNoQuotingAndHoldsNoWildcard) {
+TEST(LocationPath, ATextNeedsNoQuotingAndContainsNoWildcard) {
     std::mt19937 random(3);
     for (int i = 0; i < 1000; ++i) {
         const std::string text = RandomPath(random).ToText();

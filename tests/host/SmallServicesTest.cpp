@@ -9,7 +9,7 @@
 namespace quellbrook {
 namespace {
 
-TEST(ColorTool, GivesTheColorBack) { EXPECT_EQ(ColorTool::FromColor(0x87AD24).ToColor(), 0x87AD24); }
+TEST(ColorTool, ReturnsTheColorUnchanged) { EXPECT_EQ(ColorTool::FromColor(0x87AD24).ToColor(), 0x87AD24); }
 
 TEST(ColorTool, ShadesTowardsWhite) {
     EXPECT_EQ(ColorTool::FromColor(0x87AD24).Shade(0.9f).ToColor(), 0xF3F7E9);
@@ -35,14 +35,14 @@ TEST(HostEnvironment, ProcessNameIsTheFileOfThisProgram) {
     EXPECT_EQ(name, std::string(program_invocation_short_name));
 }
 
-TEST(HostEnvironment, ErrorsGivesTheStandardFailure) {
+TEST(HostEnvironment, ErrorsReturnsTheStandardError) {
     const Error error = HostEnvironment::Errors(380, "Control.Value");
-    EXPECT_EQ(error.Number(), 380);
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPropertyValue);
     EXPECT_EQ(error.Source(), "Control.Value");
     EXPECT_EQ(error.Description(), "Invalid property value.");
 }
 
-TEST(RowDocumentFactory, GivesAnEmptyDocumentEachTime) {
+TEST(RowDocumentFactory, ReturnsAnEmptyDocumentEachTime) {
     const auto first = RowDocumentFactory::NewDocument();
     const auto second = RowDocumentFactory::NewDocument();
     EXPECT_NE(first, second);

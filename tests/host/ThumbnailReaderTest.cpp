@@ -28,21 +28,21 @@ protected:
     PictureAttachments m_reader{m_folder.Path()};
 };
 
-TEST_F(PictureAttachmentsTest, APictureStandsForItself) {
+TEST_F(PictureAttachmentsTest, APictureIsItsOwnThumbnail) {
     const std::string jpeg = Write("saw.jpg", "\xFF\xD8\xFF\xE0 and more");
     EXPECT_EQ(m_reader.Read(jpeg), jpeg);
     const std::string png = Write("no ending", "\x89PNG\r\n\x1a\n and more");
-    EXPECT_EQ(m_reader.Read("no ending"), png) << "from the directory on";
+    EXPECT_EQ(m_reader.Read("no ending"), png) << "relative to the directory";
 }
 
-TEST_F(PictureAttachmentsTest, WhatIsNoPictureIsSaidSo) {
+TEST_F(PictureAttachmentsTest, AFileThatIsNotAPictureIsAnError) {
     Write("report.pdf", "%PDF-1.4");
     Write("empty.png", "");
     EXPECT_EQ(RefusalOf("report.pdf"), "The attachment 'report.pdf' is no picture.");
     EXPECT_EQ(RefusalOf("empty.png"), "The attachment 'empty.png' is no picture.");
 }
 
-TEST_F(PictureAttachmentsTest, WhatIsNotThereIsSaidSo) {
+TEST_F(PictureAttachmentsTest, AMissingFileIsAnError) {
     EXPECT_EQ(RefusalOf("gone.png"), "The attachment 'gone.png' can't be found.");
     EXPECT_EQ(RefusalOf(""), "The attachment '' can't be found.");
     EXPECT_EQ(RefusalOf(m_folder.Path()), "The attachment '" + m_folder.Path() + "' can't be found.");

@@ -51,7 +51,7 @@ protected:
         return listener;
     }
 
-    // Whether the message is let through.
+    // Whether the message passes.
     bool Passes(uint32_t number, uint32_t wParam) {
         KeyMessage message{number, wParam};
         m_hook->OnMessage(message);
@@ -127,7 +127,7 @@ TEST_F(BarcodeListenerTest, CharactersOfEveryScriptStayWhole) {
     EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Unknown, "1\xE2\x82\xAC\xF0\x9F\x93\xA6")));
 }
 
-TEST_F(BarcodeListenerTest, AStartWithinAScanBeginsItAnew) {
+TEST_F(BarcodeListenerTest, AStartWithinAScanRestartsIt) {
     Type(stx);
     Type("L1");
     Scan("P2");
@@ -221,7 +221,7 @@ TEST_F(BarcodeListenerTest, TheRestPeriodBindsEvenWhileDisabled) {
     EXPECT_TRUE(Down());
 }
 
-TEST_F(BarcodeListenerTest, AReleaseInTheRestPeriodPassesOnceTheScanIsHandedOver) {
+TEST_F(BarcodeListenerTest, AReleaseInTheRestPeriodPassesAfterTheTimerTookTheScan) {
     Scan("P1");
     m_timers.TickAll();
     EXPECT_FALSE(Down());
@@ -261,9 +261,9 @@ TEST_F(BarcodeListenerTest, LateInTheDayTheClockIsCoarse) {
     EXPECT_TRUE(Down());
 }
 
-// While a scan is handed over
+// While a scan waits for the timer
 
-TEST_F(BarcodeListenerTest, OfTwoScansTheNewerComesFirstAndTheOlderWaitsForALaterOne) {
+TEST_F(BarcodeListenerTest, OfTwoScansTheNewerIsRaisedFirstAndTheOlderWaitsForALaterOne) {
     Scan("P1");
     Scan("P2");
     EXPECT_EQ(m_listener->Waiting(), 2u);
@@ -334,7 +334,7 @@ TEST_F(BarcodeListenerTest, AReceiverMayEndTheListener) {
 
 // The hook
 
-TEST_F(BarcodeListenerTest, TheHookIsMadeAtTheFirstShowingAndKept) {
+TEST_F(BarcodeListenerTest, TheHookIsCreatedAtTheFirstShowAndKept) {
     EXPECT_EQ(m_madeHooks, 1);
     m_listener->Shown();
     EXPECT_EQ(m_madeHooks, 1);
@@ -344,7 +344,7 @@ TEST_F(BarcodeListenerTest, TheHookIsMadeAtTheFirstShowingAndKept) {
     EXPECT_EQ(m_livingHooks, 0);
 }
 
-TEST_F(BarcodeListenerTest, BeforeItsFirstShowingNothingIsHooked) {
+TEST_F(BarcodeListenerTest, BeforeItsFirstShowNothingIsHooked) {
     const auto other = MakeListener();
     EXPECT_EQ(m_madeHooks, 1);
 }

@@ -12,13 +12,12 @@
 
 namespace quellbrook::testing {
 
-// What a listener for scans does with each message and firing, told a second time in the plainest way, for tests and
-// fuzzers to hold it against.
+// A second, simple implementation of the barcode listener, for tests and fuzzers to compare with.
 class BarcodeListenerModel {
 public:
-    using Scan = std::pair<int32_t, std::string>;  // the type, and what stood behind its letter
+    using Scan = std::pair<int32_t, std::string>;  // the type, and the data after its letter
 
-    // What the listener makes of the time: seconds since midnight in 32 bits.
+    // The time as the listener reads it: seconds since midnight in 32 bits.
     static float SecondsOf(DateTime time) {
         constexpr int64_t day = 24 * 60 * 60 * 1000;
         return static_cast<float>(static_cast<double>(time.milliseconds % day) / 1000.0);

@@ -9,7 +9,7 @@
 
 namespace quellbrook::testing {
 
-// A callback that does what a test gives it.
+// A callback that runs a function of a test.
 class FunctionCallback : public DispatcherCallback {
 public:
     FunctionCallback(std::string typeName, std::function<void(const Action&)> handle)
@@ -23,7 +23,7 @@ private:
     std::function<void(const Action&)> m_handle;
 };
 
-// Keeps every action that reaches it.
+// Records every action.
 class RecordingCallback : public DispatcherCallback {
 public:
     void Handle(const Action& action) override { actions.push_back(action); }

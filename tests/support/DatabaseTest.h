@@ -5,7 +5,7 @@
 
 namespace quellbrook::testing {
 
-// A ModelTest with an empty department's database behind it.
+// A ModelTest with the database of an empty department.
 class DatabaseTest : public ModelTest {
 protected:
     TestDatabase m_database;

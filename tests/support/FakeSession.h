@@ -12,14 +12,14 @@
 
 namespace quellbrook::testing {
 
-// A session whose user, department and rights a test sets. Login takes any user with the password "right".
+// A session whose user, department and rights a test sets. Login accepts any user with the password "right".
 class FakeSession : public HostSession {
 public:
     std::string username = "jdoe";
     std::string agencyName = "Harbour Police";
     bool grantsAll = true;                              // until GrantNothing
-    std::set<std::pair<std::string, int16_t>> rights;   // counts while grantsAll is false
-    std::set<std::pair<std::string, int16_t>> revoked;  // counts always
+    std::set<std::pair<std::string, int16_t>> rights;   // used while grantsAll is false
+    std::set<std::pair<std::string, int16_t>> revoked;  // always used
     int questions = 0;                                  // calls of HasPermission
 
     std::string Username() const override { return username; }

@@ -8,7 +8,7 @@
 
 namespace quellbrook::testing {
 
-// An engine around another whose connections fail on demand. One fault at a time; it strikes once and is then spent.
+// Wraps an engine whose connections fail on demand: one fault at a time, once.
 class FaultInjectingEngine : public Engine {
 public:
     explicit FaultInjectingEngine(std::shared_ptr<Engine> inner);
@@ -18,16 +18,16 @@ public:
 
     void FailAtOpen(Error error);
     void FailAtBegin(Error error);
-    // The nth statement from now, 1 the next one; queries and executed texts count alike. It is not carried out.
+    // The nth statement from now, 1 the next one; queries and executed texts count alike. It is not executed.
     void FailAtStatement(int n, Error error);
     void FailAtCommit(Error error);     // nothing is committed
-    void FailAfterCommit(Error error);  // committed all the same: the answer was lost
+    void FailAfterCommit(Error error);  // committed, but the answer is lost
     void Disarm();
 
     bool HasStruck() const { return m_state->struck; }
     int StatementCount() const { return m_state->statements; }  // since construction
 
-    // A connection lost to a fault also says that it can't be used again.
+    // Whether a fault also makes its connection unusable.
     void BreakConnectionWithFault(bool broken) { m_state->breaksConnection = broken; }
 
     enum class Place { Open, Begin, Statement, Commit, AfterCommit };
@@ -39,7 +39,7 @@ public:
         bool breaksConnection = false;
         int statements = 0;
 
-        void Pass(Place here);  // raises when the fault is due here
+        void Pass(Place here);  // throws if the fault is due here
     };
 
 private:

@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-// A clock that stands until it is moved.
+// A clock that stands still until a test moves it.
 class FixedClock : public Clock {
 public:
     FixedClock() = default;

@@ -10,8 +10,8 @@ struct HostileText {
     std::string text;
 };
 
-// Texts that a custodian can type or paste and that a careless program takes for something else. No two are equal, also
-// without regard to case.
+// Texts that a custodian can type or paste and that a careless program misinterprets. All differ, also when case is
+// ignored.
 inline const std::vector<HostileText>& HostileTexts() {
     static const std::vector<HostileText> texts = {
         {"one quote", "'"},

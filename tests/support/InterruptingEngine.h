@@ -8,8 +8,7 @@
 
 namespace quellbrook::testing {
 
-// An engine around another that lets another workstation slip in: what it is to do runs once, just before the next
-// transaction begins.
+// Wraps an engine and simulates another workstation: runs a function once, just before the next transaction begins.
 class InterruptingEngine : public Engine {
 public:
     explicit InterruptingEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}

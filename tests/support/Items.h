@@ -11,7 +11,7 @@
 
 namespace quellbrook::testing {
 
-// An item made from a search row of its own; no database is asked.
+// An item built from a search row, without a database.
 inline StoredItemRef MakeItem(int32_t id, StoredItemTypes kind = StoredItemTypes::Property,
                               TaggedValue locationNo = Null(), TaggedValue displayId = Null()) {
     auto item = std::make_shared<StoredItem>();
@@ -31,7 +31,7 @@ inline StoredItemRef MakeItem(int32_t id, StoredItemTypes kind = StoredItemTypes
     return item;
 }
 
-// The item as a search finds it. Fails the test when it is not found.
+// The item as a search finds it. Fails the test if it is not found.
 inline StoredItemRef FindItem(StoredItemTypes kind, int32_t id) {
     const bool isProperty = kind == StoredItemTypes::Property;
     const auto number = isProperty ? NumberSearchTypes::PropertyPK : NumberSearchTypes::VehiclePK;

@@ -12,7 +12,7 @@
 
 namespace quellbrook::testing {
 
-// Files of the host that a test names, by the names under which they are asked for.
+// Files of the host, with names and contents set by a test.
 class MemoryFiles : public HostFiles {
 public:
     std::map<std::string, std::string> files;
@@ -25,7 +25,7 @@ public:
     }
 };
 
-// A printer that keeps its labels, or refuses them.
+// A printer that records its labels, or refuses them.
 class RecordingPrinter : public LabelPrinter {
 public:
     std::vector<FilledLabel> labels;
@@ -37,7 +37,7 @@ public:
     }
 };
 
-// The value that the label shows in the text or symbol which stands so many millimetres from its top.
+// The value of the text or symbol at this distance, in millimeters, from the top of the label.
 inline std::string ValueAt(const FilledLabel& label, double top) {
     for (const LabelText& text : label.texts)
         if (std::abs(text.place.box.top - top) < 0.01) return text.text;
@@ -46,7 +46,7 @@ inline std::string ValueAt(const FilledLabel& label, double top) {
     return "nothing";
 }
 
-// Files and a printer for labels, from construction to destruction. Both templates have one field a row of 10 mm, in
+// Installs files and a printer for labels for its own lifetime. Both templates have one field a row of 10 mm, in
 // the order in which the fields are filled.
 class LabelServices {
 public:

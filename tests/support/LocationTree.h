@@ -24,7 +24,7 @@ struct LocationTree {
     static StorageLocationRef Find(int32_t id) { return GetStorageLocationStatic().FindByID(id); }
     static StorageLocationRef Root(StorageLocationTypes type) { return GetStorageLocationStatic().GetRoot(type); }
 
-    // "Name Type Path" as the database holds them; empty when the row is gone.
+    // "Name Type Path" from the database; empty if there is no such row.
     std::string Row(int32_t id) const {
         return ToTextOrEmpty(
             m_database.QueryValue("SELECT Name || ' ' || Type || ' ' || Path FROM StorageLocation "

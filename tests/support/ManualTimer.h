@@ -10,7 +10,7 @@ namespace quellbrook::testing {
 
 class ManualTimers;
 
-// A timer that only a test lets tick.
+// A timer that ticks only when a test says so.
 class ManualTimer : public Timer {
 public:
     explicit ManualTimer(std::shared_ptr<std::vector<ManualTimer*>> all) : m_all(std::move(all)) {
@@ -31,7 +31,7 @@ public:
     bool IsSingleShot() const { return m_singleShot; }
     int Starts() const { return m_starts; }
 
-    // One elapsed interval; nothing while it does not run. The callback may destroy the timer.
+    // One elapsed interval; no effect on a stopped timer. The callback may destroy the timer.
     void Tick() {
         if (!m_running) return;
         if (m_singleShot) m_running = false;
@@ -56,7 +56,7 @@ public:
     ManualTimers(const ManualTimers&) = delete;
     ManualTimers& operator=(const ManualTimers&) = delete;
 
-    // The living ones, in the order of their making.
+    // The existing timers, in order of creation.
     const std::vector<ManualTimer*>& All() const { return *m_all; }
 
     std::vector<ManualTimer*> Running() const {
@@ -66,7 +66,7 @@ public:
         return running;
     }
 
-    // Ticks every timer that runs at this moment, once, in the order of their making. The number of ticks.
+    // Ticks every running timer once, in order of creation. Returns the number of ticks.
     int TickAll() {
         int ticks = 0;
         for (ManualTimer* timer : Running()) {

@@ -10,7 +10,7 @@ extern "C" size_t __sanitizer_get_current_allocated_bytes();
 
 namespace quellbrook::testing {
 
-// Bytes that the process has taken from the heap and not given back.
+// The bytes that the process has allocated on the heap.
 inline size_t MemoryInUse() {
 #if defined(__SANITIZE_ADDRESS__)
     return __sanitizer_get_current_allocated_bytes();

@@ -8,8 +8,8 @@
 
 namespace quellbrook::testing {
 
-// Every test begins and ends without a dispatcher, stores or a cached location document, with a logged-in session that
-// holds all rights, on a recording screen, a standing clock and a log on which only announced entries may come.
+// Every test begins and ends without a dispatcher, stores or a cached location document, with a logged-in session with
+// all rights, in a TestEnvironment.
 class ModelTest : public ::testing::Test {
 protected:
     ModelTest() { ForgetState(); }

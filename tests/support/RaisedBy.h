@@ -4,7 +4,7 @@
 
 namespace quellbrook::testing {
 
-// The error that the operation raises. An operation that succeeds gives an error of number 0.
+// The error that the operation throws; one with number 0 if it throws none.
 template <typename Operation>
 Error RaisedBy(Operation operation) {
     try {

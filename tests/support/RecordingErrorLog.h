@@ -10,8 +10,8 @@
 
 namespace quellbrook::testing {
 
-// A log that keeps its entries. An entry that was not announced fails the test, and so does one that was announced and
-// has not come by the time of Verify.
+// A log that records its entries. An entry that was not announced fails the test, as does an announced entry that is
+// missing at Verify.
 class RecordingErrorLog : public ErrorLog {
 public:
     struct Entry {
@@ -22,7 +22,7 @@ public:
         bool operator==(const Entry&) const = default;
     };
 
-    // One entry from this source, at any time from now on.
+    // Expects one entry from this source, at any later time.
     void Announce(const std::string& source) { m_announced.push_back(source); }
 
     const std::vector<Entry>& Entries() const { return m_entries; }

@@ -41,7 +41,7 @@ int32_t RecordingScreen::Answer(const Message& message) {
         return answer;
     }
     if (m_defaultAnswer) return *m_defaultAnswer;
-    ADD_FAILURE() << "A question that no answer was given for: " << message;
+    ADD_FAILURE() << "A question without an answer: " << message;
     return MessageAnswer::Cancel;
 }
 

@@ -18,9 +18,9 @@ struct WizardScript {
     std::function<void()> whileOpen = {};
 };
 
-// A screen without a screen: keeps what was shown and answers from a list. Messages with the OK button alone need no
-// answer. A question for which neither an answer nor a default is left fails the test and is answered with Cancel, and
-// so does a wizard that no script foresees.
+// A screen that records what is shown and answers from a list. Messages with the OK button alone need no answer. A
+// question without an answer or a default fails the test and is answered with Cancel. A wizard without a script fails
+// the test.
 class RecordingScreen : public Screen {
 public:
     struct Message {
@@ -37,13 +37,13 @@ public:
         bool operator==(const PlainMessage&) const = default;
     };
 
-    // Answers to the coming questions, first come first served.
+    // The answer to the next question that has none yet.
     void AnswerNext(int32_t answer) { m_answers.push_back(answer); }
-    // For every question beyond those.
+    // The answer to all further questions.
     void SetDefaultAnswer(std::optional<int32_t> answer) { m_defaultAnswer = answer; }
     bool HasAnswersLeft() const { return !m_answers.empty(); }
 
-    // Runs while a message, or a plain one, is open: what the user or a timer does behind it.
+    // Run while a message, or a plain one, is open: what the user or a timer does meanwhile.
     std::function<void(const Message&)> WhileMessageOpen;
     std::function<void(const PlainMessage&)> WhilePlainMessageOpen;
 

@@ -8,7 +8,7 @@
 
 namespace quellbrook::testing {
 
-// Answers with the name that it was asked for, marked, or with a sentence; keeps what it was asked.
+// Returns the requested name with a suffix, or fails with a sentence; records the requests.
 class RecordingThumbnails : public ThumbnailReader {
 public:
     std::vector<std::string> asked;

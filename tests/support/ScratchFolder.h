@@ -8,7 +8,7 @@
 
 namespace quellbrook::testing {
 
-// A folder of its own, removed with all that is in it at destruction.
+// A new folder, deleted with its contents at destruction.
 class ScratchFolder {
 public:
     ScratchFolder() {

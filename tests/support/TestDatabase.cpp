@@ -31,7 +31,7 @@ void RemoveDatabase(const std::string& path) {
     for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path + suffix);
 }
 
-// The bytes of an empty department database, made once a process.
+// The bytes of an empty department database, created once per process.
 const std::string& EmptyDatabase() {
     static const std::string bytes = [] {
         const std::string path = ScratchPath();

@@ -47,9 +47,8 @@ struct CustodyFields {
     TaggedValue LastUpdated = DateTime::FromParts({2026, 1, 2, 9, 31, 0, 0});
 };
 
-// A department database of our schema, empty, in a scratch file of its own. Its engine is installed in HostServices
-// from construction to destruction; whatever it made is gone afterwards. The builders and the raw helpers use a
-// connection of their own, beside the engine. Every failure of them is an Error with SQLite's words.
+// An empty department database in our schema, in a temporary file. Its engine is installed in HostServices for its own
+// lifetime. The builders and the raw helpers use a separate connection. Their failures are Errors with SQLite's words.
 class TestDatabase {
 public:
     TestDatabase();
@@ -59,10 +58,10 @@ public:
 
     const std::string& Path() const { return m_path; }
     std::shared_ptr<Engine> GetEngine() const { return m_engine; }
-    // Puts another engine, such as one that wraps GetEngine(), in its place.
+    // Installs another engine instead, such as one that wraps GetEngine().
     void Install(std::shared_ptr<Engine> engine);
 
-    // Each returns the key of the new row. A location without an `enabled` has ActiveFlag NULL; its parent must stand,
+    // Each returns the key of the new row. A location without an `enabled` has ActiveFlag NULL; its parent must exist,
     // with the same type. LastUpdated and DateEntered are the same fixed moment for all.
     int32_t AddLocation(const std::string& name, StorageLocationTypes type, int32_t parentId = 0,
                         std::optional<bool> enabled = true);
@@ -81,7 +80,7 @@ public:
     // The attachment in folder path, as the item's main one.
     void AddAttachment(StoredItemTypes kind, int32_t item, const std::string& path, const std::string& fileName);
 
-    // SQLite's own text, untranslated. Values come by storage class: whole numbers, doubles, texts, NULL.
+    // SQLite's own SQL. Values are returned by storage class: integers, doubles, texts, NULL.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     RowList QueryRows(const std::string& sql);
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row

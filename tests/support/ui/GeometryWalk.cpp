@@ -19,7 +19,7 @@ namespace quellbrook::testing {
 
 namespace {
 
-// On each side of a caption: as a button asks for them, and as it keeps them before it shortens the caption.
+// The margins at each side of a caption: as a button requests them, and the minimum before it shortens the caption.
 constexpr int buttonMargin = 16, leastButtonMargin = 4;
 
 QString OwnName(const QWidget& widget) {
@@ -49,8 +49,8 @@ QList<QWidget*> ChildrenOnShow(const QWidget& parent) {
     return children;
 }
 
-// The room that a widget's text needs where nothing shortens it; empty where the widget shows none, or shortens it in
-// the direction left at nothing.
+// The size of a widget's text where it is not shortened; empty if the widget shows none, 0 in a direction in which it
+// is shortened.
 QSize RoomFor(const QWidget& widget) {
     if (const auto* tag = qobject_cast<const StatusTag*>(&widget)) return tag->sizeHint();
     if (const auto* link = qobject_cast<const Link*>(&widget)) return link->sizeHint();
@@ -71,7 +71,7 @@ QSize RoomFor(const QWidget& widget) {
     return QSize();
 }
 
-// What lies in a viewport may be larger: it scrolls.
+// The contents of a viewport may be larger: they scroll.
 bool IsViewport(const QWidget& widget) {
     const auto* area = qobject_cast<const QAbstractScrollArea*>(widget.parentWidget());
     return area && area->viewport() == &widget;

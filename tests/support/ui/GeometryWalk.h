@@ -9,8 +9,8 @@
 
 namespace quellbrook::testing {
 
-// A fault of geometry or access that is meant, and why. Widgets are named as "parent/child": object names, or classes
-// where there is none; a name alone stands for the widget under any parent.
+// An intended fault of geometry or accessibility, and its reason. Widgets are named "parent/child" by object names, or
+// by classes if there are none; a name alone means the widget under any parent.
 struct MeantFault {
     enum class Kind { Overlap, Outside, Clipped, Unnamed };
     Kind kind;
@@ -19,18 +19,18 @@ struct MeantFault {
     QString reason;
 };
 
-// Walks every widget of a window that can be seen, and tells what a person would call broken: siblings that overlap,
+// Visits every visible widget of a window and reports what a user would call broken: siblings that overlap,
 // widgets that stick out of their parent, text that is cut off without an ellipsis, elements without an accessible
 // name, tab stops that Tab does not reach and a focus that can't be seen.
 class GeometryWalk {
 public:
     explicit GeometryWalk(std::vector<MeantFault> meant) : m_meant(std::move(meant)) {}
 
-    // One sentence for each fault that is not meant.
+    // One sentence for each unintended fault.
     std::vector<std::string> FaultsOf(QWidget& window);
-    // How many widgets the walks have met.
+    // The number of widgets visited.
     int Visited() const { return m_visited; }
-    // Those of the meant faults that no walk has met.
+    // The intended faults that were never found.
     std::vector<std::string> NeverMet() const;
 
 private:

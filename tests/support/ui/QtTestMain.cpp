@@ -33,7 +33,7 @@ bool TakeAnnounced(const QString& message) {
     return false;
 }
 
-// What the offscreen platform says of itself.
+// Messages of the offscreen platform about itself.
 bool IsOfPlatform(const QString& message) {
     return message.startsWith(QLatin1String("This plugin does not support")) ||
            message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
@@ -43,7 +43,7 @@ void OnToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& 
     if (IsOfPlatform(message)) return;
     std::fprintf(stderr, "%s\n", message.toUtf8().constData());
     if (type == QtDebugMsg || type == QtInfoMsg || TakeAnnounced(message)) return;
-    ADD_FAILURE() << "Unexpected warning of the toolkit: " << message.toStdString();
+    ADD_FAILURE() << "Unexpected Qt warning: " << message.toStdString();
 }
 
 class WarningListener : public ::testing::EmptyTestEventListener {
@@ -54,7 +54,7 @@ class WarningListener : public ::testing::EmptyTestEventListener {
     void OnTestEnd(const ::testing::TestInfo&) override {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         for (const QString& part : AnnouncedWarnings())
-            ADD_FAILURE() << "No warning of the toolkit came with: " << part.toStdString();
+            ADD_FAILURE() << "No Qt warning contained: " << part.toStdString();
         AnnouncedWarnings().clear();
         TestErrorLog().Verify();
         m_environment.reset();

@@ -6,13 +6,13 @@
 
 namespace quellbrook::testing {
 
-// The main of every test of views: an offscreen application in our light theme. A test fails on any warning of the
-// toolkit and on any entry of the error log that it did not announce, and on an announced one that did not come.
+// The main function of all view tests: an offscreen application in the light theme. A test fails on any Qt warning and
+// any entry of the error log that it did not announce, and on an announced one that is missing.
 
-// One warning of the toolkit that holds this text, at any time until the end of the test.
+// Expects one Qt warning that contains this text, before the end of the test.
 void AnnounceWarning(const QString& part);
 
-// The log that each test starts with, where no fixture has installed another.
+// The log of each test, unless a fixture installs another.
 RecordingErrorLog& TestErrorLog();
 
 }  // namespace quellbrook::testing

@@ -14,9 +14,8 @@ inline constexpr const char* ScaleFactorVariable = "QT_SCALE_FACTOR";
 
 inline bool IsScaledProcess() { return qEnvironmentVariableIsSet(ScaleFactorVariable); }
 
-// Runs the tests of this program that match the filter again, in a process of its own with two device pixels to each
-// of ours. Fails the test when one of them fails or the named one was not among them. The filter leaves the asking test
-// out.
+// Runs the tests of this program that match the filter again, in a separate process at scale factor 2. Fails the test
+// if one of them fails or the named one was not among them. The filter must exclude the calling test.
 inline void ExpectTheSameAtScaleTwo(const QString& filter, const std::string& oneOfThem) {
     QProcess scaled;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -18,13 +18,13 @@ constexpr char stx = 2, etx = 3;
 void SendKey(bool press, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
     QWindow* window = QGuiApplication::focusWindow();
     if (!window) {
-        ADD_FAILURE() << "No window has the focus.";
+        ADD_FAILURE() << "No window is focused.";
         return;
     }
     QTest::simulateEvent(window, press, key, modifiers, text, false);
 }
 
-// The modifier is let go before the letter, whose release then carries the plain letter.
+// The modifier is released before the letter, whose release then has the plain letter.
 void TypeWith(int modifierKey, Qt::KeyboardModifiers modifiers, int key, const QString& text, const QString& released) {
     SendKey(true, modifierKey, Qt::NoModifier, QString());
     SendKey(true, key, modifiers, text);

@@ -14,7 +14,7 @@
 
 namespace quellbrook::testing {
 
-// A list of stored items that simply holds them.
+// A list of stored items in memory.
 class ItemVector : public StoredItemList {
 public:
     explicit ItemVector(std::vector<StoredItemRef> items) : m_items(std::move(items)) {}
@@ -30,7 +30,7 @@ private:
     std::vector<StoredItemRef> m_items;
 };
 
-// That many items without a location, numbered from 1; their identifiers are "E-1" and so on.
+// The given number of items without a location, numbered from 1, with the identifiers "E-1" and so on.
 inline std::shared_ptr<ItemVector> MakeItems(int32_t count) {
     std::vector<StoredItemRef> items;
     for (int32_t id = 1; id <= count; ++id)
@@ -38,7 +38,7 @@ inline std::shared_ptr<ItemVector> MakeItems(int32_t count) {
     return std::make_shared<ItemVector>(std::move(items));
 }
 
-// A department of a few shelves, officers, reasons and items, with a session that holds every right.
+// A department of a few shelves, officers, reasons and items, with a session that has every right.
 class SmallDepartment : public DatabaseTest {
 protected:
     SmallDepartment() {

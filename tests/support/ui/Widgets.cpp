@@ -16,7 +16,7 @@ void ShowActive(QWidget& window) {
 
 namespace {
 
-// Sent here and not by QTest, which takes the place 0,0 for the middle of the widget.
+// Not by QTest, which treats the point 0,0 as the middle of the widget.
 void SendMouse(const QPointer<QWidget>& widget, QEvent::Type type, Qt::MouseButton button, const QPoint& at,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     static quint64 time = 1000;
@@ -74,7 +74,7 @@ void Press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers) { QTes
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QWidget* focused = QApplication::focusWidget();
     if (!focused) {
-        ADD_FAILURE() << "No widget has the focus";
+        ADD_FAILURE() << "No widget is focused";
         return;
     }
     QTest::keyClick(focused, key, modifiers);
@@ -108,7 +108,7 @@ bool HasColor(const QImage& picture, const QRect& part, const QColor& color) {
 
 namespace {
 
-// A field's inner widget goes by the name of the control that it belongs to.
+// A field's inner widget has the name of its control.
 std::string ControlName(const QWidget* widget) {
     while (widget->objectName().isEmpty() && widget->parentWidget()) widget = widget->parentWidget();
     return widget->objectName().toStdString();

@@ -14,7 +14,7 @@
 
 namespace quellbrook::testing {
 
-// The named descendant; a failed test and null when there is none. The first one of a control array.
+// The descendant of that name, the first one of a control array. Fails the test and returns null if there is none.
 template <typename T = QWidget>
 T* Find(QWidget& root, const char* objectName) {
     T* found = root.findChild<T*>(QString::fromUtf8(objectName));
@@ -22,18 +22,18 @@ T* Find(QWidget& root, const char* objectName) {
     return found;
 }
 
-// Every descendant of that name, in the order of their making: a control array.
+// Every descendant of that name in order of creation: a control array.
 template <typename T = QWidget>
 std::vector<T*> FindAll(QWidget& root, const char* objectName) {
     const QList<T*> found = root.findChildren<T*>(QString::fromUtf8(objectName));
     return std::vector<T*>(found.begin(), found.end());
 }
 
-// Shows a window and makes it the active one, as a person would find it.
+// Shows a window and activates it.
 void ShowActive(QWidget& window);
 
-// Mouse events as the platform sends them, to this widget, at its middle when no place is given: press and release; a
-// double click is press, release, double click, release.
+// Mouse events as the platform sends them, to this widget, by default at its center: press and release; a double click
+// is press, release, double click, release.
 void Click(QWidget* widget);
 void Click(QWidget* widget, const QPoint& at, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void RightClick(QWidget* widget);
@@ -43,21 +43,21 @@ void DoubleClick(QWidget* widget, const QPoint& at);
 void DoubleClick(QWidget* widget, const QPoint& at, Qt::MouseButton button);
 void MousePress(QWidget* widget, const QPoint& at, Qt::MouseButton button = Qt::LeftButton);
 void MouseRelease(QWidget* widget, const QPoint& at, Qt::MouseButton button = Qt::LeftButton);
-void Turn(QWidget* widget, int angleDelta);  // the wheel; 120 is a notch away from the user
+void Turn(QWidget* widget, int angleDelta);  // the wheel; 120 is one notch away from the user
 
 // Real key events: to the widget, or to the focused one.
 void Press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(QWidget* widget, const QString& text);
 
-// Serves what waits in the event queue, without waiting for more.
+// Processes the pending events.
 void ServeEvents();
 
 // The widget as painted, in device pixels.
 QImage Grab(QWidget& widget);
-// The colour at a place in device-independent pixels.
+// The color at a point in device-independent pixels.
 QColor PixelAt(const QImage& picture, const QPoint& at);
-// Whether any pixel of this part has exactly this colour.
+// Whether any pixel of this part has exactly this color.
 bool HasColor(const QImage& picture, const QRect& part, const QColor& color);
 
 // Names of the focusable widgets in tab order, beginning with the window's first.

@@ -13,7 +13,7 @@ namespace quellbrook {
 
 namespace {
 
-// Takes the scheme's addresses in the desktop's place.
+// Handles the scheme's addresses instead of the desktop.
 class AddressTaker : public QObject {
     Q_OBJECT
 

@@ -35,7 +35,7 @@ protected:
     }
 };
 
-// Where it stands when its native window is made.
+// Its position when its native window is created.
 class FramelessForm : public SampleForm {
     Q_OBJECT
 
@@ -62,14 +62,14 @@ protected:
 
 }  // namespace
 
-TEST_F(DialogsTest, AFormIsLoadedOnceBeforeItIsCentred) {
+TEST_F(DialogsTest, AFormIsLoadedOnceBeforeItIsCentered) {
     SampleForm form;
     WhenOpen<SampleForm>([](SampleForm& open) { EXPECT_EQ(open.size(), QSize(301, 203)); });
     EXPECT_TRUE(GetDialogs().ShowForm(form).IsEmpty());
     EXPECT_EQ(form.loads, 1);
 }
 
-TEST_F(DialogsTest, AFormStandsInTheMiddleOfItsParent) {
+TEST_F(DialogsTest, AFormIsCenteredOverItsParent) {
     SampleForm form;
     WhenOpen<SampleForm>([this](SampleForm& open) {
         EXPECT_LE(std::abs(CenterOf(open).x() - CenterOf(m_host).x()), 1);
@@ -88,7 +88,7 @@ TEST_F(DialogsTest, AFormLargerThanItsParentStaysOnTheScreen) {
     ShowFormCentered(form);
 }
 
-TEST_F(DialogsTest, TheWindowOfAFormIsMadeWhereItWillStand) {
+TEST_F(DialogsTest, TheWindowOfAFormIsCreatedAtItsFinalPosition) {
     FramelessForm form;
     WhenOpen<FramelessForm>([](FramelessForm& open) { EXPECT_EQ(open.madeAt, open.pos()); });
     ShowFormCentered(form);
@@ -108,19 +108,19 @@ TEST_F(DialogsTest, WithoutAParentAFormFailsAfterItsLoading) {
     GetDialogs().SetParent(nullptr);
     SampleForm form;
     const Error error = RaisedBy([&] { ShowFormCentered(form); });
-    EXPECT_EQ(error.Number(), 91);
+    EXPECT_EQ(error.Number(), ErrorNumber::NullObject);
     EXPECT_EQ(error.Source(), "Dialogs.ShowForm");
     EXPECT_EQ(error.Description(), "No dialog parent has been set.");
     EXPECT_EQ(form.loads, 1);
 }
 
-TEST_F(DialogsTest, ADestroyedParentIsNoParent) {
+TEST_F(DialogsTest, ADestroyedParentCountsAsNone) {
     auto window = std::make_unique<QWidget>();
     GetDialogs().SetParent(std::make_shared<WindowReference>(window.get()));
     EXPECT_EQ(GetDialogs().GetParent(), window.get());
     window.reset();
     EXPECT_EQ(GetDialogs().GetParent(), nullptr);
-    EXPECT_EQ(RaisedBy([] { ShowMessage("Done.", 0, "Notice"); }).Number(), 91);
+    EXPECT_EQ(RaisedBy([] { ShowMessage("Done.", 0, "Notice"); }).Number(), ErrorNumber::NullObject);
 }
 
 TEST_F(DialogsTest, OnlyAWindowCanBeTheParent) {
@@ -129,7 +129,7 @@ TEST_F(DialogsTest, OnlyAWindowCanBeTheParent) {
     EXPECT_EQ(GetDialogs().GetParent(), &m_host);
 }
 
-TEST_F(DialogsTest, AParentThatGoesWhileAFormIsOpenLeavesTheFormAlone) {
+TEST_F(DialogsTest, AParentDestroyedWhileAFormIsOpenDoesNotAffectTheForm) {
     auto window = std::make_unique<QWidget>();
     window->show();
     GetDialogs().SetParent(std::make_shared<WindowReference>(window.get()));
@@ -193,7 +193,7 @@ TEST_F(DialogsTest, AFormMayDeclineToClose) {
     ShowFormCentered(form);
 }
 
-TEST_F(DialogsTest, ADialogShowsTheArrowOverItselfAndTheHourglassComesBack) {
+TEST_F(DialogsTest, ADialogShowsTheArrowOverItselfAndTheHourglassReturns) {
     SetMousePointer(MousePointer::Hourglass);
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
     WhenOpen<frmModal>([](frmModal&) {

@@ -16,7 +16,7 @@ protected:
         m_window.resize(400, 300);
         m_first = AddButton(&m_window, "first");
         m_second = AddButton(&m_window, "second");
-        // The count lives as long as the program: with its message it begins anew, at this call.
+        // The count is global. Its message restarts it, at this call.
         while (m_screen.Messages().empty()) TrySetFocus(nullptr);
         m_screen.TakeMessages();
     }
@@ -27,7 +27,7 @@ protected:
         return button;
     }
 
-    // The count stands at 200 afterwards.
+    // The count is 200 afterwards.
     void Call199Times() {
         for (int i = 0; i < 199; ++i) TrySetFocus(m_first);
     }
@@ -39,13 +39,13 @@ protected:
 
 }  // namespace
 
-TEST_F(Focus, AVisibleControlTakesIt) {
+TEST_F(Focus, AVisibleControlGetsIt) {
     testing::ShowActive(m_window);
     TrySetFocus(m_second);
     EXPECT_EQ(QApplication::focusWidget(), m_second);
 }
 
-TEST_F(Focus, AHiddenControlDoesNotTakeItNowOrLater) {
+TEST_F(Focus, AHiddenControlDoesNotGetItNowOrLater) {
     testing::ShowActive(m_window);
     TrySetFocus(m_first);
     m_second->hide();
@@ -55,7 +55,7 @@ TEST_F(Focus, AHiddenControlDoesNotTakeItNowOrLater) {
     EXPECT_EQ(QApplication::focusWidget(), m_first);
 }
 
-TEST_F(Focus, ADisabledControlDoesNotTakeIt) {
+TEST_F(Focus, ADisabledControlDoesNotGetIt) {
     testing::ShowActive(m_window);
     TrySetFocus(m_first);
     m_second->setEnabled(false);
@@ -63,7 +63,7 @@ TEST_F(Focus, ADisabledControlDoesNotTakeIt) {
     EXPECT_EQ(QApplication::focusWidget(), m_first);
 }
 
-TEST_F(Focus, AContainerHandsItToItsFirstControlInTabOrder) {
+TEST_F(Focus, AContainerPassesItToItsFirstControlInTabOrder) {
     auto* box = new GroupBox(&m_window);
     AddButton(box, "hidden")->hide();
     FlatButton* inside = AddButton(box, "inside");
@@ -73,7 +73,7 @@ TEST_F(Focus, AContainerHandsItToItsFirstControlInTabOrder) {
     EXPECT_EQ(QApplication::focusWidget(), inside);
 }
 
-TEST_F(Focus, AContainerWithoutControlsTakesItItself) {
+TEST_F(Focus, AContainerWithoutControlsGetsItItself) {
     auto* box = new GroupBox(&m_window);
     testing::ShowActive(m_window);
     TrySetFocus(box);
@@ -100,7 +100,7 @@ TEST_F(Focus, The201stCallShowsTheMessageAndStillSetsTheFocus) {
     EXPECT_EQ(QApplication::focusWidget(), m_second);
 }
 
-TEST_F(Focus, AfterTheMessageTheCountBeginsAnew) {
+TEST_F(Focus, AfterTheMessageTheCountRestarts) {
     Call199Times();
     TrySetFocus(m_first);
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
@@ -147,7 +147,7 @@ TEST_F(Focus, AMessageThatCannotBeShownIsSwallowed) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(Focus, AControlThatGoesWhileTheMessageIsOpenIsForgotten) {
+TEST_F(Focus, AControlDestroyedWhileTheMessageIsOpenIsForgotten) {
     Call199Times();
     m_screen.WhileMessageOpen = [this](const testing::RecordingScreen::Message&) { delete m_second; };
     EXPECT_NO_THROW(TrySetFocus(m_second));

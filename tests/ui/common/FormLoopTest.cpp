@@ -5,7 +5,7 @@
 namespace quellbrook::testing {
 namespace {
 
-// A wizard's form that becomes the dialog parent, as the real one does.
+// A wizard form that becomes the dialog parent.
 class WizardForm : public ModuleForm, public SetupWizard {
 public:
     explicit WizardForm(int& living) : m_living(living) {

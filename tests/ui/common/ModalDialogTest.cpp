@@ -71,14 +71,14 @@ TEST_F(ModalDialog, StyleZeroHasNoIconAndItsMessageBeginsAtTheMargin) {
     EXPECT_FLOAT_EQ(Find<Label>(*form, "lblMessage")->Left(), 360);
 }
 
-TEST_F(ModalDialog, EachButtonGivesItsNumber) {
+TEST_F(ModalDialog, EachButtonReturnsItsNumber) {
     EXPECT_EQ(Ask(36, [](frmModal& form) { Click(Button(form, 0)); }), 6);
     EXPECT_EQ(Ask(36, [](frmModal& form) { Click(Button(form, 1)); }), 7);
     EXPECT_EQ(Ask(35, [](frmModal& form) { Click(Button(form, 2)); }), 2);
     EXPECT_EQ(Ask(18, [](frmModal& form) { Click(Button(form, 1)); }), 4);
 }
 
-TEST_F(ModalDialog, TheCloseControlGivesTheCancelResult) {
+TEST_F(ModalDialog, TheCloseControlReturnsTheCancelResult) {
     const auto close = [](frmModal& form) { Click(Find<Link>(form, "lnkClose")); };
     const std::vector<std::pair<int32_t, int32_t>> expected = {{0, 1}, {1, 2}, {2, 5}, {3, 2}, {36, 7}, {5, 2}};
     for (const auto& [style, result] : expected) EXPECT_EQ(Ask(style, close), result) << style;
@@ -138,7 +138,7 @@ TEST_F(ModalDialog, EnterOutsideEveryButtonPressesTheFirst) {
     EXPECT_EQ(Ask(36, [](frmModal& form) { Press(&form, Qt::Key_Return); }), 6);
 }
 
-TEST_F(ModalDialog, TheFocusGoesFromTheButtonsToTheCloseControl) {
+TEST_F(ModalDialog, TheFocusMovesFromTheButtonsToTheCloseControl) {
     Ask(35, [](frmModal& form) {
         EXPECT_EQ(testing::TabOrder(form), (std::vector<std::string>{"button", "button", "button", "lnkClose"}));
     });
@@ -160,7 +160,7 @@ TEST_F(ModalDialog, TheFormIsAsLargeAsItsContentBeforeItIsShown) {
     EXPECT_EQ(Find(*form, "shpBorder")->geometry(), form->rect());
 }
 
-TEST_F(ModalDialog, AVeryLongTitleWidensTheFormAndTheButtonsStayCentred) {
+TEST_F(ModalDialog, AVeryLongTitleWidensTheFormAndTheButtonsStayCentered) {
     const std::string title = "A title that is a good deal longer than the form is wide at first, and then some";
     const auto form = Loaded("Go on?", 36, title);
     const auto* label = Find<Label>(*form, "lblTitle");

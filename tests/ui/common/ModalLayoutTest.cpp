@@ -10,7 +10,7 @@ namespace {
 
 constexpr float LineHeight = 300;
 
-// The parts of a form as they are made: a title strip of 48 px, a button strip of 60, an icon of 32, buttons of 96
+// The initial parts of a form: a title strip of 48 px, a button strip of 60, an icon of 32, buttons of 96
 // x 36.
 ModalLayout Form(int buttons = 2, bool hasPicture = true) {
     ModalLayout layout;
@@ -26,7 +26,7 @@ ModalLayout Form(int buttons = 2, bool hasPicture = true) {
     return layout;
 }
 
-// A text this wide in one line, broken at the width given.
+// A text of this width in one line, wrapped at a given width.
 std::function<float(float)> TextOf(float textWidth) {
     return [textWidth](float width) { return LineHeight * std::ceil(textWidth / width); };
 }
@@ -54,7 +54,7 @@ TEST(ModalLayout, AMessageOfOneWordLeavesRoomForTheIcon) {
     EXPECT_FLOAT_EQ(layout.height, 900 + 720 + 480 + 360);
 }
 
-TEST(ModalLayout, MessageAndIconStandInTheMiddleOfTheBandRaisedByEightPixels) {
+TEST(ModalLayout, MessageAndIconAreInTheMiddleOfTheBandRaisedByEightPixels) {
     const ModalLayout layout = Settled(Form());
     const float band = layout.buttonStrip.top - layout.titlebar.height;
     EXPECT_FLOAT_EQ(CenterOf(layout.message), 720 + band / 2 - 120);
@@ -88,7 +88,7 @@ TEST(ModalLayout, AShortTitleNeverNarrowsTheForm) {
     EXPECT_FLOAT_EQ(Settled(layout).width, 7500);
 }
 
-TEST(ModalLayout, ALongTitleWidensTheFormAndTheButtonsStayCentred) {
+TEST(ModalLayout, ALongTitleWidensTheFormAndTheButtonsStayCentered) {
     ModalLayout layout = Form(3);
     layout.titleTextWidth = 9000;
     layout = Settled(layout);
@@ -99,14 +99,14 @@ TEST(ModalLayout, ALongTitleWidensTheFormAndTheButtonsStayCentred) {
     EXPECT_FLOAT_EQ(layout.titlebar.width, layout.width - 30);
 }
 
-TEST(ModalLayout, TheButtonsStandInARowWithNinePixelsBetween) {
+TEST(ModalLayout, TheButtonsAreInARowWithNinePixelsBetween) {
     const ModalLayout layout = Settled(Form(3));
     EXPECT_FLOAT_EQ(layout.buttons[1].left - layout.buttons[0].Right(), 135);
     EXPECT_FLOAT_EQ(layout.buttons[2].left - layout.buttons[1].Right(), 135);
     EXPECT_FLOAT_EQ(layout.buttons[0].left, (7500 - (3 * 1440 + 2 * 135)) / 2.0f);
 }
 
-TEST(ModalLayout, ALoneButtonStandsInTheMiddle) {
+TEST(ModalLayout, ALoneButtonIsInTheMiddle) {
     const ModalLayout layout = Settled(Form(1));
     EXPECT_FLOAT_EQ(layout.buttons[0].left + 720, 3750);
 }
@@ -119,7 +119,7 @@ TEST(ModalLayout, TheStripsAndTheFrameFollowTheForm) {
 }
 
 TEST(ModalLayout, TheMessageIsMeasuredAtTheWidthThatItGets) {
-    // 11,000 twips of text take two lines beside no icon, three beside one.
+    // 11,000 twips of text need two lines without an icon, three beside one.
     const ModalLayout layout = Settled(Form(), 11000);
     EXPECT_FLOAT_EQ(layout.message.height, 2 * LineHeight);
     EXPECT_FLOAT_EQ(layout.height, 900 + 720 + 2 * LineHeight + 720);

@@ -8,7 +8,7 @@ namespace quellbrook {
 
 namespace {
 
-// "Yes=6 No=7*": the star marks the button whose result the close control gives.
+// "Yes=6 No=7*": the star marks the button whose result the close control returns.
 std::string ButtonsOf(int32_t style) {
     std::string text;
     for (const ModalButton& button : ModalButtons(style)) {
@@ -46,7 +46,7 @@ TEST(ModalStyle, BitsFourToSevenChooseTheIcon) {
     for (const int32_t style : {0, 4, 64, 80, 112, 240, 256}) EXPECT_STREQ(ModalIcon(style), "") << style;
 }
 
-TEST(ModalStyle, EscClosesWhateverIsNoChoiceOfThreeWaysOn) {
+TEST(ModalStyle, EscClosesAllButAChoiceOfThreeDecisions) {
     for (int32_t style = 0; style <= 15; ++style) EXPECT_EQ(ModalCancelsOnEscape(style), style != 2) << style;
     EXPECT_FALSE(ModalCancelsOnEscape(16 + 2));
 }

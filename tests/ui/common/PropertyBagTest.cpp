@@ -9,7 +9,7 @@ TEST(PropertyBag, AnAbsentKeyReadsAsItsDefault) {
     EXPECT_TRUE(PropertyBag().ReadProperty("BorderStyle").IsEmpty());
 }
 
-TEST(PropertyBag, AWrittenValueComesBack) {
+TEST(PropertyBag, AWrittenValueIsRead) {
     PropertyBag bag;
     bag.WriteProperty("BorderStyle", 1, 0);
     EXPECT_EQ(bag.ReadProperty("BorderStyle", 0), TaggedValue(1));

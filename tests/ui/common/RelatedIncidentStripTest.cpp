@@ -24,7 +24,7 @@ std::shared_ptr<IncidentList> Incidents(const std::vector<std::pair<std::string,
     return list;
 }
 
-// What can be seen, from left to right: "2026-0042 | lock 2026-0043".
+// The visible parts from left to right: "2026-0042 | lock 2026-0043".
 std::string Seen(QWidget& strip) {
     std::vector<Control*> elements;
     for (Control* element : strip.findChildren<Control*>())
@@ -96,12 +96,12 @@ TEST(RelatedIncidentStrip, NoCollectionAtAllIsAnInvalidValue) {
     RelatedIncidentStrip strip;
     strip.SetIncidents(Incidents({{"4", false}}));
     const Error error = testing::RaisedBy([&] { strip.SetIncidents(nullptr); });
-    EXPECT_EQ(error.Number(), 380);
+    EXPECT_EQ(error.Number(), ErrorNumber::InvalidPropertyValue);
     EXPECT_EQ(error.Description(), ErrorText(380));
     EXPECT_EQ(Seen(strip), "4");
 }
 
-TEST(RelatedIncidentStrip, TheColourReachesEveryElementButTheSecuredNumber) {
+TEST(RelatedIncidentStrip, TheColorAppliesToEveryElementButTheSecuredNumber) {
     RelatedIncidentStrip strip;
     strip.SetIncidents(Incidents({{"1", false}, {"2", true}}));
     strip.SetForeColor(Qt::blue);
@@ -112,7 +112,7 @@ TEST(RelatedIncidentStrip, TheColourReachesEveryElementButTheSecuredNumber) {
     EXPECT_EQ(Number(strip, 0)->ForeColor(), QColor(Qt::blue));
 }
 
-TEST(RelatedIncidentStrip, NoneStandsInTheSurroundingsColour) {
+TEST(RelatedIncidentStrip, NoneHasTheColorOfItsParent) {
     RelatedIncidentStrip strip;
     strip.SetForeColor(Qt::blue);
     strip.SetIncidents(Incidents({}));
@@ -144,7 +144,7 @@ TEST(RelatedIncidentStrip, TheFontOfItsSurroundingsReachesTheNumbers) {
     EXPECT_GT(strip->Width(), before);
 }
 
-TEST(RelatedIncidentStrip, OnTheHighlightTheSecuredNumberKeepsItsColourOnAChip) {
+TEST(RelatedIncidentStrip, OnTheHighlightTheSecuredNumberKeepsItsColorOnAChip) {
     RelatedIncidentStrip strip;
     strip.SetIncidents(Incidents({{"2026-0042", false}, {"2026-0043", true}}));
     strip.SetOnHighlight(true);

@@ -18,7 +18,7 @@
 
 namespace quellbrook::testing {
 
-// The screen of widgets, with a host's window as the dialog parent.
+// The WidgetScreen, with a host's window as the dialog parent.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest() {
@@ -29,7 +29,7 @@ protected:
     }
     ~ScreenTest() override { GetDialogs().SetParent(nullptr); }
 
-    // Runs once the next dialog is open, inside its loop. The dialog is closed afterwards, if it still is open.
+    // Runs inside the loop of the next dialog. Afterwards closes the dialog if it is still open.
     template <typename Form = frmModal>
     void WhenOpen(std::function<void(Form&)> act) {
         QTimer::singleShot(0, &m_host, [act = std::move(act)] {

@@ -45,7 +45,7 @@ public:
     std::string TypeName() const override { return "StorageLocation"; }
 };
 
-// A property that counts how often it is read.
+// A property that counts its reads.
 class Probed : public Control {
     Q_OBJECT
     Q_PROPERTY(int Reading READ Read)
@@ -58,7 +58,7 @@ public:
     mutable int reads = 0;
 };
 
-// The answers stay for the whole run, so each question needs a type of its own.
+// The answers are cached for the whole run, so each test needs its own type.
 std::string NewTypeName() {
     static int count = 0;
     return "Probed" + std::to_string(++count);
@@ -110,7 +110,7 @@ TEST_F(StatusHelpers, ALocationsTypeDecidesOtherwise) {
     EXPECT_EQ(StatusAt(StorageLocationTypes::Other), "Needs Review " + std::to_string(0x0080FF));
 }
 
-TEST_F(StatusHelpers, ALocationOfAnyOtherTypeGivesNoStatus) {
+TEST_F(StatusHelpers, ALocationOfAnyOtherTypeHasNoStatus) {
     m_database.Execute("PRAGMA ignore_check_constraints = ON");
     EXPECT_EQ(StatusAt(StorageLocationTypes(32)), " 0");
 }
@@ -124,7 +124,7 @@ TEST_F(StatusHelpers, TheLocationLabelShowsThePathWithoutTheRoot) {
     EXPECT_EQ(m_label.Caption(), "");
 }
 
-TEST(SizeLastColumn, TheLastColumnTakesWhatTheOthersAndSixScrollBarsLeave) {
+TEST(SizeLastColumn, TheLastColumnGetsTheWidthThatTheOthersAndSixScrollBarsLeave) {
     ListView list;
     list.Move(0, 0, 12000, 6000);
     list.AddColumn("a", "A", 1500);
@@ -221,7 +221,7 @@ TEST(HasMember, TheFirstAnswerStaysForTheType) {
     EXPECT_FALSE(HasMember(object, "Later"));
 }
 
-TEST(HasMember, TypesOfOtherNamesAreAskedAnew) {
+TEST(HasMember, EachTypeNameIsAskedAgain) {
     Probed object;
     object.typeName = NewTypeName();
     HasMember(object, "Reading");
@@ -277,7 +277,7 @@ TEST_F(OpenInHostTest, AnythingElseIsRefused) {
     const std::vector<ObjectRef> others = {std::make_shared<PlainObject>(), nullptr, MakeItem(7, StoredItemTypes(3))};
     for (const ObjectRef& other : others) {
         const Error error = RaisedBy([&] { OpenInHost(other); });
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), "Cannot open this type of object in Tessarine.");
     }
     EXPECT_TRUE(m_commands.empty());
@@ -286,7 +286,7 @@ TEST_F(OpenInHostTest, AnythingElseIsRefused) {
 TEST_F(OpenInHostTest, WithoutAProgramThatOpensRecordsItFailsWithASentence) {
     const EnvironmentScope withoutRunner{Environment()};
     const Error error = RaisedBy([] { OpenInHost(MakeItem(7)); });
-    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
     EXPECT_EQ(error.Description(), "This workstation has no program that opens records.");
 }
 

@@ -19,12 +19,12 @@ namespace {
 
 class GuardTest : public ControlsTest {
 protected:
-    // A slot that fails; the log foresees it.
+    // A slot that throws; the log expects it.
     std::function<void()> Fault() {
         TestErrorLog().Announce("Test.Fault");
         return [this] {
             ++m_faults;
-            Raise(5, "Test.Fault", "It broke.");
+            Raise(ErrorNumber::General, "Test.Fault", "It broke.");
         };
     }
 
@@ -38,7 +38,7 @@ protected:
 
 TEST_F(GuardTest, ReportsByTheDialogAndTheLog) {
     TestErrorLog().Announce("Test.Fault");
-    Guard([] { Raise(5, "Test.Fault", "It broke."); });
+    Guard([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); });
     ExpectUnexpected("It broke.");
     const auto& entry = TestErrorLog().Entries().back();
     EXPECT_EQ(entry.application, "Quellbrook");
@@ -47,13 +47,14 @@ TEST_F(GuardTest, ReportsByTheDialogAndTheLog) {
 
 TEST_F(GuardTest, CallsTheReportNamedInstead) {
     int32_t number = 0;
-    Guard([] { Raise(91, "Test.Fault"); }, [&](const Error& error) { number = error.Number(); });
+    Guard([] { Raise(ErrorNumber::NullObject, "Test.Fault"); }, [&](const Error& error) { number = error.Number(); });
     EXPECT_EQ(number, 91);
 }
 
 TEST_F(GuardTest, AReportThatFailsIsReportedItself) {
     TestErrorLog().Announce("Test.Report");
-    Guard([] { Raise(5, "Test.Fault", "first"); }, [](const Error&) { Raise(5, "Test.Report", "second"); });
+    Guard([] { Raise(ErrorNumber::General, "Test.Fault", "first"); },
+          [](const Error&) { Raise(ErrorNumber::General, "Test.Report", "second"); });
     ExpectUnexpected("second");
 }
 
@@ -83,27 +84,29 @@ TEST_F(GuardTest, AHostMayReplaceTheReportAndRestoreIt) {
 
 TEST_F(GuardTest, AReportThatThrowsIsSwallowed) {
     m_environment->reportUnexpected = [](const Error&) { throw std::runtime_error("no screen"); };
-    EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
-    EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
+    EXPECT_NO_THROW(ReportUnexpected(Error(ErrorNumber::General, "Test.Fault", "It broke.")));
+    EXPECT_NO_THROW(ReportUnexpected(Error(ErrorNumber::General, "Test.Fault", "It broke.")));
 }
 
 TEST_F(GuardTest, WithoutAScreenTheErrorIsLogged) {
     m_environment->screen = nullptr;
     TestErrorLog().Announce("Test.Fault");
-    EXPECT_NO_THROW(ReportUnexpected(Error(5, "Test.Fault", "It broke.")));
+    EXPECT_NO_THROW(ReportUnexpected(Error(ErrorNumber::General, "Test.Fault", "It broke.")));
 }
 
 TEST_F(GuardTest, ErrorsWhileAReportIsOpenAreOnlyLogged) {
     TestErrorLog().Announce("Test.Fault");
     TestErrorLog().Announce("Test.Inner");
-    m_screen.WhileMessageOpen = [](const RecordingScreen::Message&) { Guard([] { Raise(5, "Test.Inner", "again"); }); };
-    Guard([] { Raise(5, "Test.Fault", "It broke."); });
+    m_screen.WhileMessageOpen = [](const RecordingScreen::Message&) {
+        Guard([] { Raise(ErrorNumber::General, "Test.Inner", "again"); });
+    };
+    Guard([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); });
     ExpectUnexpected("It broke.");
     m_screen.WhileMessageOpen = nullptr;
 }
 
 TEST_F(GuardTest, SilentGuardsSwallowEverything) {
-    EXPECT_NO_THROW(GuardSilently([] { Raise(5, "Test.Fault", "It broke."); }));
+    EXPECT_NO_THROW(GuardSilently([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); }));
     EXPECT_NO_THROW(GuardSilently([] { throw 42; }));
 }
 
@@ -188,7 +191,7 @@ TEST_F(GuardTest, AFaultInATimerIsReported) {
 
 TEST_F(GuardTest, AFaultInALayoutIsIgnored) {
     PlainControl control(&m_window);
-    control.layout = [] { Raise(5, "Test.Fault", "It broke."); };
+    control.layout = [] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); };
     EXPECT_NO_THROW(control.SetWidth(300));
     ShowActive(m_window);
     control.resize(50, 50);

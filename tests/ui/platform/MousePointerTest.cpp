@@ -23,7 +23,7 @@ TEST_F(MousePointerTest, TwoHourglassesAndOneDefaultLeaveNone) {
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
-TEST_F(MousePointerTest, ADefaultTooManyTakesNothingOfOthersAway) {
+TEST_F(MousePointerTest, AnExtraDefaultDoesNotAffectOtherOverrides) {
     QApplication::setOverrideCursor(Qt::CrossCursor);
     SetMousePointer(MousePointer::Default);
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
@@ -48,7 +48,7 @@ TEST_F(MousePointerTest, AModalDialogShowsTheArrowAndTheFlagStays) {
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
 }
 
-TEST_F(MousePointerTest, AnHourglassSetBehindADialogComesWithItsClosing) {
+TEST_F(MousePointerTest, AnHourglassSetBehindADialogAppearsWhenItCloses) {
     ShowActive(m_window);
     QDialog dialog(&m_window);
     QTimer::singleShot(0, &dialog, [&] {

@@ -43,7 +43,7 @@ TEST_F(PicturesTest, ReadsAPictureFile) {
     }
 }
 
-TEST_F(PicturesTest, ALargePictureIsMadeSmaller) {
+TEST_F(PicturesTest, ALargePictureIsScaledDown) {
     QImage image(3000, 1500, QImage::Format_RGB32);
     image.fill(Qt::blue);
     const Picture picture = ReadPicture(Save(image, "large.png"));
@@ -59,7 +59,7 @@ TEST_F(PicturesTest, AVeryNarrowPictureKeepsAPixel) {
     EXPECT_EQ(picture.height, LargestPictureSide);
 }
 
-TEST_F(PicturesTest, WhatIsNoPictureIsAnErrorThatNamesIt) {
+TEST_F(PicturesTest, AFileThatIsNotAPictureIsAnErrorWithItsName) {
     const std::string missing = m_folder.filePath("missing.png").toStdString();
     const Error error = RaisedBy([&] { ReadPicture(missing); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);

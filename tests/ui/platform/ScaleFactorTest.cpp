@@ -13,7 +13,7 @@ TEST_F(ScaleFactor, IsTheOneOfTheEnvironment) {
     EXPECT_EQ(Grab(m_window).size(), m_window.size() * expected);
 }
 
-// Geometry, docking, lists and pictures again, in a process of its own with two device pixels to each of ours.
+// Geometry, docking, lists and pictures again, in a separate process at scale factor 2.
 TEST(ScaleFactorTwo, TheSameRulesHold) {
     ExpectTheSameAtScaleTwo(
         "ScaleFactor.*:ControlGeometry.*:Docking.*:ListViewTest.*:LabelTest.*:FlatTabsTest.*:"

@@ -75,7 +75,7 @@ TEST_F(WidgetTimerTest, WithoutACallbackATickDoesNothing) {
     EXPECT_FALSE(timer->IsRunning());
 }
 
-TEST(ManualTimersTest, TickOnlyWhenToldTo) {
+TEST(ManualTimersTest, TickOnlyOnRequest) {
     EnvironmentScope environment;
     ManualTimers timers(environment);
     auto timer = MakeTimer();

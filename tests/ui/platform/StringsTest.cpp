@@ -8,7 +8,7 @@
 namespace quellbrook::testing {
 namespace {
 
-TEST(Strings, Utf8ComesAndGoesUnchanged) {
+TEST(Strings, Utf8RoundTrips) {
     const std::string text = "Müller \u00BB \U0001F512 \u20AC";
     EXPECT_EQ(ToUtf8(ToQString(text)), text);
     EXPECT_EQ(ToQString("\u00BB"), QString(QChar(0xBB)));

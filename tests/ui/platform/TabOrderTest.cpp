@@ -31,7 +31,7 @@ TEST_F(TabOrderTest, IndexZeroComesFirstAmongItsSiblings) {
     EXPECT_EQ(last->TabIndex(), 3);
 }
 
-TEST_F(TabOrderTest, AContainerTakesWhatIsInsideItAlong) {
+TEST_F(TabOrderTest, AContainerMovesWithItsChildren) {
     auto* first = Add<PlainControl>("first");
     Add("a", first);
     Add("b", first);

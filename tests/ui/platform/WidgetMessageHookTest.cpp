@@ -18,7 +18,7 @@ using ::testing::Pair;
 namespace Number = KeyMessageNumber;
 using Messages = std::vector<std::pair<uint32_t, uint32_t>>;
 
-// Keys come to the window as the platform hands them on.
+// Keys are sent to the window as the platform does.
 class WidgetMessageHookTest : public ControlsTest {
 protected:
     WidgetMessageHookTest() : m_edit(new QLineEdit(&m_window)) {
@@ -73,7 +73,7 @@ TEST_F(WidgetMessageHookTest, ACancelledCharacterReachesNoField) {
     EXPECT_EQ(m_edit->text(), "8");
 }
 
-TEST_F(WidgetMessageHookTest, ACancelledKeyReachesNoFieldAndItsCharacterIsHookedAllTheSame) {
+TEST_F(WidgetMessageHookTest, ACancelledKeyReachesNoFieldButItsCharacterIsHooked) {
     m_cancels = [](const KeyMessage& message) { return message.number == Number::KeyDown; };
     Type(Qt::Key_7, "7");
     EXPECT_EQ(m_edit->text(), "");
@@ -96,7 +96,7 @@ TEST_F(WidgetMessageHookTest, ACancelledPressFiresNoShortcut) {
     EXPECT_EQ(fired, 2);
 }
 
-TEST_F(WidgetMessageHookTest, ACancelledReleaseReachesNobody) {
+TEST_F(WidgetMessageHookTest, ACancelledReleaseReachesNoWidget) {
     class Releases : public QObject {
     public:
         int count = 0;
@@ -155,7 +155,7 @@ TEST_F(WidgetMessageHookTest, AFailingHandlerIsReportedAndTheKeyPasses) {
     EXPECT_EQ(m_edit->text(), "7");
 }
 
-TEST_F(WidgetMessageHookTest, AHookThatHasGoneHearsNothing) {
+TEST_F(WidgetMessageHookTest, ADestroyedHookReceivesNothing) {
     m_hook.reset();
     Type(Qt::Key_7, "7");
     EXPECT_THAT(m_messages, IsEmpty());
