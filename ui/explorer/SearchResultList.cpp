@@ -47,7 +47,7 @@ SearchResultList::SearchResultList(QWidget* parent) : ScrollingListOf(parent), m
 // The base destructors still move the focus.
 SearchResultList::~SearchResultList() { disconnect(m_focusWatch); }
 
-void SearchResultList::SetItems(std::shared_ptr<StoredItemList> items) {
+void SearchResultList::SetItems(std::shared_ptr<const StoredItemList> items) {
     if (!items) Raise(ErrorNumber::General, "SearchResultList.SetItems", "Items cannot be Nothing");
     m_items = std::move(items);
     LoadResults();

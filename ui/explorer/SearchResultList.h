@@ -23,7 +23,7 @@ public:
     std::string TypeName() const override { return "SearchResultList"; }
 
     // Shows these items, kept by reference, and selects the first. Error 5 for null.
-    void SetItems(std::shared_ptr<StoredItemList> items);
+    void SetItems(std::shared_ptr<const StoredItemList> items);
     // Null for an empty list; Error 9 if a list with items has no selection.
     StoredItemRef SelectedItem() const;
 
@@ -76,7 +76,7 @@ private:
     bool m_hasFocus = false;
     bool m_refreshErrorReported = false;
     int32_t m_selectedIndex = 0;
-    std::shared_ptr<StoredItemList> m_items;
+    std::shared_ptr<const StoredItemList> m_items;
     StatePanel* m_tooManyResults;
     QMetaObject::Connection m_focusWatch;
 };
