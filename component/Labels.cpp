@@ -31,7 +31,7 @@ BarcodeLabel MakeTestLabel() {
     label.SetField("barcode", TestBarcodeText());
     label.SetField("property_id", "TEST");
     label.SetField("category", "Test label");
-    label.SetField("description", "To try a printer and a scanner with. No item has this number.");
+    label.SetField("description", "For testing a printer and a scanner. No item has this number.");
     label.SetField("agency_name", host.Session().AgencyName());
     return label;
 }

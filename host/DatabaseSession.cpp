@@ -20,7 +20,7 @@ bool IsPassword(const std::string& password, const std::string& hash) {
 }
 
 // Checked if there is no account, so that an unknown name takes as long as a wrong password.
-const std::string& HashOfNobody() {
+const std::string& HashForUnknownUser() {
     static const std::string hash = HashPassword("");
     return hash;
 }
@@ -32,7 +32,7 @@ std::string HashPassword(const std::string& password) {
     char hash[crypto_pwhash_STRBYTES];
     if (crypto_pwhash_str(hash, password.c_str(), password.size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
                           crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
-        Raise(ErrorNumber::General, "HashPassword", "There is not enough memory to keep a password safely.");
+        Raise(ErrorNumber::General, "HashPassword", "There is not enough memory to store a password safely.");
     return hash;
 }
 
@@ -45,9 +45,9 @@ void DatabaseSession::Login(const std::string& username, const std::string& pass
     HostDatabase database;
     const auto account = database.QueryRow("SELECT Username, PasswordHash FROM Account WHERE Username = " +
                                            database.PrepareText(username) + " AND IsActive = 1");
-    const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashOfNobody();
+    const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashForUnknownUser();
     if (!IsPassword(password, hash) || !account)
-        Raise(ErrorNumber::General, "DatabaseSession.Login", "The user name or the password is not right.");
+        Raise(ErrorNumber::General, "DatabaseSession.Login", "Incorrect user name or password.");
     m_username = ToText(account->Value("Username"));
 }
 

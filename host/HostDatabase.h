@@ -14,8 +14,8 @@ class xml_node;
 namespace quellbrook {
 
 // The host's database. Instances hold no state; all of them use the pool of HostServices. No connection is kept across
-// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation stands for every
-// violated unique or foreign key constraint.
+// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation means a violated
+// unique or foreign key constraint.
 class HostDatabase {
 public:
     // All rows of a SELECT in the database's order. These take one value for each "?" in order.
@@ -42,8 +42,8 @@ public:
 
     // Finished SQL literals. Error 5 for a text that contains NUL.
     std::string PrepareText(const std::string& text) const;
-    // For the right side of LIKE: "*" stands for any run of characters, all else for itself. Where the text holds a
-    // character that LIKE knows, the literal is followed by an ESCAPE clause.
+    // For the right side of LIKE: "*" matches any run of characters, all others match themselves. If the text contains
+    // a special character of LIKE, an ESCAPE clause follows the literal.
     std::string PrepareLike(const std::string& pattern) const;
     // Text as DateTime::ToText gives it; Error 13 for any other.
     std::string PrepareDate(const std::string& text) const;

@@ -75,10 +75,10 @@ TEST(LoginForm, AFailureIsShownAndThePasswordAskedAnew) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
     ShowActive(form);
     Type(Find(form, "password"), "wrong");
-    form.ShowFailure("The user name or the password is not right.");
+    form.ShowFailure("Incorrect user name or password.");
     auto* failure = Find<QLabel>(form, "loginError");
     EXPECT_TRUE(failure->isVisible());
-    EXPECT_EQ(failure->text(), "The user name or the password is not right.");
+    EXPECT_EQ(failure->text(), "Incorrect user name or password.");
     EXPECT_EQ(Find<QLineEdit>(form, "password")->text(), "");
     EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
     form.Restart();

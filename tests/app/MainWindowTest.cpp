@@ -14,7 +14,7 @@ TEST_F(MainWindowTest, AWrongPasswordStaysAtTheForm) {
     LogIn("custodian", "wrong");
     EXPECT_EQ(Evidence(), nullptr);
     EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());
-    EXPECT_EQ(Find<QLabel>(*m_window, "loginError")->text(), "The user name or the password is not right.");
+    EXPECT_EQ(Find<QLabel>(*m_window, "loginError")->text(), "Incorrect user name or password.");
 }
 
 TEST_F(MainWindowTest, LoggingInShowsTheEvidence) {

@@ -39,7 +39,7 @@ TEST_F(DatabaseSessionTest, LoginIgnoresTheCaseOfTheNameButNotOfThePassword) {
 TEST_F(DatabaseSessionTest, AFailureDoesNotRevealWhichPartWasWrong) {
     const Error wrongPassword = FailureOf("custodian", "pencil");
     EXPECT_EQ(wrongPassword.Number(), ErrorNumber::General);
-    EXPECT_EQ(wrongPassword.Description(), "The user name or the password is not right.");
+    EXPECT_EQ(wrongPassword.Description(), "Incorrect user name or password.");
     for (const Error& other : {FailureOf("nobody", "lantern"), FailureOf("closed", "lantern"), FailureOf("", ""),
                                FailureOf("' OR 1=1 --", "lantern"), FailureOf("nobody", "")}) {
         EXPECT_EQ(other.Number(), wrongPassword.Number());

@@ -26,8 +26,7 @@ public:
     std::string AgencyName() const override { return agencyName; }
 
     void Login(const std::string& user, const std::string& password, const std::string&) override {
-        if (password != "right")
-            Raise(ErrorNumber::General, "FakeSession.Login", "The user name or password is wrong.");
+        if (password != "right") Raise(ErrorNumber::General, "FakeSession.Login", "Incorrect user name or password.");
         username = user;
     }
 
