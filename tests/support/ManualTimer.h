@@ -10,7 +10,7 @@ namespace quellbrook::testing {
 
 class ManualTimers;
 
-// A timer that ticks only when a test says so.
+// A timer that ticks only at a call of Tick.
 class ManualTimer : public Timer {
 public:
     explicit ManualTimer(std::shared_ptr<std::vector<ManualTimer*>> all) : m_all(std::move(all)) {
