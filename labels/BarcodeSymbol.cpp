@@ -18,16 +18,16 @@ bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7
 }  // namespace
 
 BarcodeSymbol EncodeCode128(const std::string& text) {
-    if (text.empty()) Refuse("A barcode needs a text.");
+    if (text.empty()) Refuse("The barcode has no text.");
     if (std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) > 0x7F; }))
-        Refuse("The text '" + ReadableText(text) + "' has a character that a barcode can't hold.");
+        Refuse("The text '" + ReadableText(text) + "' contains a character that a barcode can't encode.");
     const std::unique_ptr<zint_symbol, decltype(&ZBarcode_Delete)> symbol(ZBarcode_Create(), ZBarcode_Delete);
     if (!symbol) throw std::bad_alloc();
     symbol->symbology = BARCODE_CODE128;
     symbol->input_mode = DATA_MODE;
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
     if (ZBarcode_Encode(symbol.get(), bytes, static_cast<int>(text.size())) >= ZINT_ERROR)
-        Refuse("The text '" + ReadableText(text) + "' can't be written as a barcode: " + symbol->errtxt + ".");
+        Refuse("The text '" + ReadableText(text) + "' can't be encoded as a barcode: " + symbol->errtxt + ".");
     BarcodeSymbol result;
     result.modules.reserve(static_cast<size_t>(symbol->width));
     for (int module = 0; module < symbol->width; ++module)

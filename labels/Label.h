@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// A rectangle on a label, in millimetres from the label's top left corner.
+// A rectangle on a label, in millimeters from the label's top left corner.
 struct LabelBox {
     double left = 0;
     double top = 0;
@@ -15,8 +15,8 @@ struct LabelBox {
     bool operator==(const LabelBox&) const = default;
 };
 
-// Where a field stands. A field that is turned has its box as it is seen on the label, and reads along it after so many
-// quarter turns clockwise.
+// The position of a field. The box of a rotated field is its box on the label; the text runs along it after the given
+// number of clockwise quarter turns.
 struct LabelPlace {
     LabelBox box;
     int quarterTurns = 0;  // 0 to 3
@@ -26,33 +26,33 @@ struct LabelPlace {
 
 enum class LabelAnchor { Start, Middle, End };
 
-// A text and how it is written.
+// A text with its position and font.
 struct LabelText {
     std::string text;
     LabelPlace place;
-    std::string family;  // of the font; empty for the system's
-    double size = 0;     // of the font, millimetres
+    std::string family;  // of the font; empty for the system default
+    double size = 0;     // of the font, millimeters
     int weight = 400;    // 100 to 900
     bool italic = false;
     LabelAnchor anchor = LabelAnchor::Start;
     std::string color = "black";
 };
 
-// A symbol that fills its box with its quiet zones and, under it, its readable text.
+// A symbol that fills its box, with its quiet zones and its readable text below.
 struct LabelBarcode {
     std::string text;
     LabelPlace place;
 };
 
-// A label ready to be printed: a drawing, and what is written over it.
+// A label ready for printing: a drawing and the fields over it.
 struct FilledLabel {
-    double width = 0;  // millimetres
+    double width = 0;  // millimeters
     double height = 0;
-    std::string drawing;  // SVG of that size, the fields taken out
+    std::string drawing;  // SVG of that size, without the fields
     std::vector<LabelText> texts;
     std::vector<LabelBarcode> barcodes;
 };
 
-inline constexpr double MillimetresPerInch = 25.4;
+inline constexpr double MillimetersPerInch = 25.4;
 
 }  // namespace quellbrook

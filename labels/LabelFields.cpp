@@ -11,49 +11,49 @@ namespace quellbrook {
 namespace {
 
 constexpr const char* BoxSuffix = "_box";
-constexpr double EdgeMargin = 1.5;            // millimetres that a line without a box keeps from the label's edge
+constexpr double EdgeMargin = 1.5;            // distance of a line without a box from the label's edge, millimeters
 constexpr double Ascent = 0.95, Line = 1.25;  // of a line, in sizes of its font
 constexpr double DefaultFontPixels = 16;
-constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimetres
+constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimeters
 
-// What begins as a scanner's reading does.
+// Whether the value starts like a scan.
 bool IsBarcode(const std::string& value) { return value.starts_with('\x02'); }
 
 double NumberOf(const pugi::xml_node& element, const char* attribute, const std::string& name) {
     const std::string text = element.attribute(attribute).value();
     const auto number = text.empty() ? std::optional<double>(0) : svg::ParseLength(text);
     if (!number)
-        RefuseField(name, std::string("has a place that can't be read: ") + attribute + "=" + Quoted(text) + ".");
+        RefuseField(name, std::string("has a position that can't be read: ") + attribute + "=" + Quoted(text) + ".");
     return *number;
 }
 
 int QuarterTurnsOf(const svg::Transform& toSheet, const std::string& name) {
     const auto turns = toSheet.QuarterTurns();
-    if (!turns) RefuseField(name, "is slanted, mirrored or stretched; it can only be turned by quarters.");
+    if (!turns) RefuseField(name, "is slanted, mirrored or stretched; it can only be rotated by 90 degrees.");
     return *turns;
 }
 
-// The box on the sheet of one in the element's own units.
+// Converts a box from the element's own units to the sheet.
 LabelBox MapBox(const svg::Transform& toSheet, double x, double y, double width, double height) {
     const double x1 = toSheet.a * x + toSheet.c * y + toSheet.e, y1 = toSheet.b * x + toSheet.d * y + toSheet.f;
     const double x2 = x1 + toSheet.a * width + toSheet.c * height, y2 = y1 + toSheet.b * width + toSheet.d * height;
     return {std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1)};
 }
 
-// The first of the spans in a text, or a null node.
+// The first span in a text, or a null node.
 pugi::xml_node SpanIn(const pugi::xml_node& text) {
     for (const pugi::xml_node child : text.children())
         if (svg::LocalName(child) == "tspan") return child;
     return {};
 }
 
-// The first span that holds no other: there the text's letters are.
+// The innermost of the first spans, which contains the letters.
 pugi::xml_node InnermostSpan(pugi::xml_node text) {
     for (pugi::xml_node span = SpanIn(text); span; span = SpanIn(span)) text = span;
     return text;
 }
 
-// The text, or the outermost of its first spans that says where it stands.
+// The text, or the outermost of its first spans with a position.
 pugi::xml_node Positioned(const pugi::xml_node& text) {
     for (pugi::xml_node at = text; at; at = SpanIn(at))
         if (at.attribute("x")) return at;
@@ -95,14 +95,14 @@ void LabelFields::CollectIds(const pugi::xml_node& element) {
 pugi::xml_node LabelFields::ElementOf(const std::string& id) const {
     const auto found = m_byId.find(id);
     if (found == m_byId.end()) return {};
-    if (found->second.isRepeated) RefuseField(id, "stands there twice; an id belongs to one element.");
+    if (found->second.isRepeated) RefuseField(id, "occurs twice; an id must be unique.");
     return found->second.element;
 }
 
 void LabelFields::Take(const std::string& name, const std::string& value, FilledLabel& label) {
     const pugi::xml_node element = ElementOf(name);
     if (!element) {
-        if (IsBarcode(value)) RefuseField(name, "is missing: give a rectangle this id, to take the barcode.");
+        if (IsBarcode(value)) RefuseField(name, "is missing: give this id to a rectangle for the barcode.");
         return;
     }
     const std::string_view kind = svg::LocalName(element);
@@ -122,7 +122,7 @@ void LabelFields::TakeText(const pugi::xml_node& text, const std::string& name, 
     LabelText field = StyleOf(text, name);
     field.text = value;
     const pugi::xml_node box = ElementOf(name + BoxSuffix);
-    if (box && svg::LocalName(box) != "rect") RefuseField(name + BoxSuffix, "is no rectangle.");
+    if (box && svg::LocalName(box) != "rect") RefuseField(name + BoxSuffix, "is not a rectangle.");
     field.place = box ? PlaceOfRectangle(box, name + BoxSuffix) : PlaceOfLine(text, field, name);
     label.texts.push_back(std::move(field));
     m_taken.push_back(text);
@@ -135,11 +135,12 @@ LabelPlace LabelFields::PlaceOfRectangle(const pugi::xml_node& rectangle, const 
     place.quarterTurns = QuarterTurnsOf(toSheet, name);
     place.box = MapBox(toSheet, NumberOf(rectangle, "x", name), NumberOf(rectangle, "y", name),
                        NumberOf(rectangle, "width", name), NumberOf(rectangle, "height", name));
-    if (!m_sheet.Holds(place.box)) RefuseField(name, "has no size, or stands outside the label.");
+    if (!m_sheet.Contains(place.box)) RefuseField(name, "has no size or is outside the label.");
     return place;
 }
 
-// One line from the anchor to the edge of the label, or to both sides as far as the nearer edge lets it.
+// One line from the anchor to the edge of the label; a centered one extends to both sides by the distance of the
+// nearer edge.
 LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const {
     const svg::Transform toSheet = m_sheet.ToSheet(text);
     const pugi::xml_node positioned = Positioned(text);
@@ -159,8 +160,8 @@ LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText&
     const double x = NumberOf(positioned, "x", name), y = NumberOf(positioned, "y", name);
     place.box = MapBox(toSheet, x - back / scale, y - Ascent * style.size / scale, (back + forth) / scale,
                        Line * style.size / scale);
-    if (!(back + forth > 0) || !m_sheet.Holds(place.box))
-        RefuseField(name, "stands outside the label, or too near its edge.");
+    if (!(back + forth > 0) || !m_sheet.Contains(place.box))
+        RefuseField(name, "is outside the label or too close to its edge.");
     return place;
 }
 
@@ -172,7 +173,7 @@ LabelText LabelFields::StyleOf(const pugi::xml_node& text, const std::string& na
     if (!units) RefuseField(name, "has a font size that can't be read: " + Quoted(size) + ".");
     style.size = *units * m_sheet.ToSheet(text).Scale();
     if (!(style.size >= SmallestFont && style.size <= LargestFont))
-        RefuseField(name, "has a font size that no label has.");
+        RefuseField(name, "has a font size outside 0.5 to 100 mm.");
     style.family = FirstFamily(m_styles.InheritedProperty(inner, "font-family"));
     style.weight = WeightOf(m_styles.InheritedProperty(inner, "font-weight"));
     style.italic = m_styles.InheritedProperty(inner, "font-style") == "italic";
@@ -182,16 +183,16 @@ LabelText LabelFields::StyleOf(const pugi::xml_node& text, const std::string& na
     return style;
 }
 
-// What stands inside another that goes, goes with it.
+// An element inside another removed one is removed with it.
 void LabelFields::Remove() {
     const auto isTaken = [this](const pugi::xml_node& element) {
         return std::find(m_taken.begin(), m_taken.end(), element) != m_taken.end();
     };
     std::vector<pugi::xml_node> outermost;
     for (const pugi::xml_node element : m_taken) {
-        pugi::xml_node around = element.parent();
-        while (around && !isTaken(around)) around = around.parent();
-        if (!around) outermost.push_back(element);
+        pugi::xml_node ancestor = element.parent();
+        while (ancestor && !isTaken(ancestor)) ancestor = ancestor.parent();
+        if (!ancestor) outermost.push_back(element);
     }
     for (const pugi::xml_node element : outermost) element.parent().remove_child(element);
     m_taken.clear();

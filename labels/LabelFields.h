@@ -12,20 +12,20 @@
 
 namespace quellbrook {
 
-// The fields of a drawing: finds where each stands, and takes their elements out of the drawing.
+// The fields of a drawing: finds their positions and removes their elements from the drawing.
 class LabelFields {
 public:
     LabelFields(pugi::xml_node root, const LabelSheet& sheet);
 
-    // Adds the field to the label. Nothing where the drawing has no such element, unless the value is a barcode. Error
-    // 5 with a sentence, as LabelTemplate::Fill has it.
+    // Adds the field to the label. Does nothing if the drawing has no such element and the value is not a barcode.
+    // Raises error 5 as LabelTemplate::Fill does.
     void Take(const std::string& name, const std::string& value, FilledLabel& label);
-    // Removes what has been taken from the drawing.
+    // Removes the elements of the fields taken from the drawing.
     void Remove();
 
 private:
     void CollectIds(const pugi::xml_node& element);
-    pugi::xml_node ElementOf(const std::string& id) const;  // a null node where there is none
+    pugi::xml_node ElementOf(const std::string& id) const;  // a null node if there is none
     LabelPlace PlaceOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const;
     LabelPlace PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const;
     LabelText StyleOf(const pugi::xml_node& text, const std::string& name) const;

@@ -4,12 +4,12 @@
 
 namespace quellbrook {
 
-// Where this workstation's labels go.
+// The label printer of this workstation.
 class LabelPrinter {
 public:
     virtual ~LabelPrinter() = default;
 
-    // One label, in the label's own size. Error 5 with a sentence; where the printer refuses, in its own words.
+    // Prints one label at its own size. Raises error 5; a rejection by the printer has the printer's own message.
     virtual void Print(const FilledLabel& label) = 0;
 };
 

@@ -9,7 +9,7 @@ void RefuseTemplate(const std::string& why) {
 }
 
 void RefuseField(const std::string& name, const std::string& why) {
-    Raise(ErrorNumber::General, "BarcodeLabel.SetField", "The field '" + name + "' of the label template " + why);
+    Raise(ErrorNumber::General, "BarcodeLabel.SetField", "The template field '" + name + "' " + why);
 }
 
 std::string Quoted(std::string_view text) {

@@ -5,12 +5,12 @@
 
 namespace quellbrook {
 
-// Error 5 for a template that can't be used: "The label template " and why.
+// Raises error 5 for an unusable template: "The label template " and the reason.
 [[noreturn]] void RefuseTemplate(const std::string& why);
-// Error 5 for one of its fields: "The field 'name' of the label template " and why.
+// Error 5 for one of its fields: "The template field 'name' " and why.
 [[noreturn]] void RefuseField(const std::string& name, const std::string& why);
 
-// What the template says, in quotes, shortened where it is long.
+// A text of the template in quotes; a long one is shortened.
 std::string Quoted(std::string_view text);
 
 }  // namespace quellbrook

@@ -5,26 +5,25 @@
 
 namespace quellbrook {
 
-// A template's sheet: its size, and how the units of the drawing lie on it.
+// The sheet of a template: its size, and the conversion from units of the drawing.
 class LabelSheet {
 public:
-    // Error 5 with a sentence where the drawing has no size, or none that a label can have.
+    // Raises error 5 if the drawing has no size or one that is out of range.
     static LabelSheet Of(const pugi::xml_node& root);
 
-    double Width() const { return m_width; }  // millimetres
+    double Width() const { return m_width; }  // millimeters
     double Height() const { return m_height; }
 
-    // From the element's own units to millimetres on the sheet. Error 5 with a sentence for a transform that can't be
-    // read.
+    // Converts the element's own units to millimeters on the sheet. Raises error 5 for an invalid transform.
     svg::Transform ToSheet(const pugi::xml_node& element) const;
 
-    // Whether the box lies on the sheet and has a size.
-    bool Holds(const LabelBox& box) const;
+    // Whether the box is not empty and inside the sheet.
+    bool Contains(const LabelBox& box) const;
 
 private:
     double m_width = 0;
     double m_height = 0;
-    svg::Transform m_toMillimetres;
+    svg::Transform m_toMillimeters;
 };
 
 }  // namespace quellbrook

@@ -41,7 +41,7 @@ LabelTemplate::LabelTemplate(const std::string& text) : m_document(std::make_uni
         m_document->load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
     if (!result) RefuseTemplate("is not well-formed: " + std::string(result.description()) + ".");
     const pugi::xml_node root = m_document->document_element();
-    if (svg::LocalName(root) != "svg") RefuseTemplate("is no SVG drawing.");
+    if (svg::LocalName(root) != "svg") RefuseTemplate("is not an SVG drawing.");
     if (IsNestedDeeper(root, DeepestNesting)) RefuseTemplate("is nested too deeply.");
     LabelSheet::Of(root);
 }
@@ -53,11 +53,11 @@ FilledLabel LabelTemplate::Fill(const Fields& fields) const {
     FilledLabel label;
     label.width = sheet.Width();
     label.height = sheet.Height();
-    LabelFields places(drawing.document_element(), sheet);
-    for (const auto& [name, value] : fields) places.Take(name, value, label);
+    LabelFields taken(drawing.document_element(), sheet);
+    for (const auto& [name, value] : fields) taken.Take(name, value, label);
     if (label.texts.empty() && label.barcodes.empty())
         RefuseTemplate("has none of the fields " + NamesOf(fields) + ".");
-    places.Remove();
+    taken.Remove();
     label.drawing = TextOf(drawing);
     return label;
 }

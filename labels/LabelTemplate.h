@@ -11,20 +11,20 @@
 
 namespace quellbrook {
 
-// A label's template: an SVG drawing whose width and height, with their units, are the label's. An element whose id is
-// the name of a field takes that field: a text is replaced by the field's text, a rectangle by the symbol of a barcode.
-// A rectangle whose id is the name with "_box" behind it says where the field's text may stand; without one the text
-// has one line, from where the template's text stands to the edge of the label. Fields can be turned by quarters.
+// A label template: an SVG drawing with the width and height of the label. An element whose id is the name of a field
+// shows that field: a text is replaced by the field's text, a rectangle by the symbol of a barcode. A rectangle whose
+// id is the name followed by "_box" bounds the field's text; without one the text has one line, from the position of
+// the template's text to the edge of the label. Fields can be rotated by multiples of 90 degrees.
 class LabelTemplate {
 public:
     using Fields = std::vector<std::pair<std::string, std::string>>;  // name and value
 
-    // Error 5 with a sentence for what is not well-formed, no SVG, or has no size from 5 to 1000 mm.
+    // Raises error 5 if the text is not well-formed, is not SVG, or has no size from 5 to 1000 mm.
     explicit LabelTemplate(const std::string& text);
 
-    // The label with these fields; a field that the template lacks is left out. Error 5 with a sentence for a barcode
-    // that has no rectangle to go to, for an id that stands twice or on anything but a text or a rectangle, for a place
-    // outside the label or at an odd angle, and where the template has none of the fields.
+    // The label with these fields; a field that the template lacks is left out. Raises error 5 for a barcode without a
+    // rectangle, a repeated id, an element that is neither a text nor a rectangle, a position outside the label,
+    // another rotation, and a template with none of the fields.
     FilledLabel Fill(const Fields& fields) const;
 
 private:

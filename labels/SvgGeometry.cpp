@@ -21,7 +21,7 @@ struct Unit {
 constexpr std::array Units = {Unit{"px", 1.0},       Unit{"pt", 96 / 72.0}, Unit{"pc", 16.0},
                               Unit{"mm", 96 / 25.4}, Unit{"cm", 96 / 2.54}, Unit{"in", 96.0}};
 
-// The number at the start of the text, which is taken off.
+// Removes the number at the start of the text and returns it.
 std::optional<double> TakeNumber(std::string_view& text) {
     if (text.starts_with('+')) text.remove_prefix(1);
     double number = 0;

@@ -8,28 +8,28 @@
 
 namespace quellbrook::svg {
 
-// The little of SVG that a label's fields need. Names are compared without their namespace's prefix.
+// The part of SVG that label fields need. Names are compared without their namespace prefix.
 
 // x' = a x + c y + e, y' = b x + d y + f.
 struct Transform {
     double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
 
     Transform Then(const Transform& outer) const;  // this one first
-    // How many quarter turns clockwise it makes, 0 to 3; nothing where it is slanted, mirrored or stretched unevenly.
+    // The number of clockwise quarter turns, 0 to 3; nothing if it is slanted, mirrored or stretched unevenly.
     std::optional<int> QuarterTurns() const;
-    double Scale() const;  // of lengths; meaningful where QuarterTurns answers
+    double Scale() const;  // of lengths; valid if QuarterTurns has a value
 };
 
-// The value of a transform attribute; nothing where it can't be read.
+// The value of a transform attribute; nothing if it is invalid.
 std::optional<Transform> ParseTransform(std::string_view text);
 
 // A length in pixels of 1/96 inch; units px, pt, pc, mm, cm, in, none for pixels. Nothing for anything else.
 std::optional<double> ParseLength(std::string_view text);
 
-// A number that is finite, blanks around it allowed.
+// A finite number; surrounding blanks are allowed.
 std::optional<double> ParseNumber(std::string_view text);
 
-// The numbers of a list divided by blanks and commas; nothing where one can't be read.
+// The numbers of a list separated by blanks and commas; nothing if one is invalid.
 std::optional<std::vector<double>> ParseNumbers(std::string_view text);
 
 // Without the blanks, tabs and line ends around it.

@@ -8,7 +8,7 @@ namespace quellbrook::svg {
 
 namespace {
 
-// The value of one declaration; the last one counts.
+// The value of a property in a list of declarations; the last one wins.
 std::string_view Declaration(std::string_view style, std::string_view name) {
     std::string_view value;
     while (!style.empty()) {
@@ -76,7 +76,7 @@ void StyleSheet::AddRules(std::string css) {
         const size_t open = rest.find('{'), close = rest.find('}', open);
         if (close == std::string_view::npos) return;
         std::string_view selectors = rest.substr(0, open);
-        selectors.remove_prefix(selectors.rfind(';') + 1);  // what ends there is no rule: @import, @charset
+        selectors.remove_prefix(selectors.rfind(';') + 1);  // skips what is not a rule: @import, @charset
         const std::string declarations(rest.substr(open + 1, close - open - 1));
         while (!selectors.empty()) {
             const size_t end = std::min(selectors.find(','), selectors.size());

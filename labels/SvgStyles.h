@@ -9,18 +9,18 @@
 namespace quellbrook::svg {
 
 // How the elements of a drawing are painted. Properties come from an element's style, from the drawing's style elements
-// and from the attribute of that name, in this order; an empty text is what nobody sets.
+// and from the attribute of that name, in this order; an unset property is empty.
 
-// As the element itself sets it, by its style or its attribute.
+// The value set by the element itself, in its style or attribute.
 std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name);
 
-// The style elements of a drawing. Rules for single classes, ids and elements are known (".st0, .st1", "#title",
-// "text"), all others left out.
+// The style elements of a drawing. Supports rules for single classes, ids and elements (".st0, .st1", "#title", "text")
+// and ignores all others.
 class StyleSheet {
 public:
     explicit StyleSheet(const pugi::xml_node& root);
 
-    // As it holds for the element: its own, or that of the nearest element around it that has one. Valid as long as the
+    // The value that applies to the element: its own or that of the nearest ancestor with one. Valid as long as the
     // sheet and the document.
     std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name) const;
 

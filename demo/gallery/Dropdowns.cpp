@@ -33,7 +33,7 @@ Specimen CodeSpecimen() {
     const auto make = [](QWidget* parent) {
         auto* dropdown = new TessarineDropdown(parent);
         dropdown->SetAccessibleCaption(QObject::tr("Reason"));
-        Fill(*dropdown->Dropdown(), {QObject::tr("Court"), QObject::tr("Laboratory"), QObject::tr("Release")});
+        Fill(*dropdown, {QObject::tr("Court"), QObject::tr("Laboratory"), QObject::tr("Release")});
         dropdown->SetValue(int32_t{2});
         dropdown->SetWidth(ToTwips(DropdownWidth));
         return dropdown;

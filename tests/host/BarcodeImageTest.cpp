@@ -71,7 +71,7 @@ TEST(BarcodeImage, SizesThatNoDisplayHasAreRefused) {
 }
 
 TEST(BarcodeImage, ATextThatCantBeASymbolFails) {
-    EXPECT_EQ(RaisedBy([] { Draw(600, 15, ""); }).Description(), "A barcode needs a text.");
+    EXPECT_EQ(RaisedBy([] { Draw(600, 15, ""); }).Description(), "The barcode has no text.");
 }
 
 }  // namespace

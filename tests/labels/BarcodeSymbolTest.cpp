@@ -22,7 +22,7 @@ TEST(BarcodeSymbol, AnItemsTextHas145Modules) {
     EXPECT_EQ(symbol.WidthWithQuietZones(), 165);
 }
 
-TEST(BarcodeSymbol, BeginsInTheCodeSetOfControlCharactersAndEndsWithTheStop) {
+TEST(BarcodeSymbol, StartsInCodeSetAAndEndsWithStop) {
     const std::string drawn = Drawn(EncodeCode128(itemText));
     EXPECT_EQ(drawn.substr(0, 11), "##.#....#..") << "Start A";
     EXPECT_EQ(drawn.substr(11, 11), "#..#....##.") << "STX";
@@ -39,21 +39,21 @@ TEST(BarcodeSymbol, DifferentTextsHaveDifferentSymbols) {
     EXPECT_NE(EncodeCode128(itemText).modules, EncodeCode128("P0000004711").modules);
 }
 
-TEST(BarcodeSymbol, WhatASymbolCantHoldIsRefusedWithASentence) {
-    EXPECT_EQ(RaisedBy([] { EncodeCode128(""); }).Description(), "A barcode needs a text.");
+TEST(BarcodeSymbol, RejectsWhatCantBeEncoded) {
+    EXPECT_EQ(RaisedBy([] { EncodeCode128(""); }).Description(), "The barcode has no text.");
     EXPECT_EQ(RaisedBy([] {
                   EncodeCode128(
                       "\x02Stra\xC3\x9F"
                       "e\x03");
               }).Description(),
               "The text 'Stra\xC3\x9F"
-              "e' has a character that a barcode can't hold.");
+              "e' contains a character that a barcode can't encode.");
     const Error tooLong = RaisedBy([] { EncodeCode128(std::string(400, 'x')); });
     EXPECT_EQ(tooLong.Number(), ErrorNumber::General);
-    EXPECT_NE(tooLong.Description().find("can't be written as a barcode"), std::string::npos) << tooLong.Description();
+    EXPECT_NE(tooLong.Description().find("can't be encoded as a barcode"), std::string::npos) << tooLong.Description();
 }
 
-TEST(BarcodeSymbol, ReadableIsWhatCanBePrinted) {
+TEST(BarcodeSymbol, ReadableTextOmitsControlCharacters) {
     EXPECT_EQ(ReadableText(itemText), "P0000004711");
     EXPECT_EQ(ReadableText("\x02\x03\x7F"), "");
 }

@@ -50,7 +50,7 @@ TEST(LabelTemplate, TakesItsSizeFromTheDrawing) {
     EXPECT_NEAR(inches.height, 50.8, 1e-9);
 }
 
-TEST(LabelTemplate, ARectangleTakesTheBarcode) {
+TEST(LabelTemplate, ARectangleShowsTheBarcode) {
     const FilledLabel label =
         Fill(Svg("<rect id='barcode' x='10' y='20' width='80' height='25'/>"), {{"barcode", barcode}});
     ASSERT_EQ(label.barcodes.size(), 1u);
@@ -58,7 +58,7 @@ TEST(LabelTemplate, ARectangleTakesTheBarcode) {
     ExpectBox(label.barcodes[0].place, {10, 20, 80, 25});
 }
 
-TEST(LabelTemplate, ATextTakesItsTextAndKeepsItsStyle) {
+TEST(LabelTemplate, ATextIsReplacedAndKeepsItsStyle) {
     const FilledLabel label =
         Fill(Svg("<g font-family=\"'Some Face', sans-serif\" style='font-weight:bold'><text id='name' x='50' y='10' "
                  "font-size='5' text-anchor='middle' style='fill:#123456;font-style:italic'>sample</text></g>"),
@@ -74,7 +74,7 @@ TEST(LabelTemplate, ATextTakesItsTextAndKeepsItsStyle) {
     EXPECT_EQ(text.color, "#123456");
 }
 
-TEST(LabelTemplate, AnEditorsInnerSpanSaysHowATextIsWritten) {
+TEST(LabelTemplate, TheInnerSpanSetsTheStyle) {
     const FilledLabel label = Fill(
         Svg("<text id='name' style='font-size:10px'><tspan x='3' y='9' style='font-size:4px;font-weight:600'>s</tspan>"
             "</text>"),
@@ -84,7 +84,7 @@ TEST(LabelTemplate, AnEditorsInnerSpanSaysHowATextIsWritten) {
     EXPECT_NEAR(label.texts[0].place.box.left, 3, 1e-9);
 }
 
-TEST(LabelTemplate, OfSpansInsideSpansTheInnermostSaysHowAndTheFirstPlaceWhere) {
+TEST(LabelTemplate, TheInnermostSpanSetsTheStyleAndTheFirstPositionCounts) {
     const FilledLabel label =
         Fill(Svg("<text id='name'><tspan font-size='4px'><tspan x='3' y='9'><tspan font-weight='700'>a</tspan></tspan>"
                  "</tspan><tspan x='3' y='14' font-size='9px'>b</tspan></text>"),
@@ -94,7 +94,7 @@ TEST(LabelTemplate, OfSpansInsideSpansTheInnermostSaysHowAndTheFirstPlaceWhere) 
     ExpectBox(label.texts[0].place, {3, 9 - 3.8, 100 - 3 - 1.5, 5});
 }
 
-TEST(LabelTemplate, ClassesOfTheDrawingsStyleSheetCount) {
+TEST(LabelTemplate, AppliesClassesOfTheStyleSheet) {
     const FilledLabel label =
         Fill(Svg("<style type='text/css'>\n\t.st0{font-family:'Some Face';}\n\t.st1{font-size:5px;font-weight:600;"
                  "fill:#123456;text-anchor:end;}\n</style><text id='name' class='st0' transform='matrix(1 0 0 1 90 9)'>"
@@ -108,8 +108,8 @@ TEST(LabelTemplate, ClassesOfTheDrawingsStyleSheetCount) {
     EXPECT_THAT(label.drawing, HasSubstr(".st1{"));
 }
 
-// As an editor saves it: a metadata block, layers that are moved and hidden, styles, everything with an id.
-TEST(LabelTemplate, AnEditorsLayersAndMetadataAreNoTrouble) {
+// As saved by an editor: a metadata block, layers that are moved and hidden, styles, everything with an id.
+TEST(LabelTemplate, ReadsLayersAndMetadataOfAnEditor) {
     const FilledLabel label = Fill(R"svg(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
 <!-- Created with an editor -->
 <svg width="101.6mm" height="50.8mm" viewBox="0 0 101.6 50.8" version="1.1" id="svg5" e:docname="label.svg"
@@ -139,7 +139,7 @@ TEST(LabelTemplate, AnEditorsLayersAndMetadataAreNoTrouble) {
     EXPECT_THAT(label.drawing, Not(HasSubstr("sample")));
 }
 
-TEST(LabelTemplate, ABoxSaysWhereATextMayStand) {
+TEST(LabelTemplate, ABoxBoundsTheText) {
     const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"
                                        "<rect id='name_box' x='20' y='10' width='30' height='12'/>"),
                                    {{"name", "x"}});
@@ -164,7 +164,7 @@ TEST(LabelTemplate, GroupsMoveAndScaleTheirFields) {
     EXPECT_NEAR(label.texts[0].size, 5, 1e-9);
 }
 
-TEST(LabelTemplate, FieldsMayBeTurnedByQuarters) {
+TEST(LabelTemplate, FieldsCanBeRotatedByQuarterTurns) {
     const FilledLabel label =
         Fill(Svg("<rect id='barcode' width='40' height='10' transform='translate(60,2) rotate(90)'/>"
                  "<text id='name' transform='translate(8,45) rotate(-90)' font-size='4'/>"),
@@ -173,14 +173,14 @@ TEST(LabelTemplate, FieldsMayBeTurnedByQuarters) {
     ExpectBox(label.texts[0].place, {8 - 3.8, 1.5, 5, 43.5}, 3);
 }
 
-TEST(LabelTemplate, TheDrawingStandsInTheMiddleOfASheetOfOtherProportions) {
+TEST(LabelTemplate, TheDrawingIsCenteredOnASheetOfOtherProportions) {
     const FilledLabel label = Fill(Svg("<rect id='barcode' x='0' y='0' width='10' height='10'/>",
                                        "width='100mm' height='50mm' viewBox='0 0 10 10'"),
                                    {{"barcode", barcode}});
     ExpectBox(label.barcodes[0].place, {25, 0, 50, 50});
 }
 
-TEST(LabelTemplate, WhatIsFilledGoesFromTheDrawingAndTheRestStays) {
+TEST(LabelTemplate, FieldsAreRemovedFromTheDrawing) {
     const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'>sample</text>"
                                        "<rect id='name_box' x='20' y='10' width='30' height='12'/>"
                                        "<rect id='barcode' x='10' y='30' width='80' height='15'/>"
@@ -204,7 +204,7 @@ TEST(LabelTemplate, CanBeFilledAgain) {
     EXPECT_EQ(twice.Fill({{"name", "second"}}).texts[0].text, "second");
 }
 
-TEST(LabelTemplate, FieldsWithinFieldsAreNoTrouble) {
+TEST(LabelTemplate, FieldsCanBeNested) {
     const FilledLabel label =
         Fill(Svg("<text id='name' x='5' y='9' font-size='4'><rect id='name_box' x='1' y='1' width='9' height='9'/>"
                  "<rect id='barcode' x='1' y='1' width='50' height='9'/></text>"),
@@ -213,7 +213,7 @@ TEST(LabelTemplate, FieldsWithinFieldsAreNoTrouble) {
     EXPECT_THAT(label.drawing, Not(HasSubstr("rect")));
 }
 
-TEST(LabelTemplate, OtherEncodingsAreReadAsTheyAreDeclared) {
+TEST(LabelTemplate, ReadsDeclaredEncodings) {
     const std::string latin =
         "<?xml version='1.0' encoding='ISO-8859-1'?>" + Svg("<text id='name' x='5' y='9' font-size='4'/><text>Stra\xDF"
                                                             "e</text>");
@@ -223,19 +223,20 @@ TEST(LabelTemplate, OtherEncodingsAreReadAsTheyAreDeclared) {
                 HasSubstr("svg"));
 }
 
-TEST(LabelTemplateRefuses, WhatIsNoDrawing) {
+TEST(LabelTemplateRefuses, AnythingButADrawing) {
     for (const char* text : {"", "not xml", "<svg", "<svg></sv>", "<svg width='1mm'/><svg/>"})
         EXPECT_THAT(RefusalOf(text), StartsWith("The label template ")) << text;
-    EXPECT_EQ(RefusalOf("<html/>"), "The label template is no SVG drawing.");
+    EXPECT_EQ(RefusalOf("<html/>"), "The label template is not an SVG drawing.");
     EXPECT_THAT(RefusalOf("<svg"), StartsWith("The label template is not well-formed: "));
 }
 
 TEST(LabelTemplateRefuses, ADrawingWithoutASize) {
-    EXPECT_EQ(RefusalOf("<svg/>"), "The label template has no width: give the drawing one in millimetres or inches.");
+    EXPECT_EQ(RefusalOf("<svg/>"), "The label template has no width: set it in millimeters or inches.");
     EXPECT_EQ(RefusalOf("<svg width='100mm' height='100%'/>"),
-              "The label template has no height: give the drawing one in millimetres or inches.");
-    EXPECT_EQ(RefusalOf("<svg width='2mm' height='50mm'/>"), "The label template has a width that no label has.");
-    EXPECT_EQ(RefusalOf("<svg width='20mm' height='2000mm'/>"), "The label template has a height that no label has.");
+              "The label template has no height: set it in millimeters or inches.");
+    EXPECT_EQ(RefusalOf("<svg width='2mm' height='50mm'/>"), "The label template has a width outside 5 to 1000 mm.");
+    EXPECT_EQ(RefusalOf("<svg width='20mm' height='2000mm'/>"),
+              "The label template has a height outside 5 to 1000 mm.");
     for (const char* viewBox : {"0 0 0 10", "0 0 10", "a b c d", "0 0 -5 5"})
         EXPECT_EQ(RefusalOf(Svg("", "width='100mm' height='50mm' viewBox='" + std::string(viewBox) + "'")),
                   "The label template has a viewBox that can't be read: '" + std::string(viewBox) + "'.");
@@ -249,43 +250,42 @@ TEST(LabelTemplateRefuses, ATemplateWithNoneOfTheFields) {
 TEST(LabelTemplateRefuses, ABarcodeWithoutARectangle) {
     const std::string text = "<text id='name' x='5' y='9' font-size='4'/>";
     EXPECT_EQ(RefusalOf(Svg(text), {{"name", "x"}, {"barcode", barcode}}),
-              "The field 'barcode' of the label template is missing: give a rectangle this id, to take the barcode.");
+              "The template field 'barcode' is missing: give this id to a rectangle for the barcode.");
     EXPECT_EQ(RefusalOf(Svg(text), {{"name", barcode}}),
-              "The field 'name' of the label template is a text; a barcode needs a rectangle.");
-    EXPECT_EQ(RefusalOf(Svg("<path id='name'/>")),
-              "The field 'name' of the label template is neither a text nor a rectangle.");
+              "The template field 'name' is a text; a barcode needs a rectangle.");
+    EXPECT_EQ(RefusalOf(Svg("<path id='name'/>")), "The template field 'name' is neither a text nor a rectangle.");
 }
 
-TEST(LabelTemplateRefuses, AnIdThatStandsTwice) {
+TEST(LabelTemplateRefuses, ARepeatedId) {
     EXPECT_EQ(RefusalOf(Svg("<text id='name'/><g><text id='name'/></g>")),
-              "The field 'name' of the label template stands there twice; an id belongs to one element.");
+              "The template field 'name' occurs twice; an id must be unique.");
 }
 
-TEST(LabelTemplateRefuses, PlacesThatNoFieldCanHave) {
-    const std::string outside = "The field 'name' of the label template has no size, or stands outside the label.";
+TEST(LabelTemplateRefuses, InvalidPositions) {
+    const std::string outside = "The template field 'name' has no size or is outside the label.";
     EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='90' y='0' width='20' height='5'/>")), outside);
     EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9' y='0' width='20'/>")), outside);
     EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9' y='0' width='-20' height='5' transform='rotate(7)'/>")),
-              "The field 'name' of the label template is slanted, mirrored or stretched; it can only be turned by "
-              "quarters.");
+              "The template field 'name' is slanted, mirrored or stretched; it can only be rotated by "
+              "90 degrees.");
     EXPECT_EQ(RefusalOf(Svg("<rect id='name' x='9%' y='0' width='20' height='5'/>")),
-              "The field 'name' of the label template has a place that can't be read: x='9%'.");
+              "The template field 'name' has a position that can't be read: x='9%'.");
     EXPECT_EQ(RefusalOf(Svg("<g transform='twist(3)'><rect id='name' width='20' height='5'/></g>")),
               "The label template has a transform that can't be read: 'twist(3)'.");
     EXPECT_EQ(RefusalOf(Svg("<text id='name' x='99' y='9' font-size='4'/>")),
-              "The field 'name' of the label template stands outside the label, or too near its edge.");
+              "The template field 'name' is outside the label or too close to its edge.");
     EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='4'/><path id='name_box'/>")),
-              "The field 'name_box' of the label template is no rectangle.");
+              "The template field 'name_box' is not a rectangle.");
 }
 
-TEST(LabelTemplateRefuses, FontsThatNoLabelHas) {
+TEST(LabelTemplateRefuses, InvalidFonts) {
     EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='large'/>")),
-              "The field 'name' of the label template has a font size that can't be read: 'large'.");
+              "The template field 'name' has a font size that can't be read: 'large'.");
     EXPECT_EQ(RefusalOf(Svg("<text id='name' x='9' y='9' font-size='0'/>")),
-              "The field 'name' of the label template has a font size that no label has.");
+              "The template field 'name' has a font size outside 0.5 to 100 mm.");
 }
 
-TEST(LabelTemplateRefuses, ADrawingWithoutAnEnd) {
+TEST(LabelTemplateRefuses, ADrawingNestedTooDeeply) {
     std::string deep;
     for (int level = 0; level < 100'000; ++level) deep += "<g>";
     for (int level = 0; level < 100'000; ++level) deep += "</g>";

@@ -19,12 +19,12 @@ TEST(SvgNumbers, LengthsAreInPixels) {
     EXPECT_DOUBLE_EQ(*ParseLength("+.5e2"), 50);
 }
 
-TEST(SvgNumbers, WhatIsNoLengthIsNone) {
+TEST(SvgNumbers, RejectsInvalidLengths) {
     for (const char* text : {"", " ", "px", "12em", "50%", "12 mm", "1,5mm", "nan", "inf", "1e999", "0x10"})
         EXPECT_EQ(ParseLength(text), std::nullopt) << text;
 }
 
-TEST(SvgNumbers, ListsAreDividedByBlanksCommasAndSigns) {
+TEST(SvgNumbers, ListsAreSeparatedByBlanksCommasAndSigns) {
     EXPECT_THAT(*ParseNumbers(" 0 0,1016\n508 "), ElementsAre(0, 0, 1016, 508));
     EXPECT_THAT(*ParseNumbers("1-2+3"), ElementsAre(1, -2, 3));
     EXPECT_THAT(*ParseNumbers(""), ElementsAre());
@@ -42,7 +42,7 @@ TEST(SvgTransform, IsAppliedFromTheLastToTheFirst) {
     EXPECT_DOUBLE_EQ(other->e, 20);
 }
 
-TEST(SvgTransform, TurnsAboutAPoint) {
+TEST(SvgTransform, RotatesAboutAPoint) {
     const auto transform = ParseTransform("rotate(90 10 10)");
     ASSERT_TRUE(transform);
     EXPECT_NEAR(transform->a * 20 + transform->c * 10 + transform->e, 10, 1e-9);
@@ -58,19 +58,19 @@ TEST(SvgTransform, QuarterTurnsAreCounted) {
     EXPECT_DOUBLE_EQ(ParseTransform("rotate(270) scale(3)")->Scale(), 3);
 }
 
-TEST(SvgTransform, WhatIsSlantedMirroredOrStretchedIsNoQuarterTurn) {
+TEST(SvgTransform, SlantedMirroredOrStretchedIsNotAQuarterTurn) {
     for (const char* text : {"rotate(5)", "scale(1,-1)", "scale(-1,1)", "scale(1,2)", "skewX(10)", "skewY(10)",
                              "scale(0)", "scale(1e300) scale(1e300)"})
         EXPECT_EQ(ParseTransform(text)->QuarterTurns(), std::nullopt) << text;
 }
 
-TEST(SvgTransform, WhatCantBeReadIsNone) {
+TEST(SvgTransform, RejectsInvalidTransforms) {
     for (const char* text : {"rotate", "rotate(", "rotate()", "rotate(1 2)", "turn(90)", "matrix(1 2 3)", ")(",
                              "scale(a)", "translate(1,2,3)", "scale(2) nonsense"})
         EXPECT_FALSE(ParseTransform(text)) << text;
 }
 
-TEST(SvgElements, TheNamespacesPrefixDoesNotCount) {
+TEST(SvgElements, IgnoresTheNamespacePrefix) {
     pugi::xml_document document;
     document.load_string("<svg:rect/>");
     EXPECT_EQ(LocalName(document.document_element()), "rect");

@@ -23,7 +23,7 @@ protected:
     pugi::xml_document m_document;
 };
 
-TEST_F(SvgStyles, TheStyleComesBeforeTheAttributeAndTheElementBeforeThoseAroundIt) {
+TEST_F(SvgStyles, StyleOverridesAttributeAndElementOverridesParents) {
     const std::string drawing =
         "<g fill='red' style='font-size: 12px ;stroke:none' font-weight='700'>"
         "<text fill='blue' style='fill:green' font-size='inherit'/></g>";
@@ -37,7 +37,7 @@ TEST_F(SvgStyles, TheStyleComesBeforeTheAttributeAndTheElementBeforeThoseAroundI
     EXPECT_EQ(OwnProperty(group.child("text"), "font-weight"), "");
 }
 
-TEST_F(SvgStyles, ARuleHoldsForItsClassItsIdOrItsElement) {
+TEST_F(SvgStyles, ARuleMatchesAClassAnIdOrAnElement) {
     EXPECT_EQ(FillOf(".a{fill:red}", "<text class='b a'/>"), "red");
     EXPECT_EQ(FillOf(".a{fill:red}", "<text class='ab'/>"), "");
     EXPECT_EQ(FillOf("#one { fill : red ; }", "<text id='one'/>"), "red");
@@ -47,7 +47,7 @@ TEST_F(SvgStyles, ARuleHoldsForItsClassItsIdOrItsElement) {
     EXPECT_EQ(FillOf(".a{fill:red}", "<g class='a'><text/></g>"), "red") << "inherited";
 }
 
-TEST_F(SvgStyles, TheMoreExactRuleCountsAndOfTwoAlikeTheLater) {
+TEST_F(SvgStyles, TheMoreSpecificOrLaterRuleWins) {
     EXPECT_EQ(FillOf("#one{fill:blue}.a{fill:red}text{fill:green}", "<text id='one' class='a'/>"), "blue");
     EXPECT_EQ(FillOf(".a{fill:red}text{fill:green}", "<text class='a'/>"), "red");
     EXPECT_EQ(FillOf(".a{fill:red}.b{fill:green}", "<text class='b a'/>"), "green");
@@ -55,13 +55,13 @@ TEST_F(SvgStyles, TheMoreExactRuleCountsAndOfTwoAlikeTheLater) {
     EXPECT_EQ(FillOf(".a{fill:red}.a{font-size:3px}", "<text class='a'/>"), "red");
 }
 
-TEST_F(SvgStyles, ARuleComesBehindTheElementsStyleAndBeforeItsAttribute) {
+TEST_F(SvgStyles, ARuleOverridesTheAttributeButNotTheStyle) {
     EXPECT_EQ(FillOf("#one{fill:blue}", "<text id='one' style='fill:red'/>"), "red");
     EXPECT_EQ(FillOf("text{fill:blue}", "<text fill='red'/>"), "blue");
     EXPECT_EQ(FillOf(".a{fill:blue}", "<g class='a'><text fill='red'/></g>"), "red");
 }
 
-TEST_F(SvgStyles, CommentsOtherRulesAndUnfinishedOnesAreLeftOut) {
+TEST_F(SvgStyles, IgnoresCommentsAndOtherRules) {
     EXPECT_EQ(FillOf("/* .a{fill:blue} */.a{fill:/**/red}", "<text class='a'/>"), "red");
     EXPECT_EQ(FillOf("@import url(x);\n.a{fill:red}", "<text class='a'/>"), "red");
     EXPECT_EQ(FillOf("@font-face{font-family:'X';src:url(x)}.a{fill:red}", "<text class='a'/>"), "red");
@@ -70,7 +70,7 @@ TEST_F(SvgStyles, CommentsOtherRulesAndUnfinishedOnesAreLeftOut) {
         EXPECT_EQ(FillOf(css, "<text class='a'/>"), "") << css;
 }
 
-TEST_F(SvgStyles, EveryStyleElementCountsAndCharacterDataToo) {
+TEST_F(SvgStyles, ReadsAllStyleElementsAndCharacterData) {
     EXPECT_EQ(Of("<defs><style><![CDATA[.a{fill:red}]]></style></defs><style>.b{stroke:none}</style>"
                  "<text class='a b'/>",
                  "fill"),

@@ -2,7 +2,7 @@
 
 #include "ui/accessibility/DropdownBoxAccessible.h"
 #include "ui/accessibility/TabBarAccessible.h"
-#include "ui/controls/DropdownBox.h"
+#include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTabs.h"
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/FontIcon.h"
@@ -15,13 +15,13 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QComboBox>
 #include <QTabBar>
 
 namespace quellbrook {
 
 namespace {
 
-// A control that does one thing when it is pressed.
 class PressableAccessible : public QAccessibleWidget {
 public:
     explicit PressableAccessible(Pressable* control)
@@ -30,7 +30,7 @@ public:
 
     QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
 
-    // Not at once: the assistive tool waits for the end of this call, and a click may open a dialog.
+    // Queued: the assistive tool waits for the end of this call, and a click may open a dialog.
     void doAction(const QString& name) override {
         if (name == pressAction())
             QMetaObject::invokeMethod(
@@ -72,7 +72,8 @@ QAccessible::Role RoleOf(const Control* widget) {
 }
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
-    if (auto* box = qobject_cast<DropdownBox*>(object)) return new DropdownBoxAccessible(box);
+    auto* box = qobject_cast<QComboBox*>(object);
+    if (box && qobject_cast<FlatDropdown*>(box->parentWidget())) return new DropdownBoxAccessible(box);
     auto* bar = qobject_cast<QTabBar*>(object);
     if (bar && qobject_cast<FlatTabs*>(bar->parentWidget())) return new TabBarAccessible(bar);
     auto* control = qobject_cast<Control*>(object);

@@ -2,8 +2,7 @@
 
 namespace quellbrook {
 
-// Gives the controls their roles and their press action in the accessibility tree. Their names are their accessible
-// names. More than one call changes nothing.
+// Gives the controls their roles and press actions in the accessibility tree. Further calls have no effect.
 void InstallAccessibility();
 
 }  // namespace quellbrook

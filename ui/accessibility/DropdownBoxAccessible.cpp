@@ -1,12 +1,11 @@
 #include "ui/accessibility/DropdownBoxAccessible.h"
 
-#include "ui/controls/DropdownBox.h"
-
 #include <QAbstractItemView>
+#include <QComboBox>
 
 namespace quellbrook {
 
-DropdownBoxAccessible::DropdownBoxAccessible(DropdownBox* box)
+DropdownBoxAccessible::DropdownBoxAccessible(QComboBox* box)
     : QAccessibleWidget(box, QAccessible::ComboBox), m_box(box) {}
 
 QString DropdownBoxAccessible::text(QAccessible::Text kind) const {

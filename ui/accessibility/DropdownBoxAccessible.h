@@ -2,15 +2,15 @@
 
 #include <QAccessibleWidget>
 
+class QComboBox;
+
 namespace quellbrook {
 
-class DropdownBox;
-
-// A dropdown by the name of its field, whatever is chosen in it, with the choice as its value and its list as its only
-// child. The toolkit's own gives the choice as the name.
+// A dropdown named after its field, with the choice as its value and its list as its only child. Qt's own interface
+// returns the choice as the name.
 class DropdownBoxAccessible : public QAccessibleWidget {
 public:
-    explicit DropdownBoxAccessible(DropdownBox* box);
+    explicit DropdownBoxAccessible(QComboBox* box);
 
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
@@ -22,7 +22,7 @@ public:
     void doAction(const QString& name) override;
 
 private:
-    DropdownBox* m_box;
+    QComboBox* m_box;
 };
 
 }  // namespace quellbrook

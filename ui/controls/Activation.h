@@ -4,7 +4,7 @@ class QKeyEvent;
 
 namespace quellbrook {
 
-// Whether a press of this key acts on a button, a link or a tab: Space or either Enter key, once a press.
+// Whether this key press acts on a button or a link: Space or either Enter key without modifiers, not a repeat.
 bool IsActivation(const QKeyEvent& event);
 
 namespace KeyCode {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int IconSize = 32;  // pixels
 
-// A sibling that was raised above the widget, or made later, and covers it.
+// A sibling that was created later, or raised above the widget, and covers it.
 bool IsCoveredByView(const QWidget& widget) {
     const QObjectList siblings = widget.parentWidget()->children();
     for (auto index = siblings.indexOf(&widget) + 1; index < siblings.size(); ++index) {
@@ -23,7 +23,7 @@ bool IsCoveredByView(const QWidget& widget) {
     return false;
 }
 
-bool IsHolderOnTop(const QWidget& control) {
+bool IsParentOnTop(const QWidget& control) {
     for (const QWidget* widget = control.parentWidget(); widget && !widget->isWindow(); widget = widget->parentWidget())
         if (IsCoveredByView(*widget)) return false;
     return true;
@@ -39,7 +39,7 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsHolderOnTop(*this); }
+bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }
 
 void BarcodeListenerControl::Shown() { m_listener.Shown(); }
 

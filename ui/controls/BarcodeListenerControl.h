@@ -5,12 +5,10 @@
 
 namespace quellbrook {
 
-// What a view holds to hear the scanner: an invisible control of no size. It reacts while it is on show and enabled and
-// no other view lies over the one that holds it; what is scanned while another window is active is taken in and lost.
-// Its hook on the keys is put in place when it is first shown and stays until its end.
-// In a form designer it shows an icon, has the icon's size and hooks nothing.
-// Who asks what:
-// - EvidenceExplorer (itemBarcodeListener), SubmitEvidenceView (itemBarcodeLicenser): BarcodeScanned.
+// Receives barcode scans for its parent view. It has no size and is invisible. It reacts while it is shown and enabled
+// and no other view covers its parent; a scan while another window is active is consumed and dropped. The key hook is
+// installed when the control is first shown and removed at destruction. In a form designer the control shows an icon
+// and installs no hook.
 class BarcodeListenerControl : public View {
     Q_OBJECT
 
@@ -18,7 +16,7 @@ public:
     explicit BarcodeListenerControl(QWidget* parent = nullptr);
     std::string TypeName() const override { return "BarcodeListener"; }
 
-    // The BarcodeType, and what stood behind the type letter.
+    // The BarcodeType and the text after the type letter.
     Event<int32_t, const std::string&>& BarcodeScanned() { return m_listener.BarcodeScanned; }
     const BarcodeListener& Listener() const { return m_listener; }
 

@@ -58,10 +58,11 @@ void CellDelegate::DrawText(QPainter& painter, const QRect& cell, const QModelIn
     const QFont font = m_tree.CellFont(index.data(ReportTree::BoldRole).toBool());
     painter.setFont(font);
     painter.setPen(ink);
-    const QRect place = cell.adjusted(TextMargin, 0, -TextMargin, 0);
+    const QRect textRect = cell.adjusted(TextMargin, 0, -TextMargin, 0);
     QString line = text;
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, ElidedTo(font, line, place.width()));
+    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     ElidedTo(font, line, textRect.width()));
 }
 
 }  // namespace quellbrook

@@ -6,7 +6,7 @@ namespace quellbrook {
 
 class ReportTree;
 
-// Draws a cell of a ReportTree over the row's ground: the icon centred in the first column, text in the others.
+// Draws a cell of a ReportTree over the row's background: a centered icon or a text.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

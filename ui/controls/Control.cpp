@@ -17,7 +17,7 @@ struct Control::Geometry {
     float top = 0;
     float width = 0;
     float height = 0;
-    QRect pixels;  // the widget's own geometry that these lengths stand for
+    QRect pixels;  // the widget geometry that these lengths correspond to
 };
 
 namespace {
@@ -99,13 +99,13 @@ void Control::SetTabIndex(int index) {
 void Control::SetAlign(Alignment align) {
     if (m_align == align) return;
     m_align = align;
-    TellParent();
+    LayoutParent();
 }
 
 void Control::SetOverlaying(bool overlaying) {
     if (m_overlaying == overlaying) return;
     m_overlaying = overlaying;
-    TellParent();
+    LayoutParent();
 }
 
 void Control::LayoutDockedChildren() {
@@ -114,8 +114,8 @@ void Control::LayoutDockedChildren() {
         auto* control = qobject_cast<Control*>(child);
         if (control && control->m_align != Alignment::None && control->IsShown()) docked.push_back(control);
     }
-    const auto madeBefore = [](const Control* a, const Control* b) { return a->m_serial < b->m_serial; };
-    std::sort(docked.begin(), docked.end(), madeBefore);
+    const auto createdBefore = [](const Control* a, const Control* b) { return a->m_serial < b->m_serial; };
+    std::sort(docked.begin(), docked.end(), createdBefore);
 
     float top = 0;
     float bottom = ClientHeight();
@@ -142,14 +142,14 @@ void Control::RunLayout() {
     GuardSilently([this] { Layout(); });
 }
 
-void Control::TellParent() {
+void Control::LayoutParent() {
     auto* parent = qobject_cast<Control*>(parentWidget());
     if (parent && !parent->m_docking) parent->RunLayout();
 }
 
 void Control::OnResized() {
     RunLayout();
-    if (m_align != Alignment::None) TellParent();
+    if (m_align != Alignment::None) LayoutParent();
 }
 
 void Control::resizeEvent(QResizeEvent* event) {
@@ -159,8 +159,8 @@ void Control::resizeEvent(QResizeEvent* event) {
 
 bool Control::event(QEvent* event) {
     const bool handled = QWidget::event(event);
-    const bool cameOrWent = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
-    if (cameOrWent && m_align != Alignment::None) TellParent();
+    const bool visibilityChanged = event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+    if (visibilityChanged && m_align != Alignment::None) LayoutParent();
     return handled;
 }
 

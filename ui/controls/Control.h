@@ -10,11 +10,11 @@
 
 namespace quellbrook {
 
-// Where a control stands in its parent without being moved there.
+// The edge of the parent that a control is docked to.
 enum class Alignment { None = 0, Top = 1, Bottom = 2 };
 
-// Base of every control and view. Geometry is kept in twips as floats and rounded only at the widget's own geometry; a
-// control that the toolkit moved reports where it is. The name of a control is its objectName.
+// Base of every control and view. Geometry is kept in twips as floats and rounded only for the widget's own geometry; a
+// control that Qt has moved reports its new position. The name of a control is its objectName.
 class Control : public QWidget {
     Q_OBJECT
     Q_PROPERTY(float Left READ Left WRITE SetLeft)
@@ -29,7 +29,7 @@ public:
     explicit Control(QWidget* parent = nullptr);
     ~Control() override;
 
-    // The class's name as failure texts print it.
+    // The class name in error messages.
     virtual std::string TypeName() const = 0;
     std::string Name() const;
 
@@ -45,7 +45,7 @@ public:
     void Move(float left, float top, float width, float height);
     float Right() const { return Left() + Width(); }
     float Bottom() const { return Top() + Height(); }
-    // Inner size; equal to the size but for controls with a frame.
+    // Inner size; equals the size except for controls with a frame.
     virtual float ClientWidth() const { return Width(); }
     virtual float ClientHeight() const { return Height(); }
 
@@ -56,32 +56,31 @@ public:
     int Index() const { return m_index; }
     void SetIndex(int index) { m_index = index; }
 
-    // 0 puts the control first in its parent's tab order. Virtual, so that a view can refuse.
+    // 0 puts the control first in its parent's tab order. Virtual, so that a view can reject it.
     int TabIndex() const { return m_tabIndex; }
     virtual void SetTabIndex(int index);
 
-    // A docked control keeps its height and takes its parent's width at the edge; a parent that is a Control is laid
-    // out again when its height changes or when it comes or goes. Docked controls stack in the order of their making,
-    // hidden ones take no room.
+    // A docked control keeps its height and takes its parent's width. A parent that is a Control is laid out again when
+    // the docked control changes its height, appears or disappears. Docked controls stack in the order of their
+    // creation; hidden ones are skipped.
     Alignment Align() const { return m_align; }
     void SetAlign(Alignment align);
-    // An overlaying docked control lies at the parent's edge over the others and takes no room from them.
-    bool IsOverlaying() const { return m_overlaying; }
+    // An overlaying docked control covers the others at the parent's edge and does not move them.
     void SetOverlaying(bool overlaying);
 
-    // What the control is to assistive tools, a QAccessible::Role; 0, the value at first, leaves it to its class. One
-    // that has a property "Focused" counts as selected while that is true.
+    // The QAccessible::Role of the control. 0, the default, selects the role of its class. A control with a property
+    // "Focused" is reported as selected while that is true.
     int AccessibleRole() const { return m_accessibleRole; }
     void SetAccessibleRole(int role) { m_accessibleRole = role; }
 
-    // The control's own wish to be seen, whether or not its parents are.
+    // Whether the control itself is shown, even if a parent is hidden.
     bool IsShown() const { return !isHidden(); }
 
 protected:
-    // The rules of layout of this control, run after every change of its size. Errors are ignored.
+    // Positions the children. Runs after every change of size; errors are ignored.
     virtual void Layout() {}
     void LayoutDockedChildren();
-    // Docked children, then the rules of layout; what the toolkit's own resizing does too.
+    // Positions docked children, then runs Layout(), as a resize event does.
     void RunLayout();
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -91,7 +90,7 @@ private:
     void Apply();
     void TakeOver() const;
     void OnResized();
-    void TellParent();
+    void LayoutParent();
 
     std::unique_ptr<Geometry> m_geometry;
     QString m_tag;
@@ -104,8 +103,8 @@ private:
     bool m_docking = false;
 };
 
-// "Loads" the next member of a control array or asks for one: the members share a name and carry their position.
-// DescribeControl prints them as "button(1)".
+// Adds the next member of a control array. The members share a name and carry their index; DescribeControl prints them
+// as "button(1)".
 template <typename T>
 T* LoadMember(std::vector<T*>& members, QWidget* parent) {
     auto* member = new T(parent);

@@ -6,14 +6,7 @@ class QComboBox;
 
 namespace quellbrook {
 
-// A list of entries to choose one from, each with a text and a whole number. Typing goes to the entry that begins so.
-// Who asks what:
-// - LocationPicker: entries with the ID as number and 0 for "(None)", SetListIndex, Clicked at the user's choice, the
-//   font of its Box.
-// - frmAddEditLocation (cboType): a set index raises Clicked on a change and only then, since the handler sets it
-//   again.
-// - SubmitEvidenceView (cboFilter): index 0 after Clear and filling raises Clicked; the number is the kind of search.
-// - TessarineDropdown: -1 for NULL.
+// A list to choose one entry from. An entry has a text and an integer. Typing selects the entry that starts with it.
 class FlatDropdown : public Control {
     Q_OBJECT
 
@@ -21,12 +14,13 @@ public:
     explicit FlatDropdown(QWidget* parent = nullptr);
     std::string TypeName() const override { return "FlatDropdown"; }
 
-    void Clear();  // no entry, no selection; raises nothing
+    void Clear();  // does not raise Clicked
     void AddItem(const QString& text, int32_t itemData);
     int Count() const;
     QString ItemText(int index) const;
     int32_t ItemData(int index) const;
-    // -1 while nothing is selected. A set index raises Clicked only when it changes.
+    // -1 while nothing is selected. Setting an index raises Clicked only when it changes, and error 380 outside the
+    // list.
     int ListIndex() const;
     void SetListIndex(int index);
     void SetAccessibleCaption(const QString& name);
@@ -45,7 +39,7 @@ private:
     void RaiseClicked();
 
     QComboBox* m_box;
-    bool m_raised = false;  // the change behind the user's choice has raised Clicked already
+    bool m_raised = false;  // Clicked was already raised for the user's current choice
 };
 
 }  // namespace quellbrook

@@ -1,10 +1,12 @@
 #include "ui/controls/FlatScrollBar.h"
 
-#include "ui/controls/ScrollBarWidget.h"
+#include "ui/controls/MouseEvents.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/FlatStyle.h"
 
 #include <QApplication>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cstdint>
@@ -27,7 +29,13 @@ int Checked(int value, const char* source) {
 
 }  // namespace
 
-FlatScrollBar::FlatScrollBar(QWidget* parent) : Control(parent), m_bar(new ScrollBarWidget(this)) {
+FlatScrollBar::FlatScrollBar(QWidget* parent) : Control(parent), m_bar(new QScrollBar(Qt::Vertical, this)) {
+    // Its own style, so that the arrows follow the property in a host that keeps its own style.
+    auto* style = new FlatStyle;
+    style->setParent(m_bar);
+    m_bar->setStyle(style);
+    SetArrows(Both);
+    new ScrollWheelSupport(m_bar, this);
     m_bar->setRange(0, std::numeric_limits<int16_t>::max());
     m_bar->setSingleStep(1);
     m_bar->setPageStep(1);
@@ -57,6 +65,7 @@ void FlatScrollBar::SetLargeChange(int step) { m_bar->setPageStep(Checked(step, 
 
 void FlatScrollBar::SetArrows(int arrows) {
     m_arrows = arrows;
+    m_bar->setProperty(FlatStyle::ArrowsProperty, arrows);
     m_bar->update();
 }
 

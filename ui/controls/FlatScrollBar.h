@@ -6,24 +6,20 @@ class QScrollBar;
 
 namespace quellbrook {
 
-// A vertical scroll bar with a 16-bit range. Setters fail with 6 outside -32768 to 32767 and with 380 for a Value
+// A vertical scroll bar with a 16-bit range. Setters raise error 6 outside -32768 to 32767 and error 380 for a Value
 // outside Min to Max. Changed is raised at every change of the value, also while the thumb moves.
-// Who asks what:
-// - SearchResultList: Value as items above the first row, SetMax failing with 6, SetArrows, the thumb filter, Changed
-//   while the thumb moves.
-// - TrackingList: Value in twips up to 32767, small and large changes of its own, Changed while the thumb moves.
 class FlatScrollBar : public Control {
     Q_OBJECT
 
 public:
-    // Which arrows can be used: both, only up, only down.
+    // The arrows that are shown.
     enum Arrows { Both = 0, Up = 1, Down = 2 };
 
     explicit FlatScrollBar(QWidget* parent = nullptr);
     std::string TypeName() const override { return "FlatScrollBar"; }
 
     int Min() const;
-    int Max() const;  // 32767 at first
+    int Max() const;  // initially 32767
     int Value() const;
     int SmallChange() const;
     int LargeChange() const;
@@ -36,13 +32,12 @@ public:
     void SetArrows(int arrows);
     QScrollBar* Bar() const { return m_bar; }
 
-    // The thumb's message filter as a pure function: a code with bits 0 and 2 set loses bit 0.
+    // The message filter of the thumb: clears bit 0 of a code with bits 0 and 2 set.
     static int FilterScrollCode(int code);
-    // Whether that filter stands before the bar: then "Bottom" (code 7) goes to the top. Off at first.
-    bool HasThumbFilter() const { return m_thumbFilter; }
+    // While that filter is active, "Bottom" (code 7) scrolls to the top. Initially off.
     void SetThumbFilter(bool filter) { m_thumbFilter = filter; }
 
-    // One notch of the wheel is the system's number of wheel lines, each a small change, none beyond the range.
+    // One notch scrolls by the system's number of wheel lines, each a small change, and stays within the range.
     void TurnWheel(int angleDelta);
 
 signals:

@@ -6,9 +6,7 @@ class QPlainTextEdit;
 
 namespace quellbrook {
 
-// A text field of several lines. Tab leaves it; its line ends read as "\n".
-// Who asks what:
-// - frmFinalDisposition (notesField): Text, empty too; Enter begins a line.
+// A multi-line text field. Tab leaves it; line ends are "\n".
 class FlatTextArea : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE SetText)

@@ -21,7 +21,7 @@ namespace {
 constexpr int SideMargin = 10;
 constexpr int IconSize = 20;
 
-// A field without a frame or a ground of its own: both are the control's.
+// No frame or background of its own; the control paints both.
 class PlainEdit : public QLineEdit {
 public:
     explicit PlainEdit(QWidget* parent) : QLineEdit(parent) {
@@ -29,10 +29,10 @@ public:
         setTextMargins(0, 0, 0, 0);
         setFont(Theme::Font(Theme::Type::Body));
         setAttribute(Qt::WA_MacShowFocusRect, false);
-        QPalette seeThrough = palette();
+        QPalette transparent = palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            seeThrough.setColor(group, QPalette::Base, Qt::transparent);
-        setPalette(seeThrough);
+            transparent.setColor(group, QPalette::Base, Qt::transparent);
+        setPalette(transparent);
     }
 };
 
@@ -63,8 +63,8 @@ void FlatTextbox::SetIcon(const QString& iconName) {
 }
 
 void FlatTextbox::Layout() {
-    const int iconRoom = m_icon.isEmpty() ? 0 : IconSize + SideMargin;
-    m_edit->setGeometry(SideMargin, 1, std::max(0, width() - 2 * SideMargin - iconRoom), std::max(0, height() - 2));
+    const int iconWidth = m_icon.isEmpty() ? 0 : IconSize + SideMargin;
+    m_edit->setGeometry(SideMargin, 1, std::max(0, width() - 2 * SideMargin - iconWidth), std::max(0, height() - 2));
 }
 
 void FlatTextbox::paintEvent(QPaintEvent*) {

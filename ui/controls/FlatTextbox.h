@@ -6,11 +6,7 @@ class QLineEdit;
 
 namespace quellbrook {
 
-// A one-line text field with a placeholder and an icon at its right end.
-// Who asks what:
-// - EvidenceExplorer (search): Placeholder, the icon "search", KeyPressed with 13.
-// - SubmitEvidenceView (search): Placeholder changes with the filter; Enter does nothing by itself.
-// - frmAddEditLocation (txtName): Text as typed, blanks too; takes the focus by TrySetFocus.
+// A one-line text field with a placeholder and an optional icon at its right end.
 class FlatTextbox : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE SetText)

@@ -33,12 +33,12 @@ void FlatTitleBar::paintEvent(QPaintEvent*) {
         painter.fillRect(0, height() - 1, width(), 1, Theme::Get(Theme::Color::Hairline));
 
         const QRect mark(MarkLeft, (height() - MarkSize) / 2, MarkSize, MarkSize);
-        const QColor ground = Theme::Get(Theme::Color::Accent);
+        const QColor background = Theme::Get(Theme::Color::Accent);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(ground);
+        painter.setBrush(background);
         painter.drawRoundedRect(mark, Theme::Radius, Theme::Radius);
-        const QColor ink = Theme::TextOn(ground);
+        const QColor ink = Theme::TextOn(background);
         painter.drawPixmap(mark.adjusted(2, 2, -2, -2).topLeft(),
                            Icons::Pixmap(QStringLiteral("box"), MarkSize - 4, ink, devicePixelRatioF()));
 
@@ -46,9 +46,9 @@ void FlatTitleBar::paintEvent(QPaintEvent*) {
         font.setWeight(QFont::DemiBold);
         painter.setFont(font);
         painter.setPen(Theme::Get(Theme::Color::Text));
-        const int room = std::max(0, width() - CaptionLeft - Theme::Margin);
-        painter.drawText(QRect(CaptionLeft, 0, room, height()), Qt::AlignVCenter | Qt::AlignLeft,
-                         ElidedTo(font, m_caption, room));
+        const int available = std::max(0, width() - CaptionLeft - Theme::Margin);
+        painter.drawText(QRect(CaptionLeft, 0, available, height()), Qt::AlignVCenter | Qt::AlignLeft,
+                         ElidedTo(font, m_caption, available));
     });
 }
 

@@ -4,9 +4,7 @@
 
 namespace quellbrook {
 
-// The strip on top of a page: the module's mark and a caption.
-// Who asks what:
-// - EvidenceUI: Caption, docked at the top. The dialogs' title bars are GroupBoxes.
+// The strip at the top of a page: the logo and a caption.
 class FlatTitleBar : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

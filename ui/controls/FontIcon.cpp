@@ -16,12 +16,12 @@ constexpr int TurnStep = 15;      // degrees
 
 bool IsBusy(const QString& name) { return name == QLatin1String("busy"); }
 
-// What a reader says of an icon that nobody has named otherwise.
+// The default accessible name of an icon.
 QString NameOf(const QString& icon) { return QString(icon).replace(QLatin1Char('_'), QLatin1Char(' ')); }
 
-void DrawRing(QPainter& painter, const QRectF& place, int angle) {
-    const double thickness = place.width() / 9.0;
-    const QRectF ring = place.adjusted(thickness, thickness, -thickness, -thickness);
+void DrawRing(QPainter& painter, const QRectF& bounds, int angle) {
+    const double thickness = bounds.width() / 9.0;
+    const QRectF ring = bounds.adjusted(thickness, thickness, -thickness, -thickness);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Theme::Get(Theme::Color::Hairline), thickness));

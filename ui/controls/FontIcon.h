@@ -5,15 +5,8 @@
 
 namespace quellbrook {
 
-// One of our icons as a control. An empty name shows nothing. Its accessible name is the icon's unless another was set.
-// "busy" is a ring that turns while it is seen.
-// Who asks what:
-// - SearchResultRow (imgIcon): "tag" or "marked" with the batch, the colour with the focus.
-// - EvidenceExplorer: images of the action bar.
-// - CategorizedSearchResults (imgDownArrow): "chevron".
-// - StoredItemMenu: imgMenu(0) to (4) by name; their height sets the bar's.
-// - PropertyDetails (imgIcon): "basic", "identifiers", "notes". frmAddEditLocation (Image1): one picture.
-// - frmModal, InfoBar, Toast, RelatedIncidentStrip: an icon in its colour. LoadingView, BusyPanel: "busy".
+// One of our icons as a control. An empty name shows nothing. The accessible name is the icon's unless another was set.
+// "busy" is a ring that rotates while it is visible.
 class FontIcon : public Control {
     Q_OBJECT
 
@@ -23,7 +16,7 @@ public:
     std::string TypeName() const override { return "FontIcon"; }
 
     const QString& IconName() const { return m_icon; }
-    void SetIcon(const QString& iconName, int size);  // size in pixels; the control takes it
+    void SetIcon(const QString& iconName, int size);  // size in pixels, also of the control
     void SetForeColor(Theme::Color color);
     void SetForeColor(const QColor& color);
 

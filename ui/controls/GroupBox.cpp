@@ -20,12 +20,6 @@ void GroupBox::SetBackColor(const QColor& color) {
     update();
 }
 
-void GroupBox::SetTransparent() {
-    m_themeColor.reset();
-    m_fixedColor.reset();
-    update();
-}
-
 void GroupBox::SetFramed(bool framed) {
     m_framed = framed;
     update();

@@ -7,17 +7,7 @@
 
 namespace quellbrook {
 
-// A plain container with a ground and, if asked for, a hairline frame. No caption.
-// Who asks what:
-// - EvidenceExplorer, CategorizedSearchResults: strips, groups that come and go with their link, a cover that fills the
-//   view.
-// - EvidenceExplorer, LocationTree: SetBackColor to the colour of the tree.
-// - SearchResultList, TrackingList: picContainer, higher than the list and moved to scroll; StatePanel and
-//   ListPlaceholder derive from it.
-// - StoredItemView, CartView, SubmitEvidenceView, PropertyDetails: parts of the page; formPanel framed.
-// - StoredItemMenu (shpMessage): a ground as wide as the texts over it.
-// - SetupLocationsWizard (picNoLocations, picMessage): a panel in the place of the list.
-// - frmModal, frmAddEditLocation, frmFinalDisposition: shpBorder framed, grpTitlebar one pixel inside it.
+// A container with an optional background and hairline frame. No caption.
 class GroupBox : public Control {
     Q_OBJECT
 
@@ -27,9 +17,8 @@ public:
 
     void SetBackColor(Theme::Color color);
     void SetBackColor(const QColor& color);
-    void SetTransparent();  // no ground of its own; the state at first
     void SetFramed(bool framed);
-    QColor BackColor() const;  // the ground as painted; the window's when transparent
+    QColor BackColor() const;  // as painted; without one, the window's
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -9,18 +9,8 @@ namespace quellbrook {
 
 // Plain text, never markup. One-line labels that size themselves (AutoSize) follow their text's width and height;
 // wrapping ones (WordWrap) keep their width and follow its height. Text that does not fit ends in an ellipsis. The font
-// is its type's, with what a widget around it has set by setFont. A label is dimmed if it is disabled itself, not with
-// its parent. Who asks what:
-// - SearchResultRow, StoredItemView: Right() follows the text, since the next field stands behind it.
-// - SearchResultRow: the property "ForeColor", read and written by name.
-// - EvidenceExplorer, CategorizedSearchResults, CartView: headings and counts, repainted at once; what stands behind
-//   them follows.
-// - TrackingResult: right-justified lblLocation and lblReason, a fixed ForeColor for what is missing.
-// - StoredItemMenu: widths of lblStatus and lblMessage for the strip under them.
-// - SubmitEvidenceView (lblHeader): members of an array, one a column, made and destroyed with the columns.
-// - SetupLocationsWizard (lblSubtitle, lblPrompt, lblHintText): WordWrap, Bottom() follows the text, line ends kept.
-// - PropertyDetails, frmAddEditLocation, frmFinalDisposition: Caption.
-// - frmModal, LoadingView, InfoBar, Toast: a given size, with WordWrap or on one line.
+// is its type's, overridden by setFont on the label or a parent. A label is dimmed if it is disabled itself, not with
+// its parent.
 class Label : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
@@ -35,7 +25,7 @@ public:
 
     Theme::Type Type() const { return m_type; }
     void SetType(Theme::Type type);
-    // The theme's colour, or a fixed one; Text at first.
+    // A theme color or a fixed one; initially Text.
     void SetForeColor(Theme::Color color);
     void SetForeColor(const QColor& color);
     QColor ForeColor() const;

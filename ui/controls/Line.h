@@ -5,12 +5,7 @@
 
 namespace quellbrook {
 
-// A horizontal or vertical rule, as thick as its smaller side.
-// Who asks what:
-// - EvidenceExplorer: lnDivider upright, lnSeparator across.
-// - SearchResultRow (lnBottom), TrackingResult (lnSeparator): one pixel at the lower edge.
-// - StoredItemView, CartView, SubmitEvidenceView, frmModal: under a heading or over a strip, as wide as what it bounds.
-// - InfoBar (topBorder): SetColor.
+// A horizontal or vertical rule, as thick as its shorter side.
 class Line : public Control {
     Q_OBJECT
 

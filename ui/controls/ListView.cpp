@@ -23,7 +23,7 @@ namespace {
 constexpr int LargestPicture = 24;
 constexpr int PictureInLargeIcon = 22;
 
-// What an icon says, for those who can't see it.
+// The accessible text of an icon.
 QString IconMeaning(const QString& icon) {
     if (icon == QLatin1String("marked")) return QStringLiteral("marked");
     if (icon == QLatin1String("selected")) return QStringLiteral("checked");

@@ -16,16 +16,10 @@ namespace quellbrook {
 
 class ReportTree;
 
-// A report-style list: keyed columns, keyed rows in the order of their adding, cells with text, colour, weight and
-// tooltip, an icon by name in one column, which can be a box to tick, several rows selected at a time, and a band
-// behind rows that are marked.
-// Who asks what:
-// - LocationView: rows 1.2 times the icon, RowBand, cell weight, colour and tooltip, several rows selected, HitTest,
-//   MouseUp, DoubleClicked, KeyDown, CurrentRowMovedByKeyboard, SizeLastColumn's widths.
-// - SubmitEvidenceView: ClearColumns at each showing, columns without width, SetIconColumn, rows 1.4 times the icon, no
-//   header (ColumnCaption for labels over it), TextWidth, RowChecked with bold cells, MouseDown, MouseMove and MouseUp
-//   for its own test of the check cell.
-// - SetupLocationsWizard: SetCheckBoxes, RowToggled, SetRowChecked, bold names, rows 1.7 times the type (SetType).
+// A report-style list with keyed columns and rows. Cells have a text, color, weight and tooltip. One column shows
+// icons, optionally as check boxes. Several rows can be selected, and marked rows have a band behind them.
+// Check boxes, the icon column, ClearColumns and MouseDown have no user yet; the views that check in new evidence and
+// categorize locations will use them.
 class ListView : public Control {
     Q_OBJECT
 
@@ -39,39 +33,39 @@ public:
         bool bold = false;
     };
 
-    // Widths in twips; 0 and less leave the column in its place unseen.
+    // Widths in twips; 0 or less hides the column.
     void AddColumn(const QString& key, const QString& caption, float width);
-    void ClearColumns();  // the rows go with them
+    void ClearColumns();  // removes the rows too
     int ColumnCount() const;
     QString ColumnCaption(int column) const;
     float ColumnWidth(int column) const;
     void SetColumnWidth(int column, float width);
-    int ColumnIndex(const QString& key) const;  // -1 when there is none
+    int ColumnIndex(const QString& key) const;  // -1 if there is none
 
-    // Row height as a multiple of the icon's size, as padded icons give it; the icon stays centred in it.
-    // The picture itself is drawn at `picture` pixels; 0 draws it at the icon's size, 22 at most.
+    // The row height is a multiple of the icon size. The picture is centered and drawn at `picture` pixels; 0 draws it
+    // at the icon size, and at 22 pixels for icons larger than 24.
     void SetIconSize(int pixels, double rowFactor, int picture = 0);
 
-    // The column of the icons, the first at first. To be set before rows are added.
+    // The column of the icons, initially the first. Set it before adding rows.
     void SetIconColumn(int column);
-    // With boxes a press of the left button on a row's icon, and Space for the current row, turn its tick over.
+    // With boxes, a left press on a row's icon toggles its check mark, and Space toggles that of the current row.
     void SetCheckBoxes(bool boxes);
 
-    // All of these are on at first, but for the frame of a field.
+    // Header and row lines are initially on, the frame off.
     void SetHeaderVisible(bool visible);
     void SetRowLines(bool lines);
     void SetFramed(bool framed);
-    // Regular type of the cells, Body at first; bold cells take its bold weight.
+    // The type of the cells, initially Body; bold cells use its bold weight.
     void SetType(Theme::Type type);
 
     void ClearRows();
-    // Error 457 when the key is taken. Cells for the columns behind the first.
+    // Raises error 457 if the key exists. The cells are for the columns after the first.
     void AddRow(const QString& key, const QString& icon, const std::vector<Cell>& cells);
     int RowCount() const;
     QString RowKey(int row) const;
     QString RowIcon(int row) const;
     void SetRowIcon(int row, const QString& icon);
-    // A row's tick, off at first. Setting it shows the icon "selected" or "unselected" and raises nothing.
+    // The check mark of a row, initially off. Setting it shows the icon "selected" or "unselected" and raises no event.
     bool RowChecked(int row) const;
     void SetRowChecked(int row, bool checked);
     QString CellText(int row, int column) const;
@@ -85,26 +79,26 @@ public:
 
     bool RowSelected(int row) const;
     void SelectAll();
-    void ClearSelection();   // current row too
-    int CurrentRow() const;  // -1 when there is none
+    void ClearSelection();   // also the current row
+    int CurrentRow() const;  // -1 if there is none
     void SetCurrentRow(int row);
-    int HitTest(const QPoint& viewportPosition) const;  // -1 beside every row
+    int HitTest(const QPoint& viewportPosition) const;  // -1 outside the rows
     int RowHeight() const;                              // pixels
-    // Width of a text in a cell's own font, in twips.
+    // Width of a text in the cell font, in twips.
     float TextWidth(const QString& text) const;
 
     QTreeWidget* Tree() const;
 
 signals:
-    // Buttons are a bit mask: 1 left, 2 right. Raised after the list has acted. The second press of a double click is
-    // no MouseDown; moves are raised with and without a button.
+    // Buttons are a bit mask: 1 left, 2 right. Raised after the list has handled the event. The second press of a
+    // double click does not raise MouseDown. Moves are raised with and without a button.
     void MouseDown(int button, const QPoint& viewportPosition);
     void MouseMove(const QPoint& viewportPosition);
     void MouseUp(int button, const QPoint& viewportPosition);
     void DoubleClicked(const QPoint& viewportPosition);
-    void KeyDown(int keyCode, bool ctrl);  // 13 for both Enter keys, 65 for A; raised before the list acts
+    void KeyDown(int keyCode, bool ctrl);  // 13 for both Enter keys, 65 for A; raised before the list handles the key
     void CurrentRowMovedByKeyboard(int row);
-    void RowToggled(int row, bool checked);  // by the user; after the tick has changed
+    void RowToggled(int row, bool checked);  // by the user, after the change
 
 protected:
     void Layout() override;

@@ -36,8 +36,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // What tells one event of the mouse from another. The toolkit hands an event that a child ignores to its parent as
-    // a new one, which must not count again.
+    // Identifies a mouse event. Qt passes an event that a child ignores to its parent as a new event, which must not
+    // count again.
     struct Seen {
         int type = 0;
         quint64 timestamp = 0;
@@ -55,7 +55,7 @@ private:
     Seen m_last;
 };
 
-// Turns of the wheel over a container reach its scroll bar.
+// Scrolls a bar when the wheel turns over its container.
 class ScrollWheelSupport : public QObject {
     Q_OBJECT
 

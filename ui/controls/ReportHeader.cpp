@@ -29,22 +29,22 @@ QSize ReportHeader::sizeHint() const { return QSize(QHeaderView::sizeHint().widt
 void ReportHeader::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
     Guard([this] {
-        const QRect whole = viewport()->rect();
+        const QRect area = viewport()->rect();
         QPainter painter(viewport());
-        painter.fillRect(length() - offset(), 0, whole.width(), whole.height(), palette().color(QPalette::Base));
-        painter.fillRect(0, whole.height() - 1, whole.width(), 1, Theme::Get(Theme::Color::Hairline));
+        painter.fillRect(length() - offset(), 0, area.width(), area.height(), palette().color(QPalette::Base));
+        painter.fillRect(0, area.height() - 1, area.width(), 1, Theme::Get(Theme::Color::Hairline));
     });
 }
 
-void ReportHeader::paintSection(QPainter* painter, const QRect& place, int column) const {
+void ReportHeader::paintSection(QPainter* painter, const QRect& section, int column) const {
     Guard([&] {
-        painter->fillRect(place, palette().color(QPalette::Base));
+        painter->fillRect(section, palette().color(QPalette::Base));
         painter->setFont(Theme::Font(Theme::Type::TagText));
         painter->setPen(Theme::Get(Theme::Color::GrayText));
-        const QRect textPlace = place.adjusted(TextMargin, 0, -TextMargin, 0);
+        const QRect textRect = section.adjusted(TextMargin, 0, -TextMargin, 0);
         const QString caption = model()->headerData(column, Qt::Horizontal).toString();
-        painter->drawText(textPlace, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                          ElidedTo(painter->font(), caption, textPlace.width()));
+        painter->drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                          ElidedTo(painter->font(), caption, textRect.width()));
     });
 }
 

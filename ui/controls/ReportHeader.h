@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// The captions over the columns of a report: small, grey, with a hairline under the whole width.
+// The column captions of a report: small and gray, with a hairline under the whole width.
 class ReportHeader : public QHeaderView {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void paintSection(QPainter* painter, const QRect& place, int column) const override;
+    void paintSection(QPainter* painter, const QRect& section, int column) const override;
 };
 
 }  // namespace quellbrook

@@ -51,7 +51,7 @@ QModelIndex ReportTree::indexAt(const QPoint& at) const {
     return QTreeWidget::indexAt(QPoint(std::min(at.x(), last), at.y()));
 }
 
-void ReportTree::DrawGround(QPainter& painter, const QRect& row, const QModelIndex& first) const {
+void ReportTree::DrawBackground(QPainter& painter, const QRect& row, const QModelIndex& first) const {
     const bool band = first.data(BandRole).toBool();
     const bool selected = selectionModel()->isSelected(first);
     if (selected)
@@ -69,13 +69,13 @@ void ReportTree::DrawGround(QPainter& painter, const QRect& row, const QModelInd
 void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     Guard([&] {
         const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
-        DrawGround(*painter, row, index.siblingAtColumn(0));
+        DrawBackground(*painter, row, index.siblingAtColumn(0));
         QTreeWidget::drawRow(painter, option, index);
         if (!m_movedByKeyboard || !hasFocus() || currentIndex().row() != index.row()) return;
         const bool selected = selectionModel()->isSelected(index.siblingAtColumn(0));
         painter->setPen(QPen(Theme::Get(selected ? Theme::Color::HighlightText : Theme::Color::Link), 2));
         painter->setBrush(Qt::NoBrush);
-        // On a selected row it would melt into the ground around it.
+        // Without the inset it would be invisible on a selected row.
         const int inset = selected ? AccentBarWidth + 1 : 1;
         painter->drawRect(row.adjusted(inset, inset, -inset, -inset - 1));
     });

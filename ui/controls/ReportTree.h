@@ -8,8 +8,8 @@
 
 namespace quellbrook {
 
-// The inner tree of a ListView: one level of rows of one height, with band, selection and hairline over the whole width
-// of the viewport, also right of the last column.
+// The inner tree of a ListView: one level of rows of equal height. Band, selection and hairline span the viewport, also
+// to the right of the last column.
 class ReportTree : public QTreeWidget {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
 
     explicit ReportTree(QWidget* parent);
 
-    // Called after the tree has acted.
+    // Called after the tree has handled the event.
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseDown;
     std::function<void(const QPoint&)> OnMouseMove;
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseUp;
@@ -34,7 +34,7 @@ public:
 
     int RowHeight() const;
     QFont CellFont(bool bold) const;
-    // Selected rows look so: as if the tree had the focus while a menu of its own is open.
+    // Whether selected rows are painted as in a focused tree.
     bool ShowsFocus() const;
 
     QModelIndex indexAt(const QPoint& at) const override;
@@ -49,7 +49,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void DrawGround(QPainter& painter, const QRect& row, const QModelIndex& first) const;
+    void DrawBackground(QPainter& painter, const QRect& row, const QModelIndex& first) const;
 
     bool m_movedByKeyboard = false;
 };

@@ -45,13 +45,13 @@ void StatusTag::FitToText() {
 void StatusTag::paintEvent(QPaintEvent*) {
     Guard([this] {
         if (m_caption.isEmpty()) return;
-        const QColor ground = Theme::FromBgr(m_color);
+        const QColor background = Theme::FromBgr(m_color);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(ground);
+        painter.setBrush(background);
         painter.drawRoundedRect(rect(), Theme::Radius, Theme::Radius);
-        painter.setPen(Theme::TextOn(ground));
+        painter.setPen(Theme::TextOn(background));
         TextBlock(m_caption, Theme::Type::TagText)
             .Draw(painter, rect().adjusted(SideMargin, 0, -SideMargin, 0), Qt::AlignLeft | Qt::AlignVCenter);
     });

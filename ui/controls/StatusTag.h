@@ -4,12 +4,8 @@
 
 namespace quellbrook {
 
-// A solid block in a fixed colour with a short caption in whichever of black and white stands out more. Its width
-// follows the caption.
-// Who asks what:
-// - SearchResultRow, StoredItemView: Caption and Color, a width that follows the caption, TextTop for lblLocation
-//   beside it.
-// - SearchResultRow: no property "ForeColor", so that its text stays as it is on a highlighted row.
+// A solid block in a fixed color with a short caption in black or white, whichever has more contrast. Its width follows
+// the caption.
 class StatusTag : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
@@ -24,7 +20,7 @@ public:
     int32_t Color() const { return m_color; }
     void SetColor(int32_t color);
 
-    // Top of a body-type label, in the parent's twips, whose text shares a line with the tag's.
+    // The top, in twips of the parent, of a Body label whose text is on one line with the tag's.
     float TextTop() const;
 
     QSize sizeHint() const override;

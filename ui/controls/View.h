@@ -6,9 +6,9 @@
 
 namespace quellbrook {
 
-// A control with a life of its own: Shown() and Hidden() run when it comes on show and goes, not when a window is
-// minimised or restored; a container's Shown() runs before those of the views inside it; each once for each coming.
-// Hidden() runs at destruction too, when the view was on show. At design time neither runs.
+// A control with show and hide notifications, one of each per appearance. Minimizing or restoring the window raises
+// neither. A container's Shown() runs before that of the views inside it. Hidden() also runs at destruction if the view
+// was visible and its destructor calls LeaveShow(). Neither runs at design time.
 class View : public Control {
     Q_OBJECT
 
@@ -16,16 +16,15 @@ public:
     explicit View(QWidget* parent = nullptr);
     ~View() override;
 
-    // The error that Shown() failed with at the last coming, raised again once; without one nothing happens. Whoever
-    // shows a view and wants to know calls this after show(). An error that nobody has asked for when control returns
-    // to the event loop goes to ReportUnexpected.
+    // Raises the error of the last Shown() once; does nothing if there is none. Call it after show(). An error that is
+    // not fetched before control returns to the event loop goes to ReportUnexpected.
     void RaiseShowError();
 
 protected:
     virtual void Shown() {}
     virtual void Hidden() {}
 
-    // To be called by a subclass's destructor when its Hidden() must run at destruction.
+    // Call it in a subclass's destructor if Hidden() must run at destruction.
     void LeaveShow();
 
     void showEvent(QShowEvent* event) override;
@@ -38,7 +37,7 @@ private:
     std::exception_ptr m_showError;
 };
 
-// Whether controls run inside a form designer, where they read no data and show nothing or samples.
+// Whether controls run inside a form designer, where they read no data and show nothing or sample data.
 bool IsInsideDesigner();
 void SetInsideDesigner(bool inside);
 

@@ -18,8 +18,8 @@ QPageSize PageSizeOf(const FilledLabel& label) {
                      QPageSize::ExactMatch);
 }
 
-int DotsOf(double millimetres, int dotsPerInch) {
-    return static_cast<int>(std::lround(millimetres * dotsPerInch / MillimetresPerInch));
+int DotsOf(double millimeters, int dotsPerInch) {
+    return static_cast<int>(std::lround(millimeters * dotsPerInch / MillimetersPerInch));
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ QByteArray MakeLabelPdf(const std::vector<FilledLabel>& labels, int dotsPerInch)
     for (const FilledLabel& label : labels) {
         writer.setPageSize(PageSizeOf(label));
         const bool isReady = painter.isActive() ? writer.newPage() : painter.begin(&writer);
-        if (!isReady) Raise(ErrorNumber::General, "MakeLabelPdf", "The page of a label can't be made.");
+        if (!isReady) Raise(ErrorNumber::General, "MakeLabelPdf", "The page of a label can't be created.");
         PaintLabel(painter, label, dotsPerInch);
     }
     painter.end();

@@ -9,11 +9,11 @@
 
 namespace quellbrook {
 
-// A PDF of the labels, one page each in its label's size, painted for a printer of so many dots to an inch. The Error
-// of PaintLabel.
+// A PDF with one page per label, at the label's size, painted for a printer with that resolution. Throws as PaintLabel
+// does.
 QByteArray MakeLabelPdf(const std::vector<FilledLabel>& labels, int dotsPerInch);
 
-// The label as it comes from a printer of so many dots to an inch, black on white.
+// The label as a printer with that resolution prints it, black on white.
 QImage MakeLabelImage(const FilledLabel& label, int dotsPerInch);
 
 }  // namespace quellbrook

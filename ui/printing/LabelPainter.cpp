@@ -16,15 +16,15 @@ namespace quellbrook {
 
 namespace {
 
-constexpr double NarrowestModule = 0.19;  // millimetres
-constexpr double SmallestFont = 2.1;      // millimetres
+constexpr double NarrowestModule = 0.19;  // millimeters
+constexpr double SmallestFont = 2.1;      // millimeters
 constexpr double ReadableShare = 0.16;    // of a symbol's height, for the text under it
-constexpr double LargestReadable = 4;     // millimetres
-constexpr double LowestWithText = 8;      // millimetres
+constexpr double LargestReadable = 4;     // millimeters
+constexpr double LowestWithText = 8;      // millimeters
 
 [[noreturn]] void Refuse(const std::string& why) { Raise(ErrorNumber::General, "BarcodeLabel.Print", why); }
 
-// A colour as a drawing writes it: by name, #rrggbb, or rgb(r, g, b) with 0 to 255; black for any other.
+// A color of the drawing: by name, #rrggbb, or rgb(r, g, b) with 0 to 255; black for any other.
 QColor ColorOf(const QString& text) {
     static const QString part = QStringLiteral("[\\s,]*(\\d{1,3})");
     static const QRegularExpression parts("^rgb\\(" + part + part + part + "\\s*\\)$");
@@ -34,7 +34,7 @@ QColor ColorOf(const QString& text) {
     return color.isValid() ? color : QColor(Qt::black);
 }
 
-// The painter's state, put back at destruction.
+// Restores the painter's state at destruction.
 class SavedState {
 public:
     explicit SavedState(QPainter& painter) : m_painter(painter) { m_painter.save(); }
@@ -49,7 +49,7 @@ private:
 class LabelPainting {
 public:
     LabelPainting(QPainter& painter, double dotsPerInch)
-        : m_painter(painter), m_dotsPerMillimetre(dotsPerInch / MillimetresPerInch) {}
+        : m_painter(painter), m_dotsPerMillimetre(dotsPerInch / MillimetersPerInch) {}
 
     void Paint(const FilledLabel& label) {
         PaintDrawing(label);
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    int Dots(double millimetres) const { return static_cast<int>(std::lround(millimetres * m_dotsPerMillimetre)); }
+    int Dots(double millimeters) const { return static_cast<int>(std::lround(millimeters * m_dotsPerMillimetre)); }
 
     void PaintDrawing(const FilledLabel& label) {
         QSvgRenderer drawing(QByteArray::fromStdString(label.drawing));
@@ -75,7 +75,7 @@ private:
         drawing.render(&m_painter, QRectF(0, 0, label.width * m_dotsPerMillimetre, label.height * m_dotsPerMillimetre));
     }
 
-    // Puts the painter's origin to where reading begins, its x axis along the reading; the room in dots.
+    // Moves the painter's origin to the start of the text and its x axis along it; returns the box size in dots.
     QSize EnterPlace(const LabelPlace& place) {
         const QRect box(QPoint(Dots(place.box.left), Dots(place.box.top)),
                         QPoint(Dots(place.box.left + place.box.width) - 1, Dots(place.box.top + place.box.height) - 1));
@@ -93,7 +93,7 @@ private:
         const int least = std::max(2, static_cast<int>(std::ceil(NarrowestModule * m_dotsPerMillimetre)));
         if (module < least) {
             const double needed = least * symbol.WidthWithQuietZones() / m_dotsPerMillimetre;
-            Refuse("The rectangle of the label template is too narrow for its barcode, which takes " +
+            Refuse("The rectangle of the label template is too narrow for its barcode, which needs " +
                    std::to_string(static_cast<int>(std::ceil(needed))) + " mm on this printer.");
         }
         return module;

@@ -27,7 +27,7 @@ QString FileNameOf(const FilledLabel& label) {
     return (name.isEmpty() ? QStringLiteral("label") : name) + QStringLiteral(".pdf");
 }
 
-// What the print command said, without its name in front, which may come with its path.
+// The output of the print command without its name or path at the start.
 QString WordsOf(QProcess& process) {
     static const QRegularExpression prefix(QStringLiteral("^(\\S*lp: )?(Error - )?"));
     return QString::fromLocal8Bit(process.readAllStandardError()).simplified().remove(prefix);
@@ -60,11 +60,11 @@ void SystemLabelPrinter::Print(const FilledLabel& label) {
     if (!job.waitForFinished(JobLimit)) {
         job.kill();
         job.waitForFinished();
-        Refuse(QStringLiteral("The printer '%1' has not answered.").arg(m_name));
+        Refuse(QStringLiteral("The printer '%1' did not respond.").arg(m_name));
     }
     if (job.exitStatus() == QProcess::NormalExit && job.exitCode() == 0) return;
     const QString words = WordsOf(job);
-    Refuse(words.isEmpty() ? QStringLiteral("The printer '%1' has refused the label.").arg(m_name) : words);
+    Refuse(words.isEmpty() ? QStringLiteral("The printer '%1' rejected the label.").arg(m_name) : words);
 }
 
 QStringList SystemPrinterNames() {

@@ -10,7 +10,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int LongestText = 2000;  // characters; no label holds more
+constexpr int LongestText = 2000;  // characters
 constexpr qreal Slack = 0.01;      // dots
 
 struct BrokenText {

@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-// A text broken into lines that fit into their room. Lengths are in dots of the device that is painted on.
+// A text broken into lines that fit a box. Lengths are in dots of the device.
 struct FittedText {
     QFont font;
     QStringList lines;
@@ -15,10 +15,9 @@ struct FittedText {
     qreal lineHeight = 0;
 };
 
-// The text at the largest size from `largest` down to `smallest` dots at which it fits, broken between words; at the
-// smallest, where need be within words too, and with an ellipsis for what is left over. One line at least, whatever the
-// room's height. Line ends, tabs and
-// other control characters count as blanks.
+// The text at the largest size from `largest` down to `smallest` dots at which it fits, broken between words. At the
+// smallest size it is also broken within words and shortened with an ellipsis. Has at least one line. Control
+// characters count as blanks.
 FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& room);
 
 }  // namespace quellbrook

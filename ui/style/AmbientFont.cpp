@@ -10,11 +10,11 @@ namespace quellbrook {
 
 namespace {
 
-// The widget's own mask leaves out what it has inherited.
-uint SetHereOrAround(const QWidget& widget) {
+// The widget's own mask does not include inherited attributes.
+uint ResolveMaskWithParents(const QWidget& widget) {
     uint mask = 0;
-    for (const QWidget* around = &widget; around; around = around->isWindow() ? nullptr : around->parentWidget())
-        if (around->testAttribute(Qt::WA_SetFont)) mask |= around->font().resolveMask();
+    for (const QWidget* current = &widget; current; current = current->isWindow() ? nullptr : current->parentWidget())
+        if (current->testAttribute(Qt::WA_SetFont)) mask |= current->font().resolveMask();
     return mask;
 }
 
@@ -23,7 +23,7 @@ uint SetHereOrAround(const QWidget& widget) {
 AmbientFont::AmbientFont(Theme::Type type) : font(Theme::Font(type)), lineHeight(Theme::LineHeight(type)) {}
 
 AmbientFont::AmbientFont(Theme::Type type, const QWidget& widget) : AmbientFont(type) {
-    const uint mask = SetHereOrAround(widget);
+    const uint mask = ResolveMaskWithParents(widget);
     if (mask == 0) return;
     QFont set = widget.font();
     set.setResolveMask(mask);

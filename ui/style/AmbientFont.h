@@ -8,7 +8,7 @@ class QWidget;
 
 namespace quellbrook {
 
-// A type of the theme as a widget shows it: with whatever its own setFont, or that of a widget around it, has set.
+// A font type of the theme, overridden by setFont on the widget or its parents.
 struct AmbientFont {
     explicit AmbientFont(Theme::Type type);
     AmbientFont(Theme::Type type, const QWidget& widget);

@@ -4,7 +4,7 @@ class QWidget;
 
 namespace quellbrook {
 
-// Paints the ground and the border of a field over the whole widget.
+// Paints the background and border of a field over the whole widget.
 void PaintField(QWidget& widget, bool enabled);
 
 }  // namespace quellbrook

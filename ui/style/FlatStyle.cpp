@@ -15,6 +15,8 @@ namespace {
 
 constexpr int BarExtent = 12;
 constexpr int ThumbWidth = 8;
+constexpr int ArrowSize = 12;
+constexpr int OnlyUp = 1, OnlyDown = 2;
 constexpr int ShortestThumb = 32;
 constexpr int MenuEntryHeight = 30;
 constexpr int MenuSeparatorHeight = 9;
@@ -34,20 +36,20 @@ bool IsBold(const QStyleOptionMenuItem& item) { return IsDefault(item) || item.f
 QString CaptionOf(const QStyleOptionMenuItem& item) { return item.text.section(QLatin1Char('\t'), 0, 0); }
 
 void DrawMenuEntry(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* widget) {
-    const QRect place = item.rect;
+    const QRect rect = item.rect;
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
-        painter.fillRect(place.left(), place.center().y(), place.width(), 1, Theme::Get(Theme::Color::Hairline));
+        painter.fillRect(rect.left(), rect.center().y(), rect.width(), 1, Theme::Get(Theme::Color::Hairline));
         return;
     }
     const bool enabled = item.state & QStyle::State_Enabled;
     const bool chosen = enabled && (item.state & QStyle::State_Selected);
-    if (chosen) painter.fillRect(place, Theme::Get(Theme::Color::Highlight));
+    if (chosen) painter.fillRect(rect, Theme::Get(Theme::Color::Highlight));
     QColor ink = Theme::Get(Theme::Color::Text);
     if (!enabled) ink = Theme::Get(Theme::Color::DisabledText);
     if (chosen) ink = Theme::Get(Theme::Color::HighlightText);
 
     const qreal ratio = widget ? widget->devicePixelRatioF() : 1.0;
-    const QPoint iconAt(place.left() + 10, place.center().y() - 8);
+    const QPoint iconAt(rect.left() + 10, rect.center().y() - 8);
     if (item.checked)
         painter.drawPixmap(iconAt, Icons::Pixmap(QStringLiteral("check"), 18, ink, ratio));
     else if (!item.icon.isNull())
@@ -55,13 +57,13 @@ void DrawMenuEntry(const QStyleOptionMenuItem& item, QPainter& painter, const QW
 
     painter.setFont(MenuFont(IsBold(item)));
     painter.setPen(ink);
-    const QRect textPlace = place.adjusted(MenuTextLeft, 0, -12, 0);
-    painter.drawText(textPlace, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextHideMnemonic,
+    const QRect textRect = rect.adjusted(MenuTextLeft, 0, -12, 0);
+    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextHideMnemonic,
                      CaptionOf(item));
     const QString shortcut = item.text.section(QLatin1Char('\t'), 1);
-    if (!shortcut.isEmpty()) painter.drawText(textPlace, Qt::AlignVCenter | Qt::AlignRight, shortcut);
+    if (!shortcut.isEmpty()) painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignRight, shortcut);
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
-        painter.drawPixmap(place.right() - 24, place.center().y() - 8,
+        painter.drawPixmap(rect.right() - 24, rect.center().y() - 8,
                            Icons::Pixmap(QStringLiteral("chevron_r"), 16, ink, ratio));
 }
 
@@ -75,6 +77,15 @@ QRect ThumbOf(const QRect& slider, Qt::Orientation orientation) {
         thumb.moveTop(slider.top() + (slider.height() - ThumbWidth) / 2);
     }
     return thumb;
+}
+
+void DrawArrow(QPainter& painter, const QRect& part, bool up, const QColor& ink) {
+    painter.save();
+    painter.translate(QRectF(part).center());
+    if (up) painter.rotate(180);
+    painter.drawPixmap(QPointF(-ArrowSize / 2.0, -ArrowSize / 2.0),
+                       Icons::Pixmap(QStringLiteral("chevron"), ArrowSize, ink, painter.device()->devicePixelRatioF()));
+    painter.restore();
 }
 
 }  // namespace
@@ -118,7 +129,7 @@ QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     if (type == CT_MenuItem) {
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
             if (item->menuItemType == QStyleOptionMenuItem::Separator) return QSize(10, MenuSeparatorHeight);
-            // Bold, since a menu keeps its size when another of its entries becomes the default one.
+            // Measured in bold, because a menu keeps its size when another entry becomes the default.
             const int width =
                 QFontMetrics(MenuFont(true)).size(Qt::TextSingleLine | Qt::TextHideMnemonic, CaptionOf(*item)).width();
             const QString shortcut = item->text.section(QLatin1Char('\t'), 1);
@@ -135,28 +146,28 @@ QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     if (!bar) return QProxyStyle::subControlRect(control, option, part, widget);
 
     const bool vertical = bar->orientation == Qt::Vertical;
-    const int whole = vertical ? bar->rect.height() : bar->rect.width();
-    const bool hasArrows = widget && widget->property(ArrowsProperty).toBool();
-    const int arrow = hasArrows ? qMin(whole / 2, vertical ? bar->rect.width() : bar->rect.height()) : 0;
-    const int length = whole - 2 * arrow;
+    const int total = vertical ? bar->rect.height() : bar->rect.width();
+    const bool hasArrows = widget && widget->property(ArrowsProperty).isValid();
+    const int arrow = hasArrows ? qMin(total / 2, vertical ? bar->rect.width() : bar->rect.height()) : 0;
+    const int length = total - 2 * arrow;
     const double range = double(bar->maximum) - bar->minimum;
     int slider = length;
     if (range > 0)
         slider = qBound(qMin(ShortestThumb, length), int(length * bar->pageStep / (range + bar->pageStep)), length);
     const int start = arrow + sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider,
                                                       bar->upsideDown);
-    const auto place = [&](int from, int to) {
+    const auto rect = [&](int from, int to) {
         return vertical ? QRect(bar->rect.left(), bar->rect.top() + from, bar->rect.width(), to - from)
                         : visualRect(bar->direction, bar->rect,
                                      QRect(bar->rect.left() + from, bar->rect.top(), to - from, bar->rect.height()));
     };
     switch (part) {
-    case SC_ScrollBarSubLine: return place(0, arrow);
-    case SC_ScrollBarAddLine: return place(whole - arrow, whole);
-    case SC_ScrollBarGroove: return place(arrow, whole - arrow);
-    case SC_ScrollBarSlider: return place(start, start + slider);
-    case SC_ScrollBarSubPage: return place(arrow, start);
-    case SC_ScrollBarAddPage: return place(start + slider, whole - arrow);
+    case SC_ScrollBarSubLine: return rect(0, arrow);
+    case SC_ScrollBarAddLine: return rect(total - arrow, total);
+    case SC_ScrollBarGroove: return rect(arrow, total - arrow);
+    case SC_ScrollBarSlider: return rect(start, start + slider);
+    case SC_ScrollBarSubPage: return rect(arrow, start);
+    case SC_ScrollBarAddPage: return rect(start + slider, total - arrow);
     default: return QRect();
     }
 }
@@ -192,8 +203,19 @@ void FlatStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const auto* bar = control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
     if (!bar) return QProxyStyle::drawComplexControl(control, option, painter, widget);
 
-    painter->fillRect(bar->rect, bar->palette.color(QPalette::Base));
-    if (bar->maximum <= bar->minimum) return;
+    const QVariant arrows = widget ? widget->property(ArrowsProperty) : QVariant();
+    const bool enabled = bar->state & State_Enabled;
+    painter->fillRect(bar->rect,
+                      arrows.isValid() ? Theme::Get(Theme::Color::Panel) : bar->palette.color(QPalette::Base));
+    if (arrows.isValid()) {
+        const QColor ink = Theme::Get(enabled ? Theme::Color::GrayText : Theme::Color::Thumb);
+        const auto part = [&](SubControl end) { return subControlRect(CC_ScrollBar, bar, end, widget); };
+        if (arrows.toInt() != OnlyDown) DrawArrow(*painter, part(SC_ScrollBarSubLine), true, ink);
+        if (arrows.toInt() != OnlyUp) DrawArrow(*painter, part(SC_ScrollBarAddLine), false, ink);
+        if (!enabled) return;
+    } else if (bar->maximum <= bar->minimum) {
+        return;
+    }
     const bool active = (bar->state & State_MouseOver) || (bar->activeSubControls & SC_ScrollBarSlider);
     const QRect slider = subControlRect(CC_ScrollBar, bar, SC_ScrollBarSlider, widget);
     painter->save();

@@ -4,13 +4,13 @@
 
 namespace quellbrook {
 
-// The toolkit's own parts in the theme's colours and measures: menus, scroll bars, tool tips, frames, lists of
+// Draws Qt's own parts in the colors and sizes of the theme: menus, scroll bars, tooltips, frames, and the lists of
 // dropdowns.
 class FlatStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    // Set on a scroll bar to keep room for an arrow at each end.
+    // Set on a scroll bar to show arrows at its ends: 0 for both, 1 for only up, 2 for only down.
     static constexpr const char* ArrowsProperty = "quellbrookArrows";
 
     FlatStyle();

@@ -8,7 +8,7 @@ namespace quellbrook {
 // The strokes of an icon on the 24 px grid, as SVG path data; empty for an unknown name.
 std::string_view IconPath(std::string_view name);
 
-// The names of all that have strokes.
+// All names with strokes.
 std::vector<std::string_view> IconPathNames();
 
 }  // namespace quellbrook

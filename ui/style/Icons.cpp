@@ -42,7 +42,7 @@ Shape ShapeOf(const QString& name) {
     return Shape::None;
 }
 
-// The tick is cut out, so that it shows whatever ground the shape lies on.
+// The tick is cut out, so that it is visible on any background.
 void DrawShape(QPainter& painter, Shape shape, const QColor& color) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
@@ -85,10 +85,10 @@ class Engine : public QIconEngine {
 public:
     Engine(const QString& name, const QColor& color) : m_name(name), m_color(color) {}
 
-    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
-        const int size = qMin(place.width(), place.height());
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        const int size = qMin(rect.width(), rect.height());
         const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-        painter->drawPixmap(place.center() - QPoint(size / 2, size / 2), Pixmap(m_name, size, ColorFor(mode), ratio));
+        painter->drawPixmap(rect.center() - QPoint(size / 2, size / 2), Pixmap(m_name, size, ColorFor(mode), ratio));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         return scaledPixmap(size, mode, state, 1.0);

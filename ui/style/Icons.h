@@ -8,12 +8,11 @@
 
 namespace quellbrook {
 
-// Our icons: strokes on a 24 px grid, drawn in the colour of the text beside them. Names: "location", "sign_in",
-// "marked", ... An unknown name gives an empty picture.
+// Our icons: strokes on a 24 px grid in a given color. Names: "location", "sign_in", "marked", ... An unknown name
+// gives an empty picture.
 namespace Icons {
 
 bool Has(const QString& name);
-// All of them.
 QStringList Names();
 // Size in device-independent pixels; crisp at the given device pixel ratio.
 QPixmap Pixmap(const QString& name, int size, const QColor& color, qreal devicePixelRatio = 1.0);

@@ -68,18 +68,18 @@ QString TextBlock::ShownLine(int line, int shownLines, int width) const {
     return ElidedTo(m_face.font, text, width);
 }
 
-void TextBlock::Draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const {
+void TextBlock::Draw(QPainter& painter, const QRect& bounds, Qt::Alignment alignment) const {
     const int lineHeight = m_face.lineHeight;
-    const int shown = std::clamp(place.height() / lineHeight, 1, LineCount());
-    int top = place.top();
-    if (alignment & Qt::AlignVCenter) top += (place.height() - shown * lineHeight) / 2;
-    if (alignment & Qt::AlignBottom) top += place.height() - shown * lineHeight;
+    const int shown = std::clamp(bounds.height() / lineHeight, 1, LineCount());
+    int top = bounds.top();
+    if (alignment & Qt::AlignVCenter) top += (bounds.height() - shown * lineHeight) / 2;
+    if (alignment & Qt::AlignBottom) top += bounds.height() - shown * lineHeight;
     painter.setFont(m_face.font);
     const Qt::Alignment sideways = alignment & Qt::AlignHorizontal_Mask;
     for (int line = 0; line < shown; ++line, top += lineHeight)
-        painter.drawText(QRect(place.left(), top, place.width(), lineHeight),
+        painter.drawText(QRect(bounds.left(), top, bounds.width(), lineHeight),
                          int(sideways) | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip,
-                         ShownLine(line, shown, place.width()));
+                         ShownLine(line, shown, bounds.width()));
 }
 
 }  // namespace quellbrook

@@ -11,12 +11,12 @@ class QPainter;
 
 namespace quellbrook {
 
-// Pixels that a line of text takes, rounded up.
+// Width of a line of text in pixels, rounded up.
 int TextWidth(const QFont& font, const QString& line);
-// The line, ended by an ellipsis when it is wider than that.
+// The line, shortened with an ellipsis if it is wider than that.
 QString ElidedTo(const QFont& font, const QString& line, int width);
 
-// Plain text laid out in lines of its type's height. Line ends in the text always break.
+// Plain text in lines of its type's height. Line ends in the text always break it.
 class TextBlock {
 public:
     // Without a width (0 or less) only the text's own line ends break it.
@@ -27,8 +27,8 @@ public:
     int Width() const;                                                  // of the widest line, in pixels
     int Height() const;                                                 // of all lines
 
-    // Draws as many lines as fit, at least one; what does not fit ends in an ellipsis.
-    void Draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const;
+    // Draws the lines that fit, at least one; the rest is replaced by an ellipsis.
+    void Draw(QPainter& painter, const QRect& bounds, Qt::Alignment alignment) const;
     // Whether Draw shows all of the text there.
     bool FitsIn(const QSize& size) const;
 

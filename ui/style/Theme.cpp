@@ -141,7 +141,7 @@ QFont MakeFont(const Face& face) {
 
 }  // namespace
 
-// One font a type, kept for good: the toolkit resolves the face once for each.
+// One font per type, never freed: Qt resolves the font face once for each.
 QFont Font(Type type) {
     static auto& fonts = *new std::map<Type, QFont>;
     const auto found = fonts.find(type);
@@ -153,8 +153,8 @@ int LineHeight(Type type) { return FaceOf(type).line; }
 QColor FromBgr(int32_t color) { return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF); }
 int32_t ToBgr(const QColor& color) { return color.red() | (color.green() << 8) | (color.blue() << 16); }
 
-QColor TextOn(const QColor& ground) {
-    return Contrast(Qt::white, ground) >= 4.5 ? QColor(Qt::white) : QColor::fromRgba(Ink);
+QColor TextOn(const QColor& background) {
+    return Contrast(Qt::white, background) >= 4.5 ? QColor(Qt::white) : QColor::fromRgba(Ink);
 }
 
 double Contrast(const QColor& a, const QColor& b) {
@@ -166,10 +166,10 @@ double Contrast(const QColor& a, const QColor& b) {
 QColor BatchTint() {
     constexpr double share = 0.9;
     const QColor accent = Shade(Color::Accent, false);
-    const QColor ground = IsDark() ? Get(Color::Window) : QColor(Qt::white);
+    const QColor background = IsDark() ? Get(Color::Window) : QColor(Qt::white);
     const auto mix = [](int from, int to) { return qRound(from + (to - from) * share); };
-    return QColor(mix(accent.red(), ground.red()), mix(accent.green(), ground.green()),
-                  mix(accent.blue(), ground.blue()));
+    return QColor(mix(accent.red(), background.red()), mix(accent.green(), background.green()),
+                  mix(accent.blue(), background.blue()));
 }
 
 }  // namespace quellbrook::Theme

@@ -8,7 +8,7 @@
 
 namespace quellbrook {
 
-// The one place of colours, type and measures. Light or dark after the palette in use.
+// All colors, fonts and sizes. Light or dark according to the current palette.
 namespace Theme {
 
 enum class Color {
@@ -65,18 +65,18 @@ QFont Font(Type type);
 // The height of one line of this type as the layout counts it, in pixels.
 int LineHeight(Type type);
 
-// A colour fixed as 0xBBGGRR.
+// A fixed color as 0xBBGGRR.
 QColor FromBgr(int32_t color);
 int32_t ToBgr(const QColor& color);
 
-// Black or white text for a ground, by luminance: white where it reaches 4.5 to 1, the dark ink otherwise.
-QColor TextOn(const QColor& ground);
+// Text color for a background: white if its contrast is at least 4.5 to 1, dark ink otherwise.
+QColor TextOn(const QColor& background);
 double Contrast(const QColor& a, const QColor& b);
 
-// The band behind rows in the batch: AccentColor's shade in a light palette, mixed towards Window in a dark one.
+// The band behind rows in the batch: the accent color mixed with white, or with Window in a dark palette.
 QColor BatchTint();
 
-// Measures, pixels.
+// Sizes in pixels.
 inline constexpr int Margin = 16, Grid = 4, Radius = 2, FieldHeight = 36, TitleBarHeight = 40, InfoBarHeight = 42;
 
 }  // namespace Theme

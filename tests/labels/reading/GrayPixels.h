@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-// One byte a pixel, row by row without a gap.
+// One byte per pixel, row by row without a gap.
 std::string GrayPixels(const QImage& picture);
 
 }  // namespace quellbrook::testing

@@ -26,7 +26,7 @@ namespace {
 constexpr int labelCount = 200;
 constexpr int32_t lastKey = 2147483647;
 
-// A label that was printed, and what its barcode must give back.
+// A printed label and the expected text of its barcode.
 struct PrintedLabel {
     FilledLabel label;
     std::string barcode;
@@ -127,7 +127,7 @@ protected:
         ASSERT_EQ(Printed().back().barcode.size(), 13u);
     }
 
-    // The labels as a PDF that was painted for one resolution, rasterised at another. Made once for all tests.
+    // The labels as a PDF that was painted for one resolution, rasterised at another. Created once for all tests.
     static const std::vector<QImage>& Pages(int printerDpi, int rasterDpi) {
         static std::map<std::pair<int, int>, std::vector<QImage>> made;
         std::vector<QImage>& pages = made[{printerDpi, rasterDpi}];
@@ -144,13 +144,13 @@ protected:
     int32_t m_room = 0;
 };
 
-// What both readers must say.
+// The expected text of both readers.
 void ExpectRead(const QImage& picture, const std::string& barcode, int number) {
     EXPECT_EQ(ReadWithZbar(picture), barcode) << "the first reader, label " << number;
     EXPECT_EQ(ReadWithZxing(picture), barcode) << "the second reader, label " << number;
 }
 
-// Pages are grey, a byte a pixel.
+// Pages are grayscale, one byte per pixel.
 bool IsInk(const QImage& page, int x, int y) { return page.constScanLine(y)[x] < 200; }
 
 QRect DotsOf(const LabelBox& box, int dotsPerInch) {
@@ -181,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(Resolutions, PrintedLabels,
                                     std::to_string(instance.param.raster);
                          });
 
-TEST_F(LabelReading, TheQuietZonesHaveNoInk) {
+TEST_F(LabelReading, TheQuietZonesAreEmpty) {
     constexpr int dpi = 203;
     const std::vector<QImage>& pages = Pages(dpi, dpi);
     ASSERT_EQ(pages.size(), static_cast<size_t>(labelCount));
@@ -257,7 +257,7 @@ INSTANTIATE_TEST_SUITE_P(ScaleFactors, ScreenSymbols, ::testing::Values(1.0, 1.5
     return "Times" + std::to_string(static_cast<int>(instance.param * 100)) + "Percent";
 });
 
-TEST_F(LabelReading, ABarThatIsMissingIsNoticed) {
+TEST_F(LabelReading, DetectsAMissingBar) {
     QImage page = MakeLabelImage(Printed()[0].label, 203);
     const QRect symbol = DotsOf(Printed()[0].label.barcodes.at(0).place.box, 203);
     for (int y = symbol.top(); y < symbol.bottom(); ++y)

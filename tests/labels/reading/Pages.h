@@ -7,8 +7,8 @@
 
 namespace quellbrook::testing {
 
-// The pages of a PDF as a printer of so many dots to an inch would have them, in grey. A failed test and an empty list
-// where they can't be made.
+// The pages of a PDF at the resolution of a printer, in grayscale. A failed test and an empty list
+// if they can't be created.
 std::vector<QImage> RasterisePages(const QByteArray& pdf, int dotsPerInch);
 
 }  // namespace quellbrook::testing

@@ -6,8 +6,8 @@
 
 namespace quellbrook::testing {
 
-// Two readers of barcodes that know nothing of each other. Each gives the text of the one symbol in the picture, or
-// says in angle brackets what it found instead.
+// Two independent barcode readers. Each returns the text of the single symbol in the picture, or in angle brackets what
+// it found instead.
 std::string ReadWithZbar(const QImage& picture);
 std::string ReadWithZxing(const QImage& picture);
 

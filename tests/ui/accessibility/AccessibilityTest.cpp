@@ -54,7 +54,7 @@ TEST_F(AccessibilityTest, ControlsHaveTheirRoles) {
     EXPECT_EQ(Of(*(new FlatTextbox(&m_window))->focusProxy())->role(), QAccessible::EditableText);
 }
 
-TEST_F(AccessibilityTest, ADropdownHasTheNameOfItsFieldAndTheChoiceAsItsValue) {
+TEST_F(AccessibilityTest, ADropdownIsNamedAfterItsFieldAndHasTheChoiceAsItsValue) {
     auto* dropdown = new FlatDropdown(&m_window);
     dropdown->SetAccessibleCaption("Reason");
     dropdown->AddItem("Sale", 1);
@@ -67,7 +67,7 @@ TEST_F(AccessibilityTest, ADropdownHasTheNameOfItsFieldAndTheChoiceAsItsValue) {
     EXPECT_EQ(box->text(QAccessible::Value), "Destruction");
 }
 
-TEST_F(AccessibilityTest, ADropdownOpensItsListAndShutsItAgain) {
+TEST_F(AccessibilityTest, ADropdownOpensAndClosesItsList) {
     auto* dropdown = new FlatDropdown(&m_window);
     dropdown->AddItem("Sale", 1);
     ShowActive(m_window);
@@ -102,7 +102,7 @@ public:
     bool focused = false;
 };
 
-TEST_F(AccessibilityTest, AControlMaySayWhatItIsAndWhetherItIsSelected) {
+TEST_F(AccessibilityTest, AControlCanSetItsRoleAndSelectedState) {
     auto* row = new SomeRow(&m_window);
     row->SetAccessibleRole(QAccessible::ListItem);
     EXPECT_EQ(Of(*row)->role(), QAccessible::ListItem);
@@ -147,7 +147,7 @@ TEST_F(AccessibilityTest, ButtonsAndLinksCanBePressed) {
         EXPECT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
         const int before = presses;
         actions->doAction(QAccessibleActionInterface::pressAction());
-        EXPECT_EQ(presses, before) << "the tool still waits";
+        EXPECT_EQ(presses, before) << "the assistive tool is still waiting";
         ServeEvents();
     }
     EXPECT_EQ(presses, 2);

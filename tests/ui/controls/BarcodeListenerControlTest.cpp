@@ -54,7 +54,7 @@ protected:
         return listener;
     }
 
-    // The scan, and its hand-over.
+    // The scan and its delivery.
     void ScanAndWait(const char* text) {
         Scan(text);
         m_timers.Tick(1);
@@ -69,7 +69,7 @@ protected:
     std::vector<std::pair<int32_t, std::string>> m_scans;
 };
 
-TEST_F(BarcodeListenerControlTest, TakesAScanOutOfAFieldAndRaisesIt) {
+TEST_F(BarcodeListenerControlTest, ConsumesAScanInAFieldAndRaisesIt) {
     m_edit->setText("kept");
     m_edit->selectAll();
     ScanAndWait("P0000000123");
@@ -79,7 +79,7 @@ TEST_F(BarcodeListenerControlTest, TakesAScanOutOfAFieldAndRaisesIt) {
     EXPECT_EQ(m_edit->text(), "typed");
 }
 
-TEST_F(BarcodeListenerControlTest, HasNoSizeAndIsOnShowAllTheSame) {
+TEST_F(BarcodeListenerControlTest, HasNoSizeAndIsStillVisible) {
     EXPECT_EQ(m_listener->size(), QSize(0, 0));
     m_listener->resize(50, 50);
     EXPECT_EQ(m_listener->size(), QSize(0, 0));
@@ -101,10 +101,10 @@ TEST_F(BarcodeListenerControlTest, DoesNotListenWhileItOrItsViewIsHiddenOrDisabl
     m_listener->setEnabled(false);
     ScanAndWait("P1");
     EXPECT_THAT(m_scans, IsEmpty());
-    EXPECT_EQ(m_edit->text(), "P1") << "what it does not take is typed";
+    EXPECT_EQ(m_edit->text(), "P1") << "keys it does not consume are typed";
 }
 
-TEST_F(BarcodeListenerControlTest, OfTwoViewsThatLieOverEachOtherTheUpperHears) {
+TEST_F(BarcodeListenerControlTest, OfTwoStackedViewsTheUpperOneReceivesTheScan) {
     View* upper = MakeView();
     BarcodeListenerControl* other = MakeListener(upper);
     upper->show();
@@ -123,7 +123,7 @@ TEST_F(BarcodeListenerControlTest, OfTwoViewsThatLieOverEachOtherTheUpperHears) 
     delete other;
 }
 
-TEST_F(BarcodeListenerControlTest, AViewThatCoversOnlyAPartTakesNothingAway) {
+TEST_F(BarcodeListenerControlTest, APartlyCoveredViewStillReceivesScans) {
     View* strip = MakeView();
     strip->setGeometry(0, 500, 800, 100);
     strip->show();
@@ -131,10 +131,10 @@ TEST_F(BarcodeListenerControlTest, AViewThatCoversOnlyAPartTakesNothingAway) {
     QWidget shade(&m_window);
     shade.setGeometry(m_window.rect());
     shade.show();
-    EXPECT_TRUE(m_listener->IsListening()) << "what lies over the window behind a dialog is no view";
+    EXPECT_TRUE(m_listener->IsListening()) << "the dialog does not cover the view";
 }
 
-TEST_F(BarcodeListenerControlTest, WhatIsScannedWhileADialogIsActiveIsTakenAndLost) {
+TEST_F(BarcodeListenerControlTest, AScanWhileADialogIsActiveIsDropped) {
     QDialog dialog(&m_window);
     dialog.setModal(true);
     QLineEdit field(&dialog);
@@ -150,7 +150,7 @@ TEST_F(BarcodeListenerControlTest, WhatIsScannedWhileADialogIsActiveIsTakenAndLo
     EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Property, "2")));
 }
 
-TEST_F(BarcodeListenerControlTest, HooksNothingBeforeItIsShownAndThenUntilItsEnd) {
+TEST_F(BarcodeListenerControlTest, IsHookedFromTheFirstShowUntilDestruction) {
     BarcodeListenerControl hidden(m_view);
     EXPECT_FALSE(hidden.IsListening());
     delete m_listener;
@@ -161,10 +161,10 @@ TEST_F(BarcodeListenerControlTest, HooksNothingBeforeItIsShownAndThenUntilItsEnd
     EXPECT_THAT(m_scans, IsEmpty());
 }
 
-TEST_F(BarcodeListenerControlTest, InAFormDesignerItShowsAnIconAndHooksNothing) {
+TEST_F(BarcodeListenerControlTest, InAFormDesignerItShowsAnIconAndInstallsNoHook) {
     SetInsideDesigner(true);
     m_environment->makeMessageHook = []() -> std::unique_ptr<MessageHook> {
-        ADD_FAILURE() << "A hook was asked for.";
+        ADD_FAILURE() << "A hook was requested.";
         return nullptr;
     };
     QWidget form;

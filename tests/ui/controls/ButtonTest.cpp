@@ -36,7 +36,7 @@ TYPED_TEST(PressableTest, ActsAtAClickOfTheLeftButton) {
     EXPECT_EQ(this->m_clicks, 1);
 }
 
-TYPED_TEST(PressableTest, AReleaseOutsideTakesTheClickBack) {
+TYPED_TEST(PressableTest, AReleaseOutsideCancelsTheClick) {
     MousePress(this->m_control, QPoint(5, 5));
     MouseRelease(this->m_control, QPoint(-20, -20));
     EXPECT_EQ(this->m_clicks, 0);
@@ -62,7 +62,7 @@ TYPED_TEST(PressableTest, ItsCaptionIsItsAccessibleName) {
     EXPECT_EQ(this->m_control->Caption(), "Sign Out");
 }
 
-TYPED_TEST(PressableTest, TakesAndHandsOnTheFocusByTab) {
+TYPED_TEST(PressableTest, TabMovesTheFocusOn) {
     this->m_control->setFocus();
     Press(Qt::Key_Tab);
     EXPECT_TRUE(this->m_other->hasFocus());
@@ -89,7 +89,7 @@ protected:
     FlatButton m_button{&m_window};
 };
 
-TEST_F(FlatButtonTest, TheMainButtonHasTheStrongGround) {
+TEST_F(FlatButtonTest, TheDefaultButtonHasTheStrongBackground) {
     m_button.SetCaption("Finish");
     EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::Strong));
     m_button.SetInverted(true);
@@ -99,7 +99,7 @@ TEST_F(FlatButtonTest, TheMainButtonHasTheStrongGround) {
     EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::DisabledGround));
 }
 
-TEST_F(FlatButtonTest, ShowsThePointerAndThePress) {
+TEST_F(FlatButtonTest, PaintsHoverAndPress) {
     m_button.SetCaption("Finish");
     ShowActive(m_window);
     MousePress(&m_button, QPoint(5, 5));
@@ -111,7 +111,7 @@ TEST_F(FlatButtonTest, ShowsThePointerAndThePress) {
     EXPECT_EQ(PixelAt(Grab(m_button), QPoint(5, 5)), Theme::Get(Theme::Color::Strong));
 }
 
-TEST_F(FlatButtonTest, ItsHintHasRoomForCaptionAndIcon) {
+TEST_F(FlatButtonTest, SizeHintIncludesCaptionAndIcon) {
     m_button.SetCaption("Add Evidence");
     const QSize plain = m_button.sizeHint();
     EXPECT_EQ(plain.height(), 36);
@@ -119,7 +119,7 @@ TEST_F(FlatButtonTest, ItsHintHasRoomForCaptionAndIcon) {
     EXPECT_GT(m_button.sizeHint().width(), plain.width());
 }
 
-TEST_F(FlatButtonTest, AnAmpersandIsOne) {
+TEST_F(FlatButtonTest, ShowsAnAmpersandLiterally) {
     m_button.SetCaption("Sign In & Out");
     EXPECT_EQ(m_button.Caption(), "Sign In & Out");
     const QSize with = m_button.sizeHint();
@@ -141,7 +141,7 @@ TEST_F(LinkTest, SizesItselfToCaptionAndIcon) {
     EXPECT_EQ(m_link.height(), 24);
 }
 
-TEST_F(LinkTest, AnIconAloneHasItsSizeAndActs) {
+TEST_F(LinkTest, AnIconAloneHasItsSizeAndCanBeClicked) {
     m_link.SetIcon("unselected", 24);
     m_link.SetAccessibleCaption("Select All");
     EXPECT_EQ(m_link.size(), QSize(24, 24));

@@ -33,7 +33,7 @@ TEST_F(ControlGeometry, EachLengthCanBeSetAlone) {
     EXPECT_EQ(m_control.geometry(), QRect(10, 20, 30, 40));
 }
 
-TEST_F(ControlGeometry, WhatTheToolkitMovedReportsWhereItIs) {
+TEST_F(ControlGeometry, ReportsTheGeometryThatQtSet) {
     m_control.Move(7.4f, 7.6f, 22.6f, 30.1f);
     m_control.setGeometry(0, 20, 2, 30);
     EXPECT_FLOAT_EQ(m_control.Left(), 7.4f);
@@ -42,13 +42,13 @@ TEST_F(ControlGeometry, WhatTheToolkitMovedReportsWhereItIs) {
     EXPECT_FLOAT_EQ(m_control.Height(), 450.0f);
 }
 
-TEST_F(ControlGeometry, ASizeThatTheWidgetRefusesIsNotKept) {
+TEST_F(ControlGeometry, ASizeThatTheWidgetRejectsIsNotKept) {
     m_control.setFixedSize(0, 0);
     m_control.SetWidth(1500);
     EXPECT_FLOAT_EQ(m_control.Width(), 0.0f);
 }
 
-TEST_F(ControlGeometry, NegativeSizesAreNone) {
+TEST_F(ControlGeometry, NegativeSizesBecomeZero) {
     m_control.Move(0, 0, -30, -45);
     EXPECT_EQ(m_control.size(), QSize(0, 0));
     EXPECT_FLOAT_EQ(m_control.Width(), 0.0f);
@@ -63,7 +63,7 @@ TEST_F(ControlGeometry, PropertiesCanBeSetByName) {
     EXPECT_EQ(m_control.property("Index").toInt(), -1);
 }
 
-TEST_F(ControlGeometry, LayoutRunsAtEveryChangeOfSizeEvenUnseen) {
+TEST_F(ControlGeometry, LayoutRunsAfterEveryChangeOfSizeEvenWhileHidden) {
     m_control.Move(0, 0, 300, 300);
     EXPECT_EQ(m_control.layouts, 1);
     m_control.SetLeft(30);
@@ -91,7 +91,7 @@ TEST_F(ControlGeometry, LogicalPixelsDoNotDependOnTheScaleFactor) {
     EXPECT_FLOAT_EQ(m_control.Width(), 1000.0f);
 }
 
-TEST(ControlArray, MembersShareANameAndCarryTheirPosition) {
+TEST(ControlArray, MembersShareANameAndHaveAnIndex) {
     QWidget parent;
     std::vector<PlainControl*> members;
     LoadMember(members, &parent)->setObjectName("searchResult");
@@ -105,7 +105,7 @@ TEST(ControlArray, MembersShareANameAndCarryTheirPosition) {
     }
 }
 
-TEST(ControlShown, IsTheControlsOwnWish) {
+TEST(ControlShown, IgnoresWhetherTheParentIsVisible) {
     QWidget parent;
     PlainControl control(&parent);
     EXPECT_TRUE(control.IsShown());

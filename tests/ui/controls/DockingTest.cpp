@@ -24,7 +24,7 @@ TEST_F(Docking, TopAndBottomTakeTheParentsWidthAndKeepTheirHeight) {
     EXPECT_EQ(bottom->geometry(), QRect(0, 258, 400, 42));
 }
 
-TEST_F(Docking, ControlsStackInTheOrderOfTheirMaking) {
+TEST_F(Docking, ControlsStackInTheOrderOfCreation) {
     auto* first = Dock(Alignment::Top, 600);
     auto* second = Dock(Alignment::Top, 300);
     auto* lowest = Dock(Alignment::Bottom, 150);
@@ -60,7 +60,7 @@ TEST_F(Docking, AControlThatGrowsInItsOwnLayoutPushesTheNext) {
     EXPECT_FLOAT_EQ(second->Top(), 900);
 }
 
-TEST_F(Docking, HiddenControlsTakeNoRoom) {
+TEST_F(Docking, HiddenControlsAreSkipped) {
     auto* first = Dock(Alignment::Top, 300);
     auto* second = Dock(Alignment::Top, 300);
     first->hide();
@@ -69,7 +69,7 @@ TEST_F(Docking, HiddenControlsTakeNoRoom) {
     EXPECT_FLOAT_EQ(second->Top(), 300);
 }
 
-TEST_F(Docking, OverlayingControlsLieAtTheEdgeOverTheOthers) {
+TEST_F(Docking, OverlayingControlsCoverTheOthersAtTheEdge) {
     auto* bar = Dock(Alignment::Bottom, 630);
     auto* toast = Dock(Alignment::Bottom, 720);
     toast->SetOverlaying(true);

@@ -20,7 +20,7 @@ protected:
     FlatTextbox m_field{&m_window};
 };
 
-TEST_F(FlatTextboxTest, HoldsPlainText) {
+TEST_F(FlatTextboxTest, ShowsPlainText) {
     int changes = 0;
     QObject::connect(&m_field, &FlatTextbox::Changed, [&] { ++changes; });
     m_field.SetText("<b>x</b> & y");
@@ -30,7 +30,7 @@ TEST_F(FlatTextboxTest, HoldsPlainText) {
     EXPECT_EQ(m_field.Placeholder(), "Type here to search...");
 }
 
-TEST_F(FlatTextboxTest, BothEnterKeysAreThirteen) {
+TEST_F(FlatTextboxTest, BothEnterKeysHaveCodeThirteen) {
     std::vector<int> codes;
     QObject::connect(&m_field, &FlatTextbox::KeyPressed, [&](int code) { codes.push_back(code); });
     ShowActive(m_window);
@@ -56,7 +56,7 @@ TEST_F(FlatTextboxTest, APasswordShowsDots) {
     EXPECT_EQ(m_field.findChild<QLineEdit*>()->echoMode(), QLineEdit::Normal);
 }
 
-TEST_F(FlatTextboxTest, TheEditLeavesRoomForTheIcon) {
+TEST_F(FlatTextboxTest, TheEditLeavesSpaceForTheIcon) {
     m_field.SetWidth(3000);
     const int without = m_field.findChild<QLineEdit*>()->width();
     m_field.SetIcon("search");
@@ -70,7 +70,7 @@ protected:
     FlatTextArea m_area{&m_window};
 };
 
-TEST_F(FlatTextAreaTest, HoldsSeveralLinesAndTabLeavesIt) {
+TEST_F(FlatTextAreaTest, AcceptsSeveralLinesAndTabLeavesIt) {
     FlatTextbox next(&m_window);
     next.Move(300, 3000);
     ShowActive(m_window);
@@ -140,7 +140,7 @@ TEST_F(FlatDropdownTest, AHandlerMaySetTheSameIndexAgain) {
     EXPECT_EQ(m_clicks, 1);
 }
 
-TEST_F(FlatDropdownTest, AnIndexOutsideFails) {
+TEST_F(FlatDropdownTest, AnIndexOutOfRangeRaisesAnError) {
     Fill();
     for (const int index : {-2, 4}) {
         try {
@@ -152,7 +152,7 @@ TEST_F(FlatDropdownTest, AnIndexOutsideFails) {
     }
 }
 
-TEST_F(FlatDropdownTest, AUsersChoiceRaisesOnceAlsoOfTheSameEntry) {
+TEST_F(FlatDropdownTest, AChoiceOfTheUserRaisesOnceEvenForTheSameEntry) {
     Fill();
     ShowActive(m_window);
     const auto choose = [this](int row) {
@@ -163,7 +163,7 @@ TEST_F(FlatDropdownTest, AUsersChoiceRaisesOnceAlsoOfTheSameEntry) {
         Click(view->viewport(), at);
         m_dropdown.Box()->hidePopup();
     };
-    // The list ignores a release that comes at once with its opening; a double click's time has to have passed.
+    // The list ignores a release within the double click interval after it opens.
     const int interval = QApplication::doubleClickInterval();
     QApplication::setDoubleClickInterval(0);
     choose(1);
@@ -190,7 +190,7 @@ TEST_F(FlatDropdownTest, ArrowKeysAndTypingChoose) {
     EXPECT_EQ(m_clicks, 3);
 }
 
-TEST_F(FlatDropdownTest, TheWheelOverAFormAltersNothing) {
+TEST_F(FlatDropdownTest, TheWheelDoesNotChangeTheChoice) {
     Fill();
     m_dropdown.SetListIndex(1);
     ShowActive(m_window);
@@ -228,14 +228,14 @@ protected:
     TessarineDropdown m_dropdown{&m_window};
 };
 
-TEST_F(TessarineDropdownTest, OffersTheTablesEntries) {
+TEST_F(TessarineDropdownTest, ListsTheEntriesOfTheTable) {
     m_dropdown.SetTableNumber(38);
     EXPECT_EQ(m_dropdown.TableNumber(), 38);
-    ASSERT_EQ(m_dropdown.Dropdown()->Count(), 2);
-    EXPECT_EQ(m_dropdown.Dropdown()->ItemText(0), "Case closed");
-    EXPECT_EQ(m_dropdown.Dropdown()->ItemData(0), 2);
+    ASSERT_EQ(m_dropdown.Count(), 2);
+    EXPECT_EQ(m_dropdown.ItemText(0), "Case closed");
+    EXPECT_EQ(m_dropdown.ItemData(0), 2);
     m_dropdown.SetTableNumber(31);
-    EXPECT_EQ(m_dropdown.Dropdown()->Count(), 0);
+    EXPECT_EQ(m_dropdown.Count(), 0);
 }
 
 TEST_F(TessarineDropdownTest, IsNullUntilSomethingIsChosen) {
@@ -259,7 +259,7 @@ TEST_F(TessarineDropdownTest, AnEmptyOrUnknownValueGivesNull) {
 TEST_F(TessarineDropdownTest, RaisesItsChanges) {
     m_dropdown.SetTableNumber(38);
     int changes = 0;
-    QObject::connect(&m_dropdown, &TessarineDropdown::Changed, [&] { ++changes; });
+    QObject::connect(&m_dropdown, &TessarineDropdown::Clicked, [&] { ++changes; });
     m_dropdown.SetValue(4);
     m_dropdown.SetValue(4);
     EXPECT_EQ(changes, 1);
@@ -269,16 +269,16 @@ TEST_F(TessarineDropdownTest, InADesignerNoDataIsRead) {
     SetInsideDesigner(true);
     m_dropdown.SetTableNumber(38);
     SetInsideDesigner(false);
-    EXPECT_EQ(m_dropdown.Dropdown()->Count(), 0);
+    EXPECT_EQ(m_dropdown.Count(), 0);
     EXPECT_EQ(m_dropdown.TableNumber(), 38);
 }
 
-TEST_F(TessarineDropdownTest, HandsFocusAndNameToItsBox) {
+TEST_F(TessarineDropdownTest, PassesFocusAndNameToItsBox) {
     m_dropdown.SetAccessibleCaption("for the purpose of");
-    EXPECT_EQ(m_dropdown.Dropdown()->Box()->accessibleName(), "for the purpose of");
+    EXPECT_EQ(m_dropdown.Box()->accessibleName(), "for the purpose of");
     ShowActive(m_window);
     m_dropdown.setFocus();
-    EXPECT_EQ(QApplication::focusWidget(), m_dropdown.Dropdown()->Box());
+    EXPECT_EQ(QApplication::focusWidget(), m_dropdown.Box());
 }
 
 }  // namespace

@@ -29,13 +29,13 @@ protected:
     int m_changes = 0;
 };
 
-TEST_F(FlatScrollBarTest, BeginsWithTheWholeSixteenBitRange) {
+TEST_F(FlatScrollBarTest, StartsWithTheSixteenBitRange) {
     EXPECT_EQ(m_bar.Min(), 0);
     EXPECT_EQ(m_bar.Max(), 32767);
     EXPECT_EQ(m_bar.Value(), 0);
 }
 
-TEST_F(FlatScrollBarTest, ADisabledOneHasNoThumb) {
+TEST_F(FlatScrollBarTest, HasNoThumbWhileDisabled) {
     const auto hasThumb = [this] {
         return HasColor(Grab(m_bar), QRect(0, 16, 16, 160), Theme::Get(Theme::Color::Thumb));
     };
@@ -44,7 +44,7 @@ TEST_F(FlatScrollBarTest, ADisabledOneHasNoThumb) {
     EXPECT_FALSE(hasThumb());
 }
 
-TEST_F(FlatScrollBarTest, LengthsOutsideSixteenBitsOverflow) {
+TEST_F(FlatScrollBarTest, ValuesBeyondSixteenBitsOverflow) {
     const std::vector<std::function<void(int)>> setters = {
         [this](int v) { m_bar.SetMin(v); }, [this](int v) { m_bar.SetMax(v); }, [this](int v) { m_bar.SetValue(v); },
         [this](int v) { m_bar.SetSmallChange(v); }, [this](int v) { m_bar.SetLargeChange(v); }};
@@ -57,7 +57,7 @@ TEST_F(FlatScrollBarTest, LengthsOutsideSixteenBitsOverflow) {
     EXPECT_EQ(NumberOf([this] { m_bar.SetMin(-32768); }), 0);
 }
 
-TEST_F(FlatScrollBarTest, AValueOutsideTheRangeIsInvalid) {
+TEST_F(FlatScrollBarTest, AValueOutOfRangeIsInvalid) {
     m_bar.SetMax(10);
     EXPECT_EQ(NumberOf([this] { m_bar.SetValue(11); }), ErrorNumber::InvalidPropertyValue);
     EXPECT_EQ(NumberOf([this] { m_bar.SetValue(-1); }), ErrorNumber::InvalidPropertyValue);
@@ -94,20 +94,19 @@ TEST_F(FlatScrollBarTest, ChangesAreRaisedWhileTheThumbMoves) {
     QTest::mouseRelease(m_bar.Bar(), Qt::LeftButton, Qt::NoModifier, thumb + QPoint(0, 60));
 }
 
-TEST_F(FlatScrollBarTest, TheFilterIsATestOfBits) {
+TEST_F(FlatScrollBarTest, TheFilterClearsBitZeroIfBitTwoIsSet) {
     const std::vector<std::pair<int, int>> codes = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4},
                                                     {5, 4}, {6, 6}, {7, 6}, {8, 8}};
     for (const auto& [code, filtered] : codes) EXPECT_EQ(FlatScrollBar::FilterScrollCode(code), filtered);
     EXPECT_EQ(FlatScrollBar::FilterScrollCode(0x1230005), 0x1230004);
 }
 
-TEST_F(FlatScrollBarTest, BehindTheFilterBottomGoesToTheTop) {
+TEST_F(FlatScrollBarTest, WithTheFilterBottomScrollsToTheTop) {
     m_bar.SetMax(100);
     m_bar.SetValue(40);
     m_bar.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
     EXPECT_EQ(m_bar.Value(), 100);
     m_bar.SetThumbFilter(true);
-    EXPECT_TRUE(m_bar.HasThumbFilter());
     m_bar.SetValue(40);
     m_bar.Bar()->triggerAction(QAbstractSlider::SliderToMaximum);
     EXPECT_EQ(m_bar.Value(), 0);
@@ -115,7 +114,7 @@ TEST_F(FlatScrollBarTest, BehindTheFilterBottomGoesToTheTop) {
     EXPECT_EQ(m_bar.Value(), 1);
 }
 
-TEST_F(FlatScrollBarTest, ArrowsThatCannotBeUsedAreNotDrawn) {
+TEST_F(FlatScrollBarTest, OnlyTheUsableArrowsAreDrawn) {
     m_bar.SetMax(10);
     const QColor ground = Theme::Get(Theme::Color::Panel);
     const auto drawn = [&](const QRect& place) {
@@ -147,7 +146,7 @@ protected:
     }
 };
 
-TEST_F(WheelTest, OneNotchIsTheSystemsLinesEachASmallChange) {
+TEST_F(WheelTest, OneNotchScrollsByTheSystemsWheelLines) {
     m_bar.TurnWheel(-120);
     EXPECT_EQ(m_bar.Value(), 53);
     EXPECT_EQ(m_changes, 3);
@@ -172,7 +171,7 @@ TEST_F(WheelTest, HalfNotchesAddUp) {
     EXPECT_EQ(m_bar.Value(), 53);
 }
 
-TEST_F(WheelTest, NeverGoesBeyondTheRange) {
+TEST_F(WheelTest, StaysWithinTheRange) {
     m_bar.SetValue(98);
     m_bar.TurnWheel(-1200);
     EXPECT_EQ(m_bar.Value(), 100);
@@ -181,7 +180,7 @@ TEST_F(WheelTest, NeverGoesBeyondTheRange) {
     EXPECT_EQ(m_bar.Value(), 0);
 }
 
-TEST_F(WheelTest, TurnsOverTheContainerReachTheBar) {
+TEST_F(WheelTest, TheWheelOverTheContainerScrollsTheBar) {
     PlainControl container(&m_window);
     container.setGeometry(20, 0, 300, 300);
     PlainControl row(&container);

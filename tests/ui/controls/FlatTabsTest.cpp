@@ -44,13 +44,13 @@ TEST_F(FlatTabsTest, SelectingShowsTheOtherPageAndRaisesOnce) {
     EXPECT_EQ(m_tabs.SelectedIndex(), 0);
 }
 
-TEST_F(FlatTabsTest, AnIndexOutsideFails) {
+TEST_F(FlatTabsTest, AnIndexOutOfRangeRaisesAnError) {
     EXPECT_THROW(m_tabs.SetSelectedIndex(2), Error);
     EXPECT_THROW(m_tabs.SetSelectedIndex(-1), Error);
     EXPECT_EQ(m_tabs.SelectedIndex(), 0);
 }
 
-TEST_F(FlatTabsTest, PagesLieUnderTheCaptionsAndALoneChildFillsItsPage) {
+TEST_F(FlatTabsTest, PagesAreBelowTheCaptionsAndALoneChildFillsItsPage) {
     PlainControl child(m_custody);
     m_tabs.Move(0, 0, 6000, 4500);
     EXPECT_EQ(m_custody->geometry(), QRect(0, 40, 400, 260));
@@ -104,7 +104,7 @@ TEST_F(FlatTabsTest, TheSelectedOneIsUnderlined) {
     EXPECT_EQ(PixelAt(Grab(m_tabs), QPoint(m_tabs.TabRect(0).center().x(), 38)), Theme::Get(Theme::Color::FieldBorder));
 }
 
-TEST(FlatTabsEmpty, CanBeMadeAndPaintedWithoutTabs) {
+TEST(FlatTabsEmpty, CanBeCreatedAndPaintedWithoutTabs) {
     FlatTabs tabs;
     EXPECT_EQ(tabs.Count(), 0);
     Grab(tabs);

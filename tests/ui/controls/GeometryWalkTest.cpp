@@ -18,7 +18,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-// What the walk calls a fault.
+// The faults that the walk reports.
 class GeometryWalkTest : public ControlsTest {
 protected:
     GeometryWalkTest() { m_window.setObjectName("window"); }
@@ -37,7 +37,7 @@ protected:
     }
 
     std::vector<std::string> Faults(std::vector<MeantFault> meant = {}) {
-        meant.push_back({MeantFault::Kind::Overlap, "QFocusFrame", "", "it lies around what has the focus"});
+        meant.push_back({MeantFault::Kind::Overlap, "QFocusFrame", "", "it surrounds the focused control"});
         ShowActive(m_window);
         return GeometryWalk(std::move(meant)).FaultsOf(m_window);
     }
@@ -49,7 +49,7 @@ TEST_F(GeometryWalkTest, AnOrderlyWindowHasNoFaults) {
     EXPECT_THAT(Faults(), IsEmpty());
 }
 
-TEST_F(GeometryWalkTest, SiblingsThatOverlapAreTold) {
+TEST_F(GeometryWalkTest, ReportsOverlappingSiblings) {
     PlaceButton("save", {10, 10, 96, 36});
     PlaceButton("cancel", {100, 10, 96, 36});
     EXPECT_THAT(Faults(), ElementsAre(HasSubstr("window/save (10, 10, 96 x 36) overlaps window/cancel")));
@@ -61,26 +61,26 @@ TEST_F(GeometryWalkTest, SiblingsThatTouchDoNotOverlap) {
     EXPECT_THAT(Faults(), IsEmpty());
 }
 
-TEST_F(GeometryWalkTest, WhatSticksOutOfItsParentIsTold) {
+TEST_F(GeometryWalkTest, ReportsAChildOutsideItsParent) {
     PlaceButton("save", {10, 10, 96, 36});
     Place<Label>("label", {-1, 60, 40, 20})->SetCaption("Shelf");
     EXPECT_THAT(Faults(),
                 ElementsAre(AllOf(HasSubstr("window/label (-1, 60, "), HasSubstr(" sticks out of its parent"))));
 }
 
-TEST_F(GeometryWalkTest, HiddenWidgetsAreNoFaults) {
+TEST_F(GeometryWalkTest, IgnoresHiddenWidgets) {
     PlaceButton("save", {-1, 10, 96, 36})->hide();
     EXPECT_THAT(Faults(), IsEmpty());
 }
 
-TEST_F(GeometryWalkTest, ACaptionThatIsCutOffIsTold) {
+TEST_F(GeometryWalkTest, ReportsAClippedCaption) {
     auto* tag = Place<StatusTag>("tag", {10, 10, 40, 20});
     tag->SetCaption("In Uncategorized Location");
     tag->SetWidth(ToTwips(40));
     EXPECT_THAT(Faults(), ElementsAre(HasSubstr("window/tag (0, 0, 40 x ")));
 }
 
-TEST_F(GeometryWalkTest, ALabelTooLowForItsLineIsTold) {
+TEST_F(GeometryWalkTest, ReportsALabelLowerThanItsLine) {
     auto* label = Place<Label>("label", {10, 10, 40, 20});
     label->SetAutoSize(false);
     label->SetCaption("Shelf");
@@ -88,7 +88,7 @@ TEST_F(GeometryWalkTest, ALabelTooLowForItsLineIsTold) {
     EXPECT_THAT(Faults(), ElementsAre(HasSubstr("window/label (0, 0, 40 x 9) cuts off a text")));
 }
 
-TEST_F(GeometryWalkTest, RowsThatAreNotShortenedAreTold) {
+TEST_F(GeometryWalkTest, ReportsRowsThatAreNotElided) {
     auto* tree = new QTreeWidget(&m_window);
     tree->setObjectName("tree");
     tree->setAccessibleName("Shelves");
@@ -97,12 +97,12 @@ TEST_F(GeometryWalkTest, RowsThatAreNotShortenedAreTold) {
     EXPECT_THAT(Faults(), ElementsAre("window/tree does not shorten the texts of its rows"));
 }
 
-TEST_F(GeometryWalkTest, AnElementWithoutANameIsTold) {
+TEST_F(GeometryWalkTest, ReportsAnElementWithoutAName) {
     Place<FlatButton>("save", {10, 10, 96, 36});
     EXPECT_THAT(Faults(), ElementsAre("window/save has no accessible name"));
 }
 
-TEST_F(GeometryWalkTest, ATabStopThatTabDoesNotReachIsTold) {
+TEST_F(GeometryWalkTest, ReportsAnUnreachableTabStop) {
     struct Trap : FlatButton {
         using FlatButton::FlatButton;
         bool focusNextPrevChild(bool) override { return true; }
@@ -114,11 +114,11 @@ TEST_F(GeometryWalkTest, ATabStopThatTabDoesNotReachIsTold) {
     EXPECT_THAT(Faults(), ElementsAre("window/save is a tab stop that Tab does not reach"));
 }
 
-TEST_F(GeometryWalkTest, WhatIsMeantIsNotToldAndWhatIsNotMetIsKnown) {
+TEST_F(GeometryWalkTest, IgnoresExpectedFaultsAndListsThoseNotMet) {
     PlaceButton("save", {10, 10, 96, 36});
     PlaceButton("cancel", {100, 10, 96, 36});
     GeometryWalk walk({{MeantFault::Kind::Overlap, "cancel", "window/save", "it is a test"},
-                       {MeantFault::Kind::Overlap, "QFocusFrame", "", "it lies around what has the focus"},
+                       {MeantFault::Kind::Overlap, "QFocusFrame", "", "it surrounds the focused control"},
                        {MeantFault::Kind::Clipped, "save", "", "it is a test"}});
     ShowActive(m_window);
     EXPECT_THAT(walk.FaultsOf(m_window), IsEmpty());

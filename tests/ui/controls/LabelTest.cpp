@@ -68,7 +68,7 @@ TEST_F(LabelTest, TextIsPlainNeverMarkup) {
     EXPECT_EQ(m_label.width(), TextWidth(Theme::Font(Theme::Type::Body), text));
 }
 
-TEST_F(LabelTest, ColoursAreTheThemesOrFixed) {
+TEST_F(LabelTest, ColorsAreFromTheThemeOrFixed) {
     EXPECT_EQ(m_label.ForeColor(), Theme::Get(Theme::Color::Text));
     m_label.SetForeColor(QColor(255, 0, 0));
     EXPECT_EQ(m_label.ForeColor(), QColor(255, 0, 0));
@@ -78,7 +78,7 @@ TEST_F(LabelTest, ColoursAreTheThemesOrFixed) {
     EXPECT_EQ(m_label.ForeColor(), Theme::Get(Theme::Color::GrayText));
 }
 
-TEST_F(LabelTest, PaintsWithItsColour) {
+TEST_F(LabelTest, PaintsWithItsColor) {
     m_label.SetType(Theme::Type::Title);
     m_label.SetCaption("\u25A0\u25A0 IIIIII");
     m_label.SetForeColor(QColor(255, 0, 0));
@@ -86,7 +86,7 @@ TEST_F(LabelTest, PaintsWithItsColour) {
     EXPECT_TRUE(HasColor(Grab(m_window), m_label.geometry(), QColor(255, 0, 0)));
 }
 
-TEST_F(LabelTest, AParentsFontReachesItAndItsTypeRemains) {
+TEST_F(LabelTest, TheFontOfAParentAppliesAndTheTypeRemains) {
     PlainControl parent(&m_window);
     Label label(&parent);
     label.SetType(Theme::Type::Section);
@@ -117,7 +117,7 @@ TEST_F(LabelTest, TakesTheFontOfItsNewParent) {
     EXPECT_EQ(m_label.width(), before);
 }
 
-TEST(TextBlockTest, WhatDoesNotFitEndsInAnEllipsis) {
+TEST(TextBlockTest, ATextThatDoesNotFitEndsInAnEllipsis) {
     const QFont font = Theme::Font(Theme::Type::Body);
     const QString text = "a rather long text";
     EXPECT_EQ(ElidedTo(font, text, TextWidth(font, text)), text);
@@ -151,7 +151,7 @@ TEST_F(StatusTagTest, WidthFollowsTheCaption) {
     EXPECT_EQ(m_tag.accessibleName(), "In Uncategorized Location");
 }
 
-TEST_F(StatusTagTest, IsPaintedInExactlyItsColourWithTextThatStandsOut) {
+TEST_F(StatusTagTest, IsPaintedInItsColorWithContrastingText) {
     for (const int32_t color : {0x0000FF, 0x808080, 0x0080FF, 0x87AD24, 0x0000C0}) {
         m_tag.SetCaption("IIIIII In Storage");
         m_tag.SetColor(color);
@@ -161,7 +161,7 @@ TEST_F(StatusTagTest, IsPaintedInExactlyItsColourWithTextThatStandsOut) {
     }
 }
 
-TEST_F(StatusTagTest, ReportsWhereABodyLabelSharesItsLine) {
+TEST_F(StatusTagTest, ReportsTheTopOfABodyLabelOnItsLine) {
     m_tag.SetCaption("In Storage");
     m_tag.Move(300, 600);
     EXPECT_FLOAT_EQ(m_tag.TextTop(), 600.0f);

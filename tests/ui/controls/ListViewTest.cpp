@@ -42,7 +42,7 @@ protected:
         return rows;
     }
 
-    // A row's ground, in the middle of its height.
+    // The background of a row at half its height.
     QColor Ground(int row, int x) {
         QTreeWidget* tree = m_list.Tree();
         const int top = tree->visualItemRect(tree->topLevelItem(row)).top();
@@ -65,7 +65,7 @@ TEST_F(ListViewTest, ColumnsHaveKeysCaptionsAndWidths) {
     EXPECT_EQ(m_list.Tree()->header()->sizeHint().height(), 32);
 }
 
-TEST_F(ListViewTest, ColumnsCanBeMadeAnew) {
+TEST_F(ListViewTest, ColumnsCanBeCleared) {
     AddRows(2);
     EXPECT_EQ(m_list.ColumnCaption(1), "Name");
     m_list.ClearColumns();
@@ -83,7 +83,7 @@ TEST_F(ListViewTest, ColumnsCanBeMadeAnew) {
     EXPECT_EQ(m_list.CellText(0, 1), "2026-0417-01");
 }
 
-TEST_F(ListViewTest, RowsStandInTheOrderOfTheirAdding) {
+TEST_F(ListViewTest, RowsAreInTheOrderOfInsertion) {
     m_list.AddRow("L5", "location", {{"Bin B-1"}, {"Location", true}});
     m_list.AddRow("P7", "tag", {{"2026-0398-01", false, true}, {"Jewelry", true, true}});
     ASSERT_EQ(m_list.RowCount(), 2);
@@ -100,7 +100,7 @@ TEST_F(ListViewTest, RowsStandInTheOrderOfTheirAdding) {
     EXPECT_NO_THROW(m_list.AddRow("P7", "tag", {}));
 }
 
-TEST_F(ListViewTest, ATakenKeyFails) {
+TEST_F(ListViewTest, ADuplicateKeyRaisesAnError) {
     AddRows(2);
     try {
         m_list.AddRow("P1", "tag", {});
@@ -111,7 +111,7 @@ TEST_F(ListViewTest, ATakenKeyFails) {
     EXPECT_EQ(m_list.RowCount(), 2);
 }
 
-TEST_F(ListViewTest, ARowThatIsNotThereFails) {
+TEST_F(ListViewTest, AMissingRowRaisesAnError) {
     AddRows(1);
     EXPECT_THROW(m_list.RowKey(1), Error);
     EXPECT_THROW(m_list.SetRowBand(-1, true), Error);
@@ -130,7 +130,7 @@ TEST_F(ListViewTest, CellsAndIconsCanChange) {
     EXPECT_FALSE(m_list.Tree()->topLevelItem(0)->font(2).bold());
 }
 
-TEST_F(ListViewTest, TooltipsShowTheirCharacters) {
+TEST_F(ListViewTest, TooltipsArePlainText) {
     AddRows(1);
     m_list.SetCellTooltip(0, 2, "<b>Box</b> a &lt; b");
     EXPECT_EQ(m_list.CellTooltip(0, 2), "<b>Box</b> a &lt; b");
@@ -151,7 +151,7 @@ TEST_F(ListViewTest, RowsAreAsTallAsTheirPaddedIcons) {
     EXPECT_EQ(m_list.Tree()->visualItemRect(m_list.Tree()->topLevelItem(1)).height(), 34);
 }
 
-TEST_F(ListViewTest, TheIconIsCentredInItsCell) {
+TEST_F(ListViewTest, TheIconIsCenteredInItsCell) {
     m_list.AddRow("P1", "selected", {{"a"}});
     Show();
     const QImage image = Grab(*m_list.Tree()->viewport());
@@ -196,7 +196,7 @@ TEST_F(ListViewTest, ARightPressSelectsAnUnselectedRowAndKeepsSeveral) {
     EXPECT_EQ(Selected(), (Rows{0, 1, 2, 3}));
 }
 
-TEST_F(ListViewTest, HitTestKnowsTheWholeRowAndNothingBelow) {
+TEST_F(ListViewTest, HitTestCoversTheRowAndNothingBelow) {
     AddRows(3);
     Show();
     EXPECT_EQ(m_list.HitTest(InRow(1)), 1);
@@ -216,7 +216,7 @@ TEST_F(ListViewTest, AnExtraMouseButtonHasNoBit) {
     EXPECT_EQ(buttons, (std::vector<int>{4, 0}));
 }
 
-TEST_F(ListViewTest, MouseEventsComeAfterTheListHasActed) {
+TEST_F(ListViewTest, MouseEventsFollowTheListsOwnHandling) {
     AddRows(3);
     Show();
     std::vector<std::pair<int, Rows>> ups;
@@ -254,7 +254,7 @@ TEST_F(ListViewTest, PressesAndMovesOfThePointerAreRaised) {
     EXPECT_EQ(downs, (std::vector<std::pair<int, int>>{{1, 1}, {2, 0}}));
 }
 
-TEST_F(ListViewTest, AColumnMayBeWithoutWidth) {
+TEST_F(ListViewTest, AColumnCanBeHidden) {
     AddRows(1);
     Show();
     m_list.SetColumnWidth(0, 0);
@@ -293,7 +293,7 @@ protected:
     Toggles m_toggles;
 };
 
-TEST_F(IconColumnTest, TheIconStandsInItsColumn) {
+TEST_F(IconColumnTest, TheIconIsInItsColumn) {
     const QImage before = Grab(*m_list.Tree()->viewport());
     m_list.SetRowIcon(1, "selected");
     ServeEvents();
@@ -307,7 +307,7 @@ TEST_F(IconColumnTest, TheIconStandsInItsColumn) {
     EXPECT_EQ(m_list.Tree()->topLevelItem(1)->data(2, Qt::AccessibleTextRole), "2026-2, checked");
 }
 
-TEST_F(IconColumnTest, ASetTickChangesTheIconAndRaisesNothing) {
+TEST_F(IconColumnTest, SettingACheckMarkChangesTheIconAndRaisesNothing) {
     m_list.SetCheckBoxes(true);
     EXPECT_FALSE(m_list.RowChecked(0));
     m_list.SetRowChecked(0, true);
@@ -319,7 +319,7 @@ TEST_F(IconColumnTest, ASetTickChangesTheIconAndRaisesNothing) {
     EXPECT_EQ(m_toggles, Toggles());
 }
 
-TEST_F(IconColumnTest, APressOnABoxTurnsItsTickOver) {
+TEST_F(IconColumnTest, APressOnABoxTogglesIt) {
     m_list.SetCheckBoxes(true);
     Click(m_list.Tree()->viewport(), BoxOf(1));
     EXPECT_TRUE(m_list.RowChecked(1));
@@ -332,7 +332,7 @@ TEST_F(IconColumnTest, APressOnABoxTurnsItsTickOver) {
     EXPECT_FALSE(m_list.RowChecked(0));
 }
 
-TEST_F(IconColumnTest, SpaceTurnsTheCurrentRowsTickOver) {
+TEST_F(IconColumnTest, SpaceTogglesTheCurrentRow) {
     m_list.SetCheckBoxes(true);
     m_list.setFocus();
     m_list.SetCurrentRow(2);
@@ -343,7 +343,7 @@ TEST_F(IconColumnTest, SpaceTurnsTheCurrentRowsTickOver) {
     EXPECT_EQ(m_toggles, (Toggles{{2, true}, {1, true}, {1, false}}));
 }
 
-TEST_F(IconColumnTest, WithoutBoxesTheListLeavesTicksAlone) {
+TEST_F(IconColumnTest, WithoutBoxesNothingIsToggled) {
     m_list.setFocus();
     Click(m_list.Tree()->viewport(), BoxOf(1));
     Press(Qt::Key_Space);
@@ -351,7 +351,7 @@ TEST_F(IconColumnTest, WithoutBoxesTheListLeavesTicksAlone) {
     EXPECT_FALSE(m_list.RowChecked(1));
 }
 
-TEST_F(ListViewTest, KeysAreRaisedBeforeTheListActs) {
+TEST_F(ListViewTest, KeysAreRaisedBeforeTheListHandlesThem) {
     AddRows(3);
     Show();
     m_list.setFocus();
@@ -371,7 +371,7 @@ TEST_F(ListViewTest, KeysAreRaisedBeforeTheListActs) {
     EXPECT_EQ(keys, (std::vector<std::pair<int, bool>>{{65, true}, {13, false}, {13, false}}));
 }
 
-TEST_F(ListViewTest, ArrowKeysMoveTheCurrentRowAndSaySo) {
+TEST_F(ListViewTest, ArrowKeysMoveTheCurrentRowAndRaiseAnEvent) {
     AddRows(3);
     Show();
     m_list.setFocus();
@@ -438,7 +438,7 @@ TEST_F(ListViewTest, ASelectedRowInTheBatchKeepsItsAccentBar) {
     EXPECT_EQ(Ground(0, RightEdge()), Theme::Get(Theme::Color::SelectedInactive));
 }
 
-TEST_F(ListViewTest, TheRingOfASelectedRowLiesWithinItsGround) {
+TEST_F(ListViewTest, TheRingOfASelectedRowIsInsideIt) {
     AddRows(2);
     Show();
     m_list.setFocus();
@@ -456,7 +456,7 @@ TEST_F(ListViewTest, TheRingOfASelectedRowLiesWithinItsGround) {
     EXPECT_EQ(Ground(1, 0), Theme::Get(Theme::Color::Link));
 }
 
-TEST_F(ListViewTest, ADisabledListHasGreyIcons) {
+TEST_F(ListViewTest, ADisabledListHasGrayIcons) {
     m_list.AddRow("1", "selected", {{"Mobile phone"}, {"Phones"}});
     Show();
     const auto hasColor = [this](Theme::Color color) {
@@ -469,7 +469,7 @@ TEST_F(ListViewTest, ADisabledListHasGreyIcons) {
     EXPECT_TRUE(hasColor(Theme::Color::DisabledText));
 }
 
-TEST_F(ListViewTest, HairlinesLieBetweenRows) {
+TEST_F(ListViewTest, RowsAreSeparatedByHairlines) {
     AddRows(2);
     Show();
     const auto line = [this] { return PixelAt(Grab(*m_list.Tree()->viewport()), QPoint(RightEdge(), 35)); };
@@ -478,7 +478,7 @@ TEST_F(ListViewTest, HairlinesLieBetweenRows) {
     EXPECT_EQ(line(), QApplication::palette().color(QPalette::Base));
 }
 
-TEST_F(ListViewTest, AFrameAndAHiddenHeaderMakeAField) {
+TEST_F(ListViewTest, CanHaveAFrameAndNoHeader) {
     m_list.SetHeaderVisible(false);
     m_list.SetFramed(true);
     EXPECT_TRUE(m_list.Tree()->isHeaderHidden());
@@ -495,7 +495,7 @@ TEST_F(ListViewTest, TextWidthsAreMeasuredInTheCellsFont) {
     EXPECT_FLOAT_EQ(m_list.TextWidth(""), 0);
 }
 
-TEST_F(ListViewTest, TextThatDoesNotFitDoesNotReachTheNextCell) {
+TEST_F(ListViewTest, LongTextDoesNotReachTheNextCell) {
     m_list.AddRow("P1", "", {{QString(80, 'W')}, {""}});
     Show();
     const QImage image = Grab(*m_list.Tree()->viewport());

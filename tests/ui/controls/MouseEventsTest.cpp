@@ -39,7 +39,7 @@ TEST(ButtonMask, HasABitForLeftRightAndMiddleOnly) {
     EXPECT_EQ(ButtonMask(Qt::BackButton), 0);
 }
 
-TEST_F(MouseEventsTest, PressesAndReleasesComeWithButtonAndPlace) {
+TEST_F(MouseEventsTest, PressesAndReleasesHaveAButtonAndAPosition) {
     ShowActive(m_window);
     Click(m_container, QPoint(7, 9));
     EXPECT_EQ(Take(), (Record{"down 1 7,9", "up 1 7,9"}));
@@ -47,7 +47,7 @@ TEST_F(MouseEventsTest, PressesAndReleasesComeWithButtonAndPlace) {
     EXPECT_EQ(Take(), (Record{"down 2 0,0", "up 2 0,0"}));
 }
 
-TEST_F(MouseEventsTest, PlacesAreTheContainersWhereverTheyLand) {
+TEST_F(MouseEventsTest, PositionsAreInTheContainersCoordinates) {
     auto* row = new PlainControl(m_container);
     row->setGeometry(10, 100, 300, 50);
     auto* label = new Label(row);
@@ -58,7 +58,7 @@ TEST_F(MouseEventsTest, PlacesAreTheContainersWhereverTheyLand) {
     EXPECT_EQ(Take(), (Record{"down 1 33,109", "up 1 33,109"}));
 }
 
-TEST_F(MouseEventsTest, EachEventCountsOnceThoughParentsGetWhatChildrenIgnore) {
+TEST_F(MouseEventsTest, AnEventThatAChildIgnoresCountsOnce) {
     auto* button = new FlatButton(m_container);
     button->Move(0, 0);
     ShowActive(m_window);
@@ -75,7 +75,7 @@ TEST_F(MouseEventsTest, ADoubleClickIsPressReleaseDoubleClickRelease) {
     EXPECT_EQ(Take(), (Record{"down 1 5,5", "up 1 5,5", "double 0 5,5", "up 1 5,5"}));
 }
 
-TEST_F(MouseEventsTest, ChildrenMadeLaterAndMovedInCountToo) {
+TEST_F(MouseEventsTest, IncludesChildrenAddedLater) {
     ShowActive(m_window);
     PlainControl built;
     auto* inner = new PlainControl(&built);
@@ -91,7 +91,7 @@ TEST_F(MouseEventsTest, ChildrenMadeLaterAndMovedInCountToo) {
     EXPECT_EQ(Take(), Record());
 }
 
-TEST_F(MouseEventsTest, WhatIsClickedMayBeDestroyed) {
+TEST_F(MouseEventsTest, TheClickedWidgetMayBeDestroyed) {
     QPointer<PlainControl> row = new PlainControl(m_container);
     row->setGeometry(0, 0, 100, 100);
     ShowActive(m_window);

@@ -44,7 +44,7 @@ protected:
         return [words] { Raise(5, "View.Shown", words); };
     }
 
-    // What the platform tells every widget of a window that is minimised or restored.
+    // The events that every widget of a minimized or restored window receives.
     static void TellSpontaneously(QWidget& widget, bool shown) {
         std::unique_ptr<QEvent> event;
         if (shown)
@@ -73,7 +73,7 @@ TEST_F(ViewTest, WidgetsBetweenViewsDoNotMatter) {
     EXPECT_EQ(m_record, (Names{"shell", "explorer", "tree", "inner"}));
 }
 
-TEST_F(ViewTest, MinimisingAndRestoringIsNoComing) {
+TEST_F(ViewTest, MinimizingAndRestoringRaisesNothing) {
     ShowActive(m_window);
     m_record.clear();
     for (View* view : {static_cast<View*>(m_shell), static_cast<View*>(m_explorer), static_cast<View*>(m_tree)})
@@ -88,7 +88,7 @@ TEST_F(ViewTest, MinimisingAndRestoringIsNoComing) {
     EXPECT_EQ(m_record, Names());
 }
 
-TEST_F(ViewTest, EachComingAndGoingCountsOnce) {
+TEST_F(ViewTest, EachShowAndHideIsRaisedOnce) {
     ShowActive(m_window);
     m_record.clear();
     m_explorer->show();
@@ -101,7 +101,7 @@ TEST_F(ViewTest, EachComingAndGoingCountsOnce) {
     EXPECT_EQ(m_record, (Names{"explorer", "tree"}));
 }
 
-TEST_F(ViewTest, WhatIsHiddenDoesNotComeWithItsContainer) {
+TEST_F(ViewTest, AHiddenViewIsNotShownWithItsContainer) {
     m_tree->hide();
     ShowActive(m_window);
     EXPECT_EQ(m_record, (Names{"shell", "explorer"}));
@@ -109,7 +109,7 @@ TEST_F(ViewTest, WhatIsHiddenDoesNotComeWithItsContainer) {
     EXPECT_EQ(m_record, (Names{"shell", "explorer", "tree"}));
 }
 
-TEST_F(ViewTest, AViewShownByItsContainersShownComesAtOnce) {
+TEST_F(ViewTest, AViewShownInItsContainersShownIsShownAtOnce) {
     m_explorer->hide();
     m_shell->onShown = [this] {
         m_explorer->show();
@@ -119,7 +119,7 @@ TEST_F(ViewTest, AViewShownByItsContainersShownComesAtOnce) {
     EXPECT_EQ(m_record, (Names{"shell", "explorer", "tree", "shell goes on"}));
 }
 
-TEST_F(ViewTest, AViewHiddenByItsContainersShownDoesNotCome) {
+TEST_F(ViewTest, AViewHiddenInItsContainersShownIsNotShown) {
     m_shell->onShown = [this] { m_explorer->hide(); };
     ShowActive(m_window);
     EXPECT_EQ(m_record, (Names{"shell"}));
@@ -139,7 +139,7 @@ TEST_F(ViewTest, AChangeOfParentHides) {
     m_explorer->setParent(m_shell);
 }
 
-TEST_F(ViewTest, DestructionHidesWhatWasOnShow) {
+TEST_F(ViewTest, DestructionHidesAVisibleView) {
     ShowActive(m_window);
     m_record.clear();
     delete m_tree;
@@ -158,7 +158,7 @@ TEST_F(ViewTest, AtDesignTimeNothingRuns) {
     EXPECT_EQ(m_record, Names());
 }
 
-TEST_F(ViewTest, AShowErrorIsRaisedAgainOnceByWhoeverAsks) {
+TEST_F(ViewTest, RaiseShowErrorRaisesTheErrorOnce) {
     m_explorer->hide();
     ShowActive(m_window);
     m_explorer->onShown = Fault("No database.");
@@ -167,7 +167,7 @@ TEST_F(ViewTest, AShowErrorIsRaisedAgainOnceByWhoeverAsks) {
         m_explorer->RaiseShowError();
         FAIL() << "No error was raised.";
     } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), 5);
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
         EXPECT_EQ(error.Description(), "No database.");
     }
     EXPECT_NO_THROW(m_explorer->RaiseShowError());
@@ -175,7 +175,7 @@ TEST_F(ViewTest, AShowErrorIsRaisedAgainOnceByWhoeverAsks) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(ViewTest, AShowErrorOfAViewInsideIsRaisedByTheOneAround) {
+TEST_F(ViewTest, RaiseShowErrorRaisesTheErrorOfAnInnerView) {
     m_explorer->hide();
     ShowActive(m_window);
     m_tree->onShown = Fault("LoadLocations: Error loading storage locations - no database");
@@ -191,7 +191,7 @@ TEST_F(ViewTest, AShowErrorOfAViewInsideIsRaisedByTheOneAround) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(ViewTest, AShowErrorNobodyAsksForIsReportedBackInTheEventLoop) {
+TEST_F(ViewTest, AnUnfetchedShowErrorIsReportedInTheEventLoop) {
     TestErrorLog().Announce("View.Shown");
     m_explorer->onShown = Fault("No database.");
     m_window.show();
@@ -201,7 +201,7 @@ TEST_F(ViewTest, AShowErrorNobodyAsksForIsReportedBackInTheEventLoop) {
     EXPECT_NO_THROW(m_explorer->RaiseShowError());
 }
 
-TEST_F(ViewTest, AViewThatFailsStillLetsItsChildrenComeAndGoes) {
+TEST_F(ViewTest, AfterAShowErrorTheChildrenAreStillShownAndHidden) {
     m_explorer->hide();
     ShowActive(m_window);
     m_record.clear();
@@ -212,7 +212,7 @@ TEST_F(ViewTest, AViewThatFailsStillLetsItsChildrenComeAndGoes) {
     EXPECT_EQ(m_record, (Names{"explorer", "tree", "-explorer", "-tree"}));
 }
 
-TEST_F(ViewTest, AShowErrorOfAViewThatIsDestroyedIsReported) {
+TEST_F(ViewTest, AShowErrorOfADestroyedViewIsReported) {
     m_explorer->hide();
     ShowActive(m_window);
     TestErrorLog().Announce("View.Shown");

@@ -24,7 +24,7 @@ const RecordingScreen::Message NoReason = {"Please indicate why this evidence is
 TEST_F(CartViewTest, AnEmptyBatchIsReportedAndTheFocusLeftAlone) {
     BeginSignOut();
     GetActions().BulkRemoveFromCart(ListOf({m_laptop, m_bar}));
-    Reason()->Dropdown()->Box()->setFocus();
+    Reason()->Box()->setFocus();
     const QWidget* before = QApplication::focusWidget();
     ASSERT_NE(before, nullptr);
     Transfer()->Click();

@@ -16,7 +16,7 @@ namespace quellbrook::testing {
 namespace {
 
 const std::string barcode = "\x02P0000004711\x03";
-constexpr int dpi = 254;  // ten dots to a millimetre
+constexpr int dpi = 254;  // ten dots to a millimeter
 
 FilledLabel Fill(const std::string& content, const LabelTemplate::Fields& fields) {
     return LabelTemplate("<svg xmlns='http://www.w3.org/2000/svg' width='100mm' height='60mm' viewBox='0 0 100 60'>" +
@@ -26,7 +26,7 @@ FilledLabel Fill(const std::string& content, const LabelTemplate::Fields& fields
 
 bool IsDark(const QImage& image, int x, int y) { return qGray(image.pixel(x, y)) < 128; }
 
-// The smallest rectangle that holds everything that is not white.
+// The smallest rectangle around everything that is not white.
 QRect InkOf(const QImage& image) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y)
@@ -72,7 +72,7 @@ TEST(LabelPainter, BarsAreWholeDotsWideAndTheSymbolFillsItsRectangle) {
     EXPECT_GE(950 - ink.right() - 1, 10 * 5) << "quiet zone";
 }
 
-TEST(LabelPainter, UnderAHighSymbolStandsItsReadableText) {
+TEST(LabelPainter, ATallSymbolHasItsReadableTextBelow) {
     const FilledLabel label = Fill("<rect id='barcode' x='5' y='10' width='90' height='20'/>", {{"barcode", barcode}});
     const QImage image = MakeLabelImage(label, dpi);
     EXPECT_EQ(RunsOf(image, 120), ExpectedRuns(5));
@@ -83,7 +83,7 @@ TEST(LabelPainter, UnderAHighSymbolStandsItsReadableText) {
     EXPECT_LE(263 + text.bottom(), 299);
 }
 
-TEST(LabelPainter, ATurnedSymbolIsTheSameSymbol) {
+TEST(LabelPainter, ARotatedSymbolIsTheSameSymbol) {
     for (const auto& [transform, turns] :
          std::vector<std::pair<std::string, int>>{{"translate(30,2) rotate(90)", 1},
                                                   {"translate(90,40) rotate(180)", 2},
@@ -99,7 +99,7 @@ TEST(LabelPainter, ATurnedSymbolIsTheSameSymbol) {
     }
 }
 
-TEST(LabelPainter, WhatLiesUnderASymbolIsCovered) {
+TEST(LabelPainter, TheDrawingUnderASymbolIsCovered) {
     const FilledLabel label = Fill(
         "<rect x='0' y='0' width='100' height='60' fill='#888888'/>"
         "<rect id='barcode' x='5' y='10' width='90' height='7'/>",
@@ -108,18 +108,18 @@ TEST(LabelPainter, WhatLiesUnderASymbolIsCovered) {
     for (int x = 50; x < 100; ++x) EXPECT_EQ(image.pixel(x, 120), QColor(Qt::white).rgb()) << x;
 }
 
-TEST(LabelPainter, ARectangleThatIsTooNarrowForASymbolIsRefused) {
+TEST(LabelPainter, ARectangleTooNarrowForItsSymbolIsRejected) {
     const FilledLabel label = Fill("<rect id='barcode' x='5' y='10' width='30' height='7'/>", {{"barcode", barcode}});
     EXPECT_EQ(RaisedBy([&] { MakeLabelImage(label, 203); }).Description(),
-              "The rectangle of the label template is too narrow for its barcode, which takes 42 mm on this printer.");
+              "The rectangle of the label template is too narrow for its barcode, which needs 42 mm on this printer.");
     EXPECT_EQ(RaisedBy([&] { MakeLabelImage(label, 300); }).Description(),
-              "The rectangle of the label template is too narrow for its barcode, which takes 42 mm on this printer.")
+              "The rectangle of the label template is too narrow for its barcode, which needs 42 mm on this printer.")
         << "two dots are too narrow there";
     const FilledLabel wide = Fill("<rect id='barcode' x='5' y='10' width='42' height='7'/>", {{"barcode", barcode}});
     EXPECT_FALSE(MakeLabelImage(wide, 203).isNull());
 }
 
-TEST(LabelPainter, ATextStaysInItsBoxHoweverLongItIs) {
+TEST(LabelPainter, ALongTextStaysInItsBox) {
     for (const char* anchor : {"start", "middle", "end"})
         for (const QString& text :
              {QString("short"), QString("words and more words ").repeated(60), QString(900, 'W')}) {
@@ -133,7 +133,7 @@ TEST(LabelPainter, ATextStaysInItsBoxHoweverLongItIs) {
         }
 }
 
-TEST(LabelPainter, MarksPiledUponALetterStayInItsBoxToo) {
+TEST(LabelPainter, StackedCombiningMarksStayInTheBox) {
     std::string piled = "Z";
     for (int mark = 0; mark < 40; ++mark) piled += "\xCC\x81";
     const FilledLabel label = Fill(
@@ -144,7 +144,7 @@ TEST(LabelPainter, MarksPiledUponALetterStayInItsBoxToo) {
     EXPECT_TRUE(QRect(200, 300, 500, 60).contains(ink)) << ink.top() << " to " << ink.bottom();
 }
 
-TEST(LabelPainter, ATextStandsAtItsAnchor) {
+TEST(LabelPainter, ATextIsAtItsAnchor) {
     const auto inkAt = [](const std::string& anchor) {
         return InkOf(MakeLabelImage(Fill("<text id='name' font-size='5' text-anchor='" + anchor +
                                              "'/><rect id='name_box' x='20' y='10' width='50' height='12'/>",
@@ -156,14 +156,14 @@ TEST(LabelPainter, ATextStandsAtItsAnchor) {
     EXPECT_NEAR(inkAt("end").right(), 700, 8);
 }
 
-TEST(LabelPainter, ATextWithoutABoxStandsWhereTheTemplatesTextStood) {
+TEST(LabelPainter, ATextWithoutABoxReplacesTheTemplatesText) {
     const QRect ink =
         InkOf(MakeLabelImage(Fill("<text id='name' x='20' y='30' font-size='5'/>", {{"name", "HIH"}}), dpi));
     EXPECT_NEAR(ink.left(), 204, 6);
     EXPECT_NEAR(ink.bottom(), 300, 4) << "its baseline";
 }
 
-TEST(LabelPainter, MarkupIsText) {
+TEST(LabelPainter, MarkupIsPlainText) {
     const auto widthOf = [](const char* text) {
         return InkOf(MakeLabelImage(Fill("<text id='name' x='2' y='30' font-size='5'/>", {{"name", text}}), dpi))
             .width();

@@ -29,7 +29,7 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    // A command of the print system that does what the lines say.
+    // A print command that runs these shell lines.
     void PutCommand(const char* name, const QByteArray& lines) {
         QDir().mkpath(In("bin"));
         QFile script(In("bin") + "/" + name);
@@ -65,7 +65,7 @@ TEST_F(LabelPrintersTest, ALabelPrintedAgainReplacesItsPdf) {
     EXPECT_GT(Read(In("P0000004711.pdf")).size(), 1000);
 }
 
-TEST_F(LabelPrintersTest, APdfThatCantBeWrittenIsSaidSo) {
+TEST_F(LabelPrintersTest, APdfThatCantBeWrittenIsReported) {
     QFile taken(In("taken"));
     ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
     PdfLabelPrinter printer(In("taken"), 203);
@@ -82,7 +82,7 @@ TEST_F(LabelPrintersTest, AJobHasTheLabelsPageSize) {
     EXPECT_TRUE(Read(In("job.pdf")).trimmed().endsWith("%%EOF"));
 }
 
-TEST_F(LabelPrintersTest, APrinterThatRefusesSaysSoInItsOwnWords) {
+TEST_F(LabelPrintersTest, ARejectionHasThePrintersOwnMessage) {
     SystemLabelPrinter printer("gone", 203);
     PutCommand("lp", "cat >/dev/null; echo 'lp: The printer or class does not exist.' >&2; exit 1");
     EXPECT_EQ(RefusalOf(printer), "The printer or class does not exist.");
@@ -91,10 +91,10 @@ TEST_F(LabelPrintersTest, APrinterThatRefusesSaysSoInItsOwnWords) {
     PutCommand("lp", "cat >/dev/null; echo \"$0: Error - The printer or class does not exist.\" >&2; exit 1");
     EXPECT_EQ(RefusalOf(printer), "The printer or class does not exist.");
     PutCommand("lp", "exec 0<&-; exit 3");
-    EXPECT_EQ(RefusalOf(printer), "The printer 'gone' has refused the label.");
+    EXPECT_EQ(RefusalOf(printer), "The printer 'gone' rejected the label.");
 }
 
-TEST_F(LabelPrintersTest, WithoutAPrintSystemASentenceSaysSo) {
+TEST_F(LabelPrintersTest, AMissingPrintSystemIsReported) {
     qputenv("PATH", m_folder.path().toUtf8());
     SystemLabelPrinter printer("any", 203);
     EXPECT_EQ(RefusalOf(printer).rfind("The print command 'lp' of this system can't be started: ", 0), 0u);

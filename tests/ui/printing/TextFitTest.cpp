@@ -16,7 +16,7 @@ FittedText Fit(const QString& text, const QSizeF& size = room) {
     return FitText(text, QFont(QStringLiteral("Inter")), largest, smallest, size);
 }
 
-// Every line within the room's width, all of them within its height.
+// Every line fits the width, all lines fit the height.
 void ExpectFits(const FittedText& fitted, const QSizeF& size = room) {
     const QFontMetricsF metrics(fitted.font);
     for (const QString& line : fitted.lines)
@@ -39,7 +39,7 @@ TEST(TextFit, ATextIsBrokenBetweenWordsBeforeItShrinks) {
     ExpectFits(fitted);
 }
 
-TEST(TextFit, ALongerTextShrinksAndStaysWhole) {
+TEST(TextFit, ALongerTextShrinksBeforeItIsShortened) {
     const QString text = "Steel wheel of a bicycle, bent, 26 inch, found behind the shed of the neighbour's house";
     const FittedText fitted = Fit(text);
     EXPECT_LT(fitted.font.pixelSize(), largest);
@@ -55,7 +55,7 @@ TEST(TextFit, AWordThatIsTooWideShrinksRatherThanBreaks) {
     ExpectFits(fitted, QSizeF(400, 100));
 }
 
-TEST(TextFit, WhatIsTooLongEvenThenEndsInAnEllipsis) {
+TEST(TextFit, ATextTooLongForTheSmallestSizeEndsInAnEllipsis) {
     const QString text = QString("Steel wheel of a bicycle ").repeated(40);
     const FittedText fitted = Fit(text);
     EXPECT_EQ(fitted.font.pixelSize(), smallest);
@@ -65,7 +65,7 @@ TEST(TextFit, WhatIsTooLongEvenThenEndsInAnEllipsis) {
     ExpectFits(fitted);
 }
 
-TEST(TextFit, AWordWithoutEndIsCutIntoLines) {
+TEST(TextFit, AVeryLongWordIsBrokenIntoLines) {
     const FittedText fitted = Fit(QString(5000, 'W'));
     EXPECT_EQ(fitted.font.pixelSize(), smallest);
     EXPECT_TRUE(fitted.lines.back().endsWith(QChar(0x2026)));
@@ -94,7 +94,7 @@ TEST(TextFit, AnEmptyTextHasNothingToDraw) {
     EXPECT_EQ(Fit(" \n ").lines.join("").toStdString(), "");
 }
 
-TEST(TextFit, ARoomThatIsTooLowHoldsOneLineAtTheSmallestSize) {
+TEST(TextFit, ABoxThatIsTooLowHasOneLineAtTheSmallestSize) {
     const FittedText fitted = Fit("Steel wheel of a bicycle", QSizeF(600, 5));
     EXPECT_EQ(fitted.lines.size(), 1);
     EXPECT_EQ(fitted.font.pixelSize(), smallest);
