@@ -7,7 +7,7 @@ namespace quellbrook {
 
 // Raises error 5 for an unusable template: "The label template " and the reason.
 [[noreturn]] void RefuseTemplate(const std::string& why);
-// Error 5 for one of its fields: "The template field 'name' " and why.
+// Raises error 5 for a field: "The template field 'name' " and the reason.
 [[noreturn]] void RefuseField(const std::string& name, const std::string& why);
 
 // A text of the template in quotes; a long one is shortened.

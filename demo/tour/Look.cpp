@@ -179,6 +179,7 @@ Spot SpotOf(QMenu* menu, const QString& entry) {
 }
 
 Spot SpotOfPart(QWidget* widget, const QString& name) {
+    if (widget && widget->focusProxy()) widget = widget->focusProxy();
     QAccessibleInterface* whole = widget ? QAccessible::queryAccessibleInterface(widget) : nullptr;
     if (!whole) return std::nullopt;
     for (int k = 0; k < whole->childCount(); ++k) {

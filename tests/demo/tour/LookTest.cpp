@@ -1,10 +1,12 @@
 #include "demo/tour/Look.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/controls/FlatTabs.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTabBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -84,6 +86,15 @@ TEST_F(LookTest, ASpotIsInTheMiddleOfWhatCanBePressed) {
     EXPECT_EQ(tour::SpotOf(m_field), m_field->mapToGlobal(m_field->rect().center()));
     m_field->setEnabled(false);
     EXPECT_EQ(tour::SpotOf(m_field), std::nullopt);
+}
+
+TEST_F(LookTest, ATabIsFoundByItsCaption) {
+    QWidget window;
+    FlatTabs tabs(&window);
+    tabs.AddTab("Details");
+    tabs.AddTab("Chain of Custody");
+    ShowActive(window);
+    EXPECT_EQ(tour::SpotOfPart(&tabs, "Chain of Custody"), tabs.Bar()->mapToGlobal(tabs.Bar()->tabRect(1).center()));
 }
 
 TEST_F(LookTest, WhatIsCoveredHasNoSpot) {

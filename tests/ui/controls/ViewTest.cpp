@@ -45,7 +45,7 @@ protected:
     }
 
     // The events that every widget of a minimized or restored window receives.
-    static void TellSpontaneously(QWidget& widget, bool shown) {
+    static void SendSpontaneously(QWidget& widget, bool shown) {
         std::unique_ptr<QEvent> event;
         if (shown)
             event = std::make_unique<QShowEvent>();
@@ -77,9 +77,9 @@ TEST_F(ViewTest, MinimizingAndRestoringRaisesNothing) {
     ShowActive(m_window);
     m_record.clear();
     for (View* view : {static_cast<View*>(m_shell), static_cast<View*>(m_explorer), static_cast<View*>(m_tree)})
-        TellSpontaneously(*view, false);
+        SendSpontaneously(*view, false);
     for (View* view : {static_cast<View*>(m_tree), static_cast<View*>(m_explorer), static_cast<View*>(m_shell)})
-        TellSpontaneously(*view, true);
+        SendSpontaneously(*view, true);
     EXPECT_EQ(m_record, Names());
     m_window.showMinimized();
     ServeEvents();
@@ -113,10 +113,10 @@ TEST_F(ViewTest, AViewShownInItsContainersShownIsShownAtOnce) {
     m_explorer->hide();
     m_shell->onShown = [this] {
         m_explorer->show();
-        m_record.push_back("shell goes on");
+        m_record.push_back("shell continues");
     };
     ShowActive(m_window);
-    EXPECT_EQ(m_record, (Names{"shell", "explorer", "tree", "shell goes on"}));
+    EXPECT_EQ(m_record, (Names{"shell", "explorer", "tree", "shell continues"}));
 }
 
 TEST_F(ViewTest, AViewHiddenInItsContainersShownIsNotShown) {

@@ -40,7 +40,7 @@ TEST(TextFit, ATextIsBrokenBetweenWordsBeforeItShrinks) {
 }
 
 TEST(TextFit, ALongerTextShrinksBeforeItIsShortened) {
-    const QString text = "Steel wheel of a bicycle, bent, 26 inch, found behind the shed of the neighbour's house";
+    const QString text = "Steel wheel of a bicycle, bent, 26 inch, found behind the shed of the neighbor's house";
     const FittedText fitted = Fit(text);
     EXPECT_LT(fitted.font.pixelSize(), largest);
     EXPECT_GT(fitted.font.pixelSize(), smallest);
