@@ -51,7 +51,8 @@ FittedText Fitted(const QFont& font, const BrokenText& broken) {
 
 FittedText Shortened(const QString& text, const QFont& font, const QSizeF& room) {
     BrokenText broken = Break(text, font, room.width(), QTextOption::WrapAtWordBoundaryOrAnywhere);
-    const auto most = std::max<qsizetype>(1, std::floor((room.height() + Slack) / std::max(broken.lineHeight, 1.0)));
+    const double fitting = std::floor((room.height() + Slack) / std::max(broken.lineHeight, 1.0));
+    const auto most = std::max<qsizetype>(1, static_cast<qsizetype>(fitting));
     if (broken.lines.size() <= most) return Fitted(font, broken);
     const QString rest = text.mid(broken.starts[static_cast<size_t>(most - 1)]);
     broken.lines = broken.lines.mid(0, most - 1);
