@@ -160,6 +160,7 @@ void FilterByType(Composition& query, const SearchShape& shape) {
 }
 
 void FilterByCustody(Composition& query, const SearchShape& shape) {
+    if (shape.anywhere) return;
     const QueryExpression location = query.base.Column("StorageLocNo");
     if (shape.untracked)
         query.whole.Where(location.Equals(Null()).And(query.base.Column("CurrTrackSeq").Equals(Null())));

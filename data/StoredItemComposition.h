@@ -20,6 +20,7 @@ struct SearchShape {
     std::optional<std::string> numberPattern = {};  // not set: equal to NumberParameter
     std::string description = {};
     bool untracked = false;
+    bool anywhere = false;  // with and without a location; untracked is ignored
     bool tagged = false;
     bool seesProperty = true;
     bool seesVehicles = true;

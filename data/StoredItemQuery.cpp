@@ -62,6 +62,7 @@ BoundQuery Bind(StoredItemCriteria& criteria) {
                                                    .numberPattern = NumberPatternOf(criteria),
                                                    .description = criteria.description,
                                                    .untracked = criteria.untracked,
+                                                   .anywhere = criteria.anywhere,
                                                    .tagged = criteria.tagged,
                                                    .seesProperty = GetUser().Can(GetPermissions().VIEW_PROPERTY()),
                                                    .seesVehicles = GetUser().Can(GetPermissions().VIEW_VEHICLE())});

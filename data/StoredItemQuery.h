@@ -19,6 +19,7 @@ struct StoredItemCriteria {
     std::string number;
     std::string description;
     bool untracked = false;  // items without a location and without custody; otherwise items with a location
+    bool anywhere = false;   // items with and without a location; untracked is ignored
     bool tagged = false;
 
     // No location, description, number or item type: such a search finds nothing and does not query the database.

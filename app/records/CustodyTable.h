@@ -6,8 +6,8 @@
 
 namespace quellbrook {
 
-// A chain of custody as a table, a row a step in the order given: date, reason, from whom, by whom, location. Paths of
-// locations are shown whole; in a narrow table they are scrolled to.
+// A chain of custody as a table with a row per step: date, reason, received from, received by, location. Location paths
+// are complete; a narrow table scrolls to them.
 class CustodyTable : public QTreeWidget {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ protected:
 private:
     void FitColumns();
 
-    int m_locationWidth = 0;  // that the longest path needs
+    int m_locationWidth = 0;  // width of the longest path
 };
 
 }  // namespace quellbrook

@@ -38,7 +38,7 @@ void PictureLabel::FitTo(qreal devicePixelRatio) {
     setPixmap(fitted);
 }
 
-// A window learns its ratio when it comes to a screen, and another one when it moves to another.
+// The ratio is known once the window is on a screen, and changes with the screen.
 void PictureLabel::paintEvent(QPaintEvent* event) {
     if (pixmap(Qt::ReturnByValue).devicePixelRatio() != devicePixelRatioF()) FitTo(devicePixelRatioF());
     QLabel::paintEvent(event);

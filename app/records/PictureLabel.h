@@ -7,13 +7,12 @@
 
 namespace quellbrook {
 
-// A picture in a hairline frame, with all the device pixels of the window that it is in.
+// A picture in a hairline frame, drawn at the window's device resolution.
 class PictureLabel : public QLabel {
     Q_OBJECT
 
 public:
-    // As large as the picture is, frame and all not larger than the room; the proportions stay. Where the picture lets
-    // the ground through, the ground is white.
+    // Shows the picture at its own size, or scaled down with its frame to `room`. Transparent pixels are white.
     PictureLabel(const Picture& picture, const QSize& room, QWidget* parent = nullptr);
 
 protected:

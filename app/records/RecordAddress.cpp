@@ -33,11 +33,11 @@ std::string Quoted(std::string_view text) {
 
 [[noreturn]] void Refuse(std::string_view text) {
     Raise(ErrorNumber::General, "ParseRecordAddress",
-          Quoted(text) + " is not the address of a record; write " + BeginningOf(modules[0].word) + "open/NUMBER or " +
+          Quoted(text) + " is not the address of a record. Write " + BeginningOf(modules[0].word) + "open/NUMBER or " +
               BeginningOf(modules[1].word) + "open/NUMBER, with a number from 1 to 2147483647.");
 }
 
-// 0 for a text that is no number of a record.
+// 0 for a text that is not a record number.
 int32_t NumberOf(std::string_view digits) {
     if (digits.empty() || digits.front() < '1' || digits.front() > '9') return 0;
     int32_t number = 0;

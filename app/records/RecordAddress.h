@@ -8,8 +8,8 @@ namespace quellbrook {
 
 enum class RecordKind { Property, Vehicle };
 
-// The address under which the desktop and other programs ask the host for a record:
-// "tessarine://miproperty/open/42", "tessarine://mivehicle/open/42".
+// The address of a record for the desktop and other programs: "tessarine://miproperty/open/42",
+// "tessarine://mivehicle/open/42".
 struct RecordAddress {
     RecordKind kind = RecordKind::Property;
     int32_t number = 0;  // 1 to 2147483647
@@ -19,15 +19,14 @@ struct RecordAddress {
 };
 
 inline constexpr std::string_view RecordScheme = "tessarine";
-// No address is longer, the slash that a desktop may add included.
+// The maximum length, including the slash that a desktop may add.
 inline constexpr size_t LongestRecordAddress = 39;
 
-// Scheme and module word in any case, since openers of addresses change it, and one slash more at the end, since some
-// desktops add it. Error 5 with a sentence for any other text; the sentence quotes it in printable characters, cut
-// where it is long.
+// Scheme and module word are case-insensitive, and one trailing slash is allowed, since desktops change both. Error 5
+// with a sentence for any other text; it quotes the beginning of the text in printable characters.
 RecordAddress ParseRecordAddress(std::string_view text);
 
-// Whether the text begins as an address does, so that it was meant for one.
+// Whether the text starts with the scheme, so that it was meant as an address.
 bool HasRecordScheme(std::string_view text);
 
 }  // namespace quellbrook

@@ -7,7 +7,6 @@
 #include "app/records/RecordTexts.h"
 #include "base/Error.h"
 #include "base/ErrorLog.h"
-#include "base/Picture.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -19,33 +18,17 @@ namespace quellbrook {
 namespace {
 
 constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380, pictureHeight = 200;
+constexpr int darkGround = 80;  // of 255; white text is easier to read on darker ones
 const char* const securedColor = "#DC5C1C";
 
-struct TagColors {
-    const char* ground;
-    const char* text;
-};
-
-TagColors ColorsOf(RecordStatus status) {
-    switch (status) {
-    case RecordStatus::NotInStorage: return {"#FF0000", "#0B0F0E"};
-    case RecordStatus::InStorage: return {"#24AD87", "#0B0F0E"};
-    case RecordStatus::SignedOut: return {"#C00000", "#FFFFFF"};
-    case RecordStatus::Disposed: return {"#808080", "#0B0F0E"};
-    case RecordStatus::Uncategorized:
-    case RecordStatus::NeedsReview: break;
-    }
-    return {"#FF8000", "#0B0F0E"};
-}
-
-QLabel* MakeTag(RecordStatus status, QWidget* parent) {
-    auto* tag = MakeLabel(StatusOf(status), 12, QFont::DemiBold, parent);
+QLabel* MakeTag(const ItemStatus& status, QWidget* parent) {
+    auto* tag = MakeLabel(ToShown(status.caption), 12, QFont::DemiBold, parent);
     tag->setObjectName(QStringLiteral("statusTag"));
     tag->setWordWrap(false);
     tag->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    const TagColors colors = ColorsOf(status);
+    const QColor ground(status.color & 0xFF, status.color >> 8 & 0xFF, status.color >> 16 & 0xFF);
     tag->setStyleSheet(QStringLiteral("background: %1; color: %2; border-radius: 2px; padding: 2px 8px;")
-                           .arg(QString::fromLatin1(colors.ground), QString::fromLatin1(colors.text)));
+                           .arg(ground.name(), qGray(ground.rgb()) < darkGround ? "#FFFFFF" : "#0B0F0E"));
     return tag;
 }
 
@@ -167,7 +150,7 @@ QWidget* RecordPage::MakeFields(const Record& record) {
     auto* column = new QVBoxLayout(fields);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
-    if (record.picture) {
+    if (record.picture || !record.pictureFailure.empty()) {
         column->addWidget(MakePicture(record));
         column->addSpacing(24);
     }
@@ -191,19 +174,14 @@ QWidget* RecordPage::MakeFields(const Record& record) {
 }
 
 QLabel* RecordPage::MakePicture(const Record& record) const {
-    std::string refusal = record.picture->refusal;
-    if (refusal.empty()) {
-        try {
-            const int width = fieldsWidth - 2 * margin - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-            auto* picture = new PictureLabel(LoadPicture(record.picture->fileName), QSize(width, pictureHeight));
-            const QString identifier = ToShown(record.identifier).simplified();
-            picture->setAccessibleName(tr("Picture of %1").arg(identifier.isEmpty() ? Title() : identifier));
-            return picture;
-        } catch (...) {
-            refusal = CurrentError().Description();
-        }
+    if (record.picture) {
+        const int width = fieldsWidth - 2 * margin - style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        auto* picture = new PictureLabel(*record.picture, QSize(width, pictureHeight));
+        const QString identifier = ToShown(record.identifier).simplified();
+        picture->setAccessibleName(tr("Picture of %1").arg(identifier.isEmpty() ? Title() : identifier));
+        return picture;
     }
-    auto* sentence = new WrappedLabel(ToShown(refusal), 14, QFont::Normal);
+    auto* sentence = new WrappedLabel(ToShown(record.pictureFailure), 14, QFont::Normal);
     sentence->setObjectName(QStringLiteral("noPicture"));
     MakeQuiet(sentence);
     return sentence;

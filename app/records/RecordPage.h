@@ -12,8 +12,8 @@ class QVBoxLayout;
 
 namespace quellbrook {
 
-// The host's page of one record, to be read only: its picture, all its fields, the incidents and the whole chain of
-// custody that the user may see; or a sentence that says why it can't be shown. Empty until Load.
+// The host's read-only page of one record: picture, fields, incidents and chain of custody as far as the user may see
+// them, or a sentence that explains why it cannot be shown. Empty until Load.
 class RecordPage : public QWidget {
     Q_OBJECT
 
@@ -21,17 +21,17 @@ public:
     explicit RecordPage(const RecordAddress& address, QWidget* parent = nullptr);
 
     const RecordAddress& Address() const { return m_address; }
-    // Kind and identifier; the number while no record is shown, and for one without an identifier.
+    // Kind and identifier, or the number without a record or an identifier.
     QString Title() const;
 
-    // Reads the record anew. Where nothing has changed the page stays as it is, scrolled as it is.
+    // Reads the record again. The page, with its scroll positions, stays if nothing has changed.
     void Load();
 
 private:
     QWidget* MakeContent(const Record& record);
     QWidget* MakeHeading(const Record& record);
     QWidget* MakeFields(const Record& record);
-    QLabel* MakePicture(const Record& record) const;  // or the sentence in its place
+    QLabel* MakePicture(const Record& record) const;  // or a sentence that explains its absence
     QWidget* MakeCustody(const Record& record);
     QWidget* MakeSentence(const std::string& sentence);
 

@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// Why a record can't be shown: one sentence.
+// One sentence that explains why a record cannot be shown.
 struct RecordRefusal {
     std::string sentence;
 
@@ -15,9 +15,8 @@ struct RecordRefusal {
 
 using RecordAnswer = std::variant<Record, RecordRefusal>;
 
-// Reads the record from the host's database as it stands now, as far as the user of the session may see it. Refused are
-// a user without the right to view records of this kind, and a number that no record has. A picture that can't be had
-// is said to be so in the record. Failures of the database pass on.
+// Reads the record as it is in the database now, as far as the user of the session may see it. Refuses a user who may
+// not view records of this kind, and a number without a record. Failures of the database pass through.
 RecordAnswer ReadRecord(const RecordAddress& address);
 
 }  // namespace quellbrook

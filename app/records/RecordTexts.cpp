@@ -49,18 +49,6 @@ QString KindOf(const RecordAddress& address) {
     return address.kind == RecordKind::Property ? Tr("Property") : Tr("Vehicle");
 }
 
-QString StatusOf(RecordStatus status) {
-    switch (status) {
-    case RecordStatus::NotInStorage: return Tr("Not in Storage");
-    case RecordStatus::Uncategorized: return Tr("In Uncategorized Location");
-    case RecordStatus::InStorage: return Tr("In Storage");
-    case RecordStatus::SignedOut: return Tr("Signed Out");
-    case RecordStatus::Disposed: return Tr("Disposed");
-    case RecordStatus::NeedsReview: return Tr("Needs Review");
-    }
-    return {};
-}
-
 QString DateOf(const CustodyStep& step) {
     if (!step.received) return {};
     const DateTime::Parts parts = step.received->ToParts();
@@ -85,14 +73,14 @@ QString NumberOf(const RecordIncident& incident) {
 
 std::vector<RecordSection> SectionsOf(const Record& record) {
     const QString disposition = ToShown(record.finalDisposition);
-    return {
-        BasicInformation(record),
-        Identifiers(record),
-        {Tr("Where It Is"),
-         {{"status", Tr("Status"), StatusOf(record.status)}, {"location", Tr("Location"), ToShown(record.location)}}},
-        {Tr("Final Disposition"),
-         {{"finalDisposition", Tr("Disposition"), record.hasFinalDisposition ? disposition : Tr("None yet")},
-          {"dispositionNote", Tr("Note"), ToShown(record.dispositionNote)}}}};
+    return {BasicInformation(record),
+            Identifiers(record),
+            {Tr("Where It Is"),
+             {{"status", Tr("Status"), ToShown(record.status.caption)},
+              {"location", Tr("Location"), ToShown(record.location)}}},
+            {Tr("Final Disposition"),
+             {{"finalDisposition", Tr("Disposition"), record.hasFinalDisposition ? disposition : Tr("None yet")},
+              {"dispositionNote", Tr("Note"), ToShown(record.dispositionNote)}}}};
 }
 
 }  // namespace quellbrook

@@ -8,11 +8,10 @@
 
 namespace quellbrook {
 
-// A record as a person reads it.
+// The texts of a record page.
 
-QString ToShown(const std::string& text);  // line ends of two characters become one
+QString ToShown(const std::string& text);  // with "\r\n" as "\n"
 QString KindOf(const RecordAddress& address);
-QString StatusOf(RecordStatus status);
 QString DateOf(const CustodyStep& step);  // date and time in the host's formats
 QString QuantityOf(const Record& record);
 QString ValueOf(const Record& record);  // in the host's currency
@@ -22,14 +21,14 @@ QString NumberOf(const RecordIncident& incident);
 struct RecordField {
     const char* name;  // of its label
     QString caption;
-    QString text;  // empty where nothing was entered
+    QString text;  // empty if nothing was entered
 };
 struct RecordSection {
     QString caption;
     std::vector<RecordField> fields;
 };
 
-// Every field of the record but its incidents and its chain of custody.
+// All fields of the record except its incidents and its chain of custody.
 std::vector<RecordSection> SectionsOf(const Record& record);
 
 }  // namespace quellbrook

@@ -20,8 +20,8 @@ constexpr int toolLimit = 20'000;  // milliseconds
 
 std::string MimeType() { return "x-scheme-handler/" + std::string(RecordScheme); }
 
-// A word of the key Exec: quoted, with the characters escaped that mean something inside quotes, then with the escapes
-// of a text value, and with the sign that begins a field code doubled.
+// Quotes a word of the key Exec: escapes special characters inside the quotes, then backslashes as in any text value,
+// and doubles "%".
 std::string ExecWord(const std::string& word) {
     std::string escaped = "\"";
     for (const char c : word) {
@@ -48,7 +48,7 @@ void WriteEntry(const QString& directory, const std::string& text) {
         Raise(ErrorNumber::General, source, "The file '" + file.fileName().toStdString() + "' can't be written.");
 }
 
-// False when it is not installed.
+// False if it is not installed.
 bool RunTool(const char* name, const QStringList& arguments) {
     const QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
     if (path.isEmpty()) return false;
@@ -56,7 +56,7 @@ bool RunTool(const char* name, const QStringList& arguments) {
     tool.start(path, arguments);
     if (!tool.waitForFinished(toolLimit) || tool.exitStatus() != QProcess::NormalExit || tool.exitCode() != 0)
         Raise(ErrorNumber::General, source,
-              "The desktop was not told of the program: " + std::string(name) + " failed.");
+              "The desktop could not register the program: " + std::string(name) + " failed.");
     return true;
 }
 

@@ -5,13 +5,12 @@
 
 namespace quellbrook {
 
-// Lets the desktop of this user open addresses of records with the program: writes its entry into the user's data
-// directory ($XDG_DATA_HOME) and tells the desktop's own tools of it, those that are installed. The arguments stand
-// before the address whenever the desktop starts the program. Returns what was done, in one line; Error 5 with a
-// sentence when the entry can't be written or a tool fails.
+// Registers the program for record addresses on this user's desktop: writes a desktop entry into the user's data
+// directory ($XDG_DATA_HOME) and runs the desktop tools that are installed. The desktop passes the arguments before the
+// address. Returns a one-line summary. Error 5 with a sentence if the entry cannot be written or a tool fails.
 std::string RegisterRecordScheme(const std::string& program, const std::vector<std::string>& arguments);
 
-// The entry's text. Error 5 for a program or an argument that an entry can't name: one with a control character.
+// The text of the desktop entry. Error 5 if the program or an argument has a control character.
 std::string DesktopEntry(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace quellbrook

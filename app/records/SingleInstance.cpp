@@ -14,7 +14,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr qint64 longestMessage = LongestRecordAddress + 1;  // with the line's end
+constexpr qint64 longestMessage = LongestRecordAddress + 1;  // including the line end
 const char* const taken = "taken\n";
 const char* const refused = "refused\n";
 
@@ -40,7 +40,7 @@ bool HandOver(const QString& socket, const RecordAddress& address, int limitMill
     return caller.readLine() == taken;
 }
 
-// One program that has called. Goes with its connection.
+// One connection; deletes itself when it ends.
 class InstanceServer::Caller : public QObject {
 public:
     Caller(QLocalSocket* socket, InstanceServer* server) : QObject(server), m_server(server), m_socket(socket) {
@@ -50,7 +50,7 @@ public:
         connect(m_socket, &QLocalSocket::disconnected, this, [this] { GuardHost(nullptr, [this] { Leave(); }); });
         m_patience.setSingleShot(true);
         connect(&m_patience, &QTimer::timeout, this,
-                [this] { GuardHost(nullptr, [this] { Refuse("It came too slowly."); }); });
+                [this] { GuardHost(nullptr, [this] { Refuse("It was not complete in time."); }); });
         m_patience.start(server->m_limit);
         if (m_socket->bytesAvailable() > 0) Read();
     }
@@ -78,7 +78,7 @@ private:
     }
 
     void Refuse(const std::string& why) {
-        LogFault("A message of another program was refused. " + why);
+        LogFault("A message from another program was refused. " + why);
         Answer(refused);
     }
 
@@ -92,7 +92,7 @@ private:
     void Leave() {
         if (!m_answered && m_socket->bytesAvailable() > 0) {
             m_answered = true;
-            LogFault("A message of another program was refused. It was not complete.");
+            LogFault("A message from another program was refused. It was not complete.");
         }
         m_patience.stop();
         deleteLater();
@@ -109,7 +109,7 @@ InstanceServer::InstanceServer(const QString& socket, int limitMilliseconds)
     m_lock.setStaleLockTime(0);
     if (!m_lock.tryLock(0)) {
         if (m_lock.error() != QLockFile::LockFailedError)
-            LogFault("The file '" + m_lock.fileName().toStdString() + "' can't be made.");
+            LogFault("The file '" + m_lock.fileName().toStdString() + "' can't be created.");
         return;
     }
     QLocalServer::removeServer(socket);
@@ -119,7 +119,7 @@ InstanceServer::InstanceServer(const QString& socket, int limitMilliseconds)
             while (QLocalSocket* caller = m_server.nextPendingConnection()) new Caller(caller, this);
         });
     });
-    if (!m_server.listen(socket)) LogFault("The socket '" + socket.toStdString() + "' can't be made.");
+    if (!m_server.listen(socket)) LogFault("The socket '" + socket.toStdString() + "' can't be created.");
 }
 
 }  // namespace quellbrook

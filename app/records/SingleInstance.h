@@ -11,36 +11,36 @@
 
 namespace quellbrook {
 
-// Where the program of this user that has the department open hears addresses: a socket in the directory, named after
-// the user and the database file, however its path is written.
+// The socket of this user's program that has the database open. Different spellings of the database's path give the
+// same socket.
 QString InstanceSocket(const QString& directory, const std::string& databasePath);
 
-inline constexpr int InstanceTimeLimit = 5000;  // milliseconds, for every wait on the other end
+inline constexpr int InstanceTimeLimit = 5000;  // milliseconds, for every wait on the other process
 
-// Hands the address to the program that hears at the socket. False when there is none, when it does not answer in time,
-// and when it does not take the address.
+// Sends the address to the program that listens on the socket. False if there is none, it does not answer in time, or
+// it refuses.
 bool HandOver(const QString& socket, const RecordAddress& address, int limitMilliseconds = InstanceTimeLimit);
 
-// Hears addresses that later starts of the program hand over. A message is one line with an address and nothing behind
-// it; any other is refused and logged, and so is one that is not complete in time.
+// Receives addresses from later starts of the program. A message is one line with an address. Any other message, and
+// one that is not complete in time, is refused and logged.
 class InstanceServer : public QObject {
     Q_OBJECT
 
 public:
-    // Hears from now on, unless another program does so at this socket. What a program that crashed left there is
-    // removed. A socket that can't be made is logged. Only this user can reach it.
+    // Starts to listen, unless another program listens on this socket. Removes what a crashed program left. Failures
+    // are logged. Only this user can connect.
     explicit InstanceServer(const QString& socket, int limitMilliseconds = InstanceTimeLimit);
 
     bool IsListening() const { return m_server.isListening(); }
 
 signals:
-    // The other end has been answered already.
+    // Emitted after the answer was sent.
     void Arrived(const quellbrook::RecordAddress& address);
 
 private:
     class Caller;
 
-    QLockFile m_lock;  // held by the one program that hears
+    QLockFile m_lock;  // of the program that listens
     QLocalServer m_server;
     const int m_limit;
 };

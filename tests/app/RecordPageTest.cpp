@@ -66,7 +66,7 @@ protected:
     }
     RecordPage& OpenLaptop() { return Open(RecordKind::Property, NumberOf("2026-0417-03")); }
 
-    // Files a main attachment of the laptop, and no other.
+    // Files the only attachment of the laptop.
     void Attach(const char* name) {
         const std::string number = std::to_string(NumberOf("2026-0417-03"));
         m_database->exec("DELETE FROM AttachmentIndex WHERE ObjTypeInd = 6 AND IdNo = " + number +
@@ -143,7 +143,7 @@ TEST_F(RecordPageTest, PropertyIsShownFieldByField) {
     EXPECT_EQ(Text("dispositionNote"), "Not recorded");
 }
 
-TEST_F(RecordPageTest, AVehicleHasFieldsOfItsOwn) {
+TEST_F(RecordPageTest, AVehicleHasItsOwnFields) {
     Open(RecordKind::Vehicle, m_database->execAndGet("SELECT VehicleNo FROM Vehicle WHERE RegNumber = 'KTR4821'"));
     EXPECT_EQ(m_page->Title().left(15), "Vehicle KTR4821");
     EXPECT_EQ(Text("kind"), "Vehicle");
@@ -154,7 +154,7 @@ TEST_F(RecordPageTest, AVehicleHasFieldsOfItsOwn) {
     EXPECT_EQ(m_page->findChild<QLabel*>("quantity"), nullptr);
 }
 
-TEST_F(RecordPageTest, ThePictureStandsAboveTheFields) {
+TEST_F(RecordPageTest, ThePictureIsAboveTheFields) {
     const PictureLabel* picture = OpenLaptopWith(MakePhoto({300, 150}));
     ASSERT_NE(picture, nullptr);
     EXPECT_TRUE(picture->isVisible());
@@ -168,7 +168,7 @@ TEST_F(RecordPageTest, ThePictureStandsAboveTheFields) {
     EXPECT_EQ(m_page->findChild<QWidget*>("noPicture"), nullptr);
 }
 
-TEST_F(RecordPageTest, AnyPictureFitsItsColumnAndKeepsItsProportions) {
+TEST_F(RecordPageTest, PicturesFitTheColumnAndKeepTheirProportions) {
     for (const QSize& size : {QSize(1600, 1200), QSize(1200, 1600), QSize(3000, 300), QSize(20, 900), QSize(2, 1000)}) {
         SCOPED_TRACE(std::to_string(size.width()) + " x " + std::to_string(size.height()));
         const PictureLabel* picture = OpenLaptopWith(MakePhoto(size));
@@ -182,7 +182,7 @@ TEST_F(RecordPageTest, AnyPictureFitsItsColumnAndKeepsItsProportions) {
     }
 }
 
-TEST_F(RecordPageTest, ThePictureIsDrawnWithTheDevicePixelsThereAre) {
+TEST_F(RecordPageTest, ThePictureUsesAllDevicePixels) {
     const PictureLabel* picture = OpenLaptopWith(MakeStripes({396, 396}));
     ASSERT_NE(picture, nullptr);
     ASSERT_EQ(picture->size(), QSize(200, 200));
@@ -196,12 +196,11 @@ TEST_F(RecordPageTest, ThePictureIsDrawnWithTheDevicePixelsThereAre) {
         EXPECT_LT(difference, 64) << "two columns in one pixel";
 }
 
-TEST(RecordPageAtScaleTwo, ThePictureIsDrawnWithTheDevicePixelsThereAre) {
-    ExpectTheSameAtScaleTwo("RecordPageTest.ThePicture*",
-                            "RecordPageTest.ThePictureIsDrawnWithTheDevicePixelsThereAre");
+TEST(RecordPageAtScaleTwo, ThePictureUsesAllDevicePixels) {
+    ExpectTheSameAtScaleTwo("RecordPageTest.ThePicture*", "RecordPageTest.ThePictureUsesAllDevicePixels");
 }
 
-TEST_F(RecordPageTest, APictureThatLetsTheGroundThroughStandsOnWhite) {
+TEST_F(RecordPageTest, ATransparentPictureHasAWhiteBackground) {
     QImage photo({40, 40}, QImage::Format_ARGB32);
     photo.fill(Qt::transparent);
     const PictureLabel* picture = OpenLaptopWith(photo);
@@ -218,7 +217,7 @@ TEST_F(RecordPageTest, APictureOfAnItemWithoutAnIdentifierIsNamedByItsNumber) {
     EXPECT_EQ(Find(*m_page, "picture")->accessibleName(), "Picture of Property " + QString::number(number));
 }
 
-TEST_F(RecordPageTest, WithoutAPictureNoPlaceIsTaken) {
+TEST_F(RecordPageTest, WithoutAPictureNoSpaceIsUsed) {
     Attach("photo.png");
     OpenLaptop();
     const int below = OnPage(Find(*m_page, "identifier")).top();
@@ -231,7 +230,7 @@ TEST_F(RecordPageTest, WithoutAPictureNoPlaceIsTaken) {
     EXPECT_EQ(OnPage(firstCaption).top(), 77 + 20) << "right below the heading's rule";
 }
 
-TEST_F(RecordPageTest, APictureThatIsGoneIsSaidSoAndTheRestStays) {
+TEST_F(RecordPageTest, AMissingPictureIsReportedAndTheRestIsShown) {
     Attach("photo.png");
     OpenLaptop();
     EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/photo.png' can't be found.");
@@ -240,7 +239,7 @@ TEST_F(RecordPageTest, APictureThatIsGoneIsSaidSoAndTheRestStays) {
     EXPECT_EQ(Find<QTreeWidget>(*m_page, "custody")->topLevelItemCount(), 8);
 }
 
-TEST_F(RecordPageTest, AnAttachmentThatIsNoPictureIsSaidSo) {
+TEST_F(RecordPageTest, AnAttachmentThatIsNotAPictureIsReported) {
     Attach("letter.txt");
     std::ofstream(PhotoFile("letter.txt").toStdString()) << "Dear all";
     OpenLaptop();
@@ -252,7 +251,7 @@ TEST_F(RecordPageTest, AnAttachmentThatIsNoPictureIsSaidSo) {
     EXPECT_EQ(Text("identifier"), "2026-0417-03");
 }
 
-TEST_F(RecordPageTest, APictureThatHasChangedIsShownAtTheNextLoading) {
+TEST_F(RecordPageTest, AChangedPictureIsShownAtTheNextLoad) {
     QPointer<PictureLabel> picture = OpenLaptopWith(MakePhoto({100, 80}));
     m_page->Load();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -305,7 +304,7 @@ TEST_F(RecordPageTest, AnItemThatWasNeverTrackedHasNoTable) {
     EXPECT_EQ(Text("status"), "Not in Storage");
 }
 
-TEST_F(RecordPageTest, SecuredIncidentsAreShownToWhomTheyMayBe) {
+TEST_F(RecordPageTest, SecuredIncidentsNeedARight) {
     const int32_t number = NumberOf("2026-0417-01");
     Open(RecordKind::Property, number);
     EXPECT_THAT(Incidents(), ElementsAre("2026-0388 (case C-26-1090), secured", "2026-0417 (case C-26-1182)"));
@@ -314,7 +313,7 @@ TEST_F(RecordPageTest, SecuredIncidentsAreShownToWhomTheyMayBe) {
     EXPECT_THAT(Incidents(), ElementsAre("2026-0417 (case C-26-1182)"));
 }
 
-TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheRecord) {
+TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInsteadOfTheRecord) {
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian' AND ModuleKey = 'MIProperty'");
     OpenLaptop();
     EXPECT_EQ(Text("refusal"), "You do not have the appropriate permissions to view property.");
@@ -323,7 +322,7 @@ TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheRecord) {
     EXPECT_EQ(m_page->Title(), "Property " + QString::number(NumberOf("2026-0417-03")));
 }
 
-TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheChain) {
+TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInsteadOfTheChain) {
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian' AND ModuleKey = 'Storage' AND Value = 0");
     OpenLaptop();
     EXPECT_EQ(m_page->findChild<QTreeWidget*>("custody"), nullptr);
@@ -331,20 +330,20 @@ TEST_F(RecordPageTest, AUserWithoutTheRightSeesASentenceInPlaceOfTheChain) {
     EXPECT_EQ(Text("identifier"), "2026-0417-03");
 }
 
-TEST_F(RecordPageTest, AnUnknownNumberIsSaidSo) {
+TEST_F(RecordPageTest, AnUnknownNumberIsReported) {
     Open(RecordKind::Vehicle, 42);
     EXPECT_EQ(Text("refusal"), "There is no vehicle with the number 42.");
     EXPECT_EQ(m_page->Title(), "Vehicle 42");
 }
 
-TEST_F(RecordPageTest, ARecordThatCannotBeReadIsSaidSoAndLogged) {
+TEST_F(RecordPageTest, ARecordThatCannotBeReadIsReportedAndLogged) {
     m_database->exec("PRAGMA foreign_keys = OFF; ALTER TABLE Property RENAME COLUMN Quantity TO Amount");
     TestErrorLog().Announce("Row.Value");
     OpenLaptop();
     EXPECT_EQ(Text("refusal").rfind("This record could not be read: ", 0), 0u) << Text("refusal");
 }
 
-TEST_F(RecordPageTest, ItsTitleNamesKindAndIdentifier) {
+TEST_F(RecordPageTest, TheTitleHasKindAndIdentifier) {
     EXPECT_EQ(OpenLaptop().Title(), "Property 2026-0417-03");
     EXPECT_EQ(Open(RecordKind::Property, 297).Title(), "Property 297") << "it has no identifier";
     EXPECT_EQ(Text("title"), "<missing ID>");
@@ -353,7 +352,7 @@ TEST_F(RecordPageTest, ItsTitleNamesKindAndIdentifier) {
     EXPECT_EQ(Open(RecordKind::Property, 297).Title(), "Property a b");
 }
 
-TEST_F(RecordPageTest, LoadingAgainShowsWhatHasChangedAndKeepsThePageOtherwise) {
+TEST_F(RecordPageTest, LoadingAgainRebuildsThePageOnlyAfterAChange) {
     OpenLaptop();
     QPointer<QTreeWidget> table = Find<QTreeWidget>(*m_page, "custody");
     m_page->Load();
@@ -366,7 +365,7 @@ TEST_F(RecordPageTest, LoadingAgainShowsWhatHasChangedAndKeepsThePageOtherwise) 
     EXPECT_EQ(Text("description"), "Tablet");
 }
 
-TEST_F(RecordPageTest, RightsAreAskedAgainAtEachLoading) {
+TEST_F(RecordPageTest, RightsAreCheckedAtEachLoad) {
     OpenLaptop();
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'custodian'");
     m_page->Load();
@@ -406,7 +405,7 @@ TEST_F(RecordPageTest, MarkupInTheChainStaysPlainInItsTooltipsToo) {
     EXPECT_EQ(row->toolTip(4), "<span>Property Room &gt; Aisle 3 &gt; &lt;b&gt;Box&lt;/b&gt; &amp; co</span>");
 }
 
-TEST_F(RecordPageTest, ALongFieldTakesAsManyLinesAsItNeeds) {
+TEST_F(RecordPageTest, ALongFieldWraps) {
     m_database->exec("UPDATE Property SET SerialNbr = '" + std::string(400, 'W') +
                      "' WHERE PropertyID = '2026-0417-03'");
     OpenLaptop();
@@ -416,7 +415,7 @@ TEST_F(RecordPageTest, ALongFieldTakesAsManyLinesAsItNeeds) {
     EXPECT_EQ(Find<QScrollArea>(*m_page, "fields")->horizontalScrollBar()->maximum(), 0);
 }
 
-TEST_F(RecordPageTest, AWholeLongChainCanBeScrolledTo) {
+TEST_F(RecordPageTest, ALongChainScrollsToItsEnd) {
     const int32_t number = NumberOf("2026-0417-03");
     m_database->exec(
         "WITH RECURSIVE n(i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < 2099) INSERT INTO "
@@ -432,7 +431,7 @@ TEST_F(RecordPageTest, AWholeLongChainCanBeScrolledTo) {
     EXPECT_EQ(Row(2007).rfind("01/01/2020", 0), 0u);
 }
 
-TEST_F(RecordPageTest, ItIsReadByKeyboardAlone) {
+TEST_F(RecordPageTest, ThePageWorksByKeyboardAlone) {
     OpenLaptop();
     m_page->setFocus();
     auto* table = Find<QTreeWidget>(*m_page, "custody");

@@ -60,7 +60,7 @@ const std::map<std::string, std::vector<std::string>> Narrow = {
     {"demo/sample", {"base", "host", "database", "database/schema"}},
     {"demo/tour", {"base", "sql", "database", "demo/sample"}},
     {"app/common", {"base", "host"}},
-    {"app/records", {"base", "host", "app/common"}},
+    {"app/records", {"base", "host", "component", "app/common"}},
     {"app/scanner", {"base", "labels", "host", "component", "app/common"}},
     {"app",
      {"base", "database", "host", "component", "demo/sample", "demo/tour", "demo/gallery", "app/common", "app/records",

@@ -3,8 +3,8 @@
 #include "base/Environment.h"
 #include "base/Error.h"
 #include "base/Text.h"
-#include "data/CustodyRecords.h"
 #include "host/ColorTool.h"
+#include "ui/common/ItemStatus.h"
 #include "ui/controls/Control.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/ListView.h"
@@ -23,25 +23,6 @@
 namespace quellbrook {
 
 namespace {
-
-struct Status {
-    const char* caption;
-    int32_t color;
-};
-
-Status StatusOf(StoredItem& item) {
-    const StorageLocationRef location = item.Location();
-    if (!location)
-        return item.TrackingRecords().empty() ? Status{"Not in Storage", 0x0000FF} : Status{"Disposed", 0x808080};
-    switch (location->LocationType()) {
-    case StorageLocationTypes::Unassigned: return {"In Uncategorized Location", 0x0080FF};
-    case StorageLocationTypes::Internal: return {"In Storage", 0x87AD24};
-    case StorageLocationTypes::External: return {"Signed Out", 0x0000C0};
-    case StorageLocationTypes::DisposalLocation: return {"Disposed", 0x808080};
-    case StorageLocationTypes::Other: return {"Needs Review", 0x0080FF};
-    default: return {"", 0};
-    }
-}
 
 bool ProbeMember(const QObject& object, const char* memberName) {
     try {
@@ -71,8 +52,8 @@ const char* ModuleWord(StoredItemTypes itemType) {
 }  // namespace
 
 void SetStatusTag(StatusTag& tag, StoredItem& item) {
-    const Status status = StatusOf(item);
-    tag.SetCaption(status.caption);
+    const ItemStatus status = StatusOf(item);
+    tag.SetCaption(ToQString(status.caption));
     tag.SetColor(status.color);
 }
 
