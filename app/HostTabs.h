@@ -14,9 +14,9 @@ namespace quellbrook {
 class RecordPage;
 class ScannerPage;
 
-// What the host shows to a user who is logged in: a strip of tabs over their pages. The first tab, "Evidence", holds
-// the component; each of the others holds a record, or "Labels and Scanner" where that has been asked for, and can be
-// closed, by its cross or by the system's key for closing.
+// The main page of a logged-in user: a strip of tabs above their pages. The first tab, "Evidence", contains the
+// component. The others show a record or "Labels and Scanner" and can be closed with their cross or the system's close
+// key.
 class HostTabs : public QWidget {
     Q_OBJECT
 
@@ -24,12 +24,12 @@ public:
     explicit HostTabs(QWidget* parent = nullptr);
 
     void SetUser(const QString& username);
-    // Shows the component in the first tab. It stays the caller's.
+    // Shows the component in the first tab. The caller keeps responsibility for it.
     void SetEvidence(QWidget* evidence);
-    // Closes every other tab; the first one stays, empty.
+    // Closes all tabs except the first one, which becomes empty.
     void Clear();
 
-    // Shows the record as it is now, in its tab or in a new one.
+    // Reads and shows the record in its tab or in a new one.
     void OpenRecord(const RecordAddress& address);
     // Shows "Labels and Scanner", in its tab or in a new one.
     void OpenScannerPage();
@@ -42,8 +42,8 @@ private:
     QPushButton* MakeStripButton(const QString& caption, const char* name, QWidget* strip);
     void AddPage(QWidget* page, const QString& caption);
     void ShowTab(int index);
-    RecordPage* RecordOf(const RecordAddress& address) const;  // null when it has no tab
-    int IndexOf(const QWidget* page) const;                    // -1 when it has no tab
+    RecordPage* RecordOf(const RecordAddress& address) const;  // null without a tab
+    int IndexOf(const QWidget* page) const;                    // -1 without a tab
     QWidget* PageAt(int index) const;
     void ShowPage(int index);
     void Close(QWidget* page);
@@ -51,7 +51,7 @@ private:
     QTabBar* m_tabs = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_loggedInAs = nullptr;
-    ScannerPage* m_scannerPage = nullptr;  // while it has a tab
+    ScannerPage* m_scannerPage = nullptr;  // null without a tab
 };
 
 }  // namespace quellbrook

@@ -6,7 +6,7 @@ class QLocale;
 
 namespace quellbrook {
 
-// The short date, the short time and the currency of a locale. The locale without a country gives HostFormats' own.
+// The short date, short time and currency formats of a locale. The C locale gives the defaults of HostFormats.
 HostFormats FormatsOf(const QLocale& locale);
 
 }  // namespace quellbrook

@@ -15,17 +15,16 @@ class QPushButton;
 
 namespace quellbrook {
 
-// Asks for user and password, in the middle of its parent. Field, label and button names: "username", "password",
-// "logIn", "loginError".
+// Asks for the user name and the password. Object names: "username", "password", "logIn", "loginError".
 class LoginForm : public QWidget {
     Q_OBJECT
 
 public:
-    // With a user only the password is asked. The accounts are shown below the fields; an empty list shows none.
+    // With a user, asks only for the password. The accounts are listed below the fields.
     LoginForm(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts,
               QWidget* parent = nullptr);
 
-    // Empties the password and puts the focus where typing goes on.
+    // Clears the password and sets the focus to the field to fill in.
     void Restart();
     void ShowFailure(const QString& sentence);
 
@@ -41,7 +40,7 @@ private:
     void Submit();
 
     std::optional<QString> m_user;
-    QLineEdit* m_username = nullptr;  // absent where the user is given
+    QLineEdit* m_username = nullptr;  // null if the user is given
     QLineEdit* m_password = nullptr;
     QLabel* m_error = nullptr;
 };

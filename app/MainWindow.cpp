@@ -71,7 +71,7 @@ void MainWindow::LogIn(const QString& username, const QString& password) {
 void MainWindow::EnterEvidence() {
     SetDialogParent(this);
     const bool entered = InitializeQuellbrook();
-    SetDialogParent(this);  // the wizard may have put its own form there
+    SetDialogParent(this);  // the wizard may have set its own form
     if (!entered) return;
     m_pages->setCurrentWidget(m_tabs);
     m_evidence = CreateEvidenceUI(m_tabs);
@@ -97,7 +97,7 @@ void MainWindow::OpenRecord(const RecordAddress& address) {
 }
 
 void MainWindow::OpenWaiting() {
-    // A dialog of the component belongs to what its tab shows: nothing changes behind it.
+    // Nothing changes behind a dialog of the component.
     if (!m_evidence || QApplication::activeModalWidget()) return;
     for (const RecordAddress& address : std::exchange(m_waiting, {})) m_tabs->OpenRecord(address);
 }
@@ -109,7 +109,7 @@ void MainWindow::BringToFront() {
     activateWindow();
 }
 
-// Called while a view of the component handles a click; it is to be done with it before its tab goes from sight.
+// Called while a view of the component handles a click, so its tab must stay until it returns.
 void MainWindow::OpenAddress(const QUrl& address) {
     const std::string text = address.toString(QUrl::FullyEncoded).toStdString();
     GuardHost(this, [&] {

@@ -15,9 +15,9 @@ namespace quellbrook {
 
 class HostTabs;
 
-// The window of the reference host: the login form, then its tabs, of which "Evidence" holds the component. Each login
-// runs the gate, and where that answers true makes a new EvidenceUI; logging out destroys it.
-// As long as the window stands, addresses of records that the program itself opens come here and not to the desktop.
+// The window of the reference host: the login form, then the tabs. Each login runs the gate and, if it returns true,
+// creates a new EvidenceUI. Logging out destroys it. While the window exists, record addresses that the program itself
+// opens are shown here and not passed to the desktop.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts);
     ~MainWindow() override;
 
-    // Shows the record in a tab of its own; one that comes while nobody is logged in, or while a dialog is open, waits.
+    // Shows the record in its own tab. Waits while no user is logged in or a dialog is open.
     void OpenRecord(const RecordAddress& address);
     void BringToFront();
 

@@ -2,7 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "demo/tour/TourPlayer.h"
-#include "demo/tour/TransferRoad.h"
+#include "demo/tour/TransferScenario.h"
 
 #include <QApplication>
 
@@ -14,10 +14,10 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
     // On a busy machine keys arrive with pauses that a list would take for the end of a typed search.
     QApplication::setKeyboardInputInterval(keyPause);
     TourPlayer player(window, directory, databasePath);
-    PlanTransferRoad(player);
+    PlanTransferScenario(player);
     player.Start();
     QApplication::exec();
-    return player.Held() ? 0 : 1;
+    return player.Passed() ? 0 : 1;
 }
 
 }  // namespace quellbrook

@@ -8,10 +8,10 @@ class QWidget;
 
 namespace quellbrook {
 
-// Tells the user of a failure in the host's own code, and the error log. Never throws.
+// Logs a failure in the host's own code and shows it to the user. Never throws.
 void ReportHostFailure(QWidget* parent, const Error& error) noexcept;
 
-// Runs what the toolkit calls; no exception leaves it.
+// Runs a slot or event handler; reports its exceptions.
 template <typename Handler>
 void GuardHost(QWidget* parent, Handler&& handler) noexcept {
     try {

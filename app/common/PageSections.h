@@ -7,10 +7,10 @@ class QWidget;
 
 namespace quellbrook {
 
-// What the host's own pages are divided by.
+// Separators of the host's pages.
 
 QFrame* MakeRule(QWidget* parent);
-// A caption in grey capitals over a rule.
+// A caption in gray capitals above a rule.
 void AddSection(QVBoxLayout& column, const QString& caption, QWidget* parent);
 
 }  // namespace quellbrook

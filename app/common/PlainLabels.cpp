@@ -25,7 +25,7 @@ QString OneLine(QString text) {
     return text;
 }
 
-// Breaks the label's text into lines of this width; returns their height.
+// Lays out the label's text at this width; returns its height.
 int LayOut(QTextLayout& layout, const QLabel& label, int width) {
     QTextOption option(Qt::AlignLeft);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

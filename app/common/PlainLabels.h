@@ -5,15 +5,15 @@
 
 namespace quellbrook {
 
-// The labels of the host's own pages: plain text, never markup, in the application's face.
+// Labels of the host's pages: plain text, never markup.
 
 QFont SizedFont(int pixels, QFont::Weight weight);
-// Breaks its text at words.
+// Wraps its text at words.
 QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget* parent);
-// Grey, as captions are.
+// Gray text, as captions have.
 void MakeQuiet(QWidget* widget);
 
-// One line that ends in an ellipsis where it is wider than its place. Line ends and tabs show as blanks.
+// One line, elided at the end. Line ends and tabs show as blanks.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-// As many lines as the text needs at the label's width, also of a word that is longer than a line.
+// Wraps its text to the label's width, also within words.
 class WrappedLabel : public QLabel {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int fieldHeight = 36, textMargin = 12, arrowRoom = 32, rowHeight = 32;
 
-// The rows of the list stand under the text of the field.
+// Aligns the rows of the list with the text of the field.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -4,8 +4,7 @@
 
 namespace quellbrook {
 
-// A dropdown in the look of the host's fields. The wheel turns the page under it and not the choice, which takes effect
-// at once.
+// A dropdown in the style of the host's fields. The wheel scrolls the page instead of changing the choice.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 

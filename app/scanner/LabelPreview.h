@@ -5,8 +5,7 @@
 
 namespace quellbrook {
 
-// A picture of a label as large as its place allows, never larger than it is; or a sentence that says why there is
-// none.
+// Shows the picture of a label as large as possible, up to its own size; or a sentence that explains why there is none.
 class LabelPreview : public QWidget {
     Q_OBJECT
 
@@ -17,7 +16,7 @@ public:
 
     // Empty while a picture is shown.
     const QString& Sentence() const { return m_sentence; }
-    // Where the picture is painted, in the widget's coordinates; empty while there is none.
+    // The rectangle of the picture in the widget's coordinates; empty without a picture.
     QRect PicturePlace() const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -27,7 +26,7 @@ protected:
 
 private:
     QImage m_picture;
-    QImage m_scaled;  // for the place in which it was painted last
+    QImage m_scaled;  // at the size of the last painting
     QString m_sentence;
 };
 

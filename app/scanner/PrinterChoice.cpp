@@ -35,7 +35,7 @@ std::shared_ptr<LabelPrinter> PrinterOf(const PrinterChoice& choice) {
     return MakeSystemPrinter(choice.printer.toStdString(), choice.dotsPerInch);
 }
 
-// Looks for the system's printers when the first label comes, since a print system may take long to answer.
+// Finds the default printer when the first label is printed, since a print system may be slow.
 class UnchosenPrinter : public LabelPrinter {
 public:
     void Print(const FilledLabel& label) override {
@@ -78,7 +78,7 @@ void SavePrinterChoice(const PrinterChoice& choice, const QString& file) {
     settings.sync();
     if (settings.status() != QSettings::NoError)
         Raise(ErrorNumber::General, "SavePrinterChoice",
-              "The choice can't be remembered: the file '" + file.toStdString() + "' can't be written.");
+              "The choice can't be saved: the file '" + file.toStdString() + "' can't be written.");
 }
 
 PrinterChoice DefaultPrinterChoice(const std::vector<std::string>& systemPrinters) {

@@ -8,7 +8,7 @@
 
 namespace quellbrook {
 
-// Where this workstation's labels go.
+// The printer of this workstation's labels.
 struct PrinterChoice {
     QString printer;  // a printer of the system; empty for PDF files in the folder
     QString folder;   // absolute
@@ -17,26 +17,26 @@ struct PrinterChoice {
     bool operator==(const PrinterChoice&) const = default;
 };
 
-// The resolutions that may be chosen, dots to an inch.
+// The supported resolutions in dots per inch.
 inline constexpr int PrinterResolutions[] = {203, 300, 600};
 
-// The user's file that holds the choice.
+// The user's file for the choice.
 QString PrinterChoiceFile();
 
-// Nothing where none has been made, or where the file can't be read. What makes no sense in the file is replaced by
-// what a new choice would have.
+// Nothing if there is no choice or the file cannot be read. Invalid values are replaced by those of
+// DefaultPrinterChoice.
 std::optional<PrinterChoice> LoadPrinterChoice(const QString& file);
-// Error 5 with a sentence for a file that can't be written.
+// Error 5 with a sentence if the file cannot be written.
 void SavePrinterChoice(const PrinterChoice& choice, const QString& file);
 
-// Where nothing has been chosen: the system's printer if it has exactly one, otherwise PDF files in the folder "Labels"
-// of the user's documents.
+// The default: the system's printer if there is exactly one, otherwise PDF files in the folder "Labels" of the user's
+// documents.
 PrinterChoice DefaultPrinterChoice(const std::vector<std::string>& systemPrinters);
 
-// From now on labels go there.
+// Sets the printer of the host's services.
 void ApplyPrinterChoice(const PrinterChoice& choice);
-// At the program's start: the choice in the file, or, without one, what DefaultPrinterChoice says when the first label
-// is printed. Waits for no print system.
+// Sets the printer at the program's start: the choice in the file, or DefaultPrinterChoice, which is evaluated when the
+// first label is printed, so that the start does not wait for the print system.
 void ApplyPrinterChoice(const QString& file);
 
 }  // namespace quellbrook

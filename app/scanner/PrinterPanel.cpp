@@ -24,7 +24,7 @@ namespace {
 
 constexpr int margin = 20, captionWidth = 120, fieldsWidth = 640, previewWidth = 560;
 
-// Only the parts that the toolkit would draw otherwise.
+// Only what differs from the application's style.
 const char* const sheet = R"css(
 QLineEdit { background: palette(base); border: 1px solid palette(dark); border-radius: 2px; padding: 0 9px;
             min-height: 34px; selection-background-color: palette(highlight);
@@ -137,7 +137,7 @@ void PrinterPanel::Load() {
     m_choice = remembered.value_or(DefaultPrinterChoice(printers));
     if (!remembered) ApplyPrinterChoice(m_choice);
     ShowPrinters(printers);
-    SayOutcome(QString());
+    ShowOutcome(QString());
     ShowChoice();
     ShowPicture();
 }
@@ -153,7 +153,7 @@ void PrinterPanel::ShowPrinters(const std::vector<std::string>& printers) {
     m_gone = isKnown ? QString() : m_choice.printer;
     if (!isKnown) m_printers->addItem(tr("%1 (not found)").arg(m_gone), m_gone);
     m_printers->addItem(tr("PDF files in a folder"), QString());
-    m_printerGone->setText(tr("This computer does not know the printer '%1' at present. It stays chosen until you "
+    m_printerGone->setText(tr("This computer does not find the printer '%1' at present. It stays selected until you "
                               "choose another.")
                                .arg(m_gone));
 }
@@ -174,19 +174,19 @@ void PrinterPanel::Choose(PrinterChoice choice) {
         if (choice == m_choice) return;
         const bool sameResolution = choice.dotsPerInch == m_choice.dotsPerInch;
         m_choice = std::move(choice);
-        SayOutcome(QString());
+        ShowOutcome(QString());
         ApplyPrinterChoice(m_choice);
         ShowChoice();
         if (!sameResolution) ShowPicture();
         try {
             SavePrinterChoice(m_choice, m_choiceFile);
         } catch (const Error& error) {
-            SayOutcome(WordsOf(error));
+            ShowOutcome(WordsOf(error));
         }
     });
 }
 
-// One that is not absolute is taken to lie in the user's home directory.
+// A relative path is below the user's home directory.
 void PrinterPanel::ChooseFolder() {
     const QString text = QDir::fromNativeSeparators(m_folder->text().trimmed());
     PrinterChoice choice = m_choice;
@@ -199,12 +199,12 @@ void PrinterPanel::ShowPicture() {
     try {
         m_preview->Show(PictureOfLabel(MakeTestLabel().Filled(), m_choice.dotsPerInch));
     } catch (const Error& error) {
-        m_preview->Explain(tr("There is no test label: %1").arg(WordsOf(error)));
+        m_preview->Explain(tr("The test label can't be shown: %1").arg(WordsOf(error)));
     }
     m_print->setEnabled(m_preview->Sentence().isEmpty());
 }
 
-void PrinterPanel::SayOutcome(const QString& sentence) {
+void PrinterPanel::ShowOutcome(const QString& sentence) {
     m_outcome->setText(sentence);
     m_outcome->setVisible(!sentence.isEmpty());
 }
@@ -213,11 +213,11 @@ void PrinterPanel::PrintTestLabel() {
     try {
         const WaitCursor waiting;
         MakeTestLabel().Print();
-        SayOutcome(m_choice.printer.isEmpty()
-                       ? tr("Written to the folder '%1'.").arg(QDir::toNativeSeparators(m_choice.folder))
-                       : tr("Printed to '%1'.").arg(m_choice.printer));
+        ShowOutcome(m_choice.printer.isEmpty()
+                        ? tr("Written to the folder '%1'.").arg(QDir::toNativeSeparators(m_choice.folder))
+                        : tr("Printed to '%1'.").arg(m_choice.printer));
     } catch (const Error& error) {
-        SayOutcome(WordsOf(error));
+        ShowOutcome(WordsOf(error));
     }
 }
 

@@ -13,15 +13,15 @@ namespace quellbrook {
 class ChoiceBox;
 class LabelPreview;
 
-// "Labels": which printer this workstation's labels go to, and a test label to try it with. What is chosen takes effect
-// at once and is remembered in the file.
+// "Labels": the choice of this workstation's label printer and a test label. A change takes effect at once and is
+// saved.
 class PrinterPanel : public QWidget {
     Q_OBJECT
 
 public:
     explicit PrinterPanel(QString choiceFile, QWidget* parent = nullptr);
 
-    // Reads the choice, the system's printers and the label's template anew.
+    // Reads the choice, the system's printers and the label template again.
     void Load();
 
 private:
@@ -32,11 +32,11 @@ private:
     void ChooseFolder();
     void ShowPicture();
     void PrintTestLabel();
-    void SayOutcome(const QString& sentence);
+    void ShowOutcome(const QString& sentence);
 
     const QString m_choiceFile;
     PrinterChoice m_choice;
-    QString m_gone;  // the printer that was chosen and that the system does not know; empty for none
+    QString m_gone;  // the chosen printer, if the system does not have it; otherwise empty
     ChoiceBox* m_printers;
     QLabel* m_printerGone;
     QLabel* m_folderCaption;

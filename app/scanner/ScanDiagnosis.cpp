@@ -18,26 +18,26 @@ using Keys = std::span<const ScannedKey>;
 
 constexpr char32_t Stx = 2, Etx = 3;
 constexpr size_t NumberLength = 10;
-constexpr size_t ShortestScan = 4;  // fewer keys come from a hand that strikes two at once
+constexpr size_t ShortestScan = 4;  // fewer keys may come from pressing two at once
 
 constexpr std::string_view SetStart =
     "Let the scanner send control characters as Ctrl and a letter, or set its prefix to STX (Ctrl+B, ASCII 2).";
 constexpr std::string_view SetEnd =
     "Let the scanner send control characters as Ctrl and a letter, or set its suffix to ETX (Ctrl+C, ASCII 3).";
 constexpr std::string_view CtrlWasLost =
-    "The Ctrl key was lost on the way; a remote desktop or a terminal program may keep it to itself.";
+    "The Ctrl key was lost. A remote desktop or a terminal program may intercept it.";
 constexpr std::string_view SetLayout = "Set the scanner's keyboard layout to the one of this computer.";
 
 bool IsStx(const ScannedKey& key) { return key.character == Stx; }
 bool IsEtx(const ScannedKey& key) { return key.character == Etx; }
 bool IsDigit(const ScannedKey& key) { return key.character >= U'0' && key.character <= U'9'; }
 
-// A key that types nothing into a field.
+// A key that enters no text.
 bool IsControl(const ScannedKey& key) {
     return key.character < U' ' || (key.character >= 0x7F && key.character < 0xA0);
 }
 
-// Beside the controls: blanks of other widths, marks that turn or hide text, what has no character.
+// Control characters, special blanks, invisible marks and characters without a glyph.
 bool IsUnseen(char32_t c) {
     return c < U' ' || (c >= 0x7F && c <= 0xA0) || c == 0xAD || c == 0x61C || (c >= 0x2000 && c <= 0x200F) ||
            (c >= 0x2028 && c <= 0x202F) || (c >= 0x205F && c <= 0x206F) || (c >= 0xD800 && c <= 0xF8FF) ||
@@ -69,7 +69,7 @@ std::string Readable(Keys keys) {
     return text;
 }
 
-// The upper-case type letter; none for any other key.
+// The type letter in upper case; nothing for any other key.
 std::optional<char> TypeLetterOf(const ScannedKey& key) {
     switch (key.character) {
     case U'L':
@@ -92,20 +92,20 @@ const char* KindOf(char typeLetter) {
 
 bool BeginsWithBarcode(Keys keys) { return keys.size() > 1 && TypeLetterOf(keys[0]) && IsDigit(keys[1]); }
 
-// A reading taken apart. Where STX or ETX is missing, what came in its place stands in front of the barcode or behind.
+// The parts of a reading. Without STX or ETX, whatever replaces them is in `front` or `behind`.
 struct Parts {
     Keys front, barcode, behind;
     bool hasStart = false, hasEnd = false;
 };
 
-// How many of the keys in front can't be the barcode.
+// The number of leading keys that cannot belong to the barcode.
 size_t LengthOfFront(Keys keys) {
     for (size_t i = 0; i < keys.size(); ++i)
         if (BeginsWithBarcode(keys.subspan(i))) return i;
     return static_cast<size_t>(std::find_if_not(keys.begin(), keys.end(), IsControl) - keys.begin());
 }
 
-// How many keys are the barcode where nothing says where it ends.
+// The length of the barcode if no ETX ends it.
 size_t LengthOfBarcode(Keys keys) {
     if (BeginsWithBarcode(keys)) {
         const auto end = std::find_if_not(keys.begin() + 1, keys.end(), IsDigit);
@@ -115,7 +115,7 @@ size_t LengthOfBarcode(Keys keys) {
     return static_cast<size_t>(keys.rend() - last);
 }
 
-// The first barcode that the program would take, a later STX beginning it anew; or what comes nearest.
+// Finds the first barcode that the program would accept, where a later STX restarts it, or the closest match.
 Parts TakeApart(Keys keys) {
     std::optional<size_t> start, end;
     for (size_t i = 0; i < keys.size() && !end; ++i) {
@@ -149,15 +149,15 @@ public:
         JudgeFront();
         JudgeBehind();
         if (m_parts.barcode.empty()) {
-            Fault("There is no barcode in it.");
+            Fault("It contains no barcode.");
         } else {
             JudgeTypeLetter();
             JudgeNumber();
         }
         if (m_isDoubled)
             m_notes.push_back(
-                "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
-                "works; this scanner needs no prefix and no suffix.");
+                "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. This "
+                "works, but this scanner needs no prefix and no suffix.");
     }
 
     ScanVerdict Verdict() const {
@@ -173,7 +173,7 @@ public:
     std::vector<std::string> Sentences() const {
         std::vector<std::string> sentences = m_faults;
         sentences.insert(sentences.end(), m_notes.begin(), m_notes.end());
-        if (sentences.empty()) sentences.push_back("This scanner is set up as it should be.");
+        if (sentences.empty()) sentences.push_back("This scanner is set up correctly.");
         return sentences;
     }
 
@@ -189,11 +189,11 @@ private:
             if (std::all_of(front.begin(), front.end(), IsStx))
                 m_isDoubled = m_isDoubled || !front.empty();
             else
-                Fault(Readable(front) + " came in front of STX.", "Take it out of the scanner's prefix.");
+                Fault(Readable(front) + " came before STX.", "Remove it from the scanner's prefix.");
         } else if (front.empty()) {
-            Fault("STX is missing in front of the barcode.", SetStart);
+            Fault("STX is missing before the barcode.", SetStart);
         } else {
-            Fault(Readable(front) + " came in front of the barcode in place of STX.",
+            Fault(Readable(front) + " came before the barcode instead of STX.",
                   IsPlainLetter(front, U'b', U'B') ? CtrlWasLost : SetStart);
         }
     }
@@ -201,8 +201,8 @@ private:
     void JudgeBehind() {
         Keys behind = m_parts.behind;
         if (!m_parts.hasEnd) {
-            if (behind.empty()) return Fault("ETX is missing behind the barcode.", SetEnd);
-            return Fault(Readable(behind) + " came behind the barcode in place of ETX.",
+            if (behind.empty()) return Fault("ETX is missing after the barcode.", SetEnd);
+            return Fault(Readable(behind) + " came after the barcode instead of ETX.",
                          IsPlainLetter(behind, U'c', U'C') ? CtrlWasLost : SetEnd);
         }
         while (!behind.empty() && IsEtx(behind.front())) {
@@ -210,11 +210,11 @@ private:
             behind = behind.subspan(1);
         }
         if (std::any_of(behind.begin(), behind.end(), IsStx))
-            Fault("More came behind ETX, with another STX.",
-                  "Scan one barcode at a time; where one scan does this, the scanner sends more than the barcode.");
+            Fault("More came after ETX, with another STX.",
+                  "Scan one barcode at a time. If one scan does this, the scanner sends more than the barcode.");
         else if (!behind.empty())
-            Fault(Readable(behind) + " came behind ETX.",
-                  "Take it out of the scanner's suffix: the program leaves out only what comes within 0.1 seconds.");
+            Fault(Readable(behind) + " came after ETX.",
+                  "Remove it from the scanner's suffix. The program ignores it only within 0.1 seconds.");
     }
 
     void JudgeTypeLetter() {
@@ -223,22 +223,22 @@ private:
         if (m_typeLetter) {
             if (key.character != static_cast<char32_t>(*m_typeLetter))
                 m_notes.push_back(
-                    "The type letter came as a small letter. The program reads it all the same; Caps "
+                    "The type letter is lower-case. The program reads it anyway. Caps "
                     "Lock may be on, or the scanner changes the case of letters.");
         } else if (IsDigit(key)) {
             Fault(
-                "The type letter is missing in front of the number. The barcode is none of this program's, or the "
-                "scanner is set to leave out the first character.");
+                "The type letter is missing before the number. The barcode is not from this program, or the "
+                "scanner is set to omit the first character.");
         } else {
             const std::string sentence = "The type letter " + Readable(m_parts.barcode.first(1)) +
-                                         " is not known: barcodes of this program begin with L, P or V.";
+                                         " is unknown. Barcodes of this program begin with L, P or V.";
             Fault(sentence, key.character >= 0x80 ? SetLayout : std::string_view());
         }
     }
 
     void JudgeNumber() {
         const Keys number = IsDigit(m_parts.barcode[0]) ? m_parts.barcode : m_parts.barcode.subspan(1);
-        if (number.empty()) return Fault("There is no number behind the type letter.");
+        if (number.empty()) return Fault("There is no number after the type letter.");
         std::vector<ScannedKey> strange;
         for (const ScannedKey& key : number) {
             const bool isNew = std::find(strange.begin(), strange.end(), key) == strange.end();
@@ -246,22 +246,22 @@ private:
         }
         if (std::any_of(strange.begin(), strange.end(), IsControl))
             return Fault(Readable(strange) + " came in the middle of the barcode.",
-                         "Take it out of what the scanner adds.");
+                         "Remove it from what the scanner adds.");
         if (!strange.empty())
-            return Fault("In the number came other characters than digits: " + Readable(strange) + ".", SetLayout);
+            return Fault("The number contains characters other than digits: " + Readable(strange) + ".", SetLayout);
         JudgeDigits(Readable(number));
     }
 
     void JudgeDigits(const std::string& digits) {
         if (digits.size() != NumberLength)
-            Fault("The number came with " + FormatCount(static_cast<int64_t>(digits.size()), "%d digit", "%d digits") +
-                      " in place of ten.",
-                  "Where keys are lost or doubled on the way, let the scanner wait a few milliseconds between "
+            Fault("The number has " + FormatCount(static_cast<int64_t>(digits.size()), "%d digit", "%d digits") +
+                      " instead of 10.",
+                  "If keys are lost or doubled, let the scanner wait a few milliseconds between "
                   "characters.");
         int64_t number = 0;
         for (const char digit : digits) number = std::min<int64_t>(number * 10 + (digit - '0'), int64_t{1} << 40);
         if (number > std::numeric_limits<int32_t>::max())
-            return Fault("The number is greater than any of this program's: this is the barcode of something else.");
+            return Fault("The number is too large for this program. This is the barcode of something else.");
         m_number = static_cast<int32_t>(number);
     }
 
@@ -280,16 +280,14 @@ bool LooksTyped(const std::vector<ScannedKey>& keys) {
 
 }  // namespace
 
-std::string ReadingOf(const std::vector<ScannedKey>& keys) { return Readable(keys); }
-
 ScanDiagnosis DiagnoseScan(const std::vector<ScannedKey>& keys) {
     ScanDiagnosis diagnosis;
     diagnosis.reading = Readable(keys);
     if (LooksTyped(keys)) {
         diagnosis.verdict = ScanVerdict::TypedByHand;
         diagnosis.sentences = {
-            "This looks like typing by hand, not like a scan. If it was a scan, the scanner waits "
-            "too long between characters: set that delay to a few milliseconds at most."};
+            "This looks like typing, not like a scan. If it was a scan, the scanner waits "
+            "too long between characters. Set that delay to a few milliseconds at most."};
         return diagnosis;
     }
     const Judge judge(keys);

@@ -58,7 +58,7 @@ QSize ScanField::sizeHint() const { return {320, fieldHeight}; }
 
 QSize ScanField::minimumSizeHint() const { return {120, fieldHeight}; }
 
-// Tab would otherwise never come as a key.
+// Otherwise Tab would not arrive as a key.
 bool ScanField::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:

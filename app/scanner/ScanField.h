@@ -10,22 +10,21 @@
 
 namespace quellbrook {
 
-// Takes every key while it has the focus, so that no shortcut of the window hears what a scanner sends. Keys that come
-// close together are one reading, which ends when none has come for BurstPause. Tab, Shift+Tab and Esc by themselves
-// leave the field; within a reading they belong to it.
+// Receives every key while it has the focus, so that a scan triggers no shortcut. Keys in close succession are one
+// reading, which ends after BurstPause without a key. A single Tab, Shift+Tab or Esc leaves the field.
 class ScanField : public QWidget {
     Q_OBJECT
 
 public:
     static constexpr int BurstPause = 100;       // milliseconds
-    static constexpr size_t LongestBurst = 200;  // keys; more are not kept
+    static constexpr size_t LongestBurst = 200;  // keys; further ones are dropped
 
     explicit ScanField(QWidget* parent = nullptr);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 signals:
-    // At least one key.
+    // Emitted with at least one key.
     void Read(const std::vector<quellbrook::ScannedKey>& keys);
 
 protected:

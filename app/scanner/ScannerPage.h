@@ -6,13 +6,13 @@ namespace quellbrook {
 
 class PrinterPanel;
 
-// The host's page "Labels and Scanner": whether this workstation's scanner is set up as it should be, and where its
-// labels are printed. Empty of printers and pictures until Load. The focus goes to the field of the scanner.
+// The host's page "Labels and Scanner": a test of this workstation's scanner and the choice of its label printer.
+// Printers and pictures are loaded by Load. The scanner's field is the focus proxy.
 class ScannerPage : public QWidget {
     Q_OBJECT
 
 public:
-    // The file in which the choice of the printer is remembered.
+    // The choice of the printer is saved in this file.
     explicit ScannerPage(const QString& choiceFile, QWidget* parent = nullptr);
 
     static QString Title();

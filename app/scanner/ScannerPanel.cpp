@@ -23,7 +23,7 @@ QString TextOf(ScanVerdict verdict) {
     case ScanVerdict::NeedsChange: return QObject::tr("This scanner needs a change");
     case ScanVerdict::TypedByHand: break;
     }
-    return QObject::tr("This was no scan");
+    return QObject::tr("This was not a scan.");
 }
 
 QColor ColorOf(ScanVerdict verdict, const QPalette& palette) {
@@ -62,7 +62,7 @@ ScannerPanel::ScannerPanel(QWidget* parent) : QWidget(parent) {
     column->setSpacing(0);
     AddSection(*column, tr("Test Your Scanner"), this);
     const QString instruction =
-        tr("Scan the test label here on the screen, or one that you have printed. It stands "
+        tr("Scan the test label on the screen, or one that you have printed. It is "
            "for property number 0, which no item has.");
     column->addWidget(new WrappedLabel(instruction, 14, QFont::Normal, this));
     column->addSpacing(12);
@@ -99,7 +99,7 @@ void ScannerPanel::AddReading(QVBoxLayout& column) {
     grid->setColumnMinimumWidth(0, captionWidth);
     grid->setColumnStretch(1, 1);
     grid->setVerticalSpacing(8);
-    m_reading = AddField(*grid, tr("Keys that came:"), "keys", m_result);
+    m_reading = AddField(*grid, tr("Characters received:"), "keys", m_result);
     m_meaning = AddField(*grid, tr("Understood as:"), "meaning", m_result);
     rows->addLayout(grid);
     m_result->hide();
@@ -115,10 +115,10 @@ void ScannerPanel::ShowReading(const std::vector<ScannedKey>& keys) {
     m_sentences->setText(TextOf(diagnosis.sentences));
     m_reading->setText(QString::fromStdString(diagnosis.reading));
     m_meaning->setText(diagnosis.meaning.empty() ? tr("Nothing") : QString::fromStdString(diagnosis.meaning));
-    m_reading->setAccessibleName(tr("Keys that came: %1").arg(m_reading->text()));
+    m_reading->setAccessibleName(tr("Characters received: %1").arg(m_reading->text()));
     m_meaning->setAccessibleName(tr("Understood as: %1").arg(m_meaning->text()));
     m_result->show();
-    // A screen reader says it without being led there, since the focus stays in the field.
+    // A screen reader reports the result while the focus stays in the field.
     m_field->setAccessibleDescription(m_verdict->text() + ". " + m_sentences->text());
 }
 

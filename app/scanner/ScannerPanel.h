@@ -11,14 +11,14 @@ namespace quellbrook {
 
 class ScanField;
 
-// "Test Your Scanner": the test label on the screen, the field to scan it into, and what came of the last reading.
+// "Test Your Scanner": the test label on the screen, the field to scan it into, and the result of the last reading.
 class ScannerPanel : public QWidget {
     Q_OBJECT
 
 public:
     explicit ScannerPanel(QWidget* parent = nullptr);
 
-    // What takes the focus for the panel.
+    // The field that takes the focus for the panel.
     ScanField* Field() const { return m_field; }
 
 private:

@@ -15,7 +15,7 @@ namespace {
 constexpr int padding = 12, barHeight = 64, gap = 6, textSize = 14;
 constexpr double twipsPerPixel = 15;
 
-// In the pixels of a screen of this ratio.
+// In device pixels.
 QImage BarsOf(const std::string& text, double ratio) {
     BarcodeImage barcode;
     barcode.SetSymbology(1);

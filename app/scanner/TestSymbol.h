@@ -6,13 +6,13 @@
 
 namespace quellbrook {
 
-// A barcode on the screen to hold a scanner to: black on a white ground in every palette, each bar a whole number of
-// the screen's pixels wide, what it reads written under it.
+// A barcode to scan from the screen: black on white in every palette, with bars of whole device pixels and its text
+// below.
 class TestSymbol : public QWidget {
     Q_OBJECT
 
 public:
-    // A text that the symbology can't hold is Error 5.
+    // Error 5 if the symbology cannot encode the text.
     explicit TestSymbol(std::string text, QWidget* parent = nullptr);
     QSize sizeHint() const override;
 

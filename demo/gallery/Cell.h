@@ -13,13 +13,13 @@ namespace quellbrook::gallery {
 
 class Stage;
 
-// One specimen in one state over a caption that names it. A state that lasts is shown by a live control, a fleeting one
-// by a picture of the control taken in that state. A picture that looks like the normal state says so.
+// One specimen in one state above its caption. A permanent state is shown by a live control, a transient one by a
+// picture of the control. The caption notes a picture that equals the normal state.
 class Cell : public QWidget {
     Q_OBJECT
 
 public:
-    // An empty caption takes the name of the state. At least as wide as given, pixels.
+    // An empty caption means the name of the state. The width is a minimum, in pixels.
     Cell(const Specimen& specimen, State state, const QString& caption, int leastWidth, QWidget* parent);
 
     const Specimen& Shown() const { return m_specimen; }
@@ -28,7 +28,7 @@ public:
     const QPixmap& Picture() const { return m_picture; }
     QString Caption() const;
 
-    // Pictures the specimen anew, in the palette in use. Nothing for a live control.
+    // Takes the picture again in the current palette. Does nothing for a live control.
     void Retake(Stage& stage);
 
 protected:

@@ -28,7 +28,7 @@ Specimen DropdownSpecimen() {
     return {QStringLiteral("FlatDropdown"), QObject::tr("pressed: with its list"), make, FieldStates, empty};
 }
 
-// Its entries are samples, since no code table is at hand.
+// The entries are samples, since there is no code table.
 Specimen CodeSpecimen() {
     const auto make = [](QWidget* parent) {
         auto* dropdown = new TessarineDropdown(parent);

@@ -7,7 +7,7 @@
 
 namespace quellbrook::gallery {
 
-// Widgets from left to right at their own sizes, in as many lines as the width asks for.
+// Lays out widgets from left to right at their own sizes, in as many lines as needed.
 class FlowLayout : public QLayout {
     Q_OBJECT
 
@@ -22,11 +22,11 @@ public:
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     QSize sizeHint() const override { return minimumSize(); }
-    QSize minimumSize() const override;  // of the widest item alone
+    QSize minimumSize() const override;  // of the widest item
     void setGeometry(const QRect& place) override;
 
 private:
-    // Calls place(item, rectangle) for each; the height of all lines.
+    // Calls place(item, rectangle) for each item. Returns the total height.
     template <typename Place>
     int Flow(int width, Place&& place) const;
 

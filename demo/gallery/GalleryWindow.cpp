@@ -84,7 +84,7 @@ bool GalleryWindow::IsDark() const { return Theme::IsDark(); }
 
 void GalleryWindow::SetDark(bool dark) {
     InstallTheme(dark);
-    // The toolkit hands it on from its queue; the pictures are taken now.
+    // Qt delivers the change from its queue, but the pictures are taken now.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
     m_switch->SetCaption(dark ? tr("Light") : tr("Dark"));
     RetakePictures();
@@ -98,7 +98,7 @@ void GalleryWindow::RetakePictures() {
 void GalleryWindow::WritePictures(const QString& directory) {
     if (!QDir().mkpath(directory))
         Raise(ErrorNumber::General, "GalleryWindow.WritePictures",
-              tr("The directory %1 can't be made.").arg(directory).toStdString());
+              tr("The directory %1 can't be created.").arg(directory).toStdString());
     setAttribute(Qt::WA_DontShowOnScreen);
     show();
     for (const bool dark : {false, true}) {

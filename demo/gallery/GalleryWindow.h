@@ -13,8 +13,8 @@ class FlatButton;
 
 namespace quellbrook::gallery {
 
-// A window with every control in its states, below a strip with a switch ("switchPalette") between light and dark.
-// Needs neither database nor session.
+// Shows every control in all its states, below a strip with a switch ("switchPalette") between light and dark. Needs
+// neither a database nor a session.
 class GalleryWindow : public QWidget {
     Q_OBJECT
 
@@ -22,11 +22,11 @@ public:
     GalleryWindow();
 
     bool IsDark() const;
-    // The palette of the whole application, with all pictures taken anew.
+    // Changes the palette of the application and takes all pictures again.
     void SetDark(bool dark);
 
-    // Writes all of it, at a width of 1280 pixels, as light.png and dark.png into this directory, which is made where
-    // it does not stand. The window is not to be seen on a screen after that. Error 5 with a sentence.
+    // Writes the whole page, 1280 pixels wide, as light.png and dark.png into the directory, which is created if
+    // needed. The window cannot be shown on a screen afterwards. Error 5 with a sentence.
     void WritePictures(const QString& directory);
 
 private:

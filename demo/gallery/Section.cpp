@@ -25,7 +25,7 @@ Label* MakeLabel(const QString& text, Theme::Type type, Theme::Color color, QWid
     return label;
 }
 
-// Stands as high as the controls beside it begin.
+// Aligned with the top of the controls beside it.
 QWidget* MakeHeading(const QString& control, const QString& note) {
     auto* heading = new QWidget;
     auto* name = MakeLabel(control, Theme::Type::BodySemiBold, Theme::Color::Text, heading);

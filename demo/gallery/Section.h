@@ -17,11 +17,11 @@ class Section : public QWidget {
 public:
     Section(const QString& title, const QString& sentence, QWidget* parent);
 
-    // A row for one specimen, a cell for each of its states.
+    // Adds a row with a cell for each state of the specimen.
     void AddStates(const Specimen& specimen);
-    // A row for specimens of one class, each of its cells captioned by variant.
+    // Adds a row for specimens of one class, captioned by variant.
     void AddVariants(const QString& control, const QString& note, const std::vector<Specimen>& specimens);
-    // Widgets of fixed size one after the other over the whole width.
+    // Adds widgets of fixed size across the whole width.
     void AddWidgets(const std::vector<QWidget*>& widgets);
 
 private:

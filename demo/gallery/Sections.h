@@ -8,7 +8,7 @@ namespace quellbrook::gallery {
 
 class Section;
 
-// One family of controls each, in a file of its name.
+// Each family of controls is in a file of its name.
 Section* MakeButtons(QWidget* parent);
 Section* MakeFields(QWidget* parent);
 Section* MakeDropdowns(QWidget* parent);
@@ -19,7 +19,7 @@ Section* MakeTags(QWidget* parent);
 Section* MakeContainers(QWidget* parent);
 Section* MakeIcons(QWidget* parent);
 
-// All of them, from top to bottom.
+// All sections from top to bottom.
 std::vector<Section*> MakeSections(QWidget* parent);
 
 }  // namespace quellbrook::gallery

@@ -10,25 +10,25 @@
 
 namespace quellbrook::gallery {
 
-// A control with a sample in it, and the states to show it in.
+// A control with sample content and the states to show.
 struct Specimen {
     using Maker = std::function<Control*(QWidget* parent)>;
     using Change = std::function<void(Control&)>;
 
-    QString control;  // its class
-    QString variant;  // what tells it from the others of its class; may be empty
-    Maker make;       // in its normal state, at its own size
+    QString control;  // class name
+    QString variant;  // distinguishes it from others of its class; may be empty
+    Maker make;       // creates it in its normal state and at its own size
     std::vector<State> states = {State::Normal};
-    Change empty = {};                                   // takes the sample out; needed where Empty is listed
-    Change error = {};                                   // needed where Error is listed
-    Change focused = {};                                 // what is done to it once it has the focus
-    std::function<QPoint(const Control&)> pointer = {};  // where the pointer goes; the middle where none is given
+    Change empty = {};                                   // removes the sample; required for State::Empty
+    Change error = {};                                   // required for State::Error
+    Change focused = {};                                 // applied when it has the focus
+    std::function<QPoint(const Control&)> pointer = {};  // where the pointer goes; the center by default
 };
 
-// The states of what can be pressed.
+// The states of a button.
 inline const std::vector<State> PressableStates = {State::Normal, State::Hover, State::Pressed, State::Focused,
                                                    State::Disabled};
-// The states of what can be filled in.
+// The states of an input field.
 inline const std::vector<State> FieldStates = {State::Normal,  State::Hover,    State::Pressed,
                                                State::Focused, State::Disabled, State::Empty};
 

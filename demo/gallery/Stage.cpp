@@ -15,7 +15,7 @@ namespace quellbrook::gallery {
 
 namespace {
 
-// The widget under the pointer, and where in it.
+// The widget under the pointer and the position in it.
 struct Spot {
     QWidget* widget;
     QPoint at;

@@ -8,11 +8,11 @@
 
 namespace quellbrook::gallery {
 
-// A window that no screen shows and that is the active one as long as it lives. On it a control gets the pointer or the
-// focus by the events that the platform would send, and is pictured meanwhile.
+// An invisible window that is active while it exists. It sends a control the platform's pointer or focus events and
+// takes its picture.
 class Stage {
 public:
-    // The room around a control on its picture, pixels: for the focus ring.
+    // The margin around a control in its picture for the focus ring, in pixels.
     static constexpr int Room = 4;
 
     Stage();
@@ -20,7 +20,7 @@ public:
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
 
-    // The specimen in one of its states, with the list below it that it has opened.
+    // A picture of the specimen in the state, including an opened list.
     QPixmap Picture(const Specimen& specimen, State state);
 
 private:
@@ -29,7 +29,7 @@ private:
     bool m_animatedBefore;
 };
 
-// Puts a control that its specimen has just made into a state that lasts by itself.
+// Puts a newly created control into a permanent state.
 void Apply(const Specimen& specimen, State state, Control& control);
 
 }  // namespace quellbrook::gallery

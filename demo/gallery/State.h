@@ -4,13 +4,13 @@
 
 namespace quellbrook::gallery {
 
-// The states that a control can be seen in.
+// The visible states of a control.
 enum class State { Normal, Hover, Pressed, Focused, Disabled, Empty, Error };
 
-// As a caption: "Normal", "Hover", ..., "With error".
+// The caption: "Normal", "Hover", ..., "With error".
 QString NameOf(State state);
 
-// Whether only the pointer or the focus puts a control into it, so that no two controls can have it at a time.
+// Whether the state depends on the pointer or the focus, so that only one control can have it at a time.
 bool IsFleeting(State state);
 
 }  // namespace quellbrook::gallery

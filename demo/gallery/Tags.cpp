@@ -23,7 +23,7 @@ constexpr Mark ItemMarks[] = {{"Not in Storage", 0x0000FF},
 constexpr Mark ActionMarks[] = {{"Moved", 0xD6711E},    {"Signed In", 0x87AD24}, {"Signed Out", 0x0000C0},
                                 {"Disposed", 0x808080}, {"Other", 0x0080FF},     {"Unknown Action", 0x0080FF}};
 
-// The colour and how well its text stands out.
+// The color and the contrast of its text.
 QString Describe(const Mark& mark) {
     const QColor ground = Theme::FromBgr(mark.color);
     const double contrast = Theme::Contrast(ground, Theme::TextOn(ground));

@@ -9,15 +9,15 @@ enum class Filing {
     One,
     Several,   // three of them, the second is the main one
     NoMain,    // pictures, none of them the main one
-    NoFolder,  // the main one is filed in no folder
-    Gone,      // the main one is not filed any more
+    NoFolder,  // the main one has no folder
+    Gone,      // the row of the main one is missing
 };
 
-// Files the pictures of an item that is described. The view tells which of those of its category comes first.
+// Files pictures for an item that already has its description. The view selects the first of its category's pictures.
 void AttachPictures(Property& property, Filing filing, int32_t view);
 void AttachPictures(Vehicle& vehicle, Filing filing);
 
-// The numbers of the folders, with the paths in Pictures.h.
+// The folder numbers with the paths from Pictures.h.
 inline constexpr int32_t PropertyFolder = 1, VehicleFolder = 2;
 
 }  // namespace quellbrook::sample

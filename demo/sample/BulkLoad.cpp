@@ -26,14 +26,14 @@ void SetMark(SQLite::Database& database) {
     database.exec("PRAGMA application_id = " + std::to_string(DatabaseApplicationId));
 }
 
-const char* const fillPlaces =
+const char* const fillCurrentLocations =
     "INSERT INTO CurrentPlace (StorageLocNo, ItemType, ItemNo) "
     "SELECT t.StorageLocNo, 1, i.PropertyNo FROM Property i INNER JOIN PropertyTracking t "
     "ON t.PropertyNo = i.PropertyNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL "
     "UNION ALL SELECT t.StorageLocNo, 2, i.VehicleNo FROM Vehicle i INNER JOIN VehicleTracking t "
     "ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL ORDER BY 1, 2, 3";
 
-// Whether an item's current custody row is not there, or the item not where that row says.
+// Items without their current custody row, or in another location than it says.
 std::string AnyIsLost(const std::string& kind, const std::string& type) {
     const std::string text =
         "SELECT EXISTS (SELECT 1 FROM {0} i LEFT JOIN {0}Tracking t ON t.{0}No = i.{0}No AND t.SeqNo = i.CurrTrackSeq "
@@ -43,7 +43,7 @@ std::string AnyIsLost(const std::string& kind, const std::string& type) {
 }
 
 [[noreturn]] void Refuse(const std::string& what) {
-    Raise(ErrorNumber::General, "BulkLoad.Finish", "The department can't be made: " + what + ".");
+    Raise(ErrorNumber::General, "BulkLoad.Finish", "The department can't be created: " + what + ".");
 }
 
 }  // namespace
@@ -74,7 +74,7 @@ void BulkLoad::Finish(const SampleProgress& progress) {
     const auto report = [&progress](size_t percent) {
         if (progress) progress(static_cast<int>(percent));
     };
-    m_database.exec(fillPlaces);
+    m_database.exec(fillCurrentLocations);
     report(10);
     m_database.exec("INSERT INTO PropertyDescription (PropertyDescription) VALUES ('rebuild')");
     report(30);
@@ -84,7 +84,7 @@ void BulkLoad::Finish(const SampleProgress& progress) {
     }
     ProveForeignKeys();
     report(70);
-    ProvePlaces();
+    CheckCurrentLocations();
     report(80);
     m_database.exec("INSERT INTO PropertyDescription (PropertyDescription, rank) VALUES ('integrity-check', 1)");
     m_database.exec("COMMIT");
@@ -100,7 +100,7 @@ void BulkLoad::ProveForeignKeys() {
            " that is not there");
 }
 
-void BulkLoad::ProvePlaces() {
+void BulkLoad::CheckCurrentLocations() {
     for (const auto& [kind, type] : {std::pair("Property", "1"), std::pair("Vehicle", "2")}) {
         if (m_database.execAndGet(AnyIsLost(kind, type)).getInt() != 0) {
             Refuse("an item does not lie where its custody rows say");

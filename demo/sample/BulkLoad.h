@@ -9,22 +9,22 @@
 
 namespace quellbrook::sample {
 
-// A database of our schema while it is filled, in one transaction.
+// Fills a database of our schema in one transaction.
 //
-// What it has until it is finished is not safe against a crash. It carries the mark of another program meanwhile, so
-// that one whose filling was interrupted is refused wherever it is found.
+// The file is not crash-safe until Finish. Until then it carries the application mark of another program, so that an
+// interrupted load is refused.
 //
-// In force all the time: the guards of locations and of custody rows, keys and unique constraints. Set aside until
-// Finish, since they cost most: the indexes, the triggers behind CurrentPlace and PropertyDescription, and foreign
-// keys. Finish fills both tables at once and then proves what has been set aside.
+// The guards of locations and custody rows, keys and unique constraints are active all the time. Indexes, foreign keys
+// and the triggers of CurrentPlace and PropertyDescription are the most expensive, so they are off until Finish, which
+// fills both tables at once and checks everything.
 class BulkLoad {
 public:
     explicit BulkLoad(const std::string& path);
 
     SQLite::Database& Database() { return m_database; }
 
-    // Fills what the triggers would have filled, puts indexes and triggers back, proves, commits. Error 5 with a
-    // sentence when a row refers to what is not there, or an item is not found where its current custody row says.
+    // Fills what the triggers would have filled, restores indexes and triggers, checks and commits. Error 5 with a
+    // sentence if a row refers to a missing one or an item is not where its current custody row says.
     void Finish(const SampleProgress& progress);
 
 private:
@@ -36,7 +36,7 @@ private:
 
     void SetAside();
     void ProveForeignKeys();
-    void ProvePlaces();
+    void CheckCurrentLocations();
 
     SQLite::Database m_database;
     std::vector<Aside> m_aside;

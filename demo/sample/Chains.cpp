@@ -19,15 +19,15 @@ struct Step {
     std::optional<int32_t> location;
     int32_t reason;
     int32_t receiver;
-    int32_t longestWait;  // days since the step before
+    int32_t longestWait;  // days since the previous step
 };
 
 constexpr int32_t soon = 3, sometime = 90;
 
 class Itinerary {
 public:
-    Itinerary(Random& random, const Places& places, const Fate& fate)
-        : m_random(random), m_places(places), m_fate(fate) {
+    Itinerary(Random& random, const LocationPurposes& places, const Fate& fate)
+        : m_random(random), m_purposes(places), m_fate(fate) {
         ComeIn();
         for (int32_t k = 0; k < fate.journeys; ++k) {
             GoOut(0);
@@ -51,9 +51,9 @@ private:
     }
 
     void ComeIn() {
-        if (m_fate.startsInReview) Add(m_random.Pick(m_places.review), Reason::CollectedAtScene, patrol, soon);
-        const bool stays = std::count(m_places.intake.begin(), m_places.intake.end(), m_fate.home) > 0;
-        const int32_t first = stays ? m_fate.home : m_random.Pick(m_places.intake);
+        if (m_fate.startsInReview) Add(m_random.Pick(m_purposes.review), Reason::CollectedAtScene, patrol, soon);
+        const bool stays = std::count(m_purposes.intake.begin(), m_purposes.intake.end(), m_fate.home) > 0;
+        const int32_t first = stays ? m_fate.home : m_random.Pick(m_purposes.intake);
         Add(first, Reason::InitialStorage, technicians, soon);
         if (!stays) Add(m_fate.home, Reason::Reorganization, technicians, soon);
     }
@@ -66,10 +66,10 @@ private:
             const std::vector<int32_t>& receivers;
         };
         const Purpose purposes[] = {
-            {m_places.labs, Reason::LaboratoryAnalysis, Reason::ReturnedFromAnalysis, analysts},
-            {m_places.courts, Reason::CourtPresentation, Reason::ReturnedFromCourt, liaison},
-            {m_places.officers, Reason::OfficerReview, Reason::ReturnedFromReview, detectives},
-            {m_places.prosecutors, Reason::ProsecutorReview, Reason::ReturnedFromReview, prosecutors},
+            {m_purposes.labs, Reason::LaboratoryAnalysis, Reason::ReturnedFromAnalysis, analysts},
+            {m_purposes.courts, Reason::CourtPresentation, Reason::ReturnedFromCourt, liaison},
+            {m_purposes.officers, Reason::OfficerReview, Reason::ReturnedFromReview, detectives},
+            {m_purposes.prosecutors, Reason::ProsecutorReview, Reason::ReturnedFromReview, prosecutors},
         };
         const int32_t drawn = m_random.Below(100);
         const Purpose* purpose = &purposes[drawn < 55 ? 0 : drawn < 80 ? 1 : drawn < 93 ? 2 : 3];
@@ -86,23 +86,23 @@ private:
     void ComeBack() { Add(m_fate.home, m_reasonBack, technicians); }
 
     void Dispose() {
-        const int32_t place = m_fate.endPlace > 0 ? m_fate.endPlace : m_random.Pick(m_places.disposal);
+        const int32_t place = m_fate.endPlace > 0 ? m_fate.endPlace : m_random.Pick(m_purposes.disposal);
         Add(place, m_random.Chance(60) ? Reason::CaseClosed : Reason::CourtOrder, technicians);
     }
 
     Random& m_random;
-    const Places& m_places;
+    const LocationPurposes& m_purposes;
     const Fate& m_fate;
     std::vector<Step> m_steps;
     int32_t m_reasonBack = 0;
 };
 
-// A moment of the working day, whole minutes.
+// A time of the working day, in whole minutes.
 int64_t TimeOfDay(Random& random) { return random.Between(7 * 60, 18 * 60 - 1) * 60'000ll; }
 
 }  // namespace
 
-std::vector<Custody> MakeChain(Random& random, const Places& places, const Fate& fate) {
+std::vector<Custody> MakeChain(Random& random, const LocationPurposes& places, const Fate& fate) {
     const Itinerary itinerary(random, places, fate);
     const auto steps = static_cast<int32_t>(itinerary.Steps().size());
     std::vector<Custody> chain;

@@ -7,16 +7,16 @@
 
 namespace quellbrook::sample {
 
-// Midnight of the day before which everything in a department has happened, and of the first day of its three years.
+// Midnight after the last day of a department's three years, and of their first day.
 inline const DateTime LastDay = DateTime::FromParts({2026, 11, 20, 0, 0, 0, 0});
 inline const DateTime FirstDay = DateTime::FromParts({2023, 11, 20, 0, 0, 0, 0});
 inline constexpr int64_t DayLength = 24ll * 60 * 60 * 1000;
 inline constexpr int32_t DayCount = 1096;  // from FirstDay to LastDay
-// A chain takes so many days at least; no item comes in later.
+// the longest chain, in days; no item arrives later than that before the end
 inline constexpr int32_t LongestChain = 12;
 
-// Where items go for which purpose.
-struct Places {
+// The locations that serve each purpose.
+struct LocationPurposes {
     std::vector<int32_t> intake;
     std::vector<int32_t> labs;
     std::vector<int32_t> courts;
@@ -28,19 +28,19 @@ struct Places {
 
 enum class End { InStorage, SignedOut, Disposed, UnderReview, NoLocation };
 
-// What becomes of an item between its coming and now.
+// What happens to an item between its arrival and now.
 struct Fate {
-    int32_t day = 0;       // of its coming, counted from FirstDay; DayCount - LongestChain at most
+    int32_t day = 0;       // of its arrival, from FirstDay; at most DayCount - LongestChain
     int32_t home = 0;      // where it is stored
     int32_t journeys = 0;  // times that it left and came back, 0 to 3
     End end = End::InStorage;
-    // Of SignedOut and Disposed; drawn from the places when it is 0.
+    // For SignedOut and Disposed; 0 picks one of the purposes' locations.
     int32_t endPlace = 0;
     bool startsInReview = false;
 };
 
-// A chain of custody that fits the fate, oldest row first: dates ascend, who hands over is who received before, a few
-// rows lack a person. An item whose home is one of the places of intake stays where it came in.
-std::vector<Custody> MakeChain(Random& random, const Places& places, const Fate& fate);
+// A chain of custody for the fate, oldest row first. Dates ascend, each item is received from the person who had it,
+// and a few rows lack a person. An item whose home is an intake location stays there.
+std::vector<Custody> MakeChain(Random& random, const LocationPurposes& places, const Fate& fate);
 
 }  // namespace quellbrook::sample

@@ -86,7 +86,7 @@ const std::vector<Person>& Persons() {
     return persons;
 }
 
-const std::vector<Stand>& OddStands() {
+const std::vector<Stand>& EdgeCaseStandIns() {
     static const std::vector<Stand> stands = {
         {{115, "Łukasiewicz-Žižková", "Żaneta", "Evidence Technician"}, 107},
         {{116, "山田", "花子", "Forensic Analyst"}, 110},

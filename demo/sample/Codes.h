@@ -47,11 +47,11 @@ const std::vector<Code>& CustodyReasons();
 const std::vector<Code>& VehicleCategories();
 const std::vector<Person>& Persons();
 
-// Persons of a generated department alone, whose names are hard to show or to sort; each does the work of another.
+// Persons in generated departments only, with names that are hard to display or sort. Each replaces another person.
 struct Stand {
     Person person;
     int32_t forPerson;
 };
-const std::vector<Stand>& OddStands();
+const std::vector<Stand>& EdgeCaseStandIns();
 
 }  // namespace quellbrook::sample

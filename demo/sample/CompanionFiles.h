@@ -7,13 +7,13 @@
 
 namespace quellbrook::sample {
 
-// A file that lies beside a department's database.
+// A file beside a department's database.
 struct CompanionFile {
-    std::string path;  // from the database's directory
+    std::string path;  // relative to the database's folder
     std::string bytes;
 };
 
-// Files below a directory. What was written goes again at destruction, unless it is kept.
+// Writes files below a folder. Deletes at destruction what it wrote, unless Keep was called.
 class CompanionFiles {
 public:
     explicit CompanionFiles(std::filesystem::path directory) : m_directory(std::move(directory)) {}
@@ -21,7 +21,7 @@ public:
     CompanionFiles(const CompanionFiles&) = delete;
     CompanionFiles& operator=(const CompanionFiles&) = delete;
 
-    // Writes those that do not stand there yet, each of them whole or not at all. Error 5 with a sentence.
+    // Writes the files that do not exist yet, each completely or not at all. Error 5 with a sentence.
     void Write(const std::vector<CompanionFile>& files);
     void Keep() { m_written.clear(); }
 
@@ -30,7 +30,7 @@ private:
     void WriteFile(const std::filesystem::path& path, const std::string& bytes, std::error_code& failure);
 
     std::filesystem::path m_directory;
-    std::vector<std::filesystem::path> m_written;  // directories stand before what is in them
+    std::vector<std::filesystem::path> m_written;  // directories precede their contents
 };
 
 }  // namespace quellbrook::sample

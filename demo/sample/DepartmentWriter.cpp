@@ -6,7 +6,7 @@ namespace {
 
 const char* const locationDate = "2023-11-01T08:00:00.000";
 
-// Of an attachment's owner.
+// Kinds of an attachment's owner.
 constexpr int32_t ownedByProperty = 6, ownedByVehicle = 7;
 
 template <typename Number>
@@ -18,7 +18,7 @@ void BindNumber(SQLite::Statement& statement, int index, const std::optional<Num
     }
 }
 
-// An empty text is stored as NULL. The text must outlive the statement's next step.
+// Stores an empty text as NULL. The text must outlive the statement's next step.
 void BindText(SQLite::Statement& statement, int index, const std::string& value) {
     if (value.empty()) {
         statement.bind(index);

@@ -9,7 +9,7 @@
 
 namespace quellbrook::sample {
 
-// Fills a fresh database of our schema; see BulkLoad for what is in force meanwhile.
+// Writes a department's rows into a new database through BulkLoad.
 class DepartmentWriter {
 public:
     explicit DepartmentWriter(const std::string& path);
@@ -22,13 +22,13 @@ public:
     void AddSetting(const std::string& name, const std::string& value);
     void AddIncident(const Incident& incident);
     void AddFolder(int32_t folder, const std::string& path);
-    // The item with its attachments and its whole chain, oldest row first; the last row is the current one.
+    // The item with its attachments and its chain, oldest row first. The last row becomes the current one.
     void AddProperty(const Property& property, const std::vector<Custody>& chain);
     void AddVehicle(const Vehicle& vehicle, const std::vector<Custody>& chain);
     void LinkProperty(int32_t incident, int32_t property);
     void LinkVehicle(int32_t incident, int32_t vehicle);
 
-    // Nothing may be added afterwards. Error 5 with a sentence when the rows do not fit together.
+    // The last call. Error 5 with a sentence if the rows are inconsistent.
     void Finish(const SampleProgress& progress) { m_load.Finish(progress); }
 
 private:

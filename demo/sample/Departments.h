@@ -5,7 +5,7 @@
 
 namespace quellbrook::sample {
 
-// Locations, incidents and items with their chains, 0 to 100 percent of them told to the progress.
+// Write locations, incidents and items with their chains, and report progress from 0 to 100 percent.
 void WriteSmallDepartment(DepartmentWriter& writer, const SampleProgress& progress);
 void WriteLargeDepartment(DepartmentWriter& writer, int32_t items, const SampleProgress& progress);
 

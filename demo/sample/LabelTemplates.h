@@ -4,7 +4,7 @@
 
 namespace quellbrook::sample {
 
-// The templates of the evidence and the location label, 4 x 2 inch; they are the files in the folder labels.
+// The templates of the evidence and the location label, 4 x 2 inches, from the folder labels.
 std::vector<CompanionFile> LabelTemplates();
 
 }  // namespace quellbrook::sample

@@ -1,8 +1,8 @@
 #include "demo/sample/Chains.h"
 #include "demo/sample/Departments.h"
+#include "demo/sample/EdgeCases.h"
 #include "demo/sample/Locations.h"
 #include "demo/sample/Numbering.h"
-#include "demo/sample/Oddities.h"
 #include "demo/sample/Words.h"
 
 #include <algorithm>
@@ -25,18 +25,18 @@ public:
 
     void Write() {
         for (const Location& location : m_large.tree.All()) m_writer.AddLocation(location);
-        for (const Stand& stand : OddStands()) m_writer.AddPerson(stand.person);
-        m_places.intake = {m_large.counter};
-        m_places.labs = m_places.courts = m_places.officers = m_places.prosecutors = m_large.signOut;
-        m_places.disposal = m_large.disposal;
-        m_places.review = m_large.other;
+        for (const Stand& stand : EdgeCaseStandIns()) m_writer.AddPerson(stand.person);
+        m_purposes.intake = {m_large.counter};
+        m_purposes.labs = m_purposes.courts = m_purposes.officers = m_purposes.prosecutors = m_large.signOut;
+        m_purposes.disposal = m_large.disposal;
+        m_purposes.review = m_large.other;
         for (int32_t no = 1; no <= m_incidents; ++no) AddIncident(no);
         for (int32_t k = 0; k < m_properties; ++k) AddProperty(k);
         for (int32_t k = 0; k < m_vehicles; ++k) AddVehicle(k);
     }
 
 private:
-    // Incidents come one after the other over the three years, so that an item's incident tells its day.
+    // Incidents are in date order over the three years, so that the incident of an item determines its day.
     int32_t DayOf(int32_t incident) const {
         return static_cast<int32_t>(static_cast<int64_t>(incident - 1) * (DayCount - LongestChain) / m_incidents);
     }
@@ -46,7 +46,7 @@ private:
         return std::to_string(date.ToParts().year) + "-" + Padded(incident, 6);
     }
 
-    // One incident in forty is told under the case number of the one before.
+    // One incident in forty has the case number of the previous one.
     void AddIncident(int32_t no) {
         Incident incident;
         incident.no = no;
@@ -59,13 +59,13 @@ private:
         m_writer.AddIncident(incident);
     }
 
-    // Spreads `count` marks evenly over the property: whether the piece at this place of the order has one.
+    // Spreads `count` marks evenly over the property: whether the piece at this position has one.
     bool Marked(int32_t index, int32_t count) const {
         const int64_t marks = std::min(count, m_properties / 10);
         return index * marks / m_properties != (index + 1) * marks / m_properties;
     }
 
-    // Where the piece lies if that is not left to chance; 0 for most.
+    // The location of the piece if it is fixed; 0 for most.
     int32_t MarkedPlace(int32_t index) const {
         if (Marked(index, itemsOnFullShelf)) return m_large.fullShelf;
         return Marked((index + m_properties / 3) % m_properties, itemsAtCounter) ? m_large.counter : 0;
@@ -103,7 +103,7 @@ private:
             untracked = false;
         }
         if (fate.end == End::Disposed && !untracked) property.disposition = Disposition{Status::Destroyed, ""};
-        MakeOdd(index, property);
+        AddEdgeCases(index, property);
         if (const auto filing = FilingOf(index)) AttachPictures(property, *filing, index / 6);
         m_writer.AddProperty(property, ChainOf(index, untracked, fate));
         m_writer.LinkProperty(incident, property.no);
@@ -114,8 +114,8 @@ private:
 
     std::vector<Custody> ChainOf(int32_t index, bool untracked, const Fate& fate) {
         if (untracked) return {};
-        std::vector<Custody> chain = MakeChain(m_random, m_places, fate);
-        NameOddPersons(index, chain);
+        std::vector<Custody> chain = MakeChain(m_random, m_purposes, fate);
+        AddEdgeCasePersons(index, chain);
         return chain;
     }
 
@@ -127,7 +127,7 @@ private:
         const Fate fate = MakeFate(DayOf(incident));
         const bool untracked = m_random.Chance(3);
         if (fate.end == End::Disposed && !untracked) vehicle.disposition = Disposition{Status::SoldAtAuction, ""};
-        MakeOdd(index, vehicle);
+        AddEdgeCases(index, vehicle);
         if (const auto filing = FilingOf(index)) AttachPictures(vehicle, *filing);
         m_writer.AddVehicle(vehicle, ChainOf(index, untracked, fate));
         m_writer.LinkVehicle(incident, vehicle.no);
@@ -149,7 +149,7 @@ private:
     const int32_t m_incidents;
     const LargeTree m_large;
     Random m_random{5000};
-    Places m_places;
+    LocationPurposes m_purposes;
     int32_t m_lastIncident = 0;
     int32_t m_piece = 0;
     int32_t m_percent = 0;

@@ -1,7 +1,7 @@
 #include "demo/sample/Locations.h"
 
 #include "base/Error.h"
-#include "demo/sample/Oddities.h"
+#include "demo/sample/EdgeCases.h"
 #include "demo/sample/SampleDepartment.h"
 #include "host/LocationPath.h"
 
@@ -53,14 +53,14 @@ void AddEntries(LocationTree& tree, int32_t type, const std::vector<Entry>& entr
     }
 }
 
-// Whether the location at this place of a category is in use; a container out of use takes those in it along.
+// Whether the location at this position is in use. A container out of use applies to its contents.
 std::optional<bool> IsActive(int level, int32_t place) {
     if (level >= 2 && place % 29 == 5) return std::nullopt;
     return !(level >= 2 && place % 23 == 3);
 }
 
-// A category of so many locations, five at least, on five levels, each container of a level holding nearly as many as
-// the next. The identifiers of all but the first two levels are added to `leaves`.
+// Builds a category of `count` locations, at least five, on five levels with about equal fan-out. Adds the identifiers
+// of all but the first two levels to `leaves`.
 void AddCategory(LocationTree& tree, int32_t type, int32_t count, std::vector<int32_t>& leaves) {
     static const char* const names[] = {"Building ", "Floor ", "Room ", "Aisle ", "Shelf "};
     const int32_t shares[] = {count / 400 + 1, count / 100 + 1, count / 20 + 1, count / 5, count};
@@ -74,7 +74,7 @@ void AddCategory(LocationTree& tree, int32_t type, int32_t count, std::vector<in
             const int32_t container = containers[static_cast<size_t>(k % width)];
             const std::string name = names[level] + std::to_string(k / width + 1);
             const auto place = static_cast<int32_t>(tree.All().size());
-            added.push_back(tree.Add(container, OddName(place, name), type, IsActive(level, k)));
+            added.push_back(tree.Add(container, EdgeCaseName(place, name), type, IsActive(level, k)));
             if (level >= 2) leaves.push_back(added.back());
         }
         left -= here;

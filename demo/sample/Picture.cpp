@@ -8,7 +8,7 @@ namespace {
 
 int64_t Square(int64_t number) { return number * number; }
 
-// The middle of the dot at x, y lies at 2x + 1, 2y + 1 of these doubled coordinates.
+// The center of the dot at x, y has the doubled coordinates 2x + 1, 2y + 1.
 bool InDisc(const Shape& s, int64_t x, int64_t y) {
     const int64_t width = s.c - s.a, height = s.d - s.b;
     return Square((2 * x + 1 - s.a - s.c) * height) + Square((2 * y + 1 - s.b - s.d) * width) <= Square(width * height);
@@ -45,7 +45,7 @@ bool Covers(const Shape& shape, int32_t x, int32_t y) {
     return false;
 }
 
-// A box that holds all of it: left, top, right, bottom.
+// The bounding box: left, top, right, bottom.
 Shape BoundsOf(const Shape& s) {
     Shape bounds{Shape::Kind::Box,   s.colour,           std::min(s.a, s.c),
                  std::min(s.b, s.d), std::max(s.a, s.c), std::max(s.b, s.d)};

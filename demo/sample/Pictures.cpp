@@ -11,7 +11,7 @@ namespace quellbrook::sample {
 
 namespace {
 
-// What differs between two pictures of one motif.
+// What distinguishes two pictures of one motif.
 struct Tint {
     Colour back, shade, main, light;
 };

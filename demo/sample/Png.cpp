@@ -48,7 +48,7 @@ void AppendChunk(std::string& file, std::string_view type, std::string_view cont
     AppendNumber(file, Crc32(checked));
 }
 
-// A stream of blocks that are stored as they are.
+// A deflate stream of stored blocks.
 std::string Stored(std::string_view bytes) {
     std::string stream = "\x78\x01";
     std::string_view left = bytes;
@@ -86,7 +86,7 @@ std::string EncodePng(const Picture& picture) {
     std::string header;
     AppendNumber(header, static_cast<uint32_t>(picture.width));
     AppendNumber(header, static_cast<uint32_t>(picture.height));
-    header += {4, 3, 0, 0, 0};  // bits a dot, indexed colours, deflate, the one filter method, not interlaced
+    header += {4, 3, 0, 0, 0};  // bits per dot, indexed colors, deflate, filter method 0, not interlaced
     std::string palette;
     for (const Colour& colour : picture.colours) {
         for (const uint8_t part : {colour.red, colour.green, colour.blue}) palette += static_cast<char>(part);

@@ -6,8 +6,8 @@
 
 namespace quellbrook::sample {
 
-// The bytes of a PNG file: indexed colours, four bits a dot, not compressed, so that a picture has the same bytes on
-// every machine. The picture has at least one dot and one colour.
+// The bytes of an uncompressed PNG file with four-bit palette indices. A picture has the same bytes on every machine.
+// It needs at least one dot and one color.
 std::string EncodePng(const Picture& picture);
 
 }  // namespace quellbrook::sample

@@ -5,13 +5,13 @@
 
 namespace quellbrook::sample {
 
-// How far a making has come, as one line of a terminal that is written anew: "Making ... [#######       ]  50 %".
-// A stream that is no terminal gets the words alone, once. Nothing is written before the first Show.
+// A progress bar on one line of a terminal: "Creating ... [#######       ]  50 %". A stream that is not a terminal gets
+// only the text, once. Nothing is written before the first Show.
 class ProgressBar {
 public:
-    // The words stand before the bar, without a line's end. The stream must outlive this.
+    // The text precedes the bar and has no line end. The stream must outlive this.
     ProgressBar(std::string words, std::FILE* stream, bool isTerminal);
-    // To standard error.
+    // Writes to standard error.
     explicit ProgressBar(std::string words);
     // Ends the line.
     ~ProgressBar();

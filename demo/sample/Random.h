@@ -6,7 +6,7 @@
 
 namespace quellbrook::sample {
 
-// A small generator of numbers that gives the same sequence for a seed on every machine.
+// A pseudorandom generator with the same sequence for a seed on every machine.
 class Random {
 public:
     explicit Random(uint64_t seed) : m_state(seed) {}
@@ -19,9 +19,9 @@ public:
         return z ^ (z >> 31);
     }
 
-    // 0 to limit - 1; the limit is above 0.
+    // From 0 to limit - 1. The limit must be positive.
     int32_t Below(int32_t limit) { return static_cast<int32_t>((Next() >> 32) * static_cast<uint64_t>(limit) >> 32); }
-    // Both ends included.
+    // Inclusive.
     int32_t Between(int32_t low, int32_t high) { return low + Below(high - low + 1); }
     bool Chance(int32_t percent) { return Below(100) < percent; }
 

@@ -9,8 +9,8 @@
 
 namespace quellbrook::sample {
 
-// The rows of a department, as the makers hand them to the writer. An empty text is written as NULL, except an
-// identifier that is there and empty.
+// The rows of a department that DepartmentWriter writes. An empty text becomes NULL, except a property's identifier
+// that is present.
 
 inline constexpr int32_t Internal = 2, External = 4, Disposal = 8, Other = 16;
 
@@ -19,7 +19,7 @@ struct Location {
     std::string name;
     int32_t type = Internal;
     std::string path;     // of the container
-    std::string ownPath;  // of what lies in it
+    std::string ownPath;  // of its contents
     std::optional<bool> active = true;
 };
 
@@ -42,7 +42,7 @@ struct Attachment {
     std::string fileName;
 };
 
-// The files of an item are numbered from 1 in their order; the image is the number of the main one.
+// Files are numbered from 1 in their order; the image is the number of the main one.
 struct Attachments {
     std::vector<Attachment> files;
     std::optional<int32_t> image;
@@ -67,7 +67,7 @@ struct Vehicle {
     int32_t no = 0;
     std::string tag;
     std::string state;
-    int32_t year = 0;  // 0: not known
+    int32_t year = 0;  // 0 if unknown
     std::string color;
     std::string make;
     std::string model;

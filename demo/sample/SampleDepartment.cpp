@@ -102,7 +102,7 @@ void Fill(const std::string& path, const SampleOptions& options, const SamplePro
     writer.Finish(sample::PartOf(progress, 55, 99));
 }
 
-// Whether the text is a number of a process, and none of that number runs.
+// Whether the text is a process number, and no such process is running.
 bool IsGoneProcess(const std::string& text) {
     int32_t number = 0;
     try {
@@ -113,7 +113,7 @@ bool IsGoneProcess(const std::string& text) {
     return number > 0 && kill(number, 0) != 0 && errno == ESRCH;
 }
 
-// What a making left that was killed; nobody else would ever remove it.
+// Removes what a killed creation left, since nothing else does.
 void RemoveLeftovers(const std::filesystem::path& path) {
     std::vector<std::string> leftovers;
     std::error_code ignored;
@@ -129,7 +129,7 @@ void RemoveLeftovers(const std::filesystem::path& path) {
 
 void RefuseStandingFile(const std::string& path) {
     if (std::filesystem::exists(path)) {
-        Raise(ErrorNumber::General, source, "The department can't be made: there already is a file '" + path + "'.");
+        Raise(ErrorNumber::General, source, "The department can't be created: there already is a file '" + path + "'.");
     }
 }
 

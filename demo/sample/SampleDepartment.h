@@ -7,29 +7,29 @@
 
 namespace quellbrook {
 
-// Which department to make. Every date of it lies in the three years up to November 20th, 2026.
+// Selects the department to create. All its dates are in the three years before November 21, 2026.
 struct SampleOptions {
-    // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations, a few odd things among them.
-    // Above 0: a generated department of so many items, one in ten of them a vehicle, in one location for twenty items,
-    // 100 locations at least and 5,000 at most. From a thousand items on it holds everything that is awkward: names
-    // with quotes, padded blanks and other scripts; items that lack a location, a category, an identifier, a state code
-    // or a quantity; items linked twice to an incident; locations out of use that hold others; pictures filed wrongly.
+    // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations, with a few edge cases. Above 0:
+    // a generated department of this number of items, one in ten a vehicle, with one location for twenty items, between
+    // 100 and 5,000. From a thousand items on it contains all edge cases: names with quotes, padding blanks and other
+    // scripts; items without a location, category, identifier, state code or quantity; items linked twice to an
+    // incident; locations out of use that contain others; pictures filed incorrectly.
     int32_t items = 0;
 };
 
 namespace SampleNames {
 inline constexpr const char* AgencyName = "Harlow Bay Police Department";
-// Of a generated department: the location through which every tracked item has passed, and a shelf on which 190 items
-// lie now (a tenth of the items, where there are fewer than 1,900).
+// Of a generated department: the location that every tracked item has passed, and a shelf with 190 items (a tenth of
+// the items if there are fewer than 1,900).
 inline constexpr const char* SignInCounter = "Sign-In Counter";
 inline constexpr const char* FullShelf = "Bulk Shelf";
 // The setting that marks a department whose accounts may be shown.
 inline constexpr const char* MarkerSetting = "SampleDepartment";
 }  // namespace SampleNames
 
-inline constexpr int32_t FirstVehicleNo = 5'000'001;  // property is numbered from 1, so that no two items share a key
+inline constexpr int32_t FirstVehicleNo = 5'000'001;  // property starts at 1, so that no two items share a key
 
-// An account of every sample department, its password in the open.
+// An account of every sample and generated department, with its password in plain text.
 struct SampleAccount {
     std::string username;
     std::string password;
@@ -37,18 +37,17 @@ struct SampleAccount {
 };
 const std::vector<SampleAccount>& SampleAccounts();
 
-// Hears how far the making has come, 0 to 100, never less than before. What it throws ends the making.
+// Receives the progress, 0 to 100, never decreasing. An exception from it cancels the creation.
 using SampleProgress = std::function<void(int percent)>;
 
-// Writes a department into a new database file of our schema, the pictures that it names into the folder Pictures
-// beside it, and the templates of its labels into Files/Data, where none stand yet; all departments of a directory
-// share them. The same options give the same rows, password hashes excepted, and a picture has the same bytes
-// everywhere. The file appears at the path only when it is complete and its rows are proven to fit together; what a
-// making that was killed left is refused as a database and is removed by the next one. Error 5 with a sentence when a
-// file stands there already, or when it can't be written.
+// Creates a department: the database file, the pictures that it refers to in the folder Pictures beside it, and missing
+// label templates in Files/Data. Departments in one folder share pictures and templates. The same options give the same
+// rows, except for password hashes, and the same picture bytes everywhere. The file appears at the path only when it is
+// complete and checked. An interrupted creation leaves a file that is refused as a database and removed by the next
+// creation. Error 5 with a sentence if the file exists or cannot be written.
 void CreateSampleDepartment(const std::string& path, const SampleOptions& options, const SampleProgress& progress = {});
 
-// Writes the label templates that a department's directory lacks, below Files/Data. Error 5 with a sentence.
+// Adds missing label templates below Files/Data. Error 5 with a sentence.
 void AddMissingLabelTemplates(const std::string& directory);
 
 }  // namespace quellbrook

@@ -3,8 +3,8 @@
 #include "demo/sample/KnownItems.h"
 #include "demo/sample/Locations.h"
 #include "demo/sample/Numbering.h"
-#include "demo/sample/SmallOddities.h"
-#include "demo/sample/SmallPlaces.h"
+#include "demo/sample/SmallEdgeCases.h"
+#include "demo/sample/SmallLocations.h"
 #include "demo/sample/Words.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int32_t propertyCount = 300, vehicleCount = 40, generatedIncidents = 118;
 
-// "2026-0417" for an incident of this day: a department of this size has some 1.6 a day.
+// "2026-0417" for an incident of this day: a department of this size has about 1.6 a day.
 std::string IncidentId(int32_t day) {
     const DateTime date{FirstDay.milliseconds + day * DayLength};
     const DateTime::Parts parts = date.ToParts();
@@ -28,7 +28,7 @@ std::string IncidentId(int32_t day) {
 class SmallDepartment {
 public:
     SmallDepartment(DepartmentWriter& writer, const SampleProgress& progress)
-        : m_writer(writer), m_progress(progress), m_tree(MakeSmallTree()), m_small(PlacesIn(m_tree)) {}
+        : m_writer(writer), m_progress(progress), m_tree(MakeSmallTree()), m_small(SmallLocationsOf(m_tree)) {}
 
     void Write() {
         for (const Location& location : m_tree.All()) m_writer.AddLocation(location);
@@ -62,7 +62,7 @@ private:
         property.no = ++m_properties;
         property.disposition = DispositionOf(chain);
         m_items.emplace(*property.id, property.no);
-        MakeOddInSample(property);
+        AddSampleEdgeCases(property);
         AttachInSample(property);
         m_writer.AddProperty(property, chain);
         Report();
@@ -72,7 +72,7 @@ private:
         vehicle.no = FirstVehicleNo + m_vehicles++;
         vehicle.disposition = DispositionOf(chain);
         m_items.emplace(vehicle.tag, vehicle.no);
-        MakeOddInSample(vehicle);
+        AddSampleEdgeCases(vehicle);
         AttachInSample(vehicle);
         m_writer.AddVehicle(vehicle, chain);
         Report();
@@ -82,7 +82,7 @@ private:
         if (m_progress) m_progress((m_properties + m_vehicles) * 100 / (propertyCount + vehicleCount));
     }
 
-    // How an item that lies at this place now has fared.
+    // The fate of an item that is now in this location.
     Fate FateThatEndsAt(int32_t place, int32_t day) {
         Fate fate;
         fate.day = day;
@@ -125,7 +125,7 @@ private:
                 chain = ChainOfLaptop();
             } else if (*known.place) {
                 const int32_t day = m_random.Between(1020, 1070);
-                chain = MakeChain(m_random, m_places, FateThatEndsAt(At(known.place), day));
+                chain = MakeChain(m_random, m_purposes, FateThatEndsAt(At(known.place), day));
             }
             AddProperty(property, chain);
             const auto incident = m_incidents.find(property.id->substr(0, 9));
@@ -136,11 +136,11 @@ private:
     void AddKnownVehicles() {
         const Fate fate = FateThatEndsAt(At("Impound Lot > Row 2"), 1015);
         AddVehicle({0, "KTR4821", "OR", 2018, "Silver", "Veldra", "Tarn", 1, true, std::nullopt, {}},
-                   MakeChain(m_random, m_places, fate));
+                   MakeChain(m_random, m_purposes, fate));
         AddVehicle({0, "LVN2077", "OR", 2021, "White", "Halden", "Courier", 3, true, std::nullopt, {}}, {});
     }
 
-    // A day whose incident is not told yet.
+    // A day without an incident so far.
     int32_t FreeDay() {
         for (;;) {
             const int32_t day = m_random.Below(1010);
@@ -174,7 +174,7 @@ private:
         }
     }
 
-    // Found property and abandoned vehicles, which belong to no incident.
+    // Found property and abandoned vehicles have no incident.
     void AddLoneItem() {
         const int32_t day = m_random.Below(DayCount - LongestChain);
         if (m_properties < propertyCount) {
@@ -199,7 +199,7 @@ private:
         return fate;
     }
 
-    // Of an item whose last row took it out of storage for good.
+    // For an item whose last row disposed of it.
     std::optional<Disposition> DispositionOf(const std::vector<Custody>& chain) const {
         if (chain.empty()) return std::nullopt;
         const std::optional<int32_t>& place = chain.back().location;
@@ -210,7 +210,7 @@ private:
     }
 
     int32_t HomeOf(const Property& property) {
-        if (m_random.Chance(4)) return m_random.Pick(m_places.intake);
+        if (m_random.Chance(4)) return m_random.Pick(m_purposes.intake);
         if (property.category == Category::Drugs) return m_random.Pick(m_small.vaults);
         if (property.category == Category::Firearms) return At("Property Room > Firearms Cage");
         if (property.category == Category::Biological) return At("Refrigerated Storage");
@@ -223,7 +223,7 @@ private:
         DescribeProperty(m_random, property);
         Fate fate = GeneratedFate(day, HomeOf(property));
         if (const char* place = PlaceOutOfUse(m_properties + 1)) fate.home = At(place);
-        AddProperty(property, MakeChain(m_random, m_places, fate));
+        AddProperty(property, MakeChain(m_random, m_purposes, fate));
     }
 
     void AddGeneratedVehicle(int32_t day) {
@@ -232,7 +232,7 @@ private:
             DescribeVehicle(m_random, vehicle);
         } while (m_items.find(vehicle.tag) != m_items.end());
         const int32_t row = m_random.Pick(m_small.rows);
-        Places places = m_places;
+        LocationPurposes places = m_purposes;
         places.intake = {row};
         places.labs = {At("Crime Lab > Latent Prints")};
         places.disposal = {At("Auction"), At("Returned to Owner")};
@@ -243,8 +243,8 @@ private:
     const SampleProgress& m_progress;
     const LocationTree m_tree;
     Random m_random{20261120};
-    const SmallPlaces m_small;
-    const Places& m_places = m_small.purposes;
+    const SmallLocations m_small;
+    const LocationPurposes& m_purposes = m_small.purposes;
     std::map<std::string, int32_t> m_incidents;
     std::map<std::string, int32_t> m_items;
     int32_t m_properties = 0;

@@ -12,7 +12,7 @@ struct Kind {
     int32_t category;
     std::vector<const char*> things;
     std::vector<const char*> details;
-    int32_t highestValue;  // dollars; 0 where value means nothing
+    int32_t highestValue;  // dollars; 0 if there is no value
     bool hasMaker = false;
 };
 
@@ -111,7 +111,7 @@ const std::vector<Line> lines = {
     {"Kaito", "Breeze", 4}, {"Rudmark", "Box 12", 5},
 };
 
-// Draws a text by a picture: "A" gives a letter, "9" a digit, any other character itself.
+// Generates a text from a pattern: "A" gives a letter, "9" a digit, any other character itself.
 std::string Draw(Random& random, std::string_view picture) {
     std::string text;
     for (const char c : picture) {

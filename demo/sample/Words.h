@@ -5,9 +5,9 @@
 
 namespace quellbrook::sample {
 
-// Draws what describes a piece of property: category, description, quantity, value, maker.
+// Picks category, description, quantity, value and maker of a piece of property.
 void DescribeProperty(Random& random, Property& property);
-// Draws tag, state, year, colour, make, model and category.
+// Picks tag, state, year, color, make, model and category of a vehicle.
 void DescribeVehicle(Random& random, Vehicle& vehicle);
 
 }  // namespace quellbrook::sample

@@ -8,13 +8,13 @@
 
 namespace quellbrook::tour {
 
-// Reads the custody rows of a database over a connection of its own, beside the program's.
+// Reads the custody rows of a database through a separate connection.
 class CustodyRows {
 public:
-    // Takes note of the rows that stand now.
+    // Remembers the existing rows.
     explicit CustodyRows(const std::string& databasePath);
 
-    // The rows written since, property first, each item's in their order.
+    // The rows written since construction, property first, ordered by item and sequence.
     RowList Written() const;
     // The first column of the first row of a SELECT; Empty without a row.
     TaggedValue Ask(const std::string& select) const;
@@ -23,7 +23,7 @@ private:
     RowList Query(const std::string& select) const;
 
     std::string m_path;
-    std::map<std::string, std::map<int32_t, int32_t>> m_before;  // by key column: item and its greatest SeqNo
+    std::map<std::string, std::map<int32_t, int32_t>> m_before;  // by key column: item and its highest SeqNo
 };
 
 }  // namespace quellbrook::tour

@@ -32,7 +32,7 @@ TourPlayer::TourPlayer(QWidget& window, const QString& directory, const std::str
 void TourPlayer::Start() {
     if (!QDir().mkpath(m_directory)) {
         Raise(ErrorNumber::General, "TourPlayer.Start",
-              "The directory '" + m_directory.toStdString() + "' can't be made.");
+              "The directory '" + m_directory.toStdString() + "' can't be created.");
     }
     AddPicture();
     m_waiting.start();
@@ -50,7 +50,7 @@ void TourPlayer::Step(const QString& name) {
 
 void TourPlayer::AddPress(const QString& what, std::function<tour::Spot()> spot,
                           std::function<void(const QPoint&)> press) {
-    // Two looks in a row must agree: nothing is pressed while it is still moving.
+    // Two successive positions must be equal, so that nothing moving is clicked.
     auto last = std::make_shared<tour::Spot>();
     AddMove({what + QStringLiteral(" can be pressed"),
              [spot, last] {
@@ -63,26 +63,26 @@ void TourPlayer::AddPress(const QString& what, std::function<tour::Spot()> spot,
              {}});
 }
 
-void TourPlayer::Click(const QString& what, std::function<tour::Spot()> spot, tour::Hand::Button button,
+void TourPlayer::Click(const QString& what, std::function<tour::Spot()> spot, tour::InputDriver::Button button,
                        bool withControl) {
     AddPress(what, std::move(spot),
-             [this, button, withControl](const QPoint& at) { m_hand.Click(at, button, withControl); });
+             [this, button, withControl](const QPoint& at) { m_input.Click(at, button, withControl); });
 }
 
 void TourPlayer::DoubleClick(const QString& what, std::function<tour::Spot()> spot) {
-    AddPress(what, std::move(spot), [this](const QPoint& at) { m_hand.DoubleClick(at); });
+    AddPress(what, std::move(spot), [this](const QPoint& at) { m_input.DoubleClick(at); });
 }
 
 void TourPlayer::Type(const QString& text) {
-    Do([this, text] { m_hand.Type(text); });
+    Do([this, text] { m_input.Type(text); });
 }
 
 void TourPlayer::Press(const QString& key) {
-    Do([this, key] { m_hand.Press(key); });
+    Do([this, key] { m_input.Press(key); });
 }
 
 void TourPlayer::Scan(std::function<QString()> barcode) {
-    Do([this, barcode = std::move(barcode)] { m_hand.Scan(barcode()); });
+    Do([this, barcode = std::move(barcode)] { m_input.Scan(barcode()); });
 }
 
 void TourPlayer::Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see) {
@@ -103,7 +103,7 @@ void TourPlayer::AddPicture() {
         {QStringLiteral("the screen is still"), [this] { return IsSettled(); }, [this] { TakePicture(); }, {}, true});
 }
 
-// The same picture several times in a row, or a screen that will not come to rest.
+// True after several equal pictures, or if the screen does not settle.
 bool TourPlayer::IsSettled() {
     QImage grab = m_senses.camera();
     m_equalGrabs = grab == m_lastGrab ? m_equalGrabs + 1 : 0;
@@ -129,14 +129,14 @@ void TourPlayer::Tick() {
 }
 
 void TourPlayer::Advance() {
-    if (!m_hand.IsIdle()) return;
-    const QString failure = m_hand.TakeFailure();
+    if (!m_input.IsIdle()) return;
+    const QString failure = m_input.TakeFailure();
     if (!failure.isEmpty()) return Fail(failure);
     if (m_moves.empty()) return End();
     Move& move = m_moves.front();
     if (!move.ready()) {
         if (move.endsByItself || m_waiting.elapsed() < m_senses.limitMilliseconds) return;
-        QString reason = QStringLiteral("Did not come: ") + move.what;
+        QString reason = QStringLiteral("Did not appear: ") + move.what;
         if (move.see) reason += QStringLiteral(" Seen: \"") + move.see() + QStringLiteral("\".");
         return Fail(reason);
     }
@@ -172,8 +172,8 @@ void TourPlayer::End() {
     m_timer.stop();
     bool allHeld = m_moves.empty();
     for (const TourStep& step : m_steps) allHeld = allHeld && step.held;
-    m_held = WriteReport() && allHeld;
-    QApplication::exit(m_held ? 0 : 1);
+    m_passed = WriteReport() && allHeld;
+    QApplication::exit(m_passed ? 0 : 1);
 }
 
 bool TourPlayer::WriteReport() const {

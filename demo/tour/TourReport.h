@@ -9,8 +9,8 @@
 
 namespace quellbrook {
 
-// {"steps": [{"name", "picture", "held", "said"}], "custody": [one object a row, its columns by name]}. Error 5 when
-// the file can't be written.
+// Writes {"steps": [{"name", "picture", "held", "said"}], "custody": [one object per row, by column name]}. Error 5 if
+// the file cannot be written.
 void WriteTourReport(const QString& path, const std::vector<TourStep>& steps, const RowList& custody);
 
 }  // namespace quellbrook

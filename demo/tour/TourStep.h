@@ -4,12 +4,12 @@
 
 namespace quellbrook {
 
-// One step of a tour as tour.json tells it.
+// One step of a tour in tour.json.
 struct TourStep {
     QString name;
     QString picture;  // file name beside tour.json
     bool held = false;
-    QString said;  // what was seen, sentence by sentence; the last one is what did not hold
+    QString said;  // what was seen, in sentences; the last one is the failure, if any
 };
 
 }  // namespace quellbrook

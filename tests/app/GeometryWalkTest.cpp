@@ -7,7 +7,7 @@
 #include "core/Actions.h"
 #include "data/StorageLocationStatic.h"
 #include "database/SqliteEngine.h"
-#include "demo/tour/Look.h"
+#include "demo/tour/WindowInspector.h"
 #include "host/HostServices.h"
 #include "tests/app/ScratchWorkstation.h"
 #include "tests/demo/sample/SampleFile.h"
@@ -33,7 +33,7 @@
 namespace quellbrook::testing {
 namespace {
 
-// Every view of the program, on the sample department, at two sizes and in both palettes.
+// Checks the geometry of every view on the sample department, at two sizes and in both palettes.
 std::vector<MeantFault> Meant() {
     using enum MeantFault::Kind;
     return {
@@ -82,7 +82,7 @@ protected:
         ServeEvents();
     }
 
-    // All that lies in the location of this name, as the explorer would list it.
+    // The items of the location with this path.
     static std::shared_ptr<StoredItemList> ItemsAt(const std::string& path) {
         std::shared_ptr<StoredItemList> found;
         const std::function<void(const StorageLocationRef&)> look = [&](const StorageLocationRef& location) {
@@ -127,7 +127,7 @@ protected:
     }
     void Walk() { Walk(*m_window); }
 
-    // One for all tests, so that it knows at the end which of the exceptions nothing needed.
+    // Shared by all tests, to find unused exceptions at the end.
     static GeometryWalk& TheWalk() {
         static GeometryWalk walk(Meant());
         return walk;
@@ -146,7 +146,7 @@ protected:
 
 TEST_P(EveryView, TheLoginForm) { Walk(); }
 
-TEST_P(EveryView, TheLoginFormWithItsSentence) {
+TEST_P(EveryView, TheLoginFormWithAFailure) {
     Click(Find(*m_window, "logIn"));
     Walk();
 }
@@ -227,7 +227,7 @@ TEST_P(EveryView, LabelsAndScanner) {
     Walk();
 }
 
-TEST_P(EveryView, LabelsAndScannerWhereThePrinterAndTheTemplateAreGone) {
+TEST_P(EveryView, LabelsAndScannerWithoutPrinterAndTemplate) {
     const ScratchWorkstation workstation;
     SavePrinterChoice({"Laser in the back office", "/labels", 600}, PrinterChoiceFile());
     workstation.SetPrintCommand("echo 'The tape is out, the head is hot and the lid is open.' >&2\nexit 1");

@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-TEST(LocaleFormats, TheLocaleWithoutACountryGivesTheDefaults) {
+TEST(LocaleFormats, TheCLocaleGivesTheDefaults) {
     const HostFormats formats = FormatsOf(QLocale::c());
     EXPECT_EQ(formats.date, "MM/dd/yyyy");
     EXPECT_EQ(formats.time, "h:mm AP");
@@ -20,7 +20,7 @@ TEST(LocaleFormats, ACountryGivesItsShortFormats) {
     EXPECT_EQ(formats.currency, "%d\u00A0\u20AC");
 }
 
-TEST(LocaleFormats, TheAmountKeepsItsPlaceInTheCurrency) {
+TEST(LocaleFormats, TheCurrencyFormatKeepsThePositionOfTheAmount) {
     EXPECT_EQ(FormatsOf(QLocale(QLocale::English, QLocale::UnitedStates)).currency, "$%d");
 }
 

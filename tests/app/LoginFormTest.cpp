@@ -28,7 +28,7 @@ void Listen(LoginForm& form, Heard& heard) {
 
 }  // namespace
 
-TEST(LoginForm, SubmitsWhatIsTypedAtAClickOfTheButton) {
+TEST(LoginForm, ClickingTheButtonSubmitsTheInput) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
     Heard heard;
     Listen(form, heard);
@@ -57,7 +57,7 @@ TEST(LoginForm, ThePasswordIsNotShown) {
     EXPECT_EQ(Find<QLineEdit>(form, "password")->echoMode(), QLineEdit::Password);
 }
 
-TEST(LoginForm, WithAUserOnlyThePasswordIsAsked) {
+TEST(LoginForm, AGivenUserEntersOnlyThePassword) {
     LoginForm form("Harlow Bay", QString("clerk"), accounts);
     Heard heard;
     Listen(form, heard);
@@ -71,7 +71,7 @@ TEST(LoginForm, WithAUserOnlyThePasswordIsAsked) {
     EXPECT_EQ(heard.password, "pencil");
 }
 
-TEST(LoginForm, AFailureIsShownAndThePasswordAskedAnew) {
+TEST(LoginForm, AFailureIsShownAndClearsThePassword) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
     ShowActive(form);
     Type(Find(form, "password"), "wrong");
@@ -85,7 +85,7 @@ TEST(LoginForm, AFailureIsShownAndThePasswordAskedAnew) {
     EXPECT_FALSE(failure->isVisible());
 }
 
-TEST(LoginForm, ShowsTheAccountsThatItIsGivenAndNoOthers) {
+TEST(LoginForm, ShowsExactlyTheGivenAccounts) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
     EXPECT_EQ(Find<QLabel>(form, "account0")->text(), "custodian");
     EXPECT_EQ(Find<QLabel>(form, "account1")->text(), "auditor");
@@ -93,7 +93,7 @@ TEST(LoginForm, ShowsTheAccountsThatItIsGivenAndNoOthers) {
     for (const QLabel* label : plain.findChildren<QLabel*>()) EXPECT_FALSE(label->objectName().startsWith("account"));
 }
 
-TEST(LoginForm, TextsStayPlain) {
+TEST(LoginForm, TextsAreNotParsedAsMarkup) {
     LoginForm form("<b>Bay</b>", QString("<i>clerk</i>"), {});
     for (const QLabel* label : form.findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
 }

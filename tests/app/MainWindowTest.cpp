@@ -27,7 +27,7 @@ TEST_F(MainWindowTest, LoggingInShowsTheEvidence) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(MainWindowTest, LoggingOutDestroysTheEvidenceAndTheNextLoginMakesANewOne) {
+TEST_F(MainWindowTest, LoggingOutDestroysTheEvidenceAndTheNextLoginCreatesANewOne) {
     LogIn(SampleAccounts()[0]);
     const QPointer<QWidget> first = Evidence();
     Click(Find(*m_window, "logOut"));
@@ -41,7 +41,7 @@ TEST_F(MainWindowTest, LoggingOutDestroysTheEvidenceAndTheNextLoginMakesANewOne)
     EXPECT_EQ(HostServices::Current().Session().Username(), "auditor");
 }
 
-TEST_F(MainWindowTest, AUserWhomTheGateTurnsAwayIsLoggedOutAgain) {
+TEST_F(MainWindowTest, AUserRefusedByTheGateIsLoggedOut) {
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'clerk'");
     LogIn(SampleAccounts()[1]);
     ASSERT_EQ(m_screen.Messages().size(), 1u);

@@ -51,8 +51,8 @@ public:
 enum class Loop { MessageDialog, PromptOfAView, Form, ContextMenu, GateWait, Yield };
 enum class Event { Scan, ToastTicks, ViewChange, LogOut, HostCloses };
 
-// Something happens while a loop of another kind is running: nothing crashes, nothing is lost, and the loop ends as its
-// user ends it.
+// Runs an event during each kind of nested loop: nothing crashes, no event is lost, and the loop ends when its user
+// ends it.
 class NestedLoops : public MainWindowTest, public ::testing::WithParamInterface<std::tuple<Loop, Event>> {
 protected:
     void SetUp() override {
@@ -82,7 +82,7 @@ protected:
             ->ItemAt(0);
     }
 
-    // Runs the loop; what happens comes from inside it, and then its user's answer.
+    // Runs the loop. The event happens inside it, followed by the user's answer.
     void RunLoop() {
         QTimer::singleShot(0, qApp, [this] {
             Happen();
@@ -163,7 +163,7 @@ protected:
         }
     }
 
-    // At the gate nobody listens yet.
+    // At the gate there is no listener yet.
     void ScanItem(const StoredItem& item) {
         ServeEvents();
         ASSERT_EQ(QApplication::activeWindow(), HasDialog() ? QApplication::activeModalWidget() : m_window.get());
@@ -175,7 +175,7 @@ protected:
         EXPECT_TRUE(m_form->field->hasFocus());
     }
 
-    // A dialog is the active window then.
+    // A dialog is the active window.
     static bool HasDialog() {
         return TheLoop() == Loop::MessageDialog || TheLoop() == Loop::PromptOfAView || TheLoop() == Loop::Form;
     }
@@ -192,7 +192,7 @@ protected:
     bool m_happened = false;
 };
 
-TEST_P(NestedLoops, WhatHappensBehindALoopIsNotLostAndBreaksNothing) {
+TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
     RunLoop();
     const bool gate = TheLoop() == Loop::GateWait;
     if (!gate && TheEvent() != Event::LogOut) {
@@ -201,7 +201,7 @@ TEST_P(NestedLoops, WhatHappensBehindALoopIsNotLostAndBreaksNothing) {
     }
     switch (TheEvent()) {
     case Event::Scan:
-        // What is scanned while a dialog is the active window is taken in and lost.
+        // A scan while a dialog is the active window is swallowed.
         EXPECT_TRUE(IsOnShow(gate || HasDialog() ? "explorer" : "itemView"));
         EXPECT_EQ(IsOnShow("itemView"), !gate && !HasDialog());
         break;
@@ -212,7 +212,7 @@ TEST_P(NestedLoops, WhatHappensBehindALoopIsNotLostAndBreaksNothing) {
         break;
     case Event::ViewChange: EXPECT_TRUE(IsOnShow(gate ? "explorer" : "cart")); break;
     case Event::LogOut:
-        // At the gate nobody can log out yet.
+        // At the gate the user cannot log out yet.
         EXPECT_EQ(Evidence() != nullptr, gate);
         EXPECT_EQ(IsOnShow("loginForm"), !gate);
         EXPECT_EQ(HostServices::Current().Session().Username().empty(), !gate);

@@ -28,7 +28,7 @@ protected:
         return InScratch(name);
     }
 
-    // The sentence with which the file is refused. It must be as it was afterwards.
+    // The sentence of the refusal. Checks that the file did not change.
     static std::string RefusalOf(const std::string& path) {
         const std::string before = Bytes(path);
         Options options;
@@ -49,7 +49,7 @@ protected:
 
 }  // namespace
 
-TEST_F(OpenDepartmentTest, AFileOfOursOpens) {
+TEST_F(OpenDepartmentTest, ADatabaseOfThisProgramOpens) {
     Options options;
     options.databasePath = CopyOfSample("room.sqlite");
     const Department department = OpenDepartment(options, "/nowhere", {});
@@ -58,13 +58,13 @@ TEST_F(OpenDepartmentTest, AFileOfOursOpens) {
     EXPECT_EQ(department.scratch, nullptr);
 }
 
-TEST_F(OpenDepartmentTest, AnAbsentFileIsNotMade) {
+TEST_F(OpenDepartmentTest, AMissingFileIsNotCreated) {
     const std::string path = InScratch("absent.sqlite");
     EXPECT_EQ(RefusalOf(path), "There is no database '" + path + "'.");
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(OpenDepartmentTest, AFileThatIsNoDatabaseIsRefused) {
+TEST_F(OpenDepartmentTest, AFileThatIsNotADatabaseIsRefused) {
     const std::string path = InScratch("notes.txt");
     std::ofstream(path) << std::string(4096, 'x');
     EXPECT_EQ(RefusalOf(path), "The file '" + path + "' is not a database.");
@@ -94,7 +94,7 @@ TEST_F(OpenDepartmentTest, ADamagedDatabaseIsRefusedWithASentence) {
     EXPECT_NE(sentence.find(path), std::string::npos) << sentence;
 }
 
-TEST_F(OpenDepartmentTest, TheSampleIsMadeInTheDataDirectoryOnceAndKept) {
+TEST_F(OpenDepartmentTest, TheSampleIsCreatedOnceInTheDataDirectory) {
     const std::string data = InScratch("data/quellbrook");
     int made = 0;
     const auto progress = [&made](int percent) { made += percent == 100 ? 1 : 0; };
@@ -105,13 +105,13 @@ TEST_F(OpenDepartmentTest, TheSampleIsMadeInTheDataDirectoryOnceAndKept) {
     EXPECT_EQ(made, 0);
 }
 
-TEST_F(OpenDepartmentTest, AGeneratedDepartmentHasAFileOfItsOwn) {
+TEST_F(OpenDepartmentTest, AGeneratedDepartmentHasItsOwnFile) {
     Options options;
     options.size = 20;
     EXPECT_EQ(OpenDepartment(options, InScratch("data"), {}).path, InScratch("data") + "/department-20.sqlite");
 }
 
-TEST_F(OpenDepartmentTest, OnlyOneOfTheSamplesMakingMayShowItsAccounts) {
+TEST_F(OpenDepartmentTest, OnlyASampleDepartmentShowsItsAccounts) {
     Options options;
     options.databasePath = CopyOfSample("room.sqlite");
     HostServices::Current().SetEngine(OpenDepartment(options, "/nowhere", {}).engine);
@@ -121,7 +121,7 @@ TEST_F(OpenDepartmentTest, OnlyOneOfTheSamplesMakingMayShowItsAccounts) {
     HostServices::Current().SetEngine(nullptr);
 }
 
-TEST_F(OpenDepartmentTest, AScratchCopyIsGoneAfterwards) {
+TEST_F(OpenDepartmentTest, AScratchCopyIsDeletedAfterwards) {
     Options options;
     options.fresh = true;
     std::string path;
@@ -135,7 +135,7 @@ TEST_F(OpenDepartmentTest, AScratchCopyIsGoneAfterwards) {
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(path).parent_path()));
 }
 
-TEST_F(OpenDepartmentTest, ADataDirectoryThatCannotBeMadeIsSaidSo) {
+TEST_F(OpenDepartmentTest, ADataDirectoryThatCannotBeCreatedIsReported) {
     std::ofstream(InScratch("file")) << "";
     try {
         OpenDepartment({}, InScratch("file") + "/data", {});

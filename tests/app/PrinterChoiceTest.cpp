@@ -31,7 +31,7 @@ protected:
 
 }  // namespace
 
-TEST_F(PrinterChoiceTest, WhatIsSavedIsLoaded) {
+TEST_F(PrinterChoiceTest, ASavedChoiceIsLoadedUnchanged) {
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt);
     for (const PrinterChoice& choice :
          {PrinterChoice{"Zeta \"4x2\", room 3; #1", Folder(), 300}, PrinterChoice{"", "/a folder/caf\u00E9", 600}}) {
@@ -40,24 +40,24 @@ TEST_F(PrinterChoiceTest, WhatIsSavedIsLoaded) {
     }
 }
 
-TEST_F(PrinterChoiceTest, TheFileLiesAmongTheUsersSettings) {
+TEST_F(PrinterChoiceTest, TheFileIsInTheUsersConfigurationFolder) {
     EXPECT_EQ(PrinterChoiceFile().toStdString(), m_workstation.In("config/quellbrook-tests/workstation.ini"));
 }
 
-TEST_F(PrinterChoiceTest, AFileInNoDirectoryYetGetsOne) {
+TEST_F(PrinterChoiceTest, SavingCreatesTheFolder) {
     const QString file = QString::fromStdString(m_workstation.In("config/new/choice.ini"));
     SavePrinterChoice({"Zeta", Folder(), 203}, file);
     EXPECT_EQ(LoadPrinterChoice(file)->printer, "Zeta");
 }
 
-TEST_F(PrinterChoiceTest, AFileThatCanNotBeWrittenIsSaidSo) {
+TEST_F(PrinterChoiceTest, AFileThatCannotBeWrittenIsReported) {
     std::ofstream(m_workstation.In("taken")) << "a file";
     const std::string path = m_workstation.In("taken/choice.ini");
     EXPECT_EQ(RaisedBy([&] { SavePrinterChoice({}, QString::fromStdString(path)); }).Description(),
-              "The choice can't be remembered: the file '" + path + "' can't be written.");
+              "The choice can't be saved: the file '" + path + "' can't be written.");
 }
 
-TEST_F(PrinterChoiceTest, WhatMakesNoSenseIsReplaced) {
+TEST_F(PrinterChoiceTest, InvalidValuesAreReplaced) {
     Write("way=printer\nprinter=Zeta\nfolder=relative\ndotsPerInch=77\n");
     EXPECT_EQ(LoadPrinterChoice(File()), (PrinterChoice{"Zeta", Folder(), 203}));
     Write("way=printer\n");
@@ -68,13 +68,13 @@ TEST_F(PrinterChoiceTest, WhatMakesNoSenseIsReplaced) {
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt);
 }
 
-TEST_F(PrinterChoiceTest, WithoutAChoiceTheOnlyPrinterIsTaken) {
+TEST_F(PrinterChoiceTest, TheOnlyPrinterIsTheDefault) {
     EXPECT_EQ(DefaultPrinterChoice({"Zeta"}), (PrinterChoice{"Zeta", Folder(), 203}));
     EXPECT_EQ(DefaultPrinterChoice({}), (PrinterChoice{"", Folder(), 203}));
     EXPECT_EQ(DefaultPrinterChoice({"Zeta", "Eta"}), (PrinterChoice{"", Folder(), 203}));
 }
 
-TEST_F(PrinterChoiceTest, LabelsGoWhereTheChoiceSays) {
+TEST_F(PrinterChoiceTest, LabelsArePrintedOnTheChosenPrinter) {
     ApplyPrinterChoice(PrinterChoice{"Zeta", Folder(), 203});
     MakeTestLabel().Print();
     EXPECT_NE(m_workstation.Content("jobs").find("-d Zeta "), std::string::npos) << m_workstation.Content("jobs");
@@ -84,7 +84,7 @@ TEST_F(PrinterChoiceTest, LabelsGoWhereTheChoiceSays) {
     EXPECT_TRUE(HasLabel(m_workstation.LabelFolder()));
 }
 
-TEST_F(PrinterChoiceTest, AtTheStartTheRememberedChoiceAppliesUnasked) {
+TEST_F(PrinterChoiceTest, TheSavedChoiceAppliesAtTheStart) {
     const std::string folder = m_workstation.In("elsewhere");
     SavePrinterChoice({"", QString::fromStdString(folder), 300}, File());
     ApplyPrinterChoice(File());
@@ -93,7 +93,7 @@ TEST_F(PrinterChoiceTest, AtTheStartTheRememberedChoiceAppliesUnasked) {
     EXPECT_FALSE(m_workstation.HasBeenAsked());
 }
 
-TEST_F(PrinterChoiceTest, WithoutOneThePrintersAreAskedForWithTheFirstLabel) {
+TEST_F(PrinterChoiceTest, WithoutAChoiceThePrintersAreQueriedAtTheFirstLabel) {
     m_workstation.SetPrinters({"Zeta"});
     ApplyPrinterChoice(File());
     EXPECT_FALSE(m_workstation.HasBeenAsked());

@@ -20,12 +20,12 @@ void ExpectRefused(const std::string& text) {
 
 }  // namespace
 
-TEST(RecordAddressTest, NamesAKindOfRecordAndItsNumber) {
+TEST(RecordAddressTest, AddressesGiveKindAndNumber) {
     EXPECT_EQ(ParseRecordAddress(property + "42"), (RecordAddress{RecordKind::Property, 42}));
     EXPECT_EQ(ParseRecordAddress(vehicle + "42"), (RecordAddress{RecordKind::Vehicle, 42}));
 }
 
-TEST(RecordAddressTest, ItsTextReadsAsItself) {
+TEST(RecordAddressTest, ToTextAndParseAreInverse) {
     for (const RecordKind kind : {RecordKind::Property, RecordKind::Vehicle}) {
         for (const int32_t number : {1, 9, 10, 5'000'001, 2'147'483'647}) {
             const RecordAddress address{kind, number};
@@ -36,7 +36,7 @@ TEST(RecordAddressTest, ItsTextReadsAsItself) {
     EXPECT_EQ((RecordAddress{RecordKind::Vehicle, 7}).ToText(), vehicle + "7");
 }
 
-TEST(RecordAddressTest, SchemeAndModuleAreReadInAnyCase) {
+TEST(RecordAddressTest, SchemeAndModuleAreCaseInsensitive) {
     for (const char* text :
          {"TESSARINE://miproperty/open/42", "Tessarine://MIProperty/open/42", "tessarine://MIPROPERTY/open/42"}) {
         EXPECT_EQ(ParseRecordAddress(text), (RecordAddress{RecordKind::Property, 42})) << text;
@@ -44,18 +44,18 @@ TEST(RecordAddressTest, SchemeAndModuleAreReadInAnyCase) {
     EXPECT_EQ(ParseRecordAddress("TESSARINE://MIVEHICLE/open/1"), (RecordAddress{RecordKind::Vehicle, 1}));
 }
 
-TEST(RecordAddressTest, TheOperationIsReadInItsOwnCaseOnly) {
+TEST(RecordAddressTest, TheOperationIsCaseSensitive) {
     ExpectRefused("tessarine://miproperty/OPEN/42");
     ExpectRefused("tessarine://miproperty/Open/42");
 }
 
-TEST(RecordAddressTest, OneSlashMoreAtTheEndIsPassedOver) {
+TEST(RecordAddressTest, OneTrailingSlashIsIgnored) {
     EXPECT_EQ(ParseRecordAddress(property + "42/"), (RecordAddress{RecordKind::Property, 42}));
     ExpectRefused(property + "42//");
     ExpectRefused(property + "/");
 }
 
-TEST(RecordAddressTest, NumbersFromOneToTheGreatestKeyAreTaken) {
+TEST(RecordAddressTest, NumbersFromOneToTheGreatestKeyAreAccepted) {
     EXPECT_EQ(ParseRecordAddress(property + "1").number, 1);
     EXPECT_EQ(ParseRecordAddress(property + "2147483647").number, 2'147'483'647);
     for (const char* number : {"0",
@@ -87,7 +87,7 @@ TEST(RecordAddressTest, NumbersFromOneToTheGreatestKeyAreTaken) {
     }
 }
 
-TEST(RecordAddressTest, NothingStandsBeforeOrBehindIt) {
+TEST(RecordAddressTest, ExtraTextBeforeOrAfterIsRefused) {
     const std::string good = property + "42";
     for (const std::string& text :
          {" " + good, good + " ", "\t" + good, good + "\n", good + "\r\n", "\"" + good + "\"", "<" + good + ">",
@@ -136,7 +136,7 @@ TEST(RecordAddressTest, OtherSchemesModulesAndPathsAreRefused) {
     }
 }
 
-TEST(RecordAddressTest, HostileTextsAreRefusedWhereverTheyStand) {
+TEST(RecordAddressTest, HostileTextsAreRefusedAnywhere) {
     for (const HostileText& each : HostileTexts()) {
         SCOPED_TRACE(each.description);
         ExpectRefused(each.text);
@@ -153,15 +153,15 @@ TEST(RecordAddressTest, HostileTextsAreRefusedWhereverTheyStand) {
     ExpectRefused(std::string("\0", 1) + property + "42");
 }
 
-TEST(RecordAddressTest, TheRefusalSaysHowAnAddressIsWritten) {
+TEST(RecordAddressTest, TheRefusalShowsTheFormat) {
     const Error error = RaisedBy([] { ParseRecordAddress("tessarine://miproperty/open/0"); });
     EXPECT_EQ(error.Description(),
-              "'tessarine://miproperty/open/0' is not the address of a record; write "
+              "'tessarine://miproperty/open/0' is not the address of a record. Write "
               "tessarine://miproperty/open/NUMBER or tessarine://mivehicle/open/NUMBER, with a number from 1 to "
               "2147483647.");
 }
 
-TEST(RecordAddressTest, TheRefusalQuotesPrintableCharactersOnlyAndCutsWhatIsLong) {
+TEST(RecordAddressTest, TheRefusalQuotesPrintableCharactersAndShortensLongTexts) {
     const Error unprintable = RaisedBy([] {
         ParseRecordAddress(
             "a\nb\x1b[31m\xE2\x80\xAE"
@@ -173,11 +173,11 @@ TEST(RecordAddressTest, TheRefusalQuotesPrintableCharactersOnlyAndCutsWhatIsLong
     EXPECT_LT(longText.Description().size(), 300u);
 }
 
-TEST(RecordAddressTest, NoAddressIsLongerThanTheLongest) {
+TEST(RecordAddressTest, NoAddressExceedsTheMaximumLength) {
     EXPECT_EQ((property + "2147483647/").size(), LongestRecordAddress);
 }
 
-TEST(RecordAddressTest, ATextThatBeginsWithTheSchemeWasMeantForAnAddress) {
+TEST(RecordAddressTest, ATextWithTheSchemeIsRecognizedAsAnAddress) {
     EXPECT_TRUE(HasRecordScheme("tessarine:"));
     EXPECT_TRUE(HasRecordScheme("TESSARINE://what"));
     for (const char* text : {"", "tessarine", "essarine:", " tessarine:", "--tessarine:", "sqlite:a"}) {

@@ -47,7 +47,7 @@ using Captured = std::vector<std::string>;
 
 }  // namespace
 
-TEST_F(RecordTabsTest, ARecordOpensInATabOfItsOwn) {
+TEST_F(RecordTabsTest, ARecordOpensInItsOwnTab) {
     LogInAsCustodian();
     EXPECT_EQ(Captions(), Captured{"Evidence"});
     m_window->OpenRecord(first);
@@ -60,7 +60,7 @@ TEST_F(RecordTabsTest, ARecordOpensInATabOfItsOwn) {
     EXPECT_EQ(ShownPage()->Address(), car);
 }
 
-TEST_F(RecordTabsTest, ARecordThatIsOpenIsShownAgainAsItIsNow) {
+TEST_F(RecordTabsTest, OpeningAnOpenRecordReloadsIt) {
     LogInAsCustodian();
     m_window->OpenRecord(first);
     m_window->OpenRecord(second);
@@ -73,7 +73,7 @@ TEST_F(RecordTabsTest, ARecordThatIsOpenIsShownAgainAsItIsNow) {
     EXPECT_EQ(Captions()[1], "Property C");
 }
 
-TEST_F(RecordTabsTest, ChoosingATabReadsItsRecordAnew) {
+TEST_F(RecordTabsTest, SelectingATabReloadsItsRecord) {
     LogInAsCustodian();
     m_window->OpenRecord(first);
     Tabs().setCurrentIndex(0);
@@ -84,7 +84,7 @@ TEST_F(RecordTabsTest, ChoosingATabReadsItsRecordAnew) {
     EXPECT_EQ(ShownPage()->Title(), "Property later");
 }
 
-TEST_F(RecordTabsTest, ItsCrossClosesATab) {
+TEST_F(RecordTabsTest, TheCrossClosesATab) {
     LogInAsCustodian();
     m_window->OpenRecord(first);
     m_window->OpenRecord(second);
@@ -100,7 +100,7 @@ TEST_F(RecordTabsTest, ItsCrossClosesATab) {
     EXPECT_TRUE(m_window->findChildren<RecordPage*>().isEmpty());
 }
 
-TEST_F(RecordTabsTest, TheKeyForClosingClosesARecordButNotTheEvidence) {
+TEST_F(RecordTabsTest, TheCloseKeyClosesARecordButNotTheEvidence) {
     LogInAsCustodian();
     m_window->OpenRecord(first);
     Press(QApplication::focusWidget(), Qt::Key_W, Qt::ControlModifier);
@@ -121,7 +121,7 @@ TEST_F(RecordTabsTest, LoggingOutClosesEveryRecord) {
     EXPECT_TRUE(Evidence()->isVisible());
 }
 
-TEST_F(RecordTabsTest, AnAddressWaitsUntilSomebodyHasLoggedIn) {
+TEST_F(RecordTabsTest, AnAddressWaitsForTheLogin) {
     m_window->OpenRecord(first);
     m_window->OpenRecord(second);
     m_window->OpenRecord(first);
@@ -135,7 +135,7 @@ TEST_F(RecordTabsTest, AnAddressWaitsUntilSomebodyHasLoggedIn) {
     EXPECT_EQ(Captions(), Captured{"Evidence"}) << "it is shown once";
 }
 
-TEST_F(RecordTabsTest, AnAddressWaitsWhileTheGateTurnsAUserAway) {
+TEST_F(RecordTabsTest, AnAddressWaitsWhileTheGateRefusesAUser) {
     m_window->OpenRecord(first);
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'clerk'");
     LogIn(SampleAccounts()[1]);
@@ -157,7 +157,7 @@ TEST_F(RecordTabsTest, AnAddressWaitsWhileADialogIsOpen) {
     EXPECT_EQ(Captions(), (Captured{"Evidence", CaptionOf(first)}));
 }
 
-TEST_F(RecordTabsTest, WhatTheComponentOpensIsShownHereAfterItsHandlerHasEnded) {
+TEST_F(RecordTabsTest, ARecordOpenedByTheComponentIsShownAfterItsHandler) {
     LogInAsCustodian();
     RunCommand("cmd /c start tessarine://miproperty/open/2");
     EXPECT_TRUE(Evidence()->isVisible());
@@ -165,14 +165,14 @@ TEST_F(RecordTabsTest, WhatTheComponentOpensIsShownHereAfterItsHandlerHasEnded) 
     EXPECT_EQ(Captions(), (Captured{"Evidence", CaptionOf(second)}));
 }
 
-TEST_F(RecordTabsTest, AnUnknownRecordHasATabThatSaysSo) {
+TEST_F(RecordTabsTest, AnUnknownRecordOpensATabWithASentence) {
     LogInAsCustodian();
     m_window->OpenRecord({RecordKind::Property, 4711});
     EXPECT_EQ(Captions(), (Captured{"Evidence", "Property 4711"}));
     EXPECT_EQ(Find<QLabel>(*ShownPage(), "refusal")->text(), "There is no property with the number 4711.");
 }
 
-TEST_F(RecordTabsTest, TheComponentOutlivesALookAtARecord) {
+TEST_F(RecordTabsTest, TheComponentSurvivesSwitchingToARecord) {
     LogInAsCustodian();
     const QPointer<QWidget> evidence = Evidence();
     m_window->OpenRecord(first);

@@ -26,7 +26,7 @@ std::string Content(const std::string& path) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-// A desktop of its own in scratch space: the folders of a user, and the only programs that are found.
+// A desktop in scratch space with its own user folders and programs.
 class RegisterTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -49,7 +49,7 @@ protected:
     std::string In(const std::string& name) const { return m_directory.Path() + "/" + name; }
     std::string Entry() const { return In("data/applications/quellbrook-host.desktop"); }
 
-    // A program that writes its arguments, a line each call, to the file "calls".
+    // Installs a program that appends its arguments to the file "calls".
     void Install(const std::string& name, int exitCode = 0) const {
         std::ofstream(In("bin/" + name)) << "#!/bin/sh\necho \"" << name << " $*\" >> " << In("calls") << "\nexit "
                                          << exitCode << "\n";
@@ -75,14 +75,14 @@ TEST_F(RegisterTest, TheEntryNamesTheProgramAndTheScheme) {
               "NoDisplay=true\n");
 }
 
-TEST_F(RegisterTest, ArgumentsStandBeforeTheAddress) {
+TEST_F(RegisterTest, ArgumentsPrecedeTheAddress) {
     const std::string entry = DesktopEntry("/bin/host", {"--database=sqlite:/data/room.sqlite", "--size=5"});
     EXPECT_NE(entry.find("\nExec=\"/bin/host\" \"--database=sqlite:/data/room.sqlite\" \"--size=5\" %u\n"),
               std::string::npos)
         << entry;
 }
 
-TEST_F(RegisterTest, WhatMeansSomethingInACommandIsEscaped) {
+TEST_F(RegisterTest, SpecialCharactersInACommandAreEscaped) {
     const std::string entry = DesktopEntry("/a b/100%/\"q\"/$x/`y`/c\\d", {});
     EXPECT_NE(entry.find(R"(Exec="/a b/100%%/\\"q\\"/\\$x/\\`y\\`/c\\\\d" %u)"), std::string::npos) << entry;
 }
@@ -95,7 +95,7 @@ TEST_F(RegisterTest, AControlCharacterIsRefused) {
     EXPECT_FALSE(fs::exists(In("data")));
 }
 
-TEST_F(RegisterTest, TheDesktopsToolsAreToldOfIt) {
+TEST_F(RegisterTest, TheDesktopsToolsAreRun) {
     Install("xdg-mime");
     Install("update-desktop-database");
     EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
@@ -104,7 +104,7 @@ TEST_F(RegisterTest, TheDesktopsToolsAreToldOfIt) {
                                         "\nxdg-mime default quellbrook-host.desktop x-scheme-handler/tessarine\n");
 }
 
-TEST_F(RegisterTest, WithoutTheToolsItSaysWhatIsMissing) {
+TEST_F(RegisterTest, MissingToolsAreReported) {
     EXPECT_EQ(
         RegisterRecordScheme("/bin/host", {}),
         "Wrote '" + Entry() + "'; xdg-mime is not installed, so log in again if the desktop does not know it yet.");
@@ -114,7 +114,7 @@ TEST_F(RegisterTest, WithoutTheToolsItSaysWhatIsMissing) {
                   "' and updated the desktop's list; xdg-mime is not installed, so another program may come first.");
 }
 
-TEST_F(RegisterTest, AToolThatFailsIsNamed) {
+TEST_F(RegisterTest, AFailingToolIsNamed) {
     Install("update-desktop-database");
     Install("xdg-mime", 4);
     EXPECT_EQ(RaisedBy([] { RegisterRecordScheme("/bin/host", {}); }).Description(),
@@ -128,13 +128,13 @@ TEST_F(RegisterTest, RegisteringAgainReplacesTheEntry) {
     EXPECT_EQ(std::distance(fs::directory_iterator(In("data/applications")), fs::directory_iterator()), 1);
 }
 
-TEST_F(RegisterTest, WithoutADataDirectoryOfItsOwnTheHomeDirectoryHoldsTheEntry) {
+TEST_F(RegisterTest, TheEntryDefaultsToTheHomeDirectory) {
     Set("XDG_DATA_HOME", "");
     RegisterRecordScheme("/bin/host", {});
     EXPECT_TRUE(fs::exists(In("home/.local/share/applications/quellbrook-host.desktop")));
 }
 
-TEST_F(RegisterTest, AnEntryThatCannotBeWrittenIsSaidSo) {
+TEST_F(RegisterTest, AnEntryThatCannotBeWrittenIsReported) {
     std::ofstream(In("data")) << "a file, not a directory";
     EXPECT_EQ(RaisedBy([] { RegisterRecordScheme("/bin/host", {}); }).Description(),
               "The file '" + Entry() + "' can't be written.");

@@ -12,7 +12,7 @@
 
 namespace quellbrook::testing {
 
-// A copy of the sample department as the host's database; m_database writes to it beside the program.
+// A copy of the sample department as the host's database. m_database is a second connection to it.
 class SampleCopyTest : public ::testing::Test {
 protected:
     void SetUp() override {

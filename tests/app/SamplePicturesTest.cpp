@@ -16,14 +16,14 @@ QImage Loaded(const std::string& bytes) {
 
 }  // namespace
 
-TEST(SamplePictures, TheToolkitLoadsEveryOne) {
+TEST(SamplePictures, QtLoadsEveryPicture) {
     for (const sample::CompanionFile& file : sample::DrawPictures()) {
         const QImage image = Loaded(file.bytes);
         EXPECT_EQ(image.size(), QSize(sample::PictureWidth, sample::PictureHeight)) << file.path;
     }
 }
 
-TEST(SamplePictures, TheToolkitSeesEveryDotInItsColour) {
+TEST(SamplePictures, QtReadsEveryPixelInItsColor) {
     sample::Picture picture{301, 500, {{255, 0, 0}, {0, 128, 0}, {10, 20, 30}, {255, 255, 255}}, {}};
     for (int dot = 0; dot < 301 * 500; ++dot) picture.dots.push_back(static_cast<uint8_t>(dot * 5 / 3 % 4));
     const QImage image = Loaded(sample::EncodePng(picture));

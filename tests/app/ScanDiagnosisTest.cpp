@@ -14,7 +14,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// "[STX]" and the like stand for one key; "[F2]" for one without a character.
+// "[STX]" and the like mean one key, "[F2]" a key without a character.
 std::vector<ScannedKey> Keys(std::u32string_view text) {
     static const std::pair<std::u32string_view, char32_t> controls[] = {
         {U"[STX]", 2}, {U"[ETX]", 3}, {U"[Tab]", 9}, {U"[LF]", 10}, {U"[Enter]", 13}, {U"[Esc]", 27}};
@@ -42,35 +42,33 @@ ScanDiagnosis Diagnose(std::u32string_view text) { return DiagnoseScan(Keys(text
 const std::string Control = "Let the scanner send control characters as Ctrl and a letter, or set its ";
 const std::string SetStart = " " + Control + "prefix to STX (Ctrl+B, ASCII 2).";
 const std::string SetEnd = " " + Control + "suffix to ETX (Ctrl+C, ASCII 3).";
-const std::string CtrlLost =
-    " The Ctrl key was lost on the way; a remote desktop or a terminal program may keep it to itself.";
-const std::string SetPrefix = " Take it out of the scanner's prefix.";
-const std::string SetSuffix =
-    " Take it out of the scanner's suffix: the program leaves out only what comes within 0.1 seconds.";
+const std::string CtrlLost = " The Ctrl key was lost. A remote desktop or a terminal program may intercept it.";
+const std::string SetPrefix = " Remove it from the scanner's prefix.";
+const std::string SetSuffix = " Remove it from the scanner's suffix. The program ignores it only within 0.1 seconds.";
 const std::string SetLayout = " Set the scanner's keyboard layout to the one of this computer.";
-const std::string NoStart = "STX is missing in front of the barcode." + SetStart;
-const std::string NoEnd = "ETX is missing behind the barcode." + SetEnd;
+const std::string NoStart = "STX is missing before the barcode." + SetStart;
+const std::string NoEnd = "ETX is missing after the barcode." + SetEnd;
 const std::string SmallLetter =
-    "The type letter came as a small letter. The program reads it all the same; Caps Lock "
+    "The type letter is lower-case. The program reads it anyway. Caps Lock "
     "may be on, or the scanner changes the case of letters.";
 const std::string Twice =
-    "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. That "
-    "works; this scanner needs no prefix and no suffix.";
+    "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. This "
+    "works, but this scanner needs no prefix and no suffix.";
 const std::string More =
-    "More came behind ETX, with another STX. Scan one barcode at a time; where one scan does "
+    "More came after ETX, with another STX. Scan one barcode at a time; where one scan does "
     "this, the scanner sends more than the barcode.";
 const std::string NoLetter =
     "The type letter is missing in front of the number. The barcode is none of this "
-    "program's, or the scanner is set to leave out the first character.";
-const std::string Unknown = " is not known: barcodes of this program begin with L, P or V.";
+    "program's, or the scanner is set to omit the first character.";
+const std::string Unknown = " is unknown. Barcodes of this program begin with L, P or V.";
 const std::string Lost =
     " in place of ten. Where keys are lost or doubled on the way, let the scanner wait a few "
     "milliseconds between characters.";
-const std::string TooGreat = "The number is greater than any of this program's: this is the barcode of something else.";
-const std::string Strange = "In the number came other characters than digits: ";
-const std::string AllWell = "This scanner is set up as it should be.";
+const std::string TooGreat = "The number is too large for this program. This is the barcode of something else.";
+const std::string Strange = "The number contains characters other than digits: ";
+const std::string AllWell = "This scanner is set up correctly.";
 const std::string ByHand =
-    "This looks like typing by hand, not like a scan. If it was a scan, the scanner waits too "
+    "This looks like typing, not like a scan. If it was a scan, the scanner waits too "
     "long between characters: set that delay to a few milliseconds at most.";
 
 struct Case {
@@ -97,53 +95,49 @@ std::vector<Case> Table() {
         {U"[STX][STX]v0000004711[ETX]", Works, "Vehicle, number 4711", {SmallLetter, Twice}},
 
         {U"P0000004711[ETX]", NeedsChange, "", {NoStart}},
-        {U"[Tab]P0000004711[ETX]", NeedsChange, "", {"<Tab> came in front of the barcode in place of STX." + SetStart}},
-        {U"[F2]P0000004711[ETX]", NeedsChange, "", {"<F2> came in front of the barcode in place of STX." + SetStart}},
-        {U"##P0000004711[ETX]", NeedsChange, "", {"## came in front of the barcode in place of STX." + SetStart}},
-        {U"bP0000004711[ETX]", NeedsChange, "", {"b came in front of the barcode in place of STX." + CtrlLost}},
-        {U"#[STX]P0000004711[ETX]", NeedsChange, "Property, number 4711", {"# came in front of STX." + SetPrefix}},
+        {U"[Tab]P0000004711[ETX]", NeedsChange, "", {"<Tab> came before the barcode instead of STX." + SetStart}},
+        {U"[F2]P0000004711[ETX]", NeedsChange, "", {"<F2> came before the barcode instead of STX." + SetStart}},
+        {U"##P0000004711[ETX]", NeedsChange, "", {"## came before the barcode instead of STX." + SetStart}},
+        {U"bP0000004711[ETX]", NeedsChange, "", {"b came before the barcode instead of STX." + CtrlLost}},
+        {U"#[STX]P0000004711[ETX]", NeedsChange, "Property, number 4711", {"# came before STX." + SetPrefix}},
 
         {U"[STX]P0000004711", NeedsChange, "", {NoEnd}},
-        {U"[STX]P0000004711[Enter]", NeedsChange, "", {"<Enter> came behind the barcode in place of ETX." + SetEnd}},
-        {U"[STX]P0000004711[Tab]", NeedsChange, "", {"<Tab> came behind the barcode in place of ETX." + SetEnd}},
-        {U"[STX]P0000004711#", NeedsChange, "", {"# came behind the barcode in place of ETX." + SetEnd}},
-        {U"[STX]P0000004711C", NeedsChange, "", {"C came behind the barcode in place of ETX." + CtrlLost}},
+        {U"[STX]P0000004711[Enter]", NeedsChange, "", {"<Enter> came after the barcode instead of ETX." + SetEnd}},
+        {U"[STX]P0000004711[Tab]", NeedsChange, "", {"<Tab> came after the barcode instead of ETX." + SetEnd}},
+        {U"[STX]P0000004711#", NeedsChange, "", {"# came after the barcode instead of ETX." + SetEnd}},
+        {U"[STX]P0000004711C", NeedsChange, "", {"C came after the barcode instead of ETX." + CtrlLost}},
         {U"[STX]P0000004711[ETX][Enter]",
          NeedsChange,
          "Property, number 4711",
-         {"<Enter> came behind ETX." + SetSuffix}},
+         {"<Enter> came after ETX." + SetSuffix}},
         {U"[STX]P0000004711[ETX][Enter][LF]",
          NeedsChange,
          "Property, number 4711",
-         {"<Enter><LF> came behind ETX." + SetSuffix}},
+         {"<Enter><LF> came after ETX." + SetSuffix}},
         {U"[STX]P0000004711[ETX][ETX][Tab]",
          NeedsChange,
          "Property, number 4711",
-         {"<Tab> came behind ETX." + SetSuffix, Twice}},
+         {"<Tab> came after ETX." + SetSuffix, Twice}},
         {U"[STX]P0000004711[ETX][STX]P0000004711[ETX]", NeedsChange, "Property, number 4711", {More}},
         {U"[STX]P0000004711[ETX][STX]", NeedsChange, "Property, number 4711", {More}},
 
         {U"P0000004711", NeedsChange, "", {NoStart, NoEnd}},
-        {U"P0000004711[Enter]",
-         NeedsChange,
-         "",
-         {NoStart, "<Enter> came behind the barcode in place of ETX." + SetEnd}},
+        {U"P0000004711[Enter]", NeedsChange, "", {NoStart, "<Enter> came after the barcode instead of ETX." + SetEnd}},
         {U"bP0000004711c",
          NeedsChange,
          "",
-         {"b came in front of the barcode in place of STX." + CtrlLost,
-          "c came behind the barcode in place of ETX." + CtrlLost}},
+         {"b came before the barcode instead of STX." + CtrlLost,
+          "c came after the barcode instead of ETX." + CtrlLost}},
         {U"bp00004711c",
          NeedsChange,
          "",
-         {"b came in front of the barcode in place of STX." + CtrlLost,
-          "c came behind the barcode in place of ETX." + CtrlLost, "The number came with 8 digits" + Lost,
-          SmallLetter}},
+         {"b came before the barcode instead of STX." + CtrlLost, "c came after the barcode instead of ETX." + CtrlLost,
+          "The number came with 8 digits" + Lost, SmallLetter}},
         {U"[F2]P0000004711[F2]",
          NeedsChange,
          "",
-         {"<F2> came in front of the barcode in place of STX." + SetStart,
-          "<F2> came behind the barcode in place of ETX." + SetEnd}},
+         {"<F2> came before the barcode instead of STX." + SetStart,
+          "<F2> came after the barcode instead of ETX." + SetEnd}},
 
         {U"[STX]X0000004711[ETX]", NeedsChange, "", {"The type letter X" + Unknown}},
         {U"[STX]x0000004711[ETX]", NeedsChange, "", {"The type letter x" + Unknown}},
@@ -152,10 +146,10 @@ std::vector<Case> Table() {
         {U"4006381333931[Enter]",
          NeedsChange,
          "",
-         {NoStart, "<Enter> came behind the barcode in place of ETX." + SetEnd, NoLetter,
+         {NoStart, "<Enter> came after the barcode instead of ETX." + SetEnd, NoLetter,
           "The number came with 13 digits" + Lost, TooGreat}},
 
-        {U"[STX]P[ETX]", NeedsChange, "", {"There is no number behind the type letter."}},
+        {U"[STX]P[ETX]", NeedsChange, "", {"There is no number after the type letter."}},
         {U"[STX]P000004711[ETX]", NeedsChange, "Property, number 4711", {"The number came with 9 digits" + Lost}},
         {U"[STX]P00000004711[ETX]", NeedsChange, "Property, number 4711", {"The number came with 11 digits" + Lost}},
         {U"[STX]P7[ETX]", NeedsChange, "Property, number 7", {"The number came with 1 digit" + Lost}},
@@ -170,13 +164,10 @@ std::vector<Case> Table() {
         {U"[STX]P0000004711[Enter][ETX]",
          NeedsChange,
          "",
-         {"<Enter> came in the middle of the barcode. Take it out of what the scanner adds."}},
+         {"<Enter> came in the middle of the barcode. Remove it from what the scanner adds."}},
 
-        {U"[STX][ETX]", NeedsChange, "", {"There is no barcode in it."}},
-        {U"[STX]L1[STX]P0000000002[ETX]",
-         NeedsChange,
-         "Property, number 2",
-         {"<STX>L1 came in front of STX." + SetPrefix}},
+        {U"[STX][ETX]", NeedsChange, "", {"It contains no barcode."}},
+        {U"[STX]L1[STX]P0000000002[ETX]", NeedsChange, "Property, number 2", {"<STX>L1 came before STX." + SetPrefix}},
 
         {U"p", TypedByHand, "", {ByHand}},
         {U"[STX]", TypedByHand, "", {ByHand}},
@@ -188,7 +179,7 @@ std::vector<Case> Table() {
 
 }  // namespace
 
-TEST(ScanDiagnosis, SaysWhatIsWrongWithEachReading) {
+TEST(ScanDiagnosis, EachReadingGetsItsDiagnosis) {
     for (const Case& each : Table()) {
         const ScanDiagnosis diagnosis = Diagnose(each.keys);
         SCOPED_TRACE(diagnosis.reading);
@@ -198,23 +189,24 @@ TEST(ScanDiagnosis, SaysWhatIsWrongWithEachReading) {
     }
 }
 
-TEST(ScanDiagnosis, WhatMattersMostComesFirst) {
+TEST(ScanDiagnosis, TheMostImportantFaultComesFirst) {
     const ScanDiagnosis diagnosis = Diagnose(U"[Tab]x00O0[Enter]");
     EXPECT_THAT(diagnosis.sentences,
                 ElementsAre(HasSubstr("in place of STX"), HasSubstr("in place of ETX"), HasSubstr("The type letter x"),
                             HasSubstr("other characters than digits: O.")));
 }
 
-TEST(ScanDiagnosis, TheReadingNamesWhatCanNotBeSeen) {
-    EXPECT_EQ(ReadingOf(Keys(U"[STX]P0000004711[ETX][Enter]")), "<STX>P0000004711<ETX><Enter>");
-    EXPECT_EQ(ReadingOf(Keys(U"[F2]a b[Tab][LF][Esc]")), "<F2>a b<Tab><LF><Esc>");
-    EXPECT_EQ(ReadingOf({{0, {}}, {1, {}}, {0x1F, {}}, {0x7F, {}}, {0x80, {}}}), "<NUL><SOH><US><DEL><U+0080>");
-    EXPECT_EQ(ReadingOf({{0xA0, {}}, {0x200B, {}}, {0x202E, {}}, {0xFEFF, {}}, {0xE0001, {}}}),
+TEST(ScanDiagnosis, TheReadingNamesInvisibleCharacters) {
+    EXPECT_EQ(DiagnoseScan(Keys(U"[STX]P0000004711[ETX][Enter]")).reading, "<STX>P0000004711<ETX><Enter>");
+    EXPECT_EQ(DiagnoseScan(Keys(U"[F2]a b[Tab][LF][Esc]")).reading, "<F2>a b<Tab><LF><Esc>");
+    EXPECT_EQ(DiagnoseScan({{0, {}}, {1, {}}, {0x1F, {}}, {0x7F, {}}, {0x80, {}}}).reading,
+              "<NUL><SOH><US><DEL><U+0080>");
+    EXPECT_EQ(DiagnoseScan({{0xA0, {}}, {0x200B, {}}, {0x202E, {}}, {0xFEFF, {}}, {0xE0001, {}}}).reading,
               "<U+00A0><U+200B><U+202E><U+FEFF><U+E0001>");
-    EXPECT_EQ(ReadingOf({{0xE0, {}}, {0x0417, {}}, {0x1F600, {}}}), "\u00E0\u0417\U0001F600");
+    EXPECT_EQ(DiagnoseScan({{0xE0, {}}, {0x0417, {}}, {0x1F600, {}}}).reading, "\u00E0\u0417\U0001F600");
 }
 
-TEST(ScanDiagnosis, ALongReadingIsReadToItsEnd) {
+TEST(ScanDiagnosis, ALongReadingIsReadCompletely) {
     const std::u32string zeros(10'000, U'0');
     EXPECT_EQ(Diagnose(U"[STX]P" + zeros + U"7[ETX]").meaning, "Property, number 7");
     EXPECT_EQ(Diagnose(U"[STX]P" + std::u32string(10'000, U'9') + U"[ETX]").meaning, "");

@@ -31,7 +31,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-// The page in a window of its own.
+// The page in its own window.
 class ScannerPageTest : public SampleCopyTest {
 protected:
     void SetUp() override {
@@ -90,11 +90,11 @@ TEST_F(ScannerPageTest, AScanOfTheTestLabelIsReadAndUnderstood) {
     EXPECT_TRUE(Find(*m_page, "reading")->isVisible());
     EXPECT_EQ(Text("keys"), "<STX>P0000000000<ETX>");
     EXPECT_EQ(Text("meaning"), "Property, number 0");
-    EXPECT_EQ(Text("sentences"), "This scanner is set up as it should be.");
+    EXPECT_EQ(Text("sentences"), "This scanner is set up correctly.");
     EXPECT_THAT(Text("verdict"), HasSubstr("This scanner works"));
 }
 
-TEST_F(ScannerPageTest, EachReadingTakesThePlaceOfTheOneBefore) {
+TEST_F(ScannerPageTest, EachReadingReplacesThePreviousOne) {
     Open();
     TypeAsScanner("P0000004711\r");
     EndBurst();
@@ -118,7 +118,7 @@ TEST_F(ScannerPageTest, KeysWithPausesBetweenLookLikeTyping) {
     EXPECT_EQ(Text("keys"), "4");
 }
 
-TEST_F(ScannerPageTest, EachKeyBeginsThePauseAnew) {
+TEST_F(ScannerPageTest, EachKeyRestartsThePause) {
     Open();
     Press(&Field(), Qt::Key_P);
     ManualTimer* pause = m_timers.Running().at(0);
@@ -130,7 +130,7 @@ TEST_F(ScannerPageTest, EachKeyBeginsThePauseAnew) {
     EXPECT_FALSE(pause->IsRunning());
 }
 
-TEST_F(ScannerPageTest, NoShortcutOfTheWindowHearsTheScanner) {
+TEST_F(ScannerPageTest, AScanTriggersNoShortcut) {
     Open();
     int fired = 0;
     for (const char* keys : {"Ctrl+B", "Ctrl+C", "P", "0", "F2", "Return"}) {
@@ -158,7 +158,7 @@ TEST_F(ScannerPageTest, AKeyWithoutACharacterHasAName) {
     EXPECT_THAT(Text("keys"), ::testing::MatchesRegex("<F5><Ins><[^<>]+><[^<>]+>"));
 }
 
-TEST_F(ScannerPageTest, ShiftAndCtrlAloneAreNoReading) {
+TEST_F(ScannerPageTest, ShiftAndCtrlAloneAreNotAReading) {
     Open();
     for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}) Press(&Field(), key);
     EXPECT_TRUE(m_timers.Running().empty());
@@ -178,7 +178,7 @@ TEST_F(ScannerPageTest, TabAndEscAloneLeaveTheField) {
     EXPECT_TRUE(m_timers.Running().empty()) << "they were no reading";
 }
 
-TEST_F(ScannerPageTest, TabAndEscWithinAReadingBelongToIt) {
+TEST_F(ScannerPageTest, TabAndEscWithinAReadingArePartOfIt) {
     Open();
     TypeAsScanner("P0000004711");
     Press(&Field(), Qt::Key_Tab);
@@ -190,7 +190,7 @@ TEST_F(ScannerPageTest, TabAndEscWithinAReadingBelongToIt) {
     EXPECT_FALSE(Field().hasFocus());
 }
 
-TEST_F(ScannerPageTest, AKeyHeldDownDoesNotGrowTheReadingWithoutEnd) {
+TEST_F(ScannerPageTest, AHeldKeyHasALimitedReading) {
     Open();
     for (size_t i = 0; i < 2 * ScanField::LongestBurst; ++i) Press(&Field(), Qt::Key_7);
     EndBurst();
@@ -234,7 +234,7 @@ TEST_F(ScannerPageTest, TheSystemsPrintersAndTheFolderAreOffered) {
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt) << "looking is not choosing";
 }
 
-TEST_F(ScannerPageTest, TheOnlyPrinterIsChosenAtFirst) {
+TEST_F(ScannerPageTest, TheOnlyPrinterIsPreselected) {
     m_workstation.SetPrinters({"Zeta"});
     Open();
     EXPECT_EQ(Printers().currentText(), "Zeta");
@@ -244,7 +244,7 @@ TEST_F(ScannerPageTest, TheOnlyPrinterIsChosenAtFirst) {
     EXPECT_THAT(m_workstation.Content("jobs"), HasSubstr("-d Zeta "));
 }
 
-TEST_F(ScannerPageTest, AChoiceByKeyboardAppliesAtOnceAndIsRemembered) {
+TEST_F(ScannerPageTest, AChoiceByKeyboardAppliesAtOnceAndIsSaved) {
     m_workstation.SetPrinters({"Zeta", "Eta"});
     Open();
     Choose(Printers(), Qt::Key_Up);
@@ -259,7 +259,7 @@ TEST_F(ScannerPageTest, AChoiceByKeyboardAppliesAtOnceAndIsRemembered) {
     EXPECT_EQ(Find<QComboBox>(*m_page, "resolutions")->currentText(), "300 dots per inch");
 }
 
-TEST_F(ScannerPageTest, TheWheelChoosesNothing) {
+TEST_F(ScannerPageTest, TheWheelDoesNotChangeTheChoice) {
     m_workstation.SetPrinters({"Zeta", "Eta"});
     Open();
     Printers().setFocus();
@@ -267,7 +267,7 @@ TEST_F(ScannerPageTest, TheWheelChoosesNothing) {
     EXPECT_EQ(Printers().currentText(), "PDF files in a folder");
 }
 
-TEST_F(ScannerPageTest, AFolderThatIsTypedIsTheFoldersName) {
+TEST_F(ScannerPageTest, ATypedFolderIsUsed) {
     Open();
     const std::string folder = m_workstation.In("home/My Labels");
     Folder().setFocus();
@@ -290,7 +290,7 @@ TEST_F(ScannerPageTest, AnEmptyFolderChangesNothing) {
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt);
 }
 
-TEST_F(ScannerPageTest, ARememberedPrinterThatIsGoneStaysAndIsSaidToBe) {
+TEST_F(ScannerPageTest, AMissingSavedPrinterStaysSelectedAndIsReported) {
     SavePrinterChoice({"Theta", "/labels", 600}, File());
     m_workstation.SetPrinters({"Zeta"});
     Open();
@@ -304,7 +304,7 @@ TEST_F(ScannerPageTest, ARememberedPrinterThatIsGoneStaysAndIsSaidToBe) {
     EXPECT_FALSE(Find(*m_page, "printerGone")->isVisible());
 }
 
-TEST_F(ScannerPageTest, ARefusalIsSaidInThePrintersWords) {
+TEST_F(ScannerPageTest, APrinterFailureIsShownInItsOwnWords) {
     m_workstation.SetPrinters({"Zeta"});
     m_workstation.SetPrintCommand("cat > " + m_workstation.In("job") + "\necho 'lp: The tape is out.' >&2\nexit 1");
     Open();
@@ -314,7 +314,7 @@ TEST_F(ScannerPageTest, ARefusalIsSaidInThePrintersWords) {
     EXPECT_EQ(Text("outcome"), "") << "it was said of another printer";
 }
 
-TEST_F(ScannerPageTest, AChoiceThatCanNotBeRememberedIsSaidSoAndApplies) {
+TEST_F(ScannerPageTest, AChoiceThatCannotBeSavedIsReportedAndApplies) {
     m_workstation.SetPrinters({"Zeta", "Eta"});
     Open();
     std::filesystem::remove_all(m_workstation.In("config"));
@@ -325,7 +325,7 @@ TEST_F(ScannerPageTest, AChoiceThatCanNotBeRememberedIsSaidSoAndApplies) {
     EXPECT_THAT(m_workstation.Content("jobs"), HasSubstr("-d Eta "));
 }
 
-TEST_F(ScannerPageTest, ThePictureFitsItsPlaceAtEveryResolution) {
+TEST_F(ScannerPageTest, ThePreviewFitsAtEveryResolution) {
     Open();
     auto* preview = Find<LabelPreview>(*m_page, "preview");
     const QRect first = preview->PicturePlace();
@@ -339,7 +339,7 @@ TEST_F(ScannerPageTest, ThePictureFitsItsPlaceAtEveryResolution) {
     EXPECT_TRUE(preview->rect().contains(preview->PicturePlace()));
 }
 
-TEST_F(ScannerPageTest, ATemplateThatCanNotBeReadIsSaidInThePicturesPlace) {
+TEST_F(ScannerPageTest, AnUnreadableTemplateIsReportedInThePreview) {
     m_workstation.SetTemplate("");
     Open();
     auto* preview = Find<LabelPreview>(*m_page, "preview");
@@ -351,7 +351,7 @@ TEST_F(ScannerPageTest, ATemplateThatCanNotBeReadIsSaidInThePicturesPlace) {
     EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("There is no test label: "));
 }
 
-TEST_F(ScannerPageTest, EveryFieldIsReachedAndNamedForTheKeyboard) {
+TEST_F(ScannerPageTest, EveryFieldIsReachableByKeyboardAndNamed) {
     Open();
     EXPECT_THAT(TabOrder(*m_page), ElementsAre("scanField", "printers", "folder", "resolutions", "printTestLabel"));
     for (const char* name : {"scanField", "printers", "folder", "resolutions"})

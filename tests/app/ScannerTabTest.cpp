@@ -40,7 +40,7 @@ protected:
 
     bool ShowsAnItem() { return Find(*m_window, "itemView")->isVisible(); }
 
-    // A scan as it comes from the scanner, handed over by whoever heard it.
+    // A scan from the scanner, delivered through the message hook.
     void ScanItem(int32_t number) {
         TypeAsScanner(MakeBarcodeText("P", number));
         m_timers->Tick(1);
@@ -56,7 +56,7 @@ using Captured = std::vector<std::string>;
 
 }  // namespace
 
-TEST_F(ScannerTabTest, ThePageHasATabOfItsOwnAndTheFocusInItsField) {
+TEST_F(ScannerTabTest, ThePageHasItsOwnTabAndFocusesItsField) {
     EXPECT_EQ(Page(), nullptr);
     OpenPage();
     EXPECT_EQ(Captions(), (Captured{"Evidence", "Labels and Scanner"}));
@@ -65,7 +65,7 @@ TEST_F(ScannerTabTest, ThePageHasATabOfItsOwnAndTheFocusInItsField) {
     EXPECT_EQ(QApplication::focusWidget(), Find(*Page(), "scanField"));
 }
 
-TEST_F(ScannerTabTest, OpenedTwiceItIsTheSameTab) {
+TEST_F(ScannerTabTest, OpeningItTwiceKeepsOneTab) {
     OpenPage();
     QWidget* page = Page();
     Tabs().setCurrentIndex(0);
@@ -77,7 +77,7 @@ TEST_F(ScannerTabTest, OpenedTwiceItIsTheSameTab) {
     EXPECT_TRUE(page->isVisible());
 }
 
-TEST_F(ScannerTabTest, ItStandsBesideTabsOfRecords) {
+TEST_F(ScannerTabTest, ItExistsBesideRecordTabs) {
     OpenPage();
     m_window->OpenRecord({RecordKind::Property, 4711});
     EXPECT_EQ(Captions(), (Captured{"Evidence", "Labels and Scanner", "Property 4711"}));
@@ -86,7 +86,7 @@ TEST_F(ScannerTabTest, ItStandsBesideTabsOfRecords) {
     EXPECT_EQ(Captions(), (Captured{"Evidence", "Property 4711"}));
 }
 
-TEST_F(ScannerTabTest, ItsCrossAndTheKeyForClosingCloseIt) {
+TEST_F(ScannerTabTest, TheCrossAndTheCloseKeyCloseIt) {
     OpenPage();
     EXPECT_EQ(Tabs().tabButton(1, QTabBar::RightSide)->accessibleName(), "Close Labels and Scanner");
     Click(Tabs().tabButton(1, QTabBar::RightSide));
@@ -110,7 +110,7 @@ TEST_F(ScannerTabTest, LoggingOutClosesIt) {
     EXPECT_EQ(Captions(), (Captured{"Evidence", "Labels and Scanner"}));
 }
 
-TEST_F(ScannerTabTest, ComingBackToItReadsTheTemplateAndFocusesTheField) {
+TEST_F(ScannerTabTest, ReturningReloadsTheTemplateAndFocusesTheField) {
     m_workstation.SetTemplate("");
     OpenPage();
     EXPECT_FALSE(Find(*m_window, "printTestLabel")->isEnabled());
@@ -122,7 +122,7 @@ TEST_F(ScannerTabTest, ComingBackToItReadsTheTemplateAndFocusesTheField) {
     EXPECT_EQ(QApplication::focusWidget(), Find(*Page(), "scanField"));
 }
 
-TEST_F(ScannerTabTest, WhoGoesFromTabToTabByKeyboardStaysOnTheTabs) {
+TEST_F(ScannerTabTest, SwitchingTabsByKeyboardKeepsTheFocusOnTheTabs) {
     OpenPage();
     Tabs().setFocus();
     Press(&Tabs(), Qt::Key_Left);
@@ -131,7 +131,7 @@ TEST_F(ScannerTabTest, WhoGoesFromTabToTabByKeyboardStaysOnTheTabs) {
     EXPECT_TRUE(Tabs().hasFocus());
 }
 
-TEST_F(ScannerTabTest, TheEvidenceBehindItHearsNoScan) {
+TEST_F(ScannerTabTest, TheHiddenEvidenceReceivesNoScan) {
     OpenPage();
     ScanItem(1);
     EXPECT_EQ(Find<QLabel>(*Page(), "meaning")->text(), "Property, number 1");
@@ -143,7 +143,7 @@ TEST_F(ScannerTabTest, TheEvidenceBehindItHearsNoScan) {
     EXPECT_TRUE(ShowsAnItem()) << "it hears what comes to it";
 }
 
-TEST_F(ScannerTabTest, AScanOnThePageLeavesNoRestForTheNextOnTheEvidence) {
+TEST_F(ScannerTabTest, AScanOnThePageDoesNotAffectTheNextScanOnTheEvidence) {
     OpenPage();
     ScanItem(1);
     Tabs().setCurrentIndex(0);

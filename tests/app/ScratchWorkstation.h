@@ -14,9 +14,8 @@
 
 namespace quellbrook::testing {
 
-// A workstation of its own in scratch space, from construction to destruction: the user's folders, the host's files
-// with a template for evidence labels, and a print system with the printers it is told to have, which writes down its
-// jobs.
+// A workstation in scratch space: the user's folders, the host's files with a template for evidence labels, and a print
+// system with configurable printers that records its jobs.
 class ScratchWorkstation {
 public:
     ScratchWorkstation() {
@@ -50,15 +49,15 @@ public:
     std::string ChoiceFile() const { return In("config/choice.ini"); }
     std::string LabelFolder() const { return In("home/Papers/Labels"); }
 
-    // The names that the print system answers with; each asking for them is written down.
+    // Sets the names that the print system returns. Each query is recorded.
     void SetPrinters(const std::vector<std::string>& names) const {
         std::string answer = "echo asked >> " + In("asked") + "\n";
         for (const std::string& name : names) answer += "echo '" + name + "'\n";
         Install("lpstat", answer);
     }
-    // What a job does, as lines of a shell.
+    // Sets the shell commands of a print job.
     void SetPrintCommand(const std::string& lines) const { Install("lp", lines); }
-    // Empty: there is none.
+    // An empty text removes the template.
     void SetTemplate(const std::string& text) const {
         std::filesystem::create_directories(In("shared/Files/Data"));
         const std::string path = In("shared/Files/Data/evidence.labl");
@@ -66,7 +65,7 @@ public:
         if (!text.empty()) std::ofstream(path) << text;
     }
 
-    // Empty where there is no such file.
+    // Empty if there is no such file.
     std::string Content(const std::string& name) const {
         std::ifstream file(In(name));
         return std::string(std::istreambuf_iterator<char>(file), {});

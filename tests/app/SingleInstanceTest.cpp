@@ -25,13 +25,13 @@ namespace quellbrook::testing {
 namespace {
 
 constexpr RecordAddress address{RecordKind::Property, 42};
-constexpr int patience = 10'000;  // milliseconds; more than any of these tests takes
+constexpr int patience = 10'000;  // milliseconds; longer than any of these tests
 
 class SingleInstanceTest : public ::testing::Test {
 protected:
     QString Socket() const { return QString::fromStdString(m_directory.Path()) + "/instance"; }
 
-    // Runs what blocks in a thread of its own, and the event loop of this one meanwhile.
+    // Runs blocking work in a thread while this thread's event loop runs.
     static void Beside(const std::function<void()>& work) {
         const std::unique_ptr<QThread> thread(QThread::create(work));
         QEventLoop loop;
@@ -47,7 +47,7 @@ protected:
         return taken;
     }
 
-    // What comes back for this message until the connection ends.
+    // The answer to this message until the connection ends.
     QByteArray AnswerTo(const QByteArray& message) const {
         QByteArray answer;
         Beside([&] {
@@ -83,12 +83,12 @@ TEST_F(SingleInstanceTest, AnAddressReachesTheRunningProgram) {
     EXPECT_EQ(arrived, (std::vector<RecordAddress>{address, {RecordKind::Vehicle, 2'147'483'647}}));
 }
 
-TEST_F(SingleInstanceTest, WithoutARunningProgramNothingIsHandedOver) {
+TEST_F(SingleInstanceTest, WithoutARunningProgramNothingIsSent) {
     EXPECT_FALSE(HandOver(Socket(), address, patience));
     EXPECT_FALSE(QFileInfo::exists(Socket()));
 }
 
-TEST_F(SingleInstanceTest, OnlyTheFirstOfTwoProgramsHears) {
+TEST_F(SingleInstanceTest, OnlyTheFirstOfTwoProgramsListens) {
     std::vector<RecordAddress> first, second;
     auto running = std::make_unique<InstanceServer>(Socket());
     Collect(*running, first);
@@ -103,13 +103,13 @@ TEST_F(SingleInstanceTest, OnlyTheFirstOfTwoProgramsHears) {
     EXPECT_TRUE(successor.IsListening());
 }
 
-TEST_F(SingleInstanceTest, AProgramThatEndsLeavesNothing) {
+TEST_F(SingleInstanceTest, AnEndedProgramLeavesNothing) {
     { const InstanceServer server(Socket()); }
     EXPECT_TRUE(std::filesystem::is_empty(m_directory.Path()));
     EXPECT_FALSE(HandOver(Socket(), address, patience));
 }
 
-TEST_F(SingleInstanceTest, WhatACrashedProgramLeftIsRemoved) {
+TEST_F(SingleInstanceTest, TheSocketOfACrashedProgramIsRemoved) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -142,7 +142,7 @@ TEST_F(SingleInstanceTest, OnlyTheUserReachesTheSocket) {
     EXPECT_EQ(std::filesystem::status(Socket().toStdString()).permissions() & others, perms::none);
 }
 
-TEST_F(SingleInstanceTest, AMessageThatIsNoAddressIsRefusedAndLogged) {
+TEST_F(SingleInstanceTest, AMessageThatIsNotAnAddressIsRefusedAndLogged) {
     InstanceServer server(Socket());
     std::vector<RecordAddress> arrived;
     Collect(server, arrived);
@@ -164,10 +164,10 @@ TEST_F(SingleInstanceTest, AMessageWithoutAnEndIsRefusedAsSoonAsItIsTooLong) {
     TestErrorLog().Announce("InstanceServer");
     EXPECT_EQ(AnswerTo(QByteArray(100'000, 'x')).left(8), "refused\n");
     EXPECT_EQ(TestErrorLog().Entries().back().message,
-              "A message of another program was refused. It is longer than any address.");
+              "A message from another program was refused. It is longer than any address.");
 }
 
-TEST_F(SingleInstanceTest, TheLogIsNotWrittenByTheOtherEnd) {
+TEST_F(SingleInstanceTest, TheLogDoesNotContainTextFromTheOtherProcess) {
     InstanceServer server(Socket());
     TestErrorLog().Announce("InstanceServer");
     AnswerTo("a\x1b[2J\r[2026-01-01] [error] x\n");
@@ -180,10 +180,11 @@ TEST_F(SingleInstanceTest, AMessageThatIsNotCompleteInTimeIsRefused) {
     InstanceServer server(Socket(), 1);
     TestErrorLog().Announce("InstanceServer");
     EXPECT_EQ(AnswerTo("tessarine://miproperty"), "refused\n");
-    EXPECT_EQ(TestErrorLog().Entries().back().message, "A message of another program was refused. It came too slowly.");
+    EXPECT_EQ(TestErrorLog().Entries().back().message,
+              "A message from another program was refused. It was not complete in time.");
 }
 
-TEST_F(SingleInstanceTest, ACallerThatLeavesInTheMiddleIsLogged) {
+TEST_F(SingleInstanceTest, AConnectionThatEndsInTheMiddleIsLogged) {
     InstanceServer server(Socket());
     std::vector<RecordAddress> arrived;
     Collect(server, arrived);
@@ -198,7 +199,7 @@ TEST_F(SingleInstanceTest, ACallerThatLeavesInTheMiddleIsLogged) {
     EXPECT_EQ(arrived, std::vector<RecordAddress>{address});
 }
 
-TEST_F(SingleInstanceTest, ACallerThatSaysNothingIsNoFault) {
+TEST_F(SingleInstanceTest, AConnectionWithoutAMessageIsNotAFault) {
     InstanceServer server(Socket());
     QLocalSocket caller;
     caller.connectToServer(Socket());
@@ -207,7 +208,7 @@ TEST_F(SingleInstanceTest, ACallerThatSaysNothingIsNoFault) {
     EXPECT_TRUE(HandOverBeside());
 }
 
-TEST_F(SingleInstanceTest, AnAddressMayComeInPieces) {
+TEST_F(SingleInstanceTest, AnAddressMayArriveInPieces) {
     InstanceServer server(Socket());
     std::vector<RecordAddress> arrived;
     Collect(server, arrived);
@@ -228,13 +229,13 @@ TEST_F(SingleInstanceTest, AnAddressMayComeInPieces) {
     EXPECT_EQ(arrived, std::vector<RecordAddress>{address});
 }
 
-TEST_F(SingleInstanceTest, AProgramThatDoesNotAnswerIsGivenUp) {
+TEST_F(SingleInstanceTest, AProgramThatDoesNotAnswerTimesOut) {
     QLocalServer silent;
     ASSERT_TRUE(silent.listen(Socket()));
     EXPECT_FALSE(HandOver(Socket(), address, 1));
 }
 
-TEST_F(SingleInstanceTest, AProgramThatRefusesHasNotTakenIt) {
+TEST_F(SingleInstanceTest, ARefusalIsReportedToTheSender) {
     QLocalServer other;
     ASSERT_TRUE(other.listen(Socket()));
     QObject::connect(&other, &QLocalServer::newConnection, [&other] {
@@ -245,7 +246,7 @@ TEST_F(SingleInstanceTest, AProgramThatRefusesHasNotTakenIt) {
     EXPECT_FALSE(HandOverBeside());
 }
 
-TEST_F(SingleInstanceTest, ASocketThatCannotBeMadeIsLogged) {
+TEST_F(SingleInstanceTest, ASocketThatCannotBeCreatedIsLogged) {
     TestErrorLog().Announce("InstanceServer");
     const InstanceServer server(Socket() + "/below/nothing");
     EXPECT_FALSE(server.IsListening());
@@ -254,7 +255,7 @@ TEST_F(SingleInstanceTest, ASocketThatCannotBeMadeIsLogged) {
     EXPECT_FALSE(tooLong.IsListening());
 }
 
-TEST_F(SingleInstanceTest, EachUserAndDatabaseHasASocketOfItsOwn) {
+TEST_F(SingleInstanceTest, EachUserAndDatabaseHasItsOwnSocket) {
     const std::string database = m_directory.Path() + "/room.sqlite";
     std::ofstream(database) << "x";
     std::filesystem::create_symlink(database, m_directory.Path() + "/link.sqlite");

@@ -8,17 +8,17 @@
 
 namespace quellbrook::testing {
 
-// Loads forms of the form designer that hold the module's controls, by the names of their classes.
+// Loads designer forms with the component's controls by class name.
 class ControlLoader : public QUiLoader {
 public:
     ControlLoader();
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
-    // The classes that it knows, without their namespace.
+    // The known classes, without their namespace.
     QStringList Classes() const;
 
-    // A form with one control of this class in it, named "control", at 40,30 and 320 x 200 pixels; "properties" are
-    // further ones of the control, as a form file writes them.
+    // A form with a control of this class, named "control", at 40,30 with 320 x 200 pixels. `properties` is XML for
+    // further properties.
     std::unique_ptr<QWidget> LoadForm(const QString& className, const QString& properties = QString());
 
 private:

@@ -18,11 +18,11 @@
 namespace quellbrook::testing {
 namespace {
 
-// A database that is not to be asked.
+// A database that must not be queried.
 class UntouchedEngine : public Engine {
 public:
     std::unique_ptr<Connection> Open() override {
-        ADD_FAILURE() << "A control has asked the database.";
+        ADD_FAILURE() << "A control queried the database.";
         Raise(ErrorNumber::General, "UntouchedEngine.Open", "The database was asked at design time.");
     }
     const Dialect& GetDialect() const override { return m_dialect; }
@@ -46,7 +46,7 @@ protected:
         HostServices::Current().SetEngine(nullptr);
     }
 
-    // The loaded form with the control on show, taller and narrower, and gone again.
+    // Loads the form, shows the control, resizes it and deletes it.
     static void Exercise(QWidget& form) {
         ShowActive(form);
         auto* control = Find<Control>(form, "control");
@@ -61,7 +61,7 @@ protected:
     ControlLoader m_loader;
 };
 
-TEST_F(DesignTime, EveryControlLoadsReadsNothingAndReportsNothing) {
+TEST_F(DesignTime, ControlsLoadWithoutReadingDataOrReportingErrors) {
     for (const QString& className : m_loader.Classes()) {
         SCOPED_TRACE(className.toStdString());
         const auto form = m_loader.LoadForm(className);
@@ -74,7 +74,7 @@ TEST_F(DesignTime, EveryControlLoadsReadsNothingAndReportsNothing) {
     }
 }
 
-TEST_F(DesignTime, NoControlIsForgotten) {
+TEST_F(DesignTime, EveryControlIsTested) {
     const QRegularExpression declaration(QStringLiteral("explicit (\\w+)\\(QWidget\\* parent = nullptr\\)"));
     const QRegularExpression base(QStringLiteral("class (\\w+) : public (Control|View|Label)\\b"));
     QStringList missing;
@@ -93,7 +93,7 @@ TEST_F(DesignTime, NoControlIsForgotten) {
         }
     }
     EXPECT_GT(found, 25);
-    // View is the base of views, and nothing by itself; a font label stands only inside the strip.
+    // View is only a base class, and a font label exists only inside the strip.
     missing.removeAll("View");
     missing.removeAll("FontLabel");
     EXPECT_EQ(missing.join(", ").toStdString(), "");
@@ -136,7 +136,7 @@ TEST_F(DesignTime, TheTreeShowsNoLocations) {
     EXPECT_EQ(Find<QTreeWidget>(*form, "TreeView")->topLevelItemCount(), 0);
 }
 
-TEST_F(DesignTime, TheShellsPartsStandThereAndNothingComesToLife) {
+TEST_F(DesignTime, TheShellShowsItsPartsAndStartsNothing) {
     const auto form = m_loader.LoadForm("EvidenceUI");
     ShowActive(*form);
     for (const char* name : {"TitleBar", "content", "infobar", "toastMessage", "viewHolder"})

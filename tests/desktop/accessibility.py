@@ -3,7 +3,7 @@
 Usage: accessibility.py PROGRAM USER PASSWORD
 Starts the program on the sample department of the folders in the environment, which the caller keeps scratch. Logs in,
 opens a location, begins to sign an item out, reads a chain of custody, and starts the program a second time with a
-record's address. Prints a line for each thing found; ends with 1 at the first that does not come.
+record's address. Prints a line for each thing found; exits with 1 at the first that does not appear.
 """
 
 import subprocess
@@ -22,7 +22,7 @@ def is_showing(element):
 
 
 def below(element):
-    """The element and everything below it that is on show."""
+    """The element and everything visible below it."""
     pending = [element]
     while pending:
         current = pending.pop()
@@ -31,7 +31,7 @@ def below(element):
         yield current
         try:
             pending.extend(reversed([current.getChildAtIndex(i) for i in range(current.childCount)]))
-        except Exception:  # it has gone while it was looked at
+        except Exception:  # it disappeared meanwhile
             continue
 
 
@@ -65,7 +65,7 @@ def find(role, name, inside=None):
             print(f"{role} \"{name}\"")
             return element
         time.sleep(0.1)
-    sys.exit(f"There is no {role} of the name \"{name}\".")
+    sys.exit(f"There is no {role} named \"{name}\".")
 
 
 def do(element, action):
@@ -81,7 +81,7 @@ def fill(name, role, text):
 
 
 def click(element, button=1, times=1):
-    """A real click in the middle of where the element says it is."""
+    """A real click in the middle of the element."""
     place = element.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2), "click",
                     "--repeat", str(times), "--delay", "60", str(button)], check=True)
@@ -103,7 +103,7 @@ class Spoken:
             self.names.append(event.source.name)
 
     def next(self):
-        """The next name; nothing where none comes for a second."""
+        """The next name; None if there is none within a second."""
         deadline = time.monotonic() + 1
         while not self.names and time.monotonic() < deadline:
             GLib.MainContext.default().iteration(False)
@@ -112,7 +112,7 @@ class Spoken:
 
 
 def choose_in_menu(entry, spoken):
-    """Goes down the open menu until the entry is spoken, and takes it."""
+    """Moves down the open menu to the entry and chooses it."""
     for _ in range(MOST_ENTRIES):
         press("Down")
         name = spoken.next()

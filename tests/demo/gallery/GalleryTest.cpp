@@ -1,6 +1,7 @@
 #include "demo/gallery/GalleryWindow.h"
 
 #include "base/Environment.h"
+#include "base/Error.h"
 #include "component/Quellbrook.h"
 #include "demo/gallery/Cell.h"
 #include "tests/support/RecordingScreen.h"
@@ -34,7 +35,7 @@ using gallery::Cell;
 using gallery::GalleryWindow;
 using gallery::State;
 
-// A control's states that the gallery has to show, over all variants.
+// The states that the gallery must show for a control, over all variants.
 const std::map<QString, std::set<State>> Listed = {
     {"FlatButton", {State::Normal, State::Hover, State::Pressed, State::Focused, State::Disabled}},
     {"Link", {State::Normal, State::Hover, State::Pressed, State::Focused, State::Disabled}},
@@ -53,7 +54,7 @@ const std::map<QString, std::set<State>> Listed = {
     {"Line", {State::Normal}},
     {"FontIcon", {State::Normal, State::Disabled, State::Empty}}};
 
-// The names that the classes of ui/controls give themselves.
+// The class names of ui/controls.
 std::set<std::string> ControlTypes() {
     const std::regex typeName("TypeName\\(\\) const override \\{ return \"(\\w+)\"; \\}");
     std::set<std::string> names;
@@ -89,7 +90,7 @@ protected:
         InstallTheme(dark);
         ServeEvents();
     }
-    // A gallery that was opened in this palette.
+    // A gallery opened in this palette.
     void Reopen(bool dark) {
         m_gallery.reset();
         UsePalette(dark);
@@ -104,7 +105,7 @@ protected:
         ADD_FAILURE() << "No such cell: " << control.toStdString() << ", " << NameOf(state).toStdString();
         return nullptr;
     }
-    // As each cell is painted, but for the ring that turns.
+    // The painted cells, except the busy ring.
     std::map<std::string, QImage> Looks() const {
         std::map<std::string, QImage> looks;
         for (Cell* cell : Cells())
@@ -121,7 +122,7 @@ protected:
 
 TEST_F(GalleryTest, ShowsEveryKindOfControl) {
     std::set<std::string> types = ControlTypes();
-    types.erase("BarcodeListener");  // has no look
+    types.erase("BarcodeListener");  // is invisible
     EXPECT_GE(types.size(), 16u);
     EXPECT_EQ(types.count("FlatButton"), 1u);
     types.insert("RelatedIncidentStrip");
@@ -155,7 +156,7 @@ TEST_F(GalleryTest, ShowsEveryControlInEachOfItsStates) {
     EXPECT_EQ(shown.size(), Listed.size());
 }
 
-TEST_F(GalleryTest, EveryCellIsLiveOrAPictureThatSaysSo) {
+TEST_F(GalleryTest, EveryCellIsALiveControlOrACaptionedPicture) {
     for (const Cell* cell : Cells()) {
         EXPECT_NE(cell->Caption(), "") << Describe(*cell);
         EXPECT_EQ(cell->Live() == nullptr, gallery::IsFleeting(cell->InState())) << Describe(*cell);
@@ -164,7 +165,7 @@ TEST_F(GalleryTest, EveryCellIsLiveOrAPictureThatSaysSo) {
     }
 }
 
-TEST_F(GalleryTest, OnlyWhatHasNoLookForThePointerIsAsNormalUnderIt) {
+TEST_F(GalleryTest, OnlyControlsWithoutAHoverStateLookNormalUnderThePointer) {
     std::set<QString> asNormal;
     for (const Cell* cell : Cells()) {
         if (!cell->Caption().contains("as normal")) continue;
@@ -175,7 +176,7 @@ TEST_F(GalleryTest, OnlyWhatHasNoLookForThePointerIsAsNormalUnderIt) {
               (std::set<QString>{"FlatTextbox", "FlatTextArea", "FlatDropdown", "TessarineDropdown", "ListView"}));
 }
 
-TEST_F(GalleryTest, FocusedPicturesShowTheMarkOfTheFocus) {
+TEST_F(GalleryTest, FocusedPicturesShowTheFocusFrame) {
     for (const Cell* cell : Cells()) {
         if (cell->InState() != State::Focused) continue;
         const QImage picture = cell->Picture().toImage();
@@ -185,7 +186,7 @@ TEST_F(GalleryTest, FocusedPicturesShowTheMarkOfTheFocus) {
     }
 }
 
-TEST_F(GalleryTest, APressedDropdownIsPicturedWithItsList) {
+TEST_F(GalleryTest, APressedDropdownShowsItsList) {
     for (const char* control : {"FlatDropdown", "TessarineDropdown"}) {
         for (const Cell* cell : Cells()) {
             if (cell->Shown().control != control || cell->InState() != State::Pressed) continue;
@@ -197,7 +198,7 @@ TEST_F(GalleryTest, APressedDropdownIsPicturedWithItsList) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST_F(GalleryTest, PointerAndPressShowOnAButton) {
+TEST_F(GalleryTest, HoverAndPressChangeAButton) {
     const auto ground = [this](State state) {
         return PixelAt(Find("FlatButton", "", state)->Picture().toImage(), QPoint(4 + 8, 4 + 8));
     };
@@ -225,7 +226,7 @@ TEST_F(GalleryTest, TheSwitchRepaintsEverything) {
     for (const auto& [name, look] : Looks()) EXPECT_EQ(look, light.at(name)) << name;
 }
 
-TEST_F(GalleryTest, AfterTheSwitchItLooksAsIfOpenedInThatPalette) {
+TEST_F(GalleryTest, SwitchingGivesTheSamePageAsOpeningInThatPalette) {
     ShowActive(*m_gallery);
     m_gallery->SetDark(true);
     const auto switched = Looks();
@@ -236,7 +237,7 @@ TEST_F(GalleryTest, AfterTheSwitchItLooksAsIfOpenedInThatPalette) {
     for (const auto& [name, look] : opened) EXPECT_EQ(look, switched.at(name)) << name;
 }
 
-TEST_F(GalleryTest, TakingPicturesLeavesTheFocusWhereItWas) {
+TEST_F(GalleryTest, TakingPicturesKeepsTheFocus) {
     ShowActive(*m_gallery);
     auto* button = m_gallery->findChild<FlatButton*>("switchPalette");
     button->setFocus();
@@ -258,7 +259,7 @@ TEST_F(GalleryTest, OnlyTheSamplesOfAnEllipsisEndInOne) {
     EXPECT_EQ(cut, (std::set<std::string>{"One line, ends in an ellipsis", "Wraps, ends in an ellipsis"}));
 }
 
-TEST_F(GalleryTest, NothingIsCutOffOrOutOfReach) {
+TEST_F(GalleryTest, NothingIsCutOffOrOutsideThePage) {
     for (const bool dark : {false, true}) {
         Reopen(dark);
         for (const QSize size : {QSize(1280, 800), QSize(820, 600)}) {
@@ -276,7 +277,7 @@ TEST_F(GalleryTest, NothingIsCutOffOrOutOfReach) {
     }
 }
 
-TEST_F(GalleryTest, WritesAPictureOfAllOfItInEachPalette) {
+TEST_F(GalleryTest, WritesAPictureInEachPalette) {
     const ScratchFolder directory;
     const QString folder = QString::fromStdString(directory.Path()) + "/new/gallery";
     m_gallery->WritePictures(folder);
@@ -291,7 +292,7 @@ TEST_F(GalleryTest, WritesAPictureOfAllOfItInEachPalette) {
     }
 }
 
-TEST_F(GalleryTest, ADirectoryThatCantBeMadeIsNamed) {
+TEST_F(GalleryTest, ADirectoryThatCannotBeCreatedIsNamed) {
     const ScratchFolder directory;
     const std::string file = directory.Path() + "/file";
     std::ofstream(file) << "text";

@@ -72,7 +72,7 @@ TEST(CompanionFiles, APlaceWhereNoFolderCanStandIsSaidSo) {
     }
 }
 
-TEST(LabelTemplates, HoldTheFieldsOfTheirLabels) {
+TEST(LabelTemplates, HaveTheFieldsOfTheirLabels) {
     const std::string barcode = "\x02L0000000012\x03";
     for (const CompanionFile& file : LabelTemplates()) {
         const bool isLocation = file.path == "Files/Data/location.labl";
@@ -92,7 +92,7 @@ TEST(LabelTemplates, HoldTheFieldsOfTheirLabels) {
     }
 }
 
-TEST(LabelTemplates, AreAddedToADirectoryThatLacksThem) {
+TEST(LabelTemplates, AreAddedIfTheyAreMissing) {
     const ScratchFolder folder;
     std::filesystem::create_directories(folder.In("Files/Data"));
     std::ofstream(folder.In("Files/Data/evidence.labl")) << "our own";

@@ -6,12 +6,12 @@
 
 namespace quellbrook::testing {
 
-// What holds for every chain of custody of a department, however it was made.
+// Checks that apply to every chain of custody of a department.
 inline void ExpectSoundChains(const SampleFile& file) {
     for (const auto& [item, key] : {std::pair("Property", "PropertyNo"), std::pair("Vehicle", "VehicleNo")}) {
         const std::string table = std::string(item) + "Tracking";
         SCOPED_TRACE(table);
-        // The current row is the greatest, and an item without rows has no current one.
+        // The current row is the last one; an item without rows has none.
         EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + std::string(item) +
                               " i WHERE i.CurrTrackSeq IS NOT (SELECT "
                               "MAX(SeqNo) FROM " +
@@ -48,7 +48,7 @@ inline void ExpectSoundChains(const SampleFile& file) {
                               " WHERE ReceivedBy NOT IN (SELECT PersonNo FROM "
                               "Person) OR ReceivedFrom NOT IN (SELECT PersonNo FROM Person)"),
                   0);
-        // What has been disposed of is marked so, and nothing else.
+        // Exactly the disposed items are marked.
         EXPECT_EQ(
             file.Number("SELECT COUNT(*) FROM " + std::string(item) + " i LEFT JOIN " + table + " t ON t." + key +
                         " = i." + key +

@@ -22,12 +22,12 @@ std::string LocationNamed(const char* name) {
 
 }  // namespace
 
-TEST(GeneratedDepartment, HoldsTheItemsAskedForOneInTenAVehicle) {
+TEST(GeneratedDepartment, HasTheRequestedItemsOneInTenAVehicle) {
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM Property"), 2700);
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM Vehicle"), 300);
 }
 
-TEST(GeneratedDepartment, HoldsALocationForTwentyItemsOnFiveLevels) {
+TEST(GeneratedDepartment, HasALocationForTwentyItemsOnFiveLevels) {
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM StorageLocation"), 150);
     EXPECT_THAT(ThreeThousand().Rows("SELECT DISTINCT LENGTH(Path) - LENGTH(REPLACE(Path, '/', '')) - 1 FROM "
                                      "StorageLocation ORDER BY 1"),
@@ -35,7 +35,7 @@ TEST(GeneratedDepartment, HoldsALocationForTwentyItemsOnFiveLevels) {
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM StorageLocation WHERE Type = 1"), 0);
 }
 
-TEST(GeneratedDepartment, HoldsAHundredLocationsAtLeast) {
+TEST(GeneratedDepartment, HasAtLeastAHundredLocations) {
     EXPECT_EQ(SampleFile(SampleOptions{1}).Number("SELECT COUNT(*) FROM StorageLocation"), 100);
 }
 
@@ -52,7 +52,7 @@ TEST(GeneratedDepartment, EveryTrackedItemHasPassedTheCounter) {
     }
 }
 
-TEST(GeneratedDepartment, OneShelfHoldsAHundredAndNinetyItemsNow) {
+TEST(GeneratedDepartment, OneShelfContainsAHundredAndNinetyItems) {
     EXPECT_EQ(ThreeThousand().Number("SELECT COUNT(*) FROM CurrentPlace WHERE StorageLocNo = " +
                                      LocationNamed(SampleNames::FullShelf)),
               190);
@@ -66,15 +66,15 @@ TEST(GeneratedDepartment, AnItemHasNearlyFourCustodyRows) {
     EXPECT_LE(rows, 3000 * 41 / 10);
 }
 
-TEST(GeneratedDepartment, ItsChainsAreSound) { ExpectSoundChains(ThreeThousand()); }
+TEST(GeneratedDepartment, ChainsAreConsistent) { ExpectSoundChains(ThreeThousand()); }
 
-// The second one on a stack of its own, so that nothing that follows from an address stays the same by chance.
-TEST(GeneratedDepartment, TwoRunsGiveTheSameRows) {
+// The second one runs on another stack, so that nothing depends on an address.
+TEST(GeneratedDepartment, CreatingItTwiceGivesTheSameRows) {
     const auto content = [] { return SampleFile(SampleOptions{500}).Content(); };
     EXPECT_EQ(content(), std::async(std::launch::async, content).get());
 }
 
-TEST(GeneratedDepartment, ASingleItemIsADepartmentToo) {
+TEST(GeneratedDepartment, ADepartmentMayHaveASingleItem) {
     const SampleFile one(SampleOptions{1});
     EXPECT_EQ(one.Number("SELECT (SELECT COUNT(*) FROM Property) + (SELECT COUNT(*) FROM Vehicle)"), 1);
     ExpectSoundChains(one);

@@ -16,7 +16,7 @@ using testing::ReadPng;
 
 }  // namespace
 
-TEST(Pictures, EachIsOfTheOneSizeAndShowsSomething) {
+TEST(Pictures, EachHasTheSameSizeAndShowsSomething) {
     for (const CompanionFile& file : DrawPictures()) {
         const ReadPng read(file.bytes);
         EXPECT_EQ(read.width, static_cast<uint32_t>(PictureWidth)) << file.path;
@@ -26,7 +26,7 @@ TEST(Pictures, EachIsOfTheOneSizeAndShowsSomething) {
     }
 }
 
-TEST(Pictures, NoTwoAreTheSame) {
+TEST(Pictures, AllPicturesDiffer) {
     std::set<std::string> paths, contents;
     for (const CompanionFile& file : DrawPictures()) {
         EXPECT_TRUE(paths.insert(file.path).second) << file.path;
@@ -34,13 +34,13 @@ TEST(Pictures, NoTwoAreTheSame) {
     }
 }
 
-TEST(Pictures, AnotherDrawingGivesTheSameBytes) {
+TEST(Pictures, DrawingAgainGivesTheSameBytes) {
     const auto first = DrawPictures(), second = DrawPictures();
     ASSERT_EQ(first.size(), second.size());
     for (size_t k = 0; k < first.size(); ++k) EXPECT_EQ(first[k].bytes, second[k].bytes) << first[k].path;
 }
 
-TEST(Pictures, EveryNameThatIsGivenIsDrawn) {
+TEST(Pictures, EveryGeneratedNameHasAPicture) {
     std::set<std::string> drawn;
     for (const CompanionFile& file : DrawPictures()) drawn.insert(file.path);
     for (int32_t category = 0; category <= 30; ++category) {

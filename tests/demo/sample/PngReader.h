@@ -7,8 +7,8 @@
 
 namespace quellbrook::testing {
 
-// Reads a PNG file of the one sort that this project writes, by the rules of the format and not by our writer: each
-// check sum is worked out from its definition, and anything unexpected throws.
+// Reads a PNG file independently of our writer. Checksums are computed from their definition; anything unexpected
+// throws.
 struct ReadPng {
     uint32_t width = 0, height = 0;
     std::string palette;

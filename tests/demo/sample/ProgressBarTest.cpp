@@ -8,7 +8,7 @@ namespace quellbrook::sample {
 
 namespace {
 
-// What a bar writes to a stream that keeps it.
+// The output of a progress bar.
 class Kept {
 public:
     ~Kept() {
@@ -29,7 +29,7 @@ private:
 
 }  // namespace
 
-TEST(ProgressBar, GrowsOnOneLineOfATerminal) {
+TEST(ProgressBar, GrowsOnOneTerminalLine) {
     const Kept kept;
     {
         ProgressBar bar("Making", kept.Stream(), true);
@@ -44,7 +44,7 @@ TEST(ProgressBar, GrowsOnOneLineOfATerminal) {
               "\rMaking [##############################] 100 %\n");
 }
 
-TEST(ProgressBar, WritesNothingAnewWhenThePercentStays) {
+TEST(ProgressBar, DoesNotRewriteTheSamePercentage) {
     const Kept kept;
     ProgressBar bar("Making", kept.Stream(), true);
     bar.Show(7);
@@ -53,7 +53,7 @@ TEST(ProgressBar, WritesNothingAnewWhenThePercentStays) {
     EXPECT_EQ(kept.Text(), before);
 }
 
-TEST(ProgressBar, AStreamThatIsNoTerminalGetsTheWordsOnce) {
+TEST(ProgressBar, AStreamThatIsNotATerminalGetsTheTextOnce) {
     const Kept kept;
     {
         ProgressBar bar("Making", kept.Stream(), false);
@@ -64,7 +64,7 @@ TEST(ProgressBar, AStreamThatIsNoTerminalGetsTheWordsOnce) {
     EXPECT_EQ(kept.Text(), "Making\n");
 }
 
-TEST(ProgressBar, WritesNothingWhenNothingIsShown) {
+TEST(ProgressBar, WritesNothingBeforeTheFirstShow) {
     const Kept kept;
     { const ProgressBar bar("Making", kept.Stream(), true); }
     EXPECT_EQ(kept.Text(), "");

@@ -48,7 +48,7 @@ TEST_F(SampleAccountsTest, ThreeAccountsLogInWithThePasswordsShownAndHaveTheirRi
     EXPECT_EQ(RightsOf(SampleAccounts()[2]), (Rights{"view property", "view vehicle", "view chain", "secured 5"}));
 }
 
-TEST_F(SampleAccountsTest, PasswordsStandHashedOnly) {
+TEST_F(SampleAccountsTest, PasswordsAreStoredHashed) {
     for (const SampleAccount& account : SampleAccounts()) {
         const auto hash =
             TheSample().Rows("SELECT PasswordHash FROM Account WHERE Username = '" + account.username + "'");
@@ -58,13 +58,13 @@ TEST_F(SampleAccountsTest, PasswordsStandHashedOnly) {
     }
 }
 
-TEST_F(SampleAccountsTest, OneAccountsPasswordDoesNotOpenAnother) {
+TEST_F(SampleAccountsTest, APasswordDoesNotOpenAnotherAccount) {
     DatabaseSession session;
     EXPECT_THROW(session.Login(SampleAccounts()[0].username, SampleAccounts()[1].password, ""), Error);
     EXPECT_EQ(session.Username(), "");
 }
 
-TEST_F(SampleAccountsTest, TheSampleMayShowItsAccountsAndNamesItsAgency) {
+TEST_F(SampleAccountsTest, TheSampleHasTheAccountsMarkerAndItsAgency) {
     EXPECT_EQ(
         TheSample().Rows("SELECT Value FROM Setting WHERE Name = '" + std::string(SampleNames::MarkerSetting) + "'"),
         std::vector<std::string>{"1"});

@@ -10,24 +10,24 @@ namespace quellbrook::testing {
 
 using ::testing::ElementsAre;
 
-TEST(SampleDepartment, HoldsSixtyLocationsOnFiveLevelsInEveryCategoryButTheUncategorised) {
+TEST(SampleDepartment, HasSixtyLocationsOnFiveLevelsInEveryCategoryExceptUncategorized) {
     const SampleFile& sample = TheSample();
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM StorageLocation"), 60);
     EXPECT_THAT(sample.Rows("SELECT DISTINCT Type FROM StorageLocation ORDER BY Type"),
                 ElementsAre("2", "4", "8", "16"));
-    // A path has a slash more than it has identifiers, the sentinel among them.
+    // A path has one more slash than identifiers, including the sentinel.
     EXPECT_EQ(sample.Number("SELECT MAX(LENGTH(Path) - LENGTH(REPLACE(Path, '/', ''))) - 1 FROM StorageLocation"), 5);
     EXPECT_GE(sample.Number("SELECT COUNT(*) FROM StorageLocation WHERE ActiveFlag = 0"), 3);
 }
 
-TEST(SampleDepartment, EveryContainerStandsInTheSameCategory) {
+TEST(SampleDepartment, EveryContainerIsInTheSameCategory) {
     EXPECT_EQ(
         TheSample().Number("SELECT COUNT(*) FROM StorageLocation l WHERE l.Path <> '/0/' AND NOT EXISTS (SELECT 1 "
                            "FROM StorageLocation c WHERE c.Path || c.IdNo || '/' = l.Path AND c.Type = l.Type)"),
         0);
 }
 
-TEST(SampleDepartment, HoldsThreeHundredPiecesOfPropertyAndFortyVehiclesWithKeysOfTheirOwn) {
+TEST(SampleDepartment, HasThreeHundredPiecesOfPropertyAndFortyVehiclesWithDistinctKeys) {
     const SampleFile& sample = TheSample();
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM Property"), 300);
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM Vehicle"), 40);
@@ -42,7 +42,7 @@ TEST(SampleDepartment, HoldsThreeHundredPiecesOfPropertyAndFortyVehiclesWithKeys
               0);
 }
 
-TEST(SampleDepartment, ItsChainsAreSound) { ExpectSoundChains(TheSample()); }
+TEST(SampleDepartment, ChainsAreConsistent) { ExpectSoundChains(TheSample()); }
 
 TEST(SampleDepartment, SomeCustodyRowsLackAPersonAndSomeItemsALocation) {
     const SampleFile& sample = TheSample();
@@ -55,7 +55,7 @@ TEST(SampleDepartment, SomeCustodyRowsLackAPersonAndSomeItemsALocation) {
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM Property WHERE CurrTrackSeq IS NULL"), 7);
 }
 
-TEST(SampleDepartment, IncidentsAreSecuredInPartAndAnItemMayBelongToTwo) {
+TEST(SampleDepartment, SomeIncidentsAreSecuredAndSomeItemsHaveTwo) {
     const SampleFile& sample = TheSample();
     EXPECT_GT(sample.Number("SELECT COUNT(*) FROM Incident WHERE IsSecured = 1"), 0);
     EXPECT_GT(sample.Number("SELECT COUNT(*) FROM Incident WHERE CaseNbr IS NULL"), 0);
@@ -66,7 +66,7 @@ TEST(SampleDepartment, IncidentsAreSecuredInPartAndAnItemMayBelongToTwo) {
         ElementsAre("2026-0388", "2026-0417"));
 }
 
-TEST(SampleDepartment, ShelfBHoldsTwoBinsAndFourteenItems) {
+TEST(SampleDepartment, ShelfBContainsTwoBinsAndFourteenItems) {
     const SampleFile& sample = TheSample();
     const std::string shelf =
         "(SELECT s.IdNo FROM StorageLocation s INNER JOIN StorageLocation a ON a.Path || a.IdNo || '/' = s.Path INNER "
@@ -77,25 +77,25 @@ TEST(SampleDepartment, ShelfBHoldsTwoBinsAndFourteenItems) {
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM StorageLocation WHERE ContainerNo = " + shelf), 2);
 }
 
-TEST(SampleDepartment, OneRowOfTheLotHoldsPropertyAndVehicles) {
+TEST(SampleDepartment, OneRowOfTheLotContainsPropertyAndVehicles) {
     const std::string row2 =
         " WHERE StorageLocNo = (SELECT IdNo FROM StorageLocation WHERE Name = 'Row 2') AND ItemType = ";
     EXPECT_GE(TheSample().Number("SELECT COUNT(*) FROM CurrentPlace" + row2 + "1"), 2);
     EXPECT_GE(TheSample().Number("SELECT COUNT(*) FROM CurrentPlace" + row2 + "2"), 1);
 }
 
-TEST(SampleDepartment, CodeTablesHoldActiveAndInactiveEntries) {
+TEST(SampleDepartment, CodeTablesHaveActiveAndInactiveEntries) {
     EXPECT_THAT(
         TheSample().Rows("SELECT TableNumber, MIN(IsActive), MAX(IsActive) FROM CodeTable GROUP BY 1 ORDER BY 1"),
         ElementsAre("30|0|1", "31|0|1", "38|0|1", "46|0|1"));
     EXPECT_GE(TheSample().Number("SELECT COUNT(*) FROM Person WHERE IsActive = 1"), 5);
 }
 
-TEST(SampleDepartment, TwoRunsGiveTheSameRows) {
+TEST(SampleDepartment, CreatingItTwiceGivesTheSameRows) {
     EXPECT_EQ(std::async(std::launch::async, [] { return SampleFile().Content(); }).get(), TheSample().Content());
 }
 
-TEST(SampleDepartment, KeepsEveryIndexAndTriggerOfTheSchema) {
+TEST(SampleDepartment, HasEveryIndexAndTriggerOfTheSchema) {
     const ScratchFolder folder;
     const std::string path = folder.In("empty.sqlite");
     CreateDatabase(path);
@@ -142,7 +142,7 @@ TEST(SampleDepartment, AnItemOfEitherKindIsLinkedTwiceToOneIncident) {
     }
 }
 
-TEST(SampleDepartment, ItemsLieInALocationOutOfUseAndInOneInsideIt) {
+TEST(SampleDepartment, SomeItemsAreInALocationOutOfUseAndInsideOne) {
     EXPECT_THAT(
         TheSample().Rows("SELECT s.ActiveFlag, a.ActiveFlag FROM CurrentPlace c INNER JOIN StorageLocation s ON "
                          "s.IdNo = c.StorageLocNo INNER JOIN StorageLocation a ON a.IdNo = s.ContainerNo WHERE "
@@ -150,7 +150,7 @@ TEST(SampleDepartment, ItemsLieInALocationOutOfUseAndInOneInsideIt) {
         ElementsAre("0|0", "1|0"));
 }
 
-TEST(SampleDepartment, SomeNamesHoldQuotesBlanksAndOtherScripts) {
+TEST(SampleDepartment, SomeNamesContainQuotesBlanksAndOtherScripts) {
     const SampleFile& sample = TheSample();
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM StorageLocation WHERE Name <> TRIM(Name)"), 1);
     EXPECT_EQ(sample.Number("SELECT COUNT(*) FROM StorageLocation WHERE Name LIKE '%\"%'"), 1);
@@ -162,7 +162,7 @@ TEST(SampleDepartment, SomeNamesHoldQuotesBlanksAndOtherScripts) {
         4);
 }
 
-TEST(SampleDepartment, WhatTheShelvesOpenedFirstHoldIsComplete) {
+TEST(SampleDepartment, ItemsOnTheShelvesOpenedFirstAreComplete) {
     EXPECT_EQ(TheSample().Number(
                   "SELECT COUNT(*) FROM CurrentPlace c INNER JOIN StorageLocation s ON s.IdNo = "
                   "c.StorageLocNo LEFT JOIN Property p ON c.ItemType = 1 AND p.PropertyNo = c.ItemNo LEFT "

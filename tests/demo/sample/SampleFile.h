@@ -12,7 +12,7 @@
 
 namespace quellbrook::testing {
 
-// A department file in a scratch folder, read with statements of its own.
+// A department file in a scratch folder, read through a separate connection.
 class SampleFile {
 public:
     explicit SampleFile(const SampleOptions& options = {}) {
@@ -21,7 +21,7 @@ public:
     }
 
     std::string Path() const { return m_folder.In("sample.sqlite"); }
-    // The folder in which the file stands.
+    // The folder of the file.
     const std::string& Folder() const { return m_folder.Path(); }
 
     // Rows of a SELECT, the columns of each joined by "|".
@@ -40,7 +40,7 @@ public:
     }
     int64_t Number(const std::string& select) const { return std::stoll(Rows(select).at(0)); }
 
-    // Every row of every table in the order of its columns, the password hashes left out.
+    // Every row of every table, without password hashes.
     std::string Content() const {
         std::string content;
         for (const std::string& table : Rows("SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE "
@@ -59,7 +59,7 @@ private:
     std::unique_ptr<SQLite::Database> m_database;
 };
 
-// The sample department, made once a process. Not to be changed.
+// The sample department, created once per process. Do not change it.
 inline const SampleFile& TheSample() {
     static const SampleFile sample;
     return sample;

@@ -8,7 +8,7 @@
 
 namespace quellbrook::testing {
 
-TEST(CustodyRows, TellsOnlyWhatWasWrittenSince) {
+TEST(CustodyRows, ReturnsOnlyRowsWrittenSinceConstruction) {
     const ScratchFolder directory;
     const std::string path = directory.Path() + "/copy.sqlite";
     std::filesystem::copy_file(TheSample().Path(), path);
@@ -20,7 +20,7 @@ TEST(CustodyRows, TellsOnlyWhatWasWrittenSince) {
         database.execAndGet("SELECT MAX(SeqNo) + 1 FROM PropertyTracking WHERE PropertyNo = 1").getInt();
     database.exec("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (1, " + std::to_string(next) +
                   ", '2026-11-20T09:00:00.000')");
-    // The first row of an item that had none.
+    // The first row of an item without rows.
     database.exec(
         "INSERT INTO VehicleTracking (VehicleNo, SeqNo, LastUpdated) SELECT VehicleNo, 1, "
         "'2026-11-20T09:00:00.000' FROM Vehicle WHERE RegNumber = 'LVN2077'");
@@ -32,7 +32,7 @@ TEST(CustodyRows, TellsOnlyWhatWasWrittenSince) {
     EXPECT_TRUE(written[1].Has("VehicleNo"));
 }
 
-TEST(CustodyRows, AsksForOneValue) {
+TEST(CustodyRows, ReadsASingleValue) {
     const tour::CustodyRows rows(TheSample().Path());
     EXPECT_EQ(ToInt32(rows.Ask("SELECT COUNT(*) AS N FROM Vehicle")), 40);
     EXPECT_TRUE(rows.Ask("SELECT VehicleNo FROM Vehicle WHERE VehicleNo = 0").IsEmpty());

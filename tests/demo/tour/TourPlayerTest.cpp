@@ -1,7 +1,7 @@
 #include "demo/tour/TourPlayer.h"
 #include "tests/demo/sample/SampleFile.h"
-#include "tests/support/ui/Widgets.h"
 #include "tests/support/ScratchFolder.h"
+#include "tests/support/ui/Widgets.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -14,7 +14,7 @@ namespace quellbrook::testing {
 
 namespace {
 
-// Plays moves that need no mouse and no keys.
+// Plays moves without mouse and keys.
 class TourPlayerTest : public ::testing::Test {
 protected:
     void SetUp() override { ShowActive(m_window); }
@@ -22,8 +22,8 @@ protected:
     bool Play() {
         m_player.Start();
         const int code = QApplication::exec();
-        EXPECT_EQ(code, m_player.Held() ? 0 : 1);
-        return m_player.Held();
+        EXPECT_EQ(code, m_player.Passed() ? 0 : 1);
+        return m_player.Passed();
     }
 
     QJsonArray Steps() const {
@@ -40,7 +40,7 @@ protected:
 
 }  // namespace
 
-TEST_F(TourPlayerTest, ARoadThatHoldsHasAPictureForEachStep) {
+TEST_F(TourPlayerTest, ASuccessfulTourHasAPictureForEachStep) {
     QString seen = "first";
     m_player.Step("one");
     m_player.Expect(
@@ -60,7 +60,7 @@ TEST_F(TourPlayerTest, ARoadThatHoldsHasAPictureForEachStep) {
     EXPECT_FALSE(QImage(Directory() + "/02-two.png").isNull());
 }
 
-TEST_F(TourPlayerTest, WaitsForWhatComesLater) {
+TEST_F(TourPlayerTest, WaitsForALateCondition) {
     int looks = 0;
     m_player.Step("patience");
     m_player.Wait("The third look", [&looks] { return ++looks == 3; });
@@ -68,7 +68,7 @@ TEST_F(TourPlayerTest, WaitsForWhatComesLater) {
     EXPECT_EQ(looks, 3);
 }
 
-TEST_F(TourPlayerTest, WhatDoesNotComeEndsTheTourAndIsTold) {
+TEST_F(TourPlayerTest, AMissingConditionEndsTheTourAndIsReported) {
     bool reached = false;
     m_player.Step("one");
     m_player.Step("two");
@@ -81,14 +81,14 @@ TEST_F(TourPlayerTest, WhatDoesNotComeEndsTheTourAndIsTold) {
     ASSERT_EQ(Steps().size(), 2);
     EXPECT_TRUE(Steps()[0].toObject()["held"].toBool());
     EXPECT_FALSE(Steps()[1].toObject()["held"].toBool(true));
-    EXPECT_EQ(Steps()[1].toObject()["said"].toString(), "Did not come: The text: \"expected\". Seen: \"other\".");
+    EXPECT_EQ(Steps()[1].toObject()["said"].toString(), "Did not appear: The text: \"expected\". Seen: \"other\".");
 }
 
-TEST_F(TourPlayerTest, WhatCannotBePressedEndsTheTour) {
+TEST_F(TourPlayerTest, AnUnreachableButtonEndsTheTour) {
     m_player.Step("one");
     m_player.Click("the button Finish", [] { return tour::Spot(); });
     EXPECT_FALSE(Play());
-    EXPECT_EQ(Steps()[0].toObject()["said"].toString(), "Did not come: the button Finish can be pressed");
+    EXPECT_EQ(Steps()[0].toObject()["said"].toString(), "Did not appear: the button Finish can be pressed");
 }
 
 TEST_F(TourPlayerTest, AnErrorInAConditionEndsTheTour) {

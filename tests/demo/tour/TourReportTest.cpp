@@ -12,7 +12,7 @@
 
 namespace quellbrook::testing {
 
-TEST(TourReport, HoldsStepsAndRowsByName) {
+TEST(TourReport, ContainsStepsAndRowsByName) {
     const ScratchFolder directory;
     const QString path = QString::fromStdString(directory.Path()) + "/tour.json";
     const Row row = Row::Of({{"PropertyNo", 7}, {"ReceivedBy", Null()}, {"DateReceived", "2026-11-20T10:00:00.000"}});

@@ -13,8 +13,8 @@ using ::testing::Pair;
 
 class HiddenViewTest : public ScannerTest {
 protected:
-    // What the text box receives of keys of many kinds, a scan among them, and then holds. No key comes twice in a row,
-    // which the toolkit could take for a repeated one.
+    // The keys that the text box receives, including a scan, and its text afterwards. No key repeats, since Qt could
+    // report an auto-repeat.
     std::vector<std::string> TypeEverything() {
         m_edit->clear();
         m_edit->setFocus();
@@ -41,7 +41,7 @@ TEST_F(HiddenViewTest, EveryKeyEventPassesAsWithoutAHook) {
     EXPECT_THAT(m_scans, IsEmpty());
 }
 
-TEST_F(HiddenViewTest, PressesWithinTheRestOfTheLastScanAreDroppedAllTheSame) {
+TEST_F(HiddenViewTest, PressesWithinTheRestPeriodOfTheLastScanAreDropped) {
     m_clock.Set(DateTime::FromParts({2026, 11, 20, 1, 0, 0, 0}));
     m_environment->clock = &m_clock;
     ShowExplorer();

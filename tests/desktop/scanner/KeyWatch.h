@@ -8,15 +8,15 @@
 
 namespace quellbrook::testing {
 
-// Keeps the key events that come to an object, or to the windows of the whole application.
+// Records the key events of an object, or of all windows of the application.
 class KeyWatch : public QObject {
 public:
-    // Everything that is asked of or sent to the object: what event filters of the application have left.
+    // Records all events of the object that pass the application's event filters.
     explicit KeyWatch(QObject& watched);
-    // Presses and releases as they come to the windows; before any hook that is in place by now.
+    // Records presses and releases at the windows, before any hook that is already installed.
     KeyWatch();
 
-    // One line an event: kind, key, modifiers, text, whether it is a repeated one.
+    // One line per event: kind, key, modifiers, text, auto-repeat.
     const std::vector<std::string>& Lines() const { return m_lines; }
     int Presses(int key) const { return Count(QEvent::KeyPress, key); }
     int Releases(int key) const { return Count(QEvent::KeyRelease, key); }

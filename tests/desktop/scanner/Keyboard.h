@@ -5,20 +5,20 @@
 
 namespace quellbrook::testing {
 
-// Presses keys from outside this program, through the X server, one order after the other and none of them with a pause
-// in it. An order returns before its keys have come. Whatever goes wrong with one fails the test.
+// Presses keys through the X server, one command after another and without pauses within a command. A command returns
+// before its keys arrive. Failures fail the test.
 class Keyboard {
 public:
     Keyboard() = default;
     ~Keyboard();
 
-    void Type(const QString& text);   // characters of the keyboard, capitals with Shift
-    void Press(const QString& keys);  // X key names with blanks between them, such as "ctrl+a Return"
+    void Type(const QString& text);   // keyboard characters, capitals with Shift
+    void Press(const QString& keys);  // X key names separated by blanks, such as "ctrl+a Return"
     void Hold(const QString& key);
     void Release(const QString& key);
-    // A barcode as a wedge scanner types it: Ctrl+B, the text, Ctrl+C.
+    // Types a barcode like a keyboard-wedge scanner: Ctrl+B, the text, Ctrl+C.
     void Scan(const QString& text);
-    // Returns when all that was ordered is pressed. Serves no events meanwhile.
+    // Waits until all commands are done. Processes no events.
     void Finish();
 
 private:

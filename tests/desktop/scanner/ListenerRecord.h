@@ -13,17 +13,16 @@
 
 namespace quellbrook::testing {
 
-// Writes down everything that comes to one listener, the messages of its hook and the firings of its timer, with what
-// it could see at that moment and what it made of it. Stands between the listener and the hook, timer and clock in use;
-// give it a listener that was never shown.
+// Records everything that one listener receives, hook messages and timer events, with the state that it could see and
+// the result. Installs itself between the listener and the hook, timer and clock; use a listener that was never shown.
 class ListenerRecord {
 public:
     struct Entry {
         bool isFiring = false;
-        KeyMessage message{};  // as it came
+        KeyMessage message{};  // as received
         bool isListening = false;
         bool isWindowActive = false;
-        std::optional<DateTime> clock;  // where the listener read it
+        std::optional<DateTime> clock;  // if the listener read it
         bool passed = false;
         std::optional<std::pair<int32_t, std::string>> raised;
         std::string buffer;  // afterwards
@@ -36,7 +35,7 @@ public:
     ListenerRecord& operator=(const ListenerRecord&) = delete;
 
     const std::vector<Entry>& Entries() const { return m_entries; }
-    // Whether the timer runs: a firing is still to come.
+    // Whether the timer is running.
     bool IsFiringDue() const { return m_timer && m_timer->IsRunning(); }
 
 private:

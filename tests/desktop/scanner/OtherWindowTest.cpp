@@ -15,7 +15,7 @@ class OtherWindowTest : public ScannerTest {
 protected:
     OtherWindowTest() { ShowExplorer(); }
 
-    // What is scanned into the other window is lost; what is typed there by hand arrives.
+    // A scan into the other window is lost; text typed by hand arrives there.
     void ExpectConsumedIn(QWidget& window) {
         QLineEdit field("kept", &window);
         field.setAccessibleName("field of the other window");

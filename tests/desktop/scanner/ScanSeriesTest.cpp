@@ -11,7 +11,7 @@
 namespace quellbrook::testing {
 namespace {
 
-// Barcodes of every type, with numbers that the department does not know.
+// Barcodes of every type with numbers that do not exist in the department.
 class RandomBarcodes {
 public:
     struct Barcode {
@@ -33,7 +33,7 @@ private:
     std::mt19937 m_random{20261120};
 };
 
-// Scans without a pause inside, and what a person needs to lay the next thing under the scanner between them.
+// Scans without internal pauses, at intervals that a person needs between two items.
 class ScanSeriesTest : public ScannerTest {
 protected:
     ScanSeriesTest() { ShowExplorer(); }
@@ -41,7 +41,7 @@ protected:
     void ScanSeries() {
         RandomBarcodes barcodes;
         Scans expected;
-        size_t told = 0;  // the explorer knows none of them, and says so of all that are of a type
+        size_t told = 0;  // the explorer reports each as unknown
         for (int scan = 0; scan < CountOf(1000); ++scan) {
             const auto barcode = barcodes.Next();
             expected.push_back(barcode.scan);

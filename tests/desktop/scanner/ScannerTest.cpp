@@ -103,7 +103,7 @@ void ScannerTest::AwaitKeys() {
     EXPECT_TRUE(Until([this] {
         return std::all_of(m_listeners.begin(), m_listeners.end(),
                            [](const BarcodeListener* listener) { return listener->Waiting() == 0; });
-    })) << "A scan was not handed over.";
+    })) << "A scan was not delivered.";
 }
 
 void ScannerTest::ScanAndAwait(const QString& text) {

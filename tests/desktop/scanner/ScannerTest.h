@@ -24,7 +24,7 @@ class EvidenceExplorer;
 
 namespace quellbrook::testing {
 
-// The time of day that passes since its making at one in the afternoon: no test meets midnight or a clock being set.
+// A clock that starts at 1 p.m. at construction, so that tests do not meet midnight or a clock change.
 class RunningClock : public Clock {
 public:
     RunningClock() { m_elapsed.start(); }
@@ -36,7 +36,7 @@ private:
 };
 
 // A window of the program on a real X server, with a menu bar and a text box beside the explorer, and a keyboard
-// outside the process. The text box has the focus, and all of its text is selected.
+// outside the process. The text box has the focus and its text is selected.
 class ScannerTest : public DatabaseTest {
 protected:
     using Scans = std::vector<std::pair<int32_t, std::string>>;
@@ -44,23 +44,23 @@ protected:
     ScannerTest();
     ~ScannerTest() override;
 
-    // Brings the explorer on show; what its listener raises goes to m_scans from then on.
+    // Shows the explorer. m_scans records the events of its listener.
     void ShowExplorer();
     void Listen(BarcodeListenerControl& listener);
 
-    // Serves events until it holds; whether it does in time.
+    // Processes events until the condition is true; returns false after the time limit.
     static bool Until(const std::function<bool()>& holds);
-    // Serves events that long.
+    // Processes events for this time.
     static void Pause(int milliseconds);
-    // Shows the window and makes it the one that the X server sends keys to.
+    // Shows and activates the window.
     static void Activate(QWidget& window);
-    // Until every key pressed so far has come and every scan is handed over.
+    // Waits until all pressed keys have arrived and all scans are delivered.
     void AwaitKeys();
     void ScanAndAwait(const QString& text);
-    // By hand, after the rest that a scan leaves behind.
+    // Types by hand, after the rest period of a scan.
     void TypeByHand(const QString& text);
 
-    // The text box and the clipboard hold what they held at the beginning.
+    // Checks that the text box and the clipboard are unchanged.
     void ExpectNothingTyped() const;
 
     static constexpr int gap = 150;  // milliseconds from one scan to the next
@@ -76,7 +76,7 @@ protected:
     Scans m_scans;
 };
 
-// So many times as a whole run asks for, a tenth of it in the usual one.
+// The number of repetitions: the given one in a long run, otherwise a tenth.
 int CountOf(int whole);
 
 }  // namespace quellbrook::testing

@@ -26,8 +26,8 @@ TEST_F(SingleKeysTest, TheReleaseOfAltDuringAScanReachesTheWindow) {
     ExpectNothingTyped();
 }
 
-// A release and the next press of the same key within a millisecond come as a repeated key.
-TEST_F(SingleKeysTest, EqualDigitsInARowAreNotLost) {
+// A release and the next press of the same key within a millisecond arrive as an auto-repeat.
+TEST_F(SingleKeysTest, RepeatedDigitsAreNotLost) {
     const Scans expected(5, {BarcodeType::Unknown, "1111111111"});
     for (size_t scan = 0; scan < expected.size(); ++scan) {
         ScanAndAwait("x1111111111");
@@ -37,7 +37,7 @@ TEST_F(SingleKeysTest, EqualDigitsInARowAreNotLost) {
     ExpectNothingTyped();
 }
 
-TEST_F(SingleKeysTest, DigitsOfAKeyHeldDownInsideAScanAreNotLost) {
+TEST_F(SingleKeysTest, DigitsOfAHeldKeyInsideAScanAreNotLost) {
     m_keyboard.Press("ctrl+b x");
     m_keyboard.Hold("7");
     ASSERT_TRUE(Until([this] { return m_windowKeys->Repeats() >= 3; })) << "The server repeats no keys.";

@@ -18,8 +18,8 @@ public:
 
 using Entry = ListenerRecord::Entry;
 
-// Keys that come faster than scans are handed over. What comes of them depends on how events and timers fall together,
-// so all of it is written down and held against the model.
+// Keys that arrive faster than scans are delivered. The result depends on the timing of events and timers, so
+// everything is recorded and compared with the model.
 class WithoutPausesTest : public ScannerTest {
 protected:
     WithoutPausesTest() : m_view(m_window.centralWidget()), m_listener(&m_view), m_record(m_listener) {
@@ -35,7 +35,7 @@ protected:
         EXPECT_TRUE(Until([this] { return !m_record.IsFiringDue(); })) << "The last scan was not handed over.";
     }
 
-    // The line of the first entry in which the listener and the model part; empty when there is none.
+    // The first entry in which the listener and the model differ; empty if there is none.
     std::string FirstDifference() const {
         BarcodeListenerModel model;
         for (size_t at = 0; at < m_record.Entries().size(); ++at) {
@@ -55,7 +55,7 @@ protected:
         return model.OnMessage(entry.message, entry.isListening, seconds);
     }
 
-    // The characters of those presses of which neither message was cancelled.
+    // The characters of key presses without a canceled message.
     QString PassedText() const {
         QString text;
         bool isDownPassed = false;
@@ -78,7 +78,7 @@ protected:
     ListenerRecord m_record;
 };
 
-TEST_F(WithoutPausesTest, ScansOneAfterTheOtherGoAsTheModelSays) {
+TEST_F(WithoutPausesTest, ScansInSuccessionMatchTheModel) {
     const int scans = CountOf(1000);
     for (int scan = 0; scan < scans; ++scan) m_keyboard.Scan("P" + QString::number(1000 + scan));
     AwaitLastKey();
@@ -90,7 +90,7 @@ TEST_F(WithoutPausesTest, ScansOneAfterTheOtherGoAsTheModelSays) {
     EXPECT_FALSE(m_scans.empty());
 }
 
-TEST_F(WithoutPausesTest, ScansThatComeWhileTheProgramIsBusyGoAsTheModelSays) {
+TEST_F(WithoutPausesTest, ScansDuringABusyPeriodMatchTheModel) {
     for (int round = 0; round < 5; ++round) {
         for (int scan = 0; scan < 4; ++scan) m_keyboard.Scan("P" + QString::number(10 * round + scan));
         m_keyboard.Finish();
@@ -103,7 +103,7 @@ TEST_F(WithoutPausesTest, ScansThatComeWhileTheProgramIsBusyGoAsTheModelSays) {
     EXPECT_EQ(m_edit->text(), PassedText());
 }
 
-TEST_F(WithoutPausesTest, KeysOfEveryKindInAnyOrderGoAsTheModelSays) {
+TEST_F(WithoutPausesTest, RandomKeysMatchTheModel) {
     std::mt19937 random(20261121);
     for (int order = 0; order < CountOf(3000); ++order) {
         switch (random() % 6) {

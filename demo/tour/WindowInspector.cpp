@@ -1,4 +1,4 @@
-#include "demo/tour/Look.h"
+#include "demo/tour/WindowInspector.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -33,7 +33,7 @@ QWidget* FindBelow(QWidget* root, const QStringList& names, int position) {
     return nullptr;
 }
 
-// The pixel where the widget itself, or something inside it, takes the mouse.
+// The pixel where the widget, or something inside it, receives the mouse.
 Spot Reachable(QWidget* widget, const QPoint& global) {
     QWidget* hit = QApplication::widgetAt(global);
     if (!hit || (hit != widget && !widget->isAncestorOf(hit))) return std::nullopt;

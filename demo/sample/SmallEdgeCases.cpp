@@ -1,4 +1,4 @@
-#include "demo/sample/SmallOddities.h"
+#include "demo/sample/SmallEdgeCases.h"
 
 #include "demo/sample/Attach.h"
 #include "demo/sample/SampleDepartment.h"
@@ -9,7 +9,7 @@ namespace quellbrook::sample {
 
 namespace {
 
-// What takes the place of the description drawn.
+// Descriptions that replace the generated ones.
 const std::map<int32_t, const char*>& Descriptions() {
     static const std::map<int32_t, const char*> texts = {
         {59, "Memory card, label reads \"Übergabe 3/4\", in shielded bag"},
@@ -26,7 +26,7 @@ const std::map<int32_t, const char*>& Descriptions() {
 
 }  // namespace
 
-void MakeOddInSample(Property& property) {
+void AddSampleEdgeCases(Property& property) {
     const auto text = Descriptions().find(property.no);
     if (text != Descriptions().end()) property.description = text->second;
     switch (property.no) {
@@ -41,7 +41,7 @@ void MakeOddInSample(Property& property) {
     }
 }
 
-void MakeOddInSample(Vehicle& vehicle) {
+void AddSampleEdgeCases(Vehicle& vehicle) {
     switch (vehicle.no - FirstVehicleNo + 1) {
     case 26:
         vehicle.year = 0;

@@ -1,12 +1,12 @@
-#include "demo/sample/SmallPlaces.h"
+#include "demo/sample/SmallLocations.h"
 
 #include "demo/sample/Codes.h"
 
 namespace quellbrook::sample {
 
-SmallPlaces PlacesIn(const LocationTree& smallTree) {
+SmallLocations SmallLocationsOf(const LocationTree& smallTree) {
     const auto at = [&smallTree](const char* fullName) { return smallTree.Find(fullName); };
-    SmallPlaces small;
+    SmallLocations small;
     small.purposes.intake = {at("Intake Lockers > Locker 11"), at("Intake Lockers > Locker 12"),
                              at("Intake Lockers > Locker 13"), at("Intake Lockers > Locker 14 \"Oversize\"")};
     small.purposes.labs = {at("Crime Lab > Biology"), at("Crime Lab > Digital Forensics"), at("Crime Lab > Firearms"),

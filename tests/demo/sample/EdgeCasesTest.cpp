@@ -11,7 +11,7 @@ namespace quellbrook::testing {
 
 namespace {
 
-// A thousand items hold everything awkward.
+// A thousand items contain all edge cases.
 const SampleFile& Thousand() {
     static const SampleFile file{SampleOptions{1000}};
     return file;
@@ -23,9 +23,9 @@ int64_t CountOf(const std::string& table, const std::string& condition) {
 
 }  // namespace
 
-TEST(AwkwardDepartment, ItsChainsAreSound) { ExpectSoundChains(Thousand()); }
+TEST(EdgeCases, ChainsAreConsistent) { ExpectSoundChains(Thousand()); }
 
-TEST(AwkwardDepartment, ItemsLackALocationInBothWays) {
+TEST(EdgeCases, SomeItemsHaveNoLocationInEitherWay) {
     EXPECT_GT(CountOf("Property", "CurrTrackSeq IS NULL"), 0);
     EXPECT_GT(CountOf("Vehicle", "CurrTrackSeq IS NULL"), 0);
     EXPECT_GT(CountOf("Property i INNER JOIN PropertyTracking t ON t.PropertyNo = i.PropertyNo AND t.SeqNo = "
@@ -38,7 +38,7 @@ TEST(AwkwardDepartment, ItemsLackALocationInBothWays) {
         0);
 }
 
-TEST(AwkwardDepartment, ItemsLackCategoryIdentifierStateCodeAndMore) {
+TEST(EdgeCases, SomeItemsLackCategoryIdentifierOrStateCode) {
     for (const char* condition :
          {"CategoryNo IS NULL", "PropertyID IS NULL", "PropertyID = ''", "Quantity IS NULL", "Quantity = 0",
           "Description IS NULL", "PropertyValue IS NULL", "RecordTypeInd = 0"}) {
@@ -53,13 +53,13 @@ TEST(AwkwardDepartment, ItemsLackCategoryIdentifierStateCodeAndMore) {
     }
 }
 
-TEST(AwkwardDepartment, MostItemsAreOrdinary) {
+TEST(EdgeCases, MostItemsAreOrdinary) {
     EXPECT_LT(CountOf("Property", "CategoryNo IS NULL OR COALESCE(PropertyID, '') = '' OR Description IS NULL"),
               900 / 20);
     EXPECT_LT(CountOf("Vehicle", "CategoryNo IS NULL OR RegNumber IS NULL OR RegStateCode IS NULL"), 100 / 5);
 }
 
-TEST(AwkwardDepartment, TextsHoldQuotesBlanksScriptsMarkupAndWildcards) {
+TEST(EdgeCases, TextsContainQuotesBlanksScriptsMarkupAndWildcards) {
     for (const char* column : {"Property.Description", "StorageLocation.Name"}) {
         const std::string table = std::string(column).substr(0, std::string(column).find('.'));
         for (const char* sign : {"''", "\"", "<b>", "&", "%", "_", "[", "*"}) {
@@ -82,8 +82,8 @@ TEST(AwkwardDepartment, TextsHoldQuotesBlanksScriptsMarkupAndWildcards) {
     EXPECT_GT(CountOf("Vehicle", "MakeCode LIKE '%''%' AND VehModel LIKE '%\"%'"), 0);
 }
 
-TEST(AwkwardDepartment, PersonsWithOddNamesTakePartInCustody) {
-    for (const sample::Stand& stand : sample::OddStands()) {
+TEST(EdgeCases, PersonsWithDifficultNamesAppearInCustody) {
+    for (const sample::Stand& stand : sample::EdgeCaseStandIns()) {
         const std::string no = std::to_string(stand.person.no);
         EXPECT_EQ(CountOf("Person", "PersonNo = " + no), 1);
         EXPECT_GT(CountOf("PropertyTracking", "ReceivedBy = " + no + " OR ReceivedFrom = " + no), 0)
@@ -91,7 +91,7 @@ TEST(AwkwardDepartment, PersonsWithOddNamesTakePartInCustody) {
     }
 }
 
-TEST(AwkwardDepartment, ItemsAreLinkedTwiceToOneIncidentAndToSeveral) {
+TEST(EdgeCases, ItemsAreLinkedTwiceToOneIncidentAndToSeveral) {
     for (const std::string kind : {"Property", "Vehicle"}) {
         const std::string links = "Incd" + kind;
         EXPECT_GT(Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM " + links + " GROUP BY IncidentNo, " + kind +
@@ -104,7 +104,7 @@ TEST(AwkwardDepartment, ItemsAreLinkedTwiceToOneIncidentAndToSeveral) {
               0);
 }
 
-TEST(AwkwardDepartment, TwoIncidentsShareACaseNumberAndSomeHaveNone) {
+TEST(EdgeCases, TwoIncidentsShareACaseNumberAndSomeHaveNone) {
     EXPECT_GT(
         Thousand().Number("SELECT COUNT(*) FROM (SELECT 1 FROM Incident WHERE CaseNbr IS NOT NULL GROUP BY CaseNbr "
                           "HAVING COUNT(*) > 1)"),
@@ -112,7 +112,7 @@ TEST(AwkwardDepartment, TwoIncidentsShareACaseNumberAndSomeHaveNone) {
     EXPECT_GT(CountOf("Incident", "CaseNbr IS NULL"), 0);
 }
 
-TEST(AwkwardDepartment, SomeLocationsAreOutOfUseAndHoldOthersAndItems) {
+TEST(EdgeCases, SomeLocationsOutOfUseContainOthersAndItems) {
     EXPECT_GT(CountOf("StorageLocation", "ActiveFlag IS NULL"), 0);
     EXPECT_GT(CountOf("StorageLocation s INNER JOIN StorageLocation a ON a.IdNo = s.ContainerNo",
                       "s.ActiveFlag = 1 AND "
@@ -125,7 +125,7 @@ TEST(AwkwardDepartment, SomeLocationsAreOutOfUseAndHoldOthersAndItems) {
         0);
 }
 
-TEST(AwkwardDepartment, MainPicturesStandOrLackTheirFolderOrTheirRow) {
+TEST(EdgeCases, SomeMainPicturesLackTheirFolderOrRow) {
     const std::string main =
         "Property p LEFT JOIN AttachmentIndex a ON a.IdNo = p.PropertyNo AND a.ObjTypeInd = 6 AND "
         "a.SeqNo = p.CurrImageSeq";
@@ -145,7 +145,7 @@ TEST(AwkwardDepartment, MainPicturesStandOrLackTheirFolderOrTheirRow) {
     EXPECT_EQ(CountOf("AttachmentIndex", "(ObjTypeInd = 6) <> (IdNo < 5000001)"), 0);
 }
 
-TEST(AwkwardDepartment, EveryFiledPictureStandsBesideTheDatabase) {
+TEST(EdgeCases, EveryFiledPictureExistsBesideTheDatabase) {
     const auto files = Thousand().Rows(
         "SELECT DISTINCT f.Path || '/' || a.FileName FROM AttachmentIndex a INNER JOIN "
         "AttachmentFolder f ON f.FolderNo = a.FolderNo");

@@ -22,9 +22,9 @@ std::string RefusalOf(const std::string& path) {
     return "";
 }
 
-class SampleMakingTest : public ::testing::Test {
+class SampleCreationTest : public ::testing::Test {
 protected:
-    // The one entry of the folder that a making under way has.
+    // The only entry of the folder while a creation is running.
     std::string Unfinished() const {
         for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path())) {
             if (entry.path().extension() == ".making") return entry.path().string();
@@ -38,7 +38,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SampleMakingTest, AStandingFileIsRefusedAndLeftAsItIs) {
+TEST_F(SampleCreationTest, AnExistingFileIsRefusedAndNotChanged) {
     std::ofstream(m_path) << "mine";
     try {
         CreateSampleDepartment(m_path, {});
@@ -52,14 +52,14 @@ TEST_F(SampleMakingTest, AStandingFileIsRefusedAndLeftAsItIs) {
     EXPECT_EQ(m_folder.CountOfEntries(), 1);
 }
 
-TEST_F(SampleMakingTest, LeavesTheDatabaseThePicturesAndTheLabelTemplates) {
+TEST_F(SampleCreationTest, CreatesTheDatabaseThePicturesAndTheLabelTemplates) {
     CreateSampleDepartment(m_path, {});
     EXPECT_EQ(m_folder.CountOfEntries(), 3);
     EXPECT_NO_THROW(SqliteEngine::Open(m_path));
     EXPECT_TRUE(std::filesystem::is_directory(m_folder.In("Pictures")));
 }
 
-TEST_F(SampleMakingTest, ProgressNeverGoesBackAndEndsAtAHundred) {
+TEST_F(SampleCreationTest, ProgressNeverDecreasesAndEndsAtAHundred) {
     int last = 0;
     bool stoodMeanwhile = false;
     CreateSampleDepartment(m_path, {}, [&](int percent) {
@@ -71,7 +71,7 @@ TEST_F(SampleMakingTest, ProgressNeverGoesBackAndEndsAtAHundred) {
     EXPECT_FALSE(stoodMeanwhile);
 }
 
-TEST_F(SampleMakingTest, WhateverThePercentAtWhichItEndsNothingIsLeft) {
+TEST_F(SampleCreationTest, CancelingAtAnyPercentageLeavesNothing) {
     for (const int end : {0, 54, 75, 99, 100}) {
         SCOPED_TRACE(end);
         EXPECT_THROW(CreateSampleDepartment(m_path, {},
@@ -83,7 +83,7 @@ TEST_F(SampleMakingTest, WhateverThePercentAtWhichItEndsNothingIsLeft) {
     }
 }
 
-TEST_F(SampleMakingTest, PicturesThatStoodBeforeOutliveAMakingThatFails) {
+TEST_F(SampleCreationTest, ExistingPicturesSurviveAFailedCreation) {
     CreateSampleDepartment(m_folder.In("first.sqlite"), {});
     const auto stop = [](int percent) {
         if (percent == 100) throw std::runtime_error("enough");
@@ -93,7 +93,7 @@ TEST_F(SampleMakingTest, PicturesThatStoodBeforeOutliveAMakingThatFails) {
     EXPECT_EQ(m_folder.CountOfEntries(), 3);
 }
 
-TEST_F(SampleMakingTest, TheUnfinishedFileIsNotOpenedAsADepartment) {
+TEST_F(SampleCreationTest, TheUnfinishedFileIsNotOpenedAsADepartment) {
     int asked = 0;
     CreateSampleDepartment(m_path, SampleOptions{200}, [&](int percent) {
         if (percent < 10 || percent > 95) return;
@@ -105,7 +105,7 @@ TEST_F(SampleMakingTest, TheUnfinishedFileIsNotOpenedAsADepartment) {
     EXPECT_EQ(RefusalOf(m_path), "");
 }
 
-TEST_F(SampleMakingTest, OneThatIsKilledLeavesNoDepartmentAndTheNextClearsUp) {
+TEST_F(SampleCreationTest, AKilledCreationLeavesNoDepartmentAndTheNextCleansUp) {
     const auto killed = [this] {
         CreateSampleDepartment(m_path, SampleOptions{200}, [](int percent) {
             if (percent >= 60) _exit(3);
@@ -122,7 +122,7 @@ TEST_F(SampleMakingTest, OneThatIsKilledLeavesNoDepartmentAndTheNextClearsUp) {
     EXPECT_EQ(RefusalOf(m_path), "");
 }
 
-TEST_F(SampleMakingTest, WhatAnotherProcessIsMakingIsLeftAlone) {
+TEST_F(SampleCreationTest, AnotherProcessMayCreateADepartmentAtTheSameTime) {
     const std::string others = m_path + "." + std::to_string(getppid()) + ".making";
     const std::string stranger = m_path + ".notes.making";
     for (const std::string& path : {others, stranger}) std::ofstream(path) << "theirs";
@@ -131,7 +131,7 @@ TEST_F(SampleMakingTest, WhatAnotherProcessIsMakingIsLeftAlone) {
     EXPECT_TRUE(std::filesystem::exists(stranger));
 }
 
-TEST_F(SampleMakingTest, AFolderThatTakesNoFilesIsSaidSo) {
+TEST_F(SampleCreationTest, AReadOnlyFolderIsReported) {
     const std::string path = m_folder.In("absent/sample.sqlite");
     try {
         CreateSampleDepartment(path, {});

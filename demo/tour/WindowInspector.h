@@ -14,19 +14,21 @@ class QWidget;
 
 namespace quellbrook::tour {
 
-// What a person sees on the screen, read from the widgets. Only what is visible is found; null or nothing otherwise.
+// Reads what is visible on the screen from the widgets. Invisible widgets are not found; the result is then null or
+// empty.
 
-// By object names from the outside in, joined by "/": "cart/btnTransfer". The last window opened is searched first.
+// Finds a widget by object names from the outside in, joined by "/": "cart/btnTransfer". The last opened window is
+// searched first.
 QWidget* Find(const QString& path);
 // The text of a widget: its caption, its text or its accessible name.
 QString TextOf(const QWidget* widget);
 QString TextOf(const QString& path);
-// Every text shown in a widget, from top to bottom.
+// All texts in a widget from top to bottom.
 QStringList TextsIn(const QString& path);
 
 // The list or tree at the path or inside it.
 QAbstractItemView* FindView(const QString& path);
-// The first row with this text in one of its columns, at any depth; invalid when there is none.
+// The first row with this text in any column, at any depth; invalid if there is none.
 QModelIndex FindRow(const QAbstractItemView* view, const QString& text);
 bool IsExpanded(const QAbstractItemView* view, const QModelIndex& index);  // of a tree
 // The texts of the selected rows from top to bottom, cells joined by " | ".
@@ -34,17 +36,17 @@ QStringList SelectedRows(const QAbstractItemView* view);
 
 QMenu* OpenMenu();
 QStringList EntriesOf(const QMenu* menu);
-// The entry chosen in the dropdown at the path or inside it.
+// The selected entry of the dropdown at the path or inside it.
 QString ChosenIn(const QString& path);
 // The list that an open dropdown shows.
 QAbstractItemView* OpenDropdownList();
 
-// Where to press, in screen pixels; nothing while it can't be reached: hidden, disabled, covered, scrolled away.
+// Where to click, in screen pixels; nothing while it is hidden, disabled, covered or scrolled out of view.
 using Spot = std::optional<QPoint>;
 Spot SpotOf(QWidget* widget);
 Spot SpotOf(QAbstractItemView* view, const QModelIndex& index);
 Spot SpotOf(QMenu* menu, const QString& entry);
-// A part that is no widget of its own, such as a tab, by its accessible name.
+// The spot of a part that is not a widget, such as a tab, by its accessible name.
 Spot SpotOfPart(QWidget* widget, const QString& name);
 
 }  // namespace quellbrook::tour

@@ -1,4 +1,4 @@
-#include "demo/tour/TransferRoad.h"
+#include "demo/tour/TransferScenario.h"
 
 #include "demo/sample/SampleDepartment.h"
 #include "demo/tour/TourPlayer.h"
@@ -22,7 +22,7 @@ const QString tree = QStringLiteral("explorer/LocationPane");
 
 QString Joined(const QStringList& texts) { return texts.join(QStringLiteral(", ")); }
 
-// The whole names of the locations, as the database keeps them.
+// Location names are complete, as in the database.
 constexpr const char* countOfBatchAt =
     "SELECT COUNT(*) AS N FROM (SELECT t.StorageLocNo FROM Property i INNER JOIN PropertyTracking t ON t.PropertyNo = "
     "i.PropertyNo AND t.SeqNo = i.CurrTrackSeq WHERE i.PropertyID IN ('2026-0388-08', '2026-0388-09') UNION ALL SELECT "
@@ -30,9 +30,9 @@ constexpr const char* countOfBatchAt =
     "i.CurrTrackSeq WHERE i.RegNumber = 'KTR4821') AS b INNER JOIN StorageLocation s ON s.IdNo = b.StorageLocNo WHERE "
     "s.Name = ";
 
-class Road {
+class Scenario {
 public:
-    explicit Road(TourPlayer& player) : m_player(player) {}
+    explicit Scenario(TourPlayer& player) : m_player(player) {}
 
     void Plan() {
         LogIn();
@@ -85,7 +85,7 @@ private:
         ExpectText("The location on show", "explorer/lblTitle", "Sign-In Locations");
     }
 
-    // From the one at the left on; a container that is pressed is expanded with the arrow key.
+    // Opens the locations from the outermost inward. The arrow key expands a container.
     void OpenLocation(const QStringList& names) {
         for (const QString& name : names) {
             m_player.Click("the location " + name, [name] {
@@ -123,7 +123,7 @@ private:
                     QAbstractItemView* view = FindView(contents);
                     return SpotOf(view, FindRow(view, item));
                 },
-                Hand::Button::Left, !first);
+                InputDriver::Button::Left, !first);
             first = false;
         }
         m_player.Expect(
@@ -144,7 +144,7 @@ private:
                 QAbstractItemView* view = FindView(contents);
                 return SpotOf(view, FindRow(view, suitcase));
             },
-            Hand::Button::Right);
+            InputDriver::Button::Right);
         m_player.Wait(
             "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
             [] { return Joined(EntriesOf(OpenMenu())); });
@@ -165,7 +165,7 @@ private:
         ExpectText("The number of items", "cart/lblItemCount", " (3)");
     }
 
-    // Opens the dropdown and presses the entry in its list.
+    // Opens the dropdown and clicks the entry.
     void PickByMouse(const QString& field, const QString& entry) {
         Click("the field " + field, "cart/" + field);
         m_player.Click("the entry " + entry, [entry] {
@@ -175,7 +175,7 @@ private:
         ExpectChosen(field, entry);
     }
 
-    // Opens the dropdown, types how the entry begins and presses Enter.
+    // Opens the dropdown, types the start of the entry and presses Enter.
     void PickByKeys(const QString& field, const QString& beginning, const QString& entry) {
         Click("the field " + field, "cart/" + field);
         m_player.Wait("The list of " + field + " is open", [] { return OpenDropdownList() != nullptr; });
@@ -261,6 +261,6 @@ private:
 
 }  // namespace
 
-void PlanTransferRoad(TourPlayer& player) { Road(player).Plan(); }
+void PlanTransferScenario(TourPlayer& player) { Scenario(player).Plan(); }
 
 }  // namespace quellbrook

@@ -1,4 +1,4 @@
-#include "demo/sample/Oddities.h"
+#include "demo/sample/EdgeCases.h"
 
 #include "demo/sample/Codes.h"
 
@@ -48,15 +48,15 @@ constexpr std::array<Frame, 9> nameFrames = {{
 
 std::string Framed(const Frame& frame, const std::string& text) { return frame.before + text + frame.behind; }
 
-// Whether this place is one of those that come round every so often.
+// Whether the position is one of every `every`, starting at `first`.
 constexpr bool Comes(int32_t place, int32_t every, int32_t first) { return place % every == first; }
 
-// The turn of a place among those that come round every so often.
+// The index of a position among `count` variants.
 constexpr size_t Turn(int32_t place, int32_t every, size_t count) { return static_cast<size_t>(place / every) % count; }
 
 }  // namespace
 
-void MakeOdd(int32_t place, Property& property) {
+void AddEdgeCases(int32_t place, Property& property) {
     if (Comes(place, 31, 7)) {
         property.description =
             Framed(descriptionFrames[Turn(place, 31, descriptionFrames.size())], property.description);
@@ -78,7 +78,7 @@ void MakeOdd(int32_t place, Property& property) {
     }
 }
 
-void MakeOdd(int32_t place, Vehicle& vehicle) {
+void AddEdgeCases(int32_t place, Vehicle& vehicle) {
     if (Comes(place, 23, 3)) vehicle.state.clear();
     if (Comes(place, 29, 5)) vehicle.tag.clear();
     if (Comes(place, 31, 8)) vehicle.category.reset();
@@ -95,7 +95,7 @@ void MakeOdd(int32_t place, Vehicle& vehicle) {
     if (Comes(place, 47, 19)) vehicle.tagged = false;
 }
 
-std::string OddName(int32_t place, const std::string& name) {
+std::string EdgeCaseName(int32_t place, const std::string& name) {
     if (!Comes(place, 11, 4)) return name;
     return Framed(nameFrames[Turn(place, 11, nameFrames.size())], name);
 }
@@ -109,11 +109,11 @@ std::optional<Filing> FilingOf(int32_t place) {
     return filings[Turn(place, 6, std::size(filings))];
 }
 
-void NameOddPersons(int32_t place, std::vector<Custody>& chain) {
+void AddEdgeCasePersons(int32_t place, std::vector<Custody>& chain) {
     if (!Comes(place, 17, 9)) return;
     const auto rename = [](std::optional<int32_t>& person) {
         if (!person) return;
-        for (const Stand& stand : OddStands()) {
+        for (const Stand& stand : EdgeCaseStandIns()) {
             if (*person == stand.forPerson) person = stand.person.no;
         }
     };

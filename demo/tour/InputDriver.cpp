@@ -1,4 +1,4 @@
-#include "demo/tour/Hand.h"
+#include "demo/tour/InputDriver.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -15,7 +15,7 @@ QStringList MoveTo(const QPoint& spot) {
 
 }  // namespace
 
-void Hand::Click(const QPoint& spot, Button button, bool withControl) {
+void InputDriver::Click(const QPoint& spot, Button button, bool withControl) {
     QStringList order = MoveTo(spot);
     if (withControl) order << QStringLiteral("keydown") << QStringLiteral("ctrl");
     order << QStringLiteral("click") << QString::number(static_cast<int>(button));
@@ -23,26 +23,26 @@ void Hand::Click(const QPoint& spot, Button button, bool withControl) {
     Run(order);
 }
 
-void Hand::DoubleClick(const QPoint& spot) {
+void InputDriver::DoubleClick(const QPoint& spot) {
     QStringList order = MoveTo(spot);
     order << QStringLiteral("click") << QStringLiteral("--repeat") << QStringLiteral("2") << QStringLiteral("--delay")
           << QStringLiteral("60") << QStringLiteral("1");
     Run(order);
 }
 
-void Hand::Type(const QString& text) {
+void InputDriver::Type(const QString& text) {
     Run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("10"), QStringLiteral("--"), text});
 }
 
-void Hand::Press(const QString& key) { Run({QStringLiteral("key"), QStringLiteral("--"), key}); }
+void InputDriver::Press(const QString& key) { Run({QStringLiteral("key"), QStringLiteral("--"), key}); }
 
-void Hand::Scan(const QString& barcode) {
+void InputDriver::Scan(const QString& barcode) {
     QStringList order{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("0"), QStringLiteral("ctrl+b")};
     for (const QChar character : barcode) order << QString(character);
     Run(order << QStringLiteral("ctrl+c"));
 }
 
-QString Hand::TakeFailure() {
+QString InputDriver::TakeFailure() {
     if (!m_started || !IsIdle()) return {};
     m_started = false;
     if (m_process.error() == QProcess::FailedToStart) return QStringLiteral("xdotool could not be started.");
@@ -50,7 +50,7 @@ QString Hand::TakeFailure() {
     return QStringLiteral("xdotool failed: ") + QString::fromUtf8(m_process.readAllStandardError()).trimmed();
 }
 
-void Hand::Run(const QStringList& arguments) {
+void InputDriver::Run(const QStringList& arguments) {
     m_started = true;
     m_process.start(QStringLiteral("xdotool"), arguments);
 }

@@ -7,9 +7,9 @@
 
 namespace quellbrook::tour {
 
-// Moves the mouse and presses keys from outside, through the X server, as a person's hand would. Each order runs beside
-// the program; give the next one only when IsIdle.
-class Hand {
+// Moves the mouse and presses keys through the X server. Each command runs in the background; send the next one only
+// when IsIdle.
+class InputDriver {
 public:
     enum class Button { Left = 1, Right = 3 };
 
@@ -17,11 +17,11 @@ public:
     void DoubleClick(const QPoint& spot);
     void Type(const QString& text);
     void Press(const QString& key);  // an X key name, such as "Return" or "ctrl+a"
-    // Letters and digits as a wedge scanner types them: between Ctrl+B and Ctrl+C, without a pause.
+    // Types letters and digits like a keyboard-wedge scanner, between Ctrl+B and Ctrl+C and without pauses.
     void Scan(const QString& barcode);
 
     bool IsIdle() const { return m_process.state() == QProcess::NotRunning; }
-    // What went wrong with an order since the last asking; empty when nothing did.
+    // The failure of a command since the last call; empty if there was none.
     QString TakeFailure();
 
 private:
