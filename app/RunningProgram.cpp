@@ -18,7 +18,7 @@ QString SocketOf(const std::string& databasePath) {
 bool OpenInRunningProgram(const Options& options, const std::string& dataDirectory) {
     if (!options.record) return false;
     const auto path = DepartmentPath(options, dataDirectory);
-    return path && HandOver(SocketOf(*path), *options.record);
+    return path && SendToInstance(SocketOf(*path), *options.record);
 }
 
 std::unique_ptr<InstanceServer> ListenForRecords(const std::string& databasePath, MainWindow& window) {

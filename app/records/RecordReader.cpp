@@ -78,9 +78,11 @@ Record RecordOf(const RecordAddress& address, StoredItem& item, const Row& row) 
     Record record;
     record.address = address;
     ReadHostFields(row, record);
-    record.description = Trim(item.Description());
+    // The component composes a vehicle's texts with a blank after each part.
+    const auto composed = [&](const std::string& text) { return IsProperty(address) ? text : std::string(Trim(text)); };
+    record.description = composed(item.Description());
     record.category = item.CategoryName();
-    record.make = Trim(item.Make());
+    record.make = composed(item.Make());
     record.model = item.Model();
     record.quantity = item.Quantity();
     record.value = item.Value();

@@ -15,7 +15,7 @@ namespace quellbrook {
 namespace {
 
 constexpr qint64 longestMessage = LongestRecordAddress + 1;  // including the line end
-const char* const taken = "taken\n";
+const char* const accepted = "accepted\n";
 const char* const refused = "refused\n";
 
 void LogFault(const std::string& sentence) { GetErrorLog().Log("quellbrook-host", "InstanceServer", sentence); }
@@ -29,7 +29,7 @@ QString InstanceSocket(const QString& directory, const std::string& databasePath
     return QStringLiteral("%1/quellbrook-%2-%3").arg(directory).arg(getuid()).arg(QString::fromLatin1(digest));
 }
 
-bool HandOver(const QString& socket, const RecordAddress& address, int limitMilliseconds) {
+bool SendToInstance(const QString& socket, const RecordAddress& address, int limitMilliseconds) {
     QLocalSocket caller;
     caller.connectToServer(socket);
     if (!caller.waitForConnected(limitMilliseconds)) return false;
@@ -37,7 +37,7 @@ bool HandOver(const QString& socket, const RecordAddress& address, int limitMill
     while (!caller.canReadLine()) {
         if (!caller.waitForReadyRead(limitMilliseconds)) return false;
     }
-    return caller.readLine() == taken;
+    return caller.readLine() == accepted;
 }
 
 // One connection; deletes itself when it ends.
@@ -48,10 +48,10 @@ public:
         m_socket->setReadBufferSize(longestMessage);
         connect(m_socket, &QLocalSocket::readyRead, this, [this] { GuardHost(nullptr, [this] { Read(); }); });
         connect(m_socket, &QLocalSocket::disconnected, this, [this] { GuardHost(nullptr, [this] { Leave(); }); });
-        m_patience.setSingleShot(true);
-        connect(&m_patience, &QTimer::timeout, this,
+        m_timeout.setSingleShot(true);
+        connect(&m_timeout, &QTimer::timeout, this,
                 [this] { GuardHost(nullptr, [this] { Refuse("It was not complete in time."); }); });
-        m_patience.start(server->m_limit);
+        m_timeout.start(server->m_limit);
         if (m_socket->bytesAvailable() > 0) Read();
     }
 
@@ -73,7 +73,7 @@ private:
         } catch (const Error& error) {
             return Refuse(error.Description());
         }
-        Answer(taken);
+        Answer(accepted);
         emit m_server->Arrived(address);
     }
 
@@ -84,7 +84,7 @@ private:
 
     void Answer(const char* answer) {
         m_answered = true;
-        m_patience.stop();
+        m_timeout.stop();
         m_socket->write(answer);
         m_socket->disconnectFromServer();
     }
@@ -94,13 +94,13 @@ private:
             m_answered = true;
             LogFault("A message from another program was refused. It was not complete.");
         }
-        m_patience.stop();
+        m_timeout.stop();
         deleteLater();
     }
 
     InstanceServer* const m_server;
     QLocalSocket* const m_socket;
-    QTimer m_patience;
+    QTimer m_timeout;
     bool m_answered = false;
 };
 

@@ -19,7 +19,7 @@ inline constexpr int InstanceTimeLimit = 5000;  // milliseconds, for every wait 
 
 // Sends the address to the program that listens on the socket. False if there is none, it does not answer in time, or
 // it refuses.
-bool HandOver(const QString& socket, const RecordAddress& address, int limitMilliseconds = InstanceTimeLimit);
+bool SendToInstance(const QString& socket, const RecordAddress& address, int limitMilliseconds = InstanceTimeLimit);
 
 // Receives addresses from later starts of the program. A message is one line with an address. Any other message, and
 // one that is not complete in time, is refused and logged.

@@ -162,7 +162,7 @@ public:
 
     ScanVerdict Verdict() const {
         if (!m_faults.empty()) return ScanVerdict::NeedsChange;
-        return m_notes.empty() ? ScanVerdict::AsItShouldBe : ScanVerdict::Works;
+        return m_notes.empty() ? ScanVerdict::Correct : ScanVerdict::Works;
     }
 
     std::string Meaning() const {

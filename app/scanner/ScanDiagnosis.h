@@ -14,7 +14,7 @@ struct ScannedKey {
 };
 
 enum class ScanVerdict {
-    AsItShouldBe,
+    Correct,
     Works,        // the program reads it, but something could be better
     NeedsChange,  // the program does not read it, or receives more than the barcode
     TypedByHand   // probably not a scan
@@ -22,7 +22,7 @@ enum class ScanVerdict {
 
 // The evaluation of one burst of keys.
 struct ScanDiagnosis {
-    ScanVerdict verdict = ScanVerdict::AsItShouldBe;
+    ScanVerdict verdict = ScanVerdict::Correct;
     std::string reading;                 // all keys, invisible ones by name: "<STX>P0000004711<ETX>"
     std::string meaning;                 // the result for the program, "Property, number 4711"; may be empty
     std::vector<std::string> sentences;  // at least one: what to change, most important first

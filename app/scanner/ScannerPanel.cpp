@@ -18,7 +18,7 @@ constexpr int margin = 20, captionWidth = 120;
 
 QString TextOf(ScanVerdict verdict) {
     switch (verdict) {
-    case ScanVerdict::AsItShouldBe:
+    case ScanVerdict::Correct:
     case ScanVerdict::Works: return QObject::tr("\u2713 This scanner works");
     case ScanVerdict::NeedsChange: return QObject::tr("This scanner needs a change");
     case ScanVerdict::TypedByHand: break;
@@ -28,7 +28,7 @@ QString TextOf(ScanVerdict verdict) {
 
 QColor ColorOf(ScanVerdict verdict, const QPalette& palette) {
     switch (verdict) {
-    case ScanVerdict::AsItShouldBe:
+    case ScanVerdict::Correct:
     case ScanVerdict::Works: return palette.color(QPalette::Link);
     case ScanVerdict::NeedsChange:
         return palette.color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000);

@@ -33,7 +33,7 @@ Specimen BoxSpecimen(const QString& variant, std::optional<Theme::Color> ground,
         if (ground) box->SetBackColor(*ground);
         box->SetFramed(framed);
         auto* label = new Label(box);
-        label->SetCaption(QObject::tr("What it holds"));
+        label->SetCaption(QObject::tr("Its contents"));
         label->Move(ToTwips(16), ToTwips((BoxHeight - label->height()) / 2));
         box->Control::Move(0, 0, ToTwips(BoxWidth), ToTwips(BoxHeight));
         return box;

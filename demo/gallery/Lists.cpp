@@ -97,7 +97,7 @@ Specimen BarSpecimen(const QString& variant, int value, int arrows, const std::v
 
 Section* MakeLists(QWidget* parent) {
     auto* section = new Section(QObject::tr("Lists and scroll bars"),
-                                QObject::tr("Selected rows stand out less while the list has not the focus."), parent);
+                                QObject::tr("Selected rows are less prominent without the focus."), parent);
     section->AddStates(ReportSpecimen());
     section->AddStates(TickSpecimen());
     section->AddVariants(QStringLiteral("FlatScrollBar"), QObject::tr("pointer and press at the thumb"),

@@ -95,9 +95,9 @@ Specimen StripOnHighlight() {
 }  // namespace
 
 Section* MakeTags(QWidget* parent) {
-    auto* section = new Section(
-        QObject::tr("Status tags and incidents"),
-        QObject::tr("Fixed colours, the same in light and dark; the contrast is that of the text."), parent);
+    auto* section =
+        new Section(QObject::tr("Status tags and incidents"),
+                    QObject::tr("Fixed colors, the same in light and dark, with the contrast of the text."), parent);
     section->AddVariants(QStringLiteral("StatusTag"), QObject::tr("where an item is"), TagSpecimens(ItemMarks));
     section->AddVariants(QStringLiteral("StatusTag"), QObject::tr("what was done with it"), TagSpecimens(ActionMarks));
     section->AddVariants(QStringLiteral("StatusTag"), QObject::tr("its other states"), {EmptyTag()});

@@ -86,15 +86,15 @@ const std::vector<Person>& Persons() {
     return persons;
 }
 
-const std::vector<Stand>& EdgeCaseStandIns() {
-    static const std::vector<Stand> stands = {
+const std::vector<StandIn>& EdgeCaseStandIns() {
+    static const std::vector<StandIn> standIns = {
         {{115, "Łukasiewicz-Žižková", "Żaneta", "Evidence Technician"}, 107},
         {{116, "山田", "花子", "Forensic Analyst"}, 110},
         {{117, "Кузнецова", "Ольга", "Detective"}, 106},
         {{118, "  D'Arcy \"Red\" ", "Niamh", "Court Liaison"}, 113},
         {{119, "الخطيب", "ليلى", "Patrol Officer"}, 108},
     };
-    return stands;
+    return standIns;
 }
 
 }  // namespace quellbrook::sample

@@ -48,10 +48,10 @@ const std::vector<Code>& VehicleCategories();
 const std::vector<Person>& Persons();
 
 // Persons in generated departments only, with names that are hard to display or sort. Each replaces another person.
-struct Stand {
+struct StandIn {
     Person person;
     int32_t forPerson;
 };
-const std::vector<Stand>& EdgeCaseStandIns();
+const std::vector<StandIn>& EdgeCaseStandIns();
 
 }  // namespace quellbrook::sample

@@ -43,7 +43,7 @@ constexpr std::array<Frame, 9> nameFrames = {{
     {"", " 棚"},
     {"", " رف علوي"},
     {"", " <b>&</b>"},
-    {"", " 100%_[x]*, the one behind the second door on the left that was numbered anew in the spring"},
+    {"", " 100%_[x]*, the one behind the second door on the left that was renumbered in the spring"},
 }};
 
 std::string Framed(const Frame& frame, const std::string& text) { return frame.before + text + frame.behind; }
@@ -113,8 +113,8 @@ void AddEdgeCasePersons(int32_t place, std::vector<Custody>& chain) {
     if (!Comes(place, 17, 9)) return;
     const auto rename = [](std::optional<int32_t>& person) {
         if (!person) return;
-        for (const Stand& stand : EdgeCaseStandIns()) {
-            if (*person == stand.forPerson) person = stand.person.no;
+        for (const StandIn& standIn : EdgeCaseStandIns()) {
+            if (*person == standIn.forPerson) person = standIn.person.no;
         }
     };
     for (Custody& custody : chain) {

@@ -25,7 +25,7 @@ public:
 
     void Write() {
         for (const Location& location : m_large.tree.All()) m_writer.AddLocation(location);
-        for (const Stand& stand : EdgeCaseStandIns()) m_writer.AddPerson(stand.person);
+        for (const StandIn& standIn : EdgeCaseStandIns()) m_writer.AddPerson(standIn.person);
         m_purposes.intake = {m_large.counter};
         m_purposes.labs = m_purposes.courts = m_purposes.officers = m_purposes.prosecutors = m_large.signOut;
         m_purposes.disposal = m_large.disposal;

@@ -11,17 +11,17 @@ namespace {
 using namespace Ink;
 using Shapes = std::vector<Shape>;
 
-Shape Box(uint8_t colour, int32_t left, int32_t top, int32_t right, int32_t bottom) {
-    return {Shape::Kind::Box, colour, left, top, right, bottom};
+Shape Box(uint8_t color, int32_t left, int32_t top, int32_t right, int32_t bottom) {
+    return {Shape::Kind::Box, color, left, top, right, bottom};
 }
-Shape Disc(uint8_t colour, int32_t left, int32_t top, int32_t right, int32_t bottom) {
-    return {Shape::Kind::Disc, colour, left, top, right, bottom};
+Shape Disc(uint8_t color, int32_t left, int32_t top, int32_t right, int32_t bottom) {
+    return {Shape::Kind::Disc, color, left, top, right, bottom};
 }
-Shape Line(uint8_t colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t thickness) {
-    return {Shape::Kind::Line, colour, x1, y1, x2, y2, thickness};
+Shape Line(uint8_t color, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t thickness) {
+    return {Shape::Kind::Line, color, x1, y1, x2, y2, thickness};
 }
-Shape Wedge(uint8_t colour, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t x3, int32_t y3) {
-    return {Shape::Kind::Wedge, colour, x1, y1, x2, y2, x3, y3};
+Shape Wedge(uint8_t color, int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t x3, int32_t y3) {
+    return {Shape::Kind::Wedge, color, x1, y1, x2, y2, x3, y3};
 }
 
 const std::map<int32_t, Shapes>& PropertyMotifs() {

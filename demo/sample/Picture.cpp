@@ -47,8 +47,8 @@ bool Covers(const Shape& shape, int32_t x, int32_t y) {
 
 // The bounding box: left, top, right, bottom.
 Shape BoundsOf(const Shape& s) {
-    Shape bounds{Shape::Kind::Box,   s.colour,           std::min(s.a, s.c),
-                 std::min(s.b, s.d), std::max(s.a, s.c), std::max(s.b, s.d)};
+    Shape bounds{Shape::Kind::Box,   s.color,           std::min(s.a, s.c), std::min(s.b, s.d),
+                 std::max(s.a, s.c), std::max(s.b, s.d)};
     if (s.kind == Shape::Kind::Line) {
         const int32_t more = s.e / 2 + 1;
         bounds.a -= more, bounds.b -= more, bounds.c += more, bounds.d += more;
@@ -65,7 +65,7 @@ void Draw(Picture& picture, const Shape& shape) {
     const Shape bounds = BoundsOf(shape);
     for (int32_t y = std::max(bounds.b, 0); y < std::min(bounds.d, picture.height); ++y) {
         for (int32_t x = std::max(bounds.a, 0); x < std::min(bounds.c, picture.width); ++x) {
-            if (Covers(shape, x, y)) picture.dots[static_cast<size_t>(y * picture.width + x)] = shape.colour;
+            if (Covers(shape, x, y)) picture.dots[static_cast<size_t>(y * picture.width + x)] = shape.color;
         }
     }
 }

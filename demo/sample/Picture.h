@@ -5,7 +5,7 @@
 
 namespace quellbrook::sample {
 
-struct Colour {
+struct Color {
     uint8_t red, green, blue;
 };
 
@@ -13,7 +13,7 @@ struct Colour {
 struct Picture {
     int32_t width = 0;
     int32_t height = 0;
-    std::vector<Colour> colours;
+    std::vector<Color> colors;
     std::vector<uint8_t> dots;  // row by row from the top; each is an index into the colors
 };
 
@@ -26,7 +26,7 @@ struct Shape {
         Wedge,  // a triangle: x, y three times
     };
     Kind kind;
-    uint8_t colour;
+    uint8_t color;
     int32_t a, b, c, d, e = 0, f = 0;
 };
 

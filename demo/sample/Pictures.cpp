@@ -13,7 +13,7 @@ namespace {
 
 // What distinguishes two pictures of one motif.
 struct Tint {
-    Colour back, shade, main, light;
+    Color back, shade, main, light;
 };
 
 const Tint tints[PicturesOfACategory] = {
@@ -22,11 +22,11 @@ const Tint tints[PicturesOfACategory] = {
     {{226, 226, 220}, {196, 197, 189}, {52, 112, 78}, {122, 170, 140}},
 };
 
-constexpr Colour yard = {206, 207, 204}, yardShade = {172, 174, 171};
+constexpr Color yard = {206, 207, 204}, yardShade = {172, 174, 171};
 
 struct Paint {
     const char* name;
-    Colour main, light;
+    Color main, light;
 };
 const Paint paints[] = {
     {"White", {244, 244, 242}, {214, 216, 218}}, {"Silver", {176, 182, 188}, {214, 219, 224}},
@@ -35,7 +35,7 @@ const Paint paints[] = {
     {"Gray", {112, 116, 120}, {160, 164, 168}},  {"Tan", {196, 174, 138}, {224, 208, 182}},
 };
 
-std::vector<Colour> Palette(const Tint& tint) {
+std::vector<Color> Palette(const Tint& tint) {
     return {tint.back,       tint.shade,      tint.main,     tint.light,      {58, 62, 68}, {250, 250, 248},
             {188, 194, 200}, {128, 134, 142}, {136, 92, 56}, {238, 228, 196}, {24, 26, 28}, {196, 48, 44},
             {164, 204, 222}, {226, 184, 66},  {78, 140, 92}, {184, 112, 64}};
@@ -71,9 +71,9 @@ std::string PropertyPictureName(int32_t category, int32_t view) {
     return name + " " + std::to_string(view % PicturesOfACategory + 1) + ".png";
 }
 
-std::string VehiclePictureName(int32_t category, const std::string& colour) {
+std::string VehiclePictureName(int32_t category, const std::string& color) {
     const auto paint = std::find_if(std::begin(paints), std::end(paints),
-                                    [&colour](const Paint& candidate) { return candidate.name == colour; });
+                                    [&color](const Paint& candidate) { return candidate.name == color; });
     const char* name = paint == std::end(paints) ? paints[0].name : paint->name;
     return NameOf(VehicleCategories(), category, 1) + ", " + name + ".png";
 }

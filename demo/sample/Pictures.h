@@ -20,7 +20,7 @@ inline constexpr int32_t PicturesOfACategory = 3;
 // The file name in the folder. Every view from 0 on has a picture. An unknown or inactive category shows a box or a
 // car, an unknown color is white.
 std::string PropertyPictureName(int32_t category, int32_t view);
-std::string VehiclePictureName(int32_t category, const std::string& colour);
+std::string VehiclePictureName(int32_t category, const std::string& color);
 
 std::vector<CompanionFile> DrawPictures();
 

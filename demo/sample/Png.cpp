@@ -88,8 +88,8 @@ std::string EncodePng(const Picture& picture) {
     AppendNumber(header, static_cast<uint32_t>(picture.height));
     header += {4, 3, 0, 0, 0};  // bits per dot, indexed colors, deflate, filter method 0, not interlaced
     std::string palette;
-    for (const Colour& colour : picture.colours) {
-        for (const uint8_t part : {colour.red, colour.green, colour.blue}) palette += static_cast<char>(part);
+    for (const Color& color : picture.colors) {
+        for (const uint8_t part : {color.red, color.green, color.blue}) palette += static_cast<char>(part);
     }
     std::string file = "\x89PNG\r\n\x1A\n";
     AppendChunk(file, "IHDR", header);

@@ -85,8 +85,8 @@ void TourPlayer::Scan(std::function<QString()> barcode) {
     Do([this, barcode = std::move(barcode)] { m_input.Scan(barcode()); });
 }
 
-void TourPlayer::Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see) {
-    AddMove({what, std::move(holds), {}, std::move(see)});
+void TourPlayer::Wait(const QString& what, std::function<bool()> condition, std::function<QString()> see) {
+    AddMove({what, std::move(condition), {}, std::move(see)});
 }
 
 void TourPlayer::Expect(const QString& what, std::function<QString()> text, const QString& expected) {
@@ -170,9 +170,9 @@ void TourPlayer::Fail(const QString& reason) {
 void TourPlayer::End() {
     m_ended = true;
     m_timer.stop();
-    bool allHeld = m_moves.empty();
-    for (const TourStep& step : m_steps) allHeld = allHeld && step.held;
-    m_passed = WriteReport() && allHeld;
+    bool allPassed = m_moves.empty();
+    for (const TourStep& step : m_steps) allPassed = allPassed && step.held;
+    m_passed = WriteReport() && allPassed;
     QApplication::exit(m_passed ? 0 : 1);
 }
 

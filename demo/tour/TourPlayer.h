@@ -47,7 +47,7 @@ public:
     void Press(const QString& key);
     void Scan(std::function<QString()> barcode);  // called when the move is played
     // Waits for a condition; `see` describes the actual state for the report.
-    void Wait(const QString& what, std::function<bool()> holds, std::function<QString()> see = {});
+    void Wait(const QString& what, std::function<bool()> condition, std::function<QString()> see = {});
     // Waits for the text and adds it to the report.
     void Expect(const QString& what, std::function<QString()> text, const QString& expected);
     void Do(std::function<void()> action);

@@ -76,26 +76,6 @@ QString TextOf(const QWidget* widget) {
 
 QString TextOf(const QString& path) { return TextOf(Find(path)); }
 
-QStringList TextsIn(const QString& path) {
-    QWidget* root = Find(path);
-    if (!root) return {};
-    QList<QWidget*> shown;
-    for (QWidget* child : root->findChildren<QWidget*>()) {
-        if (child->isVisible()) shown.push_back(child);
-    }
-    std::stable_sort(shown.begin(), shown.end(), [root](const QWidget* a, const QWidget* b) {
-        const QPoint left = a->mapTo(root, QPoint(0, 0));
-        const QPoint right = b->mapTo(root, QPoint(0, 0));
-        return std::pair(left.y(), left.x()) < std::pair(right.y(), right.x());
-    });
-    QStringList texts;
-    for (const QWidget* widget : shown) {
-        const QString text = TextOf(widget);
-        if (!text.isEmpty()) texts.push_back(text);
-    }
-    return texts;
-}
-
 QAbstractItemView* FindView(const QString& path) {
     QWidget* root = Find(path);
     if (!root) return nullptr;

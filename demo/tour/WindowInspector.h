@@ -23,8 +23,6 @@ QWidget* Find(const QString& path);
 // The text of a widget: its caption, its text or its accessible name.
 QString TextOf(const QWidget* widget);
 QString TextOf(const QString& path);
-// All texts in a widget from top to bottom.
-QStringList TextsIn(const QString& path);
 
 // The list or tree at the path or inside it.
 QAbstractItemView* FindView(const QString& path);

@@ -14,15 +14,15 @@ namespace {
 const std::vector<SampleAccount> accounts = {{"custodian", "lantern", "everything"},
                                              {"auditor", "ledger", "view only"}};
 
-struct Heard {
+struct Submission {
     QString username;
     QString password;
     int times = 0;
 };
 
-void Listen(LoginForm& form, Heard& heard) {
-    QObject::connect(&form, &LoginForm::Submitted, [&heard](const QString& username, const QString& password) {
-        heard = {username, password, heard.times + 1};
+void Listen(LoginForm& form, Submission& submission) {
+    QObject::connect(&form, &LoginForm::Submitted, [&submission](const QString& username, const QString& password) {
+        submission = {username, password, submission.times + 1};
     });
 }
 
@@ -30,26 +30,26 @@ void Listen(LoginForm& form, Heard& heard) {
 
 TEST(LoginForm, ClickingTheButtonSubmitsTheInput) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
-    Heard heard;
-    Listen(form, heard);
+    Submission submission;
+    Listen(form, submission);
     ShowActive(form);
     form.Restart();
     Type(Find(form, "username"), " clerk ");
     Type(Find(form, "password"), " pencil ");
     Click(Find(form, "logIn"));
-    EXPECT_EQ(heard.times, 1);
-    EXPECT_EQ(heard.username, "clerk");
-    EXPECT_EQ(heard.password, " pencil ") << "blanks may belong to a password";
+    EXPECT_EQ(submission.times, 1);
+    EXPECT_EQ(submission.username, "clerk");
+    EXPECT_EQ(submission.password, " pencil ") << "blanks may belong to a password";
 }
 
 TEST(LoginForm, EnterSubmitsFromEitherField) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
-    Heard heard;
-    Listen(form, heard);
+    Submission submission;
+    Listen(form, submission);
     ShowActive(form);
     Press(Find(form, "username"), Qt::Key_Return);
     Press(Find(form, "password"), Qt::Key_Enter);
-    EXPECT_EQ(heard.times, 2);
+    EXPECT_EQ(submission.times, 2);
 }
 
 TEST(LoginForm, ThePasswordIsNotShown) {
@@ -59,16 +59,16 @@ TEST(LoginForm, ThePasswordIsNotShown) {
 
 TEST(LoginForm, AGivenUserEntersOnlyThePassword) {
     LoginForm form("Harlow Bay", QString("clerk"), accounts);
-    Heard heard;
-    Listen(form, heard);
+    Submission submission;
+    Listen(form, submission);
     ShowActive(form);
     form.Restart();
     EXPECT_EQ(form.findChild<QLineEdit*>("username"), nullptr);
     EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
     Type(Find(form, "password"), "pencil");
     Press(Find(form, "password"), Qt::Key_Return);
-    EXPECT_EQ(heard.username, "clerk");
-    EXPECT_EQ(heard.password, "pencil");
+    EXPECT_EQ(submission.username, "clerk");
+    EXPECT_EQ(submission.password, "pencil");
 }
 
 TEST(LoginForm, AFailureIsShownAndClearsThePassword) {

@@ -169,7 +169,7 @@ protected:
         ASSERT_EQ(QApplication::activeWindow(), HasDialog() ? QApplication::activeModalWidget() : m_window.get());
         if (m_form) m_form->field->setFocus();
         TypeAsScanner(MakeBarcodeText("P", item.ID()));
-        EXPECT_EQ(m_timers->Tick(1), TheLoop() == Loop::GateWait ? 0 : 1) << "scans handed over";
+        EXPECT_EQ(m_timers->Tick(1), TheLoop() == Loop::GateWait ? 0 : 1) << "scans delivered";
         if (!m_form) return;
         EXPECT_EQ(m_form->field->text(), "");
         EXPECT_TRUE(m_form->field->hasFocus());

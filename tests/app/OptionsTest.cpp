@@ -51,9 +51,9 @@ TEST(Options, TheGalleryCombinesWithNoOtherOption) {
 }
 
 TEST(Options, AnUnknownOptionIsNamed) {
-    EXPECT_EQ(Refusal({"--colour"}), "Unknown option '--colour'. See --help.");
+    EXPECT_EQ(Refusal({"--colors"}), "Unknown option '--colors'. See --help.");
     EXPECT_EQ(Refusal({"--galery"}), "Unknown option '--galery'. See --help.");
-    EXPECT_EQ(Refusal({"--colour=red"}), "Unknown option '--colour'. See --help.");
+    EXPECT_EQ(Refusal({"--colors=red"}), "Unknown option '--colors'. See --help.");
     EXPECT_EQ(Refusal({"-v"}), "Unknown option '-v'. See --help.");
     EXPECT_EQ(Refusal({"sample.sqlite"}),
               "'sample.sqlite' is neither an option nor the address of a record. See --help.");

@@ -337,7 +337,7 @@ TEST_F(RecordPageTest, AnUnknownNumberIsReported) {
 }
 
 TEST_F(RecordPageTest, ARecordThatCannotBeReadIsReportedAndLogged) {
-    m_database->exec("PRAGMA foreign_keys = OFF; ALTER TABLE Property RENAME COLUMN Quantity TO Amount");
+    m_database->exec("PRAGMA foreign_keys = OFF; ALTER TABLE Property RENAME COLUMN DisposalNote TO Note");
     TestErrorLog().Announce("Row.Value");
     OpenLaptop();
     EXPECT_EQ(Text("refusal").rfind("This record could not be read: ", 0), 0u) << Text("refusal");

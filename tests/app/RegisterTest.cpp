@@ -118,7 +118,7 @@ TEST_F(RegisterTest, AFailingToolIsNamed) {
     Install("update-desktop-database");
     Install("xdg-mime", 4);
     EXPECT_EQ(RaisedBy([] { RegisterRecordScheme("/bin/host", {}); }).Description(),
-              "The desktop was not told of the program: xdg-mime failed.");
+              "The desktop could not register the program: xdg-mime failed.");
 }
 
 TEST_F(RegisterTest, RegisteringAgainReplacesTheEntry) {

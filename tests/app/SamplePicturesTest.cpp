@@ -30,8 +30,8 @@ TEST(SamplePictures, QtReadsEveryPixelInItsColor) {
     ASSERT_EQ(image.size(), QSize(301, 500));
     for (int y = 0; y < 500; ++y) {
         for (int x = 0; x < 301; ++x) {
-            const sample::Colour& colour = picture.colours[picture.dots[static_cast<size_t>(y * 301 + x)]];
-            ASSERT_EQ(image.pixelColor(x, y), QColor(colour.red, colour.green, colour.blue)) << x << ", " << y;
+            const sample::Color& color = picture.colors[picture.dots[static_cast<size_t>(y * 301 + x)]];
+            ASSERT_EQ(image.pixelColor(x, y), QColor(color.red, color.green, color.blue)) << x << ", " << y;
         }
     }
 }

@@ -55,21 +55,21 @@ const std::string Twice =
     "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. This "
     "works, but this scanner needs no prefix and no suffix.";
 const std::string More =
-    "More came after ETX, with another STX. Scan one barcode at a time; where one scan does "
+    "More came after ETX, with another STX. Scan one barcode at a time. If one scan does "
     "this, the scanner sends more than the barcode.";
 const std::string NoLetter =
-    "The type letter is missing in front of the number. The barcode is none of this "
-    "program's, or the scanner is set to omit the first character.";
+    "The type letter is missing before the number. The barcode is not from this "
+    "program, or the scanner is set to omit the first character.";
 const std::string Unknown = " is unknown. Barcodes of this program begin with L, P or V.";
 const std::string Lost =
-    " in place of ten. Where keys are lost or doubled on the way, let the scanner wait a few "
+    " instead of 10. If keys are lost or doubled, let the scanner wait a few "
     "milliseconds between characters.";
 const std::string TooGreat = "The number is too large for this program. This is the barcode of something else.";
 const std::string Strange = "The number contains characters other than digits: ";
 const std::string AllWell = "This scanner is set up correctly.";
 const std::string ByHand =
     "This looks like typing, not like a scan. If it was a scan, the scanner waits too "
-    "long between characters: set that delay to a few milliseconds at most.";
+    "long between characters. Set that delay to a few milliseconds at most.";
 
 struct Case {
     std::u32string keys;
@@ -81,11 +81,11 @@ struct Case {
 std::vector<Case> Table() {
     using enum ScanVerdict;
     return {
-        {U"[STX]P0000004711[ETX]", AsItShouldBe, "Property, number 4711", {AllWell}},
-        {U"[STX]V0000000012[ETX]", AsItShouldBe, "Vehicle, number 12", {AllWell}},
-        {U"[STX]L0000000005[ETX]", AsItShouldBe, "Storage location, number 5", {AllWell}},
-        {U"[STX]P0000000000[ETX]", AsItShouldBe, "Property, number 0", {AllWell}},
-        {U"[STX]P2147483647[ETX]", AsItShouldBe, "Property, number 2147483647", {AllWell}},
+        {U"[STX]P0000004711[ETX]", Correct, "Property, number 4711", {AllWell}},
+        {U"[STX]V0000000012[ETX]", Correct, "Vehicle, number 12", {AllWell}},
+        {U"[STX]L0000000005[ETX]", Correct, "Storage location, number 5", {AllWell}},
+        {U"[STX]P0000000000[ETX]", Correct, "Property, number 0", {AllWell}},
+        {U"[STX]P2147483647[ETX]", Correct, "Property, number 2147483647", {AllWell}},
 
         {U"[STX]p0000004711[ETX]", Works, "Property, number 4711", {SmallLetter}},
         {U"[STX]l0000000005[ETX]", Works, "Storage location, number 5", {SmallLetter}},
@@ -132,7 +132,7 @@ std::vector<Case> Table() {
          NeedsChange,
          "",
          {"b came before the barcode instead of STX." + CtrlLost, "c came after the barcode instead of ETX." + CtrlLost,
-          "The number came with 8 digits" + Lost, SmallLetter}},
+          "The number has 8 digits" + Lost, SmallLetter}},
         {U"[F2]P0000004711[F2]",
          NeedsChange,
          "",
@@ -147,12 +147,12 @@ std::vector<Case> Table() {
          NeedsChange,
          "",
          {NoStart, "<Enter> came after the barcode instead of ETX." + SetEnd, NoLetter,
-          "The number came with 13 digits" + Lost, TooGreat}},
+          "The number has 13 digits" + Lost, TooGreat}},
 
         {U"[STX]P[ETX]", NeedsChange, "", {"There is no number after the type letter."}},
-        {U"[STX]P000004711[ETX]", NeedsChange, "Property, number 4711", {"The number came with 9 digits" + Lost}},
-        {U"[STX]P00000004711[ETX]", NeedsChange, "Property, number 4711", {"The number came with 11 digits" + Lost}},
-        {U"[STX]P7[ETX]", NeedsChange, "Property, number 7", {"The number came with 1 digit" + Lost}},
+        {U"[STX]P000004711[ETX]", NeedsChange, "Property, number 4711", {"The number has 9 digits" + Lost}},
+        {U"[STX]P00000004711[ETX]", NeedsChange, "Property, number 4711", {"The number has 11 digits" + Lost}},
+        {U"[STX]P7[ETX]", NeedsChange, "Property, number 7", {"The number has 1 digit" + Lost}},
         {U"[STX]P2147483648[ETX]", NeedsChange, "", {TooGreat}},
         {U"[STX]P9999999999[ETX]", NeedsChange, "", {TooGreat}},
         {U"[STX]P\u00E0\u00E0\u00E0\u00E0\u00E0\u00E0'\u00E8&&[ETX]",
@@ -192,8 +192,8 @@ TEST(ScanDiagnosis, EachReadingGetsItsDiagnosis) {
 TEST(ScanDiagnosis, TheMostImportantFaultComesFirst) {
     const ScanDiagnosis diagnosis = Diagnose(U"[Tab]x00O0[Enter]");
     EXPECT_THAT(diagnosis.sentences,
-                ElementsAre(HasSubstr("in place of STX"), HasSubstr("in place of ETX"), HasSubstr("The type letter x"),
-                            HasSubstr("other characters than digits: O.")));
+                ElementsAre(HasSubstr("instead of STX"), HasSubstr("instead of ETX"), HasSubstr("The type letter x"),
+                            HasSubstr("characters other than digits: O.")));
 }
 
 TEST(ScanDiagnosis, TheReadingNamesInvisibleCharacters) {

@@ -101,7 +101,7 @@ TEST_F(ScannerPageTest, EachReadingReplacesThePreviousOne) {
     EXPECT_EQ(Text("keys"), "P0000004711<Enter>");
     EXPECT_EQ(Text("meaning"), "Nothing");
     EXPECT_THAT(Text("sentences"), HasSubstr("STX is missing"));
-    EXPECT_THAT(Text("sentences"), HasSubstr("\n\n<Enter> came behind"));
+    EXPECT_THAT(Text("sentences"), HasSubstr("\n\n<Enter> came after"));
     Scan("V0000000012");
     EndBurst();
     EXPECT_EQ(Text("keys"), "<STX>V0000000012<ETX>");
@@ -113,7 +113,7 @@ TEST_F(ScannerPageTest, KeysWithPausesBetweenLookLikeTyping) {
     for (const Qt::Key key : {Qt::Key_P, Qt::Key_4}) {
         Press(&Field(), key);
         EndBurst();
-        EXPECT_THAT(Text("sentences"), HasSubstr("typing by hand"));
+        EXPECT_THAT(Text("sentences"), HasSubstr("looks like typing"));
     }
     EXPECT_EQ(Text("keys"), "4");
 }
@@ -297,7 +297,7 @@ TEST_F(ScannerPageTest, AMissingSavedPrinterStaysSelectedAndIsReported) {
     EXPECT_THAT(PrinterTexts(), ElementsAre("Zeta", "Theta (not found)", "PDF files in a folder"));
     EXPECT_EQ(Printers().currentText(), "Theta (not found)");
     EXPECT_TRUE(Find(*m_page, "printerGone")->isVisible());
-    EXPECT_THAT(Text("printerGone"), HasSubstr("does not know the printer 'Theta'"));
+    EXPECT_THAT(Text("printerGone"), HasSubstr("does not find the printer 'Theta'"));
     EXPECT_EQ(LoadPrinterChoice(File())->printer, "Theta");
     Choose(Printers(), Qt::Key_Up);
     EXPECT_EQ(LoadPrinterChoice(File())->printer, "Zeta");
@@ -320,7 +320,7 @@ TEST_F(ScannerPageTest, AChoiceThatCannotBeSavedIsReportedAndApplies) {
     std::filesystem::remove_all(m_workstation.In("config"));
     std::ofstream(m_workstation.In("config")) << "a file";
     Choose(Printers(), Qt::Key_Up);
-    EXPECT_THAT(Text("outcome"), HasSubstr("The choice can't be remembered"));
+    EXPECT_THAT(Text("outcome"), HasSubstr("The choice can't be saved"));
     MakeTestLabel().Print();
     EXPECT_THAT(m_workstation.Content("jobs"), HasSubstr("-d Eta "));
 }
@@ -343,12 +343,12 @@ TEST_F(ScannerPageTest, AnUnreadableTemplateIsReportedInThePreview) {
     m_workstation.SetTemplate("");
     Open();
     auto* preview = Find<LabelPreview>(*m_page, "preview");
-    EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("There is no test label: "));
+    EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("The test label can't be shown: "));
     EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("evidence.labl"));
     EXPECT_FALSE(Find(*m_page, "printTestLabel")->isEnabled());
     m_workstation.SetTemplate("<svg");
     m_page->Load();
-    EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("There is no test label: "));
+    EXPECT_THAT(preview->Sentence().toStdString(), HasSubstr("The test label can't be shown: "));
 }
 
 TEST_F(ScannerPageTest, EveryFieldIsReachableByKeyboardAndNamed) {

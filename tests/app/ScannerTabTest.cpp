@@ -140,7 +140,7 @@ TEST_F(ScannerTabTest, TheHiddenEvidenceReceivesNoScan) {
     ServeEvents();
     EXPECT_FALSE(ShowsAnItem());
     ScanItem(1);
-    EXPECT_TRUE(ShowsAnItem()) << "it hears what comes to it";
+    EXPECT_TRUE(ShowsAnItem()) << "it receives keys sent to it";
 }
 
 TEST_F(ScannerTabTest, AScanOnThePageDoesNotAffectTheNextScanOnTheEvidence) {

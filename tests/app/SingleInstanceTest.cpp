@@ -41,9 +41,9 @@ protected:
         thread->wait();
     }
 
-    bool HandOverBeside(const RecordAddress& record = address) const {
+    bool SendBeside(const RecordAddress& record = address) const {
         bool taken = false;
-        Beside([&] { taken = HandOver(Socket(), record, patience); });
+        Beside([&] { taken = SendToInstance(Socket(), record, patience); });
         return taken;
     }
 
@@ -78,13 +78,13 @@ TEST_F(SingleInstanceTest, AnAddressReachesTheRunningProgram) {
     ASSERT_TRUE(server.IsListening());
     std::vector<RecordAddress> arrived;
     Collect(server, arrived);
-    EXPECT_TRUE(HandOverBeside());
-    EXPECT_TRUE(HandOverBeside({RecordKind::Vehicle, 2'147'483'647}));
+    EXPECT_TRUE(SendBeside());
+    EXPECT_TRUE(SendBeside({RecordKind::Vehicle, 2'147'483'647}));
     EXPECT_EQ(arrived, (std::vector<RecordAddress>{address, {RecordKind::Vehicle, 2'147'483'647}}));
 }
 
 TEST_F(SingleInstanceTest, WithoutARunningProgramNothingIsSent) {
-    EXPECT_FALSE(HandOver(Socket(), address, patience));
+    EXPECT_FALSE(SendToInstance(Socket(), address, patience));
     EXPECT_FALSE(QFileInfo::exists(Socket()));
 }
 
@@ -95,7 +95,7 @@ TEST_F(SingleInstanceTest, OnlyTheFirstOfTwoProgramsListens) {
     InstanceServer later(Socket());
     Collect(later, second);
     EXPECT_FALSE(later.IsListening());
-    EXPECT_TRUE(HandOverBeside());
+    EXPECT_TRUE(SendBeside());
     EXPECT_EQ(first.size(), 1u);
     EXPECT_TRUE(second.empty());
     running.reset();
@@ -106,7 +106,7 @@ TEST_F(SingleInstanceTest, OnlyTheFirstOfTwoProgramsListens) {
 TEST_F(SingleInstanceTest, AnEndedProgramLeavesNothing) {
     { const InstanceServer server(Socket()); }
     EXPECT_TRUE(std::filesystem::is_empty(m_directory.Path()));
-    EXPECT_FALSE(HandOver(Socket(), address, patience));
+    EXPECT_FALSE(SendToInstance(Socket(), address, patience));
 }
 
 TEST_F(SingleInstanceTest, TheSocketOfACrashedProgramIsRemoved) {
@@ -128,11 +128,11 @@ TEST_F(SingleInstanceTest, TheSocketOfACrashedProgramIsRemoved) {
     ASSERT_EQ(status, 0);
     ASSERT_TRUE(QFileInfo::exists(Socket()));
     ASSERT_TRUE(QFileInfo::exists(Socket() + ".lock"));
-    EXPECT_FALSE(HandOver(Socket(), address, patience));
+    EXPECT_FALSE(SendToInstance(Socket(), address, patience));
 
     InstanceServer server(Socket());
     ASSERT_TRUE(server.IsListening());
-    EXPECT_TRUE(HandOverBeside());
+    EXPECT_TRUE(SendBeside());
 }
 
 TEST_F(SingleInstanceTest, OnlyTheUserReachesTheSocket) {
@@ -156,7 +156,7 @@ TEST_F(SingleInstanceTest, AMessageThatIsNotAnAddressIsRefusedAndLogged) {
         EXPECT_EQ(AnswerTo(message), "refused\n") << message.toStdString();
     }
     EXPECT_TRUE(arrived.empty());
-    EXPECT_TRUE(HandOverBeside()) << "it hears on";
+    EXPECT_TRUE(SendBeside()) << "it still listens";
 }
 
 TEST_F(SingleInstanceTest, AMessageWithoutAnEndIsRefusedAsSoonAsItIsTooLong) {
@@ -195,7 +195,7 @@ TEST_F(SingleInstanceTest, AConnectionThatEndsInTheMiddleIsLogged) {
     caller.write("tessarine://miproperty/open/4");
     caller.flush();
     caller.disconnectFromServer();
-    EXPECT_TRUE(HandOverBeside());
+    EXPECT_TRUE(SendBeside());
     EXPECT_EQ(arrived, std::vector<RecordAddress>{address});
 }
 
@@ -205,7 +205,7 @@ TEST_F(SingleInstanceTest, AConnectionWithoutAMessageIsNotAFault) {
     caller.connectToServer(Socket());
     ASSERT_TRUE(caller.waitForConnected(patience));
     caller.disconnectFromServer();
-    EXPECT_TRUE(HandOverBeside());
+    EXPECT_TRUE(SendBeside());
 }
 
 TEST_F(SingleInstanceTest, AnAddressMayArriveInPieces) {
@@ -232,7 +232,7 @@ TEST_F(SingleInstanceTest, AnAddressMayArriveInPieces) {
 TEST_F(SingleInstanceTest, AProgramThatDoesNotAnswerTimesOut) {
     QLocalServer silent;
     ASSERT_TRUE(silent.listen(Socket()));
-    EXPECT_FALSE(HandOver(Socket(), address, 1));
+    EXPECT_FALSE(SendToInstance(Socket(), address, 1));
 }
 
 TEST_F(SingleInstanceTest, ARefusalIsReportedToTheSender) {
@@ -243,7 +243,7 @@ TEST_F(SingleInstanceTest, ARefusalIsReportedToTheSender) {
         caller->write("refused\n");
         caller->disconnectFromServer();
     });
-    EXPECT_FALSE(HandOverBeside());
+    EXPECT_FALSE(SendBeside());
 }
 
 TEST_F(SingleInstanceTest, ASocketThatCannotBeCreatedIsLogged) {

@@ -96,9 +96,9 @@ class Spoken:
 
     def __init__(self):
         self.names = []
-        pyatspi.Registry.registerEventListener(self.hear, "object:state-changed:focused")
+        pyatspi.Registry.registerEventListener(self.on_focus, "object:state-changed:focused")
 
-    def hear(self, event):
+    def on_focus(self, event):
         if event.detail1:
             self.names.append(event.source.name)
 

@@ -302,7 +302,7 @@ TEST_F(GalleryTest, ADirectoryThatCannotBeCreatedIsNamed) {
         FAIL();
     } catch (const Error& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::General);
-        EXPECT_EQ(error.Description(), "The directory " + folder + " can't be made.");
+        EXPECT_EQ(error.Description(), "The directory " + folder + " can't be created.");
     }
 }
 

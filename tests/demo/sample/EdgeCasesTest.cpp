@@ -83,11 +83,11 @@ TEST(EdgeCases, TextsContainQuotesBlanksScriptsMarkupAndWildcards) {
 }
 
 TEST(EdgeCases, PersonsWithDifficultNamesAppearInCustody) {
-    for (const sample::Stand& stand : sample::EdgeCaseStandIns()) {
-        const std::string no = std::to_string(stand.person.no);
+    for (const sample::StandIn& standIn : sample::EdgeCaseStandIns()) {
+        const std::string no = std::to_string(standIn.person.no);
         EXPECT_EQ(CountOf("Person", "PersonNo = " + no), 1);
         EXPECT_GT(CountOf("PropertyTracking", "ReceivedBy = " + no + " OR ReceivedFrom = " + no), 0)
-            << stand.person.lastName;
+            << standIn.person.lastName;
     }
 }
 

@@ -43,7 +43,7 @@ protected:
 TEST_F(SampleAccountsTest, ThreeAccountsLogInWithThePasswordsShownAndHaveTheirRights) {
     ASSERT_EQ(SampleAccounts().size(), 3u);
     using Rights = std::set<std::string>;
-    EXPECT_EQ(RightsOf(SampleAccounts()[0]).size(), 11u) << "the custodian holds every right";
+    EXPECT_EQ(RightsOf(SampleAccounts()[0]).size(), 11u) << "the custodian has every right";
     EXPECT_EQ(RightsOf(SampleAccounts()[1]), (Rights{"view property", "view vehicle", "view chain", "append chain"}));
     EXPECT_EQ(RightsOf(SampleAccounts()[2]), (Rights{"view property", "view vehicle", "view chain", "secured 5"}));
 }

@@ -45,7 +45,7 @@ TEST_F(SampleCreationTest, AnExistingFileIsRefusedAndNotChanged) {
         FAIL();
     } catch (const Error& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::General);
-        EXPECT_EQ(error.Description(), "The department can't be made: there already is a file '" + m_path + "'.");
+        EXPECT_EQ(error.Description(), "The department can't be created: there already is a file '" + m_path + "'.");
     }
     std::ifstream file(m_path);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "mine");

@@ -71,12 +71,12 @@ void ScannerTest::Listen(BarcodeListenerControl& listener) {
         [this](int32_t type, const std::string& data) { m_scans.emplace_back(type, data); });
 }
 
-bool ScannerTest::Until(const std::function<bool()>& holds) {
+bool ScannerTest::Until(const std::function<bool()>& condition) {
     QTimer waking;
     waking.start(5);
     QElapsedTimer elapsed;
     elapsed.start();
-    while (!holds()) {
+    while (!condition()) {
         if (elapsed.hasExpired(limit)) return false;
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }

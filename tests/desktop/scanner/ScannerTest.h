@@ -49,7 +49,7 @@ protected:
     void Listen(BarcodeListenerControl& listener);
 
     // Processes events until the condition is true; returns false after the time limit.
-    static bool Until(const std::function<bool()>& holds);
+    static bool Until(const std::function<bool()>& condition);
     // Processes events for this time.
     static void Pause(int milliseconds);
     // Shows and activates the window.

@@ -32,7 +32,7 @@ protected:
     void AwaitLastKey() {
         m_keyboard.Press("F12");
         EXPECT_TRUE(Until([this] { return m_windowKeys->Releases(Qt::Key_F12) == 1; })) << "The keys did not come.";
-        EXPECT_TRUE(Until([this] { return !m_record.IsFiringDue(); })) << "The last scan was not handed over.";
+        EXPECT_TRUE(Until([this] { return !m_record.IsFiringDue(); })) << "The last scan was not delivered.";
     }
 
     // The first entry in which the listener and the model differ; empty if there is none.
@@ -68,9 +68,9 @@ protected:
     }
 
     template <typename Condition>
-    size_t CountIf(Condition holds) const {
+    size_t CountIf(Condition condition) const {
         const auto& entries = m_record.Entries();
-        return static_cast<size_t>(std::count_if(entries.begin(), entries.end(), holds));
+        return static_cast<size_t>(std::count_if(entries.begin(), entries.end(), condition));
     }
 
     PlainView m_view;

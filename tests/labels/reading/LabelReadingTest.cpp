@@ -134,7 +134,7 @@ protected:
         if (!pages.empty()) return pages;
         std::vector<FilledLabel> labels;
         for (const PrintedLabel& printed : Printed()) labels.push_back(printed.label);
-        pages = RasterisePages(MakeLabelPdf(labels, printerDpi), rasterDpi);
+        pages = RasterizePages(MakeLabelPdf(labels, printerDpi), rasterDpi);
         for (QImage& page : pages) page = page.convertToFormat(QImage::Format_Grayscale8);
         return pages;
     }
@@ -177,7 +177,7 @@ TEST_P(PrintedLabels, AreReadByBothReaders) {
 INSTANTIATE_TEST_SUITE_P(Resolutions, PrintedLabels,
                          ::testing::Values(Resolution{203, 203}, Resolution{300, 300}, Resolution{203, 300}),
                          [](const auto& instance) {
-                             return "PaintedFor" + std::to_string(instance.param.printer) + "RasterisedAt" +
+                             return "PaintedFor" + std::to_string(instance.param.printer) + "RasterizedAt" +
                                     std::to_string(instance.param.raster);
                          });
 
@@ -222,7 +222,7 @@ TEST_F(LabelReading, NothingIsDrawnOverAnythingElse) {
     empty.texts.clear();
     empty.barcodes.clear();
     const QImage drawing =
-        RasterisePages(MakeLabelPdf({empty}, dpi), dpi).at(0).convertToFormat(QImage::Format_Grayscale8);
+        RasterizePages(MakeLabelPdf({empty}, dpi), dpi).at(0).convertToFormat(QImage::Format_Grayscale8);
     ASSERT_EQ(pages.size(), static_cast<size_t>(labelCount));
     for (int k = 0; k < labelCount; ++k) {
         QImage page = pages[k];

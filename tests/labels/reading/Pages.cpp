@@ -15,7 +15,7 @@ constexpr int limit = 300'000;  // milliseconds
 
 }  // namespace
 
-std::vector<QImage> RasterisePages(const QByteArray& pdf, int dotsPerInch) {
+std::vector<QImage> RasterizePages(const QByteArray& pdf, int dotsPerInch) {
     const QTemporaryDir folder;
     QFile file(folder.filePath("labels.pdf"));
     if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size()) ADD_FAILURE() << "The PDF can't be written.";
