@@ -36,7 +36,7 @@ std::string PictureAttachments::Read(const std::string& path) {
     if (path.empty() || !std::filesystem::is_regular_file(full, failure)) Refuse(path, "can't be found.");
     std::ifstream file(full, std::ios::binary);
     if (!file) Refuse(path, "can't be read.");
-    if (!IsPicture(file)) Refuse(path, "is no picture.");
+    if (!IsPicture(file)) Refuse(path, "is not a picture.");
     return full.string();
 }
 

@@ -243,7 +243,7 @@ TEST_F(RecordPageTest, AnAttachmentThatIsNotAPictureIsReported) {
     Attach("letter.txt");
     std::ofstream(PhotoFile("letter.txt").toStdString()) << "Dear all";
     OpenLaptop();
-    EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/letter.txt' is no picture.");
+    EXPECT_EQ(Text("noPicture"), "The attachment 'Photos/letter.txt' is not a picture.");
     std::ofstream(PhotoFile("letter.txt").toStdString()) << "\x89PNG\r\n\x1a\n and nothing behind";
     m_page->Load();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -225,7 +225,7 @@ TEST_F(SingleInstanceTest, AnAddressMayArriveInPieces) {
         }
         answer = socket.readAll();
     });
-    EXPECT_EQ(answer, "taken\n");
+    EXPECT_EQ(answer, "accepted\n");
     EXPECT_EQ(arrived, std::vector<RecordAddress>{address});
 }
 

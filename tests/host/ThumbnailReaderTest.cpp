@@ -38,8 +38,8 @@ TEST_F(PictureAttachmentsTest, APictureIsItsOwnThumbnail) {
 TEST_F(PictureAttachmentsTest, AFileThatIsNotAPictureIsAnError) {
     Write("report.pdf", "%PDF-1.4");
     Write("empty.png", "");
-    EXPECT_EQ(RefusalOf("report.pdf"), "The attachment 'report.pdf' is no picture.");
-    EXPECT_EQ(RefusalOf("empty.png"), "The attachment 'empty.png' is no picture.");
+    EXPECT_EQ(RefusalOf("report.pdf"), "The attachment 'report.pdf' is not a picture.");
+    EXPECT_EQ(RefusalOf("empty.png"), "The attachment 'empty.png' is not a picture.");
 }
 
 TEST_F(PictureAttachmentsTest, AMissingFileIsAnError) {
