@@ -9,6 +9,6 @@ namespace quellbrook::testing {
 
 // The pages of a PDF at the resolution of a printer, in grayscale. A failed test and an empty list
 // if they can't be created.
-std::vector<QImage> RasterisePages(const QByteArray& pdf, int dotsPerInch);
+std::vector<QImage> RasterizePages(const QByteArray& pdf, int dotsPerInch);
 
 }  // namespace quellbrook::testing
