@@ -90,7 +90,8 @@ QStringList ControlLoader::Classes() const {
 std::unique_ptr<QWidget> ControlLoader::LoadForm(const QString& className, const QString& properties) {
     QByteArray text = QStringLiteral(R"(<ui version="4.0"><class>Form</class>
 <widget class="QWidget" name="Form"><property name="geometry">
-<rect><x>0</x><y>0</y><width>800</width><height>600</height></rect></property><widget class="quellbrook::%1" name="control"><property name="geometry"><rect><x>40</x><y>30</y>
+<rect><x>0</x><y>0</y><width>800</width><height>600</height></rect></property>
+<widget class="quellbrook::%1" name="control"><property name="geometry"><rect><x>40</x><y>30</y>
 <width>320</width><height>200</height></rect></property>%2</widget></widget></ui>)")
                           .arg(className, properties)
                           .toUtf8();

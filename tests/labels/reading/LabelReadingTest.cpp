@@ -127,7 +127,7 @@ protected:
         ASSERT_EQ(Printed().back().barcode.size(), 13u);
     }
 
-    // The labels as a PDF that was painted for one resolution, rasterised at another. Created once for all tests.
+    // The labels as a PDF that was painted for one resolution, rasterized at another. Created once for all tests.
     static const std::vector<QImage>& Pages(int printerDpi, int rasterDpi) {
         static std::map<std::pair<int, int>, std::vector<QImage>> made;
         std::vector<QImage>& pages = made[{printerDpi, rasterDpi}];
