@@ -99,8 +99,8 @@ Record RecordOf(const RecordAddress& address, StoredItem& item, const Row& row) 
 
 RecordAnswer ReadRecord(const RecordAddress& address) {
     if (!MayViewItems(TypeOf(address)))
-        return RecordRefusal{std::string("You do not have the appropriate permissions to view ") +
-                             (IsProperty(address) ? "property." : "vehicles.")};
+        return RecordRefusal{IsProperty(address) ? "You do not have the appropriate permissions to view property."
+                                                 : "You do not have the appropriate permissions to view vehicles."};
     // Another workstation may have changed the locations.
     GetSingletons().StorageLocation().Refresh();
     const std::string sql = IsProperty(address) ? "SELECT * FROM Property WHERE PropertyNo = ?"
@@ -108,8 +108,9 @@ RecordAnswer ReadRecord(const RecordAddress& address) {
     const auto row = HostDatabase().QueryRow(sql, {address.number});
     const StoredItemRef item = row ? LoadItem(TypeOf(address), address.number) : nullptr;
     if (!item)
-        return RecordRefusal{std::string("There is no ") + (IsProperty(address) ? "property" : "vehicle") +
-                             " with the number " + std::to_string(address.number) + "."};
+        return RecordRefusal{
+            (IsProperty(address) ? "There is no property with the number " : "There is no vehicle with the number ") +
+            std::to_string(address.number) + "."};
     return RecordOf(address, *item, *row);
 }
 
