@@ -49,7 +49,7 @@ private:
 class LabelPainting {
 public:
     LabelPainting(QPainter& painter, double dotsPerInch)
-        : m_painter(painter), m_dotsPerMillimetre(dotsPerInch / MillimetersPerInch) {}
+        : m_painter(painter), m_dotsPerMillimeter(dotsPerInch / MillimetersPerInch) {}
 
     void Paint(const FilledLabel& label) {
         PaintDrawing(label);
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    int Dots(double millimeters) const { return static_cast<int>(std::lround(millimeters * m_dotsPerMillimetre)); }
+    int Dots(double millimeters) const { return static_cast<int>(std::lround(millimeters * m_dotsPerMillimeter)); }
 
     void PaintDrawing(const FilledLabel& label) {
         QSvgRenderer drawing(QByteArray::fromStdString(label.drawing));
@@ -72,7 +72,7 @@ private:
         drawing.setAspectRatioMode(Qt::KeepAspectRatio);
         const SavedState state(m_painter);
         m_painter.setRenderHint(QPainter::Antialiasing);
-        drawing.render(&m_painter, QRectF(0, 0, label.width * m_dotsPerMillimetre, label.height * m_dotsPerMillimetre));
+        drawing.render(&m_painter, QRectF(0, 0, label.width * m_dotsPerMillimeter, label.height * m_dotsPerMillimeter));
     }
 
     // Moves the painter's origin to the start of the text and its x axis along it; returns the box size in dots.
@@ -90,9 +90,9 @@ private:
 
     int ModuleWidth(const BarcodeSymbol& symbol, int width) const {
         const int module = width / symbol.WidthWithQuietZones();
-        const int least = std::max(2, static_cast<int>(std::ceil(NarrowestModule * m_dotsPerMillimetre)));
+        const int least = std::max(2, static_cast<int>(std::ceil(NarrowestModule * m_dotsPerMillimeter)));
         if (module < least) {
-            const double needed = least * symbol.WidthWithQuietZones() / m_dotsPerMillimetre;
+            const double needed = least * symbol.WidthWithQuietZones() / m_dotsPerMillimeter;
             Refuse("The rectangle of the label template is too narrow for its barcode, which needs " +
                    std::to_string(static_cast<int>(std::ceil(needed))) + " mm on this printer.");
         }
@@ -151,7 +151,7 @@ private:
     }
 
     QPainter& m_painter;
-    double m_dotsPerMillimetre;
+    double m_dotsPerMillimeter;
 };
 
 }  // namespace

@@ -154,7 +154,7 @@ void ExpectRead(const QImage& picture, const std::string& barcode, int number) {
 bool IsInk(const QImage& page, int x, int y) { return page.constScanLine(y)[x] < 200; }
 
 QRect DotsOf(const LabelBox& box, int dotsPerInch) {
-    const double scale = dotsPerInch / MillimetresPerInch;
+    const double scale = dotsPerInch / MillimetersPerInch;
     return QRect(
         QPoint(static_cast<int>(std::lround(box.left * scale)), static_cast<int>(std::lround(box.top * scale))),
         QPoint(static_cast<int>(std::lround((box.left + box.width) * scale)) - 1,
