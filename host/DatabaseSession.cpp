@@ -42,9 +42,8 @@ std::string DatabaseSession::AgencyName() const {
 
 void DatabaseSession::Login(const std::string& username, const std::string& password, const std::string&) {
     m_username.clear();
-    HostDatabase database;
-    const auto account = database.QueryRow("SELECT Username, PasswordHash FROM Account WHERE Username = " +
-                                           database.PrepareText(username) + " AND IsActive = 1");
+    const auto account = HostDatabase().QueryRow(
+        "SELECT Username, PasswordHash FROM Account WHERE Username = ? AND IsActive = 1", {username});
     const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashForUnknownUser();
     if (!IsPassword(password, hash) || !account)
         Raise(ErrorNumber::General, "DatabaseSession.Login", "Incorrect user name or password.");
@@ -53,12 +52,11 @@ void DatabaseSession::Login(const std::string& username, const std::string& pass
 
 bool DatabaseSession::HasPermission(const std::string& moduleKey, int16_t value) {
     if (m_username.empty()) return false;
-    HostDatabase database;
-    return database
+    return HostDatabase()
         .QueryRow(
-            "SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username WHERE a.Username = " +
-            database.PrepareText(m_username) + " AND a.IsActive = 1 AND r.ModuleKey = " +
-            database.PrepareText(moduleKey) + " AND r.Value = " + std::to_string(value))
+            "SELECT r.Value FROM AccountRight r INNER JOIN Account a ON a.Username = r.Username "
+            "WHERE a.Username = ? AND a.IsActive = 1 AND r.ModuleKey = ? AND r.Value = ?",
+            {m_username, moduleKey, static_cast<int32_t>(value)})
         .has_value();
 }
 

@@ -69,7 +69,7 @@ void FontIcon::paintEvent(QPaintEvent*) {
         QPainter painter(this);
         if (IsBusy(m_icon)) return DrawRing(painter, rect(), m_angle);
         QColor ink = m_fixedColor.isValid() ? m_fixedColor : Theme::Get(m_themeColor);
-        if (!isEnabledTo(parentWidget())) ink = Theme::Get(Theme::Color::DisabledText);
+        if (!isEnabled() && m_dimsWhenDisabled) ink = Theme::Get(Theme::Color::DisabledText);
         painter.drawPixmap((width() - m_size) / 2, (height() - m_size) / 2,
                            Icons::Pixmap(m_icon, m_size, ink, devicePixelRatioF()));
     });

@@ -19,6 +19,8 @@ public:
     void SetIcon(const QString& iconName, int size);  // size in pixels, also of the control
     void SetForeColor(Theme::Color color);
     void SetForeColor(const QColor& color);
+    // Whether the icon is gray while it or a parent is disabled; initially true.
+    void SetDimsWhenDisabled(bool dims) { m_dimsWhenDisabled = dims; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,6 +35,7 @@ private:
     int m_size = 20;
     int m_angle = 0;
     int m_timerId = 0;
+    bool m_dimsWhenDisabled = true;
     QColor m_fixedColor;
     Theme::Color m_themeColor = Theme::Color::Text;
 };

@@ -101,7 +101,7 @@ bool Label::event(QEvent* event) {
 void Label::paintEvent(QPaintEvent*) {
     Guard([this] {
         QPainter painter(this);
-        painter.setPen(isEnabledTo(parentWidget()) ? ForeColor() : Theme::Get(Theme::Color::DisabledText));
+        painter.setPen(isEnabled() || !m_dimsWhenDisabled ? ForeColor() : Theme::Get(Theme::Color::DisabledText));
         TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0).Draw(painter, rect(), m_alignment);
     });
 }

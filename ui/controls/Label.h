@@ -30,6 +30,8 @@ public:
     void SetForeColor(const QColor& color);
     QColor ForeColor() const;
 
+    // Whether the text is gray while the label or a parent is disabled; initially true.
+    void SetDimsWhenDisabled(bool dims) { m_dimsWhenDisabled = dims; }
     void SetAutoSize(bool autoSize);
     void SetWordWrap(bool wrap);
     void SetTextAlignment(Qt::Alignment alignment);
@@ -53,6 +55,7 @@ private:
     std::optional<QColor> m_fixedColor;
     Qt::Alignment m_alignment = Qt::AlignLeft | Qt::AlignVCenter;
     bool m_autoSize = true;
+    bool m_dimsWhenDisabled = true;
     bool m_wordWrap = false;
 };
 

@@ -70,7 +70,7 @@ protected:
     explicit ScrollingListOf(QWidget* parent) : ScrollingList(parent) { LoadRow()->setObjectName("searchResult"); }
 
     int RowCount() const final { return static_cast<int>(m_rows.size()); }
-    RowControl& RowNo(int row) const final { return *m_rows[static_cast<size_t>(row)]; }
+    RowControl& RowNo(int row) const final { return *m_rows.at(static_cast<size_t>(row)); }
 
     // Adds a hidden row.
     RowControl* LoadRow() {

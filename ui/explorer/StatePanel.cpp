@@ -20,6 +20,7 @@ StatePanel::StatePanel(const QString& iconName, const QString& title, const QStr
     SetWidth(ToTwips(width));
     m_icon->SetIcon(iconName, IconSize);
     m_icon->SetForeColor(Theme::Color::GrayText);
+    m_icon->SetDimsWhenDisabled(false);
     m_icon->Move(ToTwips((width - IconSize) / 2.0), 0);
     m_title = AddText(title, Theme::Type::Section, TitleTop);
     m_sentence = AddText(sentence, Theme::Type::Body, SentenceTop);
@@ -30,6 +31,7 @@ StatePanel::StatePanel(const QString& iconName, const QString& title, const QStr
 Label* StatePanel::AddText(const QString& text, Theme::Type type, int top) {
     auto* label = new Label(this);
     label->SetType(type);
+    label->SetDimsWhenDisabled(false);
     label->SetTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->SetWordWrap(true);
     label->Move(0, ToTwips(top), Width(), 0);

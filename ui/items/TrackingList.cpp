@@ -185,7 +185,9 @@ void TrackingList::MoveSelection(int delta) {
     const int row = FocusedRow();
     if (row < 0 || ValidateRow(row)) return;
     const int target = row + delta;
-    if (target >= 0 && target < RowCount()) TrySetFocus(&RowNo(target));
+    if (target < 0 || target >= RowCount()) return;
+    TrackingResult& next = RowNo(target);
+    if (next.isVisible() && next.isEnabled()) next.setFocus();  // not TrySetFocus, which counts its calls
 }
 
 }  // namespace quellbrook

@@ -181,8 +181,8 @@ TEST_F(SqliteSchemaTest, AMoveThatWouldLeaveSublocationsBehindIsRefused) {
     });
     EXPECT_NE(moved.Description().find("sublocations would be left behind"), std::string::npos) << moved.Description();
     EXPECT_NE(moved.Number(), ErrorNumber::IntegrityViolation);
-    const Error recategorised = Raised("UPDATE StorageLocation SET Type = 4 WHERE IdNo = " + idX);
-    EXPECT_NE(recategorised.Description().find("sublocations would be left behind"), std::string::npos);
+    const Error recategorized = Raised("UPDATE StorageLocation SET Type = 4 WHERE IdNo = " + idX);
+    EXPECT_NE(recategorized.Description().find("sublocations would be left behind"), std::string::npos);
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 

@@ -68,6 +68,15 @@ TEST_F(LabelTest, TextIsPlainNeverMarkup) {
     EXPECT_EQ(m_label.width(), TextWidth(Theme::Font(Theme::Type::Body), text));
 }
 
+TEST_F(LabelTest, IsDimmedInADisabledParentUnlessItMayNotBe) {
+    m_label.SetCaption("Shelf A");
+    const QImage enabled = Grab(m_label);
+    m_window.setEnabled(false);
+    EXPECT_NE(Grab(m_label), enabled);
+    m_label.SetDimsWhenDisabled(false);
+    EXPECT_EQ(Grab(m_label), enabled);
+}
+
 TEST_F(LabelTest, ColorsAreFromTheThemeOrFixed) {
     EXPECT_EQ(m_label.ForeColor(), Theme::Get(Theme::Color::Text));
     m_label.SetForeColor(QColor(255, 0, 0));

@@ -130,7 +130,7 @@ TEST_F(SearchResultRowTest, ShorterLocationMovesTheCategoryBackLeft) {
     EXPECT_EQ(LabelOf("lblCategory")->Left(), before);
 }
 
-TEST_F(SearchResultRowTest, LosingTheFocusGivesEachFieldItsFirstColourBack) {
+TEST_F(SearchResultRowTest, LosingTheFocusGivesEachFieldItsFirstColorBack) {
     LinkIncident(m_laptop, "2026-0388", "C-1", true);
     m_row.SetItem(m_laptop);
     std::vector<std::pair<Label*, QColor>> before;

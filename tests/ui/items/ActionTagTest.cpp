@@ -27,7 +27,7 @@ TEST(ActionTag, CaptionTooWideForItsColumnIsBrokenIntoTwoLines) {
     EXPECT_EQ(tag.height(), 20);
 }
 
-TEST(ActionTag, BlockHasItsColourAndTheReadableOfBlackAndWhite) {
+TEST(ActionTag, BlockHasItsColorAndTheReadableOfBlackAndWhite) {
     for (const int32_t color : {0x0000C0, 0x87AD24}) {
         ActionTag tag;
         tag.SetWidth(1380);

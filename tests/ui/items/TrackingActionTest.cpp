@@ -9,7 +9,7 @@ using Types = StorageLocationTypes;
 
 class TrackingActionTest : public SmallDepartment {
 protected:
-    TrackingActionTest() { uncategorised = m_database.AddLocation("Old Cage", Types::Unassigned); }
+    TrackingActionTest() { uncategorized = m_database.AddLocation("Old Cage", Types::Unassigned); }
 
     // The action of a record at one location after a record at another; no earlier record for a negative one.
     TrackingAction Action(int32_t place, int32_t before) {
@@ -23,7 +23,7 @@ protected:
         return ActionOf(record);
     }
 
-    int32_t uncategorised = 0;
+    int32_t uncategorized = 0;
     static constexpr int32_t nowhere = 0, noRecord = -1;
     static constexpr TrackingAction unknown{"Unknown Action", 0x0080FF}, moved{"Moved", 0xD6711E},
         signedIn{"Signed In", 0x87AD24}, signedOut{"Signed Out", 0x0000C0}, disposed{"Disposed", 0x808080},
@@ -42,13 +42,13 @@ TEST_F(TrackingActionTest, StorageAfterStorageIsAMove) {
 }
 
 TEST_F(TrackingActionTest, StorageAfterAnythingElseIsASignIn) {
-    for (const int32_t before : {noRecord, nowhere, crimeLab, disposal, review, uncategorised})
+    for (const int32_t before : {noRecord, nowhere, crimeLab, disposal, review, uncategorized})
         EXPECT_EQ(Action(shelf, before), signedIn) << before;
 }
 
 TEST_F(TrackingActionTest, OtherKindsGoByTheLocationAlone) {
-    for (const int32_t before : {noRecord, nowhere, shelf, crimeLab, disposal, review, uncategorised}) {
-        EXPECT_EQ(Action(uncategorised, before), unknown);
+    for (const int32_t before : {noRecord, nowhere, shelf, crimeLab, disposal, review, uncategorized}) {
+        EXPECT_EQ(Action(uncategorized, before), unknown);
         EXPECT_EQ(Action(crimeLab, before), signedOut);
         EXPECT_EQ(Action(disposal, before), disposed);
         EXPECT_EQ(Action(review, before), other);

@@ -333,6 +333,17 @@ TEST_F(TrackingListTest, ArrowKeysMoveThroughTheRowsButNotOutOfTheList) {
     EXPECT_TRUE(Row(0).hasFocus());
 }
 
+TEST_F(TrackingListTest, HundredsOfArrowKeysAreNotAFocusLoop) {
+    m_list->SetRecords(Records(2));
+    Row(0).setFocus();
+    for (int i = 0; i < 150; ++i) {
+        Press(Qt::Key_Down);
+        Press(Qt::Key_Up);
+    }
+    EXPECT_TRUE(Row(0).hasFocus());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
 TEST_F(TrackingListTest, ValidationRefusesArrowsAtTheEnds) {
     m_list->SetRecords(Records(3));
     for (const int key : {37, 38}) {

@@ -51,7 +51,7 @@ TEST_F(IconsTest, AnUnknownNameIsEmpty) {
     EXPECT_TRUE(Icons::Pixmap("tag", 0, Qt::black).isNull());
 }
 
-TEST_F(IconsTest, StrokesTakeTheColourGiven) {
+TEST_F(IconsTest, StrokesTakeTheColorGiven) {
     const QImage image = Icons::Pixmap("add", 24, QColor(10, 120, 90)).toImage();
     EXPECT_TRUE(HasColor(image, image.rect(), QColor(10, 120, 90)));
 }
