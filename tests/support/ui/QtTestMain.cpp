@@ -39,7 +39,7 @@ bool IsOfPlatform(const QString& message) {
            message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
 }
 
-void OnToolkitMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+void OnQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (IsOfPlatform(message)) return;
     std::fprintf(stderr, "%s\n", message.toUtf8().constData());
     if (type == QtDebugMsg || type == QtInfoMsg || TakeAnnounced(message)) return;
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
     quellbrook::InstallAccessibility();
     QApplication::setStyle(new quellbrook::FlatStyle);
     quellbrook::Theme::Install(false);
-    qInstallMessageHandler(quellbrook::testing::OnToolkitMessage);
+    qInstallMessageHandler(quellbrook::testing::OnQtMessage);
     ::testing::UnitTest::GetInstance()->listeners().Append(new quellbrook::testing::WarningListener);
     return RUN_ALL_TESTS();
 }

@@ -121,7 +121,7 @@ TEST_F(ThemeTest, ContrastIsSymmetricAndKnown) {
     EXPECT_NEAR(Theme::Contrast(Qt::red, Qt::red), 1.0, 0.001);
 }
 
-TEST_F(ThemeTest, FixedColoursHaveTheirLowByteRed) {
+TEST_F(ThemeTest, FixedColorsHaveTheirLowByteRed) {
     EXPECT_EQ(Theme::FromBgr(0x0080FF), QColor(0xFF, 0x80, 0x00));
     EXPECT_EQ(Theme::ToBgr(QColor(0x24, 0xAD, 0x87)), 0x87AD24);
     EXPECT_EQ(Theme::ToBgr(Theme::FromBgr(0x123456)), 0x123456);
