@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// The logged-in user and their rights. Nothing is cached; every call asks the host's session.
+// The logged-in user and their rights. Nothing is cached; every call queries the host's session.
 class UserStatic {
 public:
     std::string Username() const;

@@ -18,15 +18,15 @@ struct DateTime {
         int year, month, day, hour, minute, second, millisecond;
     };
 
-    // Any day of the proleptic Gregorian calendar; no range check.
+    // Accepts any day of the proleptic Gregorian calendar. Does not check ranges.
     static DateTime FromParts(const Parts& parts);
     Parts ToParts() const;
 
     // "2026-11-20T13:14:15.123", the format of dates in statements and databases.
     std::string ToText() const;
 
-    // Reads that format, also with a space instead of the "T", with any or no fraction of a second, and a date alone.
-    // Nothing for any other text and for an impossible date.
+    // Reads that format. Also accepts a space instead of the "T", any or no fraction of a second, and a date alone.
+    // Empty for any other text and for an impossible date.
     static std::optional<DateTime> Parse(std::string_view text);
 };
 

@@ -17,9 +17,9 @@ namespace quellbrook {
 const Clock& SystemClock();
 ErrorLog& StandardErrorLog();
 
-// Everything that the system asks of the machine, the desktop and the user. Each member has a safe default: the
-// system's clock, a log on standard error, no key down, and an Error for what needs a desktop. Assign functions and
-// pointers, never null; only the screen may be null. Pointers are not owned.
+// Everything that the system needs from the machine, the desktop and the user. Each member has a safe default: the
+// system's clock, a log on standard error, no key down, and an Error for functions that need a desktop. Never assign
+// null, except to the screen. Pointers are not owned.
 struct Environment {
     const Clock* clock = &SystemClock();
     std::function<std::unique_ptr<Timer>()> makeTimer;               // Error 91 by default
@@ -35,11 +35,11 @@ struct Environment {
     Environment();
 };
 
-// The environment of the newest living scope; the safe defaults while there is none.
+// The environment of the innermost active scope; the safe defaults without one.
 const Environment& GetEnvironment();
 
-// Installs an environment for its own lifetime and then restores the one before. Scopes nest. The owner may change
-// single members of the installed environment through ->. User interface thread only.
+// Installs an environment for its own lifetime and then restores the previous one. Scopes nest. The owner may change
+// individual members of the installed environment through ->. User interface thread only.
 class EnvironmentScope {
 public:
     explicit EnvironmentScope(Environment environment = GetEnvironment());

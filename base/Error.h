@@ -28,7 +28,7 @@ private:
 // Numbers with a fixed meaning. Engines map every violation of a unique or foreign key constraint to
 // IntegrityViolation, the only number that callers test for.
 namespace ErrorNumber {
-inline constexpr int32_t General = 5;  // any failure without a number of its own; an absent key
+inline constexpr int32_t General = 5;  // any failure without a specific number; an absent key
 inline constexpr int32_t Overflow = 6;
 inline constexpr int32_t SubscriptOutOfRange = 9;
 inline constexpr int32_t TypeMismatch = 13;

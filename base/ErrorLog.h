@@ -14,11 +14,11 @@ public:
 // The log of the environment.
 ErrorLog& GetErrorLog();
 
-// Logs an entry of this module. A failure of the log is ignored: there is nowhere left to report it.
+// Logs an entry for this module. Ignores a failure of the log, which could not be reported anywhere.
 void LogFailure(const std::string& source, const std::string& description) noexcept;
 
-// The text of an entry as the logs write it. Lines after the first are indented, so that every line that begins at the
-// margin is an entry.
+// The text of an entry as the logs write it. Continuation lines are indented, so every line that begins at the margin
+// starts an entry.
 std::string LogEntryText(const std::string& application, const std::string& source, const std::string& message);
 
 }  // namespace quellbrook

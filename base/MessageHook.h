@@ -13,8 +13,8 @@ inline constexpr uint32_t KeyDown = 0x100, KeyUp = 0x101, Char = 0x102, DeadChar
 inline constexpr uint32_t SysKeyDown = 0x104, SysKeyUp = 0x105, SysChar = 0x106;
 }  // namespace KeyMessageNumber
 
-// A message to the focused window. wParam is the key code of a key message and the character code of a character
-// message. A handler may change both; the number 0 cancels the message.
+// A message to the focused window. wParam is the key code of a key message or the character code of a character
+// message. A handler may change both; setting the number to 0 cancels the message.
 struct KeyMessage {
     uint32_t number;
     uint32_t wParam;
@@ -27,11 +27,11 @@ class MessageHook {
 public:
     virtual ~MessageHook() = default;
 
-    // The hook catches and reports an Error from the handler; the message then passes.
+    // The hook catches and reports an Error from the handler, and then lets the message through.
     std::function<void(KeyMessage&)> OnMessage;
 };
 
-// A new hook of the environment, active at once. Error 91 if it has none.
+// Creates a hook from the environment; it is active at once. Error 91 if the environment provides none.
 std::unique_ptr<MessageHook> MakeMessageHook();
 
 }  // namespace quellbrook

@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// Base class of what is passed by shared reference: payloads of actions, parameters of views, entries of mixed
-// collections. TypeName() is the class's name in error texts.
+// Base class of everything passed by shared reference: payloads of actions, parameters of views, entries of mixed
+// collections. TypeName() returns the class name for error texts.
 class Object {
 public:
     virtual ~Object() = default;

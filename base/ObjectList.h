@@ -17,7 +17,7 @@ public:
     bool IsEmpty() const { return Count() == 0; }
 };
 
-// A list that owns its objects, of any classes together.
+// A list that owns its objects, which may be of different classes.
 class ObjectVector : public ObjectList {
 public:
     std::string TypeName() const override { return "Collection"; }

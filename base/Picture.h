@@ -6,8 +6,8 @@
 
 namespace quellbrook {
 
-// A picture as device pixels, 0xAARRGGBB each, row by row from the top left. Scale is how many device pixels a
-// device-independent pixel has.
+// A picture as device pixels, 0xAARRGGBB each, row by row from the top left. Scale is the number of device pixels per
+// device-independent pixel.
 struct Picture {
     int32_t width = 0;
     int32_t height = 0;
@@ -18,8 +18,8 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-// Decodes a picture file, turned as its camera recorded it and scaled down if a side has more than LargestPictureSide
-// pixels. Error 5 with a sentence for a file that does not exist or is not a picture.
+// Decodes a picture file, applies the orientation that its camera recorded, and scales it down if a side exceeds
+// LargestPictureSide pixels. Error 5 with a sentence for a file that does not exist or is not a picture.
 Picture LoadPicture(const std::string& fileName);
 
 inline constexpr int32_t LargestPictureSide = 1024;

@@ -25,29 +25,29 @@ public:
     virtual bool Completed() const = 0;  // false: the user left it, or the application quit
 };
 
-// What the layers without Qt ask of the screen.
+// The user interface as the layers without Qt use it.
 class Screen {
 public:
     virtual ~Screen() = default;
 
-    // The styled dialog, modal over the dialog parent; the button pressed. Error 91 without a dialog parent.
+    // Shows the styled dialog, modal over the dialog parent. Returns the button. Error 91 without a dialog parent.
     virtual int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) = 0;
 
-    // Qt's own plain critical message box.
+    // Shows Qt's plain critical message box.
     virtual void ShowPlainMessage(const std::string& text, const std::string& title) = 0;
 
     // The host's window over which dialogs are centered.
     virtual void SetDialogParent(ObjectRef window) = 0;
 
     // Shows a new wizard form, modeless and without an owner, and runs an event loop until the form closes or the
-    // application quits. The form, hidden, lives as long as the result: it may be the dialog parent. Error 5 if no
+    // application quits. The result owns the form, which is then hidden but may be the dialog parent. Error 5 if no
     // wizard is available.
     virtual std::unique_ptr<SetupWizard> RunSetupWizard() = 0;
 
     // Twips per device pixel, vertically: 15 on a display of scale factor 1.
     virtual double TwipsPerPixelY() const = 0;
 
-    // Loaded top-level forms of the module, hidden ones too.
+    // The number of loaded top-level forms of the module, including hidden ones.
     virtual int32_t OpenFormCount() const = 0;
 };
 

@@ -44,7 +44,7 @@ public:
     TaggedValue(std::string_view value) : m_value(std::string(value)) {}
     TaggedValue(const char* value) : m_value(std::string(value)) {}
     TaggedValue(DateTime value) : m_value(value) {}
-    // Other pointers would convert to bool.
+    // Rejects other pointers, which would convert to bool.
     TaggedValue(std::nullptr_t) = delete;
     template <typename T>
     requires(!std::is_convertible_v<T*, const char*>) TaggedValue(T*)

@@ -17,7 +17,7 @@ std::string Join(const std::vector<std::string>& parts, std::string_view separat
 // Appends a character by its code point; U+FFFD if it is not a valid one.
 void AppendUtf8(std::string& text, uint32_t codePoint);
 
-// Case-insensitive comparison. Only ASCII letters fold, the one folding that all engines share.
+// Case-insensitive comparison. Folds only ASCII letters, as all engines do.
 bool EqualsNoCase(std::string_view a, std::string_view b);
 std::string FoldCase(std::string_view text);
 

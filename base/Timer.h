@@ -21,7 +21,7 @@ public:
     std::function<void()> Elapsed;
 };
 
-// A new timer of the environment. Error 91 if it has none.
+// Creates a timer from the environment. Error 91 if the environment provides none.
 std::unique_ptr<Timer> MakeTimer();
 
 }  // namespace quellbrook

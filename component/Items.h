@@ -5,13 +5,13 @@
 
 namespace quellbrook {
 
-// What a page of the host that shows one item needs beyond the public classes.
+// Functions that a host's page for one item needs in addition to the public classes.
 
-// The item with this key, wherever it is. Null if there is none, and for a user who may not view items of this kind. A
-// search does not do: it finds only items that have a location, or only those that never had one.
+// The item with this key, with or without a location. Null if there is none or the user may not view items of this
+// kind. A search is no substitute: it finds only items with a location, or only those that never had one.
 StoredItemRef LoadItem(StoredItemTypes type, int32_t key);
 
-// Whether somebody is logged in and has the right, so that the host does not repeat the rules of access.
+// Whether a user is logged in and has the right. Lets the host reuse the component's access rules.
 bool MayViewItems(StoredItemTypes type);
 bool MayViewChainOfCustody();
 

@@ -17,10 +17,10 @@ namespace quellbrook {
 // The names of this system's printers; empty without a print system that responds.
 std::vector<std::string> SystemPrinters();
 
-// Prints on one of them, for a print head of that resolution in dots per inch (203, 300 and 600 are common).
+// A printer of that name, for a print head with that resolution in dots per inch (203, 300 and 600 are common).
 std::shared_ptr<LabelPrinter> MakeSystemPrinter(const std::string& name, int dotsPerInch);
 
-// Writes each label into a PDF file of the directory, named after its barcode.
+// A printer that writes each label to a PDF file in the directory, named after its barcode.
 std::shared_ptr<LabelPrinter> MakePdfPrinter(const std::string& directory, int dotsPerInch);
 
 // The content of the test label's barcode, with STX and ETX: the property with key 0, which does not exist.

@@ -20,13 +20,13 @@ namespace quellbrook {
 void Startup();
 void Shutdown();
 
-// Palette, fonts and style of the component for the whole application, so that host and component look alike.
+// Applies the component's palette, fonts and style to the whole application, so that host and component look alike.
 void InstallTheme(bool dark);
 
 // The window over which the component centers its dialogs. The caller keeps ownership.
 void SetDialogParent(QWidget* window);
 
-// The access gate: whether the user of the session may enter. It has shown the reason to a user who may not. Drops the
+// The access gate: returns whether the session's user may enter, after showing a refused user the reason. Drops the
 // batch and the view history of an earlier login.
 bool InitializeQuellbrook();
 

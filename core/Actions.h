@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-// The only way a view changes state. Not to be called from inside a dispatch, that is, from an OnChange handler.
+// The only way a view changes state. Do not call it during a dispatch, that is, from an OnChange handler.
 class Actions {
 public:
     void NavigateTo(const std::string& viewName, std::shared_ptr<Dictionary> viewParameters);
@@ -18,9 +18,9 @@ public:
     // Two dispatches: the type, then the items.
     void BeginTransaction(int32_t transactionType, std::shared_ptr<ObjectList> items);
     void AddToCart(std::shared_ptr<ObjectList> items);
-    // Ends the batch if this was its last item.
+    // Also ends the batch if this was its last item.
     void RemoveFromCart(const StoredItemRef& item);
-    // Leaves an emptied batch open.
+    // Keeps the batch open even if it becomes empty.
     void BulkRemoveFromCart(std::shared_ptr<ObjectList> items);
     void CancelTransactionWithPrompt();
     void CancelTransaction();

@@ -38,7 +38,7 @@ private:
     mutable std::vector<StoredItemRef> m_byPosition;  // cache of m_items in order, filled by ItemAt
 };
 
-// The current transfer batch: its items, its type (TransactionType), its details. Changes only through actions.
+// The current transfer batch: its items, type (TransactionType) and details. Changes only through actions.
 class CartStore : public DispatcherCallback {
 public:
     CartStore();
@@ -48,7 +48,7 @@ public:
     bool IsEmpty() const { return m_items->IsEmpty(); }
     int32_t GetTransactionType() const { return m_transactionType; }
     std::shared_ptr<TransferData> GetTransferData() const { return m_transferData; }
-    // The live collection, not a copy. A cleared batch has a new one, so fetch it again at each OnChange.
+    // The live collection, not a copy. Clearing the batch replaces it, so fetch it again at each OnChange.
     std::shared_ptr<const CartItems> GetItems() const { return m_items; }
     bool IsItemInCart(const StoredItemRef& item) const;  // false for null
 

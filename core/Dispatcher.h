@@ -24,7 +24,7 @@ public:
 
 // Delivers each action to every registered callback, in the order of registration, synchronously. Refuses re-entry.
 // Owns a shared reference to each callback. An action goes to the callbacks that were registered when its delivery
-// began, except those unregistered since.
+// began, except those unregistered during the delivery.
 class Dispatcher {
 public:
     bool IsDispatching() const { return m_isDispatching; }
@@ -34,7 +34,7 @@ public:
     // Ignores an unknown callback.
     void Unregister(const DispatcherCallback* callback);
     void UnregisterAll();
-    // A callback that throws ends the delivery; its error is thrown again with the callback's type name in front.
+    // A callback that throws ends the delivery. Its error is rethrown, prefixed with the callback's type name.
     void Dispatch(const Action& action);
 
 private:
@@ -44,10 +44,10 @@ private:
     bool m_isDispatching = false;
 };
 
-// The running dispatcher, created on first access. Keep the reference only for one call, which it keeps alive: the gate
-// discards the dispatcher.
+// The current dispatcher, created on first access. Do not store the reference: the gate discards the dispatcher. The
+// reference keeps it alive for the duration of one call.
 std::shared_ptr<Dispatcher> GetDispatcher();
-// Drops the running dispatcher and every registration. A delivery in progress ends after the current callback.
+// Drops the current dispatcher and every registration. A delivery in progress ends after the current callback.
 void DiscardDispatcher();
 
 }  // namespace quellbrook

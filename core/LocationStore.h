@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// Gives access to the storage locations, and keeps the location to select after a change. Construction loads the
+// Gives access to the storage locations and remembers the location to select after a change. The constructor loads the
 // location document.
 class LocationStore : public DispatcherCallback {
 public:

@@ -16,7 +16,7 @@ namespace {
 
 const char* const source = "Actions.ProcessTransaction";
 
-// Runs one step of the report on a finished transfer. A failure here does not change the transfer's outcome.
+// Runs one step of reporting a finished transfer. A failure here does not change the transfer's outcome.
 template <typename Step>
 void Attempt(Step step) {
     try {

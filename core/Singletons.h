@@ -5,10 +5,10 @@
 
 namespace quellbrook {
 
-// The module's global object, which the host reaches without creating it.
+// The module's global object. The host uses it without creating it.
 class Singletons {
 public:
-    // The access gate: whether the user may enter. Shows the reason to a user it refuses, unless the user left the
+    // The access gate: returns whether the user may enter. Shows a refused user the reason, unless the user left the
     // wizard. Drops the dispatcher and the stores of an earlier run. Call SetDialogParent first.
     bool InitializeQuellbrook();
     StorageLocationStatic& StorageLocation();

@@ -15,10 +15,10 @@ struct StoresRecord {
     bool Initialized = false;
 };
 
-// A copy of the stores record. The first call after the gate builds the four stores, in the order of the fields, and
-// registers each with the dispatcher.
+// A copy of the stores record. The first call after the gate creates the four stores in the order of the fields and
+// registers them with the dispatcher.
 StoresRecord GetStores();
-// The next GetStores builds new stores. Earlier references keep the old ones alive, which no longer receive actions.
+// The next GetStores creates new stores. Old references stay valid, but their stores no longer receive actions.
 void DiscardStores();
 
 }  // namespace quellbrook

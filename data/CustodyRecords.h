@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// One row of an item's chain of custody. Coded columns are looked up on demand and then cached.
+// One row of an item's chain of custody. Coded columns are looked up on demand and cached.
 class TrackingRecord : public Object {
 public:
     std::string TypeName() const override { return "TrackingRecord"; }

@@ -9,8 +9,8 @@
 
 namespace quellbrook {
 
-// Compact storage for many rows of one result: about the bytes of their values, compared with half a kilobyte for a
-// Row. At unpacks a row. Memory is allocated in blocks, so growing never copies rows.
+// Compact storage for many rows of one result: a row takes little more than the bytes of its values, while a Row takes
+// half a kilobyte. At unpacks a row. Memory is allocated in blocks, so growing never copies rows.
 class PackedRows {
 public:
     // All rows come from one result, so they share its columns. Error 13 for a value that is an object.

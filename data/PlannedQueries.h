@@ -8,8 +8,8 @@
 
 namespace quellbrook {
 
-// Keeps the planned queries of one kind for the database in use. The composing function sees nothing but the shape, and
-// shapes are compared by all of their members, so queries that differ never share a text.
+// Caches the planned queries of one kind for the database in use. The composing function sees only the shape, and all
+// members of a shape are compared, so different queries never share a text.
 template <typename Shape>
 class PlannedQueries {
 public:

@@ -7,7 +7,7 @@ namespace quellbrook {
 
 namespace {
 
-// Views the document.
+// The result views the document.
 std::string_view ChildText(const pugi::xml_node& node, const char* name) {
     const pugi::xml_node child = node.child(name);
     if (!child) Raise(ErrorNumber::NullObject, "StorageLocation.LoadFromXMLDOMNode");

@@ -19,7 +19,7 @@ using StorageLocationRef = std::shared_ptr<StorageLocation>;
 using StorageLocationList = std::vector<StorageLocationRef>;
 
 // A storage location: a snapshot of one row of StorageLocation, or one of the five roots, which represent the
-// categories and have no row. IsSame compares objects that may be of the same row. Always held by shared reference.
+// categories and have no row. IsSame compares two objects by row. Use it only through shared references.
 //
 // Move, CreateSubLocation, SetEnabled, Rename and Delete write to the database in one transaction and reload the
 // location document. They fail with Error 5 and a message for the custodian. If only the reload fails, what was written
@@ -52,7 +52,7 @@ public:
     bool IsRoot() const { return m_id == 0; }
     // The name is stored as given; a blank name is rejected.
     void Rename(const std::string& newName);
-    // Prints the location's label, even if the location is deleted. Error 5 with a message for a root and for any
+    // Prints the location's label, even if the location has been deleted. Error 5 with a message for a root or any
     // failure.
     void PrintBarcodeLabel() const;
     // Deletes this location and its sublocations, or nothing if one of them is in use.

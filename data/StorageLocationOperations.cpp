@@ -89,7 +89,7 @@ StorageLocationRef StorageLocation::CreateSubLocation(const std::string& name) {
     const DateTime moment = GetClock().Now();
     const LocationPath path = m_path.Append(m_id);
     const auto create = [&] {
-        Literal(name);  // rejects NUL, which would end the text in a row document
+        Literal(name);  // rejects NUL, which would truncate the text in a row document
         const auto row = MakeRow(name, m_type, path, moment);
         const int32_t newId = GetHostDatabase().InsertRow("StorageLocation", "IdNo", row->document_element());
         m_locationData.Reload();

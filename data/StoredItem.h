@@ -24,7 +24,7 @@ using CaseList = std::vector<std::shared_ptr<CaseInfo>>;
 using TrackingRecordList = std::vector<std::shared_ptr<TrackingRecord>>;
 
 // One piece of property or one vehicle: a snapshot of one search row. Data that is not in the row is fetched on demand.
-// Always held by shared reference.
+// Use it only through shared references.
 class StoredItem : public Object {
 public:
     std::string TypeName() const override { return "StoredItem"; }
@@ -44,16 +44,16 @@ public:
     const std::string& Model() const { return m_model; }
     const std::string& SerialNumber() const { return m_serialNumber; }
 
-    // Each incident and case number once, in first-seen order. Cached, also across Refresh. Secured incidents are left
-    // out for a user with neither of the host's rights to them.
+    // Each incident and case number once, in the order of their first appearance. Cached, also across Refresh. Omits
+    // secured incidents for a user with neither of the host's rights to them.
     const IncidentList& RelatedIncidents();
     const CaseList& RelatedCases();
     // The chain of custody, newest first (by DateReceived, then LastUpdated; ties in the engine's order). Each record's
     // Previous is the next older one. Not cached.
     TrackingRecordList TrackingRecords() const;
 
-    // The main attachment as a picture; nothing if there is none or its record is incomplete. Not cached. Throws the
-    // failures of the database, of the thumbnail reader and of the picture's file.
+    // The main attachment as a picture; empty if there is none or its record is incomplete. Not cached. Throws if the
+    // database, the thumbnail reader or reading the file fails.
     std::optional<Picture> Thumbnail() const;
 
     // Prints the item's evidence label. Error 5 with a message that names the item for any failure.

@@ -21,7 +21,7 @@ QueryExpression Part(const QueryExpression& column) {
     return Coalesce(Factory().Concat({column, TaggedValue(" ")}, 0), "");
 }
 
-// Each item with its current custody row, where it has one.
+// Each item with its current custody row, if it has one.
 QuerySource JoinCurrentCustody(const QuerySource& source, const QuerySource& items, const QuerySource& tracking,
                                const std::string& key) {
     return source.Join(tracking, LeftJoin)
@@ -108,7 +108,7 @@ QuerySource ChooseByRights(const SearchShape& shape, const QuerySource& property
     return shape.seesProperty ? property : vehicles;
 }
 
-// The query in its parts. Conditions added to the query of either kind also take effect in the whole.
+// The parts of the query. A condition added to the query of either kind also takes effect in the union.
 struct Composition {
     explicit Composition(const SearchShape& shape) : base(ChooseByRights(shape, property, vehicles)) {}
 
@@ -125,7 +125,7 @@ QueryCondition IsNumber(const QueryExpression& column, const SearchShape& shape)
     return shape.numberPattern ? column.Like(*shape.numberPattern) : IsKey(column);
 }
 
-// One criterion each
+// One function per criterion
 
 void FilterByLocation(Composition& query, const SearchShape& shape) {
     if (shape.inLocation)

@@ -12,7 +12,7 @@ namespace quellbrook {
 // The values that a search passes to its query when it runs.
 enum SearchParameter : size_t { LocationParameter, NumberParameter };
 
-// Everything else that a search asks for: two searches of equal shape differ in those values alone.
+// All other criteria of a search. Two searches of equal shape differ only in those values.
 struct SearchShape {
     bool inLocation = false;
     int32_t itemType = 0;                           // a StoredItemTypes value; 0 for any
@@ -28,7 +28,7 @@ struct SearchShape {
     auto operator<=>(const SearchShape&) const = default;
 };
 
-// The one query that brings property and vehicles under one list of columns: ItemType, ID, CategoryNo, CurrTrackSeq,
+// The query that returns property and vehicles with the same columns: ItemType, ID, CategoryNo, CurrTrackSeq,
 // StorageLocNo, DisplayID, Description, Quantity, Value, Make, Model, Serial, RecordTypeInd.
 QuerySource ComposeQuery(const SearchShape& shape);
 

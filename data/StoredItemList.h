@@ -6,7 +6,7 @@
 namespace quellbrook {
 
 // An ordered list of stored items with positions from 0: a search result or the batch. At and ItemAt return the same
-// object at every call as long as the caller keeps it alive.
+// object on every call while the caller keeps it alive.
 class StoredItemList : public ObjectList {
 public:
     virtual StoredItemRef ItemAt(int32_t index) const = 0;  // Error 9 outside the list

@@ -10,10 +10,10 @@
 
 namespace quellbrook {
 
-// What a search for stored items asks for. The description and the number are patterns in which "*" matches any run of
-// characters, except for the two primary key types.
+// The criteria of a search for stored items. In the description and the number, "*" matches any run of characters,
+// except in a number of one of the two primary key types.
 struct StoredItemCriteria {
-    StorageLocationRef location;  // itself, without its sublocations
+    StorageLocationRef location;  // only this location, without its sublocations
     int32_t itemType = 0;         // a StoredItemTypes value; 0 for any
     int32_t numberType = 0;       // a NumberSearchTypes value; 0 for none
     std::string number;

@@ -66,7 +66,7 @@ RowList QueryCases(const StoredItem& item) { return QueryRelated(item, Related::
 std::string KeyOf(const IncidentInfo& incident) { return "K" + std::to_string(incident.ID()); }
 std::string KeyOf(const CaseInfo& info) { return "K" + info.CaseNumber(); }
 
-// Each entry once, in first-seen order.
+// Each entry once, in the order of first appearance.
 template <typename Info>
 std::vector<std::shared_ptr<Info>> LoadDistinct(const RowList& rows) {
     KeyedCollection<std::shared_ptr<Info>> seen;

@@ -18,7 +18,7 @@ public:
         if (index < 0 || index >= Count()) Raise(ErrorNumber::SubscriptOutOfRange, "StoredItemList.ItemAt");
         const auto position = static_cast<size_t>(index);
         if (StoredItemRef held = m_items[position].lock()) return held;
-        // With make_shared, the weak reference would keep the memory of a released item.
+        // Not make_shared: the weak reference would then keep the memory of a released item allocated.
         StoredItemRef item(new StoredItem);
         item->LoadFromRow(m_rows.At(position));
         m_items[position] = item;

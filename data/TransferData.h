@@ -15,7 +15,7 @@ struct FinalDispositionData {
     std::string Notes;
 };
 
-// The details of one batch, each field empty or null until set.
+// The details of one batch. Each field is empty or null until set.
 class TransferData : public Object {
 public:
     std::string TypeName() const override { return "TransferData"; }

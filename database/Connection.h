@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// The type of a column, by its declaration.
+// The declared type of a column.
 enum class ColumnKind { Text, WholeNumber, Number, Boolean, Date };
 
 struct ColumnDescription {
@@ -18,7 +18,7 @@ struct ColumnDescription {
     ColumnKind kind;
 };
 
-// One connection to a database. Statements are Transact-SQL, which other engines rewrite. Every failure raises an Error
+// A connection to a database. Statements are Transact-SQL; other engines translate them. Every failure raises an Error
 // with the database's description and number. Any violated unique or foreign key constraint has the number
 // ErrorNumber::IntegrityViolation.
 class Connection {
@@ -44,7 +44,7 @@ public:
     virtual void Commit() = 0;
     virtual void Rollback() noexcept = 0;
 
-    // Whether the connection can be used again.
+    // Whether the connection is still usable.
     virtual bool IsHealthy() = 0;
     // Rolls back an open transaction and drops temporary tables.
     virtual void Reset() = 0;

@@ -7,8 +7,8 @@
 
 namespace quellbrook {
 
-// Keeps idle connections of one engine for reuse. A returned connection is reset, or closed where that fails, so that
-// no transaction, lock or temporary table outlives a lease. Not thread-safe.
+// Keeps idle connections of one engine for reuse. A returned connection is reset, or closed if that fails, so no
+// transaction, lock or temporary table outlives a lease. Not thread-safe.
 class ConnectionPool {
 public:
     explicit ConnectionPool(std::shared_ptr<Engine> engine);

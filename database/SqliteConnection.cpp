@@ -19,7 +19,7 @@ namespace {
 const char* const executeSource = "SqliteConnection.Execute";
 const char* const querySource = "SqliteConnection.Query";
 
-// Recursive triggers make the triggers on deletion run for rows that REPLACE removes, too.
+// Recursive triggers make delete triggers run also for rows that REPLACE removes.
 const char* const settings =
     "PRAGMA journal_mode = WAL;"
     "PRAGMA synchronous = FULL;"
@@ -39,7 +39,7 @@ std::unique_ptr<SQLite::Database> OpenDatabase(const std::string& path, int busy
     }
 }
 
-// A statement of a normalized text has some of its values, by their numbers.
+// One statement of a normalized text uses only some of the values, by their numbers.
 void BindValues(SqliteStatement& statement, const sql::NormalizedStatement& normalized) {
     const size_t count = std::min(normalized.values.size(), static_cast<size_t>(statement.ParameterCount()));
     for (size_t i = 0; i < count; ++i)

@@ -17,7 +17,7 @@ class Database;
 namespace quellbrook {
 
 // A connection to a SQLite file with a write-ahead log, full synchronization and foreign keys. Statements are rewritten
-// from Transact-SQL. Queries, and the changing statements of batches, stay prepared.
+// from Transact-SQL. Queries and the data-changing statements of batches stay prepared.
 class SqliteConnection : public Connection {
 public:
     SqliteConnection(const std::string& path, int busyMilliseconds);

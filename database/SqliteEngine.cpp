@@ -43,7 +43,7 @@ Dialect DialectOf(SqliteConnection& connection) {
     const Names names = NamesInSchema(connection);
     Dialect dialect;
     dialect.concatenation = "||";
-    dialect.equalsLikeLike = true;  // every text column of the schema collates NOCASE
+    dialect.equalsLikeLike = true;  // all text columns of the schema use NOCASE
     dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
     dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
     dialect.itemsAreDistinct = StatesThatItemsAreDistinct(connection, names);

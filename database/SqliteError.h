@@ -11,8 +11,8 @@ namespace quellbrook {
 // unique or foreign key constraint, otherwise SQLite's extended code.
 [[noreturn]] void RaiseSqliteError(sqlite3* database, std::string_view source);
 
-// Raises ErrorNumber::General with a message that explains why a database could not be opened. The code is an extended
-// one.
+// Raises ErrorNumber::General with a message that explains why a database could not be opened, given SQLite's extended
+// code.
 [[noreturn]] void RaiseOpenFailure(const std::string& path, int code, std::string_view words);
 
 // False after a failure that may have broken the connection.

@@ -38,8 +38,8 @@ int32_t NumberAt(const Header& header, size_t offset) {
     return static_cast<int32_t>(number);
 }
 
-// Reads through SQLite's own file handle. Closing another handle would release the locks of every connection of this
-// process to the file.
+// Reads through SQLite's own file handle. Closing another handle would release all locks that this process has on the
+// file.
 Header ReadHeader(const std::string& path) {
     try {
         const SQLite::Database database(path, SQLite::OPEN_READONLY);
@@ -86,7 +86,7 @@ void CheckPages(SQLite::Database& database, const std::string& path) {
     if (answer != "ok") RaiseOpenFailure(path, SQLITE_CORRUPT, answer);
 }
 
-// A checkpoint at the close of the last connection would write to the file.
+// Otherwise closing the last connection would run a checkpoint, which writes to the file.
 void AllowCheckpoint(SQLite::Database& database, bool allowed) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, allowed ? 0 : 1, nullptr);
 }

@@ -17,7 +17,7 @@ namespace quellbrook {
 // One prepared statement of a connection, which must outlive it. Describes its columns once, not for every row.
 class SqliteStatement {
 public:
-    // The source is the operation named in errors.
+    // `source` is the operation that errors name.
     SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source);
 
     // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises
@@ -33,7 +33,7 @@ public:
     bool Step(std::string_view source);
     // Ends the run and clears the parameters.
     void Reset() noexcept;
-    // Steps to the end, ignoring rows, and resets.
+    // Runs to the end, ignoring rows, and resets.
     void Run(std::string_view source);
 
     // An empty row with the columns of this statement. Call it after the first Step.

@@ -10,20 +10,20 @@
 
 namespace quellbrook {
 
-// The prepared statements that one connection keeps: its latest queries by their text, and the changing statements of
-// its latest batches by their normalized text.
+// The prepared statements of one connection: its latest queries by their text, and the data-changing statements of its
+// latest batches by their normalized text.
 class StatementCache {
 public:
     // The database must outlive this object.
     explicit StatementCache(sqlite3* database) : m_database(database) {}
 
-    // A prepared query, which the cache gives up. Keep it after a run without failure.
+    // A prepared query, removed from the cache. Return it with Keep after a successful run.
     std::unique_ptr<SqliteStatement> TakeQuery(const std::string& text);
     void KeepQuery(const std::string& text, std::unique_ptr<SqliteStatement> query);
 
-    // The statements of a normalized text; empty where it cannot be prepared.
+    // The statements of a normalized text; empty if it cannot be prepared.
     std::vector<SqliteStatement>& ForBatch(const std::string& normalizedText);
-    // Bounds the number of statements that are kept for batches.
+    // Limits the number of statements that are kept for batches.
     void EndBatch() noexcept;
 
 private:

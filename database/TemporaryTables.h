@@ -8,8 +8,8 @@ struct sqlite3;
 namespace quellbrook {
 
 // The temporary tables of one connection. Each change of the temporary schema makes SQLite prepare all statements
-// again, which is half the time of a small batch. Inside a transaction a dropped table is therefore only emptied and
-// set aside, and the next CREATE with the same text reuses it.
+// again, which takes half the time of a small batch. Inside a transaction, a dropped table is therefore only emptied
+// and kept, and the next CREATE with the same text reuses it.
 class TemporaryTables {
 public:
     // The database must outlive this object.
@@ -19,17 +19,17 @@ public:
     void Create(const std::string& statement);
     void Drop(const std::string& statement);
 
-    // Follow the connection's transaction. Rollback restores what Begin found.
+    // Call these with the connection's transaction. Rollback restores the state at Begin.
     void Begin() { m_beforeBatch = m_tables; }
     void Rollback() noexcept { m_tables.swap(m_beforeBatch); }
 
-    // Drops the tables that are in use. Those set aside stay.
+    // Drops the tables that are in use, but not those kept for reuse.
     void DropTablesInUse();
 
 private:
     struct Table {
         std::string creation;
-        bool isInUse;  // otherwise empty and set aside
+        bool isInUse;  // otherwise empty and kept for reuse
     };
     using Tables = std::map<std::string, Table>;  // by quoted name
 

@@ -22,7 +22,7 @@ struct CodeEntry {
     std::string text;
 };
 
-// Display texts of coded columns. Both lookups return NULL for a NULL or unknown code. Officers are named as in
+// Display texts of coded columns. Both lookups return NULL for a NULL or unknown code. Officers have the names of
 // PersonDirectory.
 class CodeTableLookup {
 public:

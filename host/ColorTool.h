@@ -8,7 +8,7 @@ namespace quellbrook {
 class ColorTool {
 public:
     static ColorTool FromColor(int32_t color);
-    // Mixes with white by the factor: 0 changes nothing, 1 gives white, -1 black. Each channel is rounded to nearest.
+    // Mixes the color with white by the factor: 0 returns it unchanged, 1 white, -1 black. Rounds each channel.
     ColorTool Shade(float factor) const;
     int32_t ToColor() const;
 

@@ -19,7 +19,7 @@ bool IsPassword(const std::string& password, const std::string& hash) {
     return crypto_pwhash_str_verify(hash.c_str(), password.c_str(), password.size()) == 0;
 }
 
-// Checked if there is no account, so that an unknown name takes as long as a wrong password.
+// Checked for an unknown name, so that it takes as long as a wrong password.
 const std::string& HashForUnknownUser() {
     static const std::string hash = HashPassword("");
     return hash;

@@ -26,7 +26,7 @@ ColumnKind KindOf(const std::vector<ColumnDescription>& columns, const std::stri
     return found == columns.end() ? ColumnKind::Text : found->kind;
 }
 
-// A row document has only texts; the column decides the type.
+// A row document contains only texts; the column determines the type.
 TaggedValue ValueFor(const std::string& text, ColumnKind kind) {
     switch (kind) {
     case ColumnKind::Boolean: return ToBool(text);

@@ -13,12 +13,12 @@ class xml_node;
 
 namespace quellbrook {
 
-// The host's database. Instances hold no state; all of them use the pool of HostServices. No connection is kept across
-// calls. Failures carry the database's description and number; ErrorNumber::IntegrityViolation means a violated
-// unique or foreign key constraint.
+// The host's database. Instances have no state; all of them use the pool of HostServices. No connection is kept across
+// calls. Errors have the database's description and number; ErrorNumber::IntegrityViolation means a violated unique or
+// foreign key constraint.
 class HostDatabase {
 public:
-    // All rows of a SELECT in the database's order. These take one value for each "?" in order.
+    // All rows of a SELECT in the database's order. The query functions take one value for each "?" in order.
     RowList QueryRows(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     // The first row, or nothing.
     std::optional<Row> QueryRow(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
@@ -26,8 +26,8 @@ public:
     void ForEachRow(const std::string& sql, const std::function<bool(const Row&)>& receiver,
                     const std::vector<TaggedValue>& parameters = {});
 
-    // First column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL without a
-    // row.
+    // The first column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL if
+    // there is no row.
     TaggedValue LookupValue(const std::string& table, const std::string& expression,
                             const std::vector<std::string>& conditions);
 
@@ -37,7 +37,7 @@ public:
     // All statements in order, on one connection, in one transaction. A failure rolls all of them back.
     void ExecuteBatch(const std::vector<std::string>& statements);
 
-    // Inserts the children of the row document that carry isPersistable; returns the identity assigned to keyColumn.
+    // Inserts the row document's children that have isPersistable; returns the identity assigned to keyColumn.
     int32_t InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row);
 
     // Finished SQL literals. Error 5 for a text that contains NUL.
@@ -45,7 +45,7 @@ public:
     // For the right side of LIKE: "*" matches any run of characters, all others match themselves. If the text contains
     // a special character of LIKE, an ESCAPE clause follows the literal.
     std::string PrepareLike(const std::string& pattern) const;
-    // Text as DateTime::ToText gives it; Error 13 for any other.
+    // For a text in the format of DateTime::ToText; Error 13 for any other text.
     std::string PrepareDate(const std::string& text) const;
 };
 

@@ -15,7 +15,7 @@ namespace quellbrook {
 
 // All rows of the table StorageLocation as one XML document: a child StorageLocation of the document element for each
 // row, with a child for each column that is not NULL, named after the column. Siblings are ordered by Name, then IdNo.
-// The index returns what XPath would, in document order, without a search.
+// The index returns the same nodes as XPath, in document order, without a search.
 class LocationDocument {
 public:
     explicit LocationDocument(std::unique_ptr<pugi::xml_document> document);
@@ -34,14 +34,14 @@ private:
 
     std::unique_ptr<pugi::xml_document> m_document;
     std::unordered_map<int32_t, pugi::xml_node> m_byId;
-    // Keys view the text of the document.
+    // The keys view the document's text.
     std::unordered_map<std::pair<std::string_view, int32_t>, std::vector<pugi::xml_node>, PlaceHash> m_byPlace;
 };
 
 // The one cached location document of the process. All instances share it; it changes only on Reload.
 class HostLocationData {
 public:
-    // Loads on first use. The reference stays valid while the caller keeps it, also across a Reload.
+    // Loads on first use. A Reload does not change a document that a caller still refers to.
     std::shared_ptr<const LocationDocument> GetDocument();
     // Reads the table again. Always empty.
     TaggedValue Reload();

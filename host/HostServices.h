@@ -20,8 +20,8 @@ struct HostFormats {
     std::string time = "h:mm AP";
 };
 
-// What the host provides before it starts the module: its database, session, formats and files, and this workstation's
-// label printer. One per process.
+// The services that the host provides before it starts the module: its database, session, formats and files, and this
+// workstation's label printer. One per process.
 class HostServices {
 public:
     static HostServices& Current();
@@ -40,7 +40,7 @@ public:
     HostSession& Session();
 
     void SetFiles(std::shared_ptr<HostFiles> files);
-    // Error 5 with a sentence while none are set, as in the next two.
+    // These raise Error 5 with a sentence while the service is not set.
     HostFiles& Files();
 
     void SetThumbnails(std::shared_ptr<ThumbnailReader> thumbnails);

@@ -16,7 +16,7 @@ public:
 
 class DateTextFormat {
 public:
-    // The text that InsertRow accepts for a date. The mode is always 32.
+    // The date in the format that InsertRow accepts. The mode is always 32.
     static std::string ToText(DateTime date, int mode);
 };
 

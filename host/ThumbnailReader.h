@@ -10,7 +10,7 @@ class ThumbnailReader {
 public:
     virtual ~ThumbnailReader() = default;
 
-    // The name of a picture file, given the full name of the attachment's file. Error 5 with a sentence if there is
+    // The name of the picture file for the full name of an attachment's file. Error 5 with a sentence if there is
     // none.
     virtual std::string Read(const std::string& path) = 0;
 };

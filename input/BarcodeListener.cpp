@@ -12,7 +12,7 @@ constexpr uint32_t AltKey = 18;
 constexpr double RestPeriod = 0.1;  // seconds
 constexpr int HandOverDelay = 1;    // milliseconds
 
-// 32 bits, as the rest period needs: late in the day, in steps of about 8 milliseconds.
+// 32 bits, as the rest period requires: late in the day, the resolution is about 8 milliseconds.
 float SecondsSinceMidnight() {
     const DateTime::Parts now = GetClock().Now().ToParts();
     const int milliseconds = ((now.hour * 60 + now.minute) * 60 + now.second) * 1000 + now.millisecond;
@@ -72,7 +72,7 @@ void BarcodeListener::OnKeyDown(KeyMessage& message) const {
     if (SecondsSinceMidnight() - m_lastScanEnd < RestPeriod) Cancel(message);
 }
 
-// The release of Alt passes, so that the host's menu bar receives it.
+// Let the release of Alt through, since the host's menu bar needs it.
 void BarcodeListener::OnKeyUp(KeyMessage& message) const {
     if (m_isScanning && message.wParam != AltKey && Holds(m_surroundings.isListening)) Cancel(message);
 }

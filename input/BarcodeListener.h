@@ -26,7 +26,7 @@ inline constexpr int32_t Unknown = 0, Location = 1, Property = 2, Vehicle = 3;
 // wait for a later scan.
 class BarcodeListener {
 public:
-    // What the listener asks of its control. A function that throws counts as false.
+    // The state of the listener's control. A function that throws counts as false.
     struct Surroundings {
         std::function<bool()> isListening;     // it and its view are visible, and it is enabled
         std::function<bool()> isWindowActive;  // its window is the active one

@@ -16,7 +16,7 @@ constexpr double Ascent = 0.95, Line = 1.25;  // of a line, in sizes of its font
 constexpr double DefaultFontPixels = 16;
 constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimeters
 
-// Whether the value starts like a scan.
+// Whether the value starts with STX, as a barcode does.
 bool IsBarcode(const std::string& value) { return value.starts_with('\x02'); }
 
 double NumberOf(const pugi::xml_node& element, const char* attribute, const std::string& name) {

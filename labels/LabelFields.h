@@ -12,7 +12,7 @@
 
 namespace quellbrook {
 
-// The fields of a drawing: finds their positions and removes their elements from the drawing.
+// Finds the positions of a drawing's fields and removes their elements from the drawing.
 class LabelFields {
 public:
     LabelFields(pugi::xml_node root, const LabelSheet& sheet);

@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// The sheet of a template: its size, and the conversion from units of the drawing.
+// The sheet of a template: its size and the conversion from the drawing's units.
 class LabelSheet {
 public:
     // Raises error 5 if the drawing has no size or one that is out of range.

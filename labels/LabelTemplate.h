@@ -11,10 +11,10 @@
 
 namespace quellbrook {
 
-// A label template: an SVG drawing with the width and height of the label. An element whose id is the name of a field
-// shows that field: a text is replaced by the field's text, a rectangle by the symbol of a barcode. A rectangle whose
-// id is the name followed by "_box" bounds the field's text; without one the text has one line, from the position of
-// the template's text to the edge of the label. Fields can be rotated by multiples of 90 degrees.
+// A label template: an SVG drawing with the width and height of the label. An element with the id "name" shows the
+// field "name": a text element is replaced by the field's text, a rectangle by a barcode symbol. A rectangle with the
+// id "name_box" bounds the field's text; without one, the text has one line, from the position of the template's text
+// to the edge of the label. Fields can be rotated by multiples of 90 degrees.
 class LabelTemplate {
 public:
     using Fields = std::vector<std::pair<std::string, std::string>>;  // name and value
@@ -22,9 +22,9 @@ public:
     // Raises error 5 if the text is not well-formed, is not SVG, or has no size from 5 to 1000 mm.
     explicit LabelTemplate(const std::string& text);
 
-    // The label with these fields; a field that the template lacks is left out. Raises error 5 for a barcode without a
-    // rectangle, a repeated id, an element that is neither a text nor a rectangle, a position outside the label,
-    // another rotation, and a template with none of the fields.
+    // Fills in these fields and omits those that the template does not have. Raises error 5 for a barcode without a
+    // rectangle, a duplicate id, an element that is neither a text nor a rectangle, a position outside the label, any
+    // other rotation, or a template with none of the fields.
     FilledLabel Fill(const Fields& fields) const;
 
 private:

@@ -32,7 +32,7 @@ std::optional<double> ParseNumber(std::string_view text);
 // The numbers of a list separated by blanks and commas; nothing if one is invalid.
 std::optional<std::vector<double>> ParseNumbers(std::string_view text);
 
-// Without the blanks, tabs and line ends around it.
+// Removes leading and trailing blanks, tabs and line ends.
 std::string_view TrimBlanks(std::string_view text);
 
 // "rect" for svg:rect.

@@ -8,8 +8,8 @@
 
 namespace quellbrook::svg {
 
-// How the elements of a drawing are painted. Properties come from an element's style, from the drawing's style elements
-// and from the attribute of that name, in this order; an unset property is empty.
+// The presentation properties of a drawing's elements. A property is looked up in the element's style, the drawing's
+// style elements and the attribute of the same name, in this order; an unset property is empty.
 
 // The value set by the element itself, in its style or attribute.
 std::string_view OwnProperty(const pugi::xml_node& element, std::string_view name);
@@ -20,7 +20,7 @@ class StyleSheet {
 public:
     explicit StyleSheet(const pugi::xml_node& root);
 
-    // The value that applies to the element: its own or that of the nearest ancestor with one. Valid as long as the
+    // The value that applies to the element: its own or that of the nearest ancestor with one. The result views the
     // sheet and the document.
     std::string_view InheritedProperty(const pugi::xml_node& element, std::string_view name) const;
 

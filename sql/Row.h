@@ -34,7 +34,7 @@ private:
     std::unordered_map<std::string, int, NoCaseHash, NoCaseEqual> m_positions;
 };
 
-// One row of a result: its values by column name. Value objects; the names are shared, not copied.
+// One row of a result: its values by column name. A value type; copies share the names.
 class Row {
 public:
     Row(std::shared_ptr<const ColumnSet> columns, std::vector<TaggedValue> values)

@@ -39,8 +39,8 @@ BEGIN
     SELECT RAISE(ABORT, '{container gone}');
 END)sql";
 
-// A move writes the descendants first. The container of such a row is still where the row was, or has just been
-// written.
+// A move writes the descendants first. When such a row is written, its container is still at the old location or has
+// just been written.
 const char* const locationUpdateGuard = R"sql(
 CREATE TRIGGER StorageLocationUpdateGuard BEFORE UPDATE OF Path, Type ON StorageLocation
 WHEN (NEW.Path <> OLD.Path OR NEW.Type <> OLD.Type) AND NEW.Path <> '/0/' AND NOT EXISTS (

@@ -8,18 +8,18 @@ namespace quellbrook {
 
 // The reference schema of the host's tables, as SQLite statements.
 //
-// Dates are texts in the format of DateTime::ToText, booleans are 0 and 1. Comparing texts that are searched or unique
-// ignores the case of ASCII letters. The database assigns the keys of StorageLocation, Property, Vehicle and Incident
-// from 1 on, and never reuses one.
+// Dates are texts in the format of DateTime::ToText, booleans are 0 and 1. Text columns that are searched or unique
+// ignore the case of ASCII letters. The database assigns the keys of StorageLocation, Property, Vehicle and Incident,
+// starting at 1, and never reuses one.
 //
 // Triggers and constraints of the schema ensure that:
 // - Custody rows are never changed or deleted.
-// - The container of a location exists and has the same category. A move takes all sublocations along. A location with
-//   sublocations cannot be deleted alone. (StorageLocation.ContainerNo is computed from Path.)
+// - The container of a location exists and has the same category. A move includes all sublocations. A location that has
+//   sublocations cannot be deleted without them. (StorageLocation.ContainerNo is computed from Path.)
 // - CurrentPlace lists every item at the location of its current custody row. Manual changes may leave extra rows, but
 //   no row is ever missing; readers check the custody row.
 // - PropertyDescription is the trigram index on Property.Description.
-// - SchemaFact names what queries may rely on.
+// - SchemaFact lists the guarantees that queries may rely on.
 
 // Every database file has these in its header, as SQLite's application_id ("QBK1") and user_version.
 inline constexpr int32_t DatabaseApplicationId = 0x51424B31;
@@ -35,7 +35,7 @@ struct SchemaScript {
 const std::vector<SchemaScript>& SqliteSchemaScripts();
 
 // The row of SchemaFact which states that an item has one row in its table and in its view, and at most one current
-// custody row. Whoever replaces vwVehicleDisplayInfo by a view that repeats vehicles must delete the row.
+// custody row. If you replace vwVehicleDisplayInfo with a view that repeats vehicles, delete this row.
 inline constexpr const char* ItemsAreDistinctFact = "ItemsAreDistinct";
 
 // The triggers that maintain CurrentPlace, and those that maintain PropertyDescription. If one of them is missing, the

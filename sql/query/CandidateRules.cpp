@@ -109,7 +109,7 @@ const PatternTest* DescriptionTestOf(const ConditionRef& condition, const Source
     return test;
 }
 
-// Whether an index finds so few rows by this condition that a list of candidates would only add cost.
+// Whether an index on this condition finds few enough rows that a list of candidates would only add cost.
 bool IsNarrow(const ConditionRef& condition) {
     if (std::holds_alternative<Membership>(condition->content)) return true;
     if (const auto* pattern = std::get_if<PatternTest>(&condition->content))

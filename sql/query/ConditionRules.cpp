@@ -12,8 +12,8 @@ namespace {
 
 using ColumnPosition = std::function<std::optional<size_t>(const ColumnReference&)>;
 
-// Whether the condition has the same meaning for an arm's expressions as for the columns of a union, which may convert
-// and collate them by the rules of the first arm.
+// Whether the condition means the same for an arm's expressions as for the columns of the union, which may convert and
+// collate them by the rules of the first arm.
 bool MeansTheSameInArm(const ConditionRef& condition) {
     const auto* comparison = std::get_if<Comparison>(&condition->content);
     if (!comparison) return true;
@@ -23,7 +23,7 @@ bool MeansTheSameInArm(const ConditionRef& condition) {
     return isPlain(comparison->left) && isPlain(comparison->right);
 }
 
-// The query with the condition in each of its arms, or null if an arm cannot take it.
+// The query with the condition added to each of its arms, or null if this is not possible for one of them.
 SourceRef WithCondition(const SourceRef& query, const ConditionRef& condition, const ColumnPosition& position) {
     if (const auto* all = std::get_if<UnionOfQueries>(&query->content)) {
         UnionOfQueries changed;

@@ -104,7 +104,7 @@ bool IsPairOfTables(const SourceRef& source) {
            std::holds_alternative<TableSource>(pair->right->content);
 }
 
-// SELECT the link's key FROM the pair, the table that the criteria test first.
+// SELECT the link's key FROM the pair, starting with the table that the criteria test.
 SourceRef ListOfLinked(const JoinSource& pair, const ExpressionRef& key, const std::vector<ConditionRef>& criteria) {
     const auto tests = [&](const SourceRef& table) {
         return std::any_of(criteria.begin(), criteria.end(),

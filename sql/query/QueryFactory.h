@@ -92,7 +92,7 @@ private:
     int32_t m_kind;
 };
 
-// A SELECT text with "?" markers. It can be planned once and run with different values.
+// A SELECT text with "?" markers, planned once and run with different values.
 struct ParameterizedQuery {
     std::string text;
     std::vector<size_t> markers;  // the number of the parameter behind each marker, in order

@@ -6,7 +6,7 @@
 namespace quellbrook::sql {
 
 // Returns a query with the same rows that can use indexes. A query with a left join returns each distinct row once, as
-// a union does. A rule leaves unchanged what it is not sure of. The given query is not changed.
+// a union does. A rule skips any part that it cannot analyze. The given query is not changed.
 //
 // The rules, one function each, in order:
 //   PushConditionsIntoArms     a condition on a derived table moves into each arm, in terms of the arm's columns

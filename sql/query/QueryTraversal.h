@@ -8,7 +8,7 @@
 
 namespace quellbrook::sql {
 
-// Queries on a tree, and changed copies of it.
+// Functions that inspect a query tree or copy it with changes.
 
 using ColumnVisitor = std::function<void(const ColumnReference&)>;
 void ForEachColumn(const ExpressionRef& expression, const ColumnVisitor& visit);

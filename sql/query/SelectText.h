@@ -8,7 +8,7 @@
 namespace quellbrook::sql {
 
 // The result columns in the raw text of a select list: "1 AS Quantity, NULL AS Value" is two columns, "*" is the star.
-// An entry without a plain name after AS is kept whole and has no name, unless it is a plain column name.
+// An entry without a plain name after AS is kept unchanged and unnamed, unless it is a plain column name.
 std::vector<ResultColumn> ParseSelectText(std::string_view text);
 
 }  // namespace quellbrook::sql

@@ -46,7 +46,7 @@ bool NormalizeStatement(std::string_view source, NormalizedStatement& result) {
     bool followsMarker = false;
     for (Token token{}; lexer.Next(token); previous = token) {
         if (token.Is(TokenKind::Marker) || IsAnyOf(token, {"CREATE", "DROP"})) return false;
-        // Digits or letters that follow a marker must not become part of it.
+        // Keep digits or letters that follow a marker separate from it.
         if (followsMarker && copied == token.text.data() && !token.Is(TokenKind::Sign)) result.text += ' ';
         followsMarker = !KeepsLiteral(previous) && (token.Is(TokenKind::Text) || IsWholeNumber(token));
         if (!followsMarker) continue;

@@ -33,7 +33,7 @@ constexpr std::array<Class, 256> MakeClasses() {
 constexpr std::array<Class, 256> classes = MakeClasses();
 
 Class ClassOf(char c) { return classes[static_cast<unsigned char>(c)]; }
-// What must not follow a word or a number, so that no engine reads them as one token.
+// Characters that must not follow a word or a number, because an engine might read both as one token.
 bool ContinuesName(char c) { return ClassOf(c) == Class::Prefix || c == '$'; }
 
 }  // namespace

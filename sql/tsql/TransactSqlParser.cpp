@@ -10,8 +10,8 @@ namespace {
 
 constexpr size_t deepestNesting = 30;
 
-// Words that SQLite or the grammar reserve, and those of Transact-SQL that an error message should quote. None of them
-// is a name.
+// Words that SQLite or the grammar reserve, and those of Transact-SQL that an error message should quote. They are not
+// accepted as names.
 constexpr std::string_view reservedWords =
     " ADD ALL ALTER AND ANY APPLY AS ASC AUTOINCREMENT BEGIN BETWEEN BY CASE CAST CHECK COLLATE COMMIT CONSTRAINT "
     "CONVERT CREATE CROSS CURRENT_DATE CURRENT_TIME CURRENT_TIMESTAMP DECLARE DEFAULT DEFERRABLE DELETE DESC DISTINCT "

@@ -9,7 +9,7 @@ namespace quellbrook::sql {
 
 enum class StatementKind { Declaration, Assignment, Creation, Removal, Query, Change };
 
-// What a statement does. The numbers are positions of tokens.
+// The kind and the significant parts of a statement. The numbers are positions of tokens.
 struct ParsedStatement {
     StatementKind kind = StatementKind::Query;
     size_t subject = 0;   // the variable, or the table that is created, dropped or changed; 0 for a query
@@ -17,8 +17,8 @@ struct ParsedStatement {
     size_t grouping = 0;  // in an assignment, its GROUP
 };
 
-// Reads one statement by the grammar in TransactSqlRewriter.h. tokens: not empty. Raises ErrorNumber::General, with the
-// first token that does not fit, where the statement leaves the grammar.
+// Parses one statement by the grammar in TransactSqlRewriter.h. tokens must not be empty. Raises ErrorNumber::General,
+// naming the first token that does not fit, if the statement does not match the grammar.
 ParsedStatement ParseStatement(std::span<const Token> tokens);
 
 }  // namespace quellbrook::sql

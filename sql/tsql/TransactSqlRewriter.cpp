@@ -50,7 +50,7 @@ private:
         if (found == m_variables.end() || found->second.isSet) RefuseTransactSql(target.text);
         for (const Token& token : tokens)
             if (token.text == "?") RefuseTransactSql(token.text);
-        // Without the grouping, MAX of no rows is NULL all the same, and SQLite reads it straight from an index.
+        // MAX of no rows is NULL with or without the grouping. Without it, SQLite reads the value from an index.
         const Tokens select = tokens.subspan(parsed.subject + 2, parsed.grouping - parsed.subject - 2);
         Variable& variable = found->second;
         variable.replacement = "(SELECT " + Write(select, parsed) + ")";

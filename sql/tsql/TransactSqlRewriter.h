@@ -45,14 +45,14 @@ namespace quellbrook::sql {
 //   name       = letters, digits and "_", but no reserved word; temporary = "#" and such a word; variable = "@" and
 //                such a word; literal = [ N ] text within single quotes, doubled inside; marker = "?" [ digits ]
 //
-// A declare and an assign produce no statement. Where the variable is used later, its SELECT is inserted as a scalar
-// sub-select, without the grouping, or NULL where it was never set. So that this means the same, each variable is
-// declared and set once, and used only in the first statement after its assign that is not itself a declare or an
-// assign; that statement must not change the table that the SELECT reads.
+// A declare or assign produces no statement. Each later use of the variable is replaced by its SELECT as a scalar
+// subquery, without the grouping, or by NULL if it was never set. To preserve the meaning, each variable must be
+// declared and set once, and used only in the first statement after its assign that is not a declare or an assign. That
+// statement must not change the table that the SELECT reads.
 //
-// "||" joins texts. A pattern has no "[" that is not escaped. Brackets nest 30 deep. Names of temporary tables are
-// quoted, N'...' becomes '...', and everything else stays as it is. What leaves the grammar is refused with
-// ErrorNumber::General and a message that quotes the first token that does not fit.
+// "||" joins texts. Every "[" in a pattern must be escaped. Parentheses nest at most 30 deep. Names of temporary tables
+// are quoted, N'...' becomes '...', and everything else stays unchanged. Text outside the grammar raises
+// ErrorNumber::General with a message that quotes the first token that does not fit.
 
 struct RewrittenStatement {
     StatementKind kind;  // not Declaration or Assignment
