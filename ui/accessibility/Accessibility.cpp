@@ -30,7 +30,7 @@ public:
 
     QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
 
-    // Queued: the assistive tool waits for the end of this call, and a click may open a dialog.
+    // Queued, because a click may open a dialog while the assistive tool waits for this call to return.
     void doAction(const QString& name) override {
         if (name == pressAction())
             QMetaObject::invokeMethod(

@@ -2,7 +2,7 @@
 
 namespace quellbrook {
 
-// Gives the controls their roles and press actions in the accessibility tree. Further calls have no effect.
+// Sets up the roles and press actions of the controls in the accessibility tree. Further calls have no effect.
 void InstallAccessibility();
 
 }  // namespace quellbrook

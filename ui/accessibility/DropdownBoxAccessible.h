@@ -6,8 +6,8 @@ class QComboBox;
 
 namespace quellbrook {
 
-// A dropdown named after its field, with the choice as its value and its list as its only child. Qt's own interface
-// returns the choice as the name.
+// A dropdown named after its field, with the choice as its value and its list as its only child. Qt's interface would
+// return the choice as the name.
 class DropdownBoxAccessible : public QAccessibleWidget {
 public:
     explicit DropdownBoxAccessible(QComboBox* box);

@@ -8,8 +8,8 @@ class QTabBar;
 
 namespace quellbrook {
 
-// A list of tabs, each with its caption, its state and a press action. Unlike Qt's own interface it reports which tab
-// is selected, reports the focus only when the bar has it, and lists no scroll buttons.
+// A list of tabs, each with its caption, state and press action. Unlike Qt's interface, it reports which tab is
+// selected, reports the focus only when the bar has it, and does not list scroll buttons.
 class TabBarAccessible : public QAccessibleWidget {
 public:
     explicit TabBarAccessible(QTabBar* bar);

@@ -16,7 +16,7 @@ QRect OnScreen(const QWidget& window) {
     return window.isWindow() ? window.frameGeometry() : QRect(window.mapToGlobal(QPoint()), window.size());
 }
 
-// Centered over the parent; moved only if it would otherwise leave both the parent and the screen.
+// Centers over the parent. Moves only if the form would otherwise extend outside both the parent and the screen.
 QPoint PlaceOver(const QWidget& parent, const QSize& form) {
     const QRect over = OnScreen(parent);
     const QPoint centered(over.left() + over.width() / 2 - form.width() / 2,
@@ -41,8 +41,8 @@ TaggedValue Dialogs::ShowForm(ModuleForm& form) {
     QWidget* parent = GetParent();
     if (!parent) Raise(ErrorNumber::NullObject, "Dialogs.ShowForm", "No dialog parent has been set.");
     form.setWindowModality(Qt::ApplicationModal);
-    // Once before SetOwner creates the native window: for a window that is moved between its creation and its first
-    // show, the window manager may report the corner of the screen. Then again for the frame, if there is one.
+    // First before SetOwner creates the native window: if a window is moved between its creation and its first show,
+    // the window manager may report the corner of the screen. Then again to account for a frame.
     const auto place = [&] { form.move(PlaceOver(*parent, form.frameGeometry().size())); };
     place();
     SetOwner(form, parent);

@@ -10,7 +10,7 @@
 
 namespace quellbrook {
 
-// A window of the host as an Object. Does not own it.
+// Wraps a window of the host as an Object. Does not own the window.
 class WindowReference : public Object {
 public:
     explicit WindowReference(QWidget* window) : m_window(window) {}
@@ -30,7 +30,7 @@ public:
     explicit ModuleForm(QWidget* parent = nullptr);
     ~ModuleForm() override;
 
-    // Runs OnLoad at the first call.
+    // Runs OnLoad on the first call.
     void EnsureLoaded();
     static int Count();
 

@@ -11,14 +11,14 @@ namespace quellbrook {
 
 namespace {
 
-// Calls since the last message, and the nesting depth of the current one. Nothing else resets the count, so the message
-// also appears after enough calls that are not a loop.
+// The number of calls since the last message, and the nesting depth of the current call. Only the message resets the
+// count, so it also appears after enough calls that are not a loop.
 int32_t focusCallCount = 0;
 int32_t focusCallDepth = 0;
 
 constexpr int32_t MostFocusCalls = 200;
 
-// The named control that contains the focused widget; its inner widgets are internal.
+// The named control that contains the focused widget, since the widgets inside a control are internal.
 const QWidget* ActiveControl() {
     const QWidget* focused = QApplication::focusWidget();
     if (!focused && QApplication::activeWindow()) focused = QApplication::activeWindow()->focusWidget();
@@ -42,7 +42,7 @@ void ShowFocusLoop(const QWidget* control) {
 
 bool TakesFocus(const QWidget* widget) { return widget->isVisible() && widget->isEnabled(); }
 
-// A container passes the focus to the first of its children in tab order that accepts it.
+// A container passes the focus to its first child in tab order that accepts it.
 QWidget* FocusTarget(QWidget* control) {
     if (control->focusProxy() || control->focusPolicy() != Qt::NoFocus) return control;
     for (QWidget* next = control->nextInFocusChain(); next && next != control; next = next->nextInFocusChain())

@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// A one-line label in its widget's own font instead of a font of the theme. Sizes itself to its text.
+// A one-line label in the widget's font instead of a font of the theme. Sizes itself to its text.
 class FontLabel : public Label {
     Q_OBJECT
 

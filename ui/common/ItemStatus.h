@@ -7,7 +7,7 @@ namespace quellbrook {
 
 class StoredItem;
 
-// What the status tag of an item shows.
+// The content of an item's status tag.
 struct ItemStatus {
     std::string caption;
     int32_t color = 0;  // 0xBBGGRR
@@ -15,7 +15,7 @@ struct ItemStatus {
     bool operator==(const ItemStatus&) const = default;
 };
 
-// Follows from the category of the item's location. Without a location, from whether it has a chain of custody.
+// Depends on the category of the item's location or, without a location, on whether it has a chain of custody.
 ItemStatus StatusOf(StoredItem& item);
 
 }  // namespace quellbrook

@@ -65,7 +65,7 @@ void frmModal::BuildStrips() {
     m_titleLabel->SetType(Theme::Type::Section);
     m_titleLabel->SetAutoSize(false);
     m_titleLabel->SetWordWrap(true);
-    // Beside the close control, although its strip is inside the frame.
+    // Placed beside the close control, although its strip is inside the frame.
     m_titleLabel->Move(0, (TitlebarHeight - TitleHeight) / 2 - TwipsPerPixel, 0, TitleHeight);
 
     m_buttonStrip = new GroupBox(this);
@@ -155,7 +155,7 @@ void frmModal::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) GuardSilently([this] { Announce(); });
 }
 
-// A screen reader reads the message, not only the focused button.
+// Lets a screen reader read the message, not only the focused button.
 void frmModal::Announce() {
     setAccessibleName(ToQString(m_title.empty() ? m_prompt : m_title));
     setAccessibleDescription(ToQString(m_prompt));

@@ -18,7 +18,7 @@ class Label;
 class Line;
 class Link;
 
-// The styled message box, for one use: set the texts and the style, show it with ShowFormCentered, read Result.
+// The styled message box, for a single use: set the texts and the style, show it with ShowFormCentered, read Result.
 class frmModal : public ModuleForm {
     Q_OBJECT
 

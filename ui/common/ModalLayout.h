@@ -18,7 +18,7 @@ struct Box {
 };
 
 // The layout rules of a message form, in twips and without widgets. The form has no system frame, so its size is the
-// size of its client area. Set the sizes, call Settle, and read the positions.
+// size of its client area. Set the sizes, call Settle, then read the positions.
 struct ModalLayout {
     float width = 7500;
     float height = 0;
@@ -40,10 +40,10 @@ struct ModalLayout {
     void Resize();
     // Sizes the form to its content and centers the content in it.
     void AutoSize();
-    // Resizes until nothing changes: a wider form makes the message lower, and that makes the form lower.
+    // Resizes until nothing changes: a wider form makes the message less tall, which makes the form less tall.
     void Settle();
 
-    // Whether the message is higher than the space that the form's maximum height leaves.
+    // Whether the message is too tall for the form's maximum height.
     bool MessageOverflows() const;
     // The band between the title strip and the button strip.
     Box Band() const;

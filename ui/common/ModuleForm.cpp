@@ -13,7 +13,7 @@ int livingForms = 0;
 }  // namespace
 
 ModuleForm::ModuleForm(QWidget* parent) : QDialog(parent) {
-    // The host's own windows decide when the program ends.
+    // The host's windows determine when the program ends.
     setAttribute(Qt::WA_QuitOnClose, false);
     ++livingForms;
 }

@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-// A control's properties as a form saves them between sessions of its designer. Values equal to their default are not
+// A control's properties as a form designer saves them between sessions. Values equal to their default are not
 // saved.
 class PropertyBag {
 public:

@@ -105,7 +105,7 @@ bool RelatedIncidentStrip::IsSecured(size_t index) const {
 void RelatedIncidentStrip::ApplyLook() {
     const QColor color = m_incidents->empty() ? AmbientColor() : ForeColor();
     for (size_t i = 0; i < m_ids.size(); ++i) {
-        // The color alone would be too faint on a tint.
+        // The color alone would be too faint on a tinted background.
         QFont font = Font();
         if (IsSecured(i)) font.setWeight(QFont::DemiBold);
         m_ids[i]->setFont(font);

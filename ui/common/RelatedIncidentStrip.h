@@ -14,8 +14,8 @@ namespace quellbrook {
 
 class PropertyBag;
 
-// The incident numbers of an item in one line. Secured ones have a color and a lock. Sizes itself to its content. Has a
-// transparent background.
+// The incident numbers of an item in one line. Secured numbers have a color and a lock. Sizes itself to its content.
+// The background is transparent.
 class RelatedIncidentStrip : public Control {
     Q_OBJECT
     Q_PROPERTY(QColor ForeColor READ ForeColor WRITE SetForeColor)
@@ -35,7 +35,7 @@ public:
     // Whether the background has the highlight color. Secured numbers keep their color, on a chip of the window color.
     void SetOnHighlight(bool onHighlight);
 
-    // "ForeColor" and "Font". A value that cannot be read leaves the property as it is.
+    // "ForeColor" and "Font". An unreadable value leaves the property unchanged.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 

@@ -19,7 +19,7 @@ class Label;
 class ListView;
 class StatusTag;
 
-// Sets the tag's caption and color by the item's status.
+// Sets the tag's caption and color from the item's status.
 void SetStatusTag(StatusTag& tag, StoredItem& item);
 // The location's full path with " > ", without the root; empty without a location.
 void SetLocationLabel(Label& label, StoredItem& item);
@@ -29,7 +29,7 @@ void TrySetFocus(QWidget* control);
 // "<no control>" for null; the name, and "(index)" for a member of a control array.
 std::string DescribeControl(const QWidget* control);
 
-// Gives the last column the width that the others and six scroll bars leave, if any.
+// Sets the last column to the width that remains after the other columns and six scroll bars, if any.
 void SizeLastColumn(ListView& listView);
 
 namespace Center {
@@ -37,8 +37,8 @@ inline constexpr int Vertically = 1, Horizontally = 2;
 }
 void CenterInContainer(Control& control, const Control& container, int flags);
 
-// Opens the menu at the pointer and returns after it closed. The default entry, if set and enabled, is bold. Ignores a
-// null menu.
+// Opens the menu at the pointer and returns after it has closed. The default entry, if set and enabled, is bold.
+// Ignores a null menu.
 void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu);
 
 // Sets the hand pointer over a widget.
@@ -49,15 +49,15 @@ bool HasMember(const QObject& object, const char* memberName);
 
 void AssignValue(TaggedValue& target, const TaggedValue& value);
 
-// Triggers the layout of the window's parents with a resize event of the same size. Returns the event's parameter: the
-// right edge on the screen in the low 16 bits, the bottom edge in the high ones.
+// Makes the window's parents update their layout, by a resize event with the same size. Returns the event's parameter:
+// the right edge on the screen in the low 16 bits, the bottom edge in the high 16 bits.
 uint32_t ForceSizeMessage(QWidget* window);
 uint32_t PackSizeMessage(int right, int bottom);
 
 // Opens a stored item in the host through its address scheme. Error 5 for any other object.
 void OpenInHost(const ObjectRef& object);
 
-// The "In Storage" green mixed with nine tenths of white, 0xBBGGRR.
+// The "In Storage" green mixed with 90 percent white, 0xBBGGRR.
 int32_t AccentColor();
 
 }  // namespace quellbrook

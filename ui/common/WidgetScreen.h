@@ -4,10 +4,10 @@
 
 namespace quellbrook {
 
-// The current environment with a WidgetScreen and with Qt's timers, keys and pictures. Needs QApplication.
+// The current environment with a WidgetScreen and with Qt's timers, keys and pictures. Requires a QApplication.
 Environment WidgetEnvironment();
 
-// The screen as widgets: the styled dialog and Qt's plain message box.
+// Implements the screen with widgets: the styled dialog and Qt's plain message box.
 class WidgetScreen : public Screen {
 public:
     int32_t ShowMessage(const std::string& prompt, int32_t buttons, const std::string& title) override;

@@ -5,8 +5,8 @@
 
 namespace quellbrook {
 
-// Darkens a window for its own lifetime, so that the dialog over it stands out. A window that is already dark is not
-// changed.
+// Darkens a window for its own lifetime to emphasize the dialog over it. Does not change a window that is already
+// darkened.
 class WindowShade {
 public:
     explicit WindowShade(QWidget* window);
@@ -15,7 +15,7 @@ public:
     WindowShade& operator=(const WindowShade&) = delete;
 
 private:
-    QPointer<QWidget> m_veil;  // destroyed with the window, if that is first
+    QPointer<QWidget> m_veil;  // may be destroyed earlier, with the window
 };
 
 }  // namespace quellbrook

@@ -4,7 +4,7 @@ class QKeyEvent;
 
 namespace quellbrook {
 
-// Whether this key press acts on a button or a link: Space or either Enter key without modifiers, not a repeat.
+// Whether this key press activates a button or a link: Space or either Enter key without modifiers, not a repeat.
 bool IsActivation(const QKeyEvent& event);
 
 namespace KeyCode {

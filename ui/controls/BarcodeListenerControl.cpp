@@ -13,7 +13,7 @@ namespace {
 
 constexpr int IconSize = 32;  // pixels
 
-// A sibling that was created later, or raised above the widget, and covers it.
+// Whether a view that is a later or raised sibling covers the widget.
 bool IsCoveredByView(const QWidget& widget) {
     const QObjectList siblings = widget.parentWidget()->children();
     for (auto index = siblings.indexOf(&widget) + 1; index < siblings.size(); ++index) {

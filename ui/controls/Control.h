@@ -13,8 +13,8 @@ namespace quellbrook {
 // The edge of the parent that a control is docked to.
 enum class Alignment { None = 0, Top = 1, Bottom = 2 };
 
-// Base of every control and view. Geometry is kept in twips as floats and rounded only for the widget's own geometry; a
-// control that Qt has moved reports its new position. The name of a control is its objectName.
+// Base class of every control and view. Geometry is stored in twips as floats and rounded only for the widget geometry;
+// a control that Qt has moved reports its new position. The name of a control is its objectName.
 class Control : public QWidget {
     Q_OBJECT
     Q_PROPERTY(float Left READ Left WRITE SetLeft)
@@ -60,7 +60,7 @@ public:
     int TabIndex() const { return m_tabIndex; }
     virtual void SetTabIndex(int index);
 
-    // A docked control keeps its height and takes its parent's width. A parent that is a Control is laid out again when
+    // A docked control keeps its height and gets its parent's width. A parent that is a Control updates its layout when
     // the docked control changes its height, appears or disappears. Docked controls stack in the order of their
     // creation; hidden ones are skipped.
     Alignment Align() const { return m_align; }

@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// A push button. Inverted: a border and dark text instead of the strong background.
+// A push button. An inverted button has a border and dark text instead of the strong background.
 class FlatButton : public Pressable {
     Q_OBJECT
     Q_PROPERTY(bool Inverted READ Inverted WRITE SetInverted)

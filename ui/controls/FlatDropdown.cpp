@@ -49,7 +49,7 @@ public:
     }
 };
 
-// Paints the choice and the arrow; the background and border are the FlatDropdown's.
+// Paints the choice and the arrow. FlatDropdown paints the background and border.
 class DropdownBox : public QComboBox {
 public:
     explicit DropdownBox(QWidget* parent);

@@ -6,7 +6,7 @@ class QComboBox;
 
 namespace quellbrook {
 
-// A list to choose one entry from. An entry has a text and an integer. Typing selects the entry that starts with it.
+// A list to choose one entry from. An entry has a text and an integer. Typing selects an entry by its first letters.
 class FlatDropdown : public Control {
     Q_OBJECT
 

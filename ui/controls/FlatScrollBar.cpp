@@ -30,7 +30,7 @@ int Checked(int value, const char* source) {
 }  // namespace
 
 FlatScrollBar::FlatScrollBar(QWidget* parent) : Control(parent), m_bar(new QScrollBar(Qt::Vertical, this)) {
-    // Its own style, so that the arrows follow the property in a host that keeps its own style.
+    // A separate style, so that the arrows follow the property even if the host uses another style.
     auto* style = new FlatStyle;
     style->setParent(m_bar);
     m_bar->setStyle(style);

@@ -7,7 +7,7 @@ class QScrollBar;
 namespace quellbrook {
 
 // A vertical scroll bar with a 16-bit range. Setters raise error 6 outside -32768 to 32767 and error 380 for a Value
-// outside Min to Max. Changed is raised at every change of the value, also while the thumb moves.
+// outside Min to Max. Changed is raised on every change of the value, also while the thumb moves.
 class FlatScrollBar : public Control {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ public:
     // While that filter is active, "Bottom" (code 7) scrolls to the top. Initially off.
     void SetThumbFilter(bool filter) { m_thumbFilter = filter; }
 
-    // One notch scrolls by the system's number of wheel lines, each a small change, and stays within the range.
+    // One notch scrolls by the system's number of wheel lines, each a small change, within the range.
     void TurnWheel(int angleDelta);
 
 signals:

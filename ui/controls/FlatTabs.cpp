@@ -24,7 +24,7 @@ constexpr int UnderlineHeight = 3;
 constexpr int SidePadding = 4;
 constexpr int HalfGap = 12;
 
-// Half of the gap between two captions belongs to each of them.
+// Each of two adjacent captions includes half of the gap between them.
 QRect CaptionRect(const QTabBar& bar, int index) {
     return bar.tabRect(index).adjusted(index > 0 ? HalfGap : 0, 0, -HalfGap, 0);
 }

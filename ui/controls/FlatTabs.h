@@ -8,7 +8,7 @@ class QTabBar;
 
 namespace quellbrook {
 
-// One page of a FlatTabs. A lone child fills it.
+// One page of a FlatTabs. A single child fills it.
 class FlatTabPage : public Control {
     Q_OBJECT
 

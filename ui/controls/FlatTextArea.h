@@ -6,7 +6,7 @@ class QPlainTextEdit;
 
 namespace quellbrook {
 
-// A multi-line text field. Tab leaves it; line ends are "\n".
+// A multi-line text field. Tab moves the focus; line ends are "\n".
 class FlatTextArea : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE SetText)

@@ -21,7 +21,7 @@ namespace {
 constexpr int SideMargin = 10;
 constexpr int IconSize = 20;
 
-// No frame or background of its own; the control paints both.
+// Has no frame or background; the control paints both.
 class PlainEdit : public QLineEdit {
 public:
     explicit PlainEdit(QWidget* parent) : QLineEdit(parent) {

@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// One of our icons as a control. An empty name shows nothing. The accessible name is the icon's unless another was set.
+// One of our icons as a control. An empty name shows nothing. The accessible name is the icon's unless another is set.
 // "busy" is a ring that rotates while it is visible.
 class FontIcon : public Control {
     Q_OBJECT

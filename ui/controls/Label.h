@@ -7,10 +7,10 @@
 
 namespace quellbrook {
 
-// Plain text, never markup. One-line labels that size themselves (AutoSize) follow their text's width and height;
-// wrapping ones (WordWrap) keep their width and follow its height. Text that does not fit ends in an ellipsis. The font
-// is its type's, overridden by setFont on the label or a parent. A label is dimmed if it is disabled itself, not with
-// its parent.
+// Plain text, never markup. A label with AutoSize has the width and height of its one-line text; with WordWrap as well,
+// it keeps its width and has the height of the wrapped text. Text that does not fit ends in an ellipsis. The font comes
+// from the label's type unless setFont on the label or a parent overrides it. A label is dimmed if it is disabled
+// itself, but not if only its parent is.
 class Label : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -18,7 +18,7 @@ namespace {
 constexpr int IconGap = 4;
 constexpr int CrossSize = 24;
 
-// Drawn as an icon, since not every font has it.
+// Drawn as an icon, since not every font contains it.
 const QString Cross = QStringLiteral("\u2715");
 
 }  // namespace

@@ -18,8 +18,8 @@ class ReportTree;
 
 // A report-style list with keyed columns and rows. Cells have a text, color, weight and tooltip. One column shows
 // icons, optionally as check boxes. Several rows can be selected, and marked rows have a band behind them.
-// Check boxes, the icon column, ClearColumns and MouseDown have no user yet; the views that check in new evidence and
-// categorize locations will use them.
+// Check boxes, the icon column, ClearColumns and MouseDown are not used yet. They are for the views that check in new
+// evidence and categorize locations.
 class ListView : public Control {
     Q_OBJECT
 
@@ -91,7 +91,7 @@ public:
 
 signals:
     // Buttons are a bit mask: 1 left, 2 right. Raised after the list has handled the event. The second press of a
-    // double click does not raise MouseDown. Moves are raised with and without a button.
+    // double click does not raise MouseDown. Moves are raised with or without a pressed button.
     void MouseDown(int button, const QPoint& viewportPosition);
     void MouseMove(const QPoint& viewportPosition);
     void MouseUp(int button, const QPoint& viewportPosition);

@@ -37,7 +37,7 @@ bool MouseEvents::IsEcho(const QMouseEvent& event) {
 bool MouseEvents::eventFilter(QObject* watched, QEvent* event) {
     const QPointer<QObject> alive(watched);
     Guard([&] { Handle(watched, event); });
-    // Receivers may destroy what was clicked; its own handling of the event then ends here.
+    // A receiver may destroy the clicked widget, which must not handle the event afterwards.
     return !alive;
 }
 

@@ -36,8 +36,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // Identifies a mouse event. Qt passes an event that a child ignores to its parent as a new event, which must not
-    // count again.
+    // Identifies a mouse event. Qt passes an event that a child ignores to its parent as a new event, which must not be
+    // counted again.
     struct Seen {
         int type = 0;
         quint64 timestamp = 0;

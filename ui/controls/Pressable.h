@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// Base of buttons and links: a caption and an icon that act on a left click, Space or either Enter key.
+// Base class of buttons and links: a caption and an icon, activated by a left click, Space or either Enter key.
 class Pressable : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
@@ -16,7 +16,7 @@ public:
     void SetAccessibleCaption(const QString& name);
     void SetIcon(const QString& iconName, int size = 18);  // size in pixels
 
-    // Does what a click does; nothing while disabled.
+    // Acts as a click; does nothing while disabled.
     void Click();
 
 signals:

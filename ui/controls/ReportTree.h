@@ -8,8 +8,8 @@
 
 namespace quellbrook {
 
-// The inner tree of a ListView: one level of rows of equal height. Band, selection and hairline span the viewport, also
-// to the right of the last column.
+// The inner tree of a ListView: one level of rows of equal height. The band, the selection and the hairline span the
+// viewport, even to the right of the last column.
 class ReportTree : public QTreeWidget {
     Q_OBJECT
 

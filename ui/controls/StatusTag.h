@@ -20,7 +20,7 @@ public:
     int32_t Color() const { return m_color; }
     void SetColor(int32_t color);
 
-    // The top, in twips of the parent, of a Body label whose text is on one line with the tag's.
+    // The top, in twips of the parent, for a Body label that aligns with the tag's text.
     float TextTop() const;
 
     QSize sizeHint() const override;

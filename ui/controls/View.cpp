@@ -42,7 +42,7 @@ void View::RaiseShowError() {
 void View::showEvent(QShowEvent* event) {
     Control::showEvent(event);
     if (event->spontaneous() || IsInsideDesigner()) return;
-    // Qt shows children first: wait until the containing view is shown.
+    // Qt shows children first, so wait until the containing view is shown.
     const View* around = ContainingView(this);
     if (around && !around->m_onShow) return;
     ComeOnShow();

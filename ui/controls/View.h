@@ -8,7 +8,7 @@ namespace quellbrook {
 
 // A control with show and hide notifications, one of each per appearance. Minimizing or restoring the window raises
 // neither. A container's Shown() runs before that of the views inside it. Hidden() also runs at destruction if the view
-// was visible and its destructor calls LeaveShow(). Neither runs at design time.
+// was visible and its destructor calls LeaveShow(). At design time, neither runs.
 class View : public Control {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     ~View() override;
 
     // Raises the error of the last Shown() once; does nothing if there is none. Call it after show(). An error that is
-    // not fetched before control returns to the event loop goes to ReportUnexpected.
+    // not fetched by the next turn of the event loop goes to ReportUnexpected.
     void RaiseShowError();
 
 protected:

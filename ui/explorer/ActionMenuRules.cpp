@@ -32,7 +32,7 @@ struct Transfers {
     int64_t inBatch = 0;
 };
 
-// A single selected member of the batch offers no transfer, but one member among others does not forbid it.
+// An item in the batch allows no transfer if it is selected alone, but does not forbid one if others are selected, too.
 Transfers TransfersOf(const std::vector<SelectedObject>& selection, const MenuRights& rights) {
     const auto n = static_cast<int64_t>(selection.size());
     Transfers result;

@@ -34,7 +34,7 @@ enum class MenuEntry : size_t {
 };
 inline constexpr size_t MenuEntryCount = 17;
 
-// The pane that asks for the menu.
+// The pane that the menu is for.
 enum class MenuSource { LocationPane, ItemPane, SearchResultPane };
 
 // The facts about one selected object that the rules use.
@@ -59,7 +59,7 @@ struct MenuRights {
 };
 
 struct MenuEntryState {
-    std::string caption;  // empty: the entry keeps its own
+    std::string caption;  // empty: the entry keeps its caption
     bool visible = true;
     bool enabled = true;
 
@@ -79,7 +79,7 @@ private:
 ActionMenuState ApplyMenuRules(MenuSource source, const std::vector<SelectedObject>& selection,
                                const MenuRights& rights);
 
-// Looks up the selected items in the batch, up to the first location; the rules ignore what follows it.
+// Looks up the selected items in the batch, up to the first location; the rules ignore everything after it.
 std::vector<SelectedObject> DescribeSelection(const ObjectList& selection, const CartStore& cart);
 MenuRights ReadMenuRights(const UserStatic& user);
 

@@ -254,7 +254,7 @@ ObjectRef EvidenceExplorer::SingleSelectedObject() const {
     return selected->Count() == 1 ? selected->At(0) : nullptr;
 }
 
-// Printing ends at the first label that fails; earlier labels stay printed.
+// Printing stops at the first label that fails. Earlier labels have been printed.
 void EvidenceExplorer::PrintSelected() {
     Guard(
         [this] {

@@ -40,8 +40,8 @@ public:
     // Enters a location or opens an item in its view; ignores anything else.
     void OpenItemRequest(const ObjectRef& item);
 
-    // The objects a command acts on: the selection of the focused pane, or the displayed location if no pane has the
-    // focus.
+    // The objects that a command acts on: the selection of the focused pane, or the displayed location if neither pane
+    // has the focus.
     std::shared_ptr<ObjectVector> GetSelectedObjects() const;
 
     LocationTree* LocationPane() const { return m_locationPane; }

@@ -6,7 +6,7 @@ namespace quellbrook {
 
 class Label;
 
-// Covers a control in a form designer and shows the control's name; hidden at run time.
+// Covers a control in a form designer and shows the control's name. Hidden at run time.
 class ListPlaceholder : public GroupBox {
     Q_OBJECT
 

@@ -277,7 +277,7 @@ void LocationTree::OfferContextMenu() {
     ShowContextMenu(this, contextMenu, defaultMenu);
 }
 
-// The tree keeps the look of focus while a menu or a dialog is open.
+// The tree still looks focused while a menu or a dialog is open.
 void LocationTree::OnFocusChanged(QWidget* now) {
     if (!now || now->window() != window()) return;
     m_treeView->SetHasFocusLook(now == this || isAncestorOf(now));

@@ -21,8 +21,8 @@ class GroupBox;
 class LocationTreeWidget;
 class PropertyBag;
 
-// The hierarchy of storage locations under its typed roots. Reads it when first shown; disabled locations are left out
-// with everything below them. Has one selection and shows a context menu that its owner provides.
+// Shows the hierarchy of storage locations under its typed roots, read when the tree is first shown. Disabled locations
+// and everything below them are left out. Has a single selection and a context menu that its owner provides.
 class LocationTree : public View {
     Q_OBJECT
     Q_PROPERTY(QColor BackColor READ BackColor WRITE SetBackColor RESET ResetBackColor)
@@ -36,7 +36,7 @@ public:
     ~LocationTree() override;
     std::string TypeName() const override { return "LocationTree"; }
 
-    // Raised when the selection changes, except to null, and at every Refresh; then the location may be null.
+    // Raised when the selection changes, except to null, and on every Refresh, then possibly with null.
     Event<StorageLocationRef> LocationSelected;
     Event<> DblClick;
     // The receiver sets the menu and its default entry, both initially null. The menu is for DropHighlightLocation, or
@@ -70,7 +70,7 @@ public:
     // 0 none, 1 a single line.
     short BorderStyle() const { return m_borderStyle; }
     void SetBorderStyle(short borderStyle);
-    // All five, each under its own name. A value that is absent or invalid gives the property's initial value.
+    // All five, each under its own name. An absent or invalid value sets the property's initial value.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 

@@ -22,7 +22,7 @@ public:
     // The node painted as if it were selected, or null.
     QTreeWidgetItem* DropHighlight() const { return m_dropHighlight; }
     void SetDropHighlight(QTreeWidgetItem* node);
-    // Whether the selected node is painted as focused.
+    // Whether the selected node is painted as if focused.
     void SetHasFocusLook(bool hasFocus);
     // Selects without raising NodeChosen; null clears the selection.
     void SelectQuietly(QTreeWidgetItem* node);

@@ -52,7 +52,7 @@ public:
     QColor BackColor() const;
     void SetBackColor(const QColor& color);
     void ResetBackColor();
-    // "BackColor". A value that is absent or invalid gives the system color.
+    // "BackColor". An absent or invalid value sets the system color.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 

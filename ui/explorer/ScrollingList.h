@@ -12,14 +12,14 @@ namespace quellbrook {
 class FlatScrollBar;
 class StatePanel;
 
-// Base of the lists whose rows are controls in a panel beside a scroll bar: hit testing, arrow keys, context menu, and
+// Base class of lists with controls as rows, in a panel beside a scroll bar: hit testing, arrow keys, context menu, and
 // the check before the focus leaves a row. Rows count from 0.
 class ScrollingList : public Control {
     Q_OBJECT
 
 public:
-    // The first row around a point of picContainer, edges excluded, hidden rows included; -1 for none. In twips and in
-    // pixels.
+    // The first row that contains a point of picContainer, excluding edges and including hidden rows; -1 for none. In
+    // twips and in pixels.
     int HitTestRow(float x, float y) const;
     int RowAt(int x, int y) const;
     // Called before the focus leaves a row: true if an arrow key is down that would move it out of the list.
@@ -37,7 +37,7 @@ protected:
     virtual int FocusedRow() const = 0;  // -1 for none
     virtual int LastRow() const = 0;     // the row that Right and Down may not leave
     virtual void MoveSelection(int delta) = 0;
-    // ValidateRow has refused a move by this many rows.
+    // Called when ValidateRow has refused a move by this number of rows.
     virtual void MoveRefused(int) {}
     virtual void ClickRow(int row, int button) = 0;
     virtual void DoubleClickRow(int row) = 0;
@@ -80,7 +80,7 @@ protected:
         row->hide();
         return row;
     }
-    // Leaves the first row, hidden. The others are destroyed later: the current event may come from one of them.
+    // Keeps only the first row, hidden. The others are destroyed later, since the current event may come from one.
     void UnloadRows() {
         for (; m_rows.size() > 1; m_rows.pop_back()) {
             m_rows.back()->hide();

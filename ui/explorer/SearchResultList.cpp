@@ -28,7 +28,7 @@ public:
     StoredItemRef ItemAt(int32_t) const override { Raise(ErrorNumber::SubscriptOutOfRange, "SearchResultList"); }
 };
 
-// The position in the list of the item that a row shows; 0 while it has shown none.
+// The position in the list of the item that a row shows; 0 before the row has shown one.
 int32_t ShownIndex(const SearchResultRow& row) { return row.Tag().toInt(); }
 
 }  // namespace
@@ -44,7 +44,7 @@ SearchResultList::SearchResultList(QWidget* parent) : ScrollingListOf(parent), m
                            [this](const QWidget* old, const QWidget* now) { Guard([&] { FollowFocus(old, now); }); });
 }
 
-// The base destructors still move the focus.
+// The destructors of the base classes still move the focus.
 SearchResultList::~SearchResultList() { disconnect(m_focusWatch); }
 
 void SearchResultList::SetItems(std::shared_ptr<const StoredItemList> items) {
@@ -126,7 +126,7 @@ void SearchResultList::PrepareRow(SearchResultRow& row) {
     row.SetRefreshReport([this](const Error& error) { ReportRefreshError(error); });
 }
 
-// Each row reads its item again when the batch changes. If the database is unreachable, only one row reports it.
+// Every row reads its item again when the batch changes. If the database is unreachable, only one row reports it.
 void SearchResultList::ReportRefreshError(const Error& error) {
     if (m_refreshErrorReported) return;
     const QPointer<SearchResultList> self(this);
@@ -137,7 +137,7 @@ void SearchResultList::ReportRefreshError(const Error& error) {
         this, [this] { m_refreshErrorReported = false; }, Qt::QueuedConnection);
 }
 
-// Rows that stay visible keep their items and swap positions.
+// Rows that stay visible keep their items and change their positions.
 void SearchResultList::RotateRows() {
     const int32_t count = RowCount();
     const int32_t shown = ShownIndex(*m_rows.front());
@@ -259,7 +259,7 @@ void SearchResultList::keyPressEvent(QKeyEvent* event) {
     });
 }
 
-// A menu or a window in front does not take the focus from the list.
+// A menu or another window does not take the focus away from the list.
 void SearchResultList::FollowFocus(const QWidget* old, const QWidget* now) {
     const bool inside = now && (now == this || isAncestorOf(now));
     const bool left = now ? now->window() == window() : old && QApplication::activeWindow() == window();

@@ -9,13 +9,13 @@
 
 namespace quellbrook {
 
-// Any number of stored items, up to a limit, in a scrolling list with no more rows than fit on the screen: scrolling
-// gives the same rows other items. The parent handles actions on items. Positions of items count from 1, rows from 0.
+// A scrolling list of stored items, up to a limit. It has only as many rows as fit on the screen and reuses them for
+// other items when it scrolls. The parent handles actions on items. Positions of items count from 1, rows from 0.
 class SearchResultList : public ScrollingListOf<SearchResultRow> {
     Q_OBJECT
 
 public:
-    // A list of this many items or more is not shown at all.
+    // A list with this number of items or more is not shown at all.
     static constexpr int32_t MaxDisplayedItems = 36766;
 
     explicit SearchResultList(QWidget* parent = nullptr);

@@ -100,7 +100,7 @@ void SearchResultRow::SetItem(const StoredItemRef& item) {
     SetStatusTag(*m_status, *item);
     SetLocationLabel(*m_location, *item);
     m_category->SetCaption(ToQString(item->CategoryName()));
-    // The item never replaces its list; the strip shares the list and keeps the item alive.
+    // The item never replaces its list of incidents. The strip shares that list and keeps the item alive.
     m_relatedIncidents->SetIncidents(std::shared_ptr<const IncidentList>(item, &item->RelatedIncidents()));
     m_relatedCases->SetCaption(ToQString(CaseNumbers(*item)));
     m_item = item;
@@ -200,7 +200,7 @@ void SearchResultRow::CartStore_OnChange() {
             m_item->Refresh();
         },
         report);
-    // The report may have destroyed the row.
+    // The error report may have destroyed the row.
     if (self) Guard([this] { UpdateCartState(); });
 }
 

@@ -19,7 +19,7 @@ class RelatedIncidentStrip;
 class StatusTag;
 
 // One row of a result list: a stored item's description, location, incidents and cases, and whether it is in the batch.
-// Can be given other items; handles no input. Its height follows from its fields.
+// Can be reused for other items; does not handle input. Its height depends on its fields.
 class SearchResultRow : public View {
     Q_OBJECT
     Q_PROPERTY(bool Focused READ Focused WRITE SetFocused)

@@ -7,8 +7,8 @@ namespace quellbrook {
 class FontIcon;
 class Label;
 
-// A message shown instead of a view's contents: an icon, a bold title and a sentence below each other, centered.
-// Opaque, as tall as its texts, and not dimmed over a disabled list. The icon "busy" is a turning ring.
+// A message shown instead of a view's contents: an icon, above a bold title, above a sentence, all centered.
+// Opaque, as tall as its texts require, and not dimmed over a disabled list. The icon "busy" is a rotating ring.
 class StatePanel : public GroupBox {
     Q_OBJECT
 

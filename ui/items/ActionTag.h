@@ -5,7 +5,7 @@
 namespace quellbrook {
 
 // A short bold caption on a colored block, indented from the control's left edge. A caption that is too wide breaks
-// into one line per word. The control keeps its width and takes the block's height.
+// into one line per word. The control keeps its width and gets the block's height.
 class ActionTag : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -46,7 +46,7 @@ constexpr TransactionTexts TextsByType[] = {
     {TransactionType::Dispose, "Dispose Evidence", "Dispose", StorageLocationTypes::DisposalLocation},
 };
 
-// Shows the message and moves the focus to the field. False, so that a validation can return it.
+// Shows the message and moves the focus to the field. Returns false, for a validation to return.
 bool ReportFault(const char* message, const char* title, QWidget* field) {
     const QPointer<QWidget> wanted(field);
     ShowMessage(message, MessageStyle::Critical, title);
@@ -270,7 +270,7 @@ bool CartView::TransferItems() {
     return true;
 }
 
-// GoBack is guarded separately: after a successful transfer, the message of ReportTransferError would be false.
+// GoBack is guarded separately: after a successful transfer, the message of ReportTransferError would be wrong.
 void CartView::TransferButton_Click() {
     bool transferred = false;
     Guard([&] { transferred = TransferItems(); }, ReportTransferError);

@@ -107,7 +107,7 @@ void StoredItemView::LoadItem(const StoredItemRef& item) {
     m_description->SetCaption(ToQString(item->Description()));
     SetLocationLabel(*m_location, *item);
     m_tracking->SetItem(item);
-    // The message loop runs while the chain is built: the view may be gone, or another item may have been loaded.
+    // The message loop ran while the chain was built, so the view may be gone or another item may have been loaded.
     if (!self || load != m_loads) return;
     m_item = item;
     LayoutView();

@@ -10,7 +10,7 @@
 namespace quellbrook {
 
 // The chain of custody of one item, one row for each record in a tall panel that scrolls. Rows are built ten at a time,
-// and the message loop runs in between. A user without the right to view chains of custody sees no rows.
+// with the message loop running in between. A user without the right to view chains of custody sees no rows.
 class TrackingList : public ScrollingListOf<TrackingResult> {
     Q_OBJECT
 
@@ -18,13 +18,13 @@ public:
     explicit TrackingList(QWidget* parent = nullptr);
     std::string TypeName() const override { return "TrackingList"; }
 
-    // Reads the item's chain and shows it. While an earlier chain is being built, it replaces that one at the next turn
+    // Reads the item's chain and shows it. If another chain is still being built, this one replaces it at the next turn
     // of the message loop.
     void SetItem(const StoredItemRef& item);
     // Error 5 for null.
     void SetRecords(std::shared_ptr<const TrackingRecordList> records);
 
-    // The record of the row that has the focus; null if no control of the list has it.
+    // The record of the row that has the focus; null if no control of the list has the focus.
     std::shared_ptr<TrackingRecord> SelectedItem() const;
 
     // Scrolls as little as possible to bring the row into view.

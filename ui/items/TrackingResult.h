@@ -12,7 +12,7 @@ class ActionTag;
 class Line;
 
 // One step of a chain of custody: what was done and when, who transferred the item to whom, where it went and why.
-// Takes the focus; the focused row is the selected row of the list.
+// Accepts the focus; the focused row is the selected row of the list.
 class TrackingResult : public Control {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ public:
     // Null before the first SetItem.
     const std::shared_ptr<TrackingRecord>& Item() const { return m_record; }
 
-    // Whether Tab reaches the row. The mouse and the arrow keys of the list always do.
+    // Whether the row is a tab stop. The mouse and the arrow keys of the list always reach it.
     void SetTabStop(bool tabStop);
 
 signals:

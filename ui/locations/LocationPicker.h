@@ -13,7 +13,7 @@ class FlatDropdown;
 class PropertyBag;
 
 // A dropdown of the enabled locations of one category, each shown by its full path. The list is a snapshot: loading it
-// again reads the latest tree and clears the selection. The control is transparent and as high as its dropdown.
+// again reads the latest tree and clears the selection. The control is transparent and as tall as its dropdown.
 class LocationPicker : public Control {
     Q_OBJECT
     Q_PROPERTY(QFont Font READ Font WRITE SetFont)
@@ -37,7 +37,7 @@ public:
     void SetFont(const QFont& font) { setFont(font); }
     void SetAccessibleCaption(const QString& name);
 
-    // "Font". A value that is absent or invalid leaves the parent's font.
+    // "Font". An absent or invalid value keeps the parent's font.
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 

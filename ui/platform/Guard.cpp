@@ -6,7 +6,7 @@ namespace quellbrook {
 
 namespace {
 
-// A report can run an event loop, in which a failing paint handler would otherwise open dialogs without end.
+// A report can run an event loop. Without this limit, a failing paint handler would then open dialogs endlessly.
 bool reporting = false;
 
 }  // namespace

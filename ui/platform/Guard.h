@@ -9,7 +9,7 @@ namespace quellbrook {
 
 // No error leaves a handler that Qt calls: a virtual, a slot, a filter or a timer. Each runs inside Guard.
 
-// What to do with an error that no handler caught.
+// Handles an error that would otherwise leave a guarded function.
 using ErrorReport = std::function<void(const Error&)>;
 
 // Reports through the environment's reportUnexpected; while such a report is open, only to the log. Never throws.

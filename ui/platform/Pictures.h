@@ -6,12 +6,12 @@
 
 namespace quellbrook {
 
-// The picture's scale becomes the image's device pixel ratio, and the reverse. ToImage waits for the barcode on the
-// item page.
+// The picture's scale becomes the image's device pixel ratio, and the reverse. ToImage is for the barcode on the item
+// page.
 QImage ToImage(const Picture& picture);
 Picture ToPicture(const QImage& image);
 
-// As LoadPicture, with the formats that Qt reads: at least PNG, JPEG, GIF and BMP.
+// Implements LoadPicture with the formats that Qt reads: at least PNG, JPEG, GIF and BMP.
 Picture ReadPicture(const std::string& fileName);
 
 }  // namespace quellbrook

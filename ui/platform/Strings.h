@@ -11,10 +11,10 @@ namespace quellbrook {
 QString ToQString(std::string_view text);
 std::string ToUtf8(const QString& text);
 
-// For captions with mnemonics (menus, tabs, buttons): doubles "&", so that it is shown as is.
+// For captions with mnemonics (menus, tabs, buttons): doubles "&", so that it is displayed literally.
 QString EscapeMnemonic(const QString& caption);
 
-// For tooltips, which interpret markup: escaped, so that exactly these characters are shown.
+// For tooltips, which interpret markup: escapes the text, so that it is displayed literally.
 QString PlainTooltip(const QString& text);
 
 }  // namespace quellbrook

@@ -9,7 +9,7 @@ namespace quellbrook {
 
 namespace {
 
-// Qt orders focusable widgets only, and moves the children of a widget with a focus proxy along with it.
+// Qt orders only focusable widgets, and it moves the children of a widget with a focus proxy together with the widget.
 bool IsOrdered(const QWidget* widget, const QWidget* parent) {
     if (widget->focusPolicy() == Qt::NoFocus) return false;
     for (const QWidget* around = widget->parentWidget(); around && around != parent; around = around->parentWidget())
@@ -17,7 +17,7 @@ bool IsOrdered(const QWidget* widget, const QWidget* parent) {
     return true;
 }
 
-// Qt's tab order is a ring, and Qt ignores a change of its first widget alone. A parent that takes the focus itself
+// Qt's tab order is a ring, and Qt ignores a change that affects only its first widget. A parent that accepts the focus
 // marks the start of the ring.
 void BeginWith(QWidget* parent, QWidget* first) {
     const Qt::FocusPolicy policy = parent->focusPolicy();

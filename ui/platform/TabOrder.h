@@ -4,7 +4,7 @@ class QWidget;
 
 namespace quellbrook {
 
-// Puts a widget, with everything focusable inside it, before its siblings in the tab order.
+// Moves a widget, with everything focusable inside it, before its siblings in the tab order.
 void MoveFirstInTabOrder(QWidget* widget);
 
 }  // namespace quellbrook

@@ -34,7 +34,7 @@ protected:
     }
 
 private:
-    // The decision about a press, made at its ShortcutOverride.
+    // The decision about a press, made when its ShortcutOverride arrives.
     struct Verdict {
         int key;
         quint64 time;
@@ -54,7 +54,7 @@ private:
         return Feed(event);
     }
 
-    // A press that a shortcut consumed has no KeyPress.
+    // There is no KeyPress for a press that a shortcut consumed.
     bool OnRelease(const QKeyEvent& event) {
         m_verdict.reset();
         return IsCancelled(KeyMessageNumber::KeyUp, CodeOf(event));

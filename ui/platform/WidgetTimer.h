@@ -6,7 +6,7 @@
 
 namespace quellbrook {
 
-// A QTimer, precise to the millisecond. A tick runs inside Guard and may destroy its own timer.
+// A QTimer, precise to the millisecond. A tick runs inside Guard and may destroy its timer.
 class WidgetTimer : public Timer {
 public:
     WidgetTimer();

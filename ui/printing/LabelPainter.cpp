@@ -75,7 +75,7 @@ private:
         drawing.render(&m_painter, QRectF(0, 0, label.width * m_dotsPerMillimeter, label.height * m_dotsPerMillimeter));
     }
 
-    // Moves the painter's origin to the start of the text and its x axis along it; returns the box size in dots.
+    // Moves the painter's origin to the start of the text and aligns the x axis with it. Returns the box size in dots.
     QSize EnterPlace(const LabelPlace& place) {
         const QRect box(QPoint(Dots(place.box.left), Dots(place.box.top)),
                         QPoint(Dots(place.box.left + place.box.width) - 1, Dots(place.box.top + place.box.height) - 1));

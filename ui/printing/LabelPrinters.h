@@ -7,8 +7,8 @@
 
 namespace quellbrook {
 
-// Writes each label into a PDF file of its own, named after its barcode: "P0000004711.pdf". Printing a label
-// again replaces its file.
+// Writes each label to a separate PDF file, named after its barcode: "P0000004711.pdf". Printing a label again
+// replaces its file.
 class PdfLabelPrinter : public LabelPrinter {
 public:
     PdfLabelPrinter(QString directory, int dotsPerInch)
@@ -21,8 +21,8 @@ private:
     int m_dotsPerInch;
 };
 
-// Sends each label to a printer of this system as a job with the label's page size. The name is that of the print
-// system (CUPS). A job that is not accepted within fifteen seconds counts as rejected.
+// Sends each label to a printer of this system as a job with the label's page size. The name is the one used by the
+// print system (CUPS). A job that is not accepted within fifteen seconds counts as rejected.
 class SystemLabelPrinter : public LabelPrinter {
 public:
     SystemLabelPrinter(QString name, int dotsPerInch) : m_name(std::move(name)), m_dotsPerInch(dotsPerInch) {}

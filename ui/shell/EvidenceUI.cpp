@@ -42,7 +42,7 @@ bool Attempt(Step&& step, Words&& words, const char* title) {
 
 }  // namespace
 
-// The shell as registered with the dispatcher.
+// The shell's callback for the dispatcher.
 class EvidenceUI::Callback : public DispatcherCallback {
 public:
     explicit Callback(EvidenceUI* shell) : m_shell(shell) {}
@@ -163,7 +163,7 @@ void EvidenceUI::SwitchTo(Control* view) {
     view->setParent(m_content);
     FillContent(*view);
     view->show();
-    // A view from before the shell was hidden may still be visible below.
+    // The view that was visible when the shell was hidden may still be visible underneath.
     view->raise();
     MoveFirstInTabOrder(m_content);
     // Set even if showing the view fails, so that the next view replaces it.

@@ -20,15 +20,15 @@ class InfoBar;
 class PropertyBag;
 class Toast;
 
-// The control that the host embeds: the current view between a title bar and the info bar. Shows the view that the view
-// store names, reports a failed transfer, and pops up notifications. Starts when it is shown, after the access gate.
+// The control that the host embeds: the current view between a title bar and the info bar. Shows the view named by the
+// view store, reports failed transfers and pops up notifications. Starts when it is shown, after the access gate.
 class EvidenceUI : public View {
     Q_OBJECT
     Q_PROPERTY(int BorderStyle READ BorderStyle WRITE SetBorderStyle)
 
 public:
     explicit EvidenceUI(QWidget* parent = nullptr);
-    // With other views than the standard ones.
+    // Uses these views instead of the standard ones.
     EvidenceUI(const ShellViews& views, QWidget* parent);
     ~EvidenceUI() override;
     std::string TypeName() const override { return "EvidenceUI"; }

@@ -25,7 +25,7 @@ constexpr int IconSize = 18;
 constexpr int TextLeft = 45;
 constexpr float ButtonHeight = 420;
 constexpr float ButtonGap = 135;
-constexpr float ButtonTrim = 90;  // narrower than on a form
+constexpr float ButtonTrim = 90;  // narrower than on forms
 
 const char* PurposeOf(int32_t transactionType) {
     switch (transactionType) {
@@ -125,7 +125,7 @@ void InfoBar::Announce() {
     QAccessible::updateAccessibility(&alert);
 }
 
-// The host cannot change the height of the bar.
+// The height of the bar is fixed.
 void InfoBar::Layout() {
     if (!m_resizing) {
         m_resizing = true;

@@ -23,8 +23,8 @@ public:
     explicit InfoBar(QWidget* parent = nullptr);
     std::string TypeName() const override { return "infobar"; }
 
-    // Follows these stores from now on. The constructor does this with the current stores if they can be built. Does
-    // nothing if the bar follows them already.
+    // Subscribes to these stores instead of earlier ones. The constructor subscribes to the current stores if they can
+    // be created. Does nothing if the bar is already subscribed to these.
     void Subscribe(const StoresRecord& stores);
 
 protected:

@@ -110,7 +110,7 @@ void Toast::FirstShow() {
     SetHeight(CollapsedHeight());
 }
 
-// The contents do not move or shrink with the height, so the toast slides in.
+// The contents do not move or shrink when the height changes, so the toast appears to slide in.
 void Toast::Layout() {
     if (Align() != Alignment::Bottom) SetAlign(Alignment::Bottom);
     if (!m_motion || !m_motion->InProgress()) SetHeight(CollapsedHeight());

@@ -10,7 +10,7 @@ namespace quellbrook {
 
 namespace {
 
-// The widget's own mask does not include inherited attributes.
+// A widget's resolve mask does not include inherited attributes.
 uint ResolveMaskWithParents(const QWidget& widget) {
     uint mask = 0;
     for (const QWidget* current = &widget; current; current = current->isWindow() ? nullptr : current->parentWidget())

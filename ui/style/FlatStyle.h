@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// Draws Qt's own parts in the colors and sizes of the theme: menus, scroll bars, tooltips, frames, and the lists of
+// Draws standard Qt widgets in the colors and sizes of the theme: menus, scroll bars, tooltips, frames, and lists of
 // dropdowns.
 class FlatStyle : public QProxyStyle {
     Q_OBJECT

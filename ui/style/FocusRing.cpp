@@ -16,7 +16,7 @@ namespace {
 constexpr int Reach = 3;
 constexpr const char* HasRing = "quellbrookFocusRing";
 
-// A style of its own, so that the ring looks the same in a host that keeps its own style.
+// A separate style, so that the ring looks the same even if the host uses another style.
 class RingStyle : public QCommonStyle {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {

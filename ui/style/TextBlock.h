@@ -16,10 +16,10 @@ int TextWidth(const QFont& font, const QString& line);
 // The line, shortened with an ellipsis if it is wider than that.
 QString ElidedTo(const QFont& font, const QString& line, int width);
 
-// Plain text in lines of its type's height. Line ends in the text always break it.
+// Plain text, broken into lines of its type's height. Line ends in the text always start a new line.
 class TextBlock {
 public:
-    // Without a width (0 or less) only the text's own line ends break it.
+    // Without a width (0 or less), only line ends in the text start a new line.
     TextBlock(const QString& text, Theme::Type type, int wrapWidth = 0);
     TextBlock(const QString& text, const AmbientFont& face, int wrapWidth = 0);
 

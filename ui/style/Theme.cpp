@@ -141,7 +141,7 @@ QFont MakeFont(const Face& face) {
 
 }  // namespace
 
-// One font per type, never freed: Qt resolves the font face once for each.
+// One font per type, never freed, so that Qt resolves each font face only once.
 QFont Font(Type type) {
     static auto& fonts = *new std::map<Type, QFont>;
     const auto found = fonts.find(type);

@@ -73,7 +73,7 @@ int32_t ToBgr(const QColor& color);
 QColor TextOn(const QColor& background);
 double Contrast(const QColor& a, const QColor& b);
 
-// The band behind rows in the batch: the accent color mixed with white, or with Window in a dark palette.
+// The band behind rows that are in the batch: the accent color mixed with white, or with Window in a dark palette.
 QColor BatchTint();
 
 // Sizes in pixels.
