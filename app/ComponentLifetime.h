@@ -2,7 +2,7 @@
 
 namespace quellbrook {
 
-// Starts the component at construction, in the system's light or dark theme; at destruction clears the host's services
+// Its constructor starts the component in the system's light or dark theme. Its destructor clears the host's services
 // and shuts the component down.
 class ComponentLifetime {
 public:

@@ -20,15 +20,15 @@ struct Department {
     std::shared_ptr<Engine> engine;
 };
 
-// The path of the department that the options name; nothing for a scratch copy.
+// The path of the department that the options name; empty for a scratch copy.
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
-// Opens the database that the options name. A missing sample or generated department is created first, in the data
-// directory or in a scratch folder, and missing label templates are added. Error 5 with a sentence for a file that
-// cannot be used; the file is not changed.
+// Opens the database that the options name. First creates a missing sample or generated department, in the data
+// directory or in a scratch folder, and adds missing label templates. Error 5 with a sentence for a file that cannot be
+// used; the file is not changed.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
-// The same, with the progress in a window and on standard error.
+// The same, showing the progress in a window and on standard error.
 Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory);
 
 // Sets the department's database, files and attachments as the host's services. The files are in the database's folder.

@@ -18,7 +18,7 @@ namespace quellbrook {
 
 namespace {
 
-// Only the strip has a style sheet; the pages below keep the application's style.
+// Only the strip has a style sheet, so the pages below keep the application's style.
 const char* const stripSheet = R"css(
 #hostTabStrip { background: palette(button); border: none; border-bottom: 1px solid palette(mid); }
 QTabBar::tab { background: transparent; color: %1; border: none; padding: 0 16px; min-height: 35px;
@@ -170,7 +170,7 @@ void HostTabs::ShowPage(int index) {
     }
     if (page == m_scannerPage) m_scannerPage->Load();
     m_pages->setCurrentWidget(page);
-    // Moving from tab to tab by keyboard keeps the focus on the tabs.
+    // Switching tabs by keyboard keeps the focus on the tabs.
     if (page == m_scannerPage && !m_tabs->hasFocus()) page->setFocus();
 }
 

@@ -24,14 +24,14 @@ public:
     explicit HostTabs(QWidget* parent = nullptr);
 
     void SetUser(const QString& username);
-    // Shows the component in the first tab. The caller keeps responsibility for it.
+    // Shows the component in the first tab. The caller remains responsible for its lifetime.
     void SetEvidence(QWidget* evidence);
     // Closes all tabs except the first one, which becomes empty.
     void Clear();
 
     // Reads and shows the record in its tab or in a new one.
     void OpenRecord(const RecordAddress& address);
-    // Shows "Labels and Scanner", in its tab or in a new one.
+    // Shows "Labels and Scanner" in its tab or in a new one.
     void OpenScannerPage();
 
 signals:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int cardWidth = 380;
 
-// Palette roles only, for the light and the dark theme.
+// Uses only palette roles, to fit the light and the dark theme.
 const char* const sheet = R"css(
 #card { background: palette(window); border: 1px solid palette(mid); border-radius: 2px; }
 #accounts { background: palette(button); border: none; border-top: 1px solid palette(mid); }

@@ -97,7 +97,7 @@ void MainWindow::OpenRecord(const RecordAddress& address) {
 }
 
 void MainWindow::OpenWaiting() {
-    // Nothing changes behind a dialog of the component.
+    // Do not change the window behind an open dialog of the component.
     if (!m_evidence || QApplication::activeModalWidget()) return;
     for (const RecordAddress& address : std::exchange(m_waiting, {})) m_tabs->OpenRecord(address);
 }

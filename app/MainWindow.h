@@ -16,8 +16,8 @@ namespace quellbrook {
 class HostTabs;
 
 // The window of the reference host: the login form, then the tabs. Each login runs the gate and, if it returns true,
-// creates a new EvidenceUI. Logging out destroys it. While the window exists, record addresses that the program itself
-// opens are shown here and not passed to the desktop.
+// creates a new EvidenceUI. Logging out destroys it. While the window exists, it shows the records that the program
+// opens by address, instead of passing the addresses to the desktop.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts);
     ~MainWindow() override;
 
-    // Shows the record in its own tab. Waits while no user is logged in or a dialog is open.
+    // Shows the record in its own tab, as soon as a user is logged in and no dialog is open.
     void OpenRecord(const RecordAddress& address);
     void BringToFront();
 

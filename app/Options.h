@@ -24,8 +24,8 @@ struct Options {
     bool help = false;
 };
 
-// The first argument is the program's name. A value follows its option or "=". Error 5 with one sentence for arguments
-// that are not understood or cannot be combined.
+// The first argument is the program's name. A value follows its option or "=". Error 5 with a sentence for arguments
+// that are invalid or cannot be combined.
 Options ParseOptions(const QStringList& arguments);
 
 std::string HelpText();

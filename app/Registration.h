@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// Registers the address scheme for this program with the department of the options. Requires a QCoreApplication. Prints
-// the outcome and returns the exit code, 0 or 1.
+// Registers this program, with the department of the options, for the address scheme. Requires a QCoreApplication.
+// Prints the outcome and returns the exit code, 0 or 1.
 int RunRegistration(const Options& options);
 
 }  // namespace quellbrook

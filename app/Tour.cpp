@@ -11,7 +11,7 @@ namespace quellbrook {
 int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath) {
     constexpr int keyPause = 2000;  // milliseconds
     window.showMaximized();
-    // On a busy machine keys arrive with pauses that a list would take for the end of a typed search.
+    // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
     QApplication::setKeyboardInputInterval(keyPause);
     TourPlayer player(window, directory, databasePath);
     PlanTransferScenario(player);

@@ -8,12 +8,12 @@ namespace quellbrook {
 // Labels of the host's pages: plain text, never markup.
 
 QFont SizedFont(int pixels, QFont::Weight weight);
-// Wraps its text at words.
+// Wraps its text between words.
 QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget* parent);
-// Gray text, as captions have.
+// Gray text, as in captions.
 void MakeQuiet(QWidget* widget);
 
-// One line, elided at the end. Line ends and tabs show as blanks.
+// One line, elided at the end. Line ends and tabs are shown as blanks.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 

@@ -38,7 +38,7 @@ void PictureLabel::FitTo(qreal devicePixelRatio) {
     setPixmap(fitted);
 }
 
-// The ratio is known once the window is on a screen, and changes with the screen.
+// The ratio is known only after the window is shown on a screen, and it changes with the screen.
 void PictureLabel::paintEvent(QPaintEvent* event) {
     if (pixmap(Qt::ReturnByValue).devicePixelRatio() != devicePixelRatioF()) FitTo(devicePixelRatioF());
     QLabel::paintEvent(event);

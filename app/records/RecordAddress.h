@@ -19,14 +19,14 @@ struct RecordAddress {
 };
 
 inline constexpr std::string_view RecordScheme = "tessarine";
-// The maximum length, including the slash that a desktop may add.
+// The maximum length, including a slash that a desktop may add.
 inline constexpr size_t LongestRecordAddress = 39;
 
 // Scheme and module word are case-insensitive, and one trailing slash is allowed, since desktops change both. Error 5
-// with a sentence for any other text; it quotes the beginning of the text in printable characters.
+// for any other text, with a sentence that quotes the beginning of the text in printable characters.
 RecordAddress ParseRecordAddress(std::string_view text);
 
-// Whether the text starts with the scheme, so that it was meant as an address.
+// Whether the text starts with the scheme and is therefore meant as an address.
 bool HasRecordScheme(std::string_view text);
 
 }  // namespace quellbrook

@@ -18,7 +18,7 @@ namespace quellbrook {
 namespace {
 
 constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380, pictureHeight = 200;
-constexpr int darkGround = 80;  // of 255; white text is easier to read on darker ones
+constexpr int darkGround = 80;  // of 255; darker ones need white text
 const char* const securedColor = "#DC5C1C";
 
 QLabel* MakeTag(const ItemStatus& status, QWidget* parent) {

@@ -12,8 +12,8 @@ class QVBoxLayout;
 
 namespace quellbrook {
 
-// The host's read-only page of one record: picture, fields, incidents and chain of custody as far as the user may see
-// them, or a sentence that explains why it cannot be shown. Empty until Load.
+// The host's read-only page of one record: the picture, fields, incidents and chain of custody that the user may see,
+// or a sentence that explains why it cannot be shown. Empty until Load.
 class RecordPage : public QWidget {
     Q_OBJECT
 
@@ -21,17 +21,17 @@ public:
     explicit RecordPage(const RecordAddress& address, QWidget* parent = nullptr);
 
     const RecordAddress& Address() const { return m_address; }
-    // Kind and identifier, or the number without a record or an identifier.
+    // Kind and identifier, or the number if there is no record or identifier.
     QString Title() const;
 
-    // Reads the record again. The page, with its scroll positions, stays if nothing has changed.
+    // Reads the record again. If nothing has changed, keeps the page with its scroll positions.
     void Load();
 
 private:
     QWidget* MakeContent(const Record& record);
     QWidget* MakeHeading(const Record& record);
     QWidget* MakeFields(const Record& record);
-    QLabel* MakePicture(const Record& record) const;  // or a sentence that explains its absence
+    QLabel* MakePicture(const Record& record) const;  // or a sentence if there is none
     QWidget* MakeCustody(const Record& record);
     QWidget* MakeSentence(const std::string& sentence);
 

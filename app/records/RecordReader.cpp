@@ -67,7 +67,7 @@ std::vector<CustodyStep> CustodyOf(const StoredItem& item) {
                          record->StorageReason(), record->ReceivedFrom(), record->ReceivedBy(),
                          PathOf(record->Location())});
     }
-    // The component leaves the order among steps of one moment open.
+    // The component does not define the order of steps with equal dates.
     std::stable_sort(steps.begin(), steps.end(), [](const CustodyStep& a, const CustodyStep& b) {
         return std::tie(a.received, a.sequence) > std::tie(b.received, b.sequence);
     });
@@ -78,7 +78,7 @@ Record RecordOf(const RecordAddress& address, StoredItem& item, const Row& row) 
     Record record;
     record.address = address;
     ReadHostFields(row, record);
-    // The component composes a vehicle's texts with a blank after each part.
+    // The component adds a blank after each part of a vehicle's texts.
     const auto composed = [&](const std::string& text) { return IsProperty(address) ? text : std::string(Trim(text)); };
     record.description = composed(item.Description());
     record.category = item.CategoryName();

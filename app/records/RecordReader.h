@@ -15,8 +15,8 @@ struct RecordRefusal {
 
 using RecordAnswer = std::variant<Record, RecordRefusal>;
 
-// Reads the record as it is in the database now, as far as the user of the session may see it. Refuses a user who may
-// not view records of this kind, and a number without a record. Failures of the database pass through.
+// Reads the current record from the database, limited to what the session's user may see. Refuses a user who may not
+// view records of this kind, and a number without a record. Does not catch failures of the database.
 RecordAnswer ReadRecord(const RecordAddress& address);
 
 }  // namespace quellbrook

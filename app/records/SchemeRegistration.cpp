@@ -20,7 +20,7 @@ constexpr int toolLimit = 20'000;  // milliseconds
 
 std::string MimeType() { return "x-scheme-handler/" + std::string(RecordScheme); }
 
-// Quotes a word of the key Exec: escapes special characters inside the quotes, then backslashes as in any text value,
+// Quotes a word for the key Exec: escapes special characters inside the quotes, then backslashes as in all text values,
 // and doubles "%".
 std::string ExecWord(const std::string& word) {
     std::string escaped = "\"";
@@ -48,7 +48,7 @@ void WriteEntry(const QString& directory, const std::string& text) {
         Raise(ErrorNumber::General, source, "The file '" + file.fileName().toStdString() + "' can't be written.");
 }
 
-// False if it is not installed.
+// Returns false if the tool is not installed.
 bool RunTool(const char* name, const QStringList& arguments) {
     const QString path = QStandardPaths::findExecutable(QString::fromLatin1(name));
     if (path.isEmpty()) return false;

@@ -11,14 +11,14 @@
 
 namespace quellbrook {
 
-// The socket of this user's program that has the database open. Different spellings of the database's path give the
-// same socket.
+// The name of the socket of this user's program that has the database open. Different spellings of the database's path
+// have the same name.
 QString InstanceSocket(const QString& directory, const std::string& databasePath);
 
 inline constexpr int InstanceTimeLimit = 5000;  // milliseconds, for every wait on the other process
 
-// Sends the address to the program that listens on the socket. False if there is none, it does not answer in time, or
-// it refuses.
+// Sends the address to the program that listens on the socket. Returns false if there is none, it does not answer in
+// time, or it refuses.
 bool SendToInstance(const QString& socket, const RecordAddress& address, int limitMilliseconds = InstanceTimeLimit);
 
 // Receives addresses from later starts of the program. A message is one line with an address. Any other message, and
@@ -27,14 +27,14 @@ class InstanceServer : public QObject {
     Q_OBJECT
 
 public:
-    // Starts to listen, unless another program listens on this socket. Removes what a crashed program left. Failures
-    // are logged. Only this user can connect.
+    // Starts listening, unless another program listens on this socket. Removes a socket that a crashed program left.
+    // Logs failures. Only this user can connect.
     explicit InstanceServer(const QString& socket, int limitMilliseconds = InstanceTimeLimit);
 
     bool IsListening() const { return m_server.isListening(); }
 
 signals:
-    // Emitted after the answer was sent.
+    // Emitted after the answer has been sent.
     void Arrived(const quellbrook::RecordAddress& address);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// Shows the picture of a label as large as possible, up to its own size; or a sentence that explains why there is none.
+// Shows the picture of a label as large as possible, up to its own size, or a sentence that explains why there is none.
 class LabelPreview : public QWidget {
     Q_OBJECT
 

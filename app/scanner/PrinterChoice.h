@@ -20,10 +20,10 @@ struct PrinterChoice {
 // The supported resolutions in dots per inch.
 inline constexpr int PrinterResolutions[] = {203, 300, 600};
 
-// The user's file for the choice.
+// The user's file that stores the choice.
 QString PrinterChoiceFile();
 
-// Nothing if there is no choice or the file cannot be read. Invalid values are replaced by those of
+// Empty if there is no choice or the file cannot be read. Invalid values are replaced by those of
 // DefaultPrinterChoice.
 std::optional<PrinterChoice> LoadPrinterChoice(const QString& file);
 // Error 5 with a sentence if the file cannot be written.
@@ -35,8 +35,8 @@ PrinterChoice DefaultPrinterChoice(const std::vector<std::string>& systemPrinter
 
 // Sets the printer of the host's services.
 void ApplyPrinterChoice(const PrinterChoice& choice);
-// Sets the printer at the program's start: the choice in the file, or DefaultPrinterChoice, which is evaluated when the
-// first label is printed, so that the start does not wait for the print system.
+// Sets the printer when the program starts: the choice in the file, or else DefaultPrinterChoice. The default is
+// determined when the first label is printed, so that the start does not wait for the print system.
 void ApplyPrinterChoice(const QString& file);
 
 }  // namespace quellbrook

@@ -24,7 +24,7 @@ namespace {
 
 constexpr int margin = 20, captionWidth = 120, fieldsWidth = 640, previewWidth = 560;
 
-// Only what differs from the application's style.
+// Only the differences from the application's style.
 const char* const sheet = R"css(
 QLineEdit { background: palette(base); border: 1px solid palette(dark); border-radius: 2px; padding: 0 9px;
             min-height: 34px; selection-background-color: palette(highlight);

@@ -5,7 +5,7 @@
 
 namespace quellbrook {
 
-// A key that a scanner sent: its character, or its name if it has none.
+// A key that a scanner sent: its character, or its name if it has no character.
 struct ScannedKey {
     char32_t character = 0;
     std::string name;  // "F2"; only without a character
@@ -20,7 +20,7 @@ enum class ScanVerdict {
     TypedByHand   // probably not a scan
 };
 
-// The evaluation of one burst of keys.
+// The result for one burst of keys.
 struct ScanDiagnosis {
     ScanVerdict verdict = ScanVerdict::Correct;
     std::string reading;                 // all keys, invisible ones by name: "<STX>P0000004711<ETX>"

@@ -58,7 +58,7 @@ QSize ScanField::sizeHint() const { return {320, fieldHeight}; }
 
 QSize ScanField::minimumSizeHint() const { return {120, fieldHeight}; }
 
-// Otherwise Tab would not arrive as a key.
+// Otherwise Tab would move the focus and not arrive as a key.
 bool ScanField::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:

@@ -10,8 +10,8 @@
 
 namespace quellbrook {
 
-// Receives every key while it has the focus, so that a scan triggers no shortcut. Keys in close succession are one
-// reading, which ends after BurstPause without a key. A single Tab, Shift+Tab or Esc leaves the field.
+// Receives every key while it has the focus, so that a scan does not trigger shortcuts. Keys in close succession form
+// one reading, which ends after BurstPause without a key. A single Tab, Shift+Tab or Esc leaves the field.
 class ScanField : public QWidget {
     Q_OBJECT
 

@@ -18,7 +18,7 @@ class ScannerPanel : public QWidget {
 public:
     explicit ScannerPanel(QWidget* parent = nullptr);
 
-    // The field that takes the focus for the panel.
+    // The field that gets the focus for the panel.
     ScanField* Field() const { return m_field; }
 
 private:

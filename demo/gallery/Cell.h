@@ -13,8 +13,8 @@ namespace quellbrook::gallery {
 
 class Stage;
 
-// One specimen in one state above its caption. A permanent state is shown by a live control, a transient one by a
-// picture of the control. The caption notes a picture that equals the normal state.
+// One specimen in one state, above its caption. A permanent state is shown by a live control, a transient state by a
+// picture of the control. The caption mentions if the picture equals the normal state.
 class Cell : public QWidget {
     Q_OBJECT
 

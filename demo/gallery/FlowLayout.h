@@ -7,7 +7,7 @@
 
 namespace quellbrook::gallery {
 
-// Lays out widgets from left to right at their own sizes, in as many lines as needed.
+// Lays out widgets from left to right at their own sizes, in several lines if necessary.
 class FlowLayout : public QLayout {
     Q_OBJECT
 

@@ -84,7 +84,7 @@ bool GalleryWindow::IsDark() const { return Theme::IsDark(); }
 
 void GalleryWindow::SetDark(bool dark) {
     InstallTheme(dark);
-    // Qt delivers the change from its queue, but the pictures are taken now.
+    // Qt queues the change of palette, but the pictures are taken now.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
     m_switch->SetCaption(dark ? tr("Light") : tr("Dark"));
     RetakePictures();

@@ -13,8 +13,8 @@ class FlatButton;
 
 namespace quellbrook::gallery {
 
-// Shows every control in all its states, below a strip with a switch ("switchPalette") between light and dark. Needs
-// neither a database nor a session.
+// Shows every control in all its states, below a strip with a switch ("switchPalette") between light and dark. Does not
+// need a database or a session.
 class GalleryWindow : public QWidget {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     // Changes the palette of the application and takes all pictures again.
     void SetDark(bool dark);
 
-    // Writes the whole page, 1280 pixels wide, as light.png and dark.png into the directory, which is created if
+    // Writes the whole page, 1280 pixels wide, as light.png and dark.png into the directory, and creates it if
     // needed. The window cannot be shown on a screen afterwards. Error 5 with a sentence.
     void WritePictures(const QString& directory);
 
@@ -38,7 +38,7 @@ private:
     QScrollArea* m_scroll;
 };
 
-// Shows the gallery until it is closed, or only writes its pictures into a directory. Returns the exit code.
+// Shows the gallery until it is closed, or only writes its pictures to a directory. Returns the exit code.
 int RunGallery(const std::optional<std::string>& pictureDirectory);
 
 }  // namespace quellbrook::gallery

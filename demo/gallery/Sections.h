@@ -8,7 +8,7 @@ namespace quellbrook::gallery {
 
 class Section;
 
-// Each family of controls is in a file of its name.
+// Each family of controls has a source file of the same name.
 Section* MakeButtons(QWidget* parent);
 Section* MakeFields(QWidget* parent);
 Section* MakeDropdowns(QWidget* parent);

@@ -8,8 +8,8 @@
 
 namespace quellbrook::gallery {
 
-// An invisible window that is active while it exists. It sends a control the platform's pointer or focus events and
-// takes its picture.
+// An invisible window that is active while it exists. It sends pointer or focus events to a control, as the platform
+// does, and takes its picture.
 class Stage {
 public:
     // The margin around a control in its picture for the focus ring, in pixels.
@@ -29,7 +29,7 @@ private:
     bool m_animatedBefore;
 };
 
-// Puts a newly created control into a permanent state.
+// Changes a newly created control to a permanent state.
 void Apply(const Specimen& specimen, State state, Control& control);
 
 }  // namespace quellbrook::gallery

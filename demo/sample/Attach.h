@@ -7,10 +7,10 @@ namespace quellbrook::sample {
 // How the pictures of an item are filed. Only One and Several have a main picture that can be shown.
 enum class Filing {
     One,
-    Several,   // three of them, the second is the main one
+    Several,   // three pictures, the second is the main one
     NoMain,    // pictures, none of them the main one
-    NoFolder,  // the main one has no folder
-    Gone,      // the row of the main one is missing
+    NoFolder,  // the main picture has no folder
+    Gone,      // the row of the main picture is missing
 };
 
 // Files pictures for an item that already has its description. The view selects the first of its category's pictures.

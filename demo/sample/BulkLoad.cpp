@@ -33,7 +33,7 @@ const char* const fillCurrentLocations =
     "UNION ALL SELECT t.StorageLocNo, 2, i.VehicleNo FROM Vehicle i INNER JOIN VehicleTracking t "
     "ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL ORDER BY 1, 2, 3";
 
-// Items without their current custody row, or in another location than it says.
+// Items that lack their current custody row, or whose location differs from that row.
 std::string AnyIsLost(const std::string& kind, const std::string& type) {
     const std::string text =
         "SELECT EXISTS (SELECT 1 FROM {0} i LEFT JOIN {0}Tracking t ON t.{0}No = i.{0}No AND t.SeqNo = i.CurrTrackSeq "

@@ -11,20 +11,20 @@ namespace quellbrook::sample {
 
 // Fills a database of our schema in one transaction.
 //
-// The file is not crash-safe until Finish. Until then it carries the application mark of another program, so that an
-// interrupted load is refused.
+// The file is not crash-safe until Finish. Until then, its header identifies another program, so an interrupted load is
+// not accepted as a database.
 //
-// The guards of locations and custody rows, keys and unique constraints are active all the time. Indexes, foreign keys
-// and the triggers of CurrentPlace and PropertyDescription are the most expensive, so they are off until Finish, which
-// fills both tables at once and checks everything.
+// The guards of locations and custody rows, keys and unique constraints are always active. Indexes, foreign keys and
+// the triggers of CurrentPlace and PropertyDescription are expensive, so they are off until Finish, which fills both
+// tables at once and checks everything.
 class BulkLoad {
 public:
     explicit BulkLoad(const std::string& path);
 
     SQLite::Database& Database() { return m_database; }
 
-    // Fills what the triggers would have filled, restores indexes and triggers, checks and commits. Error 5 with a
-    // sentence if a row refers to a missing one or an item is not where its current custody row says.
+    // Fills the tables that the triggers maintain, restores indexes and triggers, checks and commits. Error 5 with a
+    // sentence if a row refers to a missing one or an item's location differs from its current custody row.
     void Finish(const SampleProgress& progress);
 
 private:

@@ -12,10 +12,10 @@ inline const DateTime LastDay = DateTime::FromParts({2026, 11, 20, 0, 0, 0, 0});
 inline const DateTime FirstDay = DateTime::FromParts({2023, 11, 20, 0, 0, 0, 0});
 inline constexpr int64_t DayLength = 24ll * 60 * 60 * 1000;
 inline constexpr int32_t DayCount = 1096;  // from FirstDay to LastDay
-// the longest chain, in days; no item arrives later than that before the end
+// the longest chain, in days; items arrive at least this long before the end
 inline constexpr int32_t LongestChain = 12;
 
-// The locations that serve each purpose.
+// The locations for each purpose.
 struct LocationPurposes {
     std::vector<int32_t> intake;
     std::vector<int32_t> labs;
@@ -32,7 +32,7 @@ enum class End { InStorage, SignedOut, Disposed, UnderReview, NoLocation };
 struct Fate {
     int32_t day = 0;       // of its arrival, from FirstDay; at most DayCount - LongestChain
     int32_t home = 0;      // where it is stored
-    int32_t journeys = 0;  // times that it left and came back, 0 to 3
+    int32_t journeys = 0;  // the number of times it left and returned, 0 to 3
     End end = End::InStorage;
     // For SignedOut and Disposed; 0 picks one of the purposes' locations.
     int32_t endPlace = 0;
@@ -40,7 +40,7 @@ struct Fate {
 };
 
 // A chain of custody for the fate, oldest row first. Dates ascend, each item is received from the person who had it,
-// and a few rows lack a person. An item whose home is an intake location stays there.
+// and a few rows lack a person. An item with an intake location as its home stays there.
 std::vector<Custody> MakeChain(Random& random, const LocationPurposes& places, const Fate& fate);
 
 }  // namespace quellbrook::sample

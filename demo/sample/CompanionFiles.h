@@ -13,7 +13,7 @@ struct CompanionFile {
     std::string bytes;
 };
 
-// Writes files below a folder. Deletes at destruction what it wrote, unless Keep was called.
+// Writes files below a folder. Its destructor deletes these files unless Keep was called.
 class CompanionFiles {
 public:
     explicit CompanionFiles(std::filesystem::path directory) : m_directory(std::move(directory)) {}

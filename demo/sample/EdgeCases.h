@@ -10,8 +10,8 @@
 namespace quellbrook::sample {
 
 // Values from real departments that break programs: quotes, padding blanks, other scripts, markup and wildcards in
-// names, and missing values. Each follows from an item's position alone, counted from 0. A department of a thousand
-// items contains all of them.
+// names, and missing values. Each depends only on an item's position, counted from 0. A department of a thousand items
+// contains all of them.
 
 void AddEdgeCases(int32_t place, Property& property);
 void AddEdgeCases(int32_t place, Vehicle& vehicle);
@@ -24,7 +24,7 @@ bool IsLinkedTwice(int32_t place);
 // How its pictures are filed; nothing for most items.
 std::optional<Filing> FilingOf(int32_t place);
 
-// Replaces persons of the chain by their stand-ins, for some items.
+// For some items, replaces persons of the chain with others that have difficult names.
 void AddEdgeCasePersons(int32_t place, std::vector<Custody>& chain);
 
 }  // namespace quellbrook::sample

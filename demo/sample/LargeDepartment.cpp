@@ -59,7 +59,7 @@ private:
         m_writer.AddIncident(incident);
     }
 
-    // Spreads `count` marks evenly over the property: whether the piece at this position has one.
+    // Spreads `count` marks evenly over the property. Returns whether the piece at this position has one.
     bool Marked(int32_t index, int32_t count) const {
         const int64_t marks = std::min(count, m_properties / 10);
         return index * marks / m_properties != (index + 1) * marks / m_properties;

@@ -53,7 +53,7 @@ void AddEntries(LocationTree& tree, int32_t type, const std::vector<Entry>& entr
     }
 }
 
-// Whether the location at this position is in use. A container out of use applies to its contents.
+// Whether the location at this position is in use. The contents of a container out of use are out of use, too.
 std::optional<bool> IsActive(int level, int32_t place) {
     if (level >= 2 && place % 29 == 5) return std::nullopt;
     return !(level >= 2 && place % 23 == 3);

@@ -26,7 +26,7 @@ private:
 // The sixty locations of the sample department.
 LocationTree MakeSmallTree();
 
-// The number of locations of a generated department: one for twenty items, between 100 and 5,000.
+// The number of locations of a generated department: one per twenty items, between 100 and 5,000.
 int32_t LocationsFor(int32_t items);
 
 struct LargeTree {
@@ -40,8 +40,8 @@ struct LargeTree {
     std::vector<int32_t> other;
 };
 
-// Builds `count` locations, at least 100, on five levels in every category except the uncategorized. One in eleven has
-// an edge-case name. Some have no active flag, some are out of use, and some of those contain locations in use.
+// Builds `count` locations, at least 100, on five levels in every category except Uncategorized. One in eleven has an
+// edge-case name. Some have no active flag, some are out of use, and some of those contain locations in use.
 LargeTree MakeLargeTree(int32_t locations);
 
 }  // namespace quellbrook::sample

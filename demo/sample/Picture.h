@@ -17,7 +17,7 @@ struct Picture {
     std::vector<uint8_t> dots;  // row by row from the top; each is an index into the colors
 };
 
-// A shape. Coverage is computed in integers, so that pictures are equal on every machine.
+// A shape. Coverage is computed with integers, so pictures are equal on every machine.
 struct Shape {
     enum class Kind {
         Box,    // left, top, right, bottom; the last two are exclusive

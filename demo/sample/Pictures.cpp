@@ -11,7 +11,7 @@ namespace quellbrook::sample {
 
 namespace {
 
-// What distinguishes two pictures of one motif.
+// The variations of one motif.
 struct Tint {
     Color back, shade, main, light;
 };

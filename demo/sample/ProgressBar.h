@@ -5,8 +5,8 @@
 
 namespace quellbrook::sample {
 
-// A progress bar on one line of a terminal: "Creating ... [#######       ]  50 %". A stream that is not a terminal gets
-// only the text, once. Nothing is written before the first Show.
+// A progress bar on one line of a terminal: "Creating ... [#######       ]  50 %". For a stream that is not a terminal,
+// writes only the text, once. Writes nothing before the first Show.
 class ProgressBar {
 public:
     // The text precedes the bar and has no line end. The stream must outlive this.

@@ -113,7 +113,7 @@ bool IsGoneProcess(const std::string& text) {
     return number > 0 && kill(number, 0) != 0 && errno == ESRCH;
 }
 
-// Removes what a killed creation left, since nothing else does.
+// Removes the files of a creation that was killed.
 void RemoveLeftovers(const std::filesystem::path& path) {
     std::vector<std::string> leftovers;
     std::error_code ignored;

@@ -10,7 +10,7 @@ namespace quellbrook {
 // Selects the department to create. All its dates are in the three years before November 21, 2026.
 struct SampleOptions {
     // 0: the sample department, 300 pieces of property and 40 vehicles in 60 locations, with a few edge cases. Above 0:
-    // a generated department of this number of items, one in ten a vehicle, with one location for twenty items, between
+    // a generated department of this number of items, one in ten a vehicle, with one location per twenty items, between
     // 100 and 5,000. From a thousand items on it contains all edge cases: names with quotes, padding blanks and other
     // scripts; items without a location, category, identifier, state code or quantity; items linked twice to an
     // incident; locations out of use that contain others; pictures filed incorrectly.
@@ -19,8 +19,8 @@ struct SampleOptions {
 
 namespace SampleNames {
 inline constexpr const char* AgencyName = "Harlow Bay Police Department";
-// Of a generated department: the location that every tracked item has passed, and a shelf with 190 items (a tenth of
-// the items if there are fewer than 1,900).
+// In a generated department: the location that every tracked item has passed through, and a shelf with 190 items (a
+// tenth of the items if there are fewer than 1,900).
 inline constexpr const char* SignInCounter = "Sign-In Counter";
 inline constexpr const char* FullShelf = "Bulk Shelf";
 // The setting that marks a department whose accounts may be shown.

@@ -4,12 +4,12 @@
 
 namespace quellbrook::sample {
 
-// The edge cases of the sample department by item number. They are away from the shelves that people open first.
+// The edge cases of the sample department by item number. None is on a shelf that users are likely to open first.
 
 void AddSampleEdgeCases(Property& property);
 void AddSampleEdgeCases(Vehicle& vehicle);
 
-// The full name of a location out of use, or inside one, that contains this item; null for all others.
+// The full name of the location of this item if that is, or is inside, a location out of use; otherwise null.
 const char* PlaceOutOfUse(int32_t property);
 
 // Whether the item is linked twice to its incident.

@@ -14,7 +14,7 @@ struct SmallLocations {
     std::map<int32_t, Disposition> dispositions;  // by location
     std::vector<int32_t> shelves;
     std::vector<int32_t> vaults;
-    std::vector<int32_t> rows;  // of the impound lot; listed twice if it takes twice as many vehicles
+    std::vector<int32_t> rows;  // of the impound lot; listed twice if a row has room for twice the vehicles
 };
 
 SmallLocations SmallLocationsOf(const LocationTree& smallTree);

@@ -50,7 +50,7 @@ void TourPlayer::Step(const QString& name) {
 
 void TourPlayer::AddPress(const QString& what, std::function<tour::Spot()> spot,
                           std::function<void(const QPoint&)> press) {
-    // Two successive positions must be equal, so that nothing moving is clicked.
+    // Two successive positions must be equal, to avoid clicking a moving widget.
     auto last = std::make_shared<tour::Spot>();
     AddMove({what + QStringLiteral(" can be pressed"),
              [spot, last] {

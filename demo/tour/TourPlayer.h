@@ -16,7 +16,7 @@
 
 namespace quellbrook {
 
-// What a player sees, and how long it waits for a condition.
+// How a player sees the screen, and how long it waits for a condition.
 struct TourSenses {
     std::function<QImage()> camera;  // takes a picture of the whole screen
     int limitMilliseconds = 15'000;
@@ -34,10 +34,10 @@ public:
                const TourSenses& senses = ScreenSenses());
 
     void Start();
-    // Whether every step passed. Valid after the end of the tour.
+    // Whether every step passed. Call it after the end of the tour.
     bool Passed() const { return m_passed; }
 
-    // These add the moves of the scenario before Start. Spots and conditions are polled.
+    // Call these before Start to add the moves of the scenario. Spots and conditions are polled.
 
     void Step(const QString& name);  // ends with a picture of the screen
     void Click(const QString& what, std::function<tour::Spot()> spot,
@@ -63,7 +63,7 @@ private:
         std::function<bool()> ready;
         std::function<void()> act;
         std::function<QString()> see;
-        bool endsByItself = false;  // becomes ready in any case
+        bool endsByItself = false;  // always becomes ready eventually
     };
 
     void AddMove(Move move) { m_moves.push_back(std::move(move)); }

@@ -17,8 +17,8 @@ namespace quellbrook::tour {
 // Reads what is visible on the screen from the widgets. Invisible widgets are not found; the result is then null or
 // empty.
 
-// Finds a widget by object names from the outside in, joined by "/": "cart/btnTransfer". The last opened window is
-// searched first.
+// Finds a widget by object names from the outside in, joined by "/": "cart/btnTransfer". Searches the most recently
+// opened window first.
 QWidget* Find(const QString& path);
 // The text of a widget: its caption, its text or its accessible name.
 QString TextOf(const QWidget* widget);
@@ -39,7 +39,7 @@ QString ChosenIn(const QString& path);
 // The list that an open dropdown shows.
 QAbstractItemView* OpenDropdownList();
 
-// Where to click, in screen pixels; nothing while it is hidden, disabled, covered or scrolled out of view.
+// Where to click, in screen pixels; empty while it is hidden, disabled, covered or scrolled out of view.
 using Spot = std::optional<QPoint>;
 Spot SpotOf(QWidget* widget);
 Spot SpotOf(QAbstractItemView* view, const QModelIndex& index);

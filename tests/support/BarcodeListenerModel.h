@@ -23,7 +23,7 @@ public:
         return static_cast<float>(static_cast<double>(time.milliseconds % day) / 1000.0);
     }
 
-    // Whether the message passes.
+    // Whether the message is let through.
     bool OnMessage(const KeyMessage& message, bool isListening, float seconds) {
         using namespace KeyMessageNumber;
         if (message.number == KeyDown || message.number == SysKeyDown) return seconds - m_lastScanEnd >= 0.1;
@@ -47,7 +47,7 @@ public:
         return false;
     }
 
-    // What is raised.
+    // The events that are raised.
     std::optional<Scan> OnFiring(bool isWindowActive) {
         if (m_waiting.empty()) return std::nullopt;
         m_isScanning = false;

@@ -9,7 +9,7 @@
 
 namespace quellbrook::testing {
 
-// A callback that runs a function of a test.
+// A callback that runs a test's function.
 class FunctionCallback : public DispatcherCallback {
 public:
     FunctionCallback(std::string typeName, std::function<void(const Action&)> handle)

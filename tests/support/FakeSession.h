@@ -51,7 +51,7 @@ public:
     }
 };
 
-// A FakeSession that is the host's session from construction to destruction.
+// A FakeSession that is installed as the host's session for its own lifetime.
 class SessionScope {
 public:
     SessionScope() { HostServices::Current().SetSession(m_session); }

@@ -18,7 +18,7 @@ public:
 
     void FailAtOpen(Error error);
     void FailAtBegin(Error error);
-    // The nth statement from now, 1 the next one; queries and executed texts count alike. It is not executed.
+    // Fails the nth statement from now, where 1 is the next one, and does not execute it. Counts queries, too.
     void FailAtStatement(int n, Error error);
     void FailAtCommit(Error error);     // nothing is committed
     void FailAfterCommit(Error error);  // committed, but the answer is lost

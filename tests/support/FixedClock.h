@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-// A clock that stands still until a test moves it.
+// A clock that changes only when a test sets it.
 class FixedClock : public Clock {
 public:
     FixedClock() = default;

@@ -10,7 +10,7 @@ struct HostileText {
     std::string text;
 };
 
-// Texts that a custodian can type or paste and that a careless program misinterprets. All differ, also when case is
+// Texts that a custodian can type or paste and that a careless program misinterprets. All differ, even when case is
 // ignored.
 inline const std::vector<HostileText>& HostileTexts() {
     static const std::vector<HostileText> texts = {

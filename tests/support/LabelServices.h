@@ -12,7 +12,7 @@
 
 namespace quellbrook::testing {
 
-// Files of the host, with names and contents set by a test.
+// Files of the host with names and contents that a test sets.
 class MemoryFiles : public HostFiles {
 public:
     std::map<std::string, std::string> files;

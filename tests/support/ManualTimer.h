@@ -10,7 +10,7 @@ namespace quellbrook::testing {
 
 class ManualTimers;
 
-// A timer that ticks only at a call of Tick.
+// A timer that ticks only when Tick is called.
 class ManualTimer : public Timer {
 public:
     explicit ManualTimer(std::shared_ptr<std::vector<ManualTimer*>> all) : m_all(std::move(all)) {
@@ -31,7 +31,7 @@ public:
     bool IsSingleShot() const { return m_singleShot; }
     int Starts() const { return m_starts; }
 
-    // One elapsed interval; no effect on a stopped timer. The callback may destroy the timer.
+    // Simulates one elapsed interval; no effect on a stopped timer. The callback may destroy the timer.
     void Tick() {
         if (!m_running) return;
         if (m_singleShot) m_running = false;

@@ -8,8 +8,8 @@
 
 namespace quellbrook::testing {
 
-// Every test begins and ends without a dispatcher, stores or a cached location document, with a logged-in session with
-// all rights, in a TestEnvironment.
+// Every test begins and ends without a dispatcher, stores or a cached location document. It runs in a TestEnvironment
+// with a logged-in session that has all rights.
 class ModelTest : public ::testing::Test {
 protected:
     ModelTest() { ForgetState(); }

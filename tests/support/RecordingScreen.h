@@ -37,13 +37,13 @@ public:
         bool operator==(const PlainMessage&) const = default;
     };
 
-    // The answer to the next question that has none yet.
+    // Sets the answer to the next question that has none yet.
     void AnswerNext(int32_t answer) { m_answers.push_back(answer); }
-    // The answer to all further questions.
+    // Sets the answer to all further questions.
     void SetDefaultAnswer(std::optional<int32_t> answer) { m_defaultAnswer = answer; }
     bool HasAnswersLeft() const { return !m_answers.empty(); }
 
-    // Run while a message, or a plain one, is open: what the user or a timer does meanwhile.
+    // Runs while a message, or a plain one, is open: simulates the user or a timer.
     std::function<void(const Message&)> WhileMessageOpen;
     std::function<void(const PlainMessage&)> WhilePlainMessageOpen;
 
@@ -55,7 +55,7 @@ public:
 
     const std::vector<Message>& Messages() const { return m_messages; }
     const std::vector<PlainMessage>& PlainMessages() const { return m_plainMessages; }
-    // The messages so far; starts a new record.
+    // Returns the messages so far and starts a new record.
     std::vector<Message> TakeMessages();
     std::vector<PlainMessage> TakePlainMessages();
     const ObjectRef& DialogParent() const { return m_dialogParent; }
@@ -86,7 +86,7 @@ private:
     int m_livingWizards = 0;
 };
 
-// As gtest prints them.
+// For gtest's output.
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::Message& message);
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::PlainMessage& message);
 

@@ -26,15 +26,15 @@ private:
     std::mt19937 m_random;
 };
 
-// Fills a database with a few dozen items in every state that the tables allow, including states that no program leaves
-// behind: missing current custody rows, rows without a location or with a deleted one, duplicate links, links to
+// Fills a database with a few dozen items in every state that the tables allow, including states that no program
+// creates: missing current custody rows, rows without a location or with a deleted one, duplicate links, links to
 // deleted incidents, secured incidents, disabled subtrees, vehicles without a state, quantities that are not numbers,
 // missing, empty and blank texts, and texts with every special character of a pattern.
 class SearchDepartment {
 public:
     SearchDepartment(TestDatabase& database, Dice& dice);
 
-    // Replaces the view of vehicles with one that lacks some vehicles and repeats others, as a host's own might, and
+    // Replaces the view of vehicles with one that lacks some vehicles and repeats others, as a host's view might, and
     // deletes the fact that items are distinct.
     void ReplaceTheView();
 

@@ -48,7 +48,7 @@ struct CustodyFields {
 };
 
 // An empty department database in our schema, in a temporary file. Its engine is installed in HostServices for its own
-// lifetime. The builders and the raw helpers use a separate connection. Their failures are Errors with SQLite's words.
+// lifetime. The builders and raw helpers use a separate connection. They raise Errors with SQLite's messages.
 class TestDatabase {
 public:
     TestDatabase();
@@ -67,7 +67,7 @@ public:
                         std::optional<bool> enabled = true);
     int32_t AddProperty(const PropertyFields& fields = {});
     int32_t AddVehicle(const VehicleFields& fields = {});
-    // Adds the item's next custody row and makes it the current one; its SeqNo. The location may be Null.
+    // Adds the item's next custody row and makes it the current one. Returns its SeqNo. The location may be Null.
     int32_t AddCustodyRow(StoredItemTypes kind, int32_t item, const TaggedValue& location,
                           const CustodyFields& fields = {});
     int32_t AddIncident(const TaggedValue& incidentId, const TaggedValue& caseNumber = Null(), bool secured = false);
@@ -77,7 +77,7 @@ public:
                  bool active = true);
     void AddPerson(int32_t personNo, const std::string& displayName, bool active = true);
     void AddSetting(const std::string& name, const std::string& value);
-    // The attachment in folder path, as the item's main one.
+    // Adds the attachment in folder path as the item's main one.
     void AddAttachment(StoredItemTypes kind, int32_t item, const std::string& path, const std::string& fileName);
 
     // SQLite's own SQL. Values are returned by storage class: integers, doubles, texts, NULL.
@@ -85,7 +85,7 @@ public:
     RowList QueryRows(const std::string& sql);
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row
 
-    // Every row of every table as text, in a fixed order: equal texts, equal databases. Without the trigram index.
+    // Every row of every table as text, in a fixed order, to compare databases. Without the trigram index.
     std::string Snapshot();
 
 private:

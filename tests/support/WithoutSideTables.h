@@ -6,7 +6,7 @@
 
 namespace quellbrook::testing {
 
-// Wraps an engine and reports a schema of the host's own: without our side tables and facts.
+// Wraps an engine and reports a schema that belongs to the host, without our side tables and facts.
 class WithoutSideTables : public Engine {
 public:
     explicit WithoutSideTables(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {

@@ -30,7 +30,7 @@ public:
     std::vector<std::string> FaultsOf(QWidget& window);
     // The number of widgets visited.
     int Visited() const { return m_visited; }
-    // The intended faults that were never found.
+    // The intended faults that were not found.
     std::vector<std::string> NeverMet() const;
 
 private:

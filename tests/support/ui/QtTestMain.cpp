@@ -33,7 +33,7 @@ bool TakeAnnounced(const QString& message) {
     return false;
 }
 
-// Messages of the offscreen platform about itself.
+// Messages of the offscreen platform about its own limits.
 bool IsOfPlatform(const QString& message) {
     return message.startsWith(QLatin1String("This plugin does not support")) ||
            message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));

@@ -4,8 +4,8 @@
 
 namespace quellbrook::testing {
 
-// Types into whatever window has the focus as a keyboard-wedge scanner does: Ctrl+B for STX, Ctrl+C for ETX, capitals
-// with Shift, each key pressed and released, nothing between them.
+// Types into the focused window like a keyboard-wedge scanner: Ctrl+B for STX, Ctrl+C for ETX, capitals with Shift.
+// Each key is pressed and released, without pauses.
 void TypeAsScanner(std::string_view characters);
 
 // One barcode: STX, the text, ETX.

@@ -16,7 +16,7 @@ void ShowActive(QWidget& window) {
 
 namespace {
 
-// Not by QTest, which treats the point 0,0 as the middle of the widget.
+// Does not use QTest, which treats the point 0,0 as the middle of the widget.
 void SendMouse(const QPointer<QWidget>& widget, QEvent::Type type, Qt::MouseButton button, const QPoint& at,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     static quint64 time = 1000;
@@ -108,7 +108,7 @@ bool HasColor(const QImage& picture, const QRect& part, const QColor& color) {
 
 namespace {
 
-// A field's inner widget has the name of its control.
+// A field's inner widget has the same name as its control.
 std::string ControlName(const QWidget* widget) {
     while (widget->objectName().isEmpty() && widget->parentWidget()) widget = widget->parentWidget();
     return widget->objectName().toStdString();
