@@ -9,7 +9,7 @@
 
 namespace quellbrook::bench {
 
-// The same work written by hand: minimal SQL that returns the same rows, prepared once on a connection of its own with
+// The same work written by hand: minimal SQL that returns the same rows, prepared once on a separate connection with
 // the same file, schema and settings, and rows read into plain structs.
 class Baseline {
 public:

@@ -83,7 +83,7 @@ void MeasureChain(Baseline& baseline, std::vector<Result>& results) {
 
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results) {
     constexpr int turns = 21;
-    // An item caches what it has loaded, so every turn uses new items.
+    // An item caches its data, so every iteration uses new items.
     std::vector<std::vector<StoredItemRef>> fresh;
     std::vector<int32_t> keys;
     for (int turn = 0; turn <= turns; ++turn) fresh.push_back(SomeItems(baseline, keys));

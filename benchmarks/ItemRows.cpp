@@ -13,7 +13,7 @@ namespace {
 
 const std::string inStorage = " AND t.StorageLocNo IS NOT NULL";
 
-// Candidates from CurrentPlace, checked against the item's current custody row.
+// Takes candidates from CurrentPlace and checks them against the item's current custody row.
 std::string LyingIn(const std::string& key, const char* type) {
     return " WHERE " + key + " IN (SELECT ItemNo FROM CurrentPlace WHERE StorageLocNo = ?1 AND ItemType = " + type +
            ") AND +t.StorageLocNo = ?1";

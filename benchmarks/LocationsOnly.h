@@ -4,7 +4,7 @@
 
 namespace quellbrook::bench {
 
-// Creates a database with only `count` storage locations, ten to a container, five levels deep.
+// Creates a database that contains only `count` storage locations, ten per container, five levels deep.
 void CreateLocationsOnly(const std::string& path, int count);
 
 }  // namespace quellbrook::bench

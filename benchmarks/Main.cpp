@@ -17,7 +17,7 @@ using namespace quellbrook;
 
 namespace {
 
-// Has every right, since the benchmark has no accounts.
+// A session with every right, since the benchmark has no accounts.
 class EverybodySession : public HostSession {
 public:
     std::string Username() const override { return "bench"; }

@@ -20,8 +20,8 @@ struct Result {
     bool IsWithinBar() const { return baseline ? Ratio() <= bar : ours <= bar; }
 };
 
-// Runs both in turns of `batch` operations, so that other load on the machine affects both alike. Returns the medians
-// of one operation in microseconds.
+// Alternates between both in batches of `batch` operations, so that other load on the machine affects both equally.
+// Returns the medians per operation in microseconds.
 struct PairedTimes {
     double ours;
     double baseline;
@@ -29,7 +29,7 @@ struct PairedTimes {
 PairedTimes MeasurePair(const std::function<void()>& ours, const std::function<void()>& baseline, int turns, int batch);
 double Measure(const std::function<void()>& operation, int turns, int batch);
 
-// Stops the run with the message unless the condition is met, so that no row compares different results.
+// Stops the run with the message unless the condition is true, to prevent a row from comparing different results.
 void Require(bool condition, const std::string& message);
 
 void PrintTable(const std::vector<Result>& results);

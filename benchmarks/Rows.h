@@ -19,7 +19,7 @@ void MeasureChain(Baseline& baseline, std::vector<Result>& results);
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
 // Whether dialogs and views stay fast and free their memory.
 void MeasureShell(bool quick, std::vector<Result>& results);
-// What the keyboard hook costs for an event that is not a key. Needs an application without a hook.
+// The cost of the keyboard hook for an event that is not a key. Requires an application without a hook.
 void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);

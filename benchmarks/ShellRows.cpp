@@ -66,8 +66,8 @@ double MicrosecondsOf(const std::function<void()>& operation) {
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Constant work: Qt paints a text many times. Its time shows the current speed of the machine, which on a shared
-// machine changes by a factor of two between the first operations and the last.
+// Constant work: Qt paints a text many times. Its time indicates the current speed of the machine. On a shared machine,
+// the speed can change by a factor of two during the run.
 void PaintYardstick() {
     static QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
@@ -75,7 +75,7 @@ void PaintYardstick() {
         painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
 }
 
-// Times of a hundred operations, and of the constant work next to each.
+// The times of a hundred operations and of the constant work beside each.
 struct Pace {
     std::vector<double> operations, yardsticks;
     double Typical() const { return Median(operations); }

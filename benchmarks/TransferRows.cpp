@@ -34,7 +34,7 @@ struct Batch {
 
 constexpr int batchesInTurn = 8;
 
-// Items at a location, with a short chain like most.
+// Items at a location with a short chain, which most items have.
 std::vector<int32_t> ItemsWithShortChains(Baseline& baseline, const std::string& kind, const std::string& itemType) {
     return baseline.Integers("SELECT ItemNo FROM CurrentPlace INNER JOIN " + kind + " ON " + kind +
                              "No = ItemNo WHERE ItemType = " + itemType + " AND CurrTrackSeq <= 30 ORDER BY ItemNo");

@@ -1,5 +1,5 @@
-// For any sequence of key messages, timer events and delays, the listener behaves like its model: the messages that
-// pass, the buffer, the number of waiting scans, and the events.
+// For any sequence of key messages, timer events and delays, the listener behaves like its model: the messages let
+// through, the buffer, the number of waiting scans, and the events.
 
 #include "base/Environment.h"
 #include "fuzz/Fail.h"

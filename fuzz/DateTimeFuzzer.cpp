@@ -1,5 +1,5 @@
-// Any text is refused, or is a time on an existing day; its text has the fixed format and parses to the same time.
-// Times and their texts sort alike. The first byte is the position of a second text.
+// Any text is refused or is a time on an existing day. Its text has the fixed format and parses to the same time.
+// Times and their texts have the same order. The first byte is the position of a second text.
 
 #include "base/DateTime.h"
 #include "fuzz/Fail.h"
@@ -27,7 +27,7 @@ std::optional<DateTime> Read(const std::string& text) {
     return moment;
 }
 
-// Maps bytes to the characters of a time, so that valid times occur soon.
+// Maps bytes to the characters of a time, to reach valid times quickly.
 std::string AsMomentText(const uint8_t* data, size_t size) {
     constexpr const char* form = "0000-00-00T00:00:00.000";
     std::string text;

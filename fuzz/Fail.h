@@ -6,7 +6,7 @@
 
 namespace quellbrook::fuzz {
 
-// Reports what is wrong with the text, and ends the run.
+// Reports the fault in the text and ends the run.
 [[noreturn]] inline void Fail(const char* what, std::string_view text) {
     std::fprintf(stderr, "%s: %.*s\n", what, static_cast<int>(text.size()), text.data());
     std::abort();

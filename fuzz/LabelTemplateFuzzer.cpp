@@ -1,5 +1,5 @@
-// Any text is refused as a label template with a short message, or results in a label with a valid size, whose fields
-// lie within it and are removed from its drawing.
+// Any text is refused as a label template with a short message, or results in a label of a valid size. Its fields are
+// inside the label and are removed from its drawing.
 
 #include "base/Error.h"
 #include "fuzz/Fail.h"
@@ -54,7 +54,7 @@ void Read(const std::string& text) {
     }
 }
 
-// Parts of drawings in any order, with bytes of the input between them, so that valid labels occur soon.
+// Parts of drawings in any order, with bytes of the input between them, to reach valid labels quickly.
 std::string AsDrawing(const uint8_t* data, size_t size) {
     static const char* const parts[] = {"<text id='name' x='5' y='9' font-size='4'>",
                                         "</text>",

@@ -1,5 +1,5 @@
-// SQLite reads the bytes of any literal back unchanged. A pattern matches its own text, with any text instead of its
-// asterisks. Without asterisks it matches exactly what is equal by the columns' collation. NUL is refused.
+// SQLite reads the bytes of any literal back unchanged. A pattern matches its text with any text instead of its
+// asterisks. Without asterisks, it matches exactly the texts that are equal in the columns' collation. NUL is refused.
 
 #include "base/Error.h"
 #include "base/Text.h"

@@ -28,7 +28,7 @@ std::optional<LocationPath> Read(const std::string& text) {
     }
 }
 
-// As in a department: begins with the sentinel, which occurs nowhere else.
+// Whether the path begins with the sentinel, which occurs nowhere else, as in a department.
 bool IsUsual(const LocationPath& path) {
     const auto& ids = path.Ids();
     return !ids.empty() && ids[0] == 0 && std::count(ids.begin(), ids.end(), 0) == 1;
@@ -50,7 +50,7 @@ void CheckPair(const LocationPath& p, const LocationPath& q) {
     Check(moved == expected, "REPLACE changes something else", text + " " + other);
 }
 
-// Maps bytes to digits and slashes, so that valid paths occur soon.
+// Maps bytes to digits and slashes, to reach valid paths quickly.
 std::string AsPathText(const uint8_t* data, size_t size) {
     std::string text;
     for (size_t i = 0; i < size; ++i) text += "0123456789//-0/5"[data[i] % 16];

@@ -35,7 +35,7 @@ void Read(const std::string& text) {
     }
 }
 
-// Parts of addresses in any order, with bytes of the input between them, so that valid addresses occur soon.
+// Parts of addresses in any order, with bytes of the input between them, to reach valid addresses quickly.
 std::string AsAddressText(const uint8_t* data, size_t size) {
     static const std::string parts[] = {"tessarine://", "TESSARINE://", "miproperty", "mivehicle", "/open/", "/", "1",
                                         "2147483647",   "2147483648",   "0",          "42",        "%34"};

@@ -19,7 +19,7 @@ public:
 
     sqlite3* Handle() const { return m_database; }
 
-    // The error message of SQLite for the statement; empty when it accepts it.
+    // SQLite's error message for the statement; empty if SQLite accepts it.
     std::string FailureOf(const std::string& sql) const {
         sqlite3_stmt* statement = nullptr;
         const int code = sqlite3_prepare_v2(m_database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);

@@ -74,7 +74,7 @@ void Read(const Keys& keys) {
         Check(keys.size() == 13 && keys.front().character == Stx && keys.back().character == Etx, "It is not", reading);
 }
 
-// Few characters, so that valid barcodes occur soon.
+// Uses few characters, to reach valid barcodes quickly.
 Keys FromFewCharacters(const uint8_t* data, size_t size) {
     static const char32_t characters[] = {Stx,   Etx,   U'P', U'l', U'V', U'0', U'4',   U'9',
                                           U'\r', U'\t', U'b', U'c', U'#', 0xE0, 0x202E, 0};

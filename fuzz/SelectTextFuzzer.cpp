@@ -1,5 +1,5 @@
-// For any select list and any pattern, each entry stays as it was written. The query is planned and written, with the
-// same result each time, or refused with an Error.
+// For any select list and any pattern, each entry is kept as written. The query is planned and written, with the same
+// result each time, or refused with an Error.
 
 #include "base/Error.h"
 #include "base/Text.h"

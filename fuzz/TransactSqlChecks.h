@@ -17,7 +17,7 @@ namespace quellbrook::fuzz {
 using namespace quellbrook::sql;
 
 struct Outcome {
-    std::optional<std::vector<std::string>> statements;  // nothing where the text is refused
+    std::optional<std::vector<std::string>> statements;  // empty if the text is refused
     std::string refusal;
 };
 
@@ -34,7 +34,7 @@ inline Outcome Rewrite(std::string_view source) {
 
 inline bool IsAccepted(std::string_view source) { return Rewrite(source).statements.has_value(); }
 
-// The message quotes a part of the text: the beginning of a long part, with a blank for NUL.
+// The message quotes part of the text: only the beginning of a long part, and a blank instead of NUL.
 inline void CheckRefusal(std::string source, const std::string& refusal) {
     const std::string before = "This database does not support \"";
     const std::string after = "\" in a statement.";
@@ -49,7 +49,7 @@ struct Literals {
     bool hasVariables = false;
 };
 
-// Rewritten statements quote the names of temporary tables. Without double quotes, they are tokens again.
+// Rewritten statements quote the names of temporary tables. Without the quotes, the text can be split again.
 inline void Collect(std::string_view text, Literals& literals) {
     const std::string unquoted = Replace(text, "\"", "");
     for (const Token& token : SplitTransactSql(unquoted)) {
@@ -70,7 +70,7 @@ inline void CheckLiterals(std::string_view source, const std::vector<std::string
               source);
 }
 
-// The grammar has nothing that SQLite cannot parse. Unknown names and the like do not matter.
+// SQLite must be able to parse everything in the grammar. Errors such as unknown names do not matter.
 inline void CheckParsedBySqlite(const std::string& statement) {
     const std::string failure = ReferenceDatabase::Instance().FailureOf(statement);
     for (const char* fault : {"syntax error", "near \"", "unrecognized token", "incomplete input", "no such function",

@@ -1,4 +1,4 @@
-// Rewrites and normalizes any text. The first byte selects a beginning, so that the rest gets past the first word.
+// Rewrites and normalizes any text. The first byte selects the first words, to reach the rest of the grammar.
 
 #include "fuzz/TransactSqlChecks.h"
 

@@ -1,5 +1,5 @@
-// Derives statements from the grammar in the header of the rewriter. Each of them must be accepted, and pass the checks
-// for any text.
+// Derives statements from the grammar in TransactSqlRewriter.h. Each of them must be accepted and pass the checks for
+// any text.
 
 #include "fuzz/TransactSqlChecks.h"
 
@@ -10,7 +10,7 @@ using namespace quellbrook::fuzz;
 
 namespace {
 
-// The bytes make the choices. When they are used up, the first and shortest choice is taken.
+// The bytes determine the choices. When they are used up, the first and shortest choice is taken.
 class Derivation {
 public:
     Derivation(const uint8_t* data, size_t size) : m_data(data), m_size(size) {}
@@ -26,7 +26,7 @@ public:
 private:
     size_t Choose(size_t choices) { return m_at < m_size ? m_data[m_at++] % choices : 0; }
     bool Maybe() { return Choose(2) == 1 && CanNest(); }
-    // Everything that is opened here stays below the deepest nesting of the grammar.
+    // Limits the nesting to less than the grammar's limit.
     bool CanNest() const { return m_depth < 12; }
     void Put(const char* text) { (m_text += text) += Choose(8) == 7 ? "\r\n\t" : " "; }
     template <size_t N>

@@ -1,5 +1,5 @@
-// Joins words of the grammar and similar languages, which a fuzzer of bytes would take long to find. Each byte selects
-// a word; with its highest bit set, no blank follows.
+// Joins words of the grammar and similar languages, which random bytes would rarely produce. Each byte selects a word;
+// with its highest bit set, no blank follows.
 
 #include "fuzz/TransactSqlChecks.h"
 

@@ -127,7 +127,7 @@ protected:
     }
     void Walk() { Walk(*m_window); }
 
-    // Shared by all tests, to find unused exceptions at the end.
+    // Shared by all tests, to find unused exceptions after the last one.
     static GeometryWalk& TheWalk() {
         static GeometryWalk walk(Meant());
         return walk;

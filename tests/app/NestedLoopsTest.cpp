@@ -25,7 +25,7 @@
 namespace quellbrook::testing {
 namespace {
 
-// The widgets' own screen with a wizard that runs until a test ends it.
+// The real WidgetScreen with a wizard that runs until a test ends it.
 class ScreenWithWizard : public WidgetScreen {
 public:
     std::unique_ptr<SetupWizard> RunSetupWizard() override {
@@ -51,7 +51,7 @@ public:
 enum class Loop { MessageDialog, PromptOfAView, Form, ContextMenu, GateWait, Yield };
 enum class Event { Scan, ToastTicks, ViewChange, LogOut, HostCloses };
 
-// Runs an event during each kind of nested loop: nothing crashes, no event is lost, and the loop ends when its user
+// Runs an event during each kind of nested loop: nothing crashes, no event is lost, and the loop ends when the user
 // ends it.
 class NestedLoops : public MainWindowTest, public ::testing::WithParamInterface<std::tuple<Loop, Event>> {
 protected:
@@ -201,7 +201,7 @@ TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
     }
     switch (TheEvent()) {
     case Event::Scan:
-        // A scan while a dialog is the active window is swallowed.
+        // A scan while a dialog is the active window is dropped.
         EXPECT_TRUE(IsOnShow(gate || HasDialog() ? "explorer" : "itemView"));
         EXPECT_EQ(IsOnShow("itemView"), !gate && !HasDialog());
         break;

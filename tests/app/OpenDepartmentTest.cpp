@@ -28,7 +28,7 @@ protected:
         return InScratch(name);
     }
 
-    // The sentence of the refusal. Checks that the file did not change.
+    // Returns the error message. Checks that the file did not change.
     static std::string RefusalOf(const std::string& path) {
         const std::string before = Bytes(path);
         Options options;

@@ -26,7 +26,7 @@ std::string Content(const std::string& path) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-// A desktop in scratch space with its own user folders and programs.
+// A desktop in a scratch folder with its own user folders and programs.
 class RegisterTest : public ::testing::Test {
 protected:
     void SetUp() override {

@@ -14,8 +14,8 @@
 
 namespace quellbrook::testing {
 
-// A workstation in scratch space: the user's folders, the host's files with a template for evidence labels, and a print
-// system with configurable printers that records its jobs.
+// A workstation in a scratch folder: the user's folders, the host's files with a template for evidence labels, and a
+// print system with configurable printers that records its jobs.
 class ScratchWorkstation {
 public:
     ScratchWorkstation() {

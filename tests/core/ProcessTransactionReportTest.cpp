@@ -17,7 +17,7 @@ public:
 
 class ProcessTransactionReport : public ProcessTransactionTest {};
 
-// After the commit every report is tried, and none of them can turn the transfer into a failure.
+// After the commit, every report is attempted, and a failed report does not make the transfer fail.
 
 TEST_F(ProcessTransactionReport, AFailingViewAfterTheCommitStillReportsSuccess) {
     for (const char* step : {"LOADING_FINISHED", "NOTIFY_USER", "CART_TRANSACTION_SUCCESS"}) {
@@ -61,7 +61,7 @@ TEST_F(ProcessTransactionReport, AFailingLogAfterTheCommitStillReportsSuccess) {
     m_environment->errorLog = &m_log;
 }
 
-// After a failure every step of its report is tried too, and the operation does not throw.
+// After a failure, too, every step of its report is attempted, and the operation does not throw.
 
 TEST_F(ProcessTransactionReport, AFailingReportOfAFailureDoesNotKeepTheOtherStepsFromBeingTried) {
     const int32_t id = AddStored(Property);

@@ -33,7 +33,7 @@ protected:
         m_stores = GetStores();
     }
 
-    // Vehicles are numbered from 101: a batch takes only one item of a number.
+    // Vehicles are numbered from 101, since a batch accepts only one item with the same number.
     int32_t AddStored(StoredItemTypes kind) {
         if (kind == Vehicle && ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Vehicle")) == 0)
             m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");

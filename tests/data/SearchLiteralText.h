@@ -19,8 +19,8 @@ struct AskedSearch {
     bool seesVehicles = true;
 };
 
-// The search as one unplanned statement: both kinds of item with all their joins. Its distinct rows are what the search
-// must find.
+// The search as one unplanned statement: both kinds of item with all their joins. The search must find its distinct
+// rows.
 std::string LiteralSearchText(const AskedSearch& asked);
 
 std::string Describe(const AskedSearch& asked);

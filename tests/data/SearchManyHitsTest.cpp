@@ -11,7 +11,7 @@ namespace {
 
 constexpr int32_t Many = 20000;
 
-// A counter with very many items, each with realistic texts.
+// A counter with a great number of items, each with realistic texts.
 class SearchManyHits : public testing::DatabaseTest {
 protected:
     SearchManyHits() {
@@ -43,7 +43,7 @@ protected:
 }  // namespace
 
 TEST_F(SearchManyHits, AHitTakesLittleMemory) {
-    Everything();  // the database's own caches fill with the first search
+    Everything();  // fills the database's caches
     const size_t idle = testing::MemoryInUse();
     const auto hits = Everything();
     ASSERT_EQ(hits->Count(), Many);

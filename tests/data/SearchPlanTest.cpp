@@ -1,4 +1,4 @@
-// Checks SQLite's plans: a search by an indexed criterion uses that index, whatever else is asked.
+// Checks SQLite's plans: a search by an indexed criterion uses that index, whatever the other criteria are.
 
 #include "data/StoredItemSearch.h"
 
@@ -19,7 +19,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using Number = NumberSearchTypes;
 
-// What ANALYZE would write of a department with a million items: rows, then rows for one value of the index's columns.
+// What ANALYZE would write for a department with a million items: rows, then rows per value of the index's columns.
 const char* const statistics =
     "('Property', NULL, '1000000'), ('Property', 'PropertyByPropertyID', '1000000 2'), ('Vehicle', NULL, '100000'), "
     "('Vehicle', 'VehicleByRegNumber', '100000 1'), ('PropertyTracking', 'PropertyTracking', '3670000 4 1'), "
@@ -38,8 +38,8 @@ bool Contains(const Texts& lines, const std::string& part) {
     return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return Contains(line, part); });
 }
 
-// Whether the line of a plan reads a whole table of items, links or custody rows, or builds a table or an index for
-// this one query.
+// Whether this line of a plan reads a whole table of items, links or custody rows, or builds a table or an index for
+// the query.
 bool IsWasteful(const std::string& line) {
     if (Contains(line, "MATERIALIZE") || Contains(line, "AUTOMATIC")) return true;
     if (line.starts_with("SCAN PropertyDescription VIRTUAL")) return false;

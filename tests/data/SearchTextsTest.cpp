@@ -17,8 +17,8 @@ using Ids = std::vector<int32_t>;
 constexpr auto Property = StoredItemTypes::Property;
 constexpr auto Vehicle = StoredItemTypes::vehicle;
 
-// For each text, all in one location: a property that has it as identifier and description, a vehicle that has it as
-// registration, and a property that is linked to an incident with it as number and as case number.
+// For each text, all in one location: a property with the text as its identifier and description, a vehicle with it as
+// its tag number, and a property linked to an incident with it as its number and case number.
 class SearchTexts : public testing::DatabaseTest {
 protected:
     struct Items {
@@ -50,7 +50,7 @@ protected:
     static StoredItemSearch WithDescription(const std::string& description) {
         return StoredItemSearch().WithDescription(description);
     }
-    // The identifiers found; counting must agree.
+    // The identifiers found. The count must agree.
     static Ids Run(StoredItemSearch search) {
         StoredItemSearch counted = search;
         Ids ids;

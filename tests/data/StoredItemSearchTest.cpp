@@ -47,7 +47,7 @@ protected:
     static std::string P(int32_t id) { return "P" + std::to_string(id); }
     static std::string V(int32_t id) { return "V" + std::to_string(id); }
 
-    // What the search finds. Its three operations must agree.
+    // The items found. The three operations of the search must agree.
     static Found Run(const StoredItemSearch& search) {
         StoredItemSearch executed = search, raw = search, counted = search;
         Found found;

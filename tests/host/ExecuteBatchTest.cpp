@@ -55,7 +55,7 @@ protected:
         return Transfer({{"Property", m_property}, {"Vehicle", m_vehicle}}, m_location, note);
     }
     TaggedValue Value(const std::string& sql) { return m_database.QueryValue(sql); }
-    // The temporary tables left on the pool's connection.
+    // The temporary tables that remain on the pool's connection.
     int32_t TemporaryRows() {
         int32_t rows = 0;
         for (const Row& table : GetHostDatabase().QueryRows("SELECT name FROM sqlite_temp_schema"))

@@ -19,7 +19,7 @@ namespace Number = KeyMessageNumber;
 
 constexpr uint32_t stx = 2, etx = 3, alt = 18;
 
-// A hook that the test feeds.
+// A hook that receives its messages from the test.
 class FakeHook : public MessageHook {
 public:
     explicit FakeHook(int& living) : m_living(living) { ++m_living; }
@@ -51,7 +51,7 @@ protected:
         return listener;
     }
 
-    // Whether the message passes.
+    // Whether the message is let through.
     bool Passes(uint32_t number, uint32_t wParam) {
         KeyMessage message{number, wParam};
         m_hook->OnMessage(message);
@@ -66,7 +66,7 @@ protected:
     void Type(const std::string& text) {
         for (const char c : text) Type(static_cast<uint32_t>(c));
     }
-    // A whole scan without the firing of the timer.
+    // A whole scan, before the timer fires.
     void Scan(const std::string& text) {
         Type(stx);
         Type(text);
@@ -86,7 +86,7 @@ protected:
     std::unique_ptr<BarcodeListener> m_listener;
 };
 
-// What is raised
+// Events
 
 TEST_F(BarcodeListenerTest, AScanIsRaisedByTheTimerAndNoCharacterGetsThrough) {
     EXPECT_FALSE(Type(stx));
@@ -153,7 +153,7 @@ TEST_F(BarcodeListenerTest, MessagesOfOtherNumbersPassUntouched) {
     EXPECT_EQ(m_listener->Buffer(), "");
 }
 
-// What passes
+// Messages that are let through
 
 TEST_F(BarcodeListenerTest, AnEndWithoutAStartIsAnOrdinaryCharacter) {
     EXPECT_TRUE(Type(etx));

@@ -48,7 +48,7 @@ const std::vector<std::string> Layers = {"base",
                                          "app/scanner",
                                          "app"};
 
-// Folders that may include less than all lower layers: what they may include.
+// For folders that may not include all lower layers, the layers that they may include.
 const std::map<std::string, std::vector<std::string>> Narrow = {
     {"input", {"base"}},
     {"sql", {"base"}},
@@ -140,8 +140,8 @@ std::vector<std::string> UpwardIncludes(const SourceTree& tree) {
     return faults;
 }
 
-// A quoted include that is written from the project's root names a file that is there; one without a folder can only be
-// what the build generates.
+// A quoted include must name an existing file from the project's root. One without a folder can only be a file that the
+// build generates.
 std::vector<std::string> UnknownIncludes(const SourceTree& tree) {
     std::vector<std::string> faults;
     for (const auto& [path, file] : tree)
@@ -208,7 +208,7 @@ std::string Lines(const std::vector<std::string>& faults) {
     return text;
 }
 
-// A tree made of lines "file: included, <included>".
+// Builds a tree from lines "file: included, <included>".
 SourceTree TreeOf(const std::map<std::string, std::string>& files) {
     SourceTree tree;
     for (const auto& [path, includes] : files) {

@@ -34,7 +34,7 @@ inline void ExpectSoundChains(const SampleFile& file) {
                               " WHERE DateReceived < '2023-11-20T00:00:00.000' OR "
                               "LastUpdated >= '2026-11-20T00:00:00.000'"),
                   0);
-        // Who hands over is who received before, where both are known.
+        // An item is received from the person who received it before, if both are known.
         EXPECT_EQ(file.Number("SELECT COUNT(*) FROM " + table + " a INNER JOIN " + table + " b ON b." + key + " = a." +
                               key + " AND b.SeqNo = a.SeqNo + 1 WHERE b.ReceivedFrom <> a.ReceivedBy AND b." + key +
                               " NOT IN (SELECT PropertyNo FROM Property WHERE PropertyID = '2026-0417-03')"),

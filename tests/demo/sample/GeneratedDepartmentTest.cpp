@@ -68,7 +68,7 @@ TEST(GeneratedDepartment, AnItemHasNearlyFourCustodyRows) {
 
 TEST(GeneratedDepartment, ChainsAreConsistent) { ExpectSoundChains(ThreeThousand()); }
 
-// The second one runs on another stack, so that nothing depends on an address.
+// The second one is created on another stack, to show that nothing depends on an address.
 TEST(GeneratedDepartment, CreatingItTwiceGivesTheSameRows) {
     const auto content = [] { return SampleFile(SampleOptions{500}).Content(); };
     EXPECT_EQ(content(), std::async(std::launch::async, content).get());

@@ -20,7 +20,7 @@ TEST(CustodyRows, ReturnsOnlyRowsWrittenSinceConstruction) {
         database.execAndGet("SELECT MAX(SeqNo) + 1 FROM PropertyTracking WHERE PropertyNo = 1").getInt();
     database.exec("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (1, " + std::to_string(next) +
                   ", '2026-11-20T09:00:00.000')");
-    // The first row of an item without rows.
+    // The first row of an item that has had none.
     database.exec(
         "INSERT INTO VehicleTracking (VehicleNo, SeqNo, LastUpdated) SELECT VehicleNo, 1, "
         "'2026-11-20T09:00:00.000' FROM Vehicle WHERE RegNumber = 'LVN2077'");

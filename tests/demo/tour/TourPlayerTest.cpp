@@ -14,7 +14,7 @@ namespace quellbrook::testing {
 
 namespace {
 
-// Plays moves without mouse and keys.
+// Plays moves that need neither the mouse nor the keyboard.
 class TourPlayerTest : public ::testing::Test {
 protected:
     void SetUp() override { ShowActive(m_window); }

@@ -13,7 +13,7 @@ class KeyWatch : public QObject {
 public:
     // Records all events of the object that pass the application's event filters.
     explicit KeyWatch(QObject& watched);
-    // Records presses and releases at the windows, before any hook that is already installed.
+    // Records presses and releases at the windows, ahead of all hooks installed so far.
     KeyWatch();
 
     // One line per event: kind, key, modifiers, text, auto-repeat.

@@ -13,8 +13,8 @@
 
 namespace quellbrook::testing {
 
-// Records everything that one listener receives, hook messages and timer events, with the state that it could see and
-// the result. Installs itself between the listener and the hook, timer and clock; use a listener that was never shown.
+// Records every hook message and timer event that one listener receives, with the state visible to it and the result.
+// Installs itself between the listener and the hook, timer and clock; use a listener that was never shown.
 class ListenerRecord {
 public:
     struct Entry {

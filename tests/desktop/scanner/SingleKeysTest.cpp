@@ -26,7 +26,7 @@ TEST_F(SingleKeysTest, TheReleaseOfAltDuringAScanReachesTheWindow) {
     ExpectNothingTyped();
 }
 
-// A release and the next press of the same key within a millisecond arrive as an auto-repeat.
+// Qt reports a release and the next press of the same key within a millisecond as an auto-repeat.
 TEST_F(SingleKeysTest, RepeatedDigitsAreNotLost) {
     const Scans expected(5, {BarcodeType::Unknown, "1111111111"});
     for (size_t scan = 0; scan < expected.size(); ++scan) {

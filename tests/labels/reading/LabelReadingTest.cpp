@@ -62,7 +62,7 @@ protected:
         return path;
     }
 
-    // The first and the last key for each kind, then any.
+    // The first and the last key of each kind, then random ones.
     int32_t KeyOf(int k) {
         if (k < 3) return 1;
         if (k < 6) return lastKey;
@@ -227,7 +227,7 @@ TEST_F(LabelReading, NothingIsDrawnOverAnythingElse) {
     for (int k = 0; k < labelCount; ++k) {
         QImage page = pages[k];
         const auto wipe = [&page](const LabelBox& box) {
-            // A dot more on each side, for what is left of a dot that an edge runs through.
+            // One more dot on each side, since an edge may cut through a dot.
             const QRect dots = DotsOf(box, dpi).adjusted(-1, -1, 1, 1).intersected(page.rect());
             for (int y = dots.top(); y <= dots.bottom(); ++y)
                 std::fill_n(page.scanLine(y) + dots.left(), dots.width(), uchar(255));

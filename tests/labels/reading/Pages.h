@@ -7,8 +7,8 @@
 
 namespace quellbrook::testing {
 
-// The pages of a PDF at the resolution of a printer, in grayscale. A failed test and an empty list
-// if they can't be created.
+// The pages of a PDF at the resolution of a printer, in grayscale. Fails the test and returns an
+// empty list if they can't be created.
 std::vector<QImage> RasterizePages(const QByteArray& pdf, int dotsPerInch);
 
 }  // namespace quellbrook::testing

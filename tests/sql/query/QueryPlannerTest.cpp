@@ -31,7 +31,7 @@ std::string Planned(const QuerySource& query, const Dialect& dialect = Sqlite())
 
 bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-// Each row as one text. Numbers compare by value, so that 1 and 1.0 are the same.
+// Each row as one text. Numbers are compared by value, so 1 and 1.0 are the same.
 std::string Shown(const Row& row) {
     std::string text;
     for (int column = 0; column < static_cast<int>(row.Columns().Names().size()); ++column) {

@@ -35,7 +35,7 @@ protected:
     }
 };
 
-// Its position when its native window is created.
+// Records its position when its native window is created.
 class FramelessForm : public SampleForm {
     Q_OBJECT
 

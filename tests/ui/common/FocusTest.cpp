@@ -16,7 +16,7 @@ protected:
         m_window.resize(400, 300);
         m_first = AddButton(&m_window, "first");
         m_second = AddButton(&m_window, "second");
-        // The count is global. Its message restarts it, at this call.
+        // The count is global. The message resets it, at this call.
         while (m_screen.Messages().empty()) TrySetFocus(nullptr);
         m_screen.TakeMessages();
     }

@@ -58,7 +58,7 @@ public:
     mutable int reads = 0;
 };
 
-// The answers are cached for the whole run, so each test needs its own type.
+// Results are cached for the whole run, so each test needs its own type.
 std::string NewTypeName() {
     static int count = 0;
     return "Probed" + std::to_string(++count);

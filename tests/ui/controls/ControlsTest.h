@@ -16,7 +16,7 @@
 
 namespace quellbrook::testing {
 
-// A window of 800 x 600 pixels for controls, and a screen that records what is reported.
+// A window of 800 x 600 pixels for controls, and a screen that records error reports.
 class ControlsTest : public ::testing::Test {
 protected:
     ControlsTest() {
@@ -28,7 +28,7 @@ protected:
         EXPECT_TRUE(m_screen.Messages().empty()) << "Unexpected message: " << m_screen.Messages().front();
     }
 
-    // Exactly one report has come, with these words.
+    // Checks that there was exactly one report, with this text.
     void ExpectUnexpected(const std::string& description) {
         const std::vector<RecordingScreen::Message> expected = {
             {description, MessageStyle::Critical, "Unexpected Error"}};
@@ -40,7 +40,7 @@ protected:
     QWidget m_window;
 };
 
-// A control whose layout a test sets.
+// A control with a layout function that a test sets.
 class PlainControl : public Control {
 public:
     using Control::Control;
@@ -56,7 +56,7 @@ protected:
     }
 };
 
-// An application in another palette for the length of a scope.
+// Gives the application another palette for the duration of a scope.
 class DarkTheme {
 public:
     DarkTheme() { Theme::Install(true); }

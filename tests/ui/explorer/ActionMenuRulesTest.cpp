@@ -78,14 +78,14 @@ SelectedObject ItemNowhere() {
     return item;
 }
 
-// What the batch reports for one of its members.
+// The tasks that the batch reports for one of its members.
 SelectedObject InBatch() {
     SelectedObject item = Item(Tasks(false, false, false, false));
     item.isInBatch = true;
     return item;
 }
 
-// A member whose tasks are allowed: shows what the rules do on their own.
+// A member with all tasks allowed, to test the rules alone.
 SelectedObject InBatchWithTasks() {
     SelectedObject item = Item(Tasks(true, true, true, true));
     item.isInBatch = true;
@@ -150,7 +150,7 @@ TEST(ActionMenuRules, OneMemberAmongTwoLeavesTransfersToTheTasks) {
     EXPECT_THAT(VisibleEntries(closed), ElementsAre("Open", "OpenInTessarine", "-1", "Print", "-2", "RemoveFromBatch"));
 }
 
-// A member resets the flags, so that a task forbidden by an earlier item is allowed again.
+// A member resets the flags, which allows a task again that an earlier item forbids.
 TEST(ActionMenuRules, AMemberOfTheBatchForgetsWhatStoodBeforeIt) {
     const ActionMenuState state = ApplyMenuRules(MenuSource::ItemPane, {SignedOut(), InBatchWithTasks()}, allRights);
     EXPECT_TRUE(state[MenuEntry::CheckOut].visible);

@@ -24,7 +24,7 @@ protected:
         Show(m_shelf);
     }
 
-    // A scan and everything that follows it.
+    // Scans, and processes all resulting events.
     void ScanAndWait(const std::string& text) {
         Scan(text);
         EXPECT_EQ(m_timers.Tick(1), 1) << "no scan was delivered";

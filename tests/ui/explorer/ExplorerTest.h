@@ -23,7 +23,7 @@
 
 namespace quellbrook::testing {
 
-// A department to browse. Unexpected errors in handlers fail the test unless it takes them.
+// A department to browse. Unexpected errors in handlers fail the test unless it fetches them.
 class ExplorerTest : public DatabaseTest {
 protected:
     ExplorerTest() {
@@ -70,7 +70,7 @@ protected:
 
     ManualTimers m_timers{m_environment};
 
-    // Runs while the menu that the next action opens is open; the menu is closed afterwards.
+    // Runs while the menu is open that the next action opens, and then closes the menu.
     static void WhileMenuOpen(std::function<void(QMenu&)> look) {
         QTimer::singleShot(0, qApp, [look = std::move(look)] {
             const QPointer<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));

@@ -47,7 +47,7 @@ protected:
         return shown;
     }
 
-    // The position of the one row that is shown as selected; -1 if none is.
+    // The position of the row that is shown as selected; -1 if there is none.
     int HighlightedRow() {
         int found = -1;
         for (size_t i = 0; i < m_list->Rows().size(); ++i) {

@@ -224,7 +224,7 @@ TEST_F(SearchResultRowTest, AFailureLeavesTheFieldsSetSoFarAndTheFormerItem) {
     other->Location();
     const int before = faults->StatementCount();
     other->CategoryName();
-    // The item loads its incidents next.
+    // After the category, the row loads the item's incidents; this statement fails.
     faults->FailAtStatement(faults->StatementCount() - before + 1, Error(7, "Engine", "The link is down."));
     const Error error = RaisedBy([&] { m_row.SetItem(other); });
     EXPECT_EQ(error.Number(), 7);
