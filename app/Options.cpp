@@ -20,12 +20,12 @@ constexpr OptionDefinition definitions[] = {
     {"database", "sqlite:PATH", "Open the department in this database file."},
     {"size", "N", "Open a generated department of N items, up to 2000000. It is created on first use."},
     {"fresh", nullptr, "Work on a scratch copy that is deleted afterwards."},
-    {"user", "NAME", "Log in as this user. Only the password is asked for."},
+    {"user", "NAME", "Log in as this user. Only the password is requested."},
     {"tour", "DIR",
      "Play one transfer on a scratch copy of the sample with real key and mouse events. Write a picture of each step "
-     "and tour.json into DIR. Needs an X server of its own and xdotool."},
-    {"gallery", nullptr, "Show every control in each of its states, light and dark. Needs no department."},
-    {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png into DIR and exit."},
+     "and tour.json to DIR. Requires a separate X server and xdotool."},
+    {"gallery", nullptr, "Show every control in each of its states, light and dark. Does not need a department."},
+    {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png to DIR and exit."},
     {"register", nullptr,
      "Let this user's desktop open record addresses with this program, in the department that --database or --size "
      "names."},

@@ -37,7 +37,7 @@ void MeasureKeyHook(std::vector<Result>& results) {
         SendEvents();
     };
     const PairedTimes times = MeasurePair(hooked, bare, turns, 1);
-    results.push_back({"key hook, an event that is no key",
+    results.push_back({"key hook, an event that is not a key",
                        1,
                        "ns",
                        (times.ours - times.baseline) * 1000 / events,

@@ -93,7 +93,7 @@ with_x_server() {
     XDG_CACHE_HOME="$scratch/home/.cache" XDG_RUNTIME_DIR="$scratch/runtime" QT_QPA_PLATFORM=xcb)
   "${environment[@]}" openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
   local manager=$!
-  # A window that opens before the manager runs is never told its position.
+  # A window that opens before the manager runs never receives its position.
   tries=0
   until "${environment[@]}" xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
     tries=$((tries + 1))

@@ -153,7 +153,7 @@ void PrinterPanel::ShowPrinters(const std::vector<std::string>& printers) {
     m_gone = isKnown ? QString() : m_choice.printer;
     if (!isKnown) m_printers->addItem(tr("%1 (not found)").arg(m_gone), m_gone);
     m_printers->addItem(tr("PDF files in a folder"), QString());
-    m_printerGone->setText(tr("This computer does not find the printer '%1' at present. It stays selected until you "
+    m_printerGone->setText(tr("The printer '%1' was not found on this computer. It stays selected until you "
                               "choose another.")
                                .arg(m_gone));
 }

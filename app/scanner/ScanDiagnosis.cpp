@@ -210,7 +210,7 @@ private:
             behind = behind.subspan(1);
         }
         if (std::any_of(behind.begin(), behind.end(), IsStx))
-            Fault("More came after ETX, with another STX.",
+            Fault("More characters came after ETX, with another STX.",
                   "Scan one barcode at a time. If one scan does this, the scanner sends more than the barcode.");
         else if (!behind.empty())
             Fault(Readable(behind) + " came after ETX.",
@@ -246,7 +246,7 @@ private:
         }
         if (std::any_of(strange.begin(), strange.end(), IsControl))
             return Fault(Readable(strange) + " came in the middle of the barcode.",
-                         "Remove it from what the scanner adds.");
+                         "Remove it from the characters that the scanner adds.");
         if (!strange.empty())
             return Fault("The number contains characters other than digits: " + Readable(strange) + ".", SetLayout);
         JudgeDigits(Readable(number));

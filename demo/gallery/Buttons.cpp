@@ -37,8 +37,8 @@ Specimen LinkSpecimen(const QString& variant, const QString& caption, const QStr
 }  // namespace
 
 Section* MakeButtons(QWidget* parent) {
-    auto* section = new Section(QObject::tr("Buttons and links"),
-                                QObject::tr("They act at a click, at Space and at Enter."), parent);
+    auto* section =
+        new Section(QObject::tr("Buttons and links"), QObject::tr("Activated by a click, Space or Enter."), parent);
     section->AddStates(ButtonSpecimen(QString(), QStringLiteral("Finish"), QString(), false));
     section->AddStates(
         ButtonSpecimen(QObject::tr("with an icon"), QStringLiteral("Add Evidence"), QStringLiteral("add"), false));

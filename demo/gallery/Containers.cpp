@@ -56,7 +56,7 @@ Specimen LineSpecimen(const QString& variant, int width, int height, Theme::Colo
 Section* MakeContainers(QWidget* parent) {
     using Theme::Color;
     auto* section =
-        new Section(QObject::tr("Title bars, groups and lines"), QObject::tr("They show; they do not act."), parent);
+        new Section(QObject::tr("Title bars, groups and lines"), QObject::tr("They do not respond to input."), parent);
     Specimen bar = BarSpecimen(QObject::tr("Normal"), QObject::tr("Evidence Room"));
     bar.states = {State::Normal, State::Empty};
     section->AddVariants(QStringLiteral("FlatTitleBar"), QString(),

@@ -52,7 +52,7 @@ Specimen AreaSpecimen() {
 Section* MakeFields(QWidget* parent) {
     auto* section =
         new Section(QObject::tr("Text fields"),
-                    QObject::tr("A field has no look of its own for an error: the form says what is wrong."), parent);
+                    QObject::tr("A field does not show errors itself: a message of the form explains them."), parent);
     Box plain{QString(), QObject::tr("To"), QObject::tr("Crime laboratory"), QString(), QString()};
     Box search{QObject::tr("with placeholder and icon"), QObject::tr("Search"), QStringLiteral("2026-0042"),
                QObject::tr("Search..."), QStringLiteral("search")};

@@ -59,7 +59,7 @@ Section* MakeIcons(QWidget* parent) {
     section->AddVariants(
         QStringLiteral("FontIcon"), QString(),
         {IconSpecimen(QStringLiteral("location"), QString(), {State::Normal, State::Disabled, State::Empty}),
-         IconSpecimen(QStringLiteral("busy"), QObject::tr("busy: turns while it is seen"), {State::Normal})});
+         IconSpecimen(QStringLiteral("busy"), QObject::tr("busy: rotates while visible"), {State::Normal})});
     std::vector<QWidget*> cards;
     for (const QString& name : Icons::Names()) cards.push_back(MakeCard(section, name));
     section->AddWidgets(cards);

@@ -97,7 +97,7 @@ void BulkLoad::ProveForeignKeys() {
     SQLite::Statement orphans(m_database, "PRAGMA foreign_key_check");
     if (!orphans.executeStep()) return;
     Refuse("a row of " + orphans.getColumn(0).getString() + " refers to one of " + orphans.getColumn(2).getString() +
-           " that is not there");
+           " that does not exist");
 }
 
 void BulkLoad::CheckCurrentLocations() {

@@ -82,7 +82,7 @@ private:
         m_player.Step("explorer");
         Click("the button Log In", "loginForm/logIn");
         ExpectText("The user shown", "loggedInAs", QString::fromStdString(account.username));
-        ExpectText("The location on show", "explorer/lblTitle", "Sign-In Locations");
+        ExpectText("The displayed location", "explorer/lblTitle", "Sign-In Locations");
     }
 
     // Opens the locations from the outermost inward. The arrow key expands a container.
@@ -155,7 +155,7 @@ private:
         ChooseFromMenu(menuStep, entry);
         m_player.Step(batchStep);
         m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
-        ExpectText("The info bar says", "infobar/lblSelected", "3 items selected for " + purpose);
+        ExpectText("The info bar", "infobar/lblSelected", "3 items selected for " + purpose);
     }
 
     void OpenForm(const QString& stepName, const QString& title) {
@@ -192,7 +192,7 @@ private:
     void Transfer(const QString& stepName, const QString& button, const char* location, int32_t rows) {
         m_player.Step(stepName);
         Click("the button " + button, "cart/btnTransfer");
-        ExpectText("The toast says", "toastMessage/lblMessage", "Successfully transferred 3 items");
+        ExpectText("The toast", "toastMessage/lblMessage", "Successfully transferred 3 items");
         m_player.Expect(
             "Custody rows written since the start",
             [&kept = m_player.Rows()] { return QString::number(kept.Written().size()); }, QString::number(rows));
@@ -253,7 +253,7 @@ private:
 
     void CloseItem(const QString& location) {
         Click("the cross", "itemView/lnkClose");
-        ExpectText("The location on show", "explorer/lblTitle", location);
+        ExpectText("The displayed location", "explorer/lblTitle", location);
     }
 
     TourPlayer& m_player;

@@ -44,9 +44,9 @@ std::vector<MeantFault> Meant() {
         {Overlap, "searchResult/Label2", "searchResult/Label3", "lines are closer than their boxes are high"},
         {Overlap, "lblRelatedIncidents", "lblRelatedCases", "lines are closer than their boxes are high"},
         {Overlap, "itemView/quellbrook::Line", "itemView/tabs", "the rule under the captions runs the whole width"},
-        {Overlap, "explorer/picLeftPanel", "explorer/LocationPane", "the panel is the ground of the left column"},
-        {Overlap, "evidence/toastMessage", "", "the toast slides over what is on show"},
-        {Outside, "explorer/picLeftPanel", "", "the panel is the ground of the left column and begins above it"},
+        {Overlap, "explorer/picLeftPanel", "explorer/LocationPane", "the panel is the background of the left column"},
+        {Overlap, "evidence/toastMessage", "", "the toast slides over the current view"},
+        {Outside, "explorer/picLeftPanel", "", "the panel is the background of the left column and begins above it"},
         {Outside, "itemList/picContainer", "", "the rows of a list scroll"},
     };
 }

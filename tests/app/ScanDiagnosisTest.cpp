@@ -55,7 +55,7 @@ const std::string Twice =
     "STX or ETX came twice, from the barcode and from the scanner's prefix or suffix. This "
     "works, but this scanner needs no prefix and no suffix.";
 const std::string More =
-    "More came after ETX, with another STX. Scan one barcode at a time. If one scan does "
+    "More characters came after ETX, with another STX. Scan one barcode at a time. If one scan does "
     "this, the scanner sends more than the barcode.";
 const std::string NoLetter =
     "The type letter is missing before the number. The barcode is not from this "
@@ -164,7 +164,7 @@ std::vector<Case> Table() {
         {U"[STX]P0000004711[Enter][ETX]",
          NeedsChange,
          "",
-         {"<Enter> came in the middle of the barcode. Remove it from what the scanner adds."}},
+         {"<Enter> came in the middle of the barcode. Remove it from the characters that the scanner adds."}},
 
         {U"[STX][ETX]", NeedsChange, "", {"It contains no barcode."}},
         {U"[STX]L1[STX]P0000000002[ETX]", NeedsChange, "Property, number 2", {"<STX>L1 came before STX." + SetPrefix}},

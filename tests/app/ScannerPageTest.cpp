@@ -297,7 +297,7 @@ TEST_F(ScannerPageTest, AMissingSavedPrinterStaysSelectedAndIsReported) {
     EXPECT_THAT(PrinterTexts(), ElementsAre("Zeta", "Theta (not found)", "PDF files in a folder"));
     EXPECT_EQ(Printers().currentText(), "Theta (not found)");
     EXPECT_TRUE(Find(*m_page, "printerGone")->isVisible());
-    EXPECT_THAT(Text("printerGone"), HasSubstr("does not find the printer 'Theta'"));
+    EXPECT_THAT(Text("printerGone"), HasSubstr("The printer 'Theta' was not found"));
     EXPECT_EQ(LoadPrinterChoice(File())->printer, "Theta");
     Choose(Printers(), Qt::Key_Up);
     EXPECT_EQ(LoadPrinterChoice(File())->printer, "Zeta");

@@ -152,7 +152,7 @@ TEST_F(StorageLocationOutage, AFileThatIsGoneIsReportedAlsoWhileAConnectionToItI
     for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(m_database.Path() + suffix);
     ExpectEachReports("There is no database '" + m_database.Path() + "'.");
     EXPECT_FALSE(m_shelf->IsDeleted());
-    EXPECT_FALSE(std::filesystem::exists(m_database.Path())) << "no new file is made in its place";
+    EXPECT_FALSE(std::filesystem::exists(m_database.Path())) << "no new file replaces it";
 }
 
 }  // namespace quellbrook

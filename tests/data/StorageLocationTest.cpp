@@ -173,7 +173,7 @@ TEST_F(StorageLocationTest, TheActiveFlagIsReadAsEnabled) {
 TEST_F(StorageLocationTest, RefreshReadsTheRowAgain) {
     const auto location = Find(m_room), other = Find(m_room);
     m_database.Execute("UPDATE StorageLocation SET Name = 'Vault', ActiveFlag = 0 WHERE IdNo = ?", {m_room});
-    EXPECT_EQ(Find(m_room)->Name(), "Room") << "the document stands until a reload";
+    EXPECT_EQ(Find(m_room)->Name(), "Room") << "the document is unchanged until a reload";
     location->Refresh();
     EXPECT_EQ(location->Name(), "Vault");
     EXPECT_FALSE(location->Enabled());

@@ -170,7 +170,7 @@ TEST_F(StoredItemSearchTest, SearchesFindItemsWithALocationUnlessUntrackedIsSet)
     EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::PropertyID, "E-3").Untracked()),
               Found{P(m_untracked)});
     EXPECT_EQ(Run(StoredItemSearch().OfType(Property).Untracked()), Found{P(m_untracked)})
-        << "an item whose custody ended without a place is not untracked";
+        << "an item whose last custody row has no location is not untracked";
     EXPECT_EQ(Run(StoredItemSearch().OfType(Vehicle).Untracked()), Found{V(m_parked)});
     EXPECT_EQ(Run(StoredItemSearch().WithNumber(NumberSearchTypes::PropertyPK, std::to_string(m_lost))), Found{});
 }

@@ -296,7 +296,7 @@ TEST(LayeringRules, CyclesOfAnyLengthAreFound) {
     EXPECT_EQ(FindCycle({{"a", {"b"}}, {"b", {"c"}}, {"c", {}}}), "");
     EXPECT_EQ(FindCycle({{"a", {"b"}}, {"b", {"c"}}, {"c", {"b"}}}), "b > c > b");
     EXPECT_EQ(FindCycle({{"a", {"a"}}}), "a > a");
-    EXPECT_EQ(FindCycle({{"a", {"b", "c"}}, {"b", {"d"}}, {"c", {"d"}}}), "") << "a diamond is no cycle";
+    EXPECT_EQ(FindCycle({{"a", {"b", "c"}}, {"b", {"d"}}, {"c", {"d"}}}), "") << "a diamond is not a cycle";
 }
 
 TEST(LayeringRules, QtHeadersAreFoundBelowTheViewsOnly) {
