@@ -18,7 +18,7 @@ constexpr auto Property = StoredItemTypes::Property;
 constexpr auto Vehicle = StoredItemTypes::vehicle;
 
 // For each text, all in one location: a property with the text as its identifier and description, a vehicle with it as
-// its tag number, and a property linked to an incident with it as its number and case number.
+// its registration, and a property linked to an incident with it as its number and case number.
 class SearchTexts : public testing::DatabaseTest {
 protected:
     struct Items {
