@@ -189,7 +189,7 @@ TEST_P(StorageLocationFaults, ADatabaseThatCannotBeReachedIsReported) {
         DescriptionAfter(GetParam().failure));
 }
 
-TEST_P(StorageLocationFaults, AFailedReadingAfterTheWriteIsReportedAlthoughTheWriteStands) {
+TEST_P(StorageLocationFaults, AFailedReadingAfterTheWriteIsReportedAlthoughTheWriteIsKept) {
     ExpectWritten([](Department& d) { d.engine->FailAtStatement(GetParam().statements + 1, LogFull); },
                   GetParam().reloadFailure);
 }
@@ -204,7 +204,7 @@ TEST_P(StorageLocationBatchFaults, AFailureToCommitLeavesTheDatabaseAsItWas) {
         "commit", [](Department& d) { d.engine->FailAtCommit(LogFull); }, DescriptionAfter(GetParam().failure));
 }
 
-TEST_P(StorageLocationBatchFaults, ACommitWhoseAnswerIsLostIsReportedAlthoughTheWriteStands) {
+TEST_P(StorageLocationBatchFaults, ACommitWhoseAnswerIsLostIsReportedAlthoughTheWriteIsKept) {
     ExpectWritten([](Department& d) { d.engine->FailAfterCommit(LogFull); }, DescriptionAfter(GetParam().failure));
 }
 

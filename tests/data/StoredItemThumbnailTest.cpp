@@ -30,7 +30,7 @@ protected:
     int32_t m_property, m_vehicle;
 };
 
-TEST_F(StoredItemThumbnailTest, IsThePictureThatStandsForTheMainAttachment) {
+TEST_F(StoredItemThumbnailTest, IsThePictureOfTheMainAttachment) {
     m_database.AddAttachment(StoredItemTypes::Property, m_property, "/files/property", "saw.jpg");
     m_database.AddAttachment(StoredItemTypes::vehicle, m_vehicle, "/files/vehicles/", "car.jpg");
     const auto picture = FindItem(StoredItemTypes::Property, m_property)->Thumbnail();
@@ -65,7 +65,7 @@ TEST_F(StoredItemThumbnailTest, DoesNotTakeTheAttachmentOfTheOtherKindWithTheSam
     EXPECT_EQ(FindItem(StoredItemTypes::Property, m_property)->Thumbnail(), std::nullopt);
 }
 
-TEST_F(StoredItemThumbnailTest, IsReadAnewAtEachCall) {
+TEST_F(StoredItemThumbnailTest, IsReadAgainAtEachCall) {
     m_database.AddAttachment(StoredItemTypes::Property, m_property, "/files", "saw.jpg");
     const auto item = FindItem(StoredItemTypes::Property, m_property);
     item->Thumbnail();

@@ -96,7 +96,7 @@ TEST_F(QueryText, AColumnOfAJoinIsLookedUpByTheEngine) {
     EXPECT_EQ(Literally(joined.Select({joined.Column("Path")})), "SELECT Path FROM T LEFT JOIN U ON T.a = U.a");
 }
 
-TEST_F(QueryText, AJoinedJoinStandsInBrackets) {
+TEST_F(QueryText, AJoinOfAJoinIsInBrackets) {
     const QuerySource u = f.Table("U");
     const QuerySource w = f.Table("W");
     const QuerySource pair = u.Join(w, 0).On(u.Column("x").Equals(w.Column("x")));

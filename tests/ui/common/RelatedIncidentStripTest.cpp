@@ -119,7 +119,7 @@ TEST(RelatedIncidentStrip, NoneHasTheColorOfItsParent) {
     EXPECT_EQ(Number(strip, 0)->ForeColor(), strip.palette().color(QPalette::WindowText));
 }
 
-TEST(RelatedIncidentStrip, AFontOfItsOwnReachesTheNumbersAndTheWidthFollows) {
+TEST(RelatedIncidentStrip, AnOwnFontReachesTheNumbersAndTheWidthFollows) {
     RelatedIncidentStrip strip;
     strip.SetIncidents(Incidents({{"2026-0042", false}, {"2026-0043", false}}));
     const float before = strip.Width();

@@ -127,7 +127,7 @@ TEST_F(WidgetMessageHookTest, KeysWithoutATextHaveNoCharacter) {
     EXPECT_EQ(m_messages.size(), 4u);
 }
 
-TEST_F(WidgetMessageHookTest, AltHasTheKeyCodeOfItsOwn) {
+TEST_F(WidgetMessageHookTest, AltHasItsOwnKeyCode) {
     Press(Qt::Key_Alt, QString());
     Release(Qt::Key_Alt);
     EXPECT_THAT(m_messages, ElementsAre(Pair(Number::KeyDown, 18u), Pair(Number::KeyUp, 18u)));

@@ -24,7 +24,7 @@ int PaintedPixels(const QPixmap& picture) {
 
 class IconsTest : public ControlsTest {};
 
-TEST_F(IconsTest, EveryNameHasAPictureOfItsOwn) {
+TEST_F(IconsTest, EveryNameHasItsOwnPicture) {
     std::vector<QImage> seen;
     for (const QString& name : Names()) {
         EXPECT_TRUE(Icons::Has(name)) << name.toStdString();
