@@ -34,7 +34,8 @@ Specimen BoxSpecimen(const QString& variant, std::optional<Theme::Color> ground,
         box->SetFramed(framed);
         auto* label = new Label(box);
         label->SetCaption(QObject::tr("Its contents"));
-        label->Move(ToTwips(16), ToTwips((BoxHeight - label->height()) / 2));
+        const int top = (BoxHeight - label->height()) / 2;
+        label->Move(ToTwips(16), ToTwips(top));
         box->Control::Move(0, 0, ToTwips(BoxWidth), ToTwips(BoxHeight));
         return box;
     };

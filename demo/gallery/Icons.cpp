@@ -33,8 +33,10 @@ QWidget* MakeCard(QWidget* parent, const QString& name) {
     auto* card = new GroupBox(parent);
     card->SetFramed(true);
     card->setFixedSize(CardWidth, CardHeight);
-    for (const auto& [size, left] : {std::pair(SmallSize, SmallLeft), {LargeSize, LargeLeft}})
-        MakeIcon(card, name, size)->Move(ToTwips(left), ToTwips(IconsCenter - size / 2));
+    for (const auto& [size, left] : {std::pair(SmallSize, SmallLeft), {LargeSize, LargeLeft}}) {
+        const int top = IconsCenter - size / 2;
+        MakeIcon(card, name, size)->Move(ToTwips(left), ToTwips(top));
+    }
     auto* caption = new Label(card);
     caption->SetType(Theme::Type::Subtitle);
     caption->SetForeColor(Theme::Color::GrayText);

@@ -65,7 +65,9 @@ void Draw(Picture& picture, const Shape& shape) {
     const Shape bounds = BoundsOf(shape);
     for (int32_t y = std::max(bounds.b, 0); y < std::min(bounds.d, picture.height); ++y) {
         for (int32_t x = std::max(bounds.a, 0); x < std::min(bounds.c, picture.width); ++x) {
-            if (Covers(shape, x, y)) picture.dots[static_cast<size_t>(y * picture.width + x)] = shape.color;
+            if (Covers(shape, x, y))
+                picture.dots[static_cast<size_t>(y) * static_cast<size_t>(picture.width) + static_cast<size_t>(x)] =
+                    shape.color;
         }
     }
 }
