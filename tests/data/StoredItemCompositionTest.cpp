@@ -2,27 +2,16 @@
 
 #include "sql/query/QueryPlanner.h"
 #include "sql/query/QueryWriter.h"
+#include "tests/support/SqliteDialect.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace quellbrook {
+namespace quellbrook::testing {
 namespace {
 
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-Dialect Sqlite() {
-    Dialect dialect;
-    dialect.concatenation = "||";
-    return dialect;
-}
-
-Dialect WithSideTables() {
-    Dialect dialect = Sqlite();
-    dialect.hasCurrentPlace = dialect.hasDescriptionIndex = true;
-    return dialect;
-}
 
 std::string Planned(const SearchShape& shape, const Dialect& dialect = Sqlite()) {
     return sql::WriteQuery(*sql::PlanQuery(ComposeQuery(shape).Node(), dialect), dialect).text;
@@ -103,4 +92,4 @@ TEST(StoredItemComposition, DoesNotUseTheDescriptionIndexBesideANarrowerCriterio
         HasSubstr("PropertyDescription"));
 }
 
-}  // namespace quellbrook
+}  // namespace quellbrook::testing

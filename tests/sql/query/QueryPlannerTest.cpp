@@ -3,6 +3,7 @@
 #include "host/QueryServices.h"
 #include "sql/query/QueryWriter.h"
 #include "tests/support/SearchDepartment.h"
+#include "tests/support/SqliteDialect.h"
 
 #include <gtest/gtest.h>
 
@@ -10,18 +11,6 @@
 
 namespace quellbrook::testing {
 namespace {
-
-Dialect Sqlite() {
-    Dialect dialect;
-    dialect.concatenation = "||";
-    return dialect;
-}
-
-Dialect WithSideTables() {
-    Dialect dialect = Sqlite();
-    dialect.hasCurrentPlace = dialect.hasDescriptionIndex = true;
-    return dialect;
-}
 
 std::string Literally(const QuerySource& query) { return sql::WriteQuery(*query.Node(), Sqlite()).text; }
 
