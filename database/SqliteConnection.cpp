@@ -74,6 +74,7 @@ void SqliteConnection::Query(const std::string& sql, const std::vector<TaggedVal
                              const RowReceiver& receiver) {
     Watch([&] {
         std::unique_ptr<SqliteStatement> query = m_statements.TakeQuery(sql);
+        m_temporaryTables.RequireInUse(query->TemporaryTables(), querySource);
         query->Bind(parameters, querySource);
         if (query->Step(querySource)) {
             Row row = query->MakeRow();
@@ -96,6 +97,7 @@ bool SqliteConnection::TryExecutePrepared(const std::string& sql) {
     if (!sql::NormalizeStatement(sql, m_normalized)) return false;
     std::vector<SqliteStatement>& statements = m_statements.ForBatch(m_normalized.text);
     for (SqliteStatement& statement : statements) {
+        m_temporaryTables.RequireInUse(statement.TemporaryTables(), executeSource);
         BindValues(statement, m_normalized);
         statement.Run(executeSource);
     }
@@ -106,13 +108,14 @@ void SqliteConnection::ExecuteText(const std::string& sql, const std::vector<Tag
     const auto statements = sql::RewriteTransactSql(sql);
     if (!parameters.empty() && statements.size() != 1)
         Raise(ErrorNumber::General, executeSource, "Only a single statement can have parameters.");
-    for (const auto& [kind, text] : statements) {
-        if (kind == sql::StatementKind::Creation) {
-            m_temporaryTables.Create(text);
-        } else if (kind == sql::StatementKind::Removal) {
-            m_temporaryTables.Drop(text);
+    for (const sql::RewrittenStatement& rewritten : statements) {
+        if (rewritten.kind == sql::StatementKind::Creation) {
+            m_temporaryTables.Create(rewritten.text, rewritten.temporaryTables.front());
+        } else if (rewritten.kind == sql::StatementKind::Removal) {
+            m_temporaryTables.Drop(rewritten.text, rewritten.temporaryTables.front());
         } else {
-            SqliteStatement statement(m_handle, text, executeSource);
+            SqliteStatement statement(m_handle, rewritten, executeSource);
+            m_temporaryTables.RequireInUse(statement.TemporaryTables(), executeSource);
             statement.Bind(parameters, executeSource);
             statement.Run(executeSource);
         }

@@ -59,6 +59,11 @@ SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql, std::s
     m_statement.reset(statement);
 }
 
+SqliteStatement::SqliteStatement(sqlite3* database, const sql::RewrittenStatement& statement, std::string_view source)
+    : SqliteStatement(database, std::string_view(statement.text), source) {
+    m_temporaryTables = statement.temporaryTables;
+}
+
 void SqliteStatement::Check(int code, std::string_view source) const {
     if (code != SQLITE_OK) RaiseSqliteError(m_database, source);
 }

@@ -2,6 +2,7 @@
 
 #include "database/Connection.h"
 #include "sql/Row.h"
+#include "sql/tsql/TransactSqlRewriter.h"
 
 #include <cstdint>
 #include <memory>
@@ -19,6 +20,7 @@ class SqliteStatement {
 public:
     // `source` is the operation that errors name.
     SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source);
+    SqliteStatement(sqlite3* database, const sql::RewrittenStatement& statement, std::string_view source);
 
     // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises
     // ErrorNumber::General, an object ErrorNumber::TypeMismatch.
@@ -26,6 +28,7 @@ public:
     void Bind(int position, int64_t value);
     void Bind(int position, std::string_view text);
     int ParameterCount() const;
+    const std::vector<std::string>& TemporaryTables() const { return m_temporaryTables; }
     // Binds all parameters. Raises ErrorNumber::General unless there is one value for each.
     void Bind(const std::vector<TaggedValue>& values, std::string_view source);
 
@@ -53,6 +56,7 @@ private:
 
     sqlite3* m_database;
     std::unique_ptr<sqlite3_stmt, Finalizer> m_statement;
+    std::vector<std::string> m_temporaryTables;
     std::shared_ptr<const ColumnSet> m_columns;
     std::vector<ColumnKind> m_kinds;
     int m_preparation = -1;  // that m_columns and m_kinds describe

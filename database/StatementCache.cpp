@@ -29,7 +29,7 @@ std::unique_ptr<SqliteStatement> StatementCache::PrepareQuery(const std::string&
     const auto statements = sql::RewriteTransactSql(text);
     if (statements.size() != 1 || statements[0].kind != sql::StatementKind::Query)
         Raise(ErrorNumber::General, source, "A query must be one SELECT statement.");
-    return std::make_unique<SqliteStatement>(m_database, statements[0].text, source);
+    return std::make_unique<SqliteStatement>(m_database, statements[0], source);
 }
 
 void StatementCache::KeepQuery(const std::string& text, std::unique_ptr<SqliteStatement> query) {
@@ -48,7 +48,7 @@ std::vector<SqliteStatement> StatementCache::PrepareForBatch(const std::string& 
     std::vector<SqliteStatement> prepared;
     try {
         for (const sql::RewrittenStatement& statement : sql::RewriteTransactSql(normalizedText))
-            prepared.emplace_back(m_database, statement.text, "SqliteConnection.Execute");
+            prepared.emplace_back(m_database, statement, "SqliteConnection.Execute");
     } catch (const Error&) {
         // Executing the original text reports the error.
         prepared.clear();

@@ -1,57 +1,58 @@
 #include "database/TemporaryTables.h"
 
+#include "base/Error.h"
+#include "base/Text.h"
 #include "database/SqliteStatement.h"
 
 #include <sqlite3.h>
 
 namespace quellbrook {
 
-namespace {
-
-std::string NameIn(const std::string& statement) {
-    const size_t begin = statement.find('"');
-    return statement.substr(begin, statement.find('"', begin + 1) + 1 - begin);
-}
-
-}  // namespace
-
 void TemporaryTables::Run(const std::string& statement) const {
     SqliteStatement(m_database, statement, "SqliteConnection.Execute").Run("SqliteConnection.Execute");
 }
 
-void TemporaryTables::Create(const std::string& statement) {
-    const std::string name = NameIn(statement);
-    if (TryReuse(statement, name)) return;
-    DropIfSetAside(name);
+void TemporaryTables::Create(const std::string& statement, const std::string& name) {
+    const std::string key = FoldCase(name);
+    if (TryReuse(statement, key)) return;
+    DropIfSetAside(key);
     Run(statement);
-    m_tables.insert_or_assign(name, Table{statement, true});
+    m_tables.insert_or_assign(key, Table{statement, true});
 }
 
-bool TemporaryTables::TryReuse(const std::string& statement, const std::string& name) {
-    const auto found = m_tables.find(name);
+bool TemporaryTables::TryReuse(const std::string& statement, const std::string& key) {
+    const auto found = m_tables.find(key);
     if (found == m_tables.end() || found->second.isInUse || found->second.creation != statement) return false;
     return found->second.isInUse = true;
 }
 
-void TemporaryTables::Drop(const std::string& statement) {
-    const std::string name = NameIn(statement);
-    DropIfSetAside(name);
-    const auto found = m_tables.find(name);
+void TemporaryTables::Drop(const std::string& statement, const std::string& name) {
+    const std::string key = FoldCase(name);
+    DropIfSetAside(key);
+    const auto found = m_tables.find(key);
     const bool isInTransaction = sqlite3_get_autocommit(m_database) == 0;
     if (found != m_tables.end() && isInTransaction) {
-        Run("DELETE FROM temp." + name);
+        Run("DELETE FROM temp." + key);
         found->second.isInUse = false;
     } else {
         Run(statement);
-        m_tables.erase(name);
+        m_tables.erase(key);
     }
 }
 
-void TemporaryTables::DropIfSetAside(const std::string& name) {
-    const auto found = m_tables.find(name);
+void TemporaryTables::DropIfSetAside(const std::string& key) {
+    const auto found = m_tables.find(key);
     if (found == m_tables.end() || found->second.isInUse) return;
-    Run("DROP TABLE temp." + name);
+    Run("DROP TABLE temp." + key);
     m_tables.erase(found);
+}
+
+void TemporaryTables::RequireInUse(const std::vector<std::string>& names, std::string_view source) const {
+    for (const std::string& name : names) {
+        const auto found = m_tables.find(FoldCase(name));
+        if (found == m_tables.end() || !found->second.isInUse)
+            Raise(SQLITE_ERROR, source, "no such table: " + name.substr(1, name.size() - 2));
+    }
 }
 
 void TemporaryTables::DropTablesInUse() {

@@ -36,7 +36,7 @@ private:
         const ParsedStatement parsed = ParseStatement(tokens);
         if (parsed.kind == StatementKind::Declaration) return Declare(tokens[parsed.subject]);
         if (parsed.kind == StatementKind::Assignment) return Assign(tokens, parsed);
-        m_statements.push_back({parsed.kind, Write(tokens, parsed)});
+        m_statements.push_back({parsed.kind, Write(tokens, parsed), TemporaryTablesOf(tokens)});
         for (auto& [name, variable] : m_variables) variable.isSpent = variable.isSet;
     }
 
@@ -65,7 +65,7 @@ private:
             text.append(copied, token.text.data());
             copied = token.text.data() + token.text.size();
             if (token.Is(TokenKind::Temporary))
-                text.append("\"").append(token.text).append("\"");
+                text += Quoted(token.text);
             else if (token.Is(TokenKind::Variable))
                 text += Use(token, parsed.kind == StatementKind::Change ? tokens[parsed.subject].text : "");
             else
@@ -73,6 +73,18 @@ private:
             if (parsed.kind == StatementKind::Creation && &token == &tokens.front()) text += " TEMPORARY";
         }
         return text;
+    }
+
+    static std::string Quoted(std::string_view name) { return '"' + std::string(name) + '"'; }
+
+    std::vector<std::string> TemporaryTablesOf(Tokens tokens) const {
+        std::vector<std::string> names;
+        for (const Token& token : tokens) {
+            const bool isVariable = token.Is(TokenKind::Variable);
+            const std::string_view name = isVariable ? m_variables.at(FoldCase(token.text)).table : token.text;
+            if (token.Is(TokenKind::Temporary) || (isVariable && name.starts_with('#'))) names.push_back(Quoted(name));
+        }
+        return names;
     }
 
     const std::string& Use(const Token& token, std::string_view changedTable) const {

@@ -57,6 +57,7 @@ namespace quellbrook::sql {
 struct RewrittenStatement {
     StatementKind kind;  // not Declaration or Assignment
     std::string text;
+    std::vector<std::string> temporaryTables;  // the quoted names of the temporary tables in it
 };
 
 std::vector<RewrittenStatement> RewriteTransactSql(std::string_view text);

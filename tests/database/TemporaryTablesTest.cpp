@@ -41,6 +41,55 @@ TEST_F(TemporaryTablesTest, EachBatchStartsWithAnEmptyTable) {
     EXPECT_EQ(m_database.QueryValue("SELECT SUM(Value) FROM Setting"), TaggedValue(15));
 }
 
+TEST_F(TemporaryTablesTest, AfterItsBatchATableCannotBeRead) {
+    RunBatch(1);
+    for (const char* query : {"SELECT COUNT(*) FROM #Next", "SELECT Value FROM #Next",
+                              "SELECT Name FROM Setting WHERE Value IN (SELECT Value FROM #NEXT)"})
+        EXPECT_EQ(RaisedBy([&] { Value(query); }).Number(), 1) << query;
+    EXPECT_EQ(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Description(), "no such table: #Next");
+}
+
+TEST_F(TemporaryTablesTest, AfterItsBatchATableCannotBeWritten) {
+    RunBatch(1);
+    const char* const statements[] = {
+        "INSERT INTO #Next (Value) VALUES (7)",
+        "INSERT INTO Setting (Name, Value) VALUES ('n7', (SELECT Value FROM #Next))",
+        "DECLARE @x INT; SELECT @x = MAX(Value)+1 FROM #Next WHERE Value=1 GROUP BY Value;"
+        "UPDATE Setting SET Value = @x",
+        "UPDATE #Next SET Value = 1",
+        "DELETE FROM #Next",
+    };
+    const std::string before = m_database.Snapshot();
+    for (const char* statement : statements) {
+        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), "no such table: #Next");
+        m_connection->Begin();
+        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), "no such table: #Next");
+        m_connection->Rollback();
+    }
+    EXPECT_EQ(m_database.Snapshot(), before);
+    RunBatch(2);
+}
+
+TEST_F(TemporaryTablesTest, ATableCannotBeReadAfterItsDropInTheSameBatch) {
+    m_connection->Begin();
+    m_connection->Execute(creation);
+    EXPECT_EQ(Value("SELECT COUNT(*) FROM #Next"), TaggedValue(0));
+    m_connection->Execute("DROP TABLE #Next");
+    EXPECT_EQ(RaisedBy([&] { Value("SELECT COUNT(*) FROM #Next"); }).Description(), "no such table: #Next");
+    m_connection->Rollback();
+}
+
+TEST_F(TemporaryTablesTest, NamesAreCaseInsensitive) {
+    RunBatch(1);
+    m_connection->Begin();
+    m_connection->Execute("CREATE TABLE #NEXT (Value INT NOT NULL)");
+    m_connection->Execute("INSERT INTO #next (Value) VALUES (7)");
+    EXPECT_EQ(Value("SELECT Value FROM #Next"), TaggedValue(7));
+    m_connection->Execute("DROP TABLE #next");
+    m_connection->Commit();
+    RunBatch(2);
+}
+
 TEST_F(TemporaryTablesTest, ATableInUseCannotBeCreatedAgain) {
     RunBatch(1);
     m_connection->Begin();

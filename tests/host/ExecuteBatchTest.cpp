@@ -55,16 +55,13 @@ protected:
         return Transfer({{"Property", m_property}, {"Vehicle", m_vehicle}}, m_location, note);
     }
     TaggedValue Value(const std::string& sql) { return m_database.QueryValue(sql); }
-    // The temporary tables that remain on the pool's connection.
-    int32_t TemporaryRows() {
-        int32_t rows = 0;
-        for (const Row& table : GetHostDatabase().QueryRows("SELECT name FROM sqlite_temp_schema"))
-            rows += ToInt32(GetHostDatabase().QueryRow("SELECT COUNT(*) FROM " + ToText(table.At(0)))->At(0));
-        return rows;
+    static void ExpectNoTemporaryTable() {
+        const char* const query = "SELECT Value FROM #NextSeqNo";
+        EXPECT_EQ(RaisedBy([&] { GetHostDatabase().QueryRows(query); }).Description(), "no such table: #NextSeqNo");
     }
     void ExpectNothingRemains(const std::string& before) {
         EXPECT_EQ(m_database.Snapshot(), before);
-        EXPECT_EQ(TemporaryRows(), 0);
+        ExpectNoTemporaryTable();
         GetHostDatabase().ExecuteBatch(TwoItems());
         EXPECT_NE(m_database.Snapshot(), before);
     }
@@ -101,7 +98,7 @@ TEST_F(ExecuteBatchTest, BothKindsOfItemsAreTransferredInOneTransaction) {
     EXPECT_EQ(Value("SELECT CurrTrackSeq FROM Property"), TaggedValue(2));
     EXPECT_EQ(Value("SELECT SeqNo FROM VehicleTracking"), TaggedValue(1));
     EXPECT_EQ(Value("SELECT CurrTrackSeq FROM Vehicle"), TaggedValue(1));
-    EXPECT_EQ(TemporaryRows(), 0);
+    ExpectNoTemporaryTable();
 }
 
 TEST_F(ExecuteBatchTest, TheNextNumberFollowsTheGreatestEvenWhereRowsWereDeleted) {
@@ -158,7 +155,7 @@ TEST_F(ExecuteBatchTest, AFailureAtEveryPlaceLeavesNothingOfTheBatch) {
         EXPECT_EQ(error.Description(), "The disk is on fire.");
         EXPECT_TRUE(faults->HasStruck());
         EXPECT_EQ(m_database.Snapshot(), before);
-        EXPECT_EQ(TemporaryRows(), 0);
+        ExpectNoTemporaryTable();
     };
     const Error fault(4711, "Fault", "The disk is on fire.");
 

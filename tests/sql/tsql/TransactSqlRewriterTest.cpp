@@ -78,6 +78,15 @@ TEST(TransactSqlRewriter, SplitsStatementsAtSemicolons) {
     EXPECT_EQ(Rewritten(" ; "), Texts{});
 }
 
+TEST(TransactSqlRewriter, EachStatementNamesItsTemporaryTables) {
+    const auto statements = RewriteTransactSql(
+        "CREATE TABLE #A (Value INT);SELECT 1 FROM #a INNER JOIN #B ON 1=1 WHERE Name = '#C';"
+        "DECLARE @x INT;SELECT @x = MAX(Value) FROM #D WHERE Value=1 GROUP BY Value;UPDATE Setting SET Value=@x");
+    std::vector<std::vector<std::string>> names;
+    for (const RewrittenStatement& statement : statements) names.push_back(statement.temporaryTables);
+    EXPECT_EQ(names, (std::vector<std::vector<std::string>>{{"\"#A\""}, {"\"#a\"", "\"#B\""}, {"\"#D\""}}));
+}
+
 TEST(TransactSqlRewriter, ReportsTheKindOfEachStatement) {
     const auto statements = RewriteTransactSql(
         "CREATE TABLE #a (b INT);DROP TABLE #a;SELECT 1;INSERT INTO t VALUES (1);UPDATE t SET a=1;DELETE FROM t");
