@@ -14,21 +14,21 @@ namespace {
 const std::string inStorage = " AND t.StorageLocNo IS NOT NULL";
 
 // Takes candidates from CurrentPlace and checks them against the item's current custody row.
-std::string LyingIn(const std::string& key, const char* type) {
+std::string StoredIn(const std::string& key, const char* type) {
     return " WHERE " + key + " IN (SELECT ItemNo FROM CurrentPlace WHERE StorageLocNo = ?1 AND ItemType = " + type +
            ") AND +t.StorageLocNo = ?1";
 }
 
-const std::string contentsText = Baseline::PropertyColumns + LyingIn("p.PropertyNo", "1") + " UNION ALL " +
-                                 Baseline::VehicleColumns + LyingIn("v.VehicleNo", "2");
+const std::string contentsText = Baseline::PropertyColumns + StoredIn("p.PropertyNo", "1") + " UNION ALL " +
+                                 Baseline::VehicleColumns + StoredIn("v.VehicleNo", "2");
 
 const std::string countText =
     "SELECT (SELECT COUNT(*) FROM Property p INNER JOIN PropertyTracking t ON t.PropertyNo = p.PropertyNo AND "
     "t.SeqNo = p.CurrTrackSeq" +
-    LyingIn("p.PropertyNo", "1") +
+    StoredIn("p.PropertyNo", "1") +
     ") + (SELECT COUNT(*) FROM Vehicle v INNER JOIN VehicleTracking t ON t.VehicleNo = v.VehicleNo AND "
     "t.SeqNo = v.CurrTrackSeq" +
-    LyingIn("v.VehicleNo", "2") + ")";
+    StoredIn("v.VehicleNo", "2") + ")";
 
 }  // namespace
 
@@ -66,12 +66,12 @@ void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
 }
 
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
-    const int32_t place = baseline
-                              .Integers(
-                                  "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
-                                  "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
-                              .at(0);
-    const StorageLocationRef location = GetStorageLocationStatic().FindByID(place);
+    const int32_t locationId = baseline
+                                   .Integers(
+                                       "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
+                                       "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
+                                   .at(0);
+    const StorageLocationRef location = GetStorageLocationStatic().FindByID(locationId);
     Require(location != nullptr, "The location with 190 items is not in the location document.");
     Statement contents = baseline.Prepare(contentsText);
     Statement counter = baseline.Prepare(countText);
@@ -85,7 +85,7 @@ void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
             benchmark::DoNotOptimize(objects.data());
         },
         [&] {
-            const Baseline::Items items = Baseline::ReadItems(contents.Bind(1, place));
+            const Baseline::Items items = Baseline::ReadItems(contents.Bind(1, locationId));
             Require(count == static_cast<int>(items.size()), "The baseline reads other contents.");
             benchmark::DoNotOptimize(items.data());
         },
@@ -95,7 +95,7 @@ void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
     const PairedTimes counted = MeasurePair(
         [&] { Require(location->StoredItemsCount() == count, "The count is another than that of the contents."); },
         [&] {
-            counter.Bind(1, place).Step();
+            counter.Bind(1, locationId).Step();
             Require(counter.Integer(0) == count, "The baseline counts other contents.");
             counter.Step();
         },

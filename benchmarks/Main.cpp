@@ -18,7 +18,7 @@ using namespace quellbrook;
 namespace {
 
 // A session with every right, since the benchmark has no accounts.
-class EverybodySession : public HostSession {
+class AllRightsSession : public HostSession {
 public:
     std::string Username() const override { return "bench"; }
     std::string AgencyName() const override { return "Benchmark"; }
@@ -118,7 +118,7 @@ const Group groups[] = {
 
 int Run(bool quick, const std::string& directory, const std::string& only) {
     std::filesystem::create_directories(directory);
-    HostServices::Current().SetSession(std::make_shared<EverybodySession>());
+    HostServices::Current().SetSession(std::make_shared<AllRightsSession>());
     std::vector<bench::Result> results;
     const std::string path = Department(directory, quick ? quickSize : fullSize);
     for (const Group& group : groups) {

@@ -96,7 +96,7 @@ private:
 }  // namespace
 
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
-    const auto places = baseline.Integers("SELECT IdNo FROM StorageLocation WHERE Type = 2 ORDER BY IdNo");
+    const auto locations = baseline.Integers("SELECT IdNo FROM StorageLocation WHERE Type = 2 ORDER BY IdNo");
     const auto persons = baseline.Integers("SELECT PersonNo FROM Person ORDER BY PersonNo");
     const int32_t reason = baseline.Integers("SELECT Code FROM CodeTable WHERE TableNumber = 38 ORDER BY Code").at(0);
     HandWritten handWritten(baseline);
@@ -110,14 +110,14 @@ void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
         xfer.ReceivedFrom = persons.at(1);
         xfer.Reason = reason;
         const auto batch = [&]() -> const Batch& { return batches[turn / 2 % batches.size()]; };
-        const auto place = [&] { return places[turn++ * 31 % places.size()]; };
+        const auto location = [&] { return locations[turn++ * 31 % locations.size()]; };
         const std::string moment = xfer.Timestamp().ToText();
         const PairedTimes times = MeasurePair(
             [&] {
-                xfer.Location = GetStorageLocationStatic().FindByID(place());
+                xfer.Location = GetStorageLocationStatic().FindByID(location());
                 GetHostDatabase().ExecuteBatch(MakeTransferStatements(batch().items, xfer));
             },
-            [&] { handWritten.Transfer(batch().keys, place(), persons[0], persons[1], reason, moment); },
+            [&] { handWritten.Transfer(batch().keys, location(), persons[0], persons[1], reason, moment); },
             count <= 10    ? 81
             : count == 100 ? 41
                            : 11,

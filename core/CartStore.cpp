@@ -68,10 +68,10 @@ AllowedTasks CartStore::GetAllowedTasks(const StoredItemRef& item) const {
     keepWithRight(tasks.CanPrint, GetPermissions().PRINT_BARCODE_LABELS());
 
     const StorageLocationTypes type = location->LocationType();
-    const auto keepAt = [&](bool& flag, StorageLocationTypes place, int32_t transaction) {
-        const bool rightPlace = type == StorageLocationTypes::Other || type == place;
+    const auto keepAt = [&](bool& flag, StorageLocationTypes locationType, int32_t transaction) {
+        const bool rightLocation = type == StorageLocationTypes::Other || type == locationType;
         const bool rightTime = present == TransactionType::None || present == transaction;
-        flag = flag && rightPlace && rightTime;
+        flag = flag && rightLocation && rightTime;
     };
     keepAt(tasks.CanCheckIn, StorageLocationTypes::External, TransactionType::SignIn);
     keepAt(tasks.CanCheckOut, StorageLocationTypes::Internal, TransactionType::SignOut);

@@ -39,9 +39,9 @@ StorageLocationRef TrackingRecord::Location() {
         return std::static_pointer_cast<StorageLocation>(*value.If<ObjectRef>());
     };
     if (IsCached("Location")) return asLocation(GetCached("Location"));
-    const TaggedValue& place = RequireRow().Value("StorageLocNo");
-    if (place.IsNull()) return nullptr;
-    return asLocation(SetCached("Location", GetStorageLocationStatic().FindByID(ToInt32(place))));
+    const TaggedValue& location = RequireRow().Value("StorageLocNo");
+    if (location.IsNull()) return nullptr;
+    return asLocation(SetCached("Location", GetStorageLocationStatic().FindByID(ToInt32(location))));
 }
 
 bool TrackingRecord::IsCached(const std::string& key) const { return m_cache.count(key) > 0; }

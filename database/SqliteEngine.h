@@ -13,7 +13,7 @@ public:
     // How long a statement waits for a lock of another connection.
     static constexpr int BusyMilliseconds = 5000;
 
-    // Opens an existing database of this program. Raises ErrorNumber::General with a message for the user if the file
+    // Opens an existing database of this program. Raises error 5 with a message for the user if the file
     // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or
     // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);

@@ -11,7 +11,7 @@ namespace quellbrook {
 // unique or foreign key constraint, otherwise SQLite's extended code.
 [[noreturn]] void RaiseSqliteError(sqlite3* database, std::string_view source);
 
-// Raises ErrorNumber::General with a message that explains why a database could not be opened, given SQLite's extended
+// Raises error 5 with a message that explains why a database could not be opened, given SQLite's extended
 // code.
 [[noreturn]] void RaiseOpenFailure(const std::string& path, int code, std::string_view words);
 

@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// Raises ErrorNumber::General with a message for the user unless the file is a complete database of this program that
+// Raises error 5 with a message for the user unless the file is a complete database of this program that
 // can be read and written. Does not change the file.
 void CheckSqliteFile(const std::string& path, int busyMilliseconds);
 

@@ -23,13 +23,13 @@ public:
     SqliteStatement(sqlite3* database, const sql::RewrittenStatement& statement, std::string_view source);
 
     // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises
-    // ErrorNumber::General, an object ErrorNumber::TypeMismatch.
+    // error 5, an object ErrorNumber::TypeMismatch.
     void Bind(int position, const TaggedValue& value);
     void Bind(int position, int64_t value);
     void Bind(int position, std::string_view text);
     int ParameterCount() const;
     const std::vector<std::string>& TemporaryTables() const { return m_temporaryTables; }
-    // Binds all parameters. Raises ErrorNumber::General unless there is one value for each.
+    // Binds all parameters. Raises error 5 unless there is one value for each.
     void Bind(const std::vector<TaggedValue>& values, std::string_view source);
 
     // Moves to the next row; false at the end.

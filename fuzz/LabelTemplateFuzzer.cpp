@@ -15,10 +15,10 @@ namespace {
 
 const LabelTemplate::Fields fields = {{"barcode", "\x02P0000000012\x03"}, {"name", "a name"}, {"place", "a place"}};
 
-void CheckPlace(const LabelPlace& place, const FilledLabel& label, const std::string& text) {
+void CheckArea(const LabelArea& area, const FilledLabel& label, const std::string& text) {
     constexpr double slack = 0.11;
-    const LabelBox& box = place.box;
-    Check(place.quarterTurns >= 0 && place.quarterTurns <= 3, "The rotation is not a quarter turn", text);
+    const LabelBox& box = area.box;
+    Check(area.quarterTurns >= 0 && area.quarterTurns <= 3, "The rotation is not a quarter turn", text);
     Check(box.width > 0 && box.height > 0, "A field has no size", text);
     Check(box.left >= -slack && box.top >= -slack, "A field lies outside of the label", text);
     Check(box.left + box.width <= label.width + slack, "A field lies outside of the label", text);
@@ -41,8 +41,8 @@ void Read(const std::string& text) {
         Check(label.width >= 5 && label.width <= 1000, "The width is out of range", text);
         Check(label.height >= 5 && label.height <= 1000, "The height is out of range", text);
         Check(label.texts.size() + label.barcodes.size() >= 1, "No field was filled", text);
-        for (const LabelText& field : label.texts) CheckPlace(field.place, label, text);
-        for (const LabelBarcode& field : label.barcodes) CheckPlace(field.place, label, text);
+        for (const LabelText& field : label.texts) CheckArea(field.area, label, text);
+        for (const LabelBarcode& field : label.barcodes) CheckArea(field.area, label, text);
         for (const LabelText& field : label.texts)
             Check(field.size > 0 && field.size <= 100, "The font has no size", text);
         pugi::xml_document drawing;

@@ -48,8 +48,8 @@ std::shared_ptr<const LocationDocument> LoadDocument() {
 
 }  // namespace
 
-size_t LocationDocument::PlaceHash::operator()(const std::pair<std::string_view, int32_t>& place) const {
-    return std::hash<std::string_view>()(place.first) * 31 + static_cast<size_t>(place.second);
+size_t LocationDocument::PathAndTypeHash::operator()(const std::pair<std::string_view, int32_t>& key) const {
+    return std::hash<std::string_view>()(key.first) * 31 + static_cast<size_t>(key.second);
 }
 
 LocationDocument::LocationDocument(std::unique_ptr<pugi::xml_document> document) : m_document(std::move(document)) {
@@ -57,7 +57,7 @@ LocationDocument::LocationDocument(std::unique_ptr<pugi::xml_document> document)
         if (const auto id = WholeNumber(row.child_value("IdNo"))) m_byId.try_emplace(*id, row);
         const pugi::xml_node path = row.child("Path");
         const auto type = WholeNumber(row.child_value("Type"));
-        if (path && type) m_byPlace[{path.child_value(), *type}].push_back(row);
+        if (path && type) m_byPathAndType[{path.child_value(), *type}].push_back(row);
     }
 }
 
@@ -68,8 +68,8 @@ pugi::xml_node LocationDocument::FindByID(int32_t id) const {
 
 const std::vector<pugi::xml_node>& LocationDocument::Children(std::string_view path, int32_t type) const {
     static const std::vector<pugi::xml_node> none;
-    const auto found = m_byPlace.find({path, type});
-    return found == m_byPlace.end() ? none : found->second;
+    const auto found = m_byPathAndType.find({path, type});
+    return found == m_byPathAndType.end() ? none : found->second;
 }
 
 std::shared_ptr<const LocationDocument> HostLocationData::GetDocument() {

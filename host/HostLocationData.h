@@ -27,15 +27,16 @@ public:
     const std::vector<pugi::xml_node>& Children(std::string_view path, int32_t type) const;
 
 private:
-    struct PlaceHash {
+    struct PathAndTypeHash {
         using is_transparent = void;
-        size_t operator()(const std::pair<std::string_view, int32_t>& place) const;
+        size_t operator()(const std::pair<std::string_view, int32_t>& key) const;
     };
 
     std::unique_ptr<pugi::xml_document> m_document;
     std::unordered_map<int32_t, pugi::xml_node> m_byId;
     // The keys view the document's text.
-    std::unordered_map<std::pair<std::string_view, int32_t>, std::vector<pugi::xml_node>, PlaceHash> m_byPlace;
+    std::unordered_map<std::pair<std::string_view, int32_t>, std::vector<pugi::xml_node>, PathAndTypeHash>
+        m_byPathAndType;
 };
 
 // The one cached location document of the process. All instances share it; it changes only on Reload.

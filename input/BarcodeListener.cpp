@@ -10,7 +10,7 @@ namespace {
 constexpr uint32_t StartCharacter = 2, EndCharacter = 3;
 constexpr uint32_t AltKey = 18;
 constexpr double RestPeriod = 0.1;  // seconds
-constexpr int HandOverDelay = 1;    // milliseconds
+constexpr int DeliveryDelay = 1;    // milliseconds
 
 // 32 bits, as the rest period requires: late in the day, the resolution is about 8 milliseconds.
 float SecondsSinceMidnight() {
@@ -97,7 +97,7 @@ void BarcodeListener::OnCharacter(KeyMessage& message) {
 void BarcodeListener::EndScan() {
     m_lastScanEnd = SecondsSinceMidnight();
     m_scanQueue.push_back(m_scanBuffer);
-    m_timer->SetInterval(HandOverDelay);
+    m_timer->SetInterval(DeliveryDelay);
     m_timer->SetSingleShot(true);
     m_timer->Start();
 }

@@ -17,11 +17,11 @@ struct LabelBox {
 
 // The position of a field. The box of a rotated field is its box on the label; the text runs along it after the given
 // number of clockwise quarter turns.
-struct LabelPlace {
+struct LabelArea {
     LabelBox box;
     int quarterTurns = 0;  // 0 to 3
 
-    bool operator==(const LabelPlace&) const = default;
+    bool operator==(const LabelArea&) const = default;
 };
 
 enum class LabelAnchor { Start, Middle, End };
@@ -29,7 +29,7 @@ enum class LabelAnchor { Start, Middle, End };
 // A text with its position and font.
 struct LabelText {
     std::string text;
-    LabelPlace place;
+    LabelArea area;
     std::string family;  // of the font; empty for the system default
     double size = 0;     // of the font, millimeters
     int weight = 400;    // 100 to 900
@@ -41,7 +41,7 @@ struct LabelText {
 // A symbol that fills its box, with its quiet zones and its readable text below.
 struct LabelBarcode {
     std::string text;
-    LabelPlace place;
+    LabelArea area;
 };
 
 // A label ready for printing: a drawing and the fields over it.

@@ -107,7 +107,7 @@ void LabelFields::Take(const std::string& name, const std::string& value, Filled
     }
     const std::string_view kind = svg::LocalName(element);
     if (kind == "rect") {
-        label.barcodes.push_back({value, PlaceOfRectangle(element, name)});
+        label.barcodes.push_back({value, AreaOfRectangle(element, name)});
         m_taken.push_back(element);
     } else if (kind == "text") {
         if (IsBarcode(value)) RefuseField(name, "is a text; a barcode needs a rectangle.");
@@ -123,32 +123,32 @@ void LabelFields::TakeText(const pugi::xml_node& text, const std::string& name, 
     field.text = value;
     const pugi::xml_node box = ElementOf(name + BoxSuffix);
     if (box && svg::LocalName(box) != "rect") RefuseField(name + BoxSuffix, "is not a rectangle.");
-    field.place = box ? PlaceOfRectangle(box, name + BoxSuffix) : PlaceOfLine(text, field, name);
+    field.area = box ? AreaOfRectangle(box, name + BoxSuffix) : AreaOfLine(text, field, name);
     label.texts.push_back(std::move(field));
     m_taken.push_back(text);
     if (box) m_taken.push_back(box);
 }
 
-LabelPlace LabelFields::PlaceOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const {
+LabelArea LabelFields::AreaOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const {
     const svg::Transform toSheet = m_sheet.ToSheet(rectangle);
-    LabelPlace place;
-    place.quarterTurns = QuarterTurnsOf(toSheet, name);
-    place.box = MapBox(toSheet, NumberOf(rectangle, "x", name), NumberOf(rectangle, "y", name),
-                       NumberOf(rectangle, "width", name), NumberOf(rectangle, "height", name));
-    if (!m_sheet.Contains(place.box)) RefuseField(name, "has no size or is outside the label.");
-    return place;
+    LabelArea area;
+    area.quarterTurns = QuarterTurnsOf(toSheet, name);
+    area.box = MapBox(toSheet, NumberOf(rectangle, "x", name), NumberOf(rectangle, "y", name),
+                      NumberOf(rectangle, "width", name), NumberOf(rectangle, "height", name));
+    if (!m_sheet.Contains(area.box)) RefuseField(name, "has no size or is outside the label.");
+    return area;
 }
 
 // One line from the anchor to the edge of the label; a centered one extends to both sides by the distance of the
 // nearer edge.
-LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const {
+LabelArea LabelFields::AreaOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const {
     const svg::Transform toSheet = m_sheet.ToSheet(text);
     const pugi::xml_node positioned = Positioned(text);
     const LabelBox anchor = MapBox(toSheet, NumberOf(positioned, "x", name), NumberOf(positioned, "y", name), 0, 0);
-    LabelPlace place;
-    place.quarterTurns = QuarterTurnsOf(toSheet, name);
-    const bool isUpright = place.quarterTurns % 2 == 0;
-    const bool runsBack = place.quarterTurns == 2 || place.quarterTurns == 3;
+    LabelArea area;
+    area.quarterTurns = QuarterTurnsOf(toSheet, name);
+    const bool isUpright = area.quarterTurns % 2 == 0;
+    const bool runsBack = area.quarterTurns == 2 || area.quarterTurns == 3;
     const double length = isUpright ? m_sheet.Width() : m_sheet.Height();
     const double along = isUpright ? anchor.left : anchor.top;
     const double before = (runsBack ? length - along : along) - EdgeMargin;
@@ -158,11 +158,11 @@ LabelPlace LabelFields::PlaceOfLine(const pugi::xml_node& text, const LabelText&
     const double forth = style.anchor == LabelAnchor::End ? 0 : style.anchor == LabelAnchor::Start ? behind : half;
     const double scale = toSheet.Scale();
     const double x = NumberOf(positioned, "x", name), y = NumberOf(positioned, "y", name);
-    place.box = MapBox(toSheet, x - back / scale, y - Ascent * style.size / scale, (back + forth) / scale,
-                       Line * style.size / scale);
-    if (!(back + forth > 0) || !m_sheet.Contains(place.box))
+    area.box = MapBox(toSheet, x - back / scale, y - Ascent * style.size / scale, (back + forth) / scale,
+                      Line * style.size / scale);
+    if (!(back + forth > 0) || !m_sheet.Contains(area.box))
         RefuseField(name, "is outside the label or too close to its edge.");
-    return place;
+    return area;
 }
 
 LabelText LabelFields::StyleOf(const pugi::xml_node& text, const std::string& name) const {

@@ -26,8 +26,8 @@ public:
 private:
     void CollectIds(const pugi::xml_node& element);
     pugi::xml_node ElementOf(const std::string& id) const;  // a null node if there is none
-    LabelPlace PlaceOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const;
-    LabelPlace PlaceOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const;
+    LabelArea AreaOfRectangle(const pugi::xml_node& rectangle, const std::string& name) const;
+    LabelArea AreaOfLine(const pugi::xml_node& text, const LabelText& style, const std::string& name) const;
     LabelText StyleOf(const pugi::xml_node& text, const std::string& name) const;
     void TakeText(const pugi::xml_node& text, const std::string& name, const std::string& value, FilledLabel& label);
 

@@ -19,9 +19,9 @@ QImage OnWhite(const Picture& picture) {
 
 }  // namespace
 
-PictureLabel::PictureLabel(const Picture& picture, const QSize& room, QWidget* parent)
+PictureLabel::PictureLabel(const Picture& picture, const QSize& bounds, QWidget* parent)
     : QLabel(parent), m_picture(OnWhite(picture)) {
-    const QSize inside = room - QSize(2 * frame, 2 * frame);
+    const QSize inside = bounds - QSize(2 * frame, 2 * frame);
     m_size = (QSizeF(m_picture.size()) / picture.scale).toSize();
     if (m_size.width() > inside.width() || m_size.height() > inside.height()) m_size.scale(inside, Qt::KeepAspectRatio);
     m_size = m_size.expandedTo(QSize(1, 1));

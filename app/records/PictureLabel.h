@@ -12,8 +12,8 @@ class PictureLabel : public QLabel {
     Q_OBJECT
 
 public:
-    // Shows the picture at its own size, or scaled down with its frame to `room`. Transparent pixels are white.
-    PictureLabel(const Picture& picture, const QSize& room, QWidget* parent = nullptr);
+    // Shows the picture at its own size, or scaled down with its frame to `bounds`. Transparent pixels are white.
+    PictureLabel(const Picture& picture, const QSize& bounds, QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -18,7 +18,7 @@ namespace quellbrook {
 namespace {
 
 constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380, pictureHeight = 200;
-constexpr int darkGround = 80;  // of 255; darker ones need white text
+constexpr int darkBackground = 80;  // of 255; darker ones need white text
 const char* const securedColor = "#DC5C1C";
 
 QLabel* MakeTag(const ItemStatus& status, QWidget* parent) {
@@ -26,9 +26,9 @@ QLabel* MakeTag(const ItemStatus& status, QWidget* parent) {
     tag->setObjectName(QStringLiteral("statusTag"));
     tag->setWordWrap(false);
     tag->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    const QColor ground(status.color & 0xFF, status.color >> 8 & 0xFF, status.color >> 16 & 0xFF);
+    const QColor background(status.color & 0xFF, status.color >> 8 & 0xFF, status.color >> 16 & 0xFF);
     tag->setStyleSheet(QStringLiteral("background: %1; color: %2; border-radius: 2px; padding: 2px 8px;")
-                           .arg(ground.name(), qGray(ground.rgb()) < darkGround ? "#FFFFFF" : "#0B0F0E"));
+                           .arg(background.name(), qGray(background.rgb()) < darkBackground ? "#FFFFFF" : "#0B0F0E"));
     return tag;
 }
 
@@ -134,14 +134,14 @@ QWidget* RecordPage::MakeHeading(const Record& record) {
     names->addWidget(new ElidedLabel(ToShown(record.description), 20, QFont::Normal));
     names->addStretch(1);
     lines->addLayout(names);
-    auto* place = new QHBoxLayout;
-    place->setSpacing(8);
-    place->addWidget(MakeTag(record.status, heading));
+    auto* statusLine = new QHBoxLayout;
+    statusLine->setSpacing(8);
+    statusLine->addWidget(MakeTag(record.status, heading));
     auto* location = new ElidedLabel(ToShown(record.location), 13, QFont::Normal);
     MakeQuiet(location);
-    place->addWidget(location);
-    place->addStretch(1);
-    lines->addLayout(place);
+    statusLine->addWidget(location);
+    statusLine->addStretch(1);
+    lines->addLayout(statusLine);
     return heading;
 }
 

@@ -9,7 +9,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int fieldHeight = 36, textMargin = 12, arrowRoom = 32, rowHeight = 32;
+constexpr int fieldHeight = 36, textMargin = 12, arrowWidth = 32, rowHeight = 32;
 
 // Aligns the rows of the list with the text of the field.
 class RowDelegate : public QStyledItemDelegate {
@@ -25,9 +25,9 @@ public:
         painter->fillRect(option.rect, option.palette.color(chosen ? QPalette::Highlight : QPalette::Base));
         painter->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
         painter->setFont(option.font);
-        const QRect place = option.rect.adjusted(textMargin, 0, -textMargin, 0);
-        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                          option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, place.width()));
+        const QRect textRect = option.rect.adjusted(textMargin, 0, -textMargin, 0);
+        painter->drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                          option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, textRect.width()));
     }
 };
 
@@ -43,10 +43,10 @@ QSize ChoiceBox::sizeHint() const {
     int widest = 0;
     for (int index = 0; index < count(); ++index)
         widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(index)));
-    return {textMargin + widest + arrowRoom, fieldHeight};
+    return {textMargin + widest + arrowWidth, fieldHeight};
 }
 
-QSize ChoiceBox::minimumSizeHint() const { return {textMargin + arrowRoom + 60, fieldHeight}; }
+QSize ChoiceBox::minimumSizeHint() const { return {textMargin + arrowWidth + 60, fieldHeight}; }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
@@ -59,7 +59,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 2, 2);
 
-    const QPointF tip(width() - arrowRoom / 2.0, height() / 2.0 + 2);
+    const QPointF tip(width() - arrowWidth / 2.0, height() / 2.0 + 2);
     QPainterPath arrow(tip + QPointF(-4, -4));
     arrow.lineTo(tip);
     arrow.lineTo(tip + QPointF(4, -4));
@@ -67,10 +67,10 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(arrow);
 
-    const QRect place = rect().adjusted(textMargin, 0, -arrowRoom, 0);
+    const QRect textRect = rect().adjusted(textMargin, 0, -arrowWidth, 0);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
+    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, textRect.width()));
 }
 
 }  // namespace quellbrook

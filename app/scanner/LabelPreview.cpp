@@ -35,11 +35,11 @@ void LabelPreview::Explain(const QString& sentence) {
     update();
 }
 
-QRect LabelPreview::PicturePlace() const {
+QRect LabelPreview::PictureRect() const {
     if (m_picture.isNull()) return {};
-    const QSize room = (size() - QSize(2 * frame, 2 * frame)).expandedTo({1, 1});
+    const QSize available = (size() - QSize(2 * frame, 2 * frame)).expandedTo({1, 1});
     const QSize whole = m_picture.size() / devicePixelRatioF();
-    const QSize shown = whole.scaled(room.boundedTo(whole), Qt::KeepAspectRatio).expandedTo({1, 1});
+    const QSize shown = whole.scaled(available.boundedTo(whole), Qt::KeepAspectRatio).expandedTo({1, 1});
     return {QPoint(frame, frame), shown};
 }
 
@@ -50,12 +50,12 @@ void LabelPreview::paintEvent(QPaintEvent*) {
         painter.drawText(rect(), Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, m_sentence);
         return;
     }
-    const QRect place = PicturePlace();
-    const QSize pixels = place.size() * devicePixelRatioF();
+    const QRect target = PictureRect();
+    const QSize pixels = target.size() * devicePixelRatioF();
     if (m_scaled.size() != pixels) m_scaled = m_picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(place.adjusted(-frame, -frame, 0, 0));
-    painter.drawImage(place, m_scaled);
+    painter.drawRect(target.adjusted(-frame, -frame, 0, 0));
+    painter.drawImage(target, m_scaled);
 }
 
 }  // namespace quellbrook

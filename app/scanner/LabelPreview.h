@@ -17,7 +17,7 @@ public:
     // Empty while a picture is shown.
     const QString& Sentence() const { return m_sentence; }
     // The rectangle of the picture in the widget's coordinates; empty without a picture.
-    QRect PicturePlace() const;
+    QRect PictureRect() const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

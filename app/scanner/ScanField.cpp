@@ -109,9 +109,9 @@ void ScanField::paintEvent(QPaintEvent*) {
     const QColor gray = palette().color(QPalette::Disabled, QPalette::WindowText);
     painter.setPen(hasFocus() ? palette().color(QPalette::Text) : gray);
     const QString text = hasFocus() ? tr("Scan the test label now") : tr("Click here, then scan the test label");
-    const QRect place = rect().adjusted(textMargin, 0, -textMargin, 0);
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+    const QRect textRect = rect().adjusted(textMargin, 0, -textMargin, 0);
+    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                     fontMetrics().elidedText(text, Qt::ElideRight, textRect.width()));
 }
 
 }  // namespace quellbrook

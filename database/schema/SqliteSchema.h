@@ -43,7 +43,7 @@ inline constexpr const char* ItemsAreDistinctFact = "ItemsAreDistinct";
 const std::vector<std::string>& CurrentPlaceTriggers();
 const std::vector<std::string>& DescriptionIndexTriggers();
 
-// Creates an empty department database at the path. Raises ErrorNumber::General with a message for the user if the path
+// Creates an empty department database at the path. Raises error 5 with a message for the user if the path
 // exists or the file cannot be created; then no incomplete file remains.
 void CreateDatabase(const std::string& path);
 

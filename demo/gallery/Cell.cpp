@@ -18,10 +18,10 @@ Cell::Cell(const Specimen& specimen, State state, const QString& caption, int le
     m_caption->SetCaption(caption.isEmpty() ? NameOf(state) : caption);
     if (IsFleeting(state)) return;
     m_live = m_specimen.make(this);
-    m_live->Move(ToTwips(Stage::Room), ToTwips(Stage::Room));
+    m_live->Move(ToTwips(Stage::Margin), ToTwips(Stage::Margin));
     m_live->setObjectName(NameOf(state));
     Apply(m_specimen, state, *m_live);
-    Fit(m_live->size() + QSize(2 * Stage::Room, 2 * Stage::Room));
+    Fit(m_live->size() + QSize(2 * Stage::Margin, 2 * Stage::Margin));
 }
 
 QString Cell::Caption() const { return m_caption->Caption(); }
@@ -37,8 +37,8 @@ void Cell::Retake(Stage& stage) {
 }
 
 void Cell::Fit(const QSize& content) {
-    m_caption->Move(ToTwips(Stage::Room), ToTwips(content.height()));
-    setFixedSize(std::max({m_leastWidth, content.width(), m_caption->geometry().right() + 1 + Stage::Room}),
+    m_caption->Move(ToTwips(Stage::Margin), ToTwips(content.height()));
+    setFixedSize(std::max({m_leastWidth, content.width(), m_caption->geometry().right() + 1 + Stage::Margin}),
                  m_caption->geometry().bottom() + 1);
 }
 

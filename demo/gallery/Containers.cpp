@@ -27,10 +27,10 @@ Specimen BarSpecimen(const QString& variant, const QString& caption) {
     return bar;
 }
 
-Specimen BoxSpecimen(const QString& variant, std::optional<Theme::Color> ground, bool framed) {
+Specimen BoxSpecimen(const QString& variant, std::optional<Theme::Color> background, bool framed) {
     const auto make = [=](QWidget* parent) {
         auto* box = new GroupBox(parent);
-        if (ground) box->SetBackColor(*ground);
+        if (background) box->SetBackColor(*background);
         box->SetFramed(framed);
         auto* label = new Label(box);
         label->SetCaption(QObject::tr("Its contents"));
@@ -66,7 +66,7 @@ Section* MakeContainers(QWidget* parent) {
                                                        "Second Precinct, North Annex"))});
     section->AddVariants(
         QStringLiteral("GroupBox"), QString(),
-        {BoxSpecimen(QObject::tr("Normal: no ground"), std::nullopt, false),
+        {BoxSpecimen(QObject::tr("Normal: no background"), std::nullopt, false),
          BoxSpecimen(QObject::tr("Framed"), std::nullopt, true), BoxSpecimen(QObject::tr("Panel"), Color::Panel, false),
          BoxSpecimen(QObject::tr("Panel, framed"), Color::Panel, true),
          BoxSpecimen(QObject::tr("Tint"), Color::Tint, false)});

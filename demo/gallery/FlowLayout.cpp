@@ -24,8 +24,8 @@ QLayoutItem* FlowLayout::takeAt(int index) {
     return taken;
 }
 
-template <typename Place>
-int FlowLayout::Flow(int width, Place&& place) const {
+template <typename Assign>
+int FlowLayout::Flow(int width, Assign&& assign) const {
     QPoint at(0, 0);
     int lineHeight = 0;
     for (const auto& item : m_items) {
@@ -34,7 +34,7 @@ int FlowLayout::Flow(int width, Place&& place) const {
             at = QPoint(0, at.y() + lineHeight + m_lineGap);
             lineHeight = 0;
         }
-        place(*item, QRect(at, size));
+        assign(*item, QRect(at, size));
         at.rx() += size.width() + m_gap;
         lineHeight = std::max(lineHeight, size.height());
     }
@@ -51,9 +51,9 @@ QSize FlowLayout::minimumSize() const {
     return size;
 }
 
-void FlowLayout::setGeometry(const QRect& place) {
-    QLayout::setGeometry(place);
-    Flow(place.width(), [&](QLayoutItem& item, const QRect& at) { item.setGeometry(at.translated(place.topLeft())); });
+void FlowLayout::setGeometry(const QRect& rect) {
+    QLayout::setGeometry(rect);
+    Flow(rect.width(), [&](QLayoutItem& item, const QRect& at) { item.setGeometry(at.translated(rect.topLeft())); });
 }
 
 }  // namespace quellbrook::gallery

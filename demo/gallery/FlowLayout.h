@@ -23,12 +23,12 @@ public:
     int heightForWidth(int width) const override;
     QSize sizeHint() const override { return minimumSize(); }
     QSize minimumSize() const override;  // of the widest item
-    void setGeometry(const QRect& place) override;
+    void setGeometry(const QRect& rect) override;
 
 private:
-    // Calls place(item, rectangle) for each item. Returns the total height.
-    template <typename Place>
-    int Flow(int width, Place&& place) const;
+    // Calls assign(item, rectangle) for each item. Returns the total height.
+    template <typename Assign>
+    int Flow(int width, Assign&& assign) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
     int m_gap;

@@ -29,7 +29,7 @@ Label* MakeLabel(const QString& text, Theme::Type type, Theme::Color color, QWid
 QWidget* MakeHeading(const QString& control, const QString& note) {
     auto* heading = new QWidget;
     auto* name = MakeLabel(control, Theme::Type::BodySemiBold, Theme::Color::Text, heading);
-    name->Move(0, ToTwips(Stage::Room));
+    name->Move(0, ToTwips(Stage::Margin));
     float bottom = name->Bottom();
     if (!note.isEmpty()) {
         auto* detail = MakeLabel(note, Theme::Type::Hint, Theme::Color::GrayText, heading);

@@ -104,16 +104,16 @@ Stage::~Stage() {
 
 QPixmap Stage::Picture(const Specimen& specimen, State state) {
     const std::unique_ptr<Control> control(specimen.make(&m_window));
-    control->Move(ToTwips(Room), ToTwips(Room));
+    control->Move(ToTwips(Margin), ToTwips(Margin));
     control->show();
     for (QComboBox* box : control->findChildren<QComboBox*>())
         box->view()->window()->setAttribute(Qt::WA_DontShowOnScreen);
     Enact(specimen, state, *control);
 
-    const QRect place = control->geometry().adjusted(-Room, -Room, Room, Room);
-    QPixmap picture = m_window.grab(place);
+    const QRect area = control->geometry().adjusted(-Margin, -Margin, Margin, Margin);
+    QPixmap picture = m_window.grab(area);
     if (QWidget* popup = QApplication::activePopupWidget(); popup && control->isAncestorOf(popup->parentWidget())) {
-        picture = WithPopup(picture, m_window.mapToGlobal(place.topLeft()), *popup);
+        picture = WithPopup(picture, m_window.mapToGlobal(area.topLeft()), *popup);
         popup->close();
     }
     if (QWidget* focused = m_window.focusWidget()) focused->clearFocus();

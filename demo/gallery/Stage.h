@@ -13,7 +13,7 @@ namespace quellbrook::gallery {
 class Stage {
 public:
     // The margin around a control in its picture for the focus ring, in pixels.
-    static constexpr int Room = 4;
+    static constexpr int Margin = 4;
 
     Stage();
     ~Stage();

@@ -25,9 +25,9 @@ constexpr Mark ActionMarks[] = {{"Moved", 0xD6711E},    {"Signed In", 0x87AD24},
 
 // The color and the contrast of its text.
 QString Describe(const Mark& mark) {
-    const QColor ground = Theme::FromBgr(mark.color);
-    const double contrast = Theme::Contrast(ground, Theme::TextOn(ground));
-    return QStringLiteral("%1, %2:1").arg(ground.name().toUpper()).arg(contrast, 0, 'f', 1);
+    const QColor background = Theme::FromBgr(mark.color);
+    const double contrast = Theme::Contrast(background, Theme::TextOn(background));
+    return QStringLiteral("%1, %2:1").arg(background.name().toUpper()).arg(contrast, 0, 'f', 1);
 }
 
 template <size_t Count>

@@ -82,7 +82,7 @@ void BulkLoad::Finish(const SampleProgress& progress) {
         m_database.exec(m_aside[done].sql);
         report(30 + 20 * (done + 1) / m_aside.size());
     }
-    ProveForeignKeys();
+    CheckForeignKeys();
     report(70);
     CheckCurrentLocations();
     report(80);
@@ -93,7 +93,7 @@ void BulkLoad::Finish(const SampleProgress& progress) {
     report(100);
 }
 
-void BulkLoad::ProveForeignKeys() {
+void BulkLoad::CheckForeignKeys() {
     SQLite::Statement orphans(m_database, "PRAGMA foreign_key_check");
     if (!orphans.executeStep()) return;
     Refuse("a row of " + orphans.getColumn(0).getString() + " refers to one of " + orphans.getColumn(2).getString() +

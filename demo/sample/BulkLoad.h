@@ -35,7 +35,7 @@ private:
     };
 
     void SetAside();
-    void ProveForeignKeys();
+    void CheckForeignKeys();
     void CheckCurrentLocations();
 
     SQLite::Database m_database;

@@ -26,8 +26,8 @@ constexpr int32_t soon = 3, sometime = 90;
 
 class Itinerary {
 public:
-    Itinerary(Random& random, const LocationPurposes& places, const Fate& fate)
-        : m_random(random), m_purposes(places), m_fate(fate) {
+    Itinerary(Random& random, const LocationPurposes& purposes, const Fate& fate)
+        : m_random(random), m_purposes(purposes), m_fate(fate) {
         ComeIn();
         for (int32_t k = 0; k < fate.journeys; ++k) {
             GoOut(0);
@@ -35,9 +35,9 @@ public:
         }
         switch (fate.end) {
         case End::InStorage: break;
-        case End::SignedOut: GoOut(fate.endPlace); break;
+        case End::SignedOut: GoOut(fate.endLocation); break;
         case End::Disposed: Dispose(); break;
-        case End::UnderReview: Add(random.Pick(places.review), Reason::MissingPaperwork, technicians); break;
+        case End::UnderReview: Add(random.Pick(purposes.review), Reason::MissingPaperwork, technicians); break;
         case End::NoLocation: Add(std::nullopt, Reason::CaseClosed, technicians); break;
         }
     }
@@ -58,9 +58,9 @@ private:
         if (!stays) Add(m_fate.home, Reason::Reorganization, technicians, soon);
     }
 
-    void GoOut(int32_t place) {
+    void GoOut(int32_t location) {
         struct Purpose {
-            const std::vector<int32_t>& places;
+            const std::vector<int32_t>& locations;
             int32_t reason;
             int32_t back;
             const std::vector<int32_t>& receivers;
@@ -74,20 +74,20 @@ private:
         const int32_t drawn = m_random.Below(100);
         const Purpose* purpose = &purposes[drawn < 55 ? 0 : drawn < 80 ? 1 : drawn < 93 ? 2 : 3];
         for (const Purpose& candidate : purposes) {
-            if (place > 0 && std::count(candidate.places.begin(), candidate.places.end(), place) > 0) {
+            if (location > 0 && std::count(candidate.locations.begin(), candidate.locations.end(), location) > 0) {
                 purpose = &candidate;
                 break;
             }
         }
-        Add(place > 0 ? place : m_random.Pick(purpose->places), purpose->reason, purpose->receivers);
+        Add(location > 0 ? location : m_random.Pick(purpose->locations), purpose->reason, purpose->receivers);
         m_reasonBack = purpose->back;
     }
 
     void ComeBack() { Add(m_fate.home, m_reasonBack, technicians); }
 
     void Dispose() {
-        const int32_t place = m_fate.endPlace > 0 ? m_fate.endPlace : m_random.Pick(m_purposes.disposal);
-        Add(place, m_random.Chance(60) ? Reason::CaseClosed : Reason::CourtOrder, technicians);
+        const int32_t location = m_fate.endLocation > 0 ? m_fate.endLocation : m_random.Pick(m_purposes.disposal);
+        Add(location, m_random.Chance(60) ? Reason::CaseClosed : Reason::CourtOrder, technicians);
     }
 
     Random& m_random;
@@ -102,8 +102,8 @@ int64_t TimeOfDay(Random& random) { return random.Between(7 * 60, 18 * 60 - 1) *
 
 }  // namespace
 
-std::vector<Custody> MakeChain(Random& random, const LocationPurposes& places, const Fate& fate) {
-    const Itinerary itinerary(random, places, fate);
+std::vector<Custody> MakeChain(Random& random, const LocationPurposes& purposes, const Fate& fate) {
+    const Itinerary itinerary(random, purposes, fate);
     const auto steps = static_cast<int32_t>(itinerary.Steps().size());
     std::vector<Custody> chain;
     chain.reserve(static_cast<size_t>(steps));

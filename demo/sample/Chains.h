@@ -35,12 +35,12 @@ struct Fate {
     int32_t journeys = 0;  // the number of times it left and returned, 0 to 3
     End end = End::InStorage;
     // For SignedOut and Disposed; 0 picks one of the purposes' locations.
-    int32_t endPlace = 0;
+    int32_t endLocation = 0;
     bool startsInReview = false;
 };
 
 // A chain of custody for the fate, oldest row first. Dates ascend, each item is received from the person who had it,
 // and a few rows lack a person. An item with an intake location as its home stays there.
-std::vector<Custody> MakeChain(Random& random, const LocationPurposes& places, const Fate& fate);
+std::vector<Custody> MakeChain(Random& random, const LocationPurposes& purposes, const Fate& fate);
 
 }  // namespace quellbrook::sample

@@ -13,7 +13,7 @@ struct KnownItem {
     const char* id;
     int32_t category;
     const char* description;
-    const char* place;  // full name of its location; empty for an item that was never tracked
+    const char* location;  // full name of its location; empty for an item that was never tracked
 };
 
 struct KnownLink {
@@ -26,7 +26,7 @@ struct KnownRow {
     int32_t from;
     int32_t to;  // 0 if unknown
     int32_t reason;
-    const char* place;
+    const char* location;
 };
 
 const std::vector<Incident>& KnownIncidents();

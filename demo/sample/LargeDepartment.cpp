@@ -66,7 +66,7 @@ private:
     }
 
     // The location of the piece if it is fixed; 0 for most.
-    int32_t MarkedPlace(int32_t index) const {
+    int32_t MarkedLocation(int32_t index) const {
         if (Marked(index, itemsOnFullShelf)) return m_large.fullShelf;
         return Marked((index + m_properties / 3) % m_properties, itemsAtCounter) ? m_large.counter : 0;
     }
@@ -97,8 +97,8 @@ private:
         DescribeProperty(m_random, property);
         Fate fate = MakeFate(DayOf(incident));
         bool untracked = m_random.Chance(3);
-        if (const int32_t place = MarkedPlace(index); place > 0) {
-            fate.home = place;
+        if (const int32_t location = MarkedLocation(index); location > 0) {
+            fate.home = location;
             fate.end = End::InStorage;
             untracked = false;
         }

@@ -54,9 +54,9 @@ void AddEntries(LocationTree& tree, int32_t type, const std::vector<Entry>& entr
 }
 
 // Whether the location at this position is in use. The contents of a container out of use are out of use, too.
-std::optional<bool> IsActive(int level, int32_t place) {
-    if (level >= 2 && place % 29 == 5) return std::nullopt;
-    return !(level >= 2 && place % 23 == 3);
+std::optional<bool> IsActive(int level, int32_t index) {
+    if (level >= 2 && index % 29 == 5) return std::nullopt;
+    return !(level >= 2 && index % 23 == 3);
 }
 
 // Builds a category of `count` locations, at least five, on five levels with about equal fan-out. Adds the identifiers
@@ -73,8 +73,8 @@ void AddCategory(LocationTree& tree, int32_t type, int32_t count, std::vector<in
             const auto width = static_cast<int32_t>(containers.size());
             const int32_t container = containers[static_cast<size_t>(k % width)];
             const std::string name = names[level] + std::to_string(k / width + 1);
-            const auto place = static_cast<int32_t>(tree.All().size());
-            added.push_back(tree.Add(container, EdgeCaseName(place, name), type, IsActive(level, k)));
+            const auto index = static_cast<int32_t>(tree.All().size());
+            added.push_back(tree.Add(container, EdgeCaseName(index, name), type, IsActive(level, k)));
             if (level >= 2) leaves.push_back(added.back());
         }
         left -= here;

@@ -83,12 +83,12 @@ private:
     }
 
     // The fate of an item that is now in this location.
-    Fate FateThatEndsAt(int32_t place, int32_t day) {
+    Fate FateThatEndsAt(int32_t location, int32_t day) {
         Fate fate;
         fate.day = day;
-        fate.endPlace = place;
-        fate.home = place;
-        const int32_t type = m_tree.All()[static_cast<size_t>(place) - 1].type;
+        fate.endLocation = location;
+        fate.home = location;
+        const int32_t type = m_tree.All()[static_cast<size_t>(location) - 1].type;
         if (type != Internal) fate.home = m_random.Pick(m_small.shelves);
         fate.end = type == Internal ? End::InStorage : type == External ? End::SignedOut : End::Disposed;
         fate.journeys = m_random.Below(2);
@@ -104,7 +104,7 @@ private:
             custody.received = DateTime::FromParts(row.received);
             custody.written.milliseconds = custody.received.milliseconds + m_random.Between(20'000, 1'200'000);
             custody.reason = row.reason;
-            custody.location = At(row.place);
+            custody.location = At(row.location);
             chain.push_back(custody);
         }
         return chain;
@@ -123,9 +123,9 @@ private:
                 property.serial = "4Q17-088213";
                 property.cents = 85'000;
                 chain = ChainOfLaptop();
-            } else if (*known.place) {
+            } else if (*known.location) {
                 const int32_t day = m_random.Between(1020, 1070);
-                chain = MakeChain(m_random, m_purposes, FateThatEndsAt(At(known.place), day));
+                chain = MakeChain(m_random, m_purposes, FateThatEndsAt(At(known.location), day));
             }
             AddProperty(property, chain);
             const auto incident = m_incidents.find(property.id->substr(0, 9));
@@ -202,9 +202,9 @@ private:
     // For an item whose last row disposed of it.
     std::optional<Disposition> DispositionOf(const std::vector<Custody>& chain) const {
         if (chain.empty()) return std::nullopt;
-        const std::optional<int32_t>& place = chain.back().location;
-        if (!place) return Disposition{Status::ReleasedToAgency, "Transferred with the case file."};
-        const auto known = m_small.dispositions.find(*place);
+        const std::optional<int32_t>& location = chain.back().location;
+        if (!location) return Disposition{Status::ReleasedToAgency, "Transferred with the case file."};
+        const auto known = m_small.dispositions.find(*location);
         if (known == m_small.dispositions.end()) return std::nullopt;
         return known->second;
     }
@@ -222,7 +222,7 @@ private:
         property.id = id;
         DescribeProperty(m_random, property);
         Fate fate = GeneratedFate(day, HomeOf(property));
-        if (const char* place = PlaceOutOfUse(m_properties + 1)) fate.home = At(place);
+        if (const char* location = PlaceOutOfUse(m_properties + 1)) fate.home = At(location);
         AddProperty(property, MakeChain(m_random, m_purposes, fate));
     }
 
@@ -232,11 +232,11 @@ private:
             DescribeVehicle(m_random, vehicle);
         } while (m_items.find(vehicle.tag) != m_items.end());
         const int32_t row = m_random.Pick(m_small.rows);
-        LocationPurposes places = m_purposes;
-        places.intake = {row};
-        places.labs = {At("Crime Lab > Latent Prints")};
-        places.disposal = {At("Auction"), At("Returned to Owner")};
-        AddVehicle(vehicle, MakeChain(m_random, places, GeneratedFate(day, row)));
+        LocationPurposes purposes = m_purposes;
+        purposes.intake = {row};
+        purposes.labs = {At("Crime Lab > Latent Prints")};
+        purposes.disposal = {At("Auction"), At("Returned to Owner")};
+        AddVehicle(vehicle, MakeChain(m_random, purposes, GeneratedFate(day, row)));
     }
 
     DepartmentWriter& m_writer;

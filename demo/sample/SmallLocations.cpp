@@ -22,14 +22,14 @@ SmallLocations SmallLocationsOf(const LocationTree& smallTree) {
         {at("Released to Agency"), {Status::ReleasedToAgency, ""}},
         {at("Returned to Owner"), {Status::ReturnedToOwner, "Receipt signed by owner."}},
     };
-    for (const auto& [place, disposition] : small.dispositions) small.purposes.disposal.push_back(place);
-    for (const char* place :
+    for (const auto& [location, disposition] : small.dispositions) small.purposes.disposal.push_back(location);
+    for (const char* name :
          {"Property Room > Aisle 1 > Shelf A", "Property Room > Aisle 1 > Shelf B", "Property Room > Aisle 1 > Shelf C",
           "Property Room > Aisle 2 > Shelf A", "Property Room > Aisle 2 > Shelf B", "Property Room > Aisle 2 > Shelf C",
           "Property Room > Aisle 2 > Shelf D", "Property Room > Aisle 3 > Shelf A",
           "Property Room > Aisle 3 > Shelf B > Bin B-1 > Tray 1", "Property Room > Aisle 3 > Shelf B > Bin B-2",
           "Property Room > Aisle 3 > Shelf C"}) {
-        small.shelves.push_back(at(place));
+        small.shelves.push_back(at(name));
     }
     small.vaults = {at("Property Room > Drug Vault > Safe 1"), at("Property Room > Drug Vault > Safe 2 > Drawer 1"),
                     at("Property Room > Drug Vault > Safe 2 > Drawer 2  ")};

@@ -135,7 +135,7 @@ void TourPlayer::Advance() {
     if (m_moves.empty()) return End();
     Move& move = m_moves.front();
     if (!move.ready()) {
-        if (move.endsByItself || m_waiting.elapsed() < m_senses.limitMilliseconds) return;
+        if (move.alwaysEnds || m_waiting.elapsed() < m_senses.limitMilliseconds) return;
         QString reason = QStringLiteral("Did not appear: ") + move.what;
         if (move.see) reason += QStringLiteral(" Seen: \"") + move.see() + QStringLiteral("\".");
         return Fail(reason);

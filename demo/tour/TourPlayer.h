@@ -63,7 +63,7 @@ private:
         std::function<bool()> ready;
         std::function<void()> act;
         std::function<QString()> see;
-        bool endsByItself = false;  // always becomes ready eventually
+        bool alwaysEnds = false;  // always becomes ready eventually
     };
 
     void AddMove(Move move) { m_moves.push_back(std::move(move)); }

@@ -60,7 +60,7 @@ std::optional<SourceId> ItemOfCurrentRow(const SourceRef& from, SourceId trackin
 
 struct PlaceTest {
     ColumnReference column;
-    ExpressionRef place;
+    ExpressionRef location;
 };
 
 // A test for one location: column StorageLocNo = a whole number.
@@ -78,10 +78,10 @@ ConditionRef EqualsValue(SourceId source, const char* column, ExpressionRef valu
     return MakeCondition(Comparison{MakeExpression(ColumnReference{source, column}), true, std::move(value)});
 }
 
-ConditionRef IsCandidateForPlace(SourceId item, const TrackedKind& kind, const ExpressionRef& place) {
+ConditionRef IsCandidateForLocation(SourceId item, const TrackedKind& kind, const ExpressionRef& location) {
     const SourceRef candidates = MakeSource(TableSource{"CurrentPlace"});
     QuerySelect list{candidates, {{MakeExpression(ColumnReference{candidates->id, "ItemNo"}), "ItemNo"}}, {}};
-    list.where = {EqualsValue(candidates->id, "StorageLocNo", place),
+    list.where = {EqualsValue(candidates->id, "StorageLocNo", location),
                   EqualsValue(candidates->id, "ItemType", MakeExpression(Literal{kind.itemType}))};
     return MakeCondition(Membership{MakeExpression(ColumnReference{item, kind.key}), MakeSource(std::move(list))});
 }
@@ -132,9 +132,9 @@ void UseCurrentPlaces(QuerySelect& query) {
             if (!test || !IsTable(query.from, test->column.source, kind.tracking)) continue;
             const auto item = ItemOfCurrentRow(query.from, test->column.source, kind);
             if (!item) continue;
-            where.push_back(IsCandidateForPlace(*item, kind, test->place));
+            where.push_back(IsCandidateForLocation(*item, kind, test->location));
             where.push_back(MakeCondition(
-                Comparison{MakeExpression(HiddenFromIndexes{MakeExpression(test->column)}), true, test->place}));
+                Comparison{MakeExpression(HiddenFromIndexes{MakeExpression(test->column)}), true, test->location}));
             isTurned = true;
         }
         if (!isTurned) where.push_back(condition);

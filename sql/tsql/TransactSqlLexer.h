@@ -27,7 +27,7 @@ struct Token {
     bool IsSign(std::string_view wanted) const { return kind == TokenKind::Sign && text == wanted; }
 };
 
-// Splits a statement text into tokens, which may be separated by blanks. Raises ErrorNumber::General for anything else,
+// Splits a statement text into tokens, which may be separated by blanks. Raises error 5 for anything else,
 // such as comments, [brackets], "quotes", an unfinished literal or a NUL character.
 class TransactSqlLexer {
 public:
@@ -56,7 +56,7 @@ std::vector<Token> SplitTransactSql(std::string_view source);
 // The text between the quotes of a Text token, with doubled quotes.
 std::string_view InsideQuotes(const Token& token);
 
-// Raises ErrorNumber::General: the database does not support this part of a statement.
+// Raises error 5: the database does not support this part of a statement.
 [[noreturn]] void RefuseTransactSql(std::string_view part);
 
 }  // namespace quellbrook::sql

@@ -52,7 +52,7 @@ namespace quellbrook::sql {
 //
 // "||" joins texts. Every "[" in a pattern must be escaped. Parentheses nest at most 30 deep. Names of temporary tables
 // are quoted, N'...' becomes '...', and everything else stays unchanged. Text outside the grammar raises
-// ErrorNumber::General with a message that quotes the first token that does not fit.
+// error 5 with a message that quotes the first token that does not fit.
 
 struct RewrittenStatement {
     StatementKind kind;  // not Declaration or Assignment

@@ -328,15 +328,15 @@ TEST_F(ScannerPageTest, AChoiceThatCannotBeSavedIsReportedAndApplies) {
 TEST_F(ScannerPageTest, ThePreviewFitsAtEveryResolution) {
     Open();
     auto* preview = Find<LabelPreview>(*m_page, "preview");
-    const QRect first = preview->PicturePlace();
+    const QRect first = preview->PictureRect();
     EXPECT_NEAR(first.width(), 2 * first.height(), 2) << "the template is twice as wide as high";
     EXPECT_GT(first.width(), 400);
     Choose(*Find<QComboBox>(*m_page, "resolutions"), Qt::Key_Down);
-    EXPECT_TRUE(preview->rect().contains(preview->PicturePlace()));
-    EXPECT_TRUE(HasColor(Grab(*preview), preview->PicturePlace(), Qt::white));
+    EXPECT_TRUE(preview->rect().contains(preview->PictureRect()));
+    EXPECT_TRUE(HasColor(Grab(*preview), preview->PictureRect(), Qt::white));
     m_page->resize(760, 500);
     ServeEvents();
-    EXPECT_TRUE(preview->rect().contains(preview->PicturePlace()));
+    EXPECT_TRUE(preview->rect().contains(preview->PictureRect()));
 }
 
 TEST_F(ScannerPageTest, AnUnreadableTemplateIsReportedInThePreview) {

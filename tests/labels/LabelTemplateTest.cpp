@@ -34,12 +34,12 @@ std::string RefusalOf(const std::string& svg, const LabelTemplate::Fields& field
     return error.Description();
 }
 
-void ExpectBox(const LabelPlace& place, const LabelBox& expected, int quarterTurns = 0) {
-    EXPECT_NEAR(place.box.left, expected.left, 1e-6);
-    EXPECT_NEAR(place.box.top, expected.top, 1e-6);
-    EXPECT_NEAR(place.box.width, expected.width, 1e-6);
-    EXPECT_NEAR(place.box.height, expected.height, 1e-6);
-    EXPECT_EQ(place.quarterTurns, quarterTurns);
+void ExpectBox(const LabelArea& area, const LabelBox& expected, int quarterTurns = 0) {
+    EXPECT_NEAR(area.box.left, expected.left, 1e-6);
+    EXPECT_NEAR(area.box.top, expected.top, 1e-6);
+    EXPECT_NEAR(area.box.width, expected.width, 1e-6);
+    EXPECT_NEAR(area.box.height, expected.height, 1e-6);
+    EXPECT_EQ(area.quarterTurns, quarterTurns);
 }
 
 TEST(LabelTemplate, TakesItsSizeFromTheDrawing) {
@@ -55,7 +55,7 @@ TEST(LabelTemplate, ARectangleShowsTheBarcode) {
         Fill(Svg("<rect id='barcode' x='10' y='20' width='80' height='25'/>"), {{"barcode", barcode}});
     ASSERT_EQ(label.barcodes.size(), 1u);
     EXPECT_EQ(label.barcodes[0].text, barcode);
-    ExpectBox(label.barcodes[0].place, {10, 20, 80, 25});
+    ExpectBox(label.barcodes[0].area, {10, 20, 80, 25});
 }
 
 TEST(LabelTemplate, ATextIsReplacedAndKeepsItsStyle) {
@@ -81,7 +81,7 @@ TEST(LabelTemplate, TheInnerSpanSetsTheStyle) {
         {{"name", "x"}});
     EXPECT_NEAR(label.texts[0].size, 4, 1e-9);
     EXPECT_EQ(label.texts[0].weight, 600);
-    EXPECT_NEAR(label.texts[0].place.box.left, 3, 1e-9);
+    EXPECT_NEAR(label.texts[0].area.box.left, 3, 1e-9);
 }
 
 TEST(LabelTemplate, TheInnermostSpanSetsTheStyleAndTheFirstPositionCounts) {
@@ -91,7 +91,7 @@ TEST(LabelTemplate, TheInnermostSpanSetsTheStyleAndTheFirstPositionCounts) {
              {{"name", "x"}});
     EXPECT_NEAR(label.texts[0].size, 4, 1e-9);
     EXPECT_EQ(label.texts[0].weight, 700);
-    ExpectBox(label.texts[0].place, {3, 9 - 3.8, 100 - 3 - 1.5, 5});
+    ExpectBox(label.texts[0].area, {3, 9 - 3.8, 100 - 3 - 1.5, 5});
 }
 
 TEST(LabelTemplate, AppliesClassesOfTheStyleSheet) {
@@ -130,12 +130,12 @@ TEST(LabelTemplate, ReadsLayersAndMetadataOfAnEditor) {
   </g>
 </svg>)svg",
                                    {{"name", "x"}, {"place", "y"}, {"barcode", barcode}});
-    ExpectBox(label.texts[0].place, {4, 7.8, 93.6, 7.8});
+    ExpectBox(label.texts[0].area, {4, 7.8, 93.6, 7.8});
     EXPECT_NEAR(label.texts[0].size, 6.35, 1e-9);
     EXPECT_EQ(label.texts[0].color, "#800000");
     EXPECT_NEAR(label.texts[1].size, 3.175, 1e-6);
-    EXPECT_NEAR(label.texts[1].place.box.left + label.texts[1].place.box.width / 2, 50 - 52.3 + 200 * 0.26458333, 1e-6);
-    ExpectBox(label.barcodes[0].place, {4, 30.4, 85, 18.2});
+    EXPECT_NEAR(label.texts[1].area.box.left + label.texts[1].area.box.width / 2, 50 - 52.3 + 200 * 0.26458333, 1e-6);
+    ExpectBox(label.barcodes[0].area, {4, 30.4, 85, 18.2});
     EXPECT_THAT(label.drawing, Not(HasSubstr("sample")));
 }
 
@@ -143,16 +143,16 @@ TEST(LabelTemplate, ABoxBoundsTheText) {
     const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"
                                        "<rect id='name_box' x='20' y='10' width='30' height='12'/>"),
                                    {{"name", "x"}});
-    ExpectBox(label.texts[0].place, {20, 10, 30, 12});
+    ExpectBox(label.texts[0].area, {20, 10, 30, 12});
 }
 
 TEST(LabelTemplate, WithoutABoxATextHasOneLineToTheEdge) {
-    const auto place = [](const std::string& attributes) {
-        return Fill(Svg("<text id='name' y='10' font-size='4' " + attributes + "/>"), {{"name", "x"}}).texts[0].place;
+    const auto area = [](const std::string& attributes) {
+        return Fill(Svg("<text id='name' y='10' font-size='4' " + attributes + "/>"), {{"name", "x"}}).texts[0].area;
     };
-    ExpectBox(place("x='20'"), {20, 10 - 3.8, 100 - 20 - 1.5, 5});
-    ExpectBox(place("x='20' text-anchor='end'"), {1.5, 6.2, 18.5, 5});
-    ExpectBox(place("x='30' text-anchor='middle'"), {1.5, 6.2, 57, 5});
+    ExpectBox(area("x='20'"), {20, 10 - 3.8, 100 - 20 - 1.5, 5});
+    ExpectBox(area("x='20' text-anchor='end'"), {1.5, 6.2, 18.5, 5});
+    ExpectBox(area("x='30' text-anchor='middle'"), {1.5, 6.2, 57, 5});
 }
 
 TEST(LabelTemplate, GroupsMoveAndScaleTheirFields) {
@@ -160,7 +160,7 @@ TEST(LabelTemplate, GroupsMoveAndScaleTheirFields) {
                                        "<rect id='barcode' x='20' y='10' width='100' height='40'/>"
                                        "<text id='name' y='20' font-size='10'/></g></g>"),
                                    {{"barcode", barcode}, {"name", "x"}});
-    ExpectBox(label.barcodes[0].place, {20, 10, 50, 20});
+    ExpectBox(label.barcodes[0].area, {20, 10, 50, 20});
     EXPECT_NEAR(label.texts[0].size, 5, 1e-9);
 }
 
@@ -169,15 +169,15 @@ TEST(LabelTemplate, FieldsCanBeRotatedByQuarterTurns) {
         Fill(Svg("<rect id='barcode' width='40' height='10' transform='translate(60,2) rotate(90)'/>"
                  "<text id='name' transform='translate(8,45) rotate(-90)' font-size='4'/>"),
              {{"barcode", barcode}, {"name", "x"}});
-    ExpectBox(label.barcodes[0].place, {50, 2, 10, 40}, 1);
-    ExpectBox(label.texts[0].place, {8 - 3.8, 1.5, 5, 43.5}, 3);
+    ExpectBox(label.barcodes[0].area, {50, 2, 10, 40}, 1);
+    ExpectBox(label.texts[0].area, {8 - 3.8, 1.5, 5, 43.5}, 3);
 }
 
 TEST(LabelTemplate, TheDrawingIsCenteredOnASheetOfOtherProportions) {
     const FilledLabel label = Fill(Svg("<rect id='barcode' x='0' y='0' width='10' height='10'/>",
                                        "width='100mm' height='50mm' viewBox='0 0 10 10'"),
                                    {{"barcode", barcode}});
-    ExpectBox(label.barcodes[0].place, {25, 0, 50, 50});
+    ExpectBox(label.barcodes[0].area, {25, 0, 50, 50});
 }
 
 TEST(LabelTemplate, FieldsAreRemovedFromTheDrawing) {

@@ -4,7 +4,7 @@ namespace quellbrook::testing {
 
 namespace {
 
-using Place = FaultInjectingEngine::Place;
+using Step = FaultInjectingEngine::Step;
 using State = FaultInjectingEngine::State;
 
 class FaultInjectingConnection : public Connection {
@@ -14,11 +14,11 @@ public:
 
     void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
                const RowReceiver& receiver) override {
-        Pass(Place::Statement);
+        Pass(Step::Statement);
         m_inner->Query(sql, parameters, receiver);
     }
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
-        Pass(Place::Statement);
+        Pass(Step::Statement);
         m_inner->Execute(sql, parameters);
     }
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
@@ -26,20 +26,20 @@ public:
     }
     int32_t LastIdentity() override { return m_inner->LastIdentity(); }
     void Begin() override {
-        Pass(Place::Begin);
+        Pass(Step::Begin);
         m_inner->Begin();
     }
     void Commit() override {
-        Pass(Place::Commit);
+        Pass(Step::Commit);
         m_inner->Commit();
-        Pass(Place::AfterCommit);
+        Pass(Step::AfterCommit);
     }
     void Rollback() noexcept override { m_inner->Rollback(); }
     bool IsHealthy() override { return !m_broken && m_inner->IsHealthy(); }
     void Reset() override { m_inner->Reset(); }
 
 private:
-    void Pass(Place here) {
+    void Pass(Step here) {
         try {
             m_state->Pass(here);
         } catch (const Error&) {
@@ -59,33 +59,33 @@ FaultInjectingEngine::FaultInjectingEngine(std::shared_ptr<Engine> inner)
     : m_inner(std::move(inner)), m_state(std::make_shared<State>()) {}
 
 std::unique_ptr<Connection> FaultInjectingEngine::Open() {
-    m_state->Pass(Place::Open);
+    m_state->Pass(Step::Open);
     return std::make_unique<FaultInjectingConnection>(m_inner->Open(), m_state);
 }
 
-void FaultInjectingEngine::FailAtOpen(Error error) { Arm(Place::Open, 1, std::move(error)); }
-void FaultInjectingEngine::FailAtBegin(Error error) { Arm(Place::Begin, 1, std::move(error)); }
-void FaultInjectingEngine::FailAtStatement(int n, Error error) { Arm(Place::Statement, n, std::move(error)); }
-void FaultInjectingEngine::FailAtCommit(Error error) { Arm(Place::Commit, 1, std::move(error)); }
-void FaultInjectingEngine::FailAfterCommit(Error error) { Arm(Place::AfterCommit, 1, std::move(error)); }
+void FaultInjectingEngine::FailAtOpen(Error error) { Arm(Step::Open, 1, std::move(error)); }
+void FaultInjectingEngine::FailAtBegin(Error error) { Arm(Step::Begin, 1, std::move(error)); }
+void FaultInjectingEngine::FailAtStatement(int n, Error error) { Arm(Step::Statement, n, std::move(error)); }
+void FaultInjectingEngine::FailAtCommit(Error error) { Arm(Step::Commit, 1, std::move(error)); }
+void FaultInjectingEngine::FailAfterCommit(Error error) { Arm(Step::AfterCommit, 1, std::move(error)); }
 
 void FaultInjectingEngine::Disarm() {
-    m_state->place.reset();
+    m_state->step.reset();
     m_state->error.reset();
 }
 
-void FaultInjectingEngine::Arm(Place place, int n, Error error) {
-    m_state->place = place;
+void FaultInjectingEngine::Arm(Step step, int n, Error error) {
+    m_state->step = step;
     m_state->remaining = n;
     m_state->error = std::move(error);
     m_state->struck = false;
 }
 
-void FaultInjectingEngine::State::Pass(Place here) {
-    if (here == Place::Statement) ++statements;
-    if (place != here || --remaining > 0) return;
+void FaultInjectingEngine::State::Pass(Step here) {
+    if (here == Step::Statement) ++statements;
+    if (step != here || --remaining > 0) return;
     const Error due = *error;
-    place.reset();
+    step.reset();
     error.reset();
     struck = true;
     throw due;

@@ -30,20 +30,20 @@ public:
     // Whether a fault also makes its connection unusable.
     void BreakConnectionWithFault(bool broken) { m_state->breaksConnection = broken; }
 
-    enum class Place { Open, Begin, Statement, Commit, AfterCommit };
+    enum class Step { Open, Begin, Statement, Commit, AfterCommit };
     struct State {
-        std::optional<Place> place;
+        std::optional<Step> step;
         int remaining = 0;  // statements until the fault
         std::optional<Error> error;
         bool struck = false;
         bool breaksConnection = false;
         int statements = 0;
 
-        void Pass(Place here);  // throws if the fault is due here
+        void Pass(Step here);  // throws if the fault is due here
     };
 
 private:
-    void Arm(Place place, int n, Error error);
+    void Arm(Step step, int n, Error error);
 
     std::shared_ptr<Engine> m_inner;
     std::shared_ptr<State> m_state;

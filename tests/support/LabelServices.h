@@ -40,9 +40,9 @@ public:
 // The value of the text or symbol at this distance, in millimeters, from the top of the label.
 inline std::string ValueAt(const FilledLabel& label, double top) {
     for (const LabelText& text : label.texts)
-        if (std::abs(text.place.box.top - top) < 0.01) return text.text;
+        if (std::abs(text.area.box.top - top) < 0.01) return text.text;
     for (const LabelBarcode& barcode : label.barcodes)
-        if (std::abs(barcode.place.box.top - top) < 0.01) return barcode.text;
+        if (std::abs(barcode.area.box.top - top) < 0.01) return barcode.text;
     return "nothing";
 }
 

@@ -21,9 +21,9 @@ QPoint PlaceOver(const QWidget& parent, const QSize& form) {
     const QRect over = OnScreen(parent);
     const QPoint centered(over.left() + over.width() / 2 - form.width() / 2,
                           over.top() + over.height() / 2 - form.height() / 2);
-    const QRect room = parent.screen()->availableGeometry().united(over);
-    return QPoint(std::max(room.left(), std::min(centered.x(), room.right() + 1 - form.width())),
-                  std::max(room.top(), std::min(centered.y(), room.bottom() + 1 - form.height())));
+    const QRect available = parent.screen()->availableGeometry().united(over);
+    return QPoint(std::max(available.left(), std::min(centered.x(), available.right() + 1 - form.width())),
+                  std::max(available.top(), std::min(centered.y(), available.bottom() + 1 - form.height())));
 }
 
 }  // namespace
@@ -43,10 +43,10 @@ TaggedValue Dialogs::ShowForm(ModuleForm& form) {
     form.setWindowModality(Qt::ApplicationModal);
     // First before SetOwner creates the native window: if a window is moved between its creation and its first show,
     // the window manager may report the corner of the screen. Then again to account for a frame.
-    const auto place = [&] { form.move(PlaceOver(*parent, form.frameGeometry().size())); };
-    place();
+    const auto moveForm = [&] { form.move(PlaceOver(*parent, form.frameGeometry().size())); };
+    moveForm();
     SetOwner(form, parent);
-    place();
+    moveForm();
     const WindowShade shade(parent->window());
     form.exec();
     return {};

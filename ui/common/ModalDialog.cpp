@@ -170,9 +170,9 @@ void frmModal::resizeEvent(QResizeEvent* event) {
 
 void frmModal::Measure(ModalLayout& layout) const {
     const QWidget* parent = GetDialogs().GetParent();
-    const QSize room = (parent ? parent : this)->screen()->availableSize();
-    layout.maxWidth = ToTwips(room.width() - 2 * ScreenMargin);
-    layout.maxHeight = ToTwips(room.height() - 2 * ScreenMargin);
+    const QSize available = (parent ? parent : this)->screen()->availableSize();
+    layout.maxWidth = ToTwips(available.width() - 2 * ScreenMargin);
+    layout.maxHeight = ToTwips(available.height() - 2 * ScreenMargin);
     layout.width = ToTwips(width());
     layout.height = ToTwips(height());
     layout.titlebar.height = TitlebarHeight;

@@ -134,7 +134,6 @@ void FlatTabs::Select(int index) {
     for (FlatTabPage* page : m_pages)
         if (page != Page(index)) page->hide();
     Page(index)->show();
-    emit SelectionChanged(index);
 }
 
 void FlatTabs::SetIndent(float indent) {

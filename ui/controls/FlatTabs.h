@@ -41,9 +41,6 @@ public:
     void SetAccessibleCaption(const QString& name);
     QTabBar* Bar() const { return m_bar; }
 
-signals:
-    void SelectionChanged(int index);
-
 protected:
     void Layout() override;
     void paintEvent(QPaintEvent* event) override;

@@ -25,7 +25,8 @@ public:
     void SetAccessibleCaption(const QString& name);
 
 signals:
-    void KeyPressed(int keyCode);  // 13 for both Enter keys
+    // 13 for both Enter keys. For search fields, which start the search on Enter.
+    void KeyPressed(int keyCode);
     void Changed();
 
 protected:

@@ -44,8 +44,8 @@ void View::showEvent(QShowEvent* event) {
     if (event->spontaneous() || IsInsideDesigner()) return;
     // Qt shows children first, so wait until the containing view is shown.
     const View* around = ContainingView(this);
-    if (around && !around->m_onShow) return;
-    ComeOnShow();
+    if (around && !around->m_isShown) return;
+    BecomeShown();
 }
 
 void View::hideEvent(QHideEvent* event) {
@@ -53,9 +53,9 @@ void View::hideEvent(QHideEvent* event) {
     if (!event->spontaneous()) LeaveShow();
 }
 
-void View::ComeOnShow() {
-    if (m_onShow) return;
-    m_onShow = true;
+void View::BecomeShown() {
+    if (m_isShown) return;
+    m_isShown = true;
     const QPointer<View> self(this);
     try {
         Shown();
@@ -71,11 +71,11 @@ void View::ComeOnShow() {
     for (View* inner : findChildren<View*>())
         if (ContainingView(inner) == this) waiting.emplace_back(inner);
     for (const QPointer<View>& inner : waiting)
-        if (self && m_onShow && inner && inner->isVisible()) inner->ComeOnShow();
+        if (self && m_isShown && inner && inner->isVisible()) inner->BecomeShown();
 }
 
 void View::LeaveShow() {
-    if (!std::exchange(m_onShow, false)) return;
+    if (!std::exchange(m_isShown, false)) return;
     Guard([this] { Hidden(); });
 }
 

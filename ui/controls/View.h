@@ -31,9 +31,9 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void ComeOnShow();
+    void BecomeShown();
 
-    bool m_onShow = false;
+    bool m_isShown = false;
     std::exception_ptr m_showError;
 };
 

@@ -55,11 +55,11 @@ public:
         PaintDrawing(label);
         for (const LabelBarcode& barcode : label.barcodes) {
             const SavedState state(m_painter);
-            PaintBarcode(barcode.text, EnterPlace(barcode.place));
+            PaintBarcode(barcode.text, EnterArea(barcode.area));
         }
         for (const LabelText& text : label.texts) {
             const SavedState state(m_painter);
-            PaintText(text, EnterPlace(text.place));
+            PaintText(text, EnterArea(text.area));
         }
     }
 
@@ -76,16 +76,16 @@ private:
     }
 
     // Moves the painter's origin to the start of the text and aligns the x axis with it. Returns the box size in dots.
-    QSize EnterPlace(const LabelPlace& place) {
-        const QRect box(QPoint(Dots(place.box.left), Dots(place.box.top)),
-                        QPoint(Dots(place.box.left + place.box.width) - 1, Dots(place.box.top + place.box.height) - 1));
-        const bool right = place.quarterTurns == 1 || place.quarterTurns == 2;
-        const bool bottom = place.quarterTurns >= 2;
+    QSize EnterArea(const LabelArea& area) {
+        const QRect box(QPoint(Dots(area.box.left), Dots(area.box.top)),
+                        QPoint(Dots(area.box.left + area.box.width) - 1, Dots(area.box.top + area.box.height) - 1));
+        const bool right = area.quarterTurns == 1 || area.quarterTurns == 2;
+        const bool bottom = area.quarterTurns >= 2;
         m_painter.translate(box.left() + (right ? box.width() : 0), box.top() + (bottom ? box.height() : 0));
-        m_painter.rotate(90.0 * place.quarterTurns);
-        const QSize room = place.quarterTurns % 2 == 0 ? box.size() : box.size().transposed();
-        m_painter.setClipRect(QRect(QPoint(0, 0), room));
-        return room;
+        m_painter.rotate(90.0 * area.quarterTurns);
+        const QSize size = area.quarterTurns % 2 == 0 ? box.size() : box.size().transposed();
+        m_painter.setClipRect(QRect(QPoint(0, 0), size));
+        return size;
     }
 
     int ModuleWidth(const BarcodeSymbol& symbol, int width) const {
@@ -99,13 +99,13 @@ private:
         return module;
     }
 
-    void PaintBarcode(const std::string& text, const QSize& room) {
+    void PaintBarcode(const std::string& text, const QSize& size) {
         const BarcodeSymbol symbol = EncodeCode128(text);
-        const int module = ModuleWidth(symbol, room.width());
-        m_painter.fillRect(QRect(QPoint(0, 0), room), Qt::white);
-        const int readable = ReadableSize(room.height());
-        const int barHeight = room.height() - (readable > 0 ? readable + readable / 4 : 0);
-        int x = (room.width() - symbol.WidthWithQuietZones() * module) / 2 + BarcodeSymbol::QuietZone * module;
+        const int module = ModuleWidth(symbol, size.width());
+        m_painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
+        const int readable = ReadableSize(size.height());
+        const int barHeight = size.height() - (readable > 0 ? readable + readable / 4 : 0);
+        int x = (size.width() - symbol.WidthWithQuietZones() * module) / 2 + BarcodeSymbol::QuietZone * module;
         for (size_t k = 0; k < symbol.modules.size();) {
             size_t end = k;
             while (end < symbol.modules.size() && symbol.modules[end] == symbol.modules[k]) ++end;
@@ -114,7 +114,7 @@ private:
             x += width;
             k = end;
         }
-        if (readable > 0) PaintReadable(text, readable, QRect(0, barHeight, room.width(), room.height() - barHeight));
+        if (readable > 0) PaintReadable(text, readable, QRect(0, barHeight, size.width(), size.height() - barHeight));
     }
 
     int ReadableSize(int height) const {
@@ -122,28 +122,28 @@ private:
         return std::clamp(static_cast<int>(height * ReadableShare), Dots(SmallestFont), Dots(LargestReadable));
     }
 
-    void PaintReadable(const std::string& text, int size, const QRect& room) {
+    void PaintReadable(const std::string& text, int size, const QRect& area) {
         QFont font = m_painter.font();
         font.setPixelSize(size);
         font.setLetterSpacing(QFont::PercentageSpacing, 110);
         m_painter.setFont(font);
         m_painter.setPen(Qt::black);
-        m_painter.drawText(room, Qt::AlignHCenter | Qt::AlignBottom, ToQString(ReadableText(text)));
+        m_painter.drawText(area, Qt::AlignHCenter | Qt::AlignBottom, ToQString(ReadableText(text)));
     }
 
-    void PaintText(const LabelText& text, const QSize& room) {
+    void PaintText(const LabelText& text, const QSize& size) {
         QFont font = m_painter.font();
         if (!text.family.empty()) font.setFamilies({ToQString(text.family), font.family()});
         font.setWeight(static_cast<QFont::Weight>(text.weight));
         font.setItalic(text.italic);
         const int largest = std::max(1, Dots(text.size));
-        const FittedText fitted = FitText(ToQString(text.text), font, largest, Dots(SmallestFont), room);
+        const FittedText fitted = FitText(ToQString(text.text), font, largest, Dots(SmallestFont), size);
         m_painter.setPen(ColorOf(ToQString(text.color)));
         m_painter.setFont(fitted.font);
         const QFontMetricsF metrics(fitted.font);
         qreal baseline = fitted.ascent;
         for (const QString& line : fitted.lines) {
-            const qreal free = room.width() - metrics.horizontalAdvance(line);
+            const qreal free = size.width() - metrics.horizontalAdvance(line);
             const qreal share = text.anchor == LabelAnchor::Start ? 0 : text.anchor == LabelAnchor::End ? 1 : 0.5;
             m_painter.drawText(QPointF(std::max(0.0, free) * share, baseline), line);
             baseline += fitted.lineHeight;

@@ -40,23 +40,23 @@ BrokenText Break(const QString& text, const QFont& font, qreal width, QTextOptio
     return broken;
 }
 
-bool Fits(const BrokenText& broken, const QSizeF& room) {
-    return broken.widest <= room.width() + Slack &&
-           broken.lineHeight * static_cast<qreal>(broken.lines.size()) <= room.height() + Slack;
+bool Fits(const BrokenText& broken, const QSizeF& bounds) {
+    return broken.widest <= bounds.width() + Slack &&
+           broken.lineHeight * static_cast<qreal>(broken.lines.size()) <= bounds.height() + Slack;
 }
 
 FittedText Fitted(const QFont& font, const BrokenText& broken) {
     return {font, broken.lines, broken.ascent, broken.lineHeight};
 }
 
-FittedText Shortened(const QString& text, const QFont& font, const QSizeF& room) {
-    BrokenText broken = Break(text, font, room.width(), QTextOption::WrapAtWordBoundaryOrAnywhere);
-    const double fitting = std::floor((room.height() + Slack) / std::max(broken.lineHeight, 1.0));
+FittedText Shortened(const QString& text, const QFont& font, const QSizeF& bounds) {
+    BrokenText broken = Break(text, font, bounds.width(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    const double fitting = std::floor((bounds.height() + Slack) / std::max(broken.lineHeight, 1.0));
     const auto most = std::max<qsizetype>(1, static_cast<qsizetype>(fitting));
     if (broken.lines.size() <= most) return Fitted(font, broken);
     const QString rest = text.mid(broken.starts[static_cast<size_t>(most - 1)]);
     broken.lines = broken.lines.mid(0, most - 1);
-    broken.lines.push_back(QFontMetricsF(font).elidedText(rest, Qt::ElideRight, room.width()));
+    broken.lines.push_back(QFontMetricsF(font).elidedText(rest, Qt::ElideRight, bounds.width()));
     return Fitted(font, broken);
 }
 
@@ -68,18 +68,18 @@ QString WithoutControlCharacters(QString text) {
 
 }  // namespace
 
-FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& room) {
+FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& bounds) {
     const QString simple = WithoutControlCharacters(text.left(LongestText));
     QFont sized = font;
     sized.setHintingPreference(QFont::PreferNoHinting);
     for (int size = largest; size > smallest; --size) {
         sized.setPixelSize(size);
-        const BrokenText broken = Break(simple, sized, room.width(), QTextOption::WordWrap);
-        if (Fits(broken, room)) return Fitted(sized, broken);
+        const BrokenText broken = Break(simple, sized, bounds.width(), QTextOption::WordWrap);
+        if (Fits(broken, bounds)) return Fitted(sized, broken);
     }
     sized.setPixelSize(std::max(1, std::min(largest, smallest)));
-    const BrokenText broken = Break(simple, sized, room.width(), QTextOption::WordWrap);
-    return Fits(broken, room) ? Fitted(sized, broken) : Shortened(simple, sized, room);
+    const BrokenText broken = Break(simple, sized, bounds.width(), QTextOption::WordWrap);
+    return Fits(broken, bounds) ? Fitted(sized, broken) : Shortened(simple, sized, bounds);
 }
 
 }  // namespace quellbrook

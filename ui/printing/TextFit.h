@@ -18,6 +18,6 @@ struct FittedText {
 // The text at the largest size from `largest` down to `smallest` dots at which it fits, broken between words. At the
 // smallest size it is also broken within words and shortened with an ellipsis. Has at least one line. Control
 // characters count as blanks.
-FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& room);
+FittedText FitText(const QString& text, const QFont& font, int largest, int smallest, const QSizeF& bounds);
 
 }  // namespace quellbrook

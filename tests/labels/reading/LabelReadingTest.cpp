@@ -186,7 +186,7 @@ TEST_F(LabelReading, TheQuietZonesAreEmpty) {
     const std::vector<QImage>& pages = Pages(dpi, dpi);
     ASSERT_EQ(pages.size(), static_cast<size_t>(labelCount));
     for (int k = 0; k < labelCount; ++k) {
-        const LabelBox& box = Printed()[k].label.barcodes.at(0).place.box;
+        const LabelBox& box = Printed()[k].label.barcodes.at(0).area.box;
         const QRect dots = DotsOf(box, dpi);
         const BarcodeSymbol symbol = EncodeCode128(Printed()[k].barcode);
         const int module = dots.width() / symbol.WidthWithQuietZones();
@@ -211,8 +211,8 @@ TEST_F(LabelReading, NothingIsDrawnOverAnythingElse) {
     for (const PrintedLabel& printed : Printed()) {
         std::vector<QRectF> boxes;
         for (const LabelText& text : printed.label.texts)
-            boxes.emplace_back(text.place.box.left, text.place.box.top, text.place.box.width, text.place.box.height);
-        const LabelBox& symbol = printed.label.barcodes.at(0).place.box;
+            boxes.emplace_back(text.area.box.left, text.area.box.top, text.area.box.width, text.area.box.height);
+        const LabelBox& symbol = printed.label.barcodes.at(0).area.box;
         boxes.emplace_back(symbol.left, symbol.top, symbol.width, symbol.height);
         for (size_t a = 0; a < boxes.size(); ++a)
             for (size_t b = a + 1; b < boxes.size(); ++b) ASSERT_FALSE(boxes[a].intersects(boxes[b]));
@@ -232,8 +232,8 @@ TEST_F(LabelReading, NothingIsDrawnOverAnythingElse) {
             for (int y = dots.top(); y <= dots.bottom(); ++y)
                 std::fill_n(page.scanLine(y) + dots.left(), dots.width(), uchar(255));
         };
-        for (const LabelText& text : Printed()[k].label.texts) wipe(text.place.box);
-        wipe(Printed()[k].label.barcodes[0].place.box);
+        for (const LabelText& text : Printed()[k].label.texts) wipe(text.area.box);
+        wipe(Printed()[k].label.barcodes[0].area.box);
         for (int y = 0; y < page.height(); ++y)
             for (int x = 0; x < page.width(); ++x)
                 ASSERT_EQ(IsInk(page, x, y), IsInk(drawing, x, y)) << "label " << k << " at " << x << ", " << y;
@@ -259,7 +259,7 @@ INSTANTIATE_TEST_SUITE_P(ScaleFactors, ScreenSymbols, ::testing::Values(1.0, 1.5
 
 TEST_F(LabelReading, DetectsAMissingBar) {
     QImage page = MakeLabelImage(Printed()[0].label, 203);
-    const QRect symbol = DotsOf(Printed()[0].label.barcodes.at(0).place.box, 203);
+    const QRect symbol = DotsOf(Printed()[0].label.barcodes.at(0).area.box, 203);
     for (int y = symbol.top(); y < symbol.bottom(); ++y)
         for (int x = symbol.center().x() - 12; x < symbol.center().x() + 12; ++x) page.setPixel(x, y, 0xFFFFFFFF);
     EXPECT_NE(ReadWithZbar(page), Printed()[0].barcode);

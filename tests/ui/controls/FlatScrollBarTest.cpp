@@ -116,12 +116,12 @@ TEST_F(FlatScrollBarTest, WithTheFilterBottomScrollsToTheTop) {
 
 TEST_F(FlatScrollBarTest, OnlyTheUsableArrowsAreDrawn) {
     m_bar.SetMax(10);
-    const QColor ground = Theme::Get(Theme::Color::Panel);
+    const QColor background = Theme::Get(Theme::Color::Panel);
     const auto drawn = [&](const QRect& place) {
         const QImage image = Grab(m_bar);
         for (int y = place.top(); y <= place.bottom(); ++y)
             for (int x = place.left(); x <= place.right(); ++x)
-                if (PixelAt(image, QPoint(x, y)) != ground) return true;
+                if (PixelAt(image, QPoint(x, y)) != background) return true;
         return false;
     };
     const QRect up(0, 0, 16, 16);

@@ -43,7 +43,7 @@ protected:
     }
 
     // The background of a row at half its height.
-    QColor Ground(int row, int x) {
+    QColor Background(int row, int x) {
         QTreeWidget* tree = m_list.Tree();
         const int top = tree->visualItemRect(tree->topLevelItem(row)).top();
         return PixelAt(Grab(*tree->viewport()), QPoint(x, top + 4));
@@ -310,14 +310,14 @@ TEST_F(ListViewTest, TheBandReachesTheRightEdge) {
     Show();
     ASSERT_GT(RightEdge(), m_list.Tree()->header()->length());
     const QColor base = QApplication::palette().color(QPalette::Base);
-    EXPECT_EQ(Ground(1, RightEdge()), Theme::BatchTint());
-    EXPECT_EQ(Ground(0, RightEdge()), base);
-    EXPECT_EQ(Ground(2, RightEdge()), base);
-    EXPECT_EQ(Ground(1, 1), Theme::Get(Theme::Color::Accent));
-    EXPECT_EQ(Ground(1, 3), Theme::BatchTint());
-    EXPECT_EQ(Ground(0, 1), base);
+    EXPECT_EQ(Background(1, RightEdge()), Theme::BatchTint());
+    EXPECT_EQ(Background(0, RightEdge()), base);
+    EXPECT_EQ(Background(2, RightEdge()), base);
+    EXPECT_EQ(Background(1, 1), Theme::Get(Theme::Color::Accent));
+    EXPECT_EQ(Background(1, 3), Theme::BatchTint());
+    EXPECT_EQ(Background(0, 1), base);
     m_list.SetRowBand(1, false);
-    EXPECT_EQ(Ground(1, RightEdge()), base);
+    EXPECT_EQ(Background(1, RightEdge()), base);
 }
 
 TEST_F(ListViewTest, TheBandStaysWithItsRowAfterScrolling) {
@@ -325,9 +325,9 @@ TEST_F(ListViewTest, TheBandStaysWithItsRowAfterScrolling) {
     m_list.SetRowBand(30, true);
     Show();
     m_list.Tree()->verticalScrollBar()->setValue(25 * 36 + 7);
-    EXPECT_EQ(Ground(30, RightEdge()), Theme::BatchTint());
-    EXPECT_EQ(Ground(29, RightEdge()), QApplication::palette().color(QPalette::Base));
-    EXPECT_EQ(Ground(31, RightEdge()), QApplication::palette().color(QPalette::Base));
+    EXPECT_EQ(Background(30, RightEdge()), Theme::BatchTint());
+    EXPECT_EQ(Background(29, RightEdge()), QApplication::palette().color(QPalette::Base));
+    EXPECT_EQ(Background(31, RightEdge()), QApplication::palette().color(QPalette::Base));
 }
 
 TEST_F(ListViewTest, TheBandIsMixedInADarkPalette) {
@@ -336,8 +336,8 @@ TEST_F(ListViewTest, TheBandIsMixedInADarkPalette) {
     Show();
     const DarkTheme dark;
     ServeEvents();
-    EXPECT_EQ(Ground(1, RightEdge()), Theme::BatchTint());
-    EXPECT_EQ(Ground(0, RightEdge()), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(Background(1, RightEdge()), Theme::BatchTint());
+    EXPECT_EQ(Background(0, RightEdge()), Theme::Get(Theme::Color::Window));
 }
 
 TEST_F(ListViewTest, ASelectedRowInTheBatchKeepsItsAccentBar) {
@@ -346,11 +346,11 @@ TEST_F(ListViewTest, ASelectedRowInTheBatchKeepsItsAccentBar) {
     Show();
     m_list.setFocus();
     m_list.SelectAll();
-    EXPECT_EQ(Ground(1, RightEdge()), Theme::Get(Theme::Color::Highlight));
-    EXPECT_EQ(Ground(1, 1), Theme::Get(Theme::Color::Accent));
-    EXPECT_EQ(Ground(0, 1), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Background(1, RightEdge()), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Background(1, 1), Theme::Get(Theme::Color::Accent));
+    EXPECT_EQ(Background(0, 1), Theme::Get(Theme::Color::Highlight));
     m_list.Tree()->clearFocus();
-    EXPECT_EQ(Ground(0, RightEdge()), Theme::Get(Theme::Color::SelectedInactive));
+    EXPECT_EQ(Background(0, RightEdge()), Theme::Get(Theme::Color::SelectedInactive));
 }
 
 TEST_F(ListViewTest, TheRingOfASelectedRowIsInsideIt) {
@@ -360,15 +360,15 @@ TEST_F(ListViewTest, TheRingOfASelectedRowIsInsideIt) {
     m_list.SetCurrentRow(0);
     Press(m_list.Tree(), Qt::Key_Down);
     ASSERT_EQ(Selected(), (Rows{1}));
-    const QColor ground = Theme::Get(Theme::Color::Highlight);
+    const QColor background = Theme::Get(Theme::Color::Highlight);
     const QColor ring = Theme::Get(Theme::Color::HighlightText);
-    EXPECT_EQ(Ground(1, 0), ground);
-    EXPECT_EQ(Ground(1, 2), ground);
-    EXPECT_EQ(Ground(1, 3), ring);
-    EXPECT_EQ(Ground(1, RightEdge()), ground);
-    EXPECT_EQ(Ground(1, RightEdge() - 4), ring);
+    EXPECT_EQ(Background(1, 0), background);
+    EXPECT_EQ(Background(1, 2), background);
+    EXPECT_EQ(Background(1, 3), ring);
+    EXPECT_EQ(Background(1, RightEdge()), background);
+    EXPECT_EQ(Background(1, RightEdge() - 4), ring);
     m_list.Tree()->clearSelection();
-    EXPECT_EQ(Ground(1, 0), Theme::Get(Theme::Color::Link));
+    EXPECT_EQ(Background(1, 0), Theme::Get(Theme::Color::Link));
 }
 
 TEST_F(ListViewTest, ADisabledListHasGrayIcons) {

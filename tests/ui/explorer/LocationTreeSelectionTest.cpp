@@ -102,36 +102,36 @@ TEST_F(LocationTreeTest, TheHighlightedNodeIsPaintedAsFocusedAndTheSelectedOneAs
     ClickNode("Vault");
     const QPoint vault = CenterOf("Vault"), court = CenterOf("Court");
     const QColor highlight = Theme::Get(Theme::Color::Highlight);
-    const auto ground = [this](const QPoint& row) { return PixelAt(Grab(*m_widget->viewport()), {270, row.y()}); };
-    EXPECT_EQ(ground(vault), highlight);
+    const auto background = [this](const QPoint& row) { return PixelAt(Grab(*m_widget->viewport()), {270, row.y()}); };
+    EXPECT_EQ(background(vault), highlight);
     QTest::mousePress(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, court);
-    EXPECT_EQ(ground(court), highlight);
-    EXPECT_EQ(ground(vault), Theme::Get(Theme::Color::SelectedInactive));
+    EXPECT_EQ(background(court), highlight);
+    EXPECT_EQ(background(vault), Theme::Get(Theme::Color::SelectedInactive));
     QTest::mouseRelease(m_widget->viewport(), Qt::RightButton, Qt::NoModifier, court);
-    EXPECT_EQ(ground(vault), highlight);
+    EXPECT_EQ(background(vault), highlight);
 }
 
 TEST_F(LocationTreeTest, TheSelectedRowStaysHighlightedWhileAMenuOrDialogHasTheKeys) {
     Show();
     ClickNode("Vault");
     const QPoint vault = CenterOf("Vault");
-    const auto ground = [&] { return PixelAt(Grab(*m_widget->viewport()), {270, vault.y()}); };
+    const auto background = [&] { return PixelAt(Grab(*m_widget->viewport()), {270, vault.y()}); };
     QMenu menu;
     menu.addAction("Open");
     menu.popup(QPoint(0, 0));
-    EXPECT_EQ(ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(background(), Theme::Get(Theme::Color::Highlight));
     menu.close();
 
     QWidget dialog;
     ShowActive(dialog);
-    EXPECT_EQ(ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(background(), Theme::Get(Theme::Color::Highlight));
     dialog.close();
     ShowActive(*m_window);
 
     m_other->setFocus();
-    EXPECT_EQ(ground(), Theme::Get(Theme::Color::SelectedInactive));
+    EXPECT_EQ(background(), Theme::Get(Theme::Color::SelectedInactive));
     m_widget->setFocus();
-    EXPECT_EQ(ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(background(), Theme::Get(Theme::Color::Highlight));
 }
 
 TEST_F(LocationTreeTest, ArrowKeysSelectLikeAClick) {

@@ -27,7 +27,7 @@ protected:
     QString Text(const char* name) { return LabelOf(name)->Caption(); }
     StatusTag* Status() { return Find<StatusTag>(m_row, "tagStatus"); }
     QString Icon() { return Find<FontIcon>(m_row, "imgIcon")->IconName(); }
-    QColor Ground() { return PixelAt(Grab(m_row), QPoint(890, 50)); }
+    QColor Background() { return PixelAt(Grab(m_row), QPoint(890, 50)); }
 
     void AddToBatch(const StoredItemRef& item) {
         GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item}));
@@ -162,17 +162,17 @@ TEST_F(SearchResultRowTest, FieldsFollowANewPalette) {
 
 TEST_F(SearchResultRowTest, BackgroundAndIconFollowFocusAndBatch) {
     m_row.SetItem(m_laptop);
-    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::Window));
     EXPECT_EQ(Icon(), "tag");
     m_row.SetFocused(true);
-    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::Highlight));
     EXPECT_EQ(Icon(), "tag");
     AddToBatch(m_laptop);
-    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Highlight));
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::Highlight));
     EXPECT_EQ(Icon(), "marked");
     m_row.SetFocused(false);
-    EXPECT_EQ(Ground(), Theme::BatchTint());
-    EXPECT_EQ(Ground(), Theme::FromBgr(0xF3F7E9));
+    EXPECT_EQ(Background(), Theme::BatchTint());
+    EXPECT_EQ(Background(), Theme::FromBgr(0xF3F7E9));
     EXPECT_EQ(Icon(), "marked");
 }
 
@@ -180,10 +180,10 @@ TEST_F(SearchResultRowTest, RowTurnsPaleWhenItsItemEntersTheBatchAndBackWhenItLe
     m_row.SetItem(m_laptop);
     AddToBatch(m_laptop);
     EXPECT_TRUE(m_row.InCart());
-    EXPECT_EQ(Ground(), Theme::BatchTint());
+    EXPECT_EQ(Background(), Theme::BatchTint());
     GetActions().CancelTransaction();
     EXPECT_FALSE(m_row.InCart());
-    EXPECT_EQ(Ground(), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::Window));
     EXPECT_EQ(Icon(), "tag");
 }
 

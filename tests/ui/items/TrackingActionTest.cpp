@@ -12,9 +12,9 @@ protected:
     TrackingActionTest() { uncategorized = m_database.AddLocation("Old Cage", Types::Unassigned); }
 
     // The action of a record at one location after a record at another; no earlier record for a negative one.
-    TrackingAction Action(int32_t place, int32_t before) {
+    TrackingAction Action(int32_t location, int32_t before) {
         TrackingRecord record;
-        record.SetRow(Row::Of({{"StorageLocNo", place > 0 ? TaggedValue(place) : TaggedValue(Null())}}));
+        record.SetRow(Row::Of({{"StorageLocNo", location > 0 ? TaggedValue(location) : TaggedValue(Null())}}));
         if (before >= 0) {
             auto previous = std::make_shared<TrackingRecord>();
             previous->SetRow(Row::Of({{"StorageLocNo", before > 0 ? TaggedValue(before) : TaggedValue(Null())}}));

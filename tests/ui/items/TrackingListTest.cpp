@@ -101,9 +101,9 @@ TEST_F(TrackingListTest, ShowsOneRowForEachRecord) {
 
 TEST_F(TrackingListTest, ShowsTheChainOfAnItemNewestFirst) {
     const int32_t id = m_database.AddProperty();
-    const int32_t places[] = {shelf, aisle, digitalForensics, shelf};
+    const int32_t locations[] = {shelf, aisle, digitalForensics, shelf};
     for (int day = 1; day <= 4; ++day)
-        m_database.AddCustodyRow(StoredItemTypes::Property, id, places[day - 1],
+        m_database.AddCustodyRow(StoredItemTypes::Property, id, locations[day - 1],
                                  {.DateReceived = DateTime::FromParts({2026, 1, day, 8, 0, 0, 0})});
     m_list->SetItem(FindItem(StoredItemTypes::Property, id));
     QStringList actions;

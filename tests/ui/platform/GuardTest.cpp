@@ -2,7 +2,6 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatScrollBar.h"
-#include "ui/controls/FlatTabs.h"
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/ListView.h"
@@ -139,15 +138,6 @@ TEST_F(GuardTest, AFaultBehindAScrollBarIsReported) {
     FlatScrollBar bar(&m_window);
     QObject::connect(&bar, &FlatScrollBar::Changed, Fault());
     bar.SetValue(1);
-    ExpectOneFault();
-}
-
-TEST_F(GuardTest, AFaultBehindTabsIsReported) {
-    FlatTabs tabs(&m_window);
-    tabs.AddTab("a");
-    tabs.AddTab("b");
-    QObject::connect(&tabs, &FlatTabs::SelectionChanged, Fault());
-    tabs.SetSelectedIndex(1);
     ExpectOneFault();
 }
 

@@ -10,14 +10,14 @@ namespace quellbrook::testing {
 namespace {
 
 constexpr int largest = 40, smallest = 17;
-const QSizeF room(600, 100);
+const QSizeF bounds(600, 100);
 
-FittedText Fit(const QString& text, const QSizeF& size = room) {
+FittedText Fit(const QString& text, const QSizeF& size = bounds) {
     return FitText(text, QFont(QStringLiteral("Inter")), largest, smallest, size);
 }
 
 // Every line fits the width, all lines fit the height.
-void ExpectFits(const FittedText& fitted, const QSizeF& size = room) {
+void ExpectFits(const FittedText& fitted, const QSizeF& size = bounds) {
     const QFontMetricsF metrics(fitted.font);
     for (const QString& line : fitted.lines)
         EXPECT_LE(metrics.horizontalAdvance(line), size.width() + 0.5) << line.toStdString();
@@ -101,7 +101,7 @@ TEST(TextFit, ABoxThatIsTooLowHasOneLineAtTheSmallestSize) {
 }
 
 TEST(TextFit, ASizeBelowTheSmallestIsKept) {
-    const FittedText fitted = FitText("abc", QFont(QStringLiteral("Inter")), 9, smallest, room);
+    const FittedText fitted = FitText("abc", QFont(QStringLiteral("Inter")), 9, smallest, bounds);
     EXPECT_EQ(fitted.font.pixelSize(), 9);
 }
 

@@ -13,7 +13,7 @@ using Theme::Color;
 struct Pair {
     const char* what;
     Color text;
-    Color ground;
+    Color background;
     double least;
 };
 
@@ -49,7 +49,7 @@ const std::vector<Pair>& Pairs() {
 
 void ExpectContrasts() {
     for (const Pair& pair : Pairs())
-        EXPECT_GE(Theme::Contrast(Theme::Get(pair.text), Theme::Get(pair.ground)), pair.least) << pair.what;
+        EXPECT_GE(Theme::Contrast(Theme::Get(pair.text), Theme::Get(pair.background)), pair.least) << pair.what;
     EXPECT_GE(Theme::Contrast(Theme::Get(Color::Text), Theme::BatchTint()), 4.5);
     EXPECT_GE(Theme::Contrast(Theme::Get(Color::GrayText), Theme::BatchTint()), 4.5);
 }
@@ -109,9 +109,9 @@ TEST_F(ThemeTest, TheBatchTintMixesTowardsTheWindowByTheSameShareInADarkPalette)
 TEST_F(ThemeTest, TagTextIsWhiteWhereThatContrastsAndInkElsewhere) {
     EXPECT_EQ(Theme::TextOn(QColor("#C00000")), QColor(Qt::white));
     EXPECT_EQ(Theme::TextOn(QColor("#1E71D6")), QColor(Qt::white));
-    for (const char* ground : {"#24AD87", "#FF8000", "#FF0000", "#808080"}) {
-        EXPECT_EQ(Theme::TextOn(QColor(ground)), QColor("#0B0F0E")) << ground;
-        EXPECT_GE(Theme::Contrast(Theme::TextOn(QColor(ground)), QColor(ground)), 4.5) << ground;
+    for (const char* background : {"#24AD87", "#FF8000", "#FF0000", "#808080"}) {
+        EXPECT_EQ(Theme::TextOn(QColor(background)), QColor("#0B0F0E")) << background;
+        EXPECT_GE(Theme::Contrast(Theme::TextOn(QColor(background)), QColor(background)), 4.5) << background;
     }
 }
 
