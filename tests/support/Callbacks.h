@@ -13,14 +13,14 @@ namespace quellbrook::testing {
 class FunctionCallback : public DispatcherCallback {
 public:
     FunctionCallback(std::string typeName, std::function<void(const Action&)> handle)
-        : m_typeName(std::move(typeName)), m_inputle(std::move(handle)) {}
+        : m_typeName(std::move(typeName)), m_handle(std::move(handle)) {}
 
-    void Handle(const Action& action) override { m_inputle(action); }
+    void Handle(const Action& action) override { m_handle(action); }
     std::string CallbackTypeName() const override { return m_typeName; }
 
 private:
     std::string m_typeName;
-    std::function<void(const Action&)> m_inputle;
+    std::function<void(const Action&)> m_handle;
 };
 
 // Records every action.

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace quellbrook {
 
@@ -37,6 +38,26 @@ bool Attempt(Step&& step, Words&& words, const char* title) {
     } catch (...) {
         ShowMessage(words(CurrentError()), MessageStyle::Critical, title);
         return false;
+    }
+}
+
+template <typename Step>
+void AttemptSwitch(const std::string& name, Step&& step) {
+    Attempt(
+        step, [&](const Error& error) { return "Could not switch to view '" + name + "': " + error.Description(); },
+        "View Show Error");
+}
+
+// Runs a step that shows a view. Adds the view's type to the error.
+template <typename Step>
+void AddingTypeName(const Control* view, Step&& step) {
+    const std::string typeName = view ? view->TypeName() : "Nothing";
+    try {
+        step();
+    } catch (...) {
+        const Error error = CurrentError();
+        Raise(error.Number(), "EvidenceUI.LoadView",
+              "Error loading view of type '" + typeName + "': " + error.Description());
     }
 }
 
@@ -101,21 +122,30 @@ void EvidenceUI::BuildViews(const ShellViews& views) {
 }
 
 void EvidenceUI::Shown() {
+    const QPointer<EvidenceUI> self(this);
     const StoresRecord stores = GetStores();
+    const bool isAfterGate = stores.View != m_viewStore;
+    if (isAfterGate) Follow(stores);
+    GetDispatcher()->Register(m_callback);
+    repaint();
+    const bool hasViewChanged = std::exchange(m_viewChangedWhileHidden, false);
+    if (isAfterGate) return GetActions().NavigateTo(ViewNames::Explorer, nullptr);
+    if (hasViewChanged) ChangeView();
+    if (self) ShowCurrentView();
+}
+
+void EvidenceUI::Follow(const StoresRecord& stores) {
     m_loadingStore = stores.Loading;
     m_viewStore = stores.View;
     m_loadingSubscription = m_loadingStore->OnChange.connect([this] { LoadingStore_OnChange(); });
     m_viewSubscription = m_viewStore->OnChange.connect([this] { ViewStore_OnChange(); });
     m_infobar->Subscribe(stores);
-    GetDispatcher()->Register(m_callback);
-    repaint();
-    GetActions().NavigateTo(ViewNames::Explorer, nullptr);
 }
 
-// Neither the content nor the store changes.
+// The next Shown() shows the view again, unless the view store has changed by then.
 void EvidenceUI::Hidden() {
     GuardSilently([this] { GetDispatcher()->Unregister(m_callback.get()); });
-    m_currentView = nullptr;
+    if (m_currentView) m_currentView->hide();
 }
 
 float EvidenceUI::ContentHeight() const { return ClientHeight() - m_content->Top() - m_infobar->Height(); }
@@ -142,42 +172,53 @@ bool EvidenceUI::IsView(const Control* control) const {
 }
 
 void EvidenceUI::LoadView(Control* view) {
-    if (view == m_currentView) return;
-    const std::string typeName = view ? view->TypeName() : "Nothing";
-    try {
-        SwitchTo(view);
-    } catch (...) {
-        const Error error = CurrentError();
-        Raise(error.Number(), TypeName() + ".LoadView",
-              "Error loading view of type '" + typeName + "': " + error.Description());
-    }
+    if (view && view == m_currentView && view->IsShown()) return;
+    AddingTypeName(view, [&] { SwitchTo(view); });
 }
 
 void EvidenceUI::SwitchTo(Control* view) {
     if (!view) Raise(ErrorNumber::NullObject, "EvidenceUI.LoadView");
     if (!IsView(view)) Raise(ErrorNumber::TypeMismatch, "EvidenceUI.LoadView");
+    const QPointer<EvidenceUI> self(this);
     if (m_currentView) {
         m_currentView->hide();
         repaint();
     }
+    if (!Present(view)) return;
+    TrySetFocus(view);
+    if (self) repaint();
+}
+
+// Returns false if the shell is gone, since a view that is shown can open dialogs.
+bool EvidenceUI::Present(Control* view) {
+    const QPointer<EvidenceUI> self(this);
+    // Set before the view is shown, so that the next view replaces it even if that fails.
+    m_currentView = view;
     view->setParent(m_content);
     FillContent(*view);
     view->show();
-    // The view that was visible when the shell was hidden may still be visible underneath.
-    view->raise();
+    if (!self) return false;
     MoveFirstInTabOrder(m_content);
-    // Set even if showing the view fails, so that the next view replaces it.
-    m_currentView = view;
     if (auto* shown = qobject_cast<View*>(view)) shown->RaiseShowError();
-    TrySetFocus(view);
-    repaint();
+    return true;
+}
+
+// Shows the view that was hidden together with the shell. Leaves the focus to the host.
+void EvidenceUI::ShowCurrentView() {
+    if (!m_currentView || m_currentView->IsShown()) return;
+    AttemptSwitch(m_currentView->Name(), [this] { AddingTypeName(m_currentView, [this] { Present(m_currentView); }); });
 }
 
 void EvidenceUI::ViewStore_OnChange() {
-    Guard([this] { ChangeView(); });
+    if (isVisible())
+        Guard([this] { ChangeView(); });
+    else
+        m_viewChangedWhileHidden = true;
 }
 
 void EvidenceUI::ChangeView() {
+    const QPointer<EvidenceUI> self(this);
+    const uint32_t change = ++m_changes;
     repaint();
     const std::string name = m_viewStore->ViewName();
     Control* view = FindControl(name);
@@ -195,20 +236,16 @@ void EvidenceUI::ChangeView() {
         },
         [&](const Error& error) { return "Could not load data for view '" + name + "': " + error.Description(); },
         "View Load Error");
-    if (!loaded) return;
-    Attempt([&] { LoadView(view); },
-            [&](const Error& error) { return "Could not switch to view '" + name + "': " + error.Description(); },
-            "View Show Error");
+    // A view that loads can run events. The shell may be gone then, or a later change may have shown its view.
+    if (!loaded || !self || change != m_changes) return;
+    AttemptSwitch(name, [&] { LoadView(view); });
 }
 
 void EvidenceUI::LoadingStore_OnChange() {
     Guard([this] {
-        if (m_loadingStore->IsLoading()) {
-            SetMousePointer(MousePointer::Hourglass);
-            LoadView(FindControl(ViewNames::Loading));
-        } else {
-            SetMousePointer(MousePointer::Default);
-        }
+        const bool isLoading = m_loadingStore->IsLoading();
+        SetMousePointer(isLoading ? MousePointer::Hourglass : MousePointer::Default);
+        if (isLoading && isVisible()) LoadView(FindControl(ViewNames::Loading));
     });
 }
 

@@ -7,6 +7,7 @@
 
 #include <QPointer>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -58,8 +59,11 @@ private:
     void FillContent(Control& view);
     Control* FindControl(const std::string& name) const;
     bool IsView(const Control* control) const;
+    void Follow(const StoresRecord& stores);
     void LoadView(Control* view);
     void SwitchTo(Control* view);
+    bool Present(Control* view);
+    void ShowCurrentView();
     void ViewStore_OnChange();
     void ChangeView();
     void LoadingStore_OnChange();
@@ -74,7 +78,9 @@ private:
     GroupBox* m_border = nullptr;
     std::vector<QPointer<Control>> m_views;
     std::vector<QPointer<Control>> m_controls;  // everything that FindControl can find
-    QPointer<Control> m_currentView;
+    QPointer<Control> m_currentView;            // hidden while the shell is hidden
+    uint32_t m_changes = 0;                     // number of view changes
+    bool m_viewChangedWhileHidden = false;
     std::shared_ptr<Callback> m_callback;
     std::shared_ptr<LoadingStore> m_loadingStore;
     std::shared_ptr<ViewStore> m_viewStore;

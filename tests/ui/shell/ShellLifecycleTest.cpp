@@ -1,3 +1,4 @@
+#include "tests/support/Callbacks.h"
 #include "tests/ui/shell/ShellTest.h"
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/FlatTabs.h"
@@ -31,6 +32,24 @@ TEST_F(ShellLifecycle, EveryViewExistsFromTheStartAndNoneIsVisible) {
     EXPECT_EQ(holder->Page(2)->objectName(), "viewHolder_Page");
 }
 
+TEST_F(ShellLifecycle, TheProductHasFourViewsWithTheseCaptions) {
+    std::vector<std::pair<std::string, std::string>> views;
+    for (const ShellView& view : StandardShellViews()) views.emplace_back(view.name, view.caption);
+    EXPECT_EQ(
+        views,
+        (std::vector<std::pair<std::string, std::string>>{
+            {"explorer", "Evidence Explorer"}, {"cart", "Cart"}, {"itemView", "Item Viewer"}, {"loading", "Loading"}}));
+    const EvidenceUI shell;
+    const auto* holder = shell.findChild<FlatTabs*>("viewHolder");
+    ASSERT_EQ(holder->Count(), 4);
+    for (int page = 0; page < 4; ++page) {
+        EXPECT_EQ(holder->Caption(page).toStdString(), views[page].second);
+        const auto* view = holder->Page(page)->findChild<Control*>(QString::fromStdString(views[page].first));
+        ASSERT_NE(view, nullptr) << views[page].first;
+        EXPECT_EQ(view->accessibleName().isEmpty(), false);
+    }
+}
+
 TEST_F(ShellLifecycle, TheTitleBarNamesTheModule) {
     EXPECT_EQ(testing::Find<FlatTitleBar>(*m_shell, "TitleBar")->Caption(), "Quellbrook");
 }
@@ -52,13 +71,33 @@ TEST_F(ShellLifecycle, TheViewIsShownWhileTheShellIsShown) {
     EXPECT_EQ(order, (Names{"explorer", "tree"}));
 }
 
-TEST_F(ShellLifecycle, TheShellIsTheLastCallbackAndSeesTheStoresUpdated) {
-    Start();
-    m_screen.WhileMessageOpen = [](const testing::RecordingScreen::Message&) {
-        EXPECT_EQ(GetStores().View->ViewName(), "cellar");
+TEST_F(ShellLifecycle, TheShellIsTheLastCallbackWheneverItIsShown) {
+    Names served;
+    const auto probe = [&served](const char* name) {
+        GetDispatcher()->Register(std::make_shared<testing::FunctionCallback>(
+            name, [&served, name](const Action&) { served.push_back(name); }));
     };
-    GetActions().NavigateTo("cellar", nullptr);
-    EXPECT_EQ(m_screen.Messages().size(), 1u);
+    m_screen.WhileMessageOpen = [&](const testing::RecordingScreen::Message&) { served.push_back("shell"); };
+    probe("before");
+    Start();
+    served.clear();
+    GetDispatcher()->Dispatch({"CART_TRANSACTION_FAILED", "x"});
+    EXPECT_EQ(served, (Names{"before", "shell"}));
+    m_shell->hide();
+    probe("while hidden");
+    m_shell->show();
+    served.clear();
+    GetDispatcher()->Dispatch({"CART_TRANSACTION_FAILED", "x"});
+    EXPECT_EQ(served, (Names{"before", "while hidden", "shell"}));
+}
+
+TEST_F(ShellLifecycle, TheShellIsPaintedAtOnceWhenItIsShown) {
+    Start();
+    m_shell->hide();
+    testing::PaintCounter paints(*m_shell);
+    m_explorer->onShown = [&] { EXPECT_GE(paints.count, 1); };
+    m_shell->show();
+    EXPECT_EQ(m_explorer->shown, 2);
 }
 
 TEST_F(ShellLifecycle, AHiddenShellReceivesNoActions) {
@@ -87,21 +126,121 @@ TEST_F(ShellLifecycle, ShownAgainItReceivesActionsAndStillShowsTheExplorer) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
-TEST_F(ShellLifecycle, AViewForgottenByHidingStaysUnderTheNextOne) {
+TEST_F(ShellLifecycle, HidingTheShellHidesItsViewAndShowingItShowsTheViewAgain) {
+    Start();
+    GetActions().NavigateTo("itemView", nullptr);
+    m_shell->hide();
+    EXPECT_EQ(m_itemView->hidden, 1);
+    EXPECT_FALSE(m_itemView->IsShown());
+    m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"itemView"});
+    EXPECT_EQ(m_itemView->shown, 2);
+    EXPECT_EQ(m_itemView->parameters.size(), 1u) << "shown in the state it had";
+    EXPECT_EQ(m_explorer->shown, 1);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(ShellLifecycle, OneViewIsVisibleAfterEachChangeThatFollowsHiding) {
     Start();
     m_shell->hide();
     m_shell->show();
     GetActions().NavigateTo("cart", nullptr);
-    EXPECT_EQ(OnShow(), (Names{"explorer", "cart"}));
+    EXPECT_EQ(OnShow(), Names{"cart"});
+    m_shell->hide();
+    m_shell->show();
     GetActions().GoBack();
+    EXPECT_EQ(OnShow(), Names{"explorer"});
+    EXPECT_EQ(m_explorer->shown, 3);
+}
+
+TEST_F(ShellLifecycle, AChangeOfViewWhileHiddenIsShownWithTheShell) {
+    Start();
+    m_shell->hide();
+    const auto parameters = std::make_shared<Dictionary>();
+    GetActions().NavigateTo("itemView", parameters);
+    EXPECT_TRUE(m_itemView->parameters.empty());
+    m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"itemView"});
+    EXPECT_EQ(m_itemView->parameters, std::vector{parameters});
+    EXPECT_EQ(m_explorer->shown, 1);
+    m_shell->hide();
+    m_shell->show();
+    EXPECT_EQ(m_itemView->parameters.size(), 1u);
+}
+
+TEST_F(ShellLifecycle, AChangeToTheSameViewWhileHiddenLoadsItsParameters) {
+    Start();
+    GetActions().NavigateTo("itemView", nullptr);
+    m_shell->hide();
+    const auto parameters = std::make_shared<Dictionary>();
+    GetActions().GoBack();
+    GetActions().NavigateTo("itemView", parameters);
+    m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"itemView"});
+    EXPECT_EQ(m_itemView->parameters.back(), parameters);
+}
+
+TEST_F(ShellLifecycle, AChangeWhileHiddenThatCannotBeShownLeavesTheFormerView) {
+    Start();
+    m_shell->hide();
+    GetActions().NavigateTo("cellar", nullptr);
+    EXPECT_TRUE(m_screen.Messages().empty());
+    m_shell->show();
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages()[0].title, "View Not Found");
     EXPECT_EQ(OnShow(), Names{"explorer"});
 }
 
-TEST_F(ShellLifecycle, AViewForgottenByHidingStillFillsTheContent) {
+TEST_F(ShellLifecycle, LoadingThatEndsWhileHiddenRestoresThePointer) {
+    Start();
+    GetActions().LoadingStarted();
+    m_shell->hide();
+    GetActions().LoadingFinished();
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+    m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"loading"});
+}
+
+TEST_F(ShellLifecycle, LoadingWhileHiddenLeavesTheView) {
     Start();
     m_shell->hide();
+    GetActions().LoadingStarted();
+    EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
+    GetActions().LoadingFinished();
     m_shell->show();
+    EXPECT_EQ(OnShow(), Names{"explorer"});
+}
+
+TEST_F(ShellLifecycle, AViewThatFailsWhenShownAgainIsReported) {
+    Start();
+    m_shell->hide();
+    m_explorer->onShown = [] { Raise(1234, "View", "The shelf is empty."); };
+    m_shell->show();
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.Messages()[0].title, "View Show Error");
+    EXPECT_EQ(m_screen.Messages()[0].prompt,
+              "Could not switch to view 'explorer': Error loading view of type 'FakeView': The shelf is empty.");
+    m_screen.TakeMessages();
+    GetActions().NavigateTo("cart", nullptr);
+    EXPECT_EQ(OnShow(), Names{"cart"});
+}
+
+TEST_F(ShellLifecycle, ShowingTheShellAgainLeavesTheFocusToTheHost) {
+    QWidget elsewhere(&m_host);
+    elsewhere.setFocusPolicy(Qt::StrongFocus);
+    elsewhere.show();
+    Start();
+    m_shell->hide();
+    elsewhere.setFocus();
+    m_shell->show();
+    EXPECT_EQ(QApplication::focusWidget(), &elsewhere);
+}
+
+TEST_F(ShellLifecycle, AViewShownAgainFillsTheContentOfANewSize) {
+    Start();
+    m_shell->hide();
     m_shell->resize(1000, 700);
+    m_shell->show();
     EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1000, 660));
 }
 
@@ -123,6 +262,19 @@ TEST_F(ShellLifecycle, AnotherGateRunGivesTheSameShellNewStores) {
     EXPECT_EQ(OnShow().back(), "explorer");
 }
 
+TEST_F(ShellLifecycle, AChangeBeforeAnotherGateRunIsForgotten) {
+    Start();
+    m_shell->hide();
+    GetActions().NavigateTo("itemView", nullptr);
+    DiscardDispatcher();
+    DiscardStores();
+    m_shell->show();
+    GetActions().NavigateTo("itemView", nullptr);
+    m_shell->hide();
+    m_shell->show();
+    EXPECT_EQ(m_itemView->parameters.size(), 1u);
+}
+
 TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
     HostServices::Current().SetEngine(nullptr);
     DiscardStores();
@@ -134,6 +286,8 @@ TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
     testing::ServeEvents();
     ASSERT_EQ(m_screen.Messages().size(), 1u);
     EXPECT_EQ(m_screen.Messages()[0].title, "Unexpected Error");
+    GetActions().NotifyUser("Done");
+    EXPECT_FALSE(Named("toastMessage")->IsShown()) << "registered before the stores";
     log.Verify();
     m_environment->errorLog = &m_log;
 }

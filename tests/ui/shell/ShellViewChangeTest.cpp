@@ -161,22 +161,51 @@ TEST_F(ShellViewChange, TheEndOfLoadingLeavesItsViewWithTheArrowPointer) {
 }
 
 TEST_F(ShellViewChange, TheCurrentViewIsNeitherLoadedNorPaintedAgain) {
+    auto* inner = new testing::FakeView(Named("loading"));
     GetActions().LoadingStarted();
     testing::PaintCounter paints(*m_shell);
-    auto* loading = qobject_cast<LoadingView*>(Named("loading"));
-    loading->hide();
     GetActions().LoadingStarted();
-    EXPECT_TRUE(loading->isHidden());
+    EXPECT_EQ(OnShow(), Names{"loading"});
+    EXPECT_EQ(inner->shown, 1);
+    EXPECT_EQ(inner->hidden, 0);
     EXPECT_EQ(paints.count, 0);
 }
 
-TEST_F(ShellViewChange, TheShellIsPaintedBeforeASlowViewLoadsAndAgainAtTheEnd) {
+TEST_F(ShellViewChange, TheShellIsPaintedAtOnceBeforeEachSlowStepAndAtTheEnd) {
     testing::PaintCounter paints(*m_shell);
-    int before = 0;
-    m_itemView->onShow = [&] { before = paints.count; };
+    m_itemView->onShow = [&] { EXPECT_EQ(paints.count, 1) << "before the new view loads"; };
+    m_itemView->onShown = [&] { EXPECT_EQ(paints.count, 2) << "without the previous view"; };
     GoTo("itemView");
-    EXPECT_GE(before, 1);
-    EXPECT_GT(paints.count, before);
+    EXPECT_EQ(paints.count, 3);
+    EXPECT_EQ(m_itemView->shown, 1);
+}
+
+TEST_F(ShellViewChange, TheShellMayGoWhileAViewLoads) {
+    m_itemView->onShow = [this] { m_shell.reset(); };
+    GoTo("itemView");
+    EXPECT_FALSE(GetDispatcher()->IsDispatching());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(ShellViewChange, AViewThatChangesTheViewWhileItLoadsIsNotShownOverIt) {
+    m_itemView->onShow = [this] {
+        testing::RaisedBy([this] { GoTo("cart"); });  // refused, since a dispatch is in progress
+        GoTo("cart");
+    };
+    GoTo("itemView");
+    EXPECT_EQ(GetStores().View->ViewName(), "cart");
+    EXPECT_EQ(OnShow(), Names{"cart"});
+    EXPECT_EQ(m_itemView->shown, 0);
+}
+
+TEST_F(ShellViewChange, AViewThatChangesTheViewWhileItIsShownIsNotShownBesideIt) {
+    m_cart->onShown = [this] {
+        testing::RaisedBy([this] { GoTo("itemView"); });  // refused, since a dispatch is in progress
+        GoTo("itemView");
+    };
+    GoTo("cart");
+    EXPECT_EQ(OnShow(), Names{"itemView"});
+    EXPECT_EQ(m_cart->hidden, 1);
 }
 
 TEST_F(ShellViewChange, TheShellMayGoWhileAMessageAboutAViewIsOpen) {

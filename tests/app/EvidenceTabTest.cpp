@@ -1,0 +1,142 @@
+#include "core/Actions.h"
+#include "core/Stores.h"
+#include "data/StorageLocationStatic.h"
+#include "data/StoredItemSearch.h"
+#include "tests/app/MainWindowTest.h"
+#include "tests/support/Items.h"
+#include "ui/controls/ListView.h"
+#include "ui/explorer/EvidenceExplorer.h"
+#include "ui/explorer/LocationView.h"
+
+#include <QTabBar>
+
+namespace quellbrook::testing {
+
+namespace {
+
+constexpr RecordAddress record{RecordKind::Property, 1};
+
+// Visits another tab of the host and comes back.
+class EvidenceTabTest : public MainWindowTest {
+protected:
+    void SetUp() override {
+        MainWindowTest::SetUp();
+        LogIn(SampleAccounts()[0]);
+    }
+
+    void VisitAnotherTab() {
+        m_window->OpenRecord(record);
+        ASSERT_FALSE(Evidence()->isVisible());
+        ComeBack();
+    }
+    void ComeBack() {
+        Find<QTabBar>(*m_window, "hostTabs")->setCurrentIndex(0);
+        ServeEvents();
+    }
+
+    std::vector<std::string> VisibleViews() {
+        std::vector<std::string> names;
+        for (const char* name : {"explorer", "cart", "itemView", "loading"})
+            if (Find(*Evidence(), name)->isVisible()) names.emplace_back(name);
+        return names;
+    }
+
+    EvidenceExplorer& Explorer() { return *Find<EvidenceExplorer>(*Evidence(), "explorer"); }
+    std::vector<std::string> Rows() {
+        std::vector<std::string> names;
+        const ListView* list = Explorer().ItemPane()->List();
+        for (int row = 0; row < list->RowCount(); ++row)
+            names.push_back(list->RowKey(row).toStdString());
+        return names;
+    }
+
+    // A location with several pieces of property.
+    StorageLocationRef FullLocation() {
+        return GetStorageLocationStatic().FindByID(
+            m_database
+                ->execAndGet("SELECT t.StorageLocNo FROM Property p JOIN PropertyTracking t ON t.PropertyNo = "
+                             "p.PropertyNo AND t.SeqNo = p.CurrTrackSeq JOIN StorageLocation s ON s.IdNo = "
+                             "t.StorageLocNo WHERE s.Type = 2 GROUP BY 1 HAVING COUNT(*) > 2 "
+                             "ORDER BY 1 LIMIT 1")
+                .getInt());
+    }
+    StorageLocationRef AnExternalLocation() {
+        return GetStorageLocationStatic().FindByID(
+            m_database->execAndGet("SELECT MIN(IdNo) FROM StorageLocation WHERE Type = 4").getInt());
+    }
+};
+
+using Names = std::vector<std::string>;
+
+}  // namespace
+
+TEST_F(EvidenceTabTest, OneViewIsVisibleAfterAVisitToAnotherTabInEachView) {
+    const StorageLocationRef location = FullLocation();
+    const StoredItemRef item = location->StoredItems()->ItemAt(0);
+    VisitAnotherTab();
+    EXPECT_EQ(VisibleViews(), Names{"explorer"});
+    GetActions().OpenStoredItem(item);
+    EXPECT_EQ(VisibleViews(), Names{"itemView"});
+    VisitAnotherTab();
+    EXPECT_EQ(VisibleViews(), Names{"itemView"});
+    GetActions().GoBack();
+    GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item}));
+    GetActions().NavigateTo("cart", nullptr);
+    EXPECT_EQ(VisibleViews(), Names{"cart"});
+    VisitAnotherTab();
+    EXPECT_EQ(VisibleViews(), Names{"cart"});
+    GetActions().GoBack();
+    EXPECT_EQ(VisibleViews(), Names{"explorer"});
+}
+
+TEST_F(EvidenceTabTest, TheListIsReadAgainAfterATransferThatFollowsAVisitToAnotherTab) {
+    const StorageLocationRef location = FullLocation();
+    Explorer().SetSelectedLocation(location);
+    const StoredItemRef item = location->StoredItems()->ItemAt(0);
+    const Names before = Rows();
+    VisitAnotherTab();
+    EXPECT_EQ(Rows(), before);
+    GetActions().BeginTransaction(TransactionType::SignOut, ListOf({item}));
+    GetActions().NavigateTo("cart", nullptr);
+    auto details = std::make_shared<TransferData>();
+    details->Location = AnExternalLocation();
+    details->DateReceived = GetClock().Now();
+    GetActions().ProcessTransaction(details);
+    GetActions().GoBack();
+    ASSERT_TRUE(m_screen.Messages().empty()) << m_screen.Messages()[0];
+    EXPECT_EQ(VisibleViews(), Names{"explorer"});
+    Names after = before;
+    std::erase(after, "P" + std::to_string(item->ID()));
+    EXPECT_EQ(after.size(), before.size() - 1);
+    EXPECT_EQ(Rows(), after);
+}
+
+TEST_F(EvidenceTabTest, TheListIsReadAgainOnComingBack) {
+    const StorageLocationRef location = FullLocation();
+    Explorer().SetSelectedLocation(location);
+    const size_t before = Rows().size();
+    m_window->OpenRecord(record);
+    const std::string item = std::to_string(location->StoredItems()->ItemAt(0)->ID());
+    m_database->exec("UPDATE Property SET CurrTrackSeq = NULL WHERE PropertyNo = " + item);
+    ComeBack();
+    EXPECT_EQ(Rows().size(), before - 1);
+}
+
+TEST_F(EvidenceTabTest, TheFocusReturnsToWhereItWas) {
+    Explorer().SetSelectedLocation(FullLocation());
+    QWidget* list = Explorer().ItemPane()->List()->Tree();
+    list->setFocus();
+    VisitAnotherTab();
+    EXPECT_EQ(QApplication::focusWidget(), list);
+}
+
+TEST_F(EvidenceTabTest, ATabChosenByKeyboardKeepsTheFocus) {
+    m_window->OpenRecord(record);
+    auto* tabs = Find<QTabBar>(*m_window, "hostTabs");
+    tabs->setFocus();
+    Press(tabs, Qt::Key_Left);
+    EXPECT_EQ(VisibleViews(), Names{"explorer"});
+    EXPECT_TRUE(tabs->hasFocus());
+}
+
+}  // namespace quellbrook::testing
