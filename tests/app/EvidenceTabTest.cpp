@@ -45,8 +45,7 @@ protected:
     std::vector<std::string> Rows() {
         std::vector<std::string> names;
         const ListView* list = Explorer().ItemPane()->List();
-        for (int row = 0; row < list->RowCount(); ++row)
-            names.push_back(list->RowKey(row).toStdString());
+        for (int row = 0; row < list->RowCount(); ++row) names.push_back(list->RowKey(row).toStdString());
         return names;
     }
 

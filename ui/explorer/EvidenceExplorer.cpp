@@ -20,6 +20,7 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QPointer>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -154,21 +155,33 @@ void EvidenceExplorer::SetSelectedLocation(const StorageLocationRef& location) {
 void EvidenceExplorer::Shown() { Refresh(); }
 
 void EvidenceExplorer::Refresh() {
-    m_itemPane->Refresh();
-    if (const StorageLocationRef location = SelectedLocation()) ShowCounts(*location);
+    const StorageLocationRef location = SelectedLocation();
+    try {
+        // After a failure, the pane shows no location.
+        if (m_itemPane->Location())
+            m_itemPane->Refresh();
+        else
+            m_itemPane->SetLocation(location);
+        if (location) ShowCounts(*location);
+    } catch (...) {
+        ShowFailure(CurrentError());
+        throw;
+    }
 }
 
 void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
+    const QPointer<EvidenceExplorer> self(this);
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(item)) {
         const bool hadFocus = ActiveChild() == m_itemPane;
         m_itemPane->SetLocation(location);
-        if (hadFocus && !m_itemPane->isEnabled()) TrySetFocus(m_locationPane);
+        if (self && hadFocus && !m_itemPane->isEnabled()) TrySetFocus(m_locationPane);
     } else if (const auto storedItem = std::dynamic_pointer_cast<StoredItem>(item)) {
         GetActions().OpenStoredItem(storedItem);
     }
 }
 
 void EvidenceExplorer::DisplayCurrentLocation() {
+    const QPointer<EvidenceExplorer> self(this);
     int step = 1;
     Guard(
         [&] {
@@ -181,12 +194,16 @@ void EvidenceExplorer::DisplayCurrentLocation() {
                 DisplayLocation(location, step);
             else
                 DisplayNoLocation();
+            if (!self) return;
             step = 5;
             LayoutView();
         },
-        [&](const Error& error) { ReportDisplayError(error, step); });
+        [&](const Error& error) {
+            if (self) ShowFailure(error);
+            ReportDisplayError(error, step);
+        });
     SetMousePointer(MousePointer::Default);
-    m_grpLoading->hide();
+    if (self) m_grpLoading->hide();
 }
 
 void EvidenceExplorer::DisplayNoLocation() {
@@ -210,6 +227,13 @@ void EvidenceExplorer::ShowCounts(StorageLocation& location) {
     const auto subLocations = static_cast<int64_t>(location.SubLocations().size());
     m_lblSubtitle->SetCaption(ToQString(FormatCount(subLocations, "%d storage unit", "%d storage units") + ", " +
                                         FormatCount(location.StoredItemsCount(), "%d item", "%d items")));
+}
+
+// Rows of another location must not remain below the heading.
+void EvidenceExplorer::ShowFailure(const Error& error) {
+    m_itemPane->Clear();
+    m_lblSubtitle->SetCaption(ToQString(error.Description()).simplified());
+    LayoutView();
 }
 
 QWidget* EvidenceExplorer::ActiveChild() const {
@@ -237,13 +261,17 @@ std::shared_ptr<ObjectVector> EvidenceExplorer::GetSelectedObjects() const {
 void EvidenceExplorer::PrepareActionMenu(MenuSource source, QWidget* pane) {
     SetMousePointer(MousePointer::Hourglass);
     const auto restorePointer = qScopeGuard([] { SetMousePointer(MousePointer::Default); });
+    const QPointer<EvidenceExplorer> self(this);
     if (ActiveChild() != pane) TrySetFocus(pane);
+    if (!self) return;
     const std::vector<SelectedObject> selection = DescribeSelection(*GetSelectedObjects(), *m_cartstore);
     m_mnuItems->Apply(ApplyMenuRules(source, selection, ReadMenuRights(GetUser())));
 }
 
 void EvidenceExplorer::OfferMenu(MenuSource source, QWidget* pane, QMenu*& contextMenu, QAction*& defaultMenu) {
+    const QPointer<EvidenceExplorer> self(this);
     PrepareActionMenu(source, pane);
+    if (!self) return;
     contextMenu = m_mnuItems;
     defaultMenu = m_mnuItems->Entry(MenuEntry::Open);
 }
@@ -275,7 +303,8 @@ void EvidenceExplorer::LayoutView() {
 
         const float infobarLeft = m_locationPane->Right() + panelMargin;
         m_picInfobar->Move(infobarLeft, 0, width - infobarLeft, headingHeight);
-        m_lblTitle->SetWidth(std::min(ToTwips(m_lblTitle->sizeHint().width()), m_picInfobar->Width() - headingInset));
+        for (Label* text : {m_lblTitle, m_lblSubtitle})
+            text->SetWidth(std::min(ToTwips(text->sizeHint().width()), m_picInfobar->Width() - headingInset));
         m_lnSeparator->Move(0, headingHeight - TwipsPerPixel, m_picInfobar->Width() - headingInset, TwipsPerPixel);
 
         const float columnTop = m_picInfobar->Top() + headingInset;

@@ -35,7 +35,7 @@ public:
 
     const StorageLocationRef& SelectedLocation() const;
     void SetSelectedLocation(const StorageLocationRef& location);
-    // Displays the contents again.
+    // Displays the contents again. If that fails, shows no rows, and the reason in the subtitle, and throws.
     void Refresh();
     // Enters a location or opens an item in its view; ignores anything else.
     void OpenItemRequest(const ObjectRef& item);
@@ -65,6 +65,7 @@ private:
     void DisplayNoLocation();
     void DisplayLocation(const StorageLocationRef& location, int& step);
     void ShowCounts(StorageLocation& location);
+    void ShowFailure(const Error& error);
     void LayoutView();
 
     void itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);

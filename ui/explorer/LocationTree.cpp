@@ -64,8 +64,9 @@ LocationTree::LocationTree(QWidget* parent)
     m_locationStore = GetStores().Locations;
     m_locationsChanged = m_locationStore->OnChange.connect([this] {
         Guard([this] {
+            const QPointer<LocationTree> self(this);
             Refresh();
-            SetSelectedLocation(m_locationStore->GetSelectedLocation());
+            if (self) SetSelectedLocation(m_locationStore->GetSelectedLocation());
         });
     });
 }
@@ -138,7 +139,9 @@ void LocationTree::LoadLocations(const StorageLocationRef& selected, bool raises
         m_picLoading->hide();
         m_treeView->setEnabled(true);
         m_treeView->show();
+        const QPointer<LocationTree> self(this);
         if (hadFocus) TrySetFocus(m_treeView);
+        if (!self) return;
         const StorageLocationRef location = selected ? selected : m_locationStore->GetSelectedLocation();
         if (raisesSelection)
             SetSelectedLocation(location);
@@ -213,7 +216,9 @@ void LocationTree::Refresh() {
         location->Refresh();
         if (location->IsDeleted()) location = location->Parent();
     }
+    const QPointer<LocationTree> self(this);
     LoadLocations(location, false);
+    if (!self) return;
     m_selectedLocation = location;
     if (!location) m_treeView->SelectQuietly(nullptr);
     LocationSelected(location);

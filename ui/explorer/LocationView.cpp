@@ -105,6 +105,11 @@ void LocationView::SetLocation(const StorageLocationRef& location) {
 
 void LocationView::Refresh() { DisplayCurrentLocation(); }
 
+void LocationView::Clear() {
+    m_location = nullptr;
+    DisplayCurrentLocation();
+}
+
 void LocationView::DisplayCurrentLocation() {
     int step = 1;
     try {

@@ -43,6 +43,8 @@ public:
     void SetLocation(const StorageLocationRef& location);
     // Displays the location again.
     void Refresh();
+    // Displays no location, without raising LocationChanged.
+    void Clear();
 
     // The objects of the selected rows, in row order.
     std::shared_ptr<ObjectVector> SelectedItems() const;

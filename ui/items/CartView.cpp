@@ -141,10 +141,11 @@ void CartView::BuildFormPanel() {
     };
     m_cancel = addButton("btnCancel", "Cancel", CancelWidth);
     m_cancel->SetInverted(true);
-    connect(m_cancel, &FlatButton::Clicked, this, [] {
-        Guard([] {
+    connect(m_cancel, &FlatButton::Clicked, this, [this] {
+        Guard([this] {
+            const QPointer<CartView> self(this);
             GetActions().CancelTransactionWithPrompt();
-            GetActions().GoBack();
+            if (self) GetActions().GoBack();
         });
     });
     m_transfer = addButton("btnTransfer", "Transfer", TransferWidth);
@@ -272,16 +273,19 @@ bool CartView::TransferItems() {
 
 // GoBack is guarded separately: after a successful transfer, the message of ReportTransferError would be wrong.
 void CartView::TransferButton_Click() {
+    const QPointer<CartView> self(this);
     bool transferred = false;
     Guard([&] { transferred = TransferItems(); }, ReportTransferError);
-    if (transferred) Guard([] { GetActions().GoBack(); });
+    if (transferred && self) Guard([] { GetActions().GoBack(); });
 }
 
 void CartView::RemoveItem_Click() {
     const StoredItemRef item = m_itemList->SelectedItem();
     Require(item, "CartView.RemoveItem_Click");
+    const QPointer<CartView> self(this);
     if (ShowMessage(RemovalQuestion(*item), MessageStyle::YesNoQuestion, "Confirm Remove") != MessageAnswer::Yes)
         return;
+    if (!self) return;
     GetActions().RemoveFromCart(item);
     if (GetStores().Cart->IsEmpty()) GetActions().GoBack();
 }

@@ -1,4 +1,3 @@
-#include "tests/support/FaultInjectingEngine.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
@@ -12,8 +11,6 @@ namespace quellbrook::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::MatchesRegex;
 
 class EvidenceExplorerTest : public ExplorerWindowTest {};
 
@@ -129,44 +126,6 @@ TEST_F(EvidenceExplorerTest, OpeningAnythingElseIsIgnored) {
     m_explorer->OpenItemRequest(nullptr);
     EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_shelf);
     EXPECT_EQ(GetStores().View->ViewName(), "");
-}
-
-TEST_F(EvidenceExplorerTest, AFailedDisplayIsReportedWithItsDetails) {
-    Show();
-    const StorageLocationRef shelf = LocationOf(m_shelf);
-    auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-    m_database.Install(engine);
-    ASSERT_NE(LocationOf(m_shelf), nullptr);
-    engine->FailAtStatement(1, Error(4711, "Engine.Query", "The server is gone."));
-    m_explorer->SetSelectedLocation(shelf);
-    const auto messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_THAT(messages[0].prompt,
-                MatchesRegex("An unexpected error occurred attempting to display the items in this location. Some "
-                             "items may not be displayed. Please contact Tessarine Support for assistance.\r\n\r\n"
-                             "\\[DisplayCurrentLocation \\(line [0-9]+\\)\\] ~ Engine.Query \\(4711\\) The server is "
-                             "gone\\."));
-    EXPECT_EQ(messages[0].buttons, 16);
-    EXPECT_EQ(messages[0].title, "Unexpected Error");
-    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
-
-    m_explorer->SetSelectedLocation(LocationOf(m_empty));
-    EXPECT_EQ(Title(), "Empty Shelf");
-    EXPECT_EQ(Subtitle(), "0 storage units, 0 items");
-}
-
-TEST_F(EvidenceExplorerTest, AFailureOfTheContentsIsReportedWithTheirSentence) {
-    Show();
-    const StorageLocationRef shelf = LocationOf(m_shelf);
-    auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-    m_database.Install(engine);
-    ASSERT_NE(LocationOf(m_shelf), nullptr);
-    engine->FailAtStatement(2, Error(4711, "Engine.Query", "The server is gone."));
-    m_explorer->SetSelectedLocation(shelf);
-    const auto messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_THAT(messages[0].prompt, HasSubstr("Error displaying items in this location: The server is gone."));
-    EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
 }
 
 TEST_F(EvidenceExplorerTest, ControlsAreLaidOut) {

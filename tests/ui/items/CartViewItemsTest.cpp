@@ -74,6 +74,14 @@ TEST_F(CartViewTest, AnyAnswerButYesKeepsTheItem) {
     }
 }
 
+TEST_F(CartViewTest, AViewThatIsDestroyedBehindItsQuestionRemovesNothing) {
+    BeginSignOut();
+    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) { delete m_view; };
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Entry("mnuRemove")->trigger();
+    EXPECT_EQ(Cart()->GetItems()->Count(), 2);
+}
+
 TEST_F(CartViewTest, RemovingTheLastItemEndsTheTransferAndGoesBack) {
     Begin(TransactionType::SignOut, {m_laptop});
     m_screen.AnswerNext(MessageAnswer::Yes);

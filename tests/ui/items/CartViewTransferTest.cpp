@@ -210,5 +210,24 @@ TEST_F(CartViewTest, TheViewCanBeDestroyedBehindAMessage) {
     EXPECT_EQ(m_screen.TakeMessages(), Messages{NoDestination});
 }
 
+TEST_F(CartViewTest, AViewThatIsDestroyedBehindItsQuestionDoesNotGoBack) {
+    BeginSignOut();
+    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) { delete m_view; };
+    m_screen.AnswerNext(MessageAnswer::No);
+    Click(Cancel());
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_TRUE(IsCurrent());
+}
+
+TEST_F(CartViewTest, AViewThatIsDestroyedDuringATransferDoesNotGoBack) {
+    BeginSignOut();
+    FillForm(crimeLab);
+    const Subscription changed = Cart()->OnChange.connect([&] { delete std::exchange(m_view, nullptr); });
+    Transfer()->Click();
+    EXPECT_TRUE(m_screen.TakeMessages().empty());
+    EXPECT_TRUE(Cart()->IsEmpty());
+    EXPECT_TRUE(IsCurrent());
+}
+
 }  // namespace
 }  // namespace quellbrook::testing

@@ -1,0 +1,180 @@
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/common/ViewHelpers.h"
+
+#include <gmock/gmock.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+
+const Error lostServer(4711, "Engine.Query", "The server is gone.");
+
+// Loads of the explorer that fail. The first query of a load counts the items, the second one reads them.
+class EvidenceExplorerFailureTest : public ExplorerWindowTest {
+protected:
+    // Makes the nth query from now fail.
+    void FailAtQuery(int n, const Error& error = lostServer) {
+        auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(engine);
+        ASSERT_NE(LocationOf(m_shelf), nullptr);  // reads the locations
+        engine->FailAtStatement(n, error);
+    }
+
+    void ExpectNothingShown(const char* title, const char* subtitle) {
+        EXPECT_EQ(Title(), title);
+        EXPECT_EQ(Subtitle(), subtitle);
+        EXPECT_EQ(m_list->RowCount(), 0);
+        EXPECT_TRUE(m_list->IsShown());
+        EXPECT_EQ(m_view->Location(), nullptr);
+    }
+};
+
+TEST_F(EvidenceExplorerFailureTest, AFailedDisplayIsReportedWithItsDetails) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    FailAtQuery(1);
+    m_explorer->SetSelectedLocation(shelf);
+    const auto messages = m_screen.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_THAT(messages[0].prompt,
+                MatchesRegex("An unexpected error occurred attempting to display the items in this location. Some "
+                             "items may not be displayed. Please contact Tessarine Support for assistance.\r\n\r\n"
+                             "\\[DisplayCurrentLocation \\(line [0-9]+\\)\\] ~ Engine.Query \\(4711\\) The server is "
+                             "gone\\."));
+    EXPECT_EQ(messages[0].buttons, 16);
+    EXPECT_EQ(messages[0].title, "Unexpected Error");
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+TEST_F(EvidenceExplorerFailureTest, AFailureOfTheContentsIsReportedWithTheirSentence) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    FailAtQuery(2);
+    m_explorer->SetSelectedLocation(shelf);
+    const auto messages = m_screen.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_THAT(messages[0].prompt, HasSubstr("Error displaying items in this location: The server is gone."));
+    ExpectNothingShown("Shelf A", "Error displaying items in this location: The server is gone.");
+}
+
+TEST_F(EvidenceExplorerFailureTest, NoRowsOfAnotherLocationStayBelowTheHeading) {
+    Show(m_bin);
+    m_explorer->SetSelectedLocation(LocationOf(m_shelf));
+    ASSERT_EQ(m_list->RowCount(), 3);
+    std::vector<std::string> entered;
+    const Subscription changed = m_view->LocationChanged.connect(
+        [&](const StorageLocationRef& location) { entered.push_back(location ? location->Name() : ""); });
+    const StorageLocationRef bin = LocationOf(m_bin);
+    FailAtQuery(1);
+    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) {
+        ExpectNothingShown("Bin 1", "The server is gone.");
+    };
+    m_explorer->SetSelectedLocation(bin);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    ExpectNothingShown("Bin 1", "The server is gone.");
+    EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_bin);
+    EXPECT_TRUE(entered.empty());
+}
+
+TEST_F(EvidenceExplorerFailureTest, AnotherLocationIsShownAfterAFailure) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    FailAtQuery(1);
+    m_explorer->SetSelectedLocation(shelf);
+    m_screen.TakeMessages();
+    m_explorer->SetSelectedLocation(LocationOf(m_empty));
+    EXPECT_EQ(Title(), "Empty Shelf");
+    EXPECT_EQ(Subtitle(), "0 storage units, 0 items");
+    m_explorer->SetSelectedLocation(LocationOf(m_shelf));
+    EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
+    EXPECT_EQ(m_list->RowCount(), 3);
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheNextRefreshShowsTheLocationAgain) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    FailAtQuery(2);
+    m_explorer->SetSelectedLocation(shelf);
+    m_screen.TakeMessages();
+    m_explorer->hide();
+    m_explorer->show();
+    EXPECT_EQ(Title(), "Shelf A");
+    EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
+    EXPECT_EQ(m_list->RowCount(), 3);
+    EXPECT_EQ(m_view->Location()->ID(), m_shelf);
+}
+
+TEST_F(EvidenceExplorerFailureTest, AFailedRefreshShowsNoRowsEither) {
+    for (const int query : {1, 2}) {
+        Show(m_shelf);
+        FailAtQuery(query);
+        EXPECT_EQ(RaisedBy([this] { m_explorer->Refresh(); }).Number(), 4711);
+        EXPECT_EQ(Title(), "Shelf A");
+        EXPECT_THAT(Subtitle(), HasSubstr("The server is gone."));
+        EXPECT_EQ(m_list->RowCount(), 0);
+        m_explorer->Refresh();
+        EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
+        EXPECT_EQ(m_list->RowCount(), 3);
+    }
+}
+
+TEST_F(EvidenceExplorerFailureTest, ALongReasonIsOneLineWithinTheHeading) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    FailAtQuery(1, Error(4711, "Engine.Query", std::string(300, 'W') + "\r\nsecond line"));
+    m_explorer->SetSelectedLocation(shelf);
+    m_screen.TakeMessages();
+    EXPECT_EQ(Subtitle(), std::string(300, 'W') + " second line");
+    const auto* subtitle = Find<Label>(*m_explorer, "lblSubtitle");
+    EXPECT_EQ(subtitle->width(), 1280 - 312 - 8);
+    m_explorer->SetSelectedLocation(LocationOf(m_empty));
+    EXPECT_EQ(subtitle->width(), subtitle->sizeHint().width());
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileAFailureIsReported) {
+    Show();
+    const StorageLocationRef shelf = LocationOf(m_shelf);
+    const QPoint node = NodeCenter("Shelf A");
+    FailAtQuery(1);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    Click(m_widget->viewport(), node);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+// The next call of TrySetFocus shows its message.
+void UseUpFocusCalls(RecordingScreen& screen) {
+    constexpr int mostCalls = 200;
+    QWidget none;
+    while (screen.Messages().empty()) TrySetFocus(&none);
+    for (int call = 1; call < mostCalls; ++call) TrySetFocus(&none);
+    ASSERT_EQ(screen.TakeMessages().size(), 1u);
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileTheTreeReportsAFocusLoop) {
+    Show(m_shelf);
+    m_widget->setFocus();
+    UseUpFocusCalls(m_screen);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    m_tree->Refresh();
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileItsMenuReportsAFocusLoop) {
+    Show(m_shelf);
+    m_widget->setFocus();
+    UseUpFocusCalls(m_screen);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    QMenu* menu = nullptr;
+    QAction* entry = nullptr;
+    m_view->ItemContextMenu(menu, entry);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(menu, nullptr);
+}
+
+}  // namespace
+}  // namespace quellbrook::testing
