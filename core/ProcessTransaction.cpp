@@ -7,6 +7,7 @@
 #include "core/Stores.h"
 #include "data/TransferStatements.h"
 #include "host/HostDatabase.h"
+#include "host/TransferOutcome.h"
 
 #include <optional>
 
@@ -32,6 +33,8 @@ std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std
         items = GetStores().Cart->GetItems();
         GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, source)));
         return std::nullopt;
+    } catch (const UnknownOutcome& failure) {
+        return std::string(UnknownOutcomeText) + "\r\n\r\n" + failure.Description();
     } catch (...) {
         return CurrentError().Description();
     }

@@ -4,6 +4,7 @@
 #include "data/RowDocuments.h"
 #include "data/StorageLocationStatic.h"
 #include "host/HostDatabase.h"
+#include "host/TransferOutcome.h"
 
 namespace quellbrook {
 
@@ -17,11 +18,16 @@ std::string Literal(const std::string& text) { return GetHostDatabase().PrepareT
 std::string Literal(const LocationPath& path) { return Literal(path.ToText()); }
 std::string AnyBelow(const LocationPath& path) { return GetHostDatabase().PrepareLike(path.ToText() + "*"); }
 
+constexpr const char* unknownOutcome =
+    "It could not be found out whether this change was completed. Refresh the locations before you go on.";
+
 // Runs the work and turns any failure into Error 5 with the message from `sentence`.
 template <typename Work, typename Sentence>
 auto Guarded(const char* source, Work work, Sentence sentence) {
     try {
         return work();
+    } catch (const UnknownOutcome& failure) {
+        Raise(ErrorNumber::General, source, unknownOutcome + (emptyLine + failure.Description()));
     } catch (...) {
         Raise(ErrorNumber::General, source, sentence(CurrentError()));
     }

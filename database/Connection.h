@@ -43,6 +43,9 @@ public:
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     virtual void Rollback() noexcept = 0;
+    // Names the latest transaction for Engine::WasCommitted. Empty if it certainly was not committed, so a failed
+    // Commit after which this is not empty may have committed it.
+    virtual std::string TransactionName() const = 0;
 
     // Whether the connection is still usable.
     virtual bool IsHealthy() = 0;
@@ -56,6 +59,9 @@ public:
     virtual ~Engine() = default;
 
     virtual std::unique_ptr<Connection> Open() = 0;
+    // Whether a transaction was committed although its Commit failed. Neither a crash nor a power loss changes the
+    // answer later. Raises an Error if it cannot be found out.
+    virtual bool WasCommitted(const std::string& transactionName) = 0;
     virtual const Dialect& GetDialect() const = 0;
 };
 

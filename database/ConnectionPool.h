@@ -31,6 +31,8 @@ public:
 
     Lease Borrow();
     const Dialect& GetDialect() const { return m_engine->GetDialect(); }
+    // See Engine::WasCommitted.
+    bool WasCommitted(const std::string& transactionName) { return m_engine->WasCommitted(transactionName); }
 
 private:
     friend class Lease;

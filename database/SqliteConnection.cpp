@@ -52,7 +52,8 @@ SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds
     : m_database(OpenDatabase(path, busyMilliseconds)),
       m_handle(m_database->getHandle()),
       m_statements(m_handle),
-      m_temporaryTables(m_handle) {}
+      m_temporaryTables(m_handle),
+      m_marks(m_handle) {}
 
 SqliteConnection::~SqliteConnection() = default;
 
@@ -134,14 +135,55 @@ int32_t SqliteConnection::LastIdentity() {
 }
 
 void SqliteConnection::Begin() {
+    m_mark.clear();
     m_temporaryTables.Begin();
     Run("BEGIN IMMEDIATE", "SqliteConnection.Begin");
     m_inBatch = true;
 }
 
 void SqliteConnection::Commit() {
-    Run("COMMIT", "SqliteConnection.Commit");
+    const char* const source = "SqliteConnection.Commit";
+    std::string mark = Watch([&] { return m_marks.Write(); });
+    try {
+        m_mark = std::move(mark);
+        Run("COMMIT", source);
+    } catch (...) {
+        if (!MayHaveCommitted()) m_mark.clear();
+        throw;
+    }
     EndBatch();
+}
+
+// After COMMIT failed. The end of a transaction is the last thing that is written, then it is synchronized.
+bool SqliteConnection::MayHaveCommitted() {
+    const bool isStillOpen = sqlite3_get_autocommit(m_handle) == 0;
+    const int code = sqlite3_extended_errcode(m_handle);
+    return !isStillOpen && code != SQLITE_FULL && code != SQLITE_IOERR_WRITE;
+}
+
+// The write-ahead log may contain the whole transaction although it could not be synchronized. Other connections do not
+// see it there, but after a crash it would be found. The new transaction either follows it or overwrites it.
+bool SqliteConnection::SettleOutcome(const std::string& mark) {
+    try {
+        Begin();
+        const bool wasCommitted = m_marks.WasCommitted(mark);
+        Commit();
+        if (wasCommitted) MoveLogIntoFile();
+        return wasCommitted;
+    } catch (...) {
+        Rollback();
+        throw;
+    }
+}
+
+// Synchronizing the log again would not be enough: after a failure, the system may regard its pages as written.
+void SqliteConnection::MoveLogIntoFile() {
+    const char* const source = "SqliteConnection.MoveLogIntoFile";
+    SqliteStatement checkpoint(m_handle, "PRAGMA wal_checkpoint(FULL)", source);
+    checkpoint.Step(source);
+    Row row = checkpoint.MakeRow();
+    checkpoint.Read(row);
+    if (row.At(0) != TaggedValue(0)) Raise(ErrorNumber::General, source, "Another program uses the database.");
 }
 
 void SqliteConnection::EndBatch() noexcept {

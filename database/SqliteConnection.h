@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/BatchMarks.h"
 #include "database/Connection.h"
 #include "database/StatementCache.h"
 #include "database/TemporaryTables.h"
@@ -31,6 +32,9 @@ public:
     void Begin() override;
     void Commit() override;
     void Rollback() noexcept override;
+    std::string TransactionName() const override { return m_mark; }
+    // See Engine::WasCommitted.
+    bool SettleOutcome(const std::string& mark);
     // Also false after the file has been deleted or replaced, since changes to it would be lost.
     bool IsHealthy() override;
     void Reset() override;
@@ -41,12 +45,16 @@ private:
     void Run(std::string_view sql, std::string_view source);
     bool TryExecutePrepared(const std::string& sql);
     void ExecuteText(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    bool MayHaveCommitted();
     void EndBatch() noexcept;
+    void MoveLogIntoFile();
 
     std::unique_ptr<SQLite::Database> m_database;
     sqlite3* m_handle;
     StatementCache m_statements;
     TemporaryTables m_temporaryTables;
+    BatchMarks m_marks;
+    std::string m_mark;
     sql::NormalizedStatement m_normalized;
     bool m_inBatch = false;
     bool m_isHealthy = true;

@@ -62,4 +62,8 @@ std::unique_ptr<Connection> SqliteEngine::Open() {
     return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds);
 }
 
+bool SqliteEngine::WasCommitted(const std::string& transactionName) {
+    return SqliteConnection(m_path, m_busyMilliseconds).SettleOutcome(transactionName);
+}
+
 }  // namespace quellbrook

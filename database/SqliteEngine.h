@@ -19,6 +19,7 @@ public:
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
 
     std::unique_ptr<Connection> Open() override;
+    bool WasCommitted(const std::string& transactionName) override;
     const Dialect& GetDialect() const override { return m_dialect; }
 
 private:

@@ -1,8 +1,10 @@
 #include "host/HostDatabase.h"
 
 #include "base/Error.h"
+#include "base/ErrorLog.h"
 #include "base/Text.h"
 #include "host/HostServices.h"
+#include "host/TransferOutcome.h"
 #include "sql/Literals.h"
 
 #include <pugixml.hpp>
@@ -36,6 +38,15 @@ TaggedValue ValueFor(const std::string& text, ColumnKind kind) {
     case ColumnKind::Text: break;
     }
     return text;
+}
+
+bool WasCommitted(const std::string& transactionName, const Error& failure) {
+    try {
+        return HostServices::Current().Pool().WasCommitted(transactionName);
+    } catch (...) {
+        LogFailure("HostDatabase.ExecuteBatch", CurrentError().Description());
+        throw UnknownOutcome(failure.Number(), failure.Source(), failure.Description());
+    }
 }
 
 std::string InsertText(const std::string& table, const std::vector<std::string>& columns) {
@@ -90,8 +101,11 @@ void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements) {
         for (const std::string& statement : statements) connection->Execute(statement);
         connection->Commit();
     } catch (...) {
+        const Error failure = CurrentError();
+        const std::string name = connection->TransactionName();
         connection->Rollback();
-        throw;
+        if (name.empty() || !WasCommitted(name, failure)) throw;
+        LogFailure(failure.Source(), failure.Description());
     }
 }
 

@@ -34,7 +34,8 @@ public:
     void Execute(const std::string& sql);
     void ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters);
 
-    // All statements in order, on one connection, in one transaction. A failure rolls all of them back.
+    // All statements in order, on one connection, in one transaction. A failure rolls all of them back. After a failed
+    // commit, returns if the batch was committed all the same, and raises UnknownOutcome if that can't be found out.
     void ExecuteBatch(const std::vector<std::string>& statements);
 
     // Inserts the row document's children that have isPersistable; returns the identity assigned to keyColumn.

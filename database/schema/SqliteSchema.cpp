@@ -299,6 +299,12 @@ CREATE TABLE Setting (
 ) WITHOUT ROWID)sql",
 };
 
+const char* const batchMarkTable = R"sql(
+CREATE TABLE BatchMark (
+    MarkNo INTEGER PRIMARY KEY,
+    Token INTEGER NOT NULL
+))sql";
+
 const std::pair<const char*, const char*> itemKinds[] = {{"Property", "1"}, {"Vehicle", "2"}};
 
 std::string ForKind(const char* text, const std::pair<const char*, const char*>& kind) {
@@ -335,7 +341,7 @@ std::vector<std::string> NamesOfCurrentPlaceTriggers() {
 }  // namespace
 
 const std::vector<SchemaScript>& SqliteSchemaScripts() {
-    static const std::vector<SchemaScript> scripts = {{SchemaVersion, FirstVersion()}};
+    static const std::vector<SchemaScript> scripts = {{1, FirstVersion()}, {SchemaVersion, {batchMarkTable}}};
     return scripts;
 }
 

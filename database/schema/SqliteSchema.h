@@ -20,10 +20,12 @@ namespace quellbrook {
 //   no row is ever missing; readers check the custody row.
 // - PropertyDescription is the trigram index on Property.Description.
 // - SchemaFact lists the guarantees that queries may rely on.
+//
+// BatchMark has a row for each of the latest batches, written with it. The row proves that the batch was committed.
 
 // Every database file has these in its header, as SQLite's application_id ("QBK1") and user_version.
 inline constexpr int32_t DatabaseApplicationId = 0x51424B31;
-inline constexpr int32_t SchemaVersion = 1;
+inline constexpr int32_t SchemaVersion = 2;
 
 // Upgrades a database from the previous version to this one.
 struct SchemaScript {

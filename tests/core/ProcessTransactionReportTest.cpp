@@ -1,5 +1,7 @@
 #include "tests/core/ProcessTransactionTest.h"
 
+#include "host/TransferOutcome.h"
+
 namespace quellbrook::testing {
 namespace {
 
@@ -95,6 +97,32 @@ TEST_F(ProcessTransactionReport, AFailingLogDoesNotLeaveTheOperation) {
     EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
     EXPECT_EQ(log.calls, 1);
     m_environment->errorLog = &m_log;
+}
+
+// A commit whose answer was lost may have been completed.
+
+TEST_F(ProcessTransactionReport, ACommitThatReportedAFailureButWasCompletedIsASuccess) {
+    const int32_t id = AddStored(Property);
+    InstallFaultyEngine()->FailAfterCommit(DatabaseError);
+    Begin({FindItem(Property, id)});
+    m_log.Announce(DatabaseError.Source());
+    GetActions().ProcessTransaction(MakeTransfer());
+    ExpectCommittedReport("Successfully transferred 1 item");
+    EXPECT_EQ(ToInt32(ValueOf(Property, id, "CurrTrackSeq")), 2);
+}
+
+TEST_F(ProcessTransactionReport, ACommitOfUnknownOutcomeIsReportedAsSuch) {
+    const int32_t id = AddStored(Property);
+    const auto faulty = InstallFaultyEngine();
+    faulty->FailAfterCommit(DatabaseError);
+    faulty->LoseOutcome(true);
+    Begin({FindItem(Property, id)});
+    m_log.Announce("HostDatabase.ExecuteBatch");
+    m_log.Announce(LogSource);
+    GetActions().ProcessTransaction(MakeTransfer());
+    const std::string description = std::string(UnknownOutcomeText) + "\r\n\r\n" + DatabaseError.Description();
+    ExpectFailureReport(description);
+    EXPECT_EQ(m_log.Entries().back().message, description);
 }
 
 TEST_F(ProcessTransactionReport, LoadingIsOnWhileTheBatchRunsAndTheBatchStillExistsWhenTheUserIsNotified) {

@@ -204,8 +204,26 @@ TEST_P(StorageLocationBatchFaults, AFailureToCommitLeavesTheDatabaseAsItWas) {
         "commit", [](Department& d) { d.engine->FailAtCommit(LogFull); }, DescriptionAfter(GetParam().failure));
 }
 
-TEST_P(StorageLocationBatchFaults, ACommitWhoseAnswerIsLostIsReportedAlthoughTheWriteIsKept) {
-    ExpectWritten([](Department& d) { d.engine->FailAfterCommit(LogFull); }, DescriptionAfter(GetParam().failure));
+TEST_P(StorageLocationBatchFaults, ACommitThatReportedAFailureButWasCompletedIsASuccess) {
+    Department department(GetParam().id);
+    department.engine->FailAfterCommit(LogFull);
+    m_log.Announce(LogFull.Source());
+    GetParam().run(department);
+    EXPECT_TRUE(department.engine->HasStruck());
+    EXPECT_EQ(department.database.Snapshot(), m_after);
+    EXPECT_EQ(TreeAsRead(), m_treeAfter);
+}
+
+TEST_P(StorageLocationBatchFaults, ACommitOfUnknownOutcomeIsNotReportedAsAFailure) {
+    m_log.Announce("HostDatabase.ExecuteBatch");
+    ExpectWritten(
+        [](Department& d) {
+            d.engine->FailAfterCommit(LogFull);
+            d.engine->LoseOutcome(true);
+        },
+        "It could not be found out whether this change was completed. Refresh the locations before you go "
+        "on.\r\n\r\n" +
+            LogFull.Description());
 }
 
 }  // namespace quellbrook

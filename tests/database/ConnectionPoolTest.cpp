@@ -31,6 +31,7 @@ public:
     void Begin() override {}
     void Commit() override {}
     void Rollback() noexcept override {}
+    std::string TransactionName() const override { return {}; }
     bool IsHealthy() override { return m_counts.healthy; }
     void Reset() override {
         ++m_counts.resets;
@@ -49,6 +50,7 @@ public:
         ++m_counts.opened;
         return std::make_unique<CountingConnection>(m_counts);
     }
+    bool WasCommitted(const std::string&) override { return false; }
     const Dialect& GetDialect() const override { return m_dialect; }
 
 private:

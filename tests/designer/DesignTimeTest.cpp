@@ -25,6 +25,7 @@ public:
         ADD_FAILURE() << "A control queried the database.";
         Raise(ErrorNumber::General, "UntouchedEngine.Open", "The database was asked at design time.");
     }
+    bool WasCommitted(const std::string&) override { return false; }
     const Dialect& GetDialect() const override { return m_dialect; }
 
 private:

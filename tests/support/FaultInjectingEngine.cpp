@@ -35,6 +35,7 @@ public:
         Pass(Step::AfterCommit);
     }
     void Rollback() noexcept override { m_inner->Rollback(); }
+    std::string TransactionName() const override { return m_inner->TransactionName(); }
     bool IsHealthy() override { return !m_broken && m_inner->IsHealthy(); }
     void Reset() override { m_inner->Reset(); }
 
@@ -61,6 +62,11 @@ FaultInjectingEngine::FaultInjectingEngine(std::shared_ptr<Engine> inner)
 std::unique_ptr<Connection> FaultInjectingEngine::Open() {
     m_state->Pass(Step::Open);
     return std::make_unique<FaultInjectingConnection>(m_inner->Open(), m_state);
+}
+
+bool FaultInjectingEngine::WasCommitted(const std::string& name) {
+    if (m_outcomeIsLost) Raise(ErrorNumber::General, "Fault", "The link is still gone.");
+    return m_inner->WasCommitted(name);
 }
 
 void FaultInjectingEngine::FailAtOpen(Error error) { Arm(Step::Open, 1, std::move(error)); }

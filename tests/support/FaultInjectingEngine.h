@@ -14,6 +14,7 @@ public:
     explicit FaultInjectingEngine(std::shared_ptr<Engine> inner);
 
     std::unique_ptr<Connection> Open() override;
+    bool WasCommitted(const std::string& name) override;
     const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
 
     void FailAtOpen(Error error);
@@ -23,6 +24,8 @@ public:
     void FailAtCommit(Error error);     // nothing is committed
     void FailAfterCommit(Error error);  // committed, but the answer is lost
     void Disarm();
+    // Whether nobody can find out what became of a failed commit.
+    void LoseOutcome(bool lost) { m_outcomeIsLost = lost; }
 
     bool HasStruck() const { return m_state->struck; }
     int StatementCount() const { return m_state->statements; }  // since construction
@@ -47,6 +50,7 @@ private:
 
     std::shared_ptr<Engine> m_inner;
     std::shared_ptr<State> m_state;
+    bool m_outcomeIsLost = false;
 };
 
 }  // namespace quellbrook::testing

@@ -18,6 +18,7 @@ public:
     std::unique_ptr<Connection> Open() override {
         return std::make_unique<InterruptedConnection>(m_inner->Open(), m_interruption);
     }
+    bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
     const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
 
 private:
@@ -45,6 +46,7 @@ private:
         }
         void Commit() override { m_inner->Commit(); }
         void Rollback() noexcept override { m_inner->Rollback(); }
+        std::string TransactionName() const override { return m_inner->TransactionName(); }
         bool IsHealthy() override { return m_inner->IsHealthy(); }
         void Reset() override { m_inner->Reset(); }
 

@@ -38,6 +38,7 @@ public:
         Write("ROLLBACK");
         m_inner->Rollback();
     }
+    std::string TransactionName() const override { return m_inner->TransactionName(); }
     bool IsHealthy() override { return m_inner->IsHealthy(); }
     void Reset() override { m_inner->Reset(); }
 

@@ -15,6 +15,7 @@ public:
     explicit RecordingEngine(std::shared_ptr<Engine> inner);
 
     std::unique_ptr<Connection> Open() override;
+    bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
     const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
 
     const std::vector<std::string>& Log() const { return *m_log; }

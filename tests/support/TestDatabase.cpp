@@ -244,7 +244,8 @@ TaggedValue TestDatabase::QueryValue(const std::string& sql) {
 std::string TestDatabase::Snapshot() {
     std::string text;
     for (const Row& table : QueryRows("SELECT name FROM sqlite_schema WHERE type = 'table' AND "
-                                      "name NOT LIKE 'PropertyDescription%' ORDER BY name")) {
+                                      "name NOT LIKE 'PropertyDescription%' AND name <> 'BatchMark' "
+                                      "ORDER BY name")) {
         const std::string name = ToText(table.At(0));
         text += name + "\n";
         std::vector<std::string> lines;

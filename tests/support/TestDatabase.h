@@ -85,7 +85,8 @@ public:
     RowList QueryRows(const std::string& sql);
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row
 
-    // Every row of every table as text, in a fixed order, to compare databases. Without the trigram index.
+    // Every row of every table as text, in a fixed order, to compare databases. Without the trigram index and the
+    // marks of batches.
     std::string Snapshot();
 
 private:

@@ -14,6 +14,7 @@ public:
         m_dialect.hasCurrentPlace = m_dialect.hasDescriptionIndex = m_dialect.itemsAreDistinct = false;
     }
     std::unique_ptr<Connection> Open() override { return m_inner->Open(); }
+    bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
     const Dialect& GetDialect() const override { return m_dialect; }
 
 private:

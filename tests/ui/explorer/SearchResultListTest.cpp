@@ -212,6 +212,7 @@ class DeadEngine : public Engine {
 public:
     explicit DeadEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}
     std::unique_ptr<Connection> Open() override { Raise(7, "Engine", "The link is down."); }
+    bool WasCommitted(const std::string&) override { Raise(7, "Engine", "The link is down."); }
     const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
 
 private:
