@@ -1,5 +1,7 @@
 #include "base/Error.h"
 
+#include <new>
+
 namespace quellbrook {
 
 std::string ErrorText(int32_t number) {
@@ -28,6 +30,8 @@ Error ToError(std::exception_ptr exception) {
         std::rethrow_exception(exception);
     } catch (const Error& error) {
         return error;
+    } catch (const std::bad_alloc&) {
+        return Error(ErrorNumber::General, "", "There is not enough memory. Close other programs and try again.");
     } catch (const std::exception& other) {
         return Error(ErrorNumber::General, "", other.what());
     } catch (...) {

@@ -2,14 +2,18 @@
 
 #include "base/Environment.h"
 #include "core/Singletons.h"
+#include "database/LockWait.h"
 #include "ui/accessibility/Accessibility.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
+#include "ui/platform/Repaint.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/style/FlatStyle.h"
 #include "ui/style/Theme.h"
 
 #include <QApplication>
+
+#include <thread>
 
 namespace quellbrook {
 
@@ -18,12 +22,19 @@ namespace {
 int startups = 0;
 std::unique_ptr<EnvironmentScope> installed;
 
+void PauseForLock(std::chrono::milliseconds time) {
+    constexpr std::chrono::milliseconds noticeable(50);
+    if (time >= noticeable) RepaintWindows();
+    std::this_thread::sleep_for(time);
+}
+
 }  // namespace
 
 void Startup() {
     if (startups == 0) {
         InstallAccessibility();
         installed = std::make_unique<EnvironmentScope>(WidgetEnvironment());
+        SetLockPause(PauseForLock);
     }
     ++startups;
 }
@@ -31,6 +42,7 @@ void Startup() {
 void Shutdown() {
     if (startups == 0 || --startups > 0) return;
     GetSingletons().Reset();
+    SetLockPause(nullptr);
     installed.reset();
 }
 

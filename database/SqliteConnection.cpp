@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "database/LockWait.h"
 #include "database/SqliteError.h"
 #include "sql/tsql/TransactSqlRewriter.h"
 
@@ -30,8 +31,8 @@ const char* const settings =
 
 std::unique_ptr<SQLite::Database> OpenDatabase(const std::string& path, int busyMilliseconds) {
     try {
-        auto database =
-            std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        WaitForLocks(database->getHandle(), std::chrono::milliseconds(busyMilliseconds));
         database->exec(settings);
         return database;
     } catch (const SQLite::Exception& failure) {

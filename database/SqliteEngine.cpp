@@ -5,6 +5,7 @@
 #include "database/SqliteFileCheck.h"
 #include "database/schema/SqliteSchema.h"
 
+#include <algorithm>
 #include <set>
 
 namespace quellbrook {
@@ -53,7 +54,8 @@ Dialect DialectOf(SqliteConnection& connection) {
 }  // namespace
 
 std::shared_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, int busyMilliseconds) {
-    CheckSqliteFile(path, busyMilliseconds);
+    constexpr int longestOpening = 5000;
+    CheckSqliteFile(path, std::chrono::milliseconds(std::min(busyMilliseconds, longestOpening)));
     SqliteConnection connection(path, busyMilliseconds);
     return std::shared_ptr<SqliteEngine>(new SqliteEngine(path, busyMilliseconds, DialectOf(connection)));
 }

@@ -10,8 +10,8 @@ namespace quellbrook {
 // A department database in one SQLite file.
 class SqliteEngine : public Engine {
 public:
-    // How long a statement waits for a lock of another connection.
-    static constexpr int BusyMilliseconds = 5000;
+    // How long a statement waits for a lock of another connection. Opening does not wait longer than 5 seconds.
+    static constexpr int BusyMilliseconds = 60'000;
 
     // Opens an existing database of this program. Raises error 5 with a message for the user if the file
     // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or

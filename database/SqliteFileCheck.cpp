@@ -1,6 +1,7 @@
 #include "database/SqliteFileCheck.h"
 
 #include "base/Error.h"
+#include "database/LockWait.h"
 #include "database/SqliteError.h"
 #include "database/schema/SqliteSchema.h"
 
@@ -93,10 +94,11 @@ void AllowCheckpoint(SQLite::Database& database, bool allowed) {
 
 }  // namespace
 
-void CheckSqliteFile(const std::string& path, int busyMilliseconds) {
+void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit) {
     CheckHeader(path);
     try {
-        SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
+        SQLite::Database database(path, SQLite::OPEN_READWRITE);
+        WaitForLocks(database.getHandle(), lockLimit);
         AllowCheckpoint(database, false);
         if (sqlite3_db_readonly(database.getHandle(), "main") == 1) RaiseOpenFailure(path, SQLITE_READONLY, "");
         CheckVersion(database, path);

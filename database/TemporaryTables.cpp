@@ -1,7 +1,7 @@
 #include "database/TemporaryTables.h"
 
-#include "base/Error.h"
 #include "base/Text.h"
+#include "database/SqliteError.h"
 #include "database/SqliteStatement.h"
 
 #include <sqlite3.h>
@@ -51,7 +51,7 @@ void TemporaryTables::RequireInUse(const std::vector<std::string>& names, std::s
     for (const std::string& name : names) {
         const auto found = m_tables.find(FoldCase(name));
         if (found == m_tables.end() || !found->second.isInUse)
-            Raise(SQLITE_ERROR, source, "no such table: " + name.substr(1, name.size() - 2));
+            RaiseSqliteError(SQLITE_ERROR, "no such table: " + name.substr(1, name.size() - 2), source);
     }
 }
 

@@ -215,6 +215,7 @@ TEST(Errors, AnyExceptionBecomesAnError) {
     EXPECT_EQ(seen(Error(7, "A.B", "text")).Number(), 7);
     EXPECT_EQ(seen(std::runtime_error("broken")).Number(), ErrorNumber::General);
     EXPECT_EQ(seen(std::runtime_error("broken")).Description(), "broken");
+    EXPECT_EQ(seen(std::bad_alloc()).Description(), "There is not enough memory. Close other programs and try again.");
     EXPECT_EQ(seen(42).Description(), "An unexpected error occurred.");
 }
 

@@ -1,8 +1,11 @@
 #include "base/Environment.h"
 #include "component/Quellbrook.h"
 #include "core/Dispatcher.h"
+#include "database/SqliteEngine.h"
 #include "tests/support/FixedClock.h"
+#include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingErrorLog.h"
+#include "tests/support/TestDatabase.h"
 #include "ui/common/Dialogs.h"
 
 #include <QWidget>
@@ -51,6 +54,32 @@ TEST(StartupTest, AShutdownWithoutAStartupHasNoEffect) {
     EXPECT_TRUE(IsRunning());
     Shutdown();
     EXPECT_FALSE(IsRunning());
+}
+
+class PaintCounter : public QWidget {
+public:
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent*) override { ++paints; }
+};
+
+TEST(StartupTest, WindowsArePaintedWhileAnotherWorkstationHasTheDatabase) {
+    TestDatabase database;
+    const auto connection = SqliteEngine::Open(database.Path(), 100)->Open();
+    database.Execute("BEGIN IMMEDIATE");
+    PaintCounter window;
+    window.show();
+    const auto paintsOfAWait = [&] {
+        const int before = window.paints;
+        EXPECT_NE(RaisedBy([&] { connection->Begin(); }).Number(), 0);
+        return window.paints - before;
+    };
+    EXPECT_EQ(paintsOfAWait(), 0);
+    Startup();
+    EXPECT_EQ(paintsOfAWait(), 1);
+    Shutdown();
+    EXPECT_EQ(paintsOfAWait(), 0);
 }
 
 TEST(StartupTest, ShutdownForgetsTheDialogParent) {

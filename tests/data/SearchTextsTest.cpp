@@ -131,7 +131,9 @@ TEST_F(SearchTexts, ATextWithNulIsRejected) {
 
 TEST_F(SearchTexts, APatternThatIsTooLongFailsWithTheDatabasesMessage) {
     const Error error = testing::RaisedBy([] { WithDescription(std::string(100'000, 'x')).Execute(); });
-    EXPECT_EQ(error.Description(), "LIKE or GLOB pattern too complex");
+    EXPECT_EQ(error.Description(),
+              "The database could not complete this. Change what you entered, or try again. (LIKE or GLOB pattern too "
+              "complex)");
 }
 
 }  // namespace quellbrook

@@ -14,6 +14,9 @@ namespace quellbrook {
 
 namespace {
 
+const std::string fullDisk =
+    "The disk of the database is full. Free some space and try again. (database or disk is full)";
+
 using Types = StorageLocationTypes;
 
 // During its lifetime, new connections find the database full: it cannot grow by another page.
@@ -90,7 +93,8 @@ TEST_F(StorageLocationOutage, ADatabaseThatAnotherWorkstationIsWritingToIsReport
     UseEngineThatDoesNotWait();
     const std::string before = m_database.Snapshot();
     m_database.Execute("BEGIN IMMEDIATE");
-    ExpectEachReports("database is locked");
+    ExpectEachReports(
+        "Another program is writing to the database and did not finish in time. Try again. (database is locked)");
     m_database.Execute("ROLLBACK");
     EXPECT_EQ(m_database.Snapshot(), before);
 
@@ -119,11 +123,11 @@ TEST_F(StorageLocationOutage, AFullDatabaseIsReported) {
     const NoMorePages full;
     m_database.Install(m_database.GetEngine());
     ExpectReport([&] { m_room->CreateSubLocation(longName); },
-                 "Could not create location '" + longName + "'. \r\n\r\ndatabase or disk is full");
+                 "Could not create location '" + longName + "'. \r\n\r\n" + fullDisk);
     ExpectReport([&] { m_shelf->Rename(longName); },
-                 "Could not rename location '" + longName + "'. \r\n\r\ndatabase or disk is full");
+                 "Could not rename location '" + longName + "'. \r\n\r\n" + fullDisk);
     ExpectReport([&] { m_shelf->Move(m_tree.Find(deep)); },
-                 "Could not move location 'Shelf' into 'Level 29'. \r\n\r\ndatabase or disk is full");
+                 "Could not move location 'Shelf' into 'Level 29'. \r\n\r\n" + fullDisk);
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 
@@ -140,7 +144,9 @@ TEST_F(StorageLocationOutage, AFullDiskIsReported) {
     const std::string before = m_database.Snapshot();
     {
         const NoLongerFiles limit(std::filesystem::file_size(m_database.Path() + "-wal"));
-        ExpectEachReports("disk I/O error");
+        ExpectEachReports(
+            "The disk of the database reports an error. Check your last change before you go on, and have the disk "
+            "checked. (disk I/O error)");
     }
     EXPECT_EQ(m_database.Snapshot(), before);
 

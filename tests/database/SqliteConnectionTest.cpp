@@ -13,6 +13,9 @@ using namespace quellbrook::testing;
 
 namespace {
 
+const char* const noSuchTable =
+    "The database does not have the structure that this program expects. Have it checked. (no such table: Nowhere)";
+
 class SqliteConnectionTest : public ::testing::Test {
 protected:
     SqliteConnectionTest() : m_connection(m_database.GetEngine()->Open()) {}
@@ -42,7 +45,6 @@ TEST_F(SqliteConnectionTest, UsesAWriteAheadLogFullSynchronizationAndForeignKeys
     EXPECT_EQ(Setting("synchronous"), TaggedValue(2));
     EXPECT_EQ(Setting("foreign_keys"), TaggedValue(1));
     EXPECT_EQ(Setting("cache_size"), TaggedValue(-65536));
-    EXPECT_EQ(Setting("busy_timeout"), TaggedValue(5000));
 }
 
 TEST_F(SqliteConnectionTest, ValuesHaveTheDeclaredTypesOfTheirColumns) {
@@ -168,7 +170,9 @@ TEST_F(SqliteConnectionTest, FailuresHaveTheMessageAndNumberOfTheDatabase) {
     const Error unique = RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('X')"); });
     EXPECT_EQ(unique.Number(), ErrorNumber::IntegrityViolation);
     EXPECT_EQ(unique.Source(), "SqliteConnection.Execute");
-    EXPECT_EQ(unique.Description(), "UNIQUE constraint failed: Setting.Name");
+    EXPECT_EQ(unique.Description(),
+              "A record with this name or number already exists. Refresh and try again. (UNIQUE constraint failed: "
+              "Setting.Name)");
 
     const Error foreign = RaisedBy([&] { m_connection->Execute("INSERT INTO IncdProperty VALUES (1, 1)"); });
     EXPECT_EQ(foreign.Number(), ErrorNumber::IntegrityViolation);
@@ -176,7 +180,7 @@ TEST_F(SqliteConnectionTest, FailuresHaveTheMessageAndNumberOfTheDatabase) {
     const Error absent = RaisedBy([&] { Query("SELECT * FROM Nowhere"); });
     EXPECT_EQ(absent.Number(), 1);
     EXPECT_EQ(absent.Source(), "SqliteConnection.Query");
-    EXPECT_EQ(absent.Description(), "no such table: Nowhere");
+    EXPECT_EQ(absent.Description(), noSuchTable);
 
     const Error missing =
         RaisedBy([&] { m_connection->Execute("INSERT INTO AttachmentFolder (FolderNo) VALUES (1)"); });
@@ -255,7 +259,7 @@ TEST_F(SqliteConnectionTest, DescribesTheColumnsOfATable) {
     EXPECT_EQ(columns[2].kind, ColumnKind::WholeNumber);
     EXPECT_EQ(columns[3].kind, ColumnKind::Number);
     EXPECT_EQ(columns[4].kind, ColumnKind::Text);
-    EXPECT_EQ(RaisedBy([&] { m_connection->DescribeTable("Nowhere"); }).Description(), "no such table: Nowhere");
+    EXPECT_EQ(RaisedBy([&] { m_connection->DescribeTable("Nowhere"); }).Description(), noSuchTable);
 }
 
 TEST_F(SqliteConnectionTest, IdentityIsThatOfTheInsertNotOfItsTriggers) {
@@ -269,7 +273,8 @@ TEST_F(SqliteConnectionTest, ABatchLocksOutOtherWritersButNotReaders) {
     const auto other = impatient->Open();
     m_connection->Begin();
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
-    EXPECT_EQ(RaisedBy([&] { other->Begin(); }).Description(), "database is locked");
+    EXPECT_EQ(RaisedBy([&] { other->Begin(); }).Description(),
+              "Another program is writing to the database and did not finish in time. Try again. (database is locked)");
     int rows = 0;
     other->Query("SELECT * FROM Setting", {}, [&](const Row&) { return ++rows > 0; });
     EXPECT_EQ(rows, 0);
@@ -293,8 +298,7 @@ TEST_F(SqliteConnectionTest, SimilarStatementsInABatchKeepTheirOwnValues) {
 
 TEST_F(SqliteConnectionTest, AFailingStatementInABatchReportsItsOwnError) {
     m_connection->Begin();
-    EXPECT_EQ(RaisedBy([&] { m_connection->Execute("UPDATE Nowhere SET A = 1"); }).Description(),
-              "no such table: Nowhere");
+    EXPECT_EQ(RaisedBy([&] { m_connection->Execute("UPDATE Nowhere SET A = 1"); }).Description(), noSuchTable);
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')");
     EXPECT_EQ(RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')"); }).Number(),
               ErrorNumber::IntegrityViolation);

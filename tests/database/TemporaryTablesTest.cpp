@@ -8,6 +8,9 @@
 namespace quellbrook::testing {
 namespace {
 
+const char* const noTable =
+    "The database does not have the structure that this program expects. Have it checked. (no such table: #Next)";
+
 const char* const creation = "CREATE TABLE #Next (Value INT NOT NULL)";
 
 class TemporaryTablesTest : public ::testing::Test {
@@ -46,7 +49,7 @@ TEST_F(TemporaryTablesTest, AfterItsBatchATableCannotBeRead) {
     for (const char* query : {"SELECT COUNT(*) FROM #Next", "SELECT Value FROM #Next",
                               "SELECT Name FROM Setting WHERE Value IN (SELECT Value FROM #NEXT)"})
         EXPECT_EQ(RaisedBy([&] { Value(query); }).Number(), 1) << query;
-    EXPECT_EQ(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Description(), "no such table: #Next");
+    EXPECT_EQ(RaisedBy([&] { Value("SELECT Value FROM #Next"); }).Description(), noTable);
 }
 
 TEST_F(TemporaryTablesTest, AfterItsBatchATableCannotBeWritten) {
@@ -61,9 +64,9 @@ TEST_F(TemporaryTablesTest, AfterItsBatchATableCannotBeWritten) {
     };
     const std::string before = m_database.Snapshot();
     for (const char* statement : statements) {
-        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), "no such table: #Next");
+        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), noTable);
         m_connection->Begin();
-        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), "no such table: #Next");
+        EXPECT_EQ(RaisedBy([&] { m_connection->Execute(statement); }).Description(), noTable);
         m_connection->Rollback();
     }
     EXPECT_EQ(m_database.Snapshot(), before);
@@ -75,7 +78,7 @@ TEST_F(TemporaryTablesTest, ATableCannotBeReadAfterItsDropInTheSameBatch) {
     m_connection->Execute(creation);
     EXPECT_EQ(Value("SELECT COUNT(*) FROM #Next"), TaggedValue(0));
     m_connection->Execute("DROP TABLE #Next");
-    EXPECT_EQ(RaisedBy([&] { Value("SELECT COUNT(*) FROM #Next"); }).Description(), "no such table: #Next");
+    EXPECT_EQ(RaisedBy([&] { Value("SELECT COUNT(*) FROM #Next"); }).Description(), noTable);
     m_connection->Rollback();
 }
 
