@@ -23,7 +23,7 @@ int32_t NumberFor(int code) {
 const char* SentenceForConstraint(int code) {
     switch (code) {
     case SQLITE_CONSTRAINT_FOREIGNKEY:
-        return "Another record that belongs to this change has been deleted, or is still in use. Refresh and try again.";
+        return "A record that belongs to this change has been deleted, or is still in use. Refresh and try again.";
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID: return "A record with this name or number already exists. Refresh and try again.";

@@ -8,6 +8,7 @@
 #include "tests/support/TestDatabase.h"
 #include "ui/common/Dialogs.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -70,6 +71,7 @@ TEST(StartupTest, WindowsArePaintedWhileAnotherWorkstationHasTheDatabase) {
     database.Execute("BEGIN IMMEDIATE");
     PaintCounter window;
     window.show();
+    QCoreApplication::processEvents();
     const auto paintsOfAWait = [&] {
         const int before = window.paints;
         EXPECT_NE(RaisedBy([&] { connection->Begin(); }).Number(), 0);

@@ -190,11 +190,10 @@ TEST_F(StorageLocationMove, ANameTakenBetweenTheQuestionAndTheWriteIsRefusedByTh
     });
     const Error error = testing::RaisedBy([&] { shelf->Move(Find(m_tree.annex)); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
-    EXPECT_EQ(
-        error.Description(),
-        "Could not move location 'Shelf' into 'Annex'. \r\n\r\nA record with this name or number already exists. Refresh "
-        "and try again. (UNIQUE constraint failed: "
-        "StorageLocation.Path, StorageLocation.Type, StorageLocation.Name)");
+    EXPECT_EQ(error.Description(),
+              "Could not move location 'Shelf' into 'Annex'. \r\n\r\nA record with this name or number already exists. "
+              "Refresh and try again. (UNIQUE constraint failed: StorageLocation.Path, StorageLocation.Type, "
+              "StorageLocation.Name)");
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 

@@ -22,10 +22,17 @@ Error RaisedFor(int code, const std::string& words) {
 
 TEST(SqliteError, EveryFailureSaysWhatToDoAndQuotesTheDatabase) {
     std::set<std::string> sentences;
-    const int codes[] = {SQLITE_BUSY,     SQLITE_FULL,  SQLITE_IOERR_FSYNC,
-                         SQLITE_CORRUPT,  SQLITE_NOMEM, SQLITE_READONLY_DBMOVED,
-                         SQLITE_CANTOPEN, SQLITE_TOOBIG,
-                         SQLITE_PROTOCOL, SQLITE_CONSTRAINT_FOREIGNKEY, SQLITE_CONSTRAINT_UNIQUE,
+    const int codes[] = {SQLITE_BUSY,
+                         SQLITE_FULL,
+                         SQLITE_IOERR_FSYNC,
+                         SQLITE_CORRUPT,
+                         SQLITE_NOMEM,
+                         SQLITE_READONLY_DBMOVED,
+                         SQLITE_CANTOPEN,
+                         SQLITE_TOOBIG,
+                         SQLITE_PROTOCOL,
+                         SQLITE_CONSTRAINT_FOREIGNKEY,
+                         SQLITE_CONSTRAINT_UNIQUE,
                          SQLITE_CONSTRAINT_CHECK};
     for (const int code : codes) {
         const std::string description = RaisedFor(code, "the words").Description();
