@@ -22,7 +22,7 @@ std::vector<StoredItemRef> ItemsOf(const ObjectList& list) {
 
 }  // namespace
 
-StoredItemRef CartItems::ItemAt(int32_t index) const {
+const CartItems::Entry& CartItems::EntryAt(int32_t index) const {
     if (index < 0 || index >= Count()) Raise(ErrorNumber::SubscriptOutOfRange, "CartItems.ItemAt");
     if (m_byPosition.empty()) m_byPosition = m_items.Values();
     return m_byPosition[static_cast<size_t>(index)];
@@ -30,7 +30,7 @@ StoredItemRef CartItems::ItemAt(int32_t index) const {
 
 bool CartItems::TryAdd(const StoredItemRef& item) {
     m_byPosition.clear();
-    return m_items.TryAdd(item, KeyOf(*item));
+    return m_items.TryAdd({item, item->CurrTrackSeq()}, KeyOf(*item));
 }
 
 bool CartItems::TryRemove(const StoredItem& item) {

@@ -2,8 +2,7 @@
 
 #include "base/Event.h"
 #include "core/Dispatcher.h"
-#include "data/StoredItemList.h"
-#include "data/TransferData.h"
+#include "data/Transfer.h"
 
 #include <memory>
 #include <string>
@@ -20,22 +19,30 @@ struct AllowedTasks {
     bool CanDispose = true;
 };
 
-// The batch's items in insertion order, each under "K" and its ID; the key does not include the item type.
-class CartItems : public StoredItemList {
+// The batch's items in insertion order, each under "K" and its ID; the key does not include the item type. Remembers
+// the CurrTrackSeq that each item had when it was added, whatever happens to the item later.
+class CartItems : public TransferItems {
 public:
     std::string TypeName() const override { return "Collection"; }
     int32_t Count() const override { return static_cast<int32_t>(m_items.Count()); }
-    StoredItemRef ItemAt(int32_t index) const override;
+    StoredItemRef ItemAt(int32_t index) const override { return EntryAt(index).item; }
+    TaggedValue TrackSeqAt(int32_t index) const override { return EntryAt(index).trackSeq; }
 
     bool TryAdd(const StoredItemRef& item);  // false if the key exists
     bool TryRemove(const StoredItem& item);  // false if the key is absent
     bool Contains(const StoredItem& item) const;
 
 private:
-    static std::string KeyOf(const StoredItem& item);
+    struct Entry {
+        StoredItemRef item;
+        TaggedValue trackSeq;
+    };
 
-    KeyedCollection<StoredItemRef> m_items;
-    mutable std::vector<StoredItemRef> m_byPosition;  // cache of m_items in order, filled by ItemAt
+    static std::string KeyOf(const StoredItem& item);
+    const Entry& EntryAt(int32_t index) const;
+
+    KeyedCollection<Entry> m_items;
+    mutable std::vector<Entry> m_byPosition;  // cache of m_items in order, filled by EntryAt
 };
 
 // The current transfer batch: its items, type (TransactionType) and details. Changes only through actions.

@@ -5,8 +5,6 @@
 #include "base/FormatCount.h"
 #include "core/ActionTypes.h"
 #include "core/Stores.h"
-#include "data/TransferStatements.h"
-#include "host/HostDatabase.h"
 #include "host/TransferOutcome.h"
 
 #include <optional>
@@ -31,7 +29,7 @@ void Attempt(Step step) {
 std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std::shared_ptr<const CartItems>& items) {
     try {
         items = GetStores().Cart->GetItems();
-        GetHostDatabase().ExecuteBatch(MakeTransferStatements(*items, *Require(xfer, source)));
+        ExecuteTransfer(*items, *Require(xfer, source));
         return std::nullopt;
     } catch (const UnknownOutcome& failure) {
         return std::string(UnknownOutcomeText) + "\r\n\r\n" + failure.Description();

@@ -23,7 +23,8 @@ using StorageLocationList = std::vector<StorageLocationRef>;
 //
 // Move, CreateSubLocation, SetEnabled, Rename and Delete write to the database in one transaction and reload the
 // location document. They fail with Error 5 and a message for the custodian. If only the reload fails, what was written
-// is kept. Rights are not checked here.
+// is kept. Move, SetEnabled and Rename also fail if the row has been deleted elsewhere, and this object then becomes
+// deleted. Rights are not checked here.
 class StorageLocation : public Object, public std::enable_shared_from_this<StorageLocation> {
 public:
     std::string TypeName() const override { return "StorageLocation"; }

@@ -76,14 +76,19 @@ void StorageLocation::Move(const StorageLocationRef& newParent) {
                   "There is already a location with the name '" + m_name + "' in '" + newParent->Name() + "'. " +
                       emptyLine + "Rename this location or the other location already in '" + newParent->Name() +
                       "' before moving this location.");
-        GetHostDatabase().ExecuteBatch({"UPDATE StorageLocation SET Type = " + NumberText(type) +
-                                            ", Path = REPLACE(Path, " + Literal(selfChildren) + ", " +
-                                            Literal(proposed) + ") WHERE Path LIKE " + AnyBelow(selfChildren),
-                                        "UPDATE StorageLocation SET Type = " + NumberText(type) +
-                                            ", Path = " + Literal(target) + " WHERE IdNo = " + NumberText(m_id)});
+        const std::string updateType = "UPDATE StorageLocation SET Type = " + NumberText(type);
+        GetHostDatabase().ExecuteBatch(
+            {updateType + ", Path = REPLACE(Path, " + Literal(selfChildren) + ", " + Literal(proposed) +
+                 ") WHERE Path LIKE " + AnyBelow(selfChildren),
+             updateType + ", Path = " + Literal(target) + " WHERE IdNo = " + NumberText(m_id)},
+            [&](const HostDatabase::BatchQuery& query) {
+                if (query("SELECT IdNo FROM StorageLocation WHERE IdNo = ?", {m_id}).empty()) Refresh();
+                RequireNotDeleted(source);
+            });
         Refresh();
     };
     Guarded(source, move, [&](const Error& error) {
+        if (m_isDeleted) return error.Description();
         return "Could not move location '" + m_name + "' into '" + newParent->Name() + "'. " + emptyLine +
                error.Description();
     });
@@ -122,8 +127,10 @@ void StorageLocation::SetEnabled(bool rhs) {
         GetHostDatabase().ExecuteWithParameters("UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?",
                                                 {rhs, m_id});
         Refresh();
+        RequireNotDeleted(source);
     };
     Guarded(source, setFlag, [&](const Error& error) {
+        if (m_isDeleted) return error.Description();
         return std::string("Could not ") + (rhs ? "enable" : "disable") + " this location." + emptyLine +
                error.Description();
     });
@@ -139,8 +146,10 @@ void StorageLocation::Rename(const std::string& newName) {
                                   ", LastUpdated = " + GetHostDatabase().PrepareDate(GetClock().Now().ToText()) +
                                   " WHERE IdNo = " + NumberText(m_id));
         Refresh();
+        RequireNotDeleted(source);
     };
     Guarded(source, rename, [&](const Error& error) {
+        if (m_isDeleted) return error.Description();
         if (error.Number() == ErrorNumber::IntegrityViolation) return NameTakenText(newName);
         return "Could not rename location '" + newName + "'. " + emptyLine + error.Description();
     });

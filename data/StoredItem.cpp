@@ -47,6 +47,7 @@ void StoredItem::LoadFromRow(const Row& row) {
     m_displayId = ToTextOrEmpty(row.Value("DisplayID"));
     if (m_displayId.empty()) m_displayId = "<missing ID>";
     m_description = ToTextOrEmpty(row.Value("Description"));
+    m_currTrackSeq = row.Value("CurrTrackSeq");
     m_locationNo = row.Value("StorageLocNo");
     m_categoryNo = row.Value("CategoryNo");
     m_quantity = row.Value("Quantity");

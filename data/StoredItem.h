@@ -68,12 +68,15 @@ public:
 
     // Internal to the module.
     void LoadFromRow(const Row& row);
+    // The SeqNo of the latest custody row, as of the search row; NULL for an item without custody rows.
+    const TaggedValue& CurrTrackSeq() const { return m_currTrackSeq; }
 
 private:
     StoredItemTypes m_itemType{};
     std::string m_id;
     std::string m_displayId;
     std::string m_description;
+    TaggedValue m_currTrackSeq;
     TaggedValue m_locationNo;
     StorageLocationRef m_location;
     TaggedValue m_categoryNo;

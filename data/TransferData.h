@@ -6,6 +6,7 @@
 #include "data/StorageLocation.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace quellbrook {
@@ -21,6 +22,8 @@ public:
     std::string TypeName() const override { return "TransferData"; }
 
     StorageLocationRef Location;
+    // The category under which Location was chosen. Not set: its own.
+    std::optional<StorageLocationTypes> LocationType;
     TaggedValue ReceivedBy;
     TaggedValue ReceivedFrom;
     TaggedValue DateReceived;

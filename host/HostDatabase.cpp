@@ -49,6 +49,15 @@ bool WasCommitted(const std::string& transactionName, const Error& failure) {
     }
 }
 
+RowList AllRows(Connection& connection, const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    RowList rows;
+    connection.Query(sql, parameters, [&](const Row& row) {
+        rows.push_back(row);
+        return true;
+    });
+    return rows;
+}
+
 std::string InsertText(const std::string& table, const std::vector<std::string>& columns) {
     if (columns.empty()) return "INSERT INTO " + table + " DEFAULT VALUES";
     return "INSERT INTO " + table + " (" + Join(columns, ",") + ") VALUES (" +
@@ -58,12 +67,7 @@ std::string InsertText(const std::string& table, const std::vector<std::string>&
 }  // namespace
 
 RowList HostDatabase::QueryRows(const std::string& sql, const std::vector<TaggedValue>& parameters) {
-    RowList rows;
-    Borrow()->Query(sql, parameters, [&](const Row& row) {
-        rows.push_back(row);
-        return true;
-    });
-    return rows;
+    return AllRows(*Borrow(), sql, parameters);
 }
 
 std::optional<Row> HostDatabase::QueryRow(const std::string& sql, const std::vector<TaggedValue>& parameters) {
@@ -94,10 +98,15 @@ void HostDatabase::ExecuteWithParameters(const std::string& sql, const std::vect
     Borrow()->Execute(sql, parameters);
 }
 
-void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements) {
+void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements,
+                                const std::function<void(const BatchQuery&)>& check) {
     const ConnectionPool::Lease connection = Borrow();
     try {
         connection->Begin();
+        if (check)
+            check([&](const std::string& sql, const std::vector<TaggedValue>& parameters) {
+                return AllRows(*connection, sql, parameters);
+            });
         for (const std::string& statement : statements) connection->Execute(statement);
         connection->Commit();
     } catch (...) {
@@ -112,6 +121,10 @@ void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements) {
 int32_t HostDatabase::InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row) {
     const ConnectionPool::Lease connection = Borrow();
     const std::vector<ColumnDescription> known = connection->DescribeTable(table);
+    const bool hasKey = std::any_of(known.begin(), known.end(), [&](const ColumnDescription& column) {
+        return EqualsNoCase(column.name, keyColumn);
+    });
+    if (!hasKey) Raise(ErrorNumber::General, "HostDatabase.InsertRow", "The table has no column '" + keyColumn + "'.");
     std::vector<std::string> columns;
     std::vector<TaggedValue> values;
     for (const pugi::xml_node& child : row.children()) {

@@ -34,11 +34,17 @@ public:
     void Execute(const std::string& sql);
     void ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters);
 
+    // Returns all rows of a SELECT, which it runs on the connection of a batch.
+    using BatchQuery = std::function<RowList(const std::string& sql, const std::vector<TaggedValue>& parameters)>;
     // All statements in order, on one connection, in one transaction. A failure rolls all of them back. After a failed
     // commit, returns if the batch was committed all the same, and raises UnknownOutcome if that can't be found out.
-    void ExecuteBatch(const std::vector<std::string>& statements);
+    // The check runs in the transaction before the first statement. What it reads stays unchanged until the end of the
+    // batch, and an error that it throws ends the batch.
+    void ExecuteBatch(const std::vector<std::string>& statements,
+                      const std::function<void(const BatchQuery&)>& check = nullptr);
 
-    // Inserts the row document's children that have isPersistable; returns the identity assigned to keyColumn.
+    // Inserts the row document's children that have isPersistable; returns the identity assigned to keyColumn. Error 5
+    // if the table has no such column.
     int32_t InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row);
 
     // Finished SQL literals. Error 5 for a text that contains NUL.

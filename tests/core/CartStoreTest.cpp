@@ -10,6 +10,7 @@ namespace quellbrook {
 
 namespace {
 
+using testing::FindItem;
 using testing::ListOf;
 using testing::MakeItem;
 
@@ -126,6 +127,24 @@ TEST_F(CartStoreTest, GetItemsIsTheLiveCollectionUntilTheBatchIsCleared) {
     EXPECT_EQ(m_store.GetItems()->Count(), 0);
 }
 
+TEST_F(CartStoreTest, TheCustodyRowOfEachItemIsTheOneItHadWhenItWasAdded) {
+    const int32_t counter = m_database.AddLocation("Counter", StorageLocationTypes::Internal);
+    const int32_t id = m_database.AddProperty();
+    m_database.AddCustodyRow(StoredItemTypes::Property, id, counter);
+    const StoredItemRef item = FindItem(StoredItemTypes::Property, id), fresh = MakeItem(100);
+    Add({fresh, item});
+    m_database.AddCustodyRow(StoredItemTypes::Property, id, counter);
+    item->Refresh();
+    EXPECT_EQ(item->CurrTrackSeq(), TaggedValue(2));
+    Add({FindItem(StoredItemTypes::Property, id)});
+    EXPECT_EQ(m_store.GetItems()->TrackSeqAt(0), TaggedValue(Null()));
+    EXPECT_EQ(m_store.GetItems()->TrackSeqAt(1), TaggedValue(1));
+    EXPECT_EQ(testing::RaisedBy([&] { m_store.GetItems()->TrackSeqAt(2); }).Number(), ErrorNumber::SubscriptOutOfRange);
+    Remove({item});
+    Add({item});
+    EXPECT_EQ(m_store.GetItems()->TrackSeqAt(1), TaggedValue(2)) << "a new addition";
+}
+
 TEST_F(CartStoreTest, PositionsFollowEachChange) {
     Add({MakeItem(1), MakeItem(2)});
     EXPECT_EQ(IDs(), (std::vector<int32_t>{1, 2}));
@@ -230,6 +249,25 @@ TEST_F(CartStoreTest, AnItemInTheBatchCanOnlyBePrintedWithTheRight) {
     EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "print");
     m_session->Revoke(GetPermissions().PRINT_BARCODE_LABELS());
     EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "nothing");
+}
+
+TEST_F(CartStoreTest, AnItemInTheBatchCannotBeAddedAgainWhereverItIs) {
+    const std::pair<int32_t, StorageLocationTypes> batches[] = {
+        {TransactionType::SignIn, StorageLocationTypes::External},
+        {TransactionType::SignIn, StorageLocationTypes::Other},
+        {TransactionType::SignOut, StorageLocationTypes::Internal},
+        {TransactionType::SignOut, StorageLocationTypes::Other},
+        {TransactionType::Move, StorageLocationTypes::Other},
+        {TransactionType::Dispose, StorageLocationTypes::Other},
+    };
+    for (const auto& [type, place] : batches) {
+        const auto item = ItemAt(place), other = ItemAt(place, 2);
+        SetType(type);
+        Add({item});
+        EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "print") << type << static_cast<int>(place);
+        EXPECT_NE(Describe(m_store.GetAllowedTasks(other)), "print") << type << static_cast<int>(place);
+        m_store.Handle({ActionTypes::CART_CANCEL_TRANSACTION, {}});
+    }
 }
 
 TEST_F(CartStoreTest, WithoutABatchTheKindOfPlaceDecides) {

@@ -10,7 +10,7 @@ const Error DatabaseError(8152, "Engine", "The log of the database is full.");
 
 class ProcessTransaction : public ProcessTransactionTest {};
 
-TEST_F(ProcessTransaction, TwoItemsAreSentAsNineStatementsInOneTransaction) {
+TEST_F(ProcessTransaction, TwoItemsAreCheckedAndSentAsNineStatementsInOneTransaction) {
     while (m_database.AddProperty() < 7) {
     }
     while (m_database.AddVehicle() < 3) {
@@ -28,6 +28,9 @@ TEST_F(ProcessTransaction, TwoItemsAreSentAsNineStatementsInOneTransaction) {
     EXPECT_EQ(recording->Log(),
               (std::vector<std::string>{
                   "BEGIN",
+                  "SELECT Type, ActiveFlag FROM StorageLocation WHERE IdNo = ?",
+                  "SELECT PropertyNo, CurrTrackSeq FROM Property WHERE PropertyNo IN (?)",
+                  "SELECT VehicleNo, CurrTrackSeq FROM Vehicle WHERE VehicleNo IN (?)",
                   "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
                   "INSERT INTO #NextSeqNo (Value) VALUES (0)",
                   "DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo=7 "
@@ -146,8 +149,8 @@ TEST_F(ProcessTransaction, ADisposalAddsOneStatementForEachItem) {
     xfer->FinalDisposition = std::make_shared<FinalDispositionData>(FinalDispositionData{4, "It's gone"});
     recording->Clear();
     GetActions().ProcessTransaction(xfer);
-    ASSERT_EQ(recording->Log().size(), 3u + 3u + 1u + 2u);
-    EXPECT_EQ(recording->Log()[6],
+    ASSERT_EQ(recording->Log().size(), 2u + 3u + 3u + 1u + 2u);
+    EXPECT_EQ(recording->Log()[8],
               "UPDATE Property SET HasFinalDisposition=1,DisposalNote='It''s gone',CurrStatusNo=4 "
               "WHERE PropertyNo=" +
                   std::to_string(id));
@@ -171,14 +174,14 @@ TEST_F(ProcessTransaction, AMissingPersonIsStoredAsNull) {
     xfer->ReceivedFrom = Empty();
     recording->Clear();
     GetActions().ProcessTransaction(xfer);
-    EXPECT_NE(recording->Log().at(4).find("(SELECT Value FROM #NextSeqNo),NULL,NULL,'"), std::string::npos)
-        << recording->Log()[4];
+    EXPECT_NE(recording->Log().at(6).find("(SELECT Value FROM #NextSeqNo),NULL,NULL,'"), std::string::npos)
+        << recording->Log()[6];
     const Row row = m_database.QueryRows("SELECT * FROM PropertyTracking WHERE SeqNo = 2").at(0);
     EXPECT_TRUE(row.Value("ReceivedBy").IsNull());
     EXPECT_TRUE(row.Value("ReceivedFrom").IsNull());
 }
 
-TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatements) {
+TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatementsAfterTheCheckOfItsDestination) {
     const auto recording = InstallRecordingEngine();
     const std::string before = m_database.Snapshot();
     Begin({});
@@ -186,8 +189,9 @@ TEST_F(ProcessTransaction, AnEmptyBatchRunsOnlyTheTableStatements) {
     recording->Clear();
     GetActions().ProcessTransaction(xfer);
     EXPECT_EQ(recording->Log(),
-              (Types{"BEGIN", "CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
-                     "INSERT INTO #NextSeqNo (Value) VALUES (0)", "DROP TABLE #NextSeqNo", "COMMIT"}));
+              (Types{"BEGIN", "SELECT Type, ActiveFlag FROM StorageLocation WHERE IdNo = ?",
+                     "CREATE TABLE #NextSeqNo (Value INT NOT NULL)", "INSERT INTO #NextSeqNo (Value) VALUES (0)",
+                     "DROP TABLE #NextSeqNo", "COMMIT"}));
     EXPECT_EQ(m_database.Snapshot(), before);
     ExpectCommittedReport("Successfully transferred 0 items");
 }
@@ -219,7 +223,7 @@ TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
         EXPECT_EQ(m_log.Entries().back().application, "Quellbrook");
     };
 
-    constexpr int statements = 3 + 2 * 4;
+    constexpr int statements = 3 + 3 + 2 * 4;
     for (int n = 1; n <= statements; ++n) {
         Begin({FindItem(Property, property), FindItem(Vehicle, vehicle)});
         faulty->FailAtStatement(n, DatabaseError);
@@ -239,8 +243,10 @@ TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
 }
 
 TEST_F(ProcessTransaction, AViolatedConstraintOfTheLastItemLeavesTheFirstUnchanged) {
-    const int32_t first = AddStored(Property);
-    Begin({FindItem(Property, first), MakeItem(9999)});
+    const int32_t first = AddStored(Property), last = AddStored(Property);
+    m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (?, 2147483647, '2026')",
+                       {last});
+    Begin({FindItem(Property, first), FindItem(Property, last)});
     const std::string before = m_database.Snapshot();
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(MakeTransfer());

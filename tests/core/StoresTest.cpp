@@ -41,6 +41,44 @@ TEST_F(StoresTest, TheStoresAreRegisteredWithTheDispatcher) {
     EXPECT_EQ(stores.Locations->GetSelectedLocation(), other);
 }
 
+TEST_F(StoresTest, ActionsReachTheStoresInTheirOrder) {
+    std::string order;
+    StoresRecord stores = GetStores();
+    // A slot ends with its store, and the dispatcher releases the stores in the order in which it serves them.
+    const auto observe = [&](auto& store, const char* name) {
+        const std::shared_ptr<void> end(nullptr, [&order, name](void*) { order += name; });
+        store->OnChange.connect([end] {});
+    };
+    observe(stores.View, "view ");
+    observe(stores.Loading, "loading ");
+    observe(stores.Cart, "cart ");
+    observe(stores.Locations, "locations ");
+    stores = {};
+    DiscardStores();
+    EXPECT_EQ(order, "");
+    DiscardDispatcher();
+    EXPECT_EQ(order, "locations cart loading view ");
+}
+
+TEST_F(StoresTest, AFailureNamesTheStoreThatFailed) {
+    const StoresRecord stores = GetStores();
+    const auto fail = [] { Raise(99, "View.Redraw", "The view is broken."); };
+    const auto expectNamed = [](const char* store, const Action& action) {
+        const Error error = testing::RaisedBy([&] { GetDispatcher()->Dispatch(action); });
+        EXPECT_EQ(error.Number(), 99);
+        EXPECT_EQ(error.Description(), "Error executing callback '" + std::string(store) + "': The view is broken.");
+    };
+    stores.Locations->OnChange.connect(fail);
+    stores.Cart->OnChange.connect(fail);
+    stores.Loading->OnChange.connect(fail);
+    stores.View->OnChange.connect(fail);
+    const auto root = GetStorageLocationStatic().GetRoot(StorageLocationTypes::Other);
+    expectNamed("LocationStore", {ActionTypes::LOCATION_CREATE_SUCCESS, root});
+    expectNamed("CartStore", {ActionTypes::CART_SET_TRANSACTION_TYPE, 3});
+    expectNamed("LoadingStore", {ActionTypes::LOADING_STARTED, {}});
+    expectNamed("ViewStore", {ActionTypes::VIEW_NAVIGATE_TO, std::make_shared<ViewState>("cart", nullptr)});
+}
+
 TEST_F(StoresTest, AfterTheGateFourNewStoresAreBuiltAndTheOldOnesReceiveNothing) {
     const StoresRecord before = GetStores();
     EXPECT_TRUE(GetSingletons().InitializeQuellbrook());

@@ -56,7 +56,7 @@ WritingOperation Plain(const char* name, int32_t id, std::function<void(Departme
 }
 
 const WritingOperation Move = Plain(
-    "Move", 2, [](Department& d) { d.location->Move(d.annex); }, 3,
+    "Move", 2, [](Department& d) { d.location->Move(d.annex); }, 4,
     "Could not move location 'Shelf' into 'Annex'. \r\n\r\n");
 // If the reload fails, the row and its name are already in the database.
 const WritingOperation Create = {"CreateSubLocation",

@@ -262,14 +262,20 @@ TEST_F(StorageLocationOperations, RenamingChecksForARootThenForADeletedLocationT
         "Rename", [&] { location->Rename("Vault"); }, "Cannot rename this location.");
 }
 
-TEST_F(StorageLocationOperations, RenameAndSetEnabledNoticeALocationDeletedElsewhere) {
-    const auto annex = Find(m_tree.annex), bin = Find(m_tree.bin);
-    m_database.Execute("DELETE FROM StorageLocation WHERE Name IN ('Annex', 'Bin')");
-    annex->Rename("Vault");
-    EXPECT_TRUE(annex->IsDeleted());
-    EXPECT_EQ(annex->Name(), "Annex");
-    bin->SetEnabled(false);
-    EXPECT_TRUE(bin->IsDeleted());
+TEST_F(StorageLocationOperations, ALocationDeletedElsewhereCanBeNeitherRenamedNorEnabledNorDisabled) {
+    const auto renamed = Find(m_tree.annex), enabled = Find(m_tree.annex), disabled = Find(m_tree.annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
+    ExpectRefused(
+        "Rename", [&] { renamed->Rename("Vault"); }, DeletedText);
+    ExpectRefused(
+        "SetEnabled", [&] { enabled->SetEnabled(true); }, DeletedText);
+    ExpectRefused(
+        "SetEnabled", [&] { disabled->SetEnabled(false); }, DeletedText);
+    for (const auto& location : {renamed, enabled, disabled}) {
+        EXPECT_TRUE(location->IsDeleted());
+        EXPECT_EQ(location->Name(), "Annex");
+    }
+    EXPECT_EQ(Find(m_tree.annex), nullptr) << "the document is current";
 }
 
 TEST_F(StorageLocationOperations, DeletingSendsTheDescendantsFirstInOneTransactionAndReadsTheTable) {

@@ -185,6 +185,15 @@ TEST_F(HostDatabaseTest, OnlyPersistableChildrenAreInsertedAndNeverTheKey) {
     EXPECT_TRUE(m_database.QueryValue("SELECT Description FROM Property").IsNull());
 }
 
+TEST_F(HostDatabaseTest, AKeyThatIsNoColumnOfTheTableIsRefusedBeforeAnythingIsWritten) {
+    const std::string before = m_database.Snapshot();
+    const Error error = RaisedBy([&] { Insert("Property", "IdNo", "<Property/>"); });
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
+    EXPECT_EQ(error.Description(), "The table has no column 'IdNo'.");
+    EXPECT_EQ(m_database.Snapshot(), before);
+    EXPECT_EQ(Insert("Property", "propertyno", "<Property/>"), 1);
+}
+
 TEST_F(HostDatabaseTest, AValueThatDoesNotFitItsColumnIsRefusedBeforeItIsWritten) {
     EXPECT_EQ(RaisedBy([&] { Insert("StorageLocation", "IdNo", LocationDocument("a", "perhaps")); }).Number(),
               ErrorNumber::TypeMismatch);

@@ -216,7 +216,8 @@ void CartView::ShowTransactionType(int32_t transactionType) {
         if (texts.type != transactionType) continue;
         m_title->SetCaption(texts.title);
         m_transfer->SetCaption(texts.button);
-        m_location->LoadLocations(texts.destination);
+        m_destinationType = texts.destination;
+        m_location->LoadLocations(m_destinationType);
     }
 }
 
@@ -254,6 +255,7 @@ std::shared_ptr<TransferData> CartView::MakeTransferData() const {
     auto details = std::make_shared<TransferData>();
     details->DateReceived = GetClock().Now();
     details->Location = m_location->SelectedLocation();
+    details->LocationType = m_destinationType;
     details->Reason = m_reason->Value();
     details->ReceivedFrom = m_receivedFrom->Value();
     details->ReceivedBy = m_receivedBy->Value();

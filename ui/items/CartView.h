@@ -59,6 +59,7 @@ private:
     TessarineDropdown* m_receivedFrom = nullptr;
     TessarineDropdown* m_receivedBy = nullptr;
     LocationPicker* m_location = nullptr;
+    StorageLocationTypes m_destinationType{};  // that m_location offers
     TessarineDropdown* m_reason = nullptr;
     FlatButton* m_cancel = nullptr;
     FlatButton* m_transfer = nullptr;

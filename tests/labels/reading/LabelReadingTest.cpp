@@ -96,6 +96,7 @@ protected:
         item.LoadFromRow(Row::Of({{"ItemType", static_cast<int32_t>(kind)},
                                   {"ID", key},
                                   {"CategoryNo", std::uniform_int_distribution<int32_t>(1, 3)(m_random)},
+                                  {"CurrTrackSeq", Null()},
                                   {"StorageLocNo", Null()},
                                   {"DisplayID", AnyText()},
                                   {"Description", AnyText()},

@@ -1,6 +1,7 @@
 #include "tests/ui/items/CartViewTest.h"
 
 #include "core/ActionTypes.h"
+#include "tests/support/Callbacks.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/explorer/SearchResultRow.h"
@@ -129,6 +130,21 @@ TEST_F(CartViewTest, AFailedTransferMovesNothingClearsTheBatchAndGoesBack) {
     EXPECT_TRUE(Cart()->IsEmpty());
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
     EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(CartViewTest, ADestinationThatHasGotAnotherCategorySinceTheViewOfferedItIsRefused) {
+    BeginSignOut();
+    FillForm(digitalForensics);
+    m_database.Execute("UPDATE StorageLocation SET Type = 8, Path = '/0/' WHERE IdNo = ?", {digitalForensics});
+    GetStorageLocationStatic().Refresh();
+    const std::string before = m_database.Snapshot();
+    const auto seen = std::make_shared<RecordingCallback>();
+    GetDispatcher()->Register(seen);
+    m_log.Announce("Actions.ProcessTransaction");
+    Transfer()->Click();
+    EXPECT_EQ(m_database.Snapshot(), before);
+    ASSERT_EQ(seen->Types().at(3), ActionTypes::CART_TRANSACTION_FAILED);
+    EXPECT_NE(ToText(seen->actions[3].Payload).find("has been moved to 'Final Disposition'."), std::string::npos);
 }
 
 TEST_F(CartViewTest, AnErrorBeforeTheTransferIsReportedAndTheViewStays) {
