@@ -3,6 +3,8 @@
 #include "base/Error.h"
 #include "base/Text.h"
 
+#include <set>
+
 namespace quellbrook {
 
 namespace {
@@ -18,8 +20,9 @@ std::string_view ChildText(const pugi::xml_node& node, const char* name) {
 
 std::string StorageLocation::FullPath(const std::string& pathSeparator, bool includeRoot) const {
     std::string result;
+    std::set<int32_t> seen;
     auto current = shared_from_this();
-    while (current && (includeRoot || !current->IsRoot())) {
+    while (current && (includeRoot || !current->IsRoot()) && seen.insert(current->ID()).second) {
         if (!result.empty()) result.insert(0, pathSeparator);
         result.insert(0, Trim(current->Name()));
         current = current->Parent();

@@ -37,7 +37,7 @@ public:
     // Moves this location with its sublocations into another container or root; all of them get its category. Does
     // nothing if it is already there. Error 91 for null.
     void Move(const StorageLocationRef& newParent);
-    // The trimmed names from the top down.
+    // The trimmed names from the top down. Each location appears once, even if the stored paths contain a circle.
     std::string FullPath(const std::string& pathSeparator = "/", bool includeRoot = false) const;
     StorageLocationTypes LocationType() const { return m_type; }
     // A new, enabled location in this one, which may be a root; the name is stored as given.

@@ -1,6 +1,7 @@
 #include "database/SqliteFileCheck.h"
 
 #include "base/Error.h"
+#include "database/DatabaseFile.h"
 #include "database/LockWait.h"
 #include "database/SqliteError.h"
 #include "database/schema/SqliteSchema.h"
@@ -60,6 +61,9 @@ void CheckHeader(const std::string& path) {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) Refuse("There is no database '" + path + "'.");
     if (!std::filesystem::is_regular_file(path, ignored)) Refuse("The file '" + path + "' is not a database.");
+    if (IsOnNetwork(path))
+        Refuse("The database '" + path +
+               "' is on another machine, where transfers could damage it. Move it to a disk of this machine.");
     const Header header = ReadHeader(path);
     if (std::string_view(reinterpret_cast<const char*>(header.data()), signature.size()) != signature)
         Refuse("The file '" + path + "' is not a database.");
@@ -105,6 +109,7 @@ void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimi
         CheckTables(database, path);
         CheckPages(database, path);
         AllowCheckpoint(database, true);
+        MakePrivate(path);
     } catch (const SQLite::Exception& failure) {
         RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
     }

@@ -5,14 +5,25 @@
 #include <spdlog/logger.h>
 #include <spdlog/sinks/rotating_file_sink.h>
 
+#include <sys/stat.h>
+#include <cstdio>
+
 namespace quellbrook {
 
 namespace {
 
+// Entries name users and items.
+spdlog::file_event_handlers OwnersOnly() {
+    spdlog::file_event_handlers handlers;
+    handlers.after_open = [](const spdlog::filename_t&, std::FILE* file) { fchmod(fileno(file), S_IRUSR | S_IWUSR); };
+    return handlers;
+}
+
 class FileErrorLog : public ErrorLog {
 public:
     explicit FileErrorLog(const std::string& path)
-        : m_logger("errors", std::make_shared<spdlog::sinks::rotating_file_sink_st>(path, fileSize, olderFiles)) {
+        : m_logger("errors", std::make_shared<spdlog::sinks::rotating_file_sink_st>(path, fileSize, olderFiles, false,
+                                                                                    OwnersOnly())) {
         m_logger.set_pattern("%Y-%m-%d %H:%M:%S.%e %v");
         m_logger.flush_on(spdlog::level::info);
     }

@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-// A log in a rotating file: 5 files of 1 MiB. Error 5 if the file can't be written.
+// A log in a rotating file, which only its owner can read: 5 files of 1 MiB. Error 5 if the file can't be written.
 std::unique_ptr<ErrorLog> MakeFileErrorLog(const std::string& path);
 
 }  // namespace quellbrook

@@ -106,6 +106,21 @@ TEST_F(StorageLocationTest, ADeletedContainerIsNotAParentAndEndsThePath) {
     EXPECT_EQ(orphan->FullPath(), "Shelf");
 }
 
+TEST_F(StorageLocationTest, APathThatContainsItselfEnds) {
+    for (const char* trigger : {"StorageLocationInsertGuard", "StorageLocationUpdateGuard", "StorageLocationMoveGuard"})
+        m_database.Execute(std::string("DROP TRIGGER IF EXISTS ") + trigger);
+    const auto setPath = [&](int32_t id, const std::string& path) {
+        m_database.Execute("UPDATE StorageLocation SET Path = ? WHERE IdNo = ?", {path, id});
+    };
+    const std::string room = std::to_string(m_room), shelf = std::to_string(m_shelf);
+    setPath(m_room, "/0/" + room + "/");
+    GetStorageLocationStatic().Refresh();
+    EXPECT_EQ(Find(m_room)->FullPath(), "Room");
+    setPath(m_room, "/0/" + shelf + "/");
+    GetStorageLocationStatic().Refresh();
+    EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
+}
+
 TEST_F(StorageLocationTest, FullPathHasTheNamesFromTheTopDown) {
     EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
     EXPECT_EQ(Find(m_box)->FullPath(" > "), "Room > Shelf > Box");

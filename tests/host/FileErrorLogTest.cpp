@@ -68,6 +68,15 @@ TEST_F(FileErrorLogTest, KeepsAtMostFiveFilesOfAMebibyte) {
     EXPECT_EQ(files, 5);
 }
 
+TEST_F(FileErrorLogTest, OnlyTheOwnerCanReadTheFiles) {
+    std::ofstream(File()).put('x');
+    const auto log = MakeFileErrorLog(File());
+    for (int i = 0; i < 300; ++i) log->Log("Quellbrook", "A.B", std::string(8000, 'x'));
+    for (const auto& file : std::filesystem::directory_iterator(m_folder))
+        EXPECT_EQ(file.status().permissions(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write)
+            << file.path();
+}
+
 TEST_F(FileErrorLogTest, AppendsToTheFileOfTheLastRun) {
     MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "one");
     MakeFileErrorLog(File())->Log("Quellbrook", "A.B", "two");

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace quellbrook {
+
+// Takes the rights to a database and its companions from everybody but the owner. Leaves other users' files alone.
+void MakePrivate(const std::string& databasePath);
+
+// Whether the path is on another machine. The write-ahead log needs locks and shared memory, which do not work there.
+bool IsOnNetwork(const std::string& path);
+
+// Replaces the type of a path's file system, as statfs returns it. Null restores it. For tests.
+void SetFileSystemType(std::function<unsigned long(const std::string& path)> type);
+
+}  // namespace quellbrook
