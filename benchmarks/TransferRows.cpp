@@ -104,7 +104,8 @@ private:
 }  // namespace
 
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
-    const auto locations = baseline.Integers("SELECT IdNo FROM StorageLocation WHERE Type = 2 ORDER BY IdNo");
+    const auto locations = baseline.Integers(
+        "SELECT IdNo FROM StorageLocation WHERE Type = 2 AND COALESCE(ActiveFlag, 1) = 1 ORDER BY IdNo");
     const auto persons = baseline.Integers("SELECT PersonNo FROM Person ORDER BY PersonNo");
     const int32_t reason = baseline.Integers("SELECT Code FROM CodeTable WHERE TableNumber = 38 ORDER BY Code").at(0);
     HandWritten handWritten(baseline);
