@@ -108,6 +108,7 @@ const Group groups[] = {
     {"lookups", bench::MeasureLookups},
     {"contents", bench::MeasureLocationContents},
     {"descriptions", bench::MeasureDescriptions},
+    {"broad", bench::MeasureBroadCriteria},
     {"chains", bench::MeasureChain},
     {"relations", bench::MeasureRelations},
     {"locations", [](bench::Baseline& baseline,

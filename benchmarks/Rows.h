@@ -13,6 +13,7 @@ void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results);
 void MeasureLookups(Baseline& baseline, std::vector<Result>& results);
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results);
 void MeasureDescriptions(Baseline& baseline, std::vector<Result>& results);
+void MeasureBroadCriteria(Baseline& baseline, std::vector<Result>& results);
 void MeasureManyHits(Baseline& baseline, std::vector<Result>& results);
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results);
 void MeasureChain(Baseline& baseline, std::vector<Result>& results);

@@ -15,10 +15,10 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 
 #include <malloc.h>
+#include <time.h>
 
 namespace quellbrook::bench {
 
@@ -55,15 +55,21 @@ void Settle() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-double Median(std::vector<double> times) {
-    std::nth_element(times.begin(), times.begin() + share / 2, times.end());
-    return times[share / 2];
+double Median(std::vector<double> values) {
+    std::nth_element(values.begin(), values.begin() + share / 2, values.end());
+    return values[share / 2];
 }
 
+// The processor time of this thread: other programs on the machine do not count.
 double MicrosecondsOf(const std::function<void()>& operation) {
-    const auto start = std::chrono::steady_clock::now();
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+    };
+    const double start = now();
     operation();
-    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+    return now() - start;
 }
 
 // Constant work: Qt paints a text many times. Its time indicates the current speed of the machine. On a shared machine,
@@ -75,20 +81,22 @@ void PaintYardstick() {
         painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
 }
 
-// The times of a hundred operations and of the constant work beside each.
 struct Pace {
-    std::vector<double> operations, yardsticks;
-    double Typical() const { return Median(operations); }
-    double Machine() const { return Median(yardsticks); }
+    double yardstick;  // microseconds
+    double ratio;      // of an operation to the constant work just before and after it
 };
 
 Pace MeasureHundred(const std::function<void()>& operation) {
-    Pace measured;
+    std::vector<double> yardsticks, ratios;
+    double before = MicrosecondsOf(PaintYardstick);
     for (int i = 0; i < share; ++i) {
-        measured.yardsticks.push_back(MicrosecondsOf(PaintYardstick));
-        measured.operations.push_back(MicrosecondsOf(operation));
+        const double time = MicrosecondsOf(operation);
+        const double after = MicrosecondsOf(PaintYardstick);
+        yardsticks.push_back(after);
+        ratios.push_back(2 * time / (before + after));
+        before = after;
     }
-    return measured;
+    return {Median(yardsticks), Median(ratios)};
 }
 
 // Compares the last hundred operations, scaled to the machine's speed during the first hundred, with these; and
@@ -100,13 +108,11 @@ void MeasurePace(const char* name, int count, const std::function<void()>& opera
     const size_t bytes = mallinfo2().uordblks;
     const qsizetype widgets = QApplication::allWidgets().size();
     for (int i = count / 2; i < count - share; ++i) operation();
-    const double lastTime = [&] {
-        const Pace last = MeasureHundred(operation);
-        return last.Typical() * first.Machine() / last.Machine();
-    }();
+    const Pace last = MeasureHundred(operation);
     Require(QApplication::allWidgets().size() == widgets, std::string(name) + ": a widget was left behind.");
     const double left = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(bytes);
-    results.push_back({std::string(name) + ", last hundred over first", count, "us", lastTime, first.Typical(), pace});
+    results.push_back({std::string(name) + ", last hundred over first", count, "us", last.ratio * first.yardstick,
+                       first.ratio * first.yardstick, pace});
     results.push_back(
         {std::string(name) + ", bytes left by each", count, "B", std::max(0.0, left / (count / 2)), {}, bytesLeft});
 }

@@ -86,6 +86,39 @@ ConditionRef IsCandidateForLocation(SourceId item, const TrackedKind& kind, cons
     return MakeCondition(Membership{MakeExpression(ColumnReference{item, kind.key}), MakeSource(std::move(list))});
 }
 
+const QuerySelect* ListOf(const ConditionRef& condition) {
+    const auto* membership = std::get_if<Membership>(&condition->content);
+    return membership ? std::get_if<QuerySelect>(&membership->query->content) : nullptr;
+}
+
+bool ListsCandidates(const ConditionRef& condition) {
+    const QuerySelect* list = ListOf(condition);
+    return list && TableOf(list->from) && TableOf(list->from)->name == "CurrentPlace";
+}
+
+// A list of linked items, found by a pattern.
+bool ListsByPattern(const ConditionRef& condition) {
+    const QuerySelect* list = ListOf(condition);
+    const auto* join = list ? std::get_if<JoinSource>(&list->from->content) : nullptr;
+    return join && join->kind == JoinKind::FixedOrder && TableOf(join->left) && TableOf(join->right) &&
+           std::any_of(list->where.begin(), list->where.end(),
+                       [](const ConditionRef& test) { return std::holds_alternative<PatternTest>(test->content); });
+}
+
+// The candidates that the second list contains too.
+SourceRef Intersection(const QuerySelect& candidates, const QuerySelect& linked) {
+    const JoinSource& pair = std::get<JoinSource>(linked.from->content);
+    const ExpressionRef& key = linked.columns.front().expression;
+    const bool keyIsLeft = pair.left->id == ColumnOf(key)->source;
+    const SourceRef keyed =
+        MakeSource(JoinSource{candidates.from, keyIsLeft ? pair.left : pair.right, JoinKind::FixedOrder, nullptr});
+    QuerySelect list = linked;
+    list.from = MakeSource(JoinSource{keyed, keyIsLeft ? pair.right : pair.left, JoinKind::FixedOrder, nullptr});
+    list.where.insert(list.where.begin(), candidates.where.begin(), candidates.where.end());
+    list.where.push_back(MakeCondition(Comparison{key, true, candidates.columns.front().expression}));
+    return MakeSource(std::move(list));
+}
+
 size_t CountCharacters(std::string_view text) {
     return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
@@ -121,6 +154,30 @@ bool IsNarrow(const ConditionRef& condition) {
                       EqualsNoCase(column->name, "StorageLocNo"));
 }
 
+// The items of the source that have no custody row, if the query lists only those.
+std::optional<QuerySelect> ListOfUntracked(const QuerySelect& query, SourceId items) {
+    for (const TrackedKind& kind : trackedKinds) {
+        if (!IsTable(query.from, items, kind.items)) continue;
+        for (const ConditionRef& condition : query.where) {
+            const auto* test = std::get_if<NullTest>(&condition->content);
+            if (!test || !test->isNull || !IsColumn(test->operand, {items, "CurrTrackSeq"})) continue;
+            const SourceRef table = MakeSource(TableSource{kind.items});
+            QuerySelect list{table, {{MakeExpression(ColumnReference{table->id, kind.key}), kind.key}}, {}};
+            list.where = {MakeCondition(NullTest{MakeExpression(ColumnReference{table->id, "CurrTrackSeq"}), true})};
+            return list;
+        }
+    }
+    return std::nullopt;
+}
+
+// Whether the pattern of the list cannot use an index, or may match very many rows.
+bool IsBroad(const QuerySelect& linked) {
+    return std::any_of(linked.where.begin(), linked.where.end(), [](const ConditionRef& condition) {
+        const auto* test = std::get_if<PatternTest>(&condition->content);
+        return test && (test->pattern.starts_with('*') || CountCharacters(LongestPlainRun(test->pattern)) < 3);
+    });
+}
+
 }  // namespace
 
 void UseCurrentPlaces(QuerySelect& query) {
@@ -140,6 +197,22 @@ void UseCurrentPlaces(QuerySelect& query) {
         if (!isTurned) where.push_back(condition);
     }
     query.where = std::move(where);
+}
+
+void StartBroadPatternsFromItems(QuerySelect& query) {
+    const auto linked = std::find_if(query.where.begin(), query.where.end(), ListsByPattern);
+    if (linked == query.where.end()) return;
+    const QuerySelect& list = *ListOf(*linked);
+    const ExpressionRef key = std::get<Membership>((*linked)->content).operand;
+    const auto candidates = std::find_if(query.where.begin(), query.where.end(), [&](const ConditionRef& condition) {
+        return ListsCandidates(condition) && IsColumn(std::get<Membership>(condition->content).operand, *ColumnOf(key));
+    });
+    if (candidates != query.where.end()) {
+        *candidates = MakeCondition(Membership{key, Intersection(*ListOf(*candidates), list)});
+        query.where.erase(linked);
+    } else if (const auto untracked = ListOfUntracked(query, ColumnOf(key)->source); untracked && IsBroad(list)) {
+        *linked = MakeCondition(Membership{key, Intersection(*untracked, list)});
+    }
 }
 
 void UseDescriptionIndex(QuerySelect& query) {

@@ -57,13 +57,17 @@ bool IsNeededForRows(const QuerySelect& query, const SourceRef& leftJoin) {
     return false;
 }
 
-// The FROM clause with the join replaced by its left side.
+// The FROM clause with the join replaced.
+SourceRef WithReplaced(const SourceRef& from, const SourceRef& join, const SourceRef& replacement) {
+    if (from == join) return replacement;
+    const JoinSource* outer = JoinOf(from);
+    if (!outer || !HoldsSource(from, join->id)) return from;
+    return ChangedSource(*from, JoinSource{WithReplaced(outer->left, join, replacement),
+                                           WithReplaced(outer->right, join, replacement), outer->kind, outer->on});
+}
+
 SourceRef WithoutRightSide(const SourceRef& from, const SourceRef& leftJoin) {
-    if (from == leftJoin) return JoinOf(leftJoin)->left;
-    const JoinSource* join = JoinOf(from);
-    if (!join || !HoldsSource(from, leftJoin->id)) return from;
-    return ChangedSource(*from, JoinSource{WithoutRightSide(join->left, leftJoin),
-                                           WithoutRightSide(join->right, leftJoin), join->kind, join->on});
+    return WithReplaced(from, leftJoin, JoinOf(leftJoin)->left);
 }
 
 std::vector<SourceRef> LeftJoinsOf(const SourceRef& from) {
@@ -143,6 +147,12 @@ bool TurnCriteriaOn(QuerySelect& query, const SourceRef& leftJoin) {
     return true;
 }
 
+// Whether the condition compares a column of these sources with a value that an index can look up.
+bool LooksUp(const ConditionRef& condition, const SourceRef& sources) {
+    const auto* comparison = std::get_if<Comparison>(&condition->content);
+    return comparison && comparison->equal && ColumnOf(comparison->left) && TouchesOnly(condition, sources);
+}
+
 }  // namespace
 
 bool HasLeftJoin(const SourceRef& from) { return !LeftJoinsOf(from).empty(); }
@@ -168,6 +178,24 @@ void DropUnusedLeftJoins(QuerySelect& query) {
         if (isTested || IsNeededForRows(query, leftJoin)) continue;
         query.from = WithoutRightSide(query.from, leftJoin);
         return DropUnusedLeftJoins(query);
+    }
+}
+
+void FixOrderOfRequiredRows(QuerySelect& query) {
+    for (const SourceRef& leftJoin : LeftJoinsOf(query.from)) {
+        const JoinSource& join = *JoinOf(leftJoin);
+        if (!std::holds_alternative<TableSource>(join.right->content)) continue;
+        const auto any = [&](const auto& test) {
+            return std::any_of(query.where.begin(), query.where.end(),
+                               [&](const ConditionRef& condition) { return test(condition, join.right); });
+        };
+        if (!any(RefusesRowWithout) || any(LooksUp)) continue;
+        const std::vector<ConditionRef> on = Conjuncts(join.on);
+        query.where.insert(query.where.begin(), on.begin(), on.end());
+        query.from =
+            WithReplaced(query.from, leftJoin,
+                         ChangedSource(*leftJoin, JoinSource{join.left, join.right, JoinKind::FixedOrder, nullptr}));
+        return FixOrderOfRequiredRows(query);
     }
 }
 

@@ -12,7 +12,9 @@ void FoldConstants(QuerySelect& query);
 void DropImpliedNullTests(QuerySelect& query);
 void TurnLinkedCriteriaToLists(QuerySelect& query);
 void DropUnusedLeftJoins(QuerySelect& query);
+void FixOrderOfRequiredRows(QuerySelect& query);
 void UseCurrentPlaces(QuerySelect& query);
+void StartBroadPatternsFromItems(QuerySelect& query);
 void UseDescriptionIndex(QuerySelect& query);
 
 // Whether FoldConstants found that the query returns no row.

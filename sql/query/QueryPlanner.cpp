@@ -56,7 +56,9 @@ void PlanArm(QuerySelect& query, bool isDistinct, const Dialect& dialect) {
         DropUnusedLeftJoins(query);
     }
     if (dialect.hasCurrentPlace) UseCurrentPlaces(query);
+    StartBroadPatternsFromItems(query);
     if (dialect.hasDescriptionIndex) UseDescriptionIndex(query);
+    FixOrderOfRequiredRows(query);
     query.from = PlanDerivedTables(query.from, dialect);
 }
 

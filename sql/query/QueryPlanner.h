@@ -16,11 +16,14 @@ namespace quellbrook::sql {
 //   TurnLinkedCriteriaToLists  a criterion on a left-joined pair of tables becomes key IN (SELECT ... FROM the pair)
 //   DropUnusedLeftJoins        a left-joined source that nothing selects or tests is dropped
 //   UseCurrentPlaces           items at a location are looked up in CurrentPlace, if it exists
+//   StartBroadPatternsFromItems
+//                              a pattern for incidents is tested only for the items in CurrentPlace, or only for
+//                              untracked items, where it might match far more incidents than there are such items
 //   UseDescriptionIndex        a description is looked up in PropertyDescription, if it exists
+//   FixOrderOfRequiredRows     a left join with a table whose row is required becomes an inner join that starts from
+//                              the left side, unless a condition looks the row up by a value
 //   HaveNoEqualRows            a query of items uses UNION ALL and no DISTINCT where the schema states that items are
 //                              distinct
-// The join of the current custody row remains a left join: with an inner join, the engine might start from the tracking
-// table.
 SourceRef PlanQuery(const SourceRef& query, const Dialect& dialect);
 
 }  // namespace quellbrook::sql

@@ -19,9 +19,46 @@ std::string Planned(const SearchShape& shape, const Dialect& dialect = Sqlite())
 
 }  // namespace
 
-TEST(StoredItemComposition, KeepsTheLeftJoinOfTheCurrentCustodyRow) {
-    EXPECT_THAT(Planned({.itemType = 1}), HasSubstr("Property LEFT JOIN PropertyTracking ON"));
-    EXPECT_THAT(Planned({.itemType = 1}), HasSubstr("PropertyTracking.StorageLocNo IS NOT NULL"));
+TEST(StoredItemComposition, ReadsTheItemBeforeItsCurrentCustodyRow) {
+    const std::string text = Planned({.itemType = 1});
+    EXPECT_THAT(text, HasSubstr("FROM Property CROSS JOIN PropertyTracking WHERE"));
+    EXPECT_THAT(text, HasSubstr("PropertyTracking.PropertyNo = Property.PropertyNo AND Property.CurrTrackSeq = "
+                                "PropertyTracking.SeqNo"));
+    EXPECT_THAT(text, HasSubstr("PropertyTracking.StorageLocNo IS NOT NULL"));
+}
+
+TEST(StoredItemComposition, KeepsTheLeftJoinIfTheRowMayBeMissing) {
+    EXPECT_THAT(Planned({.itemType = 1, .untracked = true}), HasSubstr("Property LEFT JOIN PropertyTracking ON"));
+    EXPECT_THAT(Planned({.itemType = 1, .anywhere = true}), HasSubstr("Property LEFT JOIN PropertyTracking ON"));
+}
+
+TEST(StoredItemComposition, KeepsTheLeftJoinIfTheRowIsFoundByItsLocation) {
+    EXPECT_THAT(Planned({.inLocation = true, .itemType = 1}), HasSubstr("Property LEFT JOIN PropertyTracking ON"));
+}
+
+TEST(StoredItemComposition, TestsAPatternForIncidentsOnlyForTheItemsAtTheLocation) {
+    const SearchShape shape{.inLocation = true, .itemType = 1, .numberType = 1, .numberPattern = "*7*"};
+    EXPECT_THAT(Planned(shape, WithSideTables()),
+                HasSubstr("Property.PropertyNo IN (SELECT IncdProperty.PropertyNo FROM CurrentPlace CROSS JOIN "
+                          "IncdProperty CROSS JOIN Incident WHERE CurrentPlace.StorageLocNo = ? AND "
+                          "CurrentPlace.ItemType = 1 AND Incident.IncidentNo = IncdProperty.IncidentNo AND "
+                          "Incident.IncidentId LIKE '%7%' AND IncdProperty.PropertyNo = CurrentPlace.ItemNo)"));
+    EXPECT_THAT(Planned(shape), Not(HasSubstr("CurrentPlace")));
+}
+
+TEST(StoredItemComposition, TestsABroadPatternForIncidentsOnlyForUntrackedItems) {
+    for (const char* pattern : {"*2026-000123", "20*"}) {
+        EXPECT_THAT(Planned({.itemType = 2, .numberType = 2, .numberPattern = pattern, .untracked = true}),
+                    HasSubstr("Vehicle.VehicleNo IN (SELECT IncdVehicle.VehicleNo FROM Vehicle CROSS JOIN "
+                              "IncdVehicle CROSS JOIN Incident WHERE Vehicle.CurrTrackSeq IS NULL AND "));
+    }
+    EXPECT_THAT(Planned({.itemType = 2, .numberType = 2, .numberPattern = "202*", .untracked = true}),
+                HasSubstr("Vehicle.VehicleNo IN (SELECT IncdVehicle.VehicleNo FROM Incident CROSS JOIN IncdVehicle"));
+}
+
+TEST(StoredItemComposition, KeepsTheListOfAPlainIncidentNumberBesideALocation) {
+    EXPECT_THAT(Planned({.inLocation = true, .itemType = 1, .numberType = 1}, WithSideTables()),
+                HasSubstr("Property.PropertyNo IN (SELECT IncdProperty.PropertyNo FROM Incident CROSS JOIN "));
 }
 
 TEST(StoredItemComposition, OmitsTheArmOfTheOtherKind) {
