@@ -8,6 +8,7 @@
 #include <QFocusFrame>
 #include <QPainter>
 #include <QPointer>
+#include <QStyleOption>
 
 namespace quellbrook {
 
