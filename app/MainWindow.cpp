@@ -2,11 +2,14 @@
 
 #include "app/HostTabs.h"
 #include "app/common/HostGuard.h"
+#include "base/FormatCount.h"
+#include "base/Screen.h"
 #include "component/Quellbrook.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QShowEvent>
 #include <QStackedWidget>
@@ -38,7 +41,11 @@ MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user
     connect(m_login, &LoginForm::Submitted, this, [this](const QString& username, const QString& password) {
         GuardHost(this, [&] { LogIn(username, password); });
     });
-    connect(m_tabs, &HostTabs::LogOutRequested, this, [this] { GuardHost(this, [this] { LogOut(); }); });
+    connect(m_tabs, &HostTabs::LogOutRequested, this, [this] {
+        GuardHost(this, [this] {
+            if (MayDropBatch("If you log out, the batch is lost.\r\n\r\nLog out anyway?")) LogOut();
+        });
+    });
     HostServices::Current().SetSession(std::make_shared<DatabaseSession>());
     QDesktopServices::setUrlHandler(Scheme(), this, "OpenAddress");
 }
@@ -48,6 +55,22 @@ MainWindow::~MainWindow() { QDesktopServices::unsetUrlHandler(Scheme()); }
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!event->spontaneous() && !m_evidence) m_login->Restart();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    bool mayClose = true;
+    GuardHost(this,
+              [&] { mayClose = MayDropBatch("If you close the window, the batch is lost.\r\n\r\nClose it anyway?"); });
+    event->setAccepted(mayClose);
+}
+
+// Asks the user if there is an open batch.
+bool MainWindow::MayDropBatch(const std::string& consequence) const {
+    const int items = m_evidence ? ItemsInOpenBatch() : 0;
+    if (items == 0) return true;
+    const std::string question = FormatCount(items, "%d item is in an open batch that has not been transferred. ",
+                                             "%d items are in an open batch that has not been transferred. ");
+    return ShowMessage(question + consequence, MessageStyle::YesNoQuestion, "Open batch") == MessageAnswer::Yes;
 }
 
 void MainWindow::LogIn(const QString& username, const QString& password) {

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <string>
 #include <vector>
 
 class QStackedWidget;
@@ -16,8 +17,9 @@ namespace quellbrook {
 class HostTabs;
 
 // The window of the reference host: the login form, then the tabs. Each login runs the gate and, if it returns true,
-// creates a new EvidenceUI. Logging out destroys it. While the window exists, it shows the records that the program
-// opens by address, instead of passing the addresses to the desktop.
+// creates a new EvidenceUI. Logging out destroys it. With an open batch, the window asks before it logs out or closes.
+// While the window exists, it shows the records that the program opens by address, instead of passing the addresses to
+// the desktop.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -32,11 +34,13 @@ public:
 protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void LogIn(const QString& username, const QString& password);
     void EnterEvidence();
     void LogOut();
+    bool MayDropBatch(const std::string& consequence) const;
     void OpenWaiting();
     Q_INVOKABLE void OpenAddress(const QUrl& address);
 

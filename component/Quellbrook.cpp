@@ -2,6 +2,7 @@
 
 #include "base/Environment.h"
 #include "core/Singletons.h"
+#include "core/Stores.h"
 #include "database/LockWait.h"
 #include "ui/accessibility/Accessibility.h"
 #include "ui/common/Dialogs.h"
@@ -54,6 +55,8 @@ void InstallTheme(bool dark) {
 void SetDialogParent(QWidget* window) { GetSingletons().SetDialogParent(std::make_shared<WindowReference>(window)); }
 
 bool InitializeQuellbrook() { return GetSingletons().InitializeQuellbrook(); }
+
+int ItemsInOpenBatch() { return GetStores().Cart->GetItems()->Count(); }
 
 QWidget* CreateEvidenceUI(QWidget* parent) {
     auto* control = new EvidenceUI(parent);

@@ -30,6 +30,10 @@ void SetDialogParent(QWidget* window);
 // batch and the view history of an earlier login.
 bool InitializeQuellbrook();
 
+// The number of items in the open batch; 0 without a batch. A host asks the user before it logs out or ends with an
+// open batch, since the batch is then lost. Only while an EvidenceUI exists.
+int ItemsInOpenBatch();
+
 // A new EvidenceUI, hidden, owned by the parent. Its Qt property BorderStyle (integer, default 0) frames it.
 QWidget* CreateEvidenceUI(QWidget* parent);
 

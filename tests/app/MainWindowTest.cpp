@@ -1,12 +1,25 @@
 #include "tests/app/MainWindowTest.h"
 
+#include "core/Actions.h"
 #include "host/HostLocationData.h"
+#include "tests/support/Items.h"
 #include "ui/common/Dialogs.h"
 
 #include <QLabel>
 #include <QPointer>
 
 namespace quellbrook::testing {
+
+namespace {
+
+// Puts items into a new batch.
+void OpenBatch(int items) {
+    auto batch = std::make_shared<ObjectVector>();
+    for (int key = 1; key <= items; ++key) batch->Add(FindItem(StoredItemTypes::Property, key));
+    GetActions().BeginTransaction(TransactionType::Move, batch);
+}
+
+}  // namespace
 
 TEST_F(MainWindowTest, ItsTitleNamesTheAgency) { EXPECT_EQ(m_window->windowTitle(), "Quellbrook - Harlow Bay"); }
 
@@ -39,6 +52,62 @@ TEST_F(MainWindowTest, LoggingOutDestroysTheEvidenceAndTheNextLoginCreatesANewOn
     LogIn(SampleAccounts()[2]);
     ASSERT_NE(Evidence(), nullptr);
     EXPECT_EQ(HostServices::Current().Session().Username(), "auditor");
+}
+
+TEST_F(MainWindowTest, LoggingOutWithAnOpenBatchAsksFirst) {
+    LogIn(SampleAccounts()[0]);
+    OpenBatch(2);
+    m_screen.AnswerNext(MessageAnswer::No);
+    Click(Find(*m_window, "logOut"));
+    EXPECT_EQ(m_screen.TakeMessages(),
+              std::vector{(RecordingScreen::Message{
+                  "2 items are in an open batch that has not been transferred. If you log out, the batch is "
+                  "lost.\r\n\r\nLog out anyway?",
+                  36, "Open batch"})});
+    ASSERT_NE(Evidence(), nullptr);
+    EXPECT_EQ(ItemsInOpenBatch(), 2);
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Click(Find(*m_window, "logOut"));
+    EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());
+    LogIn(SampleAccounts()[0]);
+    EXPECT_EQ(ItemsInOpenBatch(), 0);
+}
+
+TEST_F(MainWindowTest, ClosingWithAnOpenBatchAsksFirst) {
+    LogIn(SampleAccounts()[0]);
+    OpenBatch(1);
+    m_screen.AnswerNext(MessageAnswer::No);
+    EXPECT_FALSE(m_window->close());
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(m_screen.TakeMessages(),
+              std::vector{(RecordingScreen::Message{
+                  "1 item is in an open batch that has not been transferred. If you close the window, the batch is "
+                  "lost.\r\n\r\nClose it anyway?",
+                  36, "Open batch"})});
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    EXPECT_TRUE(m_window->close());
+    EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(MainWindowTest, WithoutAnOpenBatchNothingIsAsked) {
+    LogIn(SampleAccounts()[0]);
+    OpenBatch(1);
+    GetActions().CancelTransaction();
+    Click(Find(*m_window, "logOut"));
+    EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());
+    LogIn(SampleAccounts()[0]);
+    EXPECT_TRUE(m_window->close());
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(MainWindowTest, AtTheLoginFormTheBatchOfTheLastUserIsNotAskedAbout) {
+    LogIn(SampleAccounts()[0]);
+    OpenBatch(1);
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Click(Find(*m_window, "logOut"));
+    m_screen.TakeMessages();
+    EXPECT_TRUE(m_window->close());
+    EXPECT_TRUE(m_screen.Messages().empty());
 }
 
 TEST_F(MainWindowTest, AUserRefusedByTheGateIsLoggedOut) {

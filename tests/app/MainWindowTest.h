@@ -6,6 +6,7 @@
 #include "host/HostServices.h"
 #include "tests/app/SampleCopyTest.h"
 #include "tests/support/RecordingScreen.h"
+#include "tests/support/ui/FocusCalls.h"
 #include "tests/support/ui/Widgets.h"
 
 #include <QLineEdit>
@@ -28,6 +29,7 @@ protected:
     void SetUp() override {
         SampleCopyTest::SetUp();
         m_environment->screen = &m_screen;
+        ResetFocusCalls(m_screen);
         m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
         ShowActive(*m_window);
     }

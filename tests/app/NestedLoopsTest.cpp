@@ -1,7 +1,10 @@
+#include "core/ActionTypes.h"
 #include "core/Actions.h"
 #include "core/Stores.h"
 #include "data/BarcodeText.h"
 #include "data/StorageLocationStatic.h"
+#include "data/TransferStatements.h"
+#include "host/HostDatabase.h"
 #include "host/HostLocationData.h"
 #include "tests/app/MainWindowTest.h"
 #include "tests/support/Items.h"
@@ -11,13 +14,16 @@
 #include "ui/common/ViewHelpers.h"
 #include "ui/common/WidgetScreen.h"
 #include "ui/controls/FlatButton.h"
+#include "ui/controls/ListView.h"
+#include "ui/explorer/EvidenceExplorer.h"
+#include "ui/explorer/LocationView.h"
 #include "ui/platform/Guard.h"
 
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
-#include <QTimer>
+#include <QTreeWidget>
 
 #include <functional>
 #include <optional>
@@ -25,9 +31,10 @@
 namespace quellbrook::testing {
 namespace {
 
-// The real WidgetScreen with a wizard that runs until a test ends it.
+// The real WidgetScreen with a wizard that runs until a test ends it. Records plain messages instead of showing them.
 class ScreenWithWizard : public WidgetScreen {
 public:
+    void ShowPlainMessage(const std::string& text, const std::string&) override { plainMessages.push_back(text); }
     std::unique_ptr<SetupWizard> RunSetupWizard() override {
         struct CompletedWizard : SetupWizard {
             bool Completed() const override { return true; }
@@ -36,6 +43,7 @@ public:
         return std::make_unique<CompletedWizard>();
     }
     QEventLoop loop;
+    std::vector<std::string> plainMessages;
 };
 
 class PlainForm : public ModuleForm {
@@ -48,7 +56,7 @@ public:
     QLineEdit* const field;
 };
 
-enum class Loop { MessageDialog, PromptOfAView, Form, ContextMenu, GateWait, Yield };
+enum class Loop { MessageDialog, PromptOfAView, FailedTransfer, MissingView, Form, ContextMenu, GateWait, Yield };
 enum class Event { Scan, ToastTicks, ViewChange, LogOut, HostCloses };
 
 // Runs an event during each kind of nested loop: nothing crashes, no event is lost, and the loop ends when the user
@@ -74,6 +82,10 @@ protected:
 
     static Loop TheLoop() { return std::get<0>(GetParam()); }
     static Event TheEvent() { return std::get<1>(GetParam()); }
+    // The shell runs the loop while it handles an action, so every other action is refused.
+    static bool IsInDispatch() {
+        return TheLoop() == Loop::FailedTransfer || TheLoop() == Loop::MissingView || TheLoop() == Loop::Yield;
+    }
 
     static StoredItemRef SomeItem(int32_t position) {
         return StoredItemSearch()
@@ -84,17 +96,28 @@ protected:
 
     // Runs the loop. The event happens inside it, followed by the user's answer.
     void RunLoop() {
-        QTimer::singleShot(0, qApp, [this] {
-            Happen();
-            m_happened = true;
-            EndLoop();
-        });
+        const QPointer<QWidget> shell = Evidence();
+        if (shell && TheEvent() == Event::ToastTicks) GetActions().NotifyUser("Successfully transferred 3 items");
+        if (TheLoop() == Loop::Yield) SelectLongChain();
+        // A queued call, so that what it deletes later is deleted in the loop.
+        QMetaObject::invokeMethod(
+            qApp,
+            [this] {
+                Happen();
+                m_happened = true;
+                EndLoop();
+            },
+            Qt::QueuedConnection);
         switch (TheLoop()) {
         case Loop::MessageDialog:
             EXPECT_EQ(GetScreen().ShowMessage("Is this right?", MessageStyle::YesNoQuestion, "Question"),
                       MessageAnswer::Yes);
             break;
         case Loop::PromptOfAView: Click(Find<FlatButton>(*Find(*m_window, "infobar"), "btnCancel")); break;
+        case Loop::FailedTransfer:
+            GetDispatcher()->Dispatch({ActionTypes::CART_TRANSACTION_FAILED, "The database is locked."});
+            break;
+        case Loop::MissingView: GetActions().NavigateTo("cellar", nullptr); break;
         case Loop::Form: {
             PlainForm form;
             m_form = &form;
@@ -115,7 +138,10 @@ protected:
             HostLocationData().Reload();
             LogIn(SampleAccounts()[0]);
             break;
-        case Loop::Yield: QCoreApplication::processEvents(); break;
+        case Loop::Yield:
+            DoubleClick(m_row->treeWidget()->viewport(), m_row->treeWidget()->visualItemRect(m_row).center());
+            EXPECT_EQ(shell.isNull(), TheEvent() == Event::LogOut);
+            break;
         }
         EXPECT_TRUE(m_happened);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -123,9 +149,30 @@ protected:
         EXPECT_TRUE(m_window->findChildren<QWidget*>("windowShade").isEmpty());
     }
 
+    // Selects an item with a chain of custody so long that the item view yields while it builds the rows.
+    void SelectLongChain() {
+        const StoredItemRef item = SomeItem(3);
+        const StorageLocationRef location = item->Location();
+        CartItems batch;
+        batch.TryAdd(item);
+        TransferData details;
+        details.Location = location;
+        details.DateReceived = GetClock().Now();
+        for (int row = 0; row < 10; ++row) GetHostDatabase().ExecuteBatch(MakeTransferStatements(batch, details));
+        auto* explorer = Find<EvidenceExplorer>(*m_window, "explorer");
+        explorer->SetSelectedLocation(location);
+        ListView* list = explorer->ItemPane()->List();
+        int row = 0;
+        while (list->RowKey(row) != "P" + QString::number(item->ID())) ++row;
+        m_row = list->Tree()->topLevelItem(row);
+        list->Tree()->scrollToItem(m_row);
+    }
+
     void EndLoop() {
         switch (TheLoop()) {
-        case Loop::MessageDialog: return ClickInDialog(0);
+        case Loop::MessageDialog:
+        case Loop::FailedTransfer:
+        case Loop::MissingView: return ClickInDialog(0);
         case Loop::PromptOfAView: return ClickInDialog(1);
         case Loop::Form: m_form->close(); return;
         case Loop::ContextMenu:
@@ -152,15 +199,34 @@ protected:
         switch (TheEvent()) {
         case Event::Scan: return ScanItem(*SomeItem(4));
         case Event::ToastTicks:
-            GetActions().NotifyUser("Successfully transferred 3 items");
             for (int tick = 0; tick < 60; ++tick) m_timers->TickAll();
             return;
-        case Event::ViewChange: GetActions().NavigateTo("cart", nullptr); return;
-        case Event::LogOut:
-            if (IsOnShow("logOut")) Click(Find(*m_window, "logOut"));
+        case Event::ViewChange:
+            if (IsInDispatch())
+                EXPECT_THROW(GetActions().NavigateTo("cart", nullptr), Error);
+            else
+                GetActions().NavigateTo("cart", nullptr);
             return;
-        case Event::HostCloses: m_window->close(); return;
+        case Event::LogOut: return LogOut();
+        case Event::HostCloses:
+            AnswerNextQuestion();
+            m_window->close();
+            return;
         }
+    }
+
+    void LogOut() {
+        if (!IsOnShow("logOut")) return;
+        AnswerNextQuestion();
+        Click(Find(*m_window, "logOut"));
+        ServeEvents();
+    }
+
+    // Clicks Yes as soon as a further dialog is open, if a batch is: the window asks before it drops the batch.
+    void AnswerNextQuestion() {
+        if (!Evidence() || ItemsInOpenBatch() == 0) return;
+        QMetaObject::invokeMethod(
+            qApp, [] { ClickInDialog(0); }, Qt::QueuedConnection);
     }
 
     // At the gate there is no listener yet.
@@ -169,6 +235,10 @@ protected:
         ASSERT_EQ(QApplication::activeWindow(), HasDialog() ? QApplication::activeModalWidget() : m_window.get());
         if (m_form) m_form->field->setFocus();
         TypeAsScanner(MakeBarcodeText("P", item.ID()));
+        if (IsInDispatch() && !HasDialog()) {
+            QMetaObject::invokeMethod(
+                qApp, [] { ClickInDialog(0); }, Qt::QueuedConnection);
+        }
         EXPECT_EQ(m_timers->Tick(1), TheLoop() == Loop::GateWait ? 0 : 1) << "scans delivered";
         if (!m_form) return;
         EXPECT_EQ(m_form->field->text(), "");
@@ -177,7 +247,8 @@ protected:
 
     // A dialog is the active window.
     static bool HasDialog() {
-        return TheLoop() == Loop::MessageDialog || TheLoop() == Loop::PromptOfAView || TheLoop() == Loop::Form;
+        return TheLoop() == Loop::MessageDialog || TheLoop() == Loop::PromptOfAView ||
+               TheLoop() == Loop::FailedTransfer || TheLoop() == Loop::MissingView || TheLoop() == Loop::Form;
     }
 
     bool IsOnShow(const char* name) {
@@ -189,16 +260,21 @@ protected:
     std::optional<ManualTimers> m_timers;
     QPointer<PlainForm> m_form;
     QPointer<QMenu> m_menu;
+    QTreeWidgetItem* m_row = nullptr;  // the item with the long chain
     bool m_happened = false;
 };
 
 TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
     RunLoop();
     const bool gate = TheLoop() == Loop::GateWait;
+    const bool yields = TheLoop() == Loop::Yield;
+    const char* const shown = yields ? "itemView" : "explorer";
     if (!gate && TheEvent() != Event::LogOut) {
         ASSERT_FALSE(GetStores().Cart->IsEmpty());
         EXPECT_EQ(GetStores().Cart->GetItems()->Count(), 3);
     }
+    const bool refused = IsInDispatch() && (TheEvent() == Event::ViewChange || (yields && TheEvent() == Event::Scan));
+    EXPECT_EQ(m_widgetScreen.plainMessages.size(), refused ? 1u : 0u);
     switch (TheEvent()) {
     case Event::Scan:
         // A scan while a dialog is the active window is dropped.
@@ -206,11 +282,11 @@ TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
         EXPECT_EQ(IsOnShow("itemView"), !gate && !HasDialog());
         break;
     case Event::ToastTicks:
-        EXPECT_TRUE(IsOnShow("explorer"));
+        EXPECT_TRUE(IsOnShow(shown));
         EXPECT_FALSE(IsOnShow("toastMessage"));
         EXPECT_TRUE(m_timers->Running().empty());
         break;
-    case Event::ViewChange: EXPECT_TRUE(IsOnShow(gate ? "explorer" : "cart")); break;
+    case Event::ViewChange: EXPECT_TRUE(IsOnShow(gate || refused ? shown : "cart")); break;
     case Event::LogOut:
         // At the gate the user cannot log out yet.
         EXPECT_EQ(Evidence() != nullptr, gate);
@@ -221,11 +297,10 @@ TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
         EXPECT_FALSE(m_window->isVisible());
         ASSERT_NE(Evidence(), nullptr);
         ShowActive(*m_window);
-        EXPECT_TRUE(IsOnShow("explorer"));
+        EXPECT_TRUE(IsOnShow(shown));
         break;
     }
-    if (Evidence()) Click(Find(*m_window, "logOut"));
-    ServeEvents();
+    LogOut();
     EXPECT_EQ(Evidence(), nullptr);
     LogIn(SampleAccounts()[1]);
     EXPECT_TRUE(IsOnShow("explorer"));
@@ -233,14 +308,16 @@ TEST_P(NestedLoops, EventsDuringANestedLoopAreNotLost) {
 }
 
 std::string NameOf(const ::testing::TestParamInfo<std::tuple<Loop, Event>>& info) {
-    static const char* const loops[] = {"MessageDialog", "PromptOfAView", "Form", "ContextMenu", "GateWait", "Yield"};
+    static const char* const loops[] = {"MessageDialog", "PromptOfAView", "FailedTransfer", "MissingView",
+                                        "Form",          "ContextMenu",   "GateWait",       "Yield"};
     static const char* const events[] = {"Scan", "ToastTicks", "ViewChange", "LogOut", "HostCloses"};
     return std::string(loops[static_cast<int>(std::get<0>(info.param))]) + "_" +
            events[static_cast<int>(std::get<1>(info.param))];
 }
 
 INSTANTIATE_TEST_SUITE_P(Matrix, NestedLoops,
-                         ::testing::Combine(::testing::Values(Loop::MessageDialog, Loop::PromptOfAView, Loop::Form,
+                         ::testing::Combine(::testing::Values(Loop::MessageDialog, Loop::PromptOfAView,
+                                                              Loop::FailedTransfer, Loop::MissingView, Loop::Form,
                                                               Loop::ContextMenu, Loop::GateWait, Loop::Yield),
                                             ::testing::Values(Event::Scan, Event::ToastTicks, Event::ViewChange,
                                                               Event::LogOut, Event::HostCloses)),

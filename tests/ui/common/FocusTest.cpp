@@ -1,6 +1,7 @@
 #include "ui/common/ViewHelpers.h"
 
 #include "tests/support/ModelTest.h"
+#include "tests/support/ui/FocusCalls.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatTextbox.h"
@@ -16,9 +17,7 @@ protected:
         m_window.resize(400, 300);
         m_first = AddButton(&m_window, "first");
         m_second = AddButton(&m_window, "second");
-        // The count is global. The message resets it, at this call.
-        while (m_screen.Messages().empty()) TrySetFocus(nullptr);
-        m_screen.TakeMessages();
+        testing::ResetFocusCalls(m_screen);
     }
 
     static FlatButton* AddButton(QWidget* parent, const char* name) {

@@ -1,7 +1,7 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ui/FocusCalls.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
-#include "ui/common/ViewHelpers.h"
 
 #include <gmock/gmock.h>
 
@@ -144,15 +144,6 @@ TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileAFailureIsReported) {
     Click(m_widget->viewport(), node);
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
-}
-
-// The next call of TrySetFocus shows its message.
-void UseUpFocusCalls(RecordingScreen& screen) {
-    constexpr int mostCalls = 200;
-    QWidget none;
-    while (screen.Messages().empty()) TrySetFocus(&none);
-    for (int call = 1; call < mostCalls; ++call) TrySetFocus(&none);
-    ASSERT_EQ(screen.TakeMessages().size(), 1u);
 }
 
 TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileTheTreeReportsAFocusLoop) {

@@ -6,6 +6,7 @@
 #include "tests/support/Items.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ui/FocusCalls.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/View.h"
 #include "ui/platform/MousePointer.h"
@@ -71,6 +72,7 @@ protected:
 class ShellTest : public DatabaseTest {
 protected:
     ShellTest() {
+        ResetFocusCalls(m_screen);
         m_host.resize(1280, 800);
         m_shell = std::make_unique<EvidenceUI>(Views(), &m_host);
         m_shell->resize(1280, 800);
