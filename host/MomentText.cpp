@@ -42,7 +42,7 @@ struct Formatter {
             text += Field(pattern[at], end - at);
             at = end;
             const bool followsA = pattern[end - 1] == 'A' || pattern[end - 1] == 'a';
-            if (followsA && at < pattern.size() && (pattern[at] == 'P' || pattern[at] == 'p')) ++at;
+            if (followsA && (pattern[at] == 'P' || pattern[at] == 'p')) ++at;
         }
         return text;
     }

@@ -133,6 +133,13 @@ TEST_F(TransferTest, WhatTheLatestCustodyRowDoesNotSayIsLeftOut) {
     ExpectRefused(OneItem + Line("E-1 is now in 'Court > Desk', received on 01/02/2026 9:30 AM"));
 }
 
+TEST_F(TransferTest, AnItemInALocationThatIsGoneIsRefused) {
+    SignOutElsewhere(Property, TakeProperty());
+    m_database.Execute("PRAGMA foreign_keys = OFF");
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_laboratory});
+    ExpectRefused(OneItem + Line("E-1 is now in a deleted location, received by Raman on 11/20/2026 1:14 PM"));
+}
+
 TEST_F(TransferTest, AnItemWhoseRowIsGoneIsRefused) {
     const int32_t id = m_database.AddProperty({.PropertyID = "E-1"});
     m_items.TryAdd(FindItem(Property, id));
