@@ -20,7 +20,7 @@ using BatchQuery = HostDatabase::BatchQuery;
 using Sequences = std::unordered_map<int32_t, TaggedValue>;  // CurrTrackSeq by key
 
 constexpr size_t mostNamedItems = 5;
-constexpr const char* newLine = "\r\n    \u2022 ";
+constexpr const char* newLine = "\r\n\u2022 ";
 constexpr const char* pathSeparator = " > ";
 
 // Lists of a few lengths only, so that their statements stay prepared.
