@@ -19,7 +19,7 @@ void CreateLocationsOnly(const std::string& path, int count) {
         database.Run("BEGIN");
         Statement insert = database.Prepare(
             "INSERT INTO StorageLocation (IdNo, Name, Type, Path, ActiveFlag, DateEntered, LastUpdated) "
-            "VALUES (?1, ?2, ?3, ?4, 1, '2026-01-02 03:04:05', '2026-01-02 03:04:05')");
+            "VALUES (?1, ?2, ?3, ?4, 1, '2026-01-02T03:04:05.000', '2026-01-02T03:04:05.000')");
         std::vector<std::string> paths = {"/0/"};
         for (int32_t id = 1; id <= count; ++id) {
             const std::string name = "Shelf " + std::to_string(id);

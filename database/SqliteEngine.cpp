@@ -1,63 +1,56 @@
 #include "database/SqliteEngine.h"
 
-#include "base/Text.h"
 #include "database/SqliteConnection.h"
 #include "database/SqliteFileCheck.h"
+#include "database/schema/SchemaUpgrade.h"
+#include "database/schema/SideTables.h"
 #include "database/schema/SqliteSchema.h"
 
 #include <algorithm>
-#include <set>
+#include <utility>
 
 namespace quellbrook {
 
 namespace {
 
-using Names = std::set<std::string>;
-
-Names NamesInSchema(Connection& connection) {
-    Names names;
-    connection.Query("SELECT name FROM sqlite_schema", {}, [&](const Row& row) {
-        names.insert(FoldCase(ToTextOrEmpty(row.At(0))));
-        return true;
-    });
-    return names;
-}
-
-bool HasAll(const Names& present, const char* table, const std::vector<std::string>& triggers) {
-    if (present.count(FoldCase(table)) == 0) return false;
-    for (const std::string& trigger : triggers)
-        if (present.count(FoldCase(trigger)) == 0) return false;
-    return true;
-}
-
-bool StatesThatItemsAreDistinct(Connection& connection, const Names& present) {
+bool StatesThatItemsAreDistinct(Connection& connection) {
     bool found = false;
-    if (present.count("schemafact") == 0) return false;
-    connection.Query("SELECT Name FROM SchemaFact WHERE Name = ?", {ItemsAreDistinctFact}, [&](const Row&) {
-        found = true;
-        return false;
-    });
+    const auto receiver = [&](const Row&) { return !(found = true); };
+    connection.Query("SELECT name FROM sqlite_schema WHERE name = 'SchemaFact'", {}, receiver);
+    if (!std::exchange(found, false)) return false;
+    connection.Query("SELECT Name FROM SchemaFact WHERE Name = ?", {ItemsAreDistinctFact}, receiver);
     return found;
 }
 
-Dialect DialectOf(SqliteConnection& connection) {
-    const Names names = NamesInSchema(connection);
+Dialect DialectOf(Connection& connection, const SideTableState& sideTables) {
     Dialect dialect;
     dialect.concatenation = "||";
     dialect.equalsLikeLike = true;  // all text columns of the schema use NOCASE
-    dialect.hasCurrentPlace = HasAll(names, "CurrentPlace", CurrentPlaceTriggers());
-    dialect.hasDescriptionIndex = HasAll(names, "PropertyDescription", DescriptionIndexTriggers());
-    dialect.itemsAreDistinct = StatesThatItemsAreDistinct(connection, names);
+    dialect.hasCurrentPlace = sideTables.currentPlace;
+    dialect.hasDescriptionIndex = sideTables.descriptionIndex;
+    dialect.itemsAreDistinct = StatesThatItemsAreDistinct(connection);
     return dialect;
+}
+
+std::string NoteOf(const std::string& path, const SchemaUpgrade& upgrade) {
+    std::string note = "The database '" + path + "' was upgraded from version " + std::to_string(upgrade.fromVersion);
+    note += " to " + std::to_string(SchemaVersion) + ". The file as it was is '" + upgrade.backupPath;
+    return note + "'. It contains the same records: keep it as safe as the database.";
 }
 
 }  // namespace
 
 std::shared_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, int busyMilliseconds) {
     constexpr int longestOpening = 5000;
-    CheckSqliteFile(path, std::chrono::milliseconds(std::min(busyMilliseconds, longestOpening)));
+    const int lockLimit = std::min(busyMilliseconds, longestOpening);
+    CheckSqliteFile(path, std::chrono::milliseconds(lockLimit));
+    const std::optional<SchemaUpgrade> upgrade = UpgradeDatabase(path, lockLimit);
+    SideTableState sideTables = ProveSideTables(path, lockLimit);
     SqliteConnection connection(path, busyMilliseconds);
-    return std::shared_ptr<SqliteEngine>(new SqliteEngine(path, busyMilliseconds, DialectOf(connection)));
+    std::shared_ptr<SqliteEngine> engine(new SqliteEngine(path, busyMilliseconds, DialectOf(connection, sideTables)));
+    if (upgrade) engine->m_notes.push_back(NoteOf(path, *upgrade));
+    for (std::string& note : sideTables.notes) engine->m_notes.push_back(std::move(note));
+    return engine;
 }
 
 std::unique_ptr<Connection> SqliteEngine::Open() {

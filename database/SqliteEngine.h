@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace quellbrook {
 
@@ -13,10 +14,15 @@ public:
     // How long a statement waits for a lock of another connection. Opening does not wait longer than 5 seconds.
     static constexpr int BusyMilliseconds = 60'000;
 
-    // Opens an existing database of this program. Raises error 5 with a message for the user if the file
+    // Opens an existing database of this program. One of an older version is upgraded, after a copy of it has been made
+    // beside it. Raises error 5 with a message for the user if the file
     // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or
     // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
+
+    // What an administrator should know about the opening, one sentence or more each: an upgrade, and side tables that
+    // are not used since they may be wrong.
+    const std::vector<std::string>& Notes() const { return m_notes; }
 
     std::unique_ptr<Connection> Open() override;
     bool WasCommitted(const std::string& transactionName) override;
@@ -29,6 +35,7 @@ private:
     std::string m_path;
     int m_busyMilliseconds;
     Dialect m_dialect;
+    std::vector<std::string> m_notes;
 };
 
 }  // namespace quellbrook

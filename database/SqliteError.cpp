@@ -1,6 +1,7 @@
 #include "database/SqliteError.h"
 
 #include "base/Error.h"
+#include "database/schema/SchemaTriggers.h"
 
 #include <filesystem>
 
@@ -10,8 +11,9 @@ namespace quellbrook {
 
 namespace {
 
-int32_t NumberFor(int code) {
+int32_t NumberFor(int code, std::string_view words) {
     switch (code) {
+    case SQLITE_CONSTRAINT_TRIGGER: return words == CustodyRowExistsText ? ErrorNumber::IntegrityViolation : code;
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
@@ -61,7 +63,7 @@ const char* SentenceFor(int code, std::string_view words) {
 void RaiseSqliteError(int code, std::string_view words, std::string_view source) {
     std::string description(words);
     if (code != SQLITE_CONSTRAINT_TRIGGER) description = SentenceFor(code, words) + (" (" + description + ")");
-    Raise(NumberFor(code), source, description);
+    Raise(NumberFor(code, words), source, description);
 }
 
 void RaiseSqliteError(sqlite3* database, std::string_view source) {

@@ -24,7 +24,8 @@ constexpr size_t applicationOffset = 68;
 
 const char* const requiredTables[] = {"StorageLocation",  "Property",        "Vehicle",   "PropertyTracking",
                                       "VehicleTracking",  "IncdProperty",    "Incident",  "IncdVehicle",
-                                      "AttachmentFolder", "AttachmentIndex", "CodeTable", "Person"};
+                                      "AttachmentFolder", "AttachmentIndex", "CodeTable", "Person",
+                                      "Account",          "AccountRight",    "Setting"};
 
 [[noreturn]] void Refuse(const std::string& sentence) { Raise(ErrorNumber::General, "SqliteEngine.Open", sentence); }
 
@@ -75,7 +76,7 @@ void CheckHeader(const std::string& path) {
 void CheckVersion(SQLite::Database& database, const std::string& path) {
     const int version = database.execAndGet("PRAGMA user_version").getInt();
     if (version > SchemaVersion) RefuseNewer(path);
-    if (version < SchemaVersion) Refuse("The database '" + path + "' was not completed. Create it again.");
+    if (version < 1) Refuse("The database '" + path + "' was not completed. Create it again.");
 }
 
 void CheckTables(SQLite::Database& database, const std::string& path) {

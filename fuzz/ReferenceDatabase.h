@@ -30,8 +30,7 @@ public:
 private:
     ReferenceDatabase() {
         sqlite3_open(":memory:", &m_database);
-        for (const SchemaScript& script : SqliteSchemaScripts())
-            for (const std::string& sql : script.statements) Run(sql);
+        for (const std::string& sql : SqliteSchemaStatements()) Run(sql);
         Run("CREATE TEMPORARY TABLE \"#NextSeqNo\" (Value INT NOT NULL)");
     }
 

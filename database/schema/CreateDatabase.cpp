@@ -90,10 +90,8 @@ void RunScripts(const std::string& path) {
     database.exec("PRAGMA foreign_keys = ON");
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     database.exec("PRAGMA application_id = " + std::to_string(DatabaseApplicationId));
-    for (const SchemaScript& script : SqliteSchemaScripts()) {
-        for (const std::string& statement : script.statements) database.exec(statement);
-        database.exec("PRAGMA user_version = " + std::to_string(script.version));
-    }
+    for (const std::string& statement : SqliteSchemaStatements()) database.exec(statement);
+    database.exec("PRAGMA user_version = " + std::to_string(SchemaVersion));
     transaction.commit();
 }
 

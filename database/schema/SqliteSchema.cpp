@@ -1,16 +1,12 @@
 #include "database/schema/SqliteSchema.h"
 
 #include "base/Text.h"
+#include "database/schema/SchemaTriggers.h"
+#include "database/schema/SideTables.h"
 
 namespace quellbrook {
 
 namespace {
-
-const char* const containerGoneText =
-    "Its container has been moved or deleted in the meantime. Refresh the locations and try again.";
-const char* const leftBehindText =
-    "This location has been changed in the meantime, and sublocations would be left behind. Refresh the locations and "
-    "try again.";
 
 const char* const locationTable = R"sql(
 CREATE TABLE StorageLocation (
@@ -24,44 +20,18 @@ CREATE TABLE StorageLocation (
     ContainerNo INTEGER GENERATED ALWAYS AS (
         NULLIF(CAST(SUBSTR(RTRIM(Path, '/'), LENGTH(RTRIM(RTRIM(Path, '/'), '0123456789')) + 1) AS INTEGER), 0)
     ) VIRTUAL REFERENCES StorageLocation (IdNo),
-    UNIQUE (Path, Type, Name)
+    ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS (
+        SUBSTR(Path, 1, LENGTH(Path) - LENGTH(ContainerNo) - 1)
+    ) VIRTUAL,
+    UNIQUE (Path, Type, Name),
+    FOREIGN KEY (ContainerNo, ContainerPath, Type) REFERENCES StorageLocation (IdNo, Path, Type)
+        DEFERRABLE INITIALLY DEFERRED
 ))sql";
 
-const char* const locationContainerIndex = "CREATE INDEX StorageLocationContainer ON StorageLocation (ContainerNo)";
-
-const char* const locationInsertGuard = R"sql(
-CREATE TRIGGER StorageLocationInsertGuard BEFORE INSERT ON StorageLocation
-WHEN NEW.Path <> '/0/' AND NOT EXISTS (
-    SELECT 1 FROM StorageLocation c
-    WHERE c.IdNo = CAST(SUBSTR(RTRIM(NEW.Path, '/'), LENGTH(RTRIM(RTRIM(NEW.Path, '/'), '0123456789')) + 1) AS INTEGER)
-        AND c.Path || c.IdNo || '/' = NEW.Path AND c.Type = NEW.Type)
-BEGIN
-    SELECT RAISE(ABORT, '{container gone}');
-END)sql";
-
-// A move writes the descendants first. When such a row is written, its container is still at the old location or has
-// just been written.
-const char* const locationUpdateGuard = R"sql(
-CREATE TRIGGER StorageLocationUpdateGuard BEFORE UPDATE OF Path, Type ON StorageLocation
-WHEN (NEW.Path <> OLD.Path OR NEW.Type <> OLD.Type) AND NEW.Path <> '/0/' AND NOT EXISTS (
-    SELECT 1 FROM StorageLocation c
-    WHERE c.IdNo = CAST(SUBSTR(RTRIM(NEW.Path, '/'), LENGTH(RTRIM(RTRIM(NEW.Path, '/'), '0123456789')) + 1) AS INTEGER)
-        AND ((c.Path || c.IdNo || '/' = NEW.Path AND c.Type = NEW.Type)
-            OR (c.Path || c.IdNo || '/' = OLD.Path AND c.Type = OLD.Type)))
-BEGIN
-    SELECT RAISE(ABORT, '{container gone}');
-END)sql";
-
-// For the moved location itself, not a descendant: it gets another container, or another category at the top level.
-const char* const locationMoveGuard = R"sql(
-CREATE TRIGGER StorageLocationMoveGuard BEFORE UPDATE OF Path, Type ON StorageLocation
-WHEN (NEW.ContainerNo IS NOT OLD.ContainerNo OR (NEW.Path = '/0/' AND NEW.Type <> OLD.Type)) AND EXISTS (
-    SELECT 1 FROM StorageLocation d
-    WHERE d.Path >= OLD.Path || OLD.IdNo || '/' AND d.Path < OLD.Path || OLD.IdNo || '0'
-        AND (NEW.Path <> OLD.Path OR d.Type <> NEW.Type))
-BEGIN
-    SELECT RAISE(ABORT, '{left behind}');
-END)sql";
+const char* const locationIndexes[] = {
+    "CREATE UNIQUE INDEX StorageLocationPlace ON StorageLocation (IdNo, Path, Type)",
+    "CREATE INDEX StorageLocationContainer ON StorageLocation (ContainerNo, ContainerPath, Type)",
+};
 
 const char* const propertyTable = R"sql(
 CREATE TABLE Property (
@@ -79,7 +49,9 @@ CREATE TABLE Property (
     CurrImageSeq INTEGER,
     HasFinalDisposition BOOLEAN NOT NULL DEFAULT 0,
     DisposalNote TEXT,
-    CurrStatusNo INTEGER
+    CurrStatusNo INTEGER,
+    FOREIGN KEY (PropertyNo, CurrTrackSeq) REFERENCES PropertyTracking (PropertyNo, SeqNo)
+        DEFERRABLE INITIALLY DEFERRED
 ))sql";
 
 const char* const vehicleTable = R"sql(
@@ -97,7 +69,9 @@ CREATE TABLE Vehicle (
     CurrImageSeq INTEGER,
     HasFinalDisposition BOOLEAN NOT NULL DEFAULT 0,
     DisposalNote TEXT,
-    CurrStatusNo INTEGER
+    CurrStatusNo INTEGER,
+    FOREIGN KEY (VehicleNo, CurrTrackSeq) REFERENCES VehicleTracking (VehicleNo, SeqNo)
+        DEFERRABLE INITIALLY DEFERRED
 ))sql";
 
 const char* const vehicleView = R"sql(CREATE VIEW vwVehicleDisplayInfo AS
@@ -105,7 +79,7 @@ SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehMode
 
 const char* const factTable = "CREATE TABLE SchemaFact (Name TEXT NOT NULL PRIMARY KEY) WITHOUT ROWID";
 
-// Below, {0} is Property or Vehicle, and {1} is the item type.
+// Below, {0} is Property or Vehicle.
 const char* const custodyStatements[] = {
     R"sql(
 CREATE TABLE {0}Tracking (
@@ -120,102 +94,6 @@ CREATE TABLE {0}Tracking (
     PRIMARY KEY ({0}No, SeqNo)
 ) WITHOUT ROWID)sql",
     "CREATE INDEX {0}TrackingPlace ON {0}Tracking (StorageLocNo)",
-    R"sql(
-CREATE TRIGGER {0}TrackingUpdateGuard BEFORE UPDATE ON {0}Tracking
-BEGIN
-    SELECT RAISE(ABORT, 'A custody row cannot be changed.');
-END)sql",
-    R"sql(
-CREATE TRIGGER {0}TrackingDeleteGuard BEFORE DELETE ON {0}Tracking
-BEGIN
-    SELECT RAISE(ABORT, 'A custody row cannot be deleted.');
-END)sql",
-};
-
-const char* const currentPlaceTable = R"sql(
-CREATE TABLE CurrentPlace (
-    StorageLocNo INTEGER NOT NULL,
-    ItemType INTEGER NOT NULL,
-    ItemNo INTEGER NOT NULL,
-    PRIMARY KEY (StorageLocNo, ItemType, ItemNo)
-) WITHOUT ROWID)sql";
-
-struct NamedTrigger {
-    const char* name;
-    const char* text;
-};
-
-// Only a change of the item's current custody row deletes a row of CurrentPlace, not one of an older row at the same
-// location.
-const NamedTrigger currentPlaceTriggers[] = {
-    {"{0}PlaceAfterInsert", R"sql(
-CREATE TRIGGER {0}PlaceAfterInsert AFTER INSERT ON {0} WHEN NEW.CurrTrackSeq IS NOT NULL
-BEGIN
-    INSERT OR IGNORE INTO CurrentPlace (StorageLocNo, ItemType, ItemNo)
-    SELECT StorageLocNo, {1}, {0}No FROM {0}Tracking
-    WHERE {0}No = NEW.{0}No AND SeqNo = NEW.CurrTrackSeq AND StorageLocNo IS NOT NULL;
-END)sql"},
-    {"{0}PlaceAfterUpdate", R"sql(
-CREATE TRIGGER {0}PlaceAfterUpdate AFTER UPDATE OF {0}No, CurrTrackSeq ON {0}
-BEGIN
-    DELETE FROM CurrentPlace WHERE ItemType = {1} AND ItemNo = OLD.{0}No AND StorageLocNo =
-        (SELECT StorageLocNo FROM {0}Tracking WHERE {0}No = OLD.{0}No AND SeqNo = OLD.CurrTrackSeq);
-    INSERT OR IGNORE INTO CurrentPlace (StorageLocNo, ItemType, ItemNo)
-    SELECT StorageLocNo, {1}, {0}No FROM {0}Tracking
-    WHERE {0}No = NEW.{0}No AND SeqNo = NEW.CurrTrackSeq AND StorageLocNo IS NOT NULL;
-END)sql"},
-    {"{0}PlaceAfterDelete", R"sql(
-CREATE TRIGGER {0}PlaceAfterDelete AFTER DELETE ON {0} WHEN OLD.CurrTrackSeq IS NOT NULL
-BEGIN
-    DELETE FROM CurrentPlace WHERE ItemType = {1} AND ItemNo = OLD.{0}No AND StorageLocNo =
-        (SELECT StorageLocNo FROM {0}Tracking WHERE {0}No = OLD.{0}No AND SeqNo = OLD.CurrTrackSeq);
-END)sql"},
-    {"{0}TrackingPlaceAfterInsert", R"sql(
-CREATE TRIGGER {0}TrackingPlaceAfterInsert AFTER INSERT ON {0}Tracking WHEN NEW.StorageLocNo IS NOT NULL
-BEGIN
-    INSERT OR IGNORE INTO CurrentPlace (StorageLocNo, ItemType, ItemNo)
-    SELECT NEW.StorageLocNo, {1}, {0}No FROM {0} WHERE {0}No = NEW.{0}No AND CurrTrackSeq = NEW.SeqNo;
-END)sql"},
-    {"{0}TrackingPlaceAfterUpdate", R"sql(
-CREATE TRIGGER {0}TrackingPlaceAfterUpdate AFTER UPDATE OF {0}No, SeqNo, StorageLocNo ON {0}Tracking
-BEGIN
-    DELETE FROM CurrentPlace WHERE ItemType = {1} AND ItemNo = OLD.{0}No AND StorageLocNo = OLD.StorageLocNo
-        AND EXISTS (SELECT 1 FROM {0} WHERE {0}No = OLD.{0}No AND CurrTrackSeq = OLD.SeqNo);
-    INSERT OR IGNORE INTO CurrentPlace (StorageLocNo, ItemType, ItemNo)
-    SELECT NEW.StorageLocNo, {1}, {0}No FROM {0}
-    WHERE {0}No = NEW.{0}No AND CurrTrackSeq = NEW.SeqNo AND NEW.StorageLocNo IS NOT NULL;
-END)sql"},
-    {"{0}TrackingPlaceAfterDelete", R"sql(
-CREATE TRIGGER {0}TrackingPlaceAfterDelete AFTER DELETE ON {0}Tracking
-BEGIN
-    DELETE FROM CurrentPlace WHERE ItemType = {1} AND ItemNo = OLD.{0}No AND StorageLocNo = OLD.StorageLocNo
-        AND EXISTS (SELECT 1 FROM {0} WHERE {0}No = OLD.{0}No AND CurrTrackSeq = OLD.SeqNo);
-END)sql"},
-};
-
-const char* const descriptionIndex = R"sql(
-CREATE VIRTUAL TABLE PropertyDescription USING fts5(Description, content='Property', content_rowid='PropertyNo',
-    tokenize='trigram', detail='none', columnsize=0))sql";
-
-const NamedTrigger descriptionTriggers[] = {
-    {"PropertyDescriptionAfterInsert", R"sql(
-CREATE TRIGGER PropertyDescriptionAfterInsert AFTER INSERT ON Property
-BEGIN
-    INSERT INTO PropertyDescription (rowid, Description) VALUES (NEW.PropertyNo, NEW.Description);
-END)sql"},
-    {"PropertyDescriptionAfterUpdate", R"sql(
-CREATE TRIGGER PropertyDescriptionAfterUpdate AFTER UPDATE OF PropertyNo, Description ON Property
-BEGIN
-    INSERT INTO PropertyDescription (PropertyDescription, rowid, Description)
-    VALUES ('delete', OLD.PropertyNo, OLD.Description);
-    INSERT INTO PropertyDescription (rowid, Description) VALUES (NEW.PropertyNo, NEW.Description);
-END)sql"},
-    {"PropertyDescriptionAfterDelete", R"sql(
-CREATE TRIGGER PropertyDescriptionAfterDelete AFTER DELETE ON Property
-BEGIN
-    INSERT INTO PropertyDescription (PropertyDescription, rowid, Description)
-    VALUES ('delete', OLD.PropertyNo, OLD.Description);
-END)sql"},
 };
 
 const char* const recordStatements[] = {
@@ -305,55 +183,29 @@ CREATE TABLE BatchMark (
     Token INTEGER NOT NULL
 ))sql";
 
-const std::pair<const char*, const char*> itemKinds[] = {{"Property", "1"}, {"Vehicle", "2"}};
-
-std::string ForKind(const char* text, const std::pair<const char*, const char*>& kind) {
-    return Replace(Replace(text, "{0}", kind.first), "{1}", kind.second);
-}
-
-std::vector<std::string> FirstVersion() {
-    std::vector<std::string> statements = {locationTable, locationContainerIndex};
-    for (const char* guard : {locationInsertGuard, locationUpdateGuard, locationMoveGuard})
-        statements.push_back(
-            Replace(Replace(guard, "{container gone}", containerGoneText), "{left behind}", leftBehindText));
-    statements.insert(statements.end(), {propertyTable, vehicleTable, vehicleView, currentPlaceTable, factTable});
-    statements.push_back("INSERT INTO SchemaFact (Name) VALUES ('" + std::string(ItemsAreDistinctFact) + "')");
-    statements.push_back("CREATE INDEX PropertyByPropertyID ON Property (PropertyID)");
-    statements.push_back("CREATE INDEX VehicleByRegNumber ON Vehicle (RegNumber)");
-    for (const auto& kind : itemKinds) {
-        for (const char* text : custodyStatements) statements.push_back(ForKind(text, kind));
-        for (const NamedTrigger& trigger : currentPlaceTriggers) statements.push_back(ForKind(trigger.text, kind));
-    }
-    statements.push_back(descriptionIndex);
-    for (const NamedTrigger& trigger : descriptionTriggers) statements.push_back(trigger.text);
-    statements.insert(statements.end(), std::begin(recordStatements), std::end(recordStatements));
-    statements.insert(statements.end(), std::begin(hostStatements), std::end(hostStatements));
-    return statements;
-}
-
-std::vector<std::string> NamesOfCurrentPlaceTriggers() {
-    std::vector<std::string> names;
-    for (const auto& kind : itemKinds)
-        for (const NamedTrigger& trigger : currentPlaceTriggers) names.push_back(ForKind(trigger.name, kind));
-    return names;
+template <typename Texts>
+void Append(std::vector<std::string>& statements, const Texts& texts) {
+    statements.insert(statements.end(), std::begin(texts), std::end(texts));
 }
 
 }  // namespace
 
-const std::vector<SchemaScript>& SqliteSchemaScripts() {
-    static const std::vector<SchemaScript> scripts = {{1, FirstVersion()}, {SchemaVersion, {batchMarkTable}}};
-    return scripts;
-}
-
-const std::vector<std::string>& CurrentPlaceTriggers() {
-    static const std::vector<std::string> names = NamesOfCurrentPlaceTriggers();
-    return names;
-}
-
-const std::vector<std::string>& DescriptionIndexTriggers() {
-    static const std::vector<std::string> names = {descriptionTriggers[0].name, descriptionTriggers[1].name,
-                                                   descriptionTriggers[2].name};
-    return names;
+std::vector<std::string> SqliteSchemaStatements() {
+    std::vector<std::string> statements = {locationTable};
+    Append(statements, locationIndexes);
+    Append(statements, std::initializer_list<const char*>{propertyTable, vehicleTable, vehicleView, factTable});
+    statements.push_back("INSERT INTO SchemaFact (Name) VALUES ('" + std::string(ItemsAreDistinctFact) + "')");
+    statements.push_back("CREATE INDEX PropertyByPropertyID ON Property (PropertyID)");
+    statements.push_back("CREATE INDEX VehicleByRegNumber ON Vehicle (RegNumber)");
+    for (const char* kind : {"Property", "Vehicle"})
+        for (const char* text : custodyStatements) statements.push_back(Replace(text, "{0}", kind));
+    Append(statements, SideTableStatements());
+    Append(statements, recordStatements);
+    Append(statements, hostStatements);
+    statements.push_back(batchMarkTable);
+    for (const SchemaTrigger& trigger : SchemaTriggers()) statements.push_back(trigger.sql);
+    Append(statements, SideTableProofStatements());
+    return statements;
 }
 
 }  // namespace quellbrook

@@ -1,7 +1,8 @@
 #include "demo/sample/BulkLoad.h"
 
 #include "base/Error.h"
-#include "base/Text.h"
+#include "database/schema/SchemaTriggers.h"
+#include "database/schema/SideTables.h"
 #include "database/schema/SqliteSchema.h"
 
 #include <algorithm>
@@ -24,22 +25,6 @@ SQLite::Database OpenForLoading(const std::string& path) {
 
 void SetMark(SQLite::Database& database) {
     database.exec("PRAGMA application_id = " + std::to_string(DatabaseApplicationId));
-}
-
-const char* const fillCurrentLocations =
-    "INSERT INTO CurrentPlace (StorageLocNo, ItemType, ItemNo) "
-    "SELECT t.StorageLocNo, 1, i.PropertyNo FROM Property i INNER JOIN PropertyTracking t "
-    "ON t.PropertyNo = i.PropertyNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL "
-    "UNION ALL SELECT t.StorageLocNo, 2, i.VehicleNo FROM Vehicle i INNER JOIN VehicleTracking t "
-    "ON t.VehicleNo = i.VehicleNo AND t.SeqNo = i.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL ORDER BY 1, 2, 3";
-
-// Items that lack their current custody row, or whose location differs from that row.
-std::string AnyIsLost(const std::string& kind, const std::string& type) {
-    const std::string text =
-        "SELECT EXISTS (SELECT 1 FROM {0} i LEFT JOIN {0}Tracking t ON t.{0}No = i.{0}No AND t.SeqNo = i.CurrTrackSeq "
-        "WHERE i.CurrTrackSeq IS NOT NULL AND (t.{0}No IS NULL OR t.StorageLocNo IS NOT NULL AND NOT EXISTS (SELECT 1 "
-        "FROM CurrentPlace c WHERE c.StorageLocNo = t.StorageLocNo AND c.ItemType = {1} AND c.ItemNo = i.{0}No)))";
-    return Replace(Replace(text, "{0}", kind), "{1}", type);
 }
 
 [[noreturn]] void Refuse(const std::string& what) {
@@ -74,9 +59,9 @@ void BulkLoad::Finish(const SampleProgress& progress) {
     const auto report = [&progress](size_t percent) {
         if (progress) progress(static_cast<int>(percent));
     };
-    m_database.exec(fillCurrentLocations);
+    m_database.exec(RebuildCurrentPlace);
     report(10);
-    m_database.exec("INSERT INTO PropertyDescription (PropertyDescription) VALUES ('rebuild')");
+    m_database.exec(RebuildDescriptionIndex);
     report(30);
     for (size_t done = 0; done < m_aside.size(); ++done) {
         m_database.exec(m_aside[done].sql);
@@ -84,9 +69,7 @@ void BulkLoad::Finish(const SampleProgress& progress) {
     }
     CheckForeignKeys();
     report(70);
-    CheckCurrentLocations();
-    report(80);
-    m_database.exec("INSERT INTO PropertyDescription (PropertyDescription, rank) VALUES ('integrity-check', 1)");
+    CheckSideTables();
     m_database.exec("COMMIT");
     SetMark(m_database);
     m_database.exec("PRAGMA journal_mode = WAL");
@@ -100,12 +83,10 @@ void BulkLoad::CheckForeignKeys() {
            " that does not exist");
 }
 
-void BulkLoad::CheckCurrentLocations() {
-    for (const auto& [kind, type] : {std::pair("Property", "1"), std::pair("Vehicle", "2")}) {
-        if (m_database.execAndGet(AnyIsLost(kind, type)).getInt() != 0) {
-            Refuse("an item does not lie where its custody rows say");
-        }
-    }
+void BulkLoad::CheckSideTables() {
+    if (ItemsMissingInCurrentPlace(m_database) != 0 || !IsDescriptionIndexRight(m_database))
+        Refuse("a side table disagrees with the items");
+    for (const std::string& statement : SideTableProofStatements()) m_database.exec(statement);
 }
 
 }  // namespace quellbrook::sample

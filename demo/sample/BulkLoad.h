@@ -24,7 +24,7 @@ public:
     SQLite::Database& Database() { return m_database; }
 
     // Fills the tables that the triggers maintain, restores indexes and triggers, checks and commits. Error 5 with a
-    // sentence if a row refers to a missing one or an item's location differs from its current custody row.
+    // sentence if a row refers to a missing one, as an item does whose current custody row is missing.
     void Finish(const SampleProgress& progress);
 
 private:
@@ -36,7 +36,7 @@ private:
 
     void SetAside();
     void CheckForeignKeys();
-    void CheckCurrentLocations();
+    void CheckSideTables();
 
     SQLite::Database m_database;
     std::vector<Aside> m_aside;

@@ -19,6 +19,7 @@ protected:
         const std::string path = m_directory.Path() + "/copy.sqlite";
         std::filesystem::copy_file(TheSample().Path(), path);
         m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE);
+        m_database->exec("PRAGMA foreign_keys = ON");
         HostServices::Current().SetEngine(SqliteEngine::Open(path));
     }
 

@@ -215,7 +215,7 @@ TEST_F(StorageLocationTest, ARestoredRowIsReadAgainButTheObjectStaysDeleted) {
     location->Refresh();
     m_database.Execute(
         "INSERT INTO StorageLocation (IdNo, Name, Type, Path, DateEntered, LastUpdated) "
-        "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02', '2026-01-02')",
+        "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02T00:00:00.000', '2026-01-02T00:00:00.000')",
         {m_annex});
     location->Refresh();
     EXPECT_EQ(location->Name(), "Annex again");

@@ -225,7 +225,7 @@ TEST_F(ExecuteBatchTest, AFailingCommitEndsInARollback) {
 TEST_F(ExecuteBatchTest, TwoWorkstationsThatWriteOneNumberFailOneBatchAsAWhole) {
     Statements statements = TwoItems();
     statements.insert(statements.begin() + 3, "INSERT INTO PropertyTracking (PropertyNo,SeqNo,LastUpdated) VALUES (" +
-                                                  std::to_string(m_property) + ",2,'2026-11-20')");
+                                                  std::to_string(m_property) + ",2,'2026-11-20T00:00:00.000')");
     const std::string before = m_database.Snapshot();
     EXPECT_EQ(RaisedBy([&] { GetHostDatabase().ExecuteBatch(statements); }).Number(), ErrorNumber::IntegrityViolation);
     ExpectNothingRemains(before);

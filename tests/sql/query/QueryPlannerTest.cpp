@@ -101,7 +101,8 @@ TEST_F(QueryPlanner, ALinkThatAnotherJoinNeedsStays) {
     m_database.Execute("INSERT INTO Property (PropertyNo) VALUES (50)");
     m_database.Execute("INSERT INTO Incident (IncidentNo, IncidentId) VALUES (50, 'I-1')");
     m_database.Execute("INSERT INTO IncdProperty (PropertyNo, IncidentNo) VALUES (50, 50)");
-    m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (50, 50, '2026-01-01')");
+    m_database.Execute(
+        "INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (50, 50, '2026-01-01T00:00:00.000')");
     ExpectSameRows(query);
     EXPECT_TRUE(Contains(Planned(query), "LEFT JOIN (IncdProperty"));
     EXPECT_FALSE(Rows(Planned(query)).empty());
