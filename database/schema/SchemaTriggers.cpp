@@ -65,15 +65,11 @@ const TriggerText custodyTriggers[] = {
     {"{0}TrackingDeleteGuard", "BEFORE DELETE ON {0}Tracking",
      "SELECT RAISE(ABORT, 'A custody row cannot be deleted.');"},
     {"{0}TrackingInsertGuard",
-     "BEFORE INSERT ON {0}Tracking WHEN EXISTS (SELECT 1 FROM {0}Tracking WHERE {0}No = NEW.{0}No "
-     "AND SeqNo = NEW.SeqNo)",
-     "SELECT RAISE(ABORT, '{row exists}');"},
-    {"{0}TrackingInsertValues",
-     "BEFORE INSERT ON {0}Tracking WHEN typeof(NEW.{0}No) <> 'integer' OR typeof(NEW.SeqNo) <> 'integer' "
-     "OR {not whole NEW.ReceivedBy} OR {not whole NEW.ReceivedFrom} OR {not whole NEW.CustodyReasonNo} "
-     "OR {not whole NEW.StorageLocNo} OR (NEW.DateReceived IS NOT NULL AND {bad NEW.DateReceived}) "
-     "OR {bad NEW.LastUpdated}",
-     "SELECT RAISE(ABORT, '{custody values}');"},
+     "BEFORE INSERT ON {0}Tracking WHEN {row exists} OR typeof(NEW.{0}No) <> 'integer' "
+     "OR typeof(NEW.SeqNo) <> 'integer' OR {not whole NEW.ReceivedBy} OR {not whole NEW.ReceivedFrom} "
+     "OR {not whole NEW.CustodyReasonNo} OR {not whole NEW.StorageLocNo} "
+     "OR (NEW.DateReceived IS NOT NULL AND {bad NEW.DateReceived}) OR {bad NEW.LastUpdated}",
+     "SELECT RAISE(ABORT, '{row exists text}') WHERE {row exists};\n    SELECT RAISE(ABORT, '{custody values}');"},
 };
 
 // Only a change of the item's current custody row deletes a row of CurrentPlace, not one of an older row at the same
@@ -106,7 +102,8 @@ const std::pair<const char*, const char*> fragments[] = {
      "Locations are moved, deleted and replaced only where foreign keys are checked (PRAGMA foreign_keys = ON)."},
     {"{location values}",
      "A storage location has a name, a flag that is 0 or 1, and dates like 2026-11-20T13:14:15.123."},
-    {"{row exists}", CustodyRowExistsText},
+    {"{row exists}", "EXISTS (SELECT 1 FROM {0}Tracking WHERE {0}No = NEW.{0}No AND SeqNo = NEW.SeqNo)"},
+    {"{row exists text}", CustodyRowExistsText},
     {"{custody values}", "A custody row takes whole numbers, and dates like 2026-11-20T13:14:15.123."},
     {"{item leaves}",
      "DELETE FROM CurrentPlace WHERE ItemType = {1} AND ItemNo = OLD.{0}No AND StorageLocNo =\n"
