@@ -1,6 +1,7 @@
 #include "app/Department.h"
 
 #include "base/Error.h"
+#include "base/ErrorLog.h"
 #include "base/FormatCount.h"
 #include "database/SqliteEngine.h"
 #include "demo/sample/ProgressBar.h"
@@ -9,6 +10,7 @@
 
 #include <QProgressDialog>
 
+#include <cstdio>
 #include <filesystem>
 
 namespace quellbrook {
@@ -53,7 +55,12 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
         if (!std::filesystem::exists(department.path)) CreateSampleDepartment(department.path, sample, progress);
         AddMissingLabelTemplates(std::filesystem::path(department.path).parent_path().string());
     }
-    department.engine = SqliteEngine::Open(department.path);
+    const std::shared_ptr<SqliteEngine> engine = SqliteEngine::Open(department.path);
+    for (const std::string& note : engine->Notes()) {
+        std::fprintf(stderr, "%s\n", note.c_str());
+        LogFailure("OpenDepartment", note);
+    }
+    department.engine = engine;
     return department;
 }
 

@@ -24,8 +24,9 @@ struct Department {
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
 // Opens the database that the options name. First creates a missing sample or generated department, in the data
-// directory or in a scratch folder, and adds missing label templates. Error 5 with a sentence for a file that cannot be
-// used; the file is not changed.
+// directory or in a scratch folder, and adds missing label templates. What an administrator should know about the
+// opening goes to the log and to standard error. Error 5 with a sentence for a file that cannot be used; the file is
+// not changed.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
 // The same, showing the progress in a window and on standard error.

@@ -29,6 +29,10 @@ constexpr OptionDefinition definitions[] = {
     {"register", nullptr,
      "Let this user's desktop open record addresses with this program, in the department that --database or --size "
      "names."},
+    {"verify", nullptr,
+     "Check every rule of the custody data in the department that --database or --size names, print what is wrong, and "
+     "exit with 1 if anything is."},
+    {"repair", nullptr, "Restore the side tables and triggers of that department, then verify it."},
     {"help", nullptr, "Print this text."},
 };
 
@@ -98,13 +102,17 @@ std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser) {
 
 void CheckCombination(const Options& options) {
     const bool opensDepartment = options.databasePath || options.user || options.size || options.tourDirectory ||
-                                 options.record || options.fresh || options.registerScheme;
+                                 options.record || options.fresh || options.registerScheme || options.verify ||
+                                 options.repair;
     if ((options.gallery || options.galleryDirectory) && opensDepartment)
         Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
     if (options.databasePath && (options.fresh || options.size))
         Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
     if (options.registerScheme && (options.fresh || options.user || options.tourDirectory || options.record))
         Refuse("--register opens nothing. It can only be combined with --database or --size.");
+    if ((options.verify || options.repair) &&
+        (options.fresh || options.user || options.tourDirectory || options.record || options.registerScheme))
+        Refuse("--verify and --repair open no window. They can only be combined with --database or --size.");
     if (options.tourDirectory && (options.record || options.databasePath || options.size || options.user))
         Refuse(
             "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or "
@@ -128,6 +136,8 @@ Options ParseOptions(const QStringList& arguments) {
     options.fresh = parser.isSet(QStringLiteral("fresh"));
     options.gallery = parser.isSet(QStringLiteral("gallery"));
     options.registerScheme = parser.isSet(QStringLiteral("register"));
+    options.verify = parser.isSet(QStringLiteral("verify"));
+    options.repair = parser.isSet(QStringLiteral("repair"));
     options.help = parser.isSet(QStringLiteral("help"));
     if (!options.help) CheckCombination(options);
     return options;

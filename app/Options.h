@@ -21,6 +21,8 @@ struct Options {
     bool fresh = false;
     bool gallery = false;
     bool registerScheme = false;
+    bool verify = false;
+    bool repair = false;
     bool help = false;
 };
 

@@ -1,6 +1,7 @@
 #include "app/Options.h"
 #include "app/Registration.h"
 #include "app/Run.h"
+#include "app/Verification.h"
 #include "base/Error.h"
 
 #include <QApplication>
@@ -29,6 +30,11 @@ int main(int argc, char** argv) {
     if (options.help || options.registerScheme) {
         const QCoreApplication application(argc, argv);
         return options.help ? std::fputs(HelpText().c_str(), stdout) < 0 : RunRegistration(options);
+    }
+    if (options.verify || options.repair) {
+        const QCoreApplication application(argc, argv);
+        QCoreApplication::setApplicationName(QStringLiteral("quellbrook"));
+        return RunVerification(options);
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quellbrook"));

@@ -45,9 +45,7 @@ const TriggerText locationTriggers[] = {
      "WHERE IdNo = NEW.IdNo) OR EXISTS (SELECT 1 FROM StorageLocation WHERE Path = NEW.Path AND Type = NEW.Type "
      "AND Name = NEW.Name))",
      "SELECT RAISE(ABORT, '{needs foreign keys}');"},
-    {"StorageLocationInsertValues",
-     "BEFORE INSERT ON StorageLocation WHEN typeof(NEW.Name) <> 'text' OR NEW.ActiveFlag NOT IN (0, 1) "
-     "OR {bad NEW.DateEntered} OR {bad NEW.LastUpdated}",
+    {"StorageLocationInsertValues", "BEFORE INSERT ON StorageLocation WHEN {wrong location values}",
      "SELECT RAISE(ABORT, '{location values}');"},
     {"StorageLocationUpdateValues",
      "BEFORE UPDATE OF Name, ActiveFlag, DateEntered, LastUpdated ON StorageLocation "
@@ -64,11 +62,7 @@ const TriggerText custodyTriggers[] = {
      "SELECT RAISE(ABORT, 'A custody row cannot be changed.');"},
     {"{0}TrackingDeleteGuard", "BEFORE DELETE ON {0}Tracking",
      "SELECT RAISE(ABORT, 'A custody row cannot be deleted.');"},
-    {"{0}TrackingInsertGuard",
-     "BEFORE INSERT ON {0}Tracking WHEN {row exists} OR typeof(NEW.{0}No) <> 'integer' "
-     "OR typeof(NEW.SeqNo) <> 'integer' OR {not whole NEW.ReceivedBy} OR {not whole NEW.ReceivedFrom} "
-     "OR {not whole NEW.CustodyReasonNo} OR {not whole NEW.StorageLocNo} "
-     "OR (NEW.DateReceived IS NOT NULL AND {bad NEW.DateReceived}) OR {bad NEW.LastUpdated}",
+    {"{0}TrackingInsertGuard", "BEFORE INSERT ON {0}Tracking WHEN {row exists} OR {wrong custody values}",
      "SELECT RAISE(ABORT, '{row exists text}') WHERE {row exists};\n    SELECT RAISE(ABORT, '{custody values}');"},
 };
 
@@ -137,14 +131,27 @@ std::string FillConditions(std::string text, const std::string& prefix, const st
     return text;
 }
 
-std::string Filled(std::string text, const char* kind, const char* itemType) {
-    for (const auto& [name, fragment] : fragments) text = Replace(text, name, fragment);
+// `row` is "NEW." or empty.
+std::string FillValues(std::string text, const std::string& row) {
+    const std::string values[][2] = {
+        {"{wrong custody values}",
+         "typeof({row}{0}No) <> 'integer' OR typeof({row}SeqNo) <> 'integer' OR {not whole {row}ReceivedBy} "
+         "OR {not whole {row}ReceivedFrom} OR {not whole {row}CustodyReasonNo} OR {not whole {row}StorageLocNo} "
+         "OR ({row}DateReceived IS NOT NULL AND {bad {row}DateReceived}) OR {bad {row}LastUpdated}"},
+        {"{wrong location values}",
+         "typeof({row}Name) <> 'text' OR {row}ActiveFlag NOT IN (0, 1) OR {bad {row}DateEntered} "
+         "OR {bad {row}LastUpdated}"}};
+    for (const auto& [name, condition] : values) text = Replace(text, name, Replace(condition, "{row}", row));
     // Adding no days turns a day such as February 30 into another one.
     text = FillConditions(text, "bad", "strftime('%Y-%m-%dT%H:%M:%f', {column}, '+0 days') IS NOT {column}");
-    text = FillConditions(text, "not whole",
+    return FillConditions(text, "not whole",
                           "typeof({column}) NOT IN ('integer', 'null') "
                           "OR {column} NOT BETWEEN -2147483648 AND 2147483647");
-    return Replace(Replace(text, "{0}", kind), "{1}", itemType);
+}
+
+std::string Filled(std::string text, const char* kind, const char* itemType) {
+    for (const auto& [name, fragment] : fragments) text = Replace(text, name, fragment);
+    return Replace(Replace(FillValues(text, "NEW."), "{0}", kind), "{1}", itemType);
 }
 
 template <typename Texts>
@@ -178,6 +185,9 @@ std::vector<std::string> NamesOf(const std::vector<SchemaTrigger>& triggers) {
 }
 
 }  // namespace
+
+std::string WrongCustodyValues() { return FillValues("{wrong custody values}", ""); }
+std::string WrongLocationValues() { return FillValues("{wrong location values}", ""); }
 
 const std::vector<SchemaTrigger>& SchemaTriggers() {
     static const std::vector<SchemaTrigger> triggers = AllTriggers();

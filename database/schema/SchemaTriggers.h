@@ -17,6 +17,11 @@ const std::vector<SchemaTrigger>& SchemaTriggers();
 const std::vector<std::string>& CurrentPlaceTriggers();
 const std::vector<std::string>& DescriptionIndexTriggers();
 
+// The conditions, on the columns of the table, under which the triggers refuse the values of a custody row and of a
+// location. "{0}" is Property or Vehicle.
+std::string WrongCustodyValues();
+std::string WrongLocationValues();
+
 // The error of an inserted custody row that exists. It violates the primary key, although a trigger refuses it first.
 inline constexpr const char* CustodyRowExistsText = "This custody row already exists. Custody rows cannot be replaced.";
 

@@ -125,4 +125,20 @@ TEST(Options, TheHelpNamesEveryOption) {
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;
 }
 
+TEST(Options, VerifyingCombinesWithADepartmentOnly) {
+    EXPECT_TRUE(Parsed({"--verify"}).verify);
+    EXPECT_FALSE(Parsed({"--verify"}).repair);
+    EXPECT_TRUE(Parsed({"--repair", "--database=sqlite:a"}).repair);
+    EXPECT_EQ(Parsed({"--verify", "--size=5"}).size, 5);
+    for (const char* flag : {"--verify", "--repair"}) {
+        for (const char* other :
+             {"--fresh", "--user=clerk", "--tour=out", "--register", "tessarine://miproperty/open/7"})
+            EXPECT_EQ(Refusal({flag, other}),
+                      "--verify and --repair open no window. They can only be combined with --database or --size.")
+                << flag << " " << other;
+        EXPECT_EQ(Refusal({flag, "--gallery"}),
+                  "The gallery shows controls, not a department. It can't be combined with other options.");
+    }
+}
+
 }  // namespace quellbrook::testing
