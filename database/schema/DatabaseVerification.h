@@ -8,7 +8,7 @@ namespace quellbrook {
 
 // One rule of the data, and what breaks it.
 struct RuleCheck {
-    std::string rule;                   // a sentence
+    std::string rule;  // a sentence
     int64_t faults = 0;
     std::vector<std::string> examples;  // the first ten faults, a line each
 };

@@ -8,7 +8,7 @@
 namespace quellbrook {
 
 // Upgrades the tables of a database from the previous version to this one. Triggers and side tables are not part of a
-// step, except for triggers that no longer exist: after the last step, all of them are created anew.
+// step, except for triggers that no longer exist: after the last step, all of them are created again.
 struct SchemaStep {
     int32_t version;
     std::vector<std::string> statements;

@@ -18,7 +18,7 @@ namespace quellbrook {
 // Create the tables, empty.
 const std::vector<std::string>& SideTableStatements();
 
-// Fill the tables anew. Run them in a transaction.
+// Empty and fill the tables. Run them in a transaction.
 extern const char* const RebuildCurrentPlace;
 extern const char* const RebuildDescriptionIndex;
 
@@ -41,7 +41,7 @@ struct SideTableState {
 // not used.
 SideTableState ProveSideTables(const std::string& path, int busyMilliseconds);
 
-// Creates all triggers of the schema and both side tables anew, in one transaction of the caller.
+// Create all triggers of the schema and both side tables again, in a transaction of the caller.
 void RestoreTriggers(SQLite::Database& database);
 void RestoreSideTables(SQLite::Database& database);
 

@@ -48,15 +48,15 @@ TEST_F(VerificationTest, NothingIsWrongWithTheSample) {
 }
 
 TEST_F(VerificationTest, WhatIsWrongIsNamedAndSideTablesAreRepaired) {
-    m_database->exec("DELETE FROM CurrentPlace WHERE ItemNo = (SELECT MAX(ItemNo) FROM CurrentPlace WHERE ItemType = 1)");
+    m_database->exec(
+        "DELETE FROM CurrentPlace WHERE ItemNo = (SELECT MAX(ItemNo) FROM CurrentPlace WHERE ItemType = 1)");
     const std::string note =
         "The side table CurrentPlace lacks 1 item. Searches are slower until it is rebuilt with --repair.";
     m_environment.log.Announce("OpenDepartment");
     const Outcome found = Run(false);
     EXPECT_EQ(found.status, 1);
-    EXPECT_THAT(found.output,
-                HasSubstr("  WRONG The side table CurrentPlace lists every item at its location.\n"
-                          "            1 item is missing.\n"));
+    EXPECT_THAT(found.output, HasSubstr("  WRONG The side table CurrentPlace lists every item at its location.\n"
+                                        "            1 item is missing.\n"));
     EXPECT_THAT(found.output,
                 HasSubstr("\n1 rule is broken. --repair restores side tables and triggers, nothing else.\n"));
     EXPECT_EQ(found.errors, note + "\n");

@@ -244,8 +244,8 @@ TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
 
 TEST_F(ProcessTransaction, AViolatedConstraintOfTheLastItemLeavesTheFirstUnchanged) {
     const int32_t first = AddStored(Property), last = AddStored(Property);
-    m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (?, 2147483647, '2026')",
-                       {last});
+    m_database.Execute("INSERT INTO PropertyTracking (PropertyNo, SeqNo, LastUpdated) VALUES (?, 2147483647, ?)",
+                       {last, DateTime()});
     Begin({FindItem(Property, first), FindItem(Property, last)});
     const std::string before = m_database.Snapshot();
     m_log.Announce(LogSource);

@@ -107,8 +107,9 @@ TEST_F(StorageLocationTest, ADeletedContainerIsNotAParentAndEndsThePath) {
 }
 
 TEST_F(StorageLocationTest, APathThatContainsItselfEnds) {
-    for (const char* trigger : {"StorageLocationInsertGuard", "StorageLocationUpdateGuard", "StorageLocationMoveGuard"})
-        m_database.Execute(std::string("DROP TRIGGER IF EXISTS ") + trigger);
+    m_database.Execute("PRAGMA foreign_keys = OFF");
+    for (const char* guard : {"UpdateGuard", "MoveGuard", "TreeGuard"})
+        m_database.Execute(std::string("DROP TRIGGER StorageLocation") + guard);
     const auto setPath = [&](int32_t id, const std::string& path) {
         m_database.Execute("UPDATE StorageLocation SET Path = ? WHERE IdNo = ?", {path, id});
     };

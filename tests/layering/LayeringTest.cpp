@@ -63,8 +63,8 @@ const std::map<std::string, std::vector<std::string>> Narrow = {
     {"app/records", {"base", "host", "component", "app/common"}},
     {"app/scanner", {"base", "labels", "host", "component", "app/common"}},
     {"app",
-     {"base", "database", "host", "component", "demo/sample", "demo/tour", "demo/gallery", "app/common", "app/records",
-      "app/scanner"}},
+     {"base", "database", "database/schema", "host", "component", "demo/sample", "demo/tour", "demo/gallery",
+      "app/common", "app/records", "app/scanner"}},
 };
 
 struct SourceFile {

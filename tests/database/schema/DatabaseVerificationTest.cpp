@@ -77,8 +77,8 @@ TEST_F(DatabaseVerificationTest, NothingIsWrongWithAProperDatabase) {
     const std::vector<RuleCheck> checks = VerifyDatabase(m_database.Path(), 20);
     Lines rules;
     for (const RuleCheck& check : checks) rules.push_back(check.rule);
-    EXPECT_THAT(rules, ElementsAre(numbered, values, owners, latest, disposition, tree, locationValues, references, file, objects,
-                                   places, descriptions));
+    EXPECT_THAT(rules, ElementsAre(numbered, values, owners, latest, disposition, tree, locationValues, references,
+                                   file, objects, places, descriptions));
     EXPECT_THAT(Found(), IsEmpty());
     EXPECT_EQ(m_database.Snapshot(), before);
 }
@@ -96,8 +96,9 @@ TEST_F(DatabaseVerificationTest, ValuesThatACustodyRowCannotHaveAreFound) {
     EXPECT_THAT(Found(), ElementsAre(values, "Vehicle 1, custody row 1"));
     Damage("UPDATE VehicleTracking SET DateReceived = 'yesterday' WHERE SeqNo = 2");
     Damage("UPDATE PropertyTracking SET LastUpdated = '2026-01-01'");
-    EXPECT_THAT(Found(), ElementsAre(values, "Property 1, custody row 1", "Property 1, custody row 2",
-                                     "Property 1, custody row 3", "Vehicle 1, custody row 1", "Vehicle 1, custody row 2"));
+    EXPECT_THAT(Found(),
+                ElementsAre(values, "Property 1, custody row 1", "Property 1, custody row 2",
+                            "Property 1, custody row 3", "Vehicle 1, custody row 1", "Vehicle 1, custody row 2"));
 }
 
 TEST_F(DatabaseVerificationTest, AnItemThatDoesNotNameItsLatestRowIsFound) {
@@ -110,9 +111,8 @@ TEST_F(DatabaseVerificationTest, AnItemThatDoesNotNameItsLatestRowIsFound) {
 
 TEST_F(DatabaseVerificationTest, AnItemThatNamesAMissingRowIsFound) {
     Damage("UPDATE Property SET CurrTrackSeq = 9 WHERE PropertyNo = 2");
-    EXPECT_THAT(Found(),
-                ElementsAre(latest, "Property 2 names custody row 9, and its latest is none", references,
-                            "Property 2 refers to a record of PropertyTracking that does not exist"));
+    EXPECT_THAT(Found(), ElementsAre(latest, "Property 2 names custody row 9, and its latest is none", references,
+                                     "Property 2 refers to a record of PropertyTracking that does not exist"));
 }
 
 TEST_F(DatabaseVerificationTest, AFinalDispositionWithoutCustodyRowsIsFound) {
@@ -143,11 +143,12 @@ TEST_F(DatabaseVerificationTest, ReferencesThatLeadNowhereAreFound) {
     EXPECT_THAT(Found(), ElementsAre(references, "IncdProperty 1 refers to a record of Incident that does not exist"));
     Damage("DELETE FROM Vehicle");
     Damage("UPDATE PropertyTracking SET StorageLocNo = 77 WHERE SeqNo = 1");
-    EXPECT_THAT(Found(), ElementsAre(owners, "Property 1, custody row 1, location 77", "Vehicle 1, custody row 1, location 1",
-                                     "Vehicle 1, custody row 2, location 1", "Vehicle 1, custody row 3, location 1",
-                                     references, "IncdProperty 1 refers to a record of Incident that does not exist",
-                                     "PropertyTracking refers to a record of StorageLocation that does not exist",
-                                     "VehicleTracking refers to a record of Vehicle that does not exist"));
+    EXPECT_THAT(Found(),
+                ElementsAre(owners, "Property 1, custody row 1, location 77", "Vehicle 1, custody row 1, location 1",
+                            "Vehicle 1, custody row 2, location 1", "Vehicle 1, custody row 3, location 1", references,
+                            "IncdProperty 1 refers to a record of Incident that does not exist",
+                            "PropertyTracking refers to a record of StorageLocation that does not exist",
+                            "VehicleTracking refers to a record of Vehicle that does not exist"));
 }
 
 TEST_F(DatabaseVerificationTest, RowsThatBreakAConstraintAreFound) {
@@ -161,10 +162,9 @@ TEST_F(DatabaseVerificationTest, MissingAndChangedObjectsAreFound) {
     m_database.Execute("DROP INDEX VehicleByRegNumber");
     m_database.Execute("DROP TRIGGER StorageLocationMoveGuard");
     m_database.Execute("CREATE TRIGGER StorageLocationMoveGuard AFTER INSERT ON Setting BEGIN SELECT 1; END");
-    EXPECT_THAT(Found(),
-                ::testing::UnorderedElementsAre(objects, "The trigger PropertyTrackingDeleteGuard is missing",
-                                                "The index VehicleByRegNumber is missing",
-                                                "The trigger StorageLocationMoveGuard has been changed"));
+    EXPECT_THAT(Found(), ::testing::UnorderedElementsAre(objects, "The trigger PropertyTrackingDeleteGuard is missing",
+                                                         "The index VehicleByRegNumber is missing",
+                                                         "The trigger StorageLocationMoveGuard has been changed"));
 }
 
 TEST_F(DatabaseVerificationTest, SideTablesThatDisagreeAreFound) {

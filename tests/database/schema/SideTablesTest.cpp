@@ -155,9 +155,8 @@ protected:
     }
     std::shared_ptr<SqliteEngine> Open() { return SqliteEngine::Open(m_database.Path(), 20); }
     bool IsProven(const std::string& table) {
-        return Count(
-                   "SideTableProof WHERE SchemaCookie = (SELECT schema_version FROM pragma_schema_version) AND Name = '" +
-                   table + "'") == 1;
+        return Count("SideTableProof WHERE Name = '" + table +
+                     "' AND SchemaCookie = (SELECT schema_version FROM pragma_schema_version)") == 1;
     }
     void MoveWithoutTrigger() { WithoutTrigger("PropertyPlaceAfterUpdate", "UPDATE Property SET CurrTrackSeq = 2"); }
     void AddSecondRowElsewhere() {
