@@ -1,5 +1,6 @@
 #include "ui/common/ModalDialog.h"
 
+#include "base/Screen.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
@@ -7,6 +8,7 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/KeyRepetition.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
@@ -142,12 +144,42 @@ void frmModal::FinishWith(int32_t result) {
 
 void frmModal::OnCancel() { FinishWith(m_cancelResult); }
 
+// Enter is a matter of the focused button alone. A repeated Enter, which no button accepts, must not answer a question
+// that nobody has read.
 void frmModal::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter)
-        Guard([this] { m_buttons.front()->Click(); });
-    else
-        ModuleForm::keyPressEvent(event);
+    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) return ModuleForm::keyPressEvent(event);
+    bool handled = true;
+    Guard([&] {
+        switch (event->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Up: return MoveFocus(-1);
+        case Qt::Key_Right:
+        case Qt::Key_Down: return MoveFocus(1);
+        case Qt::Key_Y: handled = !IsRepetition(*event) && Answer(MessageAnswer::Yes); return;
+        case Qt::Key_N: handled = !IsRepetition(*event) && Answer(MessageAnswer::No); return;
+        default: handled = false;
+        }
+    });
+    if (!handled) ModuleForm::keyPressEvent(event);
+}
+
+// Presses the button with this result, if the form has one.
+bool frmModal::Answer(int32_t result) {
+    for (FlatButton* button : m_buttons) {
+        if (button->Tag().toInt() != result) continue;
+        button->Click();
+        return true;
+    }
+    return false;
+}
+
+// Moves the focus from one button to the next, around the ends.
+void frmModal::MoveFocus(int step) {
+    const auto focused = std::find(m_buttons.begin(), m_buttons.end(), focusWidget());
+    if (focused == m_buttons.end()) return;
+    const auto count = static_cast<int>(m_buttons.size());
+    const auto index = static_cast<int>(focused - m_buttons.begin());
+    m_buttons[static_cast<size_t>((index + step + count) % count)]->setFocus(Qt::TabFocusReason);
 }
 
 void frmModal::showEvent(QShowEvent* event) {

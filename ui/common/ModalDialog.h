@@ -45,6 +45,8 @@ private:
     void BuildMessage();
     void AddButton(const ModalButton& button);
     void FinishWith(int32_t result);
+    bool Answer(int32_t result);
+    void MoveFocus(int step);
     void SetPicture();
     void Announce();
     void Measure(ModalLayout& layout) const;

@@ -1,11 +1,16 @@
 #include "ui/controls/Activation.h"
 
+#include "ui/platform/KeyRepetition.h"
+
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QWidget>
 
 namespace quellbrook {
 
 bool IsActivation(const QKeyEvent& event) {
-    if (event.isAutoRepeat() || (event.modifiers() & ~Qt::KeypadModifier)) return false;
+    if (IsRepetition(event) || (event.modifiers() & ~Qt::KeypadModifier)) return false;
     return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
@@ -27,6 +32,14 @@ int KeyCodeOf(const QKeyEvent& event) {
     case Qt::Key_Delete: return 46;
     default: return 0;
     }
+}
+
+bool SendMenuKey(QWidget& widget, const QKeyEvent& event) {
+    if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier) return false;
+    const QPoint at = widget.rect().center();
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, at, widget.mapToGlobal(at));
+    QCoreApplication::sendEvent(&widget, &menu);
+    return true;
 }
 
 }  // namespace quellbrook

@@ -2,6 +2,7 @@
 
 #include "ui/controls/Activation.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/KeyRepetition.h"
 #include "ui/style/FocusRing.h"
 
 #include <QKeyEvent>
@@ -12,6 +13,7 @@ namespace quellbrook {
 Pressable::Pressable(QWidget* parent) : Control(parent) {
     setFocusPolicy(Qt::StrongFocus);
     ShowFocusRing(this);
+    WatchKeyRepetition();
 }
 
 void Pressable::SetCaption(const QString& caption) {

@@ -1,5 +1,6 @@
 #include "ui/common/ModalDialog.h"
 
+#include "tests/support/ui/IconContrast.h"
 #include "tests/ui/common/ScreenTest.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FontIcon.h"
@@ -9,6 +10,7 @@
 #include "ui/style/Theme.h"
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -134,8 +136,96 @@ TEST_F(ModalDialog, EnterPressesTheButtonThatHasTheFocus) {
               7);
 }
 
-TEST_F(ModalDialog, EnterOutsideEveryButtonPressesTheFirst) {
-    EXPECT_EQ(Ask(36, [](frmModal& form) { Press(&form, Qt::Key_Return); }), 6);
+TEST_F(ModalDialog, EnterThatNoButtonAcceptsAnswersNothing) {
+    const auto ask = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        return Ask(36, [=](frmModal& form) {
+            Press(Qt::Key_Tab);
+            ASSERT_EQ(QApplication::focusWidget(), Button(form, 1));
+            Press(key, modifiers);
+            EXPECT_TRUE(form.isVisible());
+            Press(&form, Qt::Key_Return);
+            EXPECT_TRUE(form.isVisible());
+            Press(Qt::Key_Return);
+        });
+    };
+    EXPECT_EQ(ask(Qt::Key_Return, Qt::ShiftModifier), 7);
+    EXPECT_EQ(ask(Qt::Key_Enter, Qt::ControlModifier), 7);
+}
+
+TEST_F(ModalDialog, AHeldKeyAnswersNothing) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Y, Qt::Key_N})
+        Ask(36, [key](frmModal& form) {
+            QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(QApplication::focusWidget(), &held);
+            EXPECT_TRUE(form.isVisible()) << key;
+        });
+}
+
+// As on X11, where not every repetition of a held key is marked.
+TEST_F(ModalDialog, AHeldKeyThatIsNotMarkedAsRepeatedAnswersNothing) {
+    const auto send = [](QEvent::Type type, Qt::Key key, quint64 time) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        event.setTimestamp(time);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+    };
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Y}) {
+        const int32_t result = Ask(36, [&](frmModal& form) {
+            send(QEvent::KeyRelease, key, 5000);
+            send(QEvent::KeyPress, key, 5000);
+            EXPECT_TRUE(form.isVisible()) << key;
+            send(QEvent::KeyRelease, key, 5040);
+            send(QEvent::KeyPress, key, 5200);
+        });
+        EXPECT_EQ(result, 6) << key << " is pressed again";
+    }
+}
+
+TEST_F(ModalDialog, TheArrowKeysMoveBetweenTheButtons) {
+    Ask(35, [](frmModal& form) {
+        const auto after = [&form](Qt::Key key) {
+            Press(key);
+            for (size_t index = 0; index < 3; ++index)
+                if (QApplication::focusWidget() == Button(form, index)) return static_cast<int>(index);
+            return -1;
+        };
+        EXPECT_EQ(after(Qt::Key_Right), 1);
+        EXPECT_EQ(after(Qt::Key_Down), 2);
+        EXPECT_EQ(after(Qt::Key_Right), 0);
+        EXPECT_EQ(after(Qt::Key_Left), 2);
+        EXPECT_EQ(after(Qt::Key_Up), 1);
+        Find<Link>(form, "lnkClose")->setFocus();
+        EXPECT_EQ(after(Qt::Key_Right), -1);
+    });
+    EXPECT_EQ(Ask(36,
+                  [](frmModal&) {
+                      Press(Qt::Key_Right);
+                      Press(Qt::Key_Space);
+                  }),
+              7);
+}
+
+TEST_F(ModalDialog, YAndNAnswerAQuestion) {
+    EXPECT_EQ(Ask(36, [](frmModal&) { Press(Qt::Key_Y); }), 6);
+    EXPECT_EQ(Ask(36, [](frmModal&) { Press(Qt::Key_N); }), 7);
+    EXPECT_EQ(Ask(35, [](frmModal&) { Press(Qt::Key_N, Qt::ShiftModifier); }), 7);
+    EXPECT_EQ(Ask(36,
+                  [](frmModal& form) {
+                      Find<Link>(form, "lnkClose")->setFocus();
+                      Press(Qt::Key_Y);
+                  }),
+              6);
+}
+
+TEST_F(ModalDialog, YAndNDoNothingWithoutSuchAButtonOrWithControl) {
+    Ask(1, [](frmModal& form) {
+        Press(Qt::Key_Y);
+        Press(Qt::Key_N);
+        EXPECT_TRUE(form.isVisible());
+    });
+    Ask(36, [](frmModal& form) {
+        Press(Qt::Key_Y, Qt::ControlModifier);
+        EXPECT_TRUE(form.isVisible());
+    });
 }
 
 TEST_F(ModalDialog, TheFocusMovesFromTheButtonsToTheCloseControl) {
@@ -231,6 +321,24 @@ TEST_F(ModalDialog, AScreenReaderLearnsTitleAndMessage) {
         EXPECT_EQ(form.windowTitle(), "Question");
     });
     EXPECT_EQ(Find<Link>(*Loaded("Go on?", 36, "Question"), "lnkClose")->accessibleName(), "Close");
+}
+
+TEST_F(ModalDialog, ThePicturesStandOutAndDifferInBothPalettes) {
+    for (const bool dark : {false, true}) {
+        Theme::Install(dark);
+        std::vector<QColor> colors;
+        for (const int32_t style : {16, 32, 48}) {
+            const auto form = Loaded("Go on?", style, "Question");
+            const QRect icon = Find<FontIcon>(*form, "imgIcon")->geometry();
+            const QImage picture = testing::Grab(*form);
+            EXPECT_GE(testing::ContrastOfIcon(picture, icon), testing::GraphicContrast) << style << dark;
+            colors.push_back(testing::ColorOfIcon(picture, icon));
+        }
+        EXPECT_NE(colors[0], colors[1]);
+        EXPECT_NE(colors[1], colors[2]);
+        EXPECT_NE(colors[0], colors[2]);
+    }
+    Theme::Install(false);
 }
 
 TEST_F(ModalDialog, TheFormHasNoSystemFrame) {
