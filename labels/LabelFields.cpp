@@ -16,9 +16,6 @@ constexpr double Ascent = 0.95, Line = 1.25;  // of a line, in sizes of its font
 constexpr double DefaultFontPixels = 16;
 constexpr double SmallestFont = 0.5, LargestFont = 100;  // millimeters
 
-// Whether the value starts with STX, as a barcode does.
-bool IsBarcode(const std::string& value) { return value.starts_with('\x02'); }
-
 double NumberOf(const pugi::xml_node& element, const char* attribute, const std::string& name) {
     const std::string text = element.attribute(attribute).value();
     const auto number = text.empty() ? std::optional<double>(0) : svg::ParseLength(text);
@@ -101,16 +98,12 @@ pugi::xml_node LabelFields::ElementOf(const std::string& id) const {
 
 void LabelFields::Take(const std::string& name, const std::string& value, FilledLabel& label) {
     const pugi::xml_node element = ElementOf(name);
-    if (!element) {
-        if (IsBarcode(value)) RefuseField(name, "is missing: give this id to a rectangle for the barcode.");
-        return;
-    }
+    if (!element) return;
     const std::string_view kind = svg::LocalName(element);
     if (kind == "rect") {
         label.barcodes.push_back({value, AreaOfRectangle(element, name)});
         m_taken.push_back(element);
     } else if (kind == "text") {
-        if (IsBarcode(value)) RefuseField(name, "is a text; a barcode needs a rectangle.");
         TakeText(element, name, value, label);
     } else {
         RefuseField(name, "is neither a text nor a rectangle.");

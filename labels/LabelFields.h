@@ -17,8 +17,8 @@ class LabelFields {
 public:
     LabelFields(pugi::xml_node root, const LabelSheet& sheet);
 
-    // Adds the field to the label. Does nothing if the drawing has no such element and the value is not a barcode.
-    // Raises error 5 as LabelTemplate::Fill does.
+    // Adds the field to the label: a barcode if its element is a rectangle, a text if it is a text. Does nothing if the
+    // drawing has no such element. Raises error 5 as LabelTemplate::Fill does.
     void Take(const std::string& name, const std::string& value, FilledLabel& label);
     // Removes the elements of the fields taken from the drawing.
     void Remove();

@@ -57,6 +57,8 @@ FilledLabel LabelTemplate::Fill(const Fields& fields) const {
     for (const auto& [name, value] : fields) taken.Take(name, value, label);
     if (label.texts.empty() && label.barcodes.empty())
         RefuseTemplate("has none of the fields " + NamesOf(fields) + ".");
+    if (label.barcodes.empty())
+        RefuseTemplate("has no barcode: none of the fields " + NamesOf(fields) + " is a rectangle.");
     taken.Remove();
     label.drawing = TextOf(drawing);
     return label;

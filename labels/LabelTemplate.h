@@ -22,9 +22,9 @@ public:
     // Raises error 5 if the text is not well-formed, is not SVG, or has no size from 5 to 1000 mm.
     explicit LabelTemplate(const std::string& text);
 
-    // Fills in these fields and omits those that the template does not have. Raises error 5 for a barcode without a
-    // rectangle, a duplicate id, an element that is neither a text nor a rectangle, a position outside the label, any
-    // other rotation, or a template with none of the fields.
+    // Fills in these fields and omits those that the template does not have. Raises error 5 for a duplicate id, an
+    // element that is neither a text nor a rectangle, a position outside the label, any other rotation, a template with
+    // none of the fields, or one in which none of them is a barcode.
     FilledLabel Fill(const Fields& fields) const;
 
 private:

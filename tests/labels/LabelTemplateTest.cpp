@@ -24,12 +24,18 @@ std::string Svg(const std::string& content, const std::string& attributes =
     return "<svg xmlns='http://www.w3.org/2000/svg' " + attributes + ">" + content + "</svg>";
 }
 
-FilledLabel Fill(const std::string& svg, const LabelTemplate::Fields& fields) {
-    return LabelTemplate(svg).Fill(fields);
+// Fills the fields and a barcode, which every label has, in a rectangle of its own behind the others.
+FilledLabel Fill(std::string svg, LabelTemplate::Fields fields) {
+    svg.insert(svg.rfind("</svg"), "<rect id='code' x='0' y='0' width='1' height='1'/>");
+    fields.emplace_back("code", barcode);
+    FilledLabel label = LabelTemplate(svg).Fill(fields);
+    EXPECT_EQ(label.barcodes.back().text, barcode);
+    label.barcodes.pop_back();
+    return label;
 }
 
 std::string RefusalOf(const std::string& svg, const LabelTemplate::Fields& fields = {{"name", "x"}}) {
-    const Error error = RaisedBy([&] { Fill(svg, fields); });
+    const Error error = RaisedBy([&] { LabelTemplate(svg).Fill(fields); });
     EXPECT_EQ(error.Number(), ErrorNumber::General) << svg;
     return error.Description();
 }
@@ -56,6 +62,16 @@ TEST(LabelTemplate, ARectangleShowsTheBarcode) {
     ASSERT_EQ(label.barcodes.size(), 1u);
     EXPECT_EQ(label.barcodes[0].text, barcode);
     ExpectBox(label.barcodes[0].area, {10, 20, 80, 25});
+}
+
+TEST(LabelTemplate, TheElementNotTheValueMakesAFieldABarcode) {
+    const FilledLabel label = Fill(Svg("<text id='name' x='5' y='9' font-size='4'/>"
+                                       "<rect id='number' x='10' y='20' width='80' height='25'/>"),
+                                   {{"name", barcode}, {"number", "12"}});
+    ASSERT_EQ(label.texts.size(), 1u);
+    EXPECT_EQ(label.texts[0].text, barcode);
+    ASSERT_EQ(label.barcodes.size(), 1u);
+    EXPECT_EQ(label.barcodes[0].text, "12");
 }
 
 TEST(LabelTemplate, ATextIsReplacedAndKeepsItsStyle) {
@@ -199,9 +215,11 @@ TEST(LabelTemplate, AFieldThatTheTemplateLacksIsLeftOut) {
 }
 
 TEST(LabelTemplate, CanBeFilledAgain) {
-    const LabelTemplate twice(Svg("<text id='name' x='5' y='9' font-size='4'/>"));
-    EXPECT_EQ(twice.Fill({{"name", "first"}}).texts[0].text, "first");
-    EXPECT_EQ(twice.Fill({{"name", "second"}}).texts[0].text, "second");
+    const LabelTemplate twice(
+        Svg("<text id='name' x='5' y='9' font-size='4'/>"
+            "<rect id='barcode' x='10' y='20' width='80' height='25'/>"));
+    EXPECT_EQ(twice.Fill({{"name", "first"}, {"barcode", barcode}}).texts[0].text, "first");
+    EXPECT_EQ(twice.Fill({{"name", "second"}, {"barcode", barcode}}).texts[0].text, "second");
 }
 
 TEST(LabelTemplate, FieldsCanBeNested) {
@@ -247,12 +265,15 @@ TEST(LabelTemplateRefuses, ATemplateWithNoneOfTheFields) {
               "The label template has none of the fields 'name', 'place'.");
 }
 
-TEST(LabelTemplateRefuses, ABarcodeWithoutARectangle) {
+TEST(LabelTemplateRefuses, ATemplateWithoutABarcode) {
     const std::string text = "<text id='name' x='5' y='9' font-size='4'/>";
     EXPECT_EQ(RefusalOf(Svg(text), {{"name", "x"}, {"barcode", barcode}}),
-              "The template field 'barcode' is missing: give this id to a rectangle for the barcode.");
+              "The label template has no barcode: none of the fields 'name', 'barcode' is a rectangle.");
     EXPECT_EQ(RefusalOf(Svg(text), {{"name", barcode}}),
-              "The template field 'name' is a text; a barcode needs a rectangle.");
+              "The label template has no barcode: none of the fields 'name' is a rectangle.");
+}
+
+TEST(LabelTemplateRefuses, AnElementThatShowsNeitherATextNorABarcode) {
     EXPECT_EQ(RefusalOf(Svg("<path id='name'/>")), "The template field 'name' is neither a text nor a rectangle.");
 }
 
@@ -305,6 +326,7 @@ TEST(BarcodeLabel, PrintsOnTheWorkstationsPrinter) {
     const LabelServices services;
     BarcodeLabel label = GetLabelEngine().Parse(LabelServices::TemplateOf({"name"}, "barcode"));
     label.SetField("name", "a");
+    label.SetField("barcode", barcode);
     label.Print();
     ASSERT_EQ(services.printer->labels.size(), 1u);
     EXPECT_EQ(ValueAt(services.printer->labels[0], 10), "a");
