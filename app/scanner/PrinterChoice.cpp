@@ -38,13 +38,16 @@ std::shared_ptr<LabelPrinter> PrinterOf(const PrinterChoice& choice) {
 // Finds the default printer when the first label is printed, since a print system may be slow.
 class UnchosenPrinter : public LabelPrinter {
 public:
-    void Print(const FilledLabel& label) override {
-        if (!m_printer) m_printer = PrinterOf(DefaultPrinterChoice(SystemPrinters()));
-        m_printer->Print(label);
-    }
+    void Print(const FilledLabel& label) override { Chosen().Print(label); }
+    std::string Destination() const override { return Chosen().Destination(); }
 
 private:
-    std::shared_ptr<LabelPrinter> m_printer;
+    LabelPrinter& Chosen() const {
+        if (!m_printer) m_printer = PrinterOf(DefaultPrinterChoice(SystemPrinters()));
+        return *m_printer;
+    }
+
+    mutable std::shared_ptr<LabelPrinter> m_printer;
 };
 
 }  // namespace

@@ -102,6 +102,7 @@ TEST_F(PrinterChoiceTest, WithoutAChoiceThePrintersAreQueriedAtTheFirstLabel) {
     EXPECT_EQ(m_workstation.Content("asked"), "asked\n");
     EXPECT_NE(m_workstation.Content("jobs").find("-d Zeta "), std::string::npos);
     EXPECT_EQ(LoadPrinterChoice(File()), std::nullopt) << "nothing has been chosen";
+    EXPECT_EQ(HostServices::Current().Printer().Destination(), "to the printer 'Zeta'");
 }
 
 }  // namespace quellbrook::testing

@@ -25,16 +25,19 @@ public:
     }
 };
 
-// A printer that records its labels, or refuses them.
+// A printer that records its labels, or refuses them all or after some.
 class RecordingPrinter : public LabelPrinter {
 public:
     std::vector<FilledLabel> labels;
     std::optional<std::string> refusal;
+    std::optional<size_t> refuseAfter;
 
     void Print(const FilledLabel& label) override {
         if (refusal) Raise(ErrorNumber::General, "RecordingPrinter.Print", *refusal);
+        if (refuseAfter == labels.size()) Raise(ErrorNumber::General, "RecordingPrinter.Print", "Out of labels.");
         labels.push_back(label);
     }
+    std::string Destination() const override { return "to the printer 'Front Desk'"; }
 };
 
 // The value of the text or symbol at this distance, in millimeters, from the top of the label.

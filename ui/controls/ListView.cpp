@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScrollBar>
 #include <QStringList>
 
 #include <algorithm>
@@ -97,7 +98,10 @@ void ListView::SetIconSize(int pixels, double rowFactor, int picture) {
     m_tree->doItemsLayout();
 }
 
-void ListView::SetIconColumn(int column) { m_iconColumn = column; }
+void ListView::SetIconColumn(int column) {
+    m_iconColumn = column;
+    m_tree->textColumn = column == 0 ? 1 : 0;
+}
 void ListView::SetCheckBoxes(bool boxes) { m_checkBoxes = boxes; }
 
 void ListView::SetHeaderVisible(bool visible) { m_tree->setHeaderHidden(!visible); }
@@ -232,6 +236,37 @@ int ListView::HitTest(const QPoint& viewportPosition) const {
     return index.isValid() ? index.row() : -1;
 }
 
+ListView::Place ListView::CurrentPlace() const {
+    Place place;
+    for (int row = 0; row < RowCount(); ++row)
+        if (RowSelected(row)) place.selectedKeys.insert(RowKey(row));
+    if (CurrentRow() >= 0) place.currentKey = RowKey(CurrentRow());
+    place.scroll = m_tree->verticalScrollBar()->value();
+    return place;
+}
+
+void ListView::Restore(const Place& place) {
+    for (int row = 0; row < RowCount(); ++row) {
+        const QString key = RowKey(row);
+        if (key == place.currentKey) m_tree->setCurrentItem(Item(row), 0, QItemSelectionModel::NoUpdate);
+        Item(row)->setSelected(place.selectedKeys.contains(key));
+    }
+    m_tree->doItemsLayout();
+    m_tree->verticalScrollBar()->setValue(place.scroll);
+}
+
+QRect ListView::MenuRow() const {
+    const QList<QTreeWidgetItem*> selected = m_tree->selectedItems();
+    if (selected.isEmpty()) return QRect();
+    QTreeWidgetItem* row = m_tree->currentItem();
+    if (!row || !row->isSelected())
+        row = *std::min_element(selected.begin(), selected.end(), [this](auto* a, auto* b) {
+            return m_tree->indexOfTopLevelItem(a) < m_tree->indexOfTopLevelItem(b);
+        });
+    const QRect inViewport = m_tree->visualItemRect(row);
+    return QRect(m_tree->viewport()->mapTo(this, inViewport.topLeft()), inViewport.size());
+}
+
 int ListView::RowHeight() const { return m_tree->RowHeight(); }
 
 float ListView::TextWidth(const QString& text) const {
@@ -244,7 +279,7 @@ void ListView::Layout() {
 }
 
 void ListView::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (m_framed) PaintField(*this, isEnabled());
     });
 }

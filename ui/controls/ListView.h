@@ -77,6 +77,16 @@ public:
     bool RowBand(int row) const;
     void SetRowBand(int row, bool band);
 
+    // The selected rows, the current row and the scroll position of a list, to restore them after it has been filled
+    // again. Rows that no longer exist are left out.
+    struct Place {
+        QSet<QString> selectedKeys;
+        QString currentKey;
+        int scroll = 0;
+    };
+    Place CurrentPlace() const;
+    void Restore(const Place& place);
+
     bool RowSelected(int row) const;
     void SelectAll();
     void ClearSelection();   // also the current row
@@ -84,6 +94,9 @@ public:
     void SetCurrentRow(int row);
     int HitTest(const QPoint& viewportPosition) const;  // -1 outside the rows
     int RowHeight() const;                              // pixels
+    // Where a menu that a key has opened belongs: the current row if it is selected, otherwise the first selected row,
+    // in the list's coordinates; empty if there is none.
+    QRect MenuRow() const;
     // Width of a text in the cell font, in twips.
     float TextWidth(const QString& text) const;
 

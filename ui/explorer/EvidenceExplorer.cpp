@@ -5,6 +5,8 @@
 #include "base/Screen.h"
 #include "core/Actions.h"
 #include "core/Stores.h"
+#include "data/StorageLocationStatic.h"
+#include "host/HostServices.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
@@ -19,9 +21,12 @@
 #include "ui/platform/Twips.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -45,6 +50,11 @@ void ReportDisplayError(const Error& error, int step) {
 void PrintBarcodeLabelOf(const ObjectRef& object) {
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) location->PrintBarcodeLabel();
     if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) item->PrintBarcodeLabel();
+}
+
+void ReportPrinted(int32_t count) {
+    GetActions().NotifyUser("Sent " + FormatCount(count, "%d label", "%d labels") + " " +
+                            HostServices::Current().Printer().Destination() + ".");
 }
 
 }  // namespace
@@ -139,6 +149,8 @@ void EvidenceExplorer::ConnectMenu() {
     bindTransfer(MenuEntry::Move, TransactionType::Move);
     Bind(MenuEntry::RemoveFromBatch, [this] { GetActions().BulkRemoveFromCart(GetSelectedObjects()); });
     Bind(MenuEntry::SelectAll, [this] { m_itemPane->SelectAll(); });
+    auto* again = new QShortcut(Qt::Key_F5, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(again, &QShortcut::activated, this, [this] { ReadAgain(); });
 }
 
 void EvidenceExplorer::Bind(MenuEntry entry, std::function<void()> command) {
@@ -154,12 +166,14 @@ void EvidenceExplorer::SetSelectedLocation(const StorageLocationRef& location) {
 
 void EvidenceExplorer::Shown() { Refresh(); }
 
-void EvidenceExplorer::Refresh() {
+void EvidenceExplorer::Refresh() { RefreshContents(&LocationView::Refresh); }
+
+void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
     const StorageLocationRef location = SelectedLocation();
     try {
         // After a failure, the pane shows no location.
         if (m_itemPane->Location())
-            m_itemPane->Refresh();
+            (m_itemPane->*refresh)();
         else
             m_itemPane->SetLocation(location);
         if (location) ShowCounts(*location);
@@ -284,12 +298,25 @@ ObjectRef EvidenceExplorer::SingleSelectedObject() const {
 
 // Printing stops at the first label that fails. Earlier labels have been printed.
 void EvidenceExplorer::PrintSelected() {
+    int32_t printed = 0;
     Guard(
-        [this] {
+        [&] {
             const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
-            for (int32_t index = 0; index < selected->Count(); ++index) PrintBarcodeLabelOf(selected->At(index));
+            for (; printed < selected->Count(); ++printed) PrintBarcodeLabelOf(selected->At(printed));
         },
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+    if (printed > 0) Guard([=] { ReportPrinted(printed); });
+}
+
+// Reads again what another workstation may have changed.
+void EvidenceExplorer::ReadAgain() {
+    // F5 is no command for a text.
+    if (qobject_cast<QLineEdit*>(QApplication::focusWidget())) return;
+    Guard([this] {
+        GetStorageLocationStatic().Refresh();
+        m_locationPane->RefreshInPlace();
+        RefreshContents(&LocationView::RefreshInPlace);
+    });
 }
 
 void EvidenceExplorer::Layout() { LayoutView(); }

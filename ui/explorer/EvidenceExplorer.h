@@ -78,6 +78,8 @@ private:
     void Bind(MenuEntry entry, std::function<void()> command);
     ObjectRef SingleSelectedObject() const;
     void PrintSelected();
+    void ReadAgain();
+    void RefreshContents(void (LocationView::*refresh)());
     void ApplyColors();
 
     GroupBox* m_picLeftPanel = nullptr;

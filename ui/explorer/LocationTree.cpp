@@ -14,6 +14,8 @@
 #include <QMenu>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScrollBar>
+#include <QSet>
 
 namespace quellbrook {
 
@@ -112,7 +114,9 @@ void LocationTree::ConnectTree() {
     connect(m_treeView, &Tree::NodeDoubleClicked, this, [this] { Guard([this] { DblClick(); }); });
     connect(m_treeView, &Tree::MenuKeyPressed, this, [this] {
         Guard([this] {
-            if (m_selectedLocation) OfferContextMenu();
+            const QTreeWidgetItem* node = m_treeView->currentItem();
+            const QRect row = node ? m_treeView->visualItemRect(node) : QRect();
+            if (m_selectedLocation) OfferContextMenu(MenuPositionBelow(row, *m_treeView->viewport()));
         });
     });
     m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
@@ -224,6 +228,18 @@ void LocationTree::Refresh() {
     LocationSelected(location);
 }
 
+void LocationTree::RefreshInPlace() {
+    QSet<QString> expanded;
+    for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
+        if (node.value()->isExpanded()) expanded.insert(node.key());
+    const int scroll = m_treeView->verticalScrollBar()->value();
+    Refresh();
+    for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
+        node.value()->setExpanded(expanded.contains(node.key()));
+    m_treeView->doItemsLayout();
+    m_treeView->verticalScrollBar()->setValue(scroll);
+}
+
 void LocationTree::SetSelectedLocation(const StorageLocationRef& location) {
     if (!location) {
         m_selectedLocation = nullptr;
@@ -275,11 +291,11 @@ void LocationTree::OnRightReleased(QTreeWidgetItem* node) {
     if (node && LocationOf(node)) OfferContextMenu();
 }
 
-void LocationTree::OfferContextMenu() {
+void LocationTree::OfferContextMenu(const std::optional<QPoint>& at) {
     QMenu* contextMenu = nullptr;
     QAction* defaultMenu = nullptr;
     GetContextMenu(contextMenu, defaultMenu);
-    ShowContextMenu(this, contextMenu, defaultMenu);
+    ShowContextMenu(this, contextMenu, defaultMenu, at);
 }
 
 // The tree still looks focused while a menu or a dialog is open.

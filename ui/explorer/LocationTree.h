@@ -50,6 +50,8 @@ public:
     StorageLocationRef DropHighlightLocation() const;
     // Reads the hierarchy again; the parent replaces a selected location that has been deleted.
     void Refresh();
+    // Refreshes and restores the expanded nodes and the scroll position.
+    void RefreshInPlace();
 
     // The tree's own menu, for an owner that returns it through GetContextMenu.
     QMenu* LocationMenu() const { return m_mnuLocation; }
@@ -96,7 +98,7 @@ private:
     void OnLeftReleased(QTreeWidgetItem* node);
     void OnRightPressed(QTreeWidgetItem* node);
     void OnRightReleased(QTreeWidgetItem* node);
-    void OfferContextMenu();
+    void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);
     void OnFocusChanged(QWidget* now);
     void PrepareLocationMenu();
     QTreeWidgetItem* MenuNode() const;

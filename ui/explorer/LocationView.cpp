@@ -110,6 +110,14 @@ void LocationView::Clear() {
     DisplayCurrentLocation();
 }
 
+void LocationView::RefreshInPlace() {
+    const ListView::Place place = m_itemPane->CurrentPlace();
+    Refresh();
+    m_itemPane->Restore(place);
+    m_lastHitRow = m_itemPane->CurrentRow();
+    m_lastButton = 0;
+}
+
 void LocationView::DisplayCurrentLocation() {
     int step = 1;
     try {
@@ -217,11 +225,11 @@ void LocationView::OnMouseUp(int button, const QPoint& at) {
     OfferContextMenu();
 }
 
-void LocationView::OfferContextMenu() {
+void LocationView::OfferContextMenu(const std::optional<QPoint>& at) {
     QMenu* contextMenu = nullptr;
     QAction* defaultMenu = nullptr;
     ItemContextMenu(contextMenu, defaultMenu);
-    ShowContextMenu(this, contextMenu, defaultMenu);
+    ShowContextMenu(this, contextMenu, defaultMenu, at);
 }
 
 void LocationView::OnDoubleClick() {
@@ -245,7 +253,8 @@ void LocationView::OnKeyDown(int keyCode, bool ctrl) {
 bool LocationView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::ContextMenu) return Control::eventFilter(watched, event);
     Guard([&] {
-        if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) OfferContextMenu();
+        if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+            OfferContextMenu(MenuPositionBelow(m_itemPane->MenuRow(), *m_itemPane));
     });
     return true;
 }

@@ -45,6 +45,8 @@ public:
     void Refresh();
     // Displays no location, without raising LocationChanged.
     void Clear();
+    // Refreshes and restores the selection and the scroll position.
+    void RefreshInPlace();
 
     // The objects of the selected rows, in row order.
     std::shared_ptr<ObjectVector> SelectedItems() const;
@@ -80,7 +82,7 @@ private:
     void OnMouseUp(int button, const QPoint& at);
     void OnDoubleClick();
     void OnKeyDown(int keyCode, bool ctrl);
-    void OfferContextMenu();
+    void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);
     void ApplyBackColor();
 
     ListView* m_itemPane;

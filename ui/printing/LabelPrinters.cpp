@@ -49,6 +49,10 @@ void PdfLabelPrinter::Print(const FilledLabel& label) {
         Refuse(QStringLiteral("The file '%1' can't be written: %2.").arg(path, file.errorString()));
 }
 
+std::string PdfLabelPrinter::Destination() const {
+    return ToUtf8(QStringLiteral("to the folder '%1'").arg(QDir::toNativeSeparators(m_directory)));
+}
+
 void SystemLabelPrinter::Print(const FilledLabel& label) {
     const QByteArray pdf = MakeLabelPdf({label}, m_dotsPerInch);
     QProcess job;
@@ -65,6 +69,10 @@ void SystemLabelPrinter::Print(const FilledLabel& label) {
     if (job.exitStatus() == QProcess::NormalExit && job.exitCode() == 0) return;
     const QString words = WordsOf(job);
     Refuse(words.isEmpty() ? QStringLiteral("The printer '%1' rejected the label.").arg(m_name) : words);
+}
+
+std::string SystemLabelPrinter::Destination() const {
+    return ToUtf8(QStringLiteral("to the printer '%1'").arg(m_name));
 }
 
 QStringList SystemPrinterNames() {

@@ -15,6 +15,7 @@ public:
         : m_directory(std::move(directory)), m_dotsPerInch(dotsPerInch) {}
 
     void Print(const FilledLabel& label) override;
+    std::string Destination() const override;
 
 private:
     QString m_directory;
@@ -28,6 +29,7 @@ public:
     SystemLabelPrinter(QString name, int dotsPerInch) : m_name(std::move(name)), m_dotsPerInch(dotsPerInch) {}
 
     void Print(const FilledLabel& label) override;
+    std::string Destination() const override;
 
 private:
     QString m_name;

@@ -1,4 +1,6 @@
+#include "core/ActionTypes.h"
 #include "data/BarcodeText.h"
+#include "tests/support/Callbacks.h"
 #include "tests/support/LabelServices.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 
@@ -11,7 +13,10 @@ using ::testing::ElementsAre;
 
 class EvidenceExplorerPrintTest : public ExplorerWindowTest {
 protected:
-    EvidenceExplorerPrintTest() { Show(m_shelf); }
+    EvidenceExplorerPrintTest() {
+        Show(m_shelf);
+        GetDispatcher()->Register(m_actions);
+    }
 
     void PrintAll() {
         m_list->Tree()->setFocus();
@@ -26,7 +31,16 @@ protected:
         return texts;
     }
 
+    // What the user was told.
+    std::vector<std::string> Notices() const {
+        std::vector<std::string> notices;
+        for (const Action& action : m_actions->actions)
+            if (action.ActionType == ActionTypes::NOTIFY_USER) notices.push_back(ToText(action.Payload));
+        return notices;
+    }
+
     LabelServices m_labels;
+    std::shared_ptr<RecordingCallback> m_actions = std::make_shared<RecordingCallback>();
 };
 
 TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
@@ -34,6 +48,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
     EXPECT_THAT(PrintedBarcodes(),
                 ::testing::UnorderedElementsAre(MakeBarcodeText("L", m_bin), MakeBarcodeText("P", m_first),
                                                 MakeBarcodeText("P", m_second)));
+    EXPECT_THAT(Notices(), ElementsAre("Sent 3 labels to the printer 'Front Desk'."));
 }
 
 TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
@@ -41,6 +56,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
     m_window->setFocus();
     Print();
     EXPECT_THAT(PrintedBarcodes(), ElementsAre(MakeBarcodeText("L", m_shelf)));
+    EXPECT_THAT(Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
@@ -53,6 +69,14 @@ TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
     EXPECT_THAT(messages[0].prompt, ::testing::EndsWith(": Out of labels."));
     EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
     EXPECT_EQ(messages[0].title, "Error");
+    EXPECT_THAT(Notices(), ElementsAre()) << "no label was printed";
+}
+
+TEST_F(EvidenceExplorerPrintTest, AFailureAfterTheFirstLabelSaysHowManyWerePrinted) {
+    m_labels.printer->refuseAfter = 2;
+    PrintAll();
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_THAT(Notices(), ElementsAre("Sent 2 labels to the printer 'Front Desk'."));
 }
 
 }  // namespace

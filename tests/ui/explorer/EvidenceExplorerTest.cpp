@@ -4,6 +4,7 @@
 #include "ui/style/Theme.h"
 
 #include <QLineEdit>
+#include <QScrollBar>
 
 #include <gmock/gmock.h>
 
@@ -205,6 +206,62 @@ TEST_F(EvidenceExplorerTest, BrowsesAndBeginsATransferByKeyboardAlone) {
     EXPECT_THAT(BatchIds(), ElementsAre("E-2"));
     Press(m_window->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
+}
+
+TEST_F(EvidenceExplorerTest, F5ReadsLocationsAndContentsAgain) {
+    Show(m_shelf);
+    ClickRow("E-2");
+    m_database.AddLocation("Annex", StorageLocationTypes::Internal);
+    m_database.AddLocation("Bin 0", StorageLocationTypes::Internal, m_shelf);
+    AddItem("E-3", m_shelf);
+    EXPECT_TRUE(m_widget->findItems("Annex", Qt::MatchExactly | Qt::MatchRecursive).isEmpty());
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_FALSE(m_widget->findItems("Annex", Qt::MatchExactly | Qt::MatchRecursive).isEmpty());
+    EXPECT_EQ(Subtitle(), "2 storage units, 3 items");
+    EXPECT_EQ(m_list->RowCount(), 5);
+    EXPECT_THAT(SelectedObjects(), ElementsAre("E-2"));
+    EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_shelf);
+    EXPECT_EQ(m_widget->currentItem()->text(0), "Shelf A");
+    EXPECT_TRUE(m_list->Tree()->hasFocus());
+    Press(m_list->Tree(), Qt::Key_Return);
+    EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
+}
+
+TEST_F(EvidenceExplorerTest, F5KeepsTheExpandedNodesAndTheScrollPositions) {
+    for (int i = 0; i < 60; ++i) AddLocation("Box " + std::to_string(i), m_bin);
+    for (int i = 0; i < 60; ++i) AddItem("X-" + std::to_string(i), m_shelf);
+    Show(m_shelf);
+    NodeCenter("Box 1");
+    m_widget->topLevelItem(1)->setExpanded(false);
+    ServeEvents();
+    m_widget->verticalScrollBar()->setValue(300);
+    m_list->Tree()->verticalScrollBar()->setValue(200);
+    Press(m_widget, Qt::Key_F5);
+    EXPECT_TRUE(m_widget->findItems("Bin 1", Qt::MatchExactly | Qt::MatchRecursive).at(0)->isExpanded());
+    EXPECT_FALSE(m_widget->topLevelItem(1)->isExpanded());
+    EXPECT_EQ(m_widget->verticalScrollBar()->value(), 300);
+    EXPECT_EQ(m_list->Tree()->verticalScrollBar()->value(), 200);
+}
+
+TEST_F(EvidenceExplorerTest, F5ShowsTheParentOfALocationThatWasDeletedElsewhere) {
+    Show(m_bin);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_bin});
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_EQ(Title(), "Shelf A");
+    EXPECT_THAT(m_list->CellText(0, 1), "E-1");
+}
+
+TEST_F(EvidenceExplorerTest, F5InATextBoxDoesNothing) {
+    Show(m_shelf);
+    QLineEdit box(m_explorer);
+    box.show();
+    box.setFocus();
+    AddItem("E-3", m_shelf);
+    Press(&box, Qt::Key_F5);
+    EXPECT_EQ(m_list->RowCount(), 3);
+    m_list->Tree()->setFocus();
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_EQ(m_list->RowCount(), 4);
 }
 
 TEST_F(EvidenceExplorerTest, ReadsNoDataInADesigner) {

@@ -57,6 +57,11 @@ TEST_F(LabelPrintersTest, APdfIsNamedAfterTheBarcode) {
     EXPECT_TRUE(Read(In("labels/P0000004711.pdf")).startsWith("%PDF-"));
 }
 
+TEST_F(LabelPrintersTest, EachNamesItsDestination) {
+    EXPECT_EQ(PdfLabelPrinter("/home/a/Labels", 203).Destination(), "to the folder '/home/a/Labels'");
+    EXPECT_EQ(SystemLabelPrinter("Front Desk", 203).Destination(), "to the printer 'Front Desk'");
+}
+
 TEST_F(LabelPrintersTest, ALabelPrintedAgainReplacesItsPdf) {
     PdfLabelPrinter printer(m_folder.path(), 203);
     printer.Print(m_label);
