@@ -89,10 +89,10 @@ const std::vector<Person>& Persons() {
 const std::vector<StandIn>& EdgeCaseStandIns() {
     static const std::vector<StandIn> standIns = {
         {{115, "Łukasiewicz-Žižková", "Żaneta", "Evidence Technician"}, 107},
-        {{116, "山田", "花子", "Forensic Analyst"}, 110},
+        {{116, "Nguyễn Thị", "Hồng", "Forensic Analyst"}, 110},
         {{117, "Кузнецова", "Ольга", "Detective"}, 106},
         {{118, "  D'Arcy \"Red\" ", "Niamh", "Court Liaison"}, 113},
-        {{119, "الخطيب", "ليلى", "Patrol Officer"}, 108},
+        {{119, "Παπαδοπούλου", "Ελένη", "Patrol Officer"}, 108},
     };
     return standIns;
 }

@@ -13,13 +13,13 @@ namespace {
 const std::map<int32_t, const char*>& Descriptions() {
     static const std::map<int32_t, const char*> texts = {
         {59, "Memory card, label reads \"Übergabe 3/4\", in shielded bag"},
-        {69, "Passport, entries in Ελληνικά and العربية"},
+        {69, "Passport, entries in Ελληνικά and Русский"},
         {103, "Video disc, labeled \"O'Dowd's copy\""},
         {107, "  Umbrella, contents listed on seal "},
         {199, "Rental agreement, 100% paid, clause 4_[b] struck out"},
         {205, "Audio recording, sleeve marked <b>LIVE</b> & numbered"},
         {288, "Umbrella, locked, tag reads «Вокзал»"},
-        {290, "Printed photographs, backs stamped 東京写真館"},
+        {290, "Printed photographs, backs stamped ФОТОАТЕЛЬЕ"},
     };
     return texts;
 }

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <set>
+
 #include <gtest/gtest.h>
 
 namespace quellbrook::testing {
@@ -19,6 +21,26 @@ const SampleFile& Thousand() {
 
 int64_t CountOf(const std::string& table, const std::string& condition) {
     return Thousand().Number("SELECT COUNT(*) FROM " + table + " WHERE " + condition);
+}
+
+// The characters of UTF-8 text, each once.
+std::set<uint32_t> CharactersOf(const std::string& text) {
+    std::set<uint32_t> characters;
+    for (size_t i = 0; i < text.size();) {
+        const auto first = static_cast<unsigned char>(text[i++]);
+        uint32_t character = first < 0x80 ? first : first & (first < 0xE0 ? 0x1F : first < 0xF0 ? 0x0F : 0x07);
+        for (; i < text.size() && (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80; ++i)
+            character = character << 6 | (static_cast<unsigned char>(text[i]) & 0x3F);
+        characters.insert(character);
+    }
+    return characters;
+}
+
+// Whether it is a letter or a sign of Latin, Greek or Cyrillic text.
+bool IsInInstalledFont(uint32_t character) {
+    const bool isLetter = character < 0x0530 || (character >= 0x1E00 && character < 0x2000);
+    const bool isSign = character >= 0x2000 && character < 0x2070;
+    return isLetter || isSign;
 }
 
 }  // namespace
@@ -53,6 +75,13 @@ TEST(EdgeCases, SomeItemsLackCategoryIdentifierOrStateCode) {
     }
 }
 
+TEST(EdgeCases, TextsNeedNoFontThatIsNotInstalled) {
+    const SampleFile small;
+    for (const SampleFile* file : {&small, &Thousand()})
+        for (const uint32_t character : CharactersOf(file->Content()))
+            EXPECT_TRUE(IsInInstalledFont(character)) << std::hex << character;
+}
+
 TEST(EdgeCases, MostItemsAreOrdinary) {
     EXPECT_LT(CountOf("Property", "CategoryNo IS NULL OR COALESCE(PropertyID, '') = '' OR Description IS NULL"),
               900 / 20);
@@ -70,11 +99,11 @@ TEST(EdgeCases, TextsContainQuotesBlanksScriptsMarkupAndWildcards) {
         EXPECT_GT(CountOf(table, "SUBSTR(" + name + ", 1, 1) = ' '"), 0) << column;
         EXPECT_GT(CountOf(table, "SUBSTR(" + name + ", -1) = ' '"), 0) << column;
         EXPECT_GT(CountOf(table, "LENGTH(" + name + ") > 80"), 0) << column;
-        for (const char* letter : {"П", "ع", "ö"}) {
+        for (const char* letter : {"П", "α", "ö"}) {
             EXPECT_GT(CountOf(table, "INSTR(" + name + ", '" + letter + "') > 0"), 0) << column << " " << letter;
         }
     }
-    for (const char* sign : {"東", "\U0001F4E6", "e\u0301", "\\", "\n", "{0}"}) {
+    for (const char* sign : {"e\u0301", "\\", "\n", "{0}"}) {
         EXPECT_GT(CountOf("Property", "INSTR(Description, '" + std::string(sign) + "') > 0"), 0) << sign;
     }
     EXPECT_GT(CountOf("Property", "ManufacNbr LIKE '%''%' AND ModelNbr LIKE '%\"%' AND SerialNbr LIKE ' % '"), 0);
