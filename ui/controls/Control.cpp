@@ -125,7 +125,7 @@ void Control::LayoutDockedChildren() {
         const float height = control->Height();
         const bool atTop = control->m_align == Alignment::Top;
         if (control->m_overlaying) {
-            control->Move(0, atTop ? 0 : ClientHeight() - height);
+            control->Move(0, atTop ? top : bottom - height);
         } else if (atTop) {
             control->Move(0, top);
             top += height;

@@ -65,11 +65,12 @@ public:
     // creation; hidden ones are skipped.
     Alignment Align() const { return m_align; }
     void SetAlign(Alignment align);
-    // An overlaying docked control covers the others at the parent's edge and does not move them.
+    // An overlaying docked control stacks on those created before it and covers what else is there: it does not move
+    // those created later.
     void SetOverlaying(bool overlaying);
 
     // The QAccessible::Role of the control. 0, the default, selects the role of its class. A control with a property
-    // "Focused" is reported as selected while that is true.
+    // "Focused" is reported as selected and focused while that is true.
     int AccessibleRole() const { return m_accessibleRole; }
     void SetAccessibleRole(int role) { m_accessibleRole = role; }
 

@@ -285,7 +285,7 @@ void EvidenceUI::WriteProperties(PropertyBag& bag) const {
 }
 
 void EvidenceUI::paintEvent(QPaintEvent*) {
-    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Window)); });
+    GuardPainting([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Window)); });
 }
 
 }  // namespace quellbrook

@@ -41,6 +41,7 @@ const char* PurposeOf(int32_t transactionType) {
 
 InfoBar::InfoBar(QWidget* parent) : View(parent) {
     setObjectName("infobar");
+    SetAccessibleRole(QAccessible::AlertMessage);
     BuildControls();
     // If the stores cannot be built yet, the shell calls Subscribe when it is shown.
     if (!IsInsideDesigner()) GuardSilently([this] { Subscribe(GetStores()); });
@@ -103,11 +104,12 @@ void InfoBar::Shown() {
 void InfoBar::Update() {
     SetHeight(DesiredHeight());
     ForceSizeMessage(this);
-    setVisible(ShouldShow());
     const QString status = StatusText();
-    if (m_selected->Caption() == status) return;
+    const bool changed = m_selected->Caption() != status;
     m_selected->SetCaption(status);
-    Announce();
+    setAccessibleName(status);  // before it appears, since a screen reader reads an alert when it appears
+    setVisible(ShouldShow());
+    if (changed) Announce();
 }
 
 QString InfoBar::StatusText() const {
@@ -119,7 +121,6 @@ QString InfoBar::StatusText() const {
 }
 
 void InfoBar::Announce() {
-    setAccessibleName(m_selected->Caption());
     if (!isVisible()) return;
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
@@ -147,7 +148,7 @@ void InfoBar::Layout() {
 }
 
 void InfoBar::paintEvent(QPaintEvent*) {
-    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Tint)); });
+    GuardPainting([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Tint)); });
 }
 
 }  // namespace quellbrook

@@ -35,6 +35,7 @@ QColor MarkColor() { return Theme::IsDark() ? QColor(0x0B, 0x7A, 0x5B) : QColor(
 
 Toast::Toast(QWidget* parent) : Control(parent), m_expandedHeight(DesignHeight) {
     setObjectName("toastMessage");
+    SetAccessibleRole(QAccessible::AlertMessage);
     BuildControls();
     SetOverlaying(true);
     SetAlign(Alignment::Bottom);
@@ -77,18 +78,19 @@ void Toast::Popup(const std::string& message) {
     m_motion->toastTimer->Stop();
     m_message->SetCaption(ToQString(message));
     m_icon->SetForeColor(MarkColor());
+    setAccessibleName(m_message->Caption());  // before it appears, since a screen reader reads an alert when it appears
     setVisible(true);
     Slide(m_motion->slideUp, CollapsedHeight(), m_expandedHeight);
     Announce();
 }
 
 void Toast::Announce() {
-    setAccessibleName(m_message->Caption());
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
 
 void Toast::SlideUp_Finished() {
+    if (!IsShown()) return;
     m_motion->toastTimer->SetInterval(DisplayTime);
     m_motion->toastTimer->Start();
 }
@@ -98,7 +100,18 @@ void Toast::ToastTimer_Elapsed() {
     Slide(m_motion->slideDown, m_expandedHeight, CollapsedHeight());
 }
 
-void Toast::SlideDown_Finished() { hide(); }
+// A text that came meanwhile stays.
+void Toast::SlideDown_Finished() {
+    if (!m_motion->slideUp.InProgress()) hide();
+}
+
+// Accepts the press, so that nothing behind the toast gets the click.
+void Toast::mousePressEvent(QMouseEvent*) {
+    Guard([this] {
+        if (m_motion) m_motion->toastTimer->Stop();
+        hide();
+    });
+}
 
 void Toast::showEvent(QShowEvent* event) {
     Control::showEvent(event);
@@ -120,7 +133,7 @@ void Toast::Layout() {
 }
 
 void Toast::paintEvent(QPaintEvent*) {
-    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Toast)); });
+    GuardPainting([this] { QPainter(this).fillRect(rect(), Theme::Get(Theme::Color::Toast)); });
 }
 
 }  // namespace quellbrook

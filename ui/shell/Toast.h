@@ -11,7 +11,8 @@ namespace quellbrook {
 class FontIcon;
 class Label;
 
-// A line of text that slides up over the bottom edge of its parent, stays for five seconds and slides away.
+// A line of text that slides up from the bottom edge of its parent, or from the controls that are docked there, stays
+// for five seconds and slides away. A click hides it.
 class Toast : public Control {
     Q_OBJECT
 
@@ -24,6 +25,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void Layout() override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -69,15 +69,19 @@ TEST_F(Docking, HiddenControlsAreSkipped) {
     EXPECT_FLOAT_EQ(second->Top(), 300);
 }
 
-TEST_F(Docking, OverlayingControlsCoverTheOthersAtTheEdge) {
+TEST_F(Docking, AnOverlayingControlStacksOnTheEarlierOnesAndDoesNotMoveTheLater) {
     auto* bar = Dock(Alignment::Bottom, 630);
     auto* toast = Dock(Alignment::Bottom, 720);
+    auto* later = Dock(Alignment::Bottom, 150);
     toast->SetOverlaying(true);
-    EXPECT_FLOAT_EQ(bar->Bottom(), m_parent.Height());
+    for (const float height : {720.0f, 300.0f}) {
+        toast->SetHeight(height);
+        EXPECT_FLOAT_EQ(bar->Bottom(), m_parent.Height());
+        EXPECT_FLOAT_EQ(toast->Bottom(), bar->Top());
+        EXPECT_FLOAT_EQ(later->Bottom(), bar->Top());
+    }
+    bar->hide();
     EXPECT_FLOAT_EQ(toast->Bottom(), m_parent.Height());
-    toast->SetHeight(300);
-    EXPECT_FLOAT_EQ(toast->Bottom(), m_parent.Height());
-    EXPECT_FLOAT_EQ(bar->Bottom(), m_parent.Height());
 }
 
 TEST_F(Docking, UndockedControlsStay) {

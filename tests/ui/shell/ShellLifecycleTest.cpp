@@ -322,12 +322,12 @@ TEST_F(ShellLifecycle, TheInfoBarOfAnOpenBatchShrinksTheContent) {
     EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1280, 760));
 }
 
-TEST_F(ShellLifecycle, TheToastDoesNotShrinkTheContent) {
+TEST_F(ShellLifecycle, TheToastIsAboveTheInfoBarAndDoesNotShrinkTheContent) {
     Start();
     AddToBatch();
     GetActions().NotifyUser("Done");
     for (int tick = 0; tick < 100; ++tick) m_timers.Tick(10);
-    EXPECT_EQ(Named("toastMessage")->geometry(), QRect(0, 752, 1280, 48));
+    EXPECT_EQ(Named("toastMessage")->geometry(), QRect(0, 710, 1280, 48));
     EXPECT_EQ(Named("infobar")->geometry(), QRect(0, 758, 1280, 42));
     EXPECT_EQ(Named("content")->geometry(), QRect(0, 40, 1280, 718));
 }

@@ -1,6 +1,7 @@
 #include "ui/shell/Toast.h"
 
 #include "tests/support/ManualTimer.h"
+#include "tests/support/ui/IconContrast.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
@@ -105,6 +106,7 @@ TEST_F(ToastTest, ATextDuringTheSlideDownNeverLeavesItStuck) {
     m_toast->Popup("Second");
     SlideToTheEnd();
     EXPECT_TRUE(Waits());
+    EXPECT_TRUE(m_toast->isVisible());
     m_timers.Tick(5000);
     SlideToTheEnd();
     EXPECT_FALSE(m_toast->isVisible());
@@ -135,6 +137,67 @@ TEST_F(ToastTest, ItDocksItselfAtTheBottomAgain) {
     m_toast->SetWidth(13500);
     EXPECT_EQ(m_toast->Align(), Alignment::Bottom);
     EXPECT_EQ(m_toast->geometry().bottom(), 699);
+}
+
+TEST_F(ToastTest, ItStaysAboveWhatIsDockedBeforeIt) {
+    GroupBox parent;
+    parent.resize(800, 600);
+    auto* bar = new GroupBox(&parent);
+    bar->SetAlign(Alignment::Bottom);
+    bar->SetHeight(630);
+    auto* toast = new Toast(&parent);
+    testing::ShowActive(parent);
+    toast->Popup("Done");
+    for (int tick = 0; tick < 10; ++tick) {
+        m_timers.Tick(10);
+        EXPECT_EQ(toast->geometry().bottom() + 1, bar->geometry().top());
+        EXPECT_EQ(bar->geometry(), QRect(0, 558, 800, 42));
+    }
+    bar->hide();
+    EXPECT_EQ(toast->geometry().bottom(), 599);
+}
+
+TEST_F(ToastTest, AClickHidesItAndReachesNothingBehind) {
+    m_toast->Popup("First");
+    SlideToTheEnd();
+    ASSERT_TRUE(Waits());
+    testing::Click(testing::Find<Label>(*m_toast, "lblMessage"));
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_TRUE(m_timers.Running().empty());
+    m_toast->Popup("Second");
+    SlideToTheEnd();
+    EXPECT_TRUE(m_toast->isVisible());
+    EXPECT_TRUE(Waits());
+}
+
+TEST_F(ToastTest, AClickDuringASlideHidesItForGood) {
+    m_toast->Popup("First");
+    m_timers.Tick(10);
+    testing::Click(m_toast);
+    SlideToTheEnd();
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_FALSE(Waits());
+    m_toast->Popup("Second");
+    SlideToTheEnd();
+    m_timers.Tick(5000);
+    m_timers.Tick(10);
+    testing::Click(m_toast);
+    SlideToTheEnd();
+    EXPECT_FALSE(m_toast->isVisible());
+    EXPECT_TRUE(m_timers.Running().empty());
+}
+
+TEST_F(ToastTest, ItsMarkAndTextStandOutInBothPalettes) {
+    for (const bool dark : {false, true}) {
+        Theme::Install(dark);
+        m_toast->Popup("Done");
+        SlideToTheEnd();
+        const QImage picture = testing::Grab(*m_toast);
+        const auto* mark = testing::Find<Control>(*m_toast, "icoMessage");
+        EXPECT_GE(testing::ContrastOfIcon(picture, mark->geometry()), testing::GraphicContrast) << dark;
+        EXPECT_GE(testing::ContrastOfIcon(picture, QRect(48, 0, 100, 48)), 4.5) << dark;
+    }
+    Theme::Install(false);
 }
 
 TEST_F(ToastTest, IsOpenInADesigner) {
