@@ -24,17 +24,15 @@ const char* const stripSheet = R"css(
 QTabBar::tab { background: transparent; color: %1; border: none; padding: 0 16px; min-height: 35px;
                border-bottom: 3px solid transparent; }
 QTabBar::tab:selected { color: palette(window-text); border-bottom: 3px solid palette(link); }
-QPushButton { background: transparent; border: 1px solid palette(dark); border-radius: 2px; padding: 0 12px;
-              min-height: 24px; }
-QPushButton:hover { background: palette(mid); }
-QPushButton:focus { border: 2px solid palette(link); padding: 0 11px; min-height: 22px; }
+QTabBar::tab:selected:focus { border: 2px solid palette(link); border-bottom: 3px solid palette(link);
+                              border-radius: 2px; padding: 0 14px; min-height: 33px; }
 QToolButton#closeTab { background: transparent; color: palette(window-text); border: none; border-radius: 2px;
                        min-width: 20px; min-height: 20px; }
 QToolButton#closeTab:hover { background: palette(mid); }
 )css";
 
 constexpr int evidenceTab = 0;
-constexpr int widestTitle = 220;  // pixels
+constexpr int widestTitle = 220, stripButtonHeight = 28;  // pixels
 
 QString TabText(const QTabBar& tabs, const QString& title) {
     return tabs.fontMetrics().elidedText(title, Qt::ElideRight, widestTitle).replace('&', QLatin1String("&&"));
@@ -87,6 +85,7 @@ QWidget* HostTabs::MakeStrip() {
 QPushButton* HostTabs::MakeStripButton(const QString& caption, const char* name, QWidget* strip) {
     auto* button = new QPushButton(caption, strip);
     button->setObjectName(QString::fromLatin1(name));
+    button->setFixedHeight(stripButtonHeight);
     return button;
 }
 

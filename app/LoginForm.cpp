@@ -19,13 +19,6 @@ constexpr int cardWidth = 380;
 const char* const sheet = R"css(
 #card { background: palette(window); border: 1px solid palette(mid); border-radius: 2px; }
 #accounts { background: palette(button); border: none; border-top: 1px solid palette(mid); }
-QLineEdit { background: palette(base); border: 1px solid palette(dark); border-radius: 2px; padding: 0 9px;
-            min-height: 34px; selection-background-color: palette(highlight);
-            selection-color: palette(highlighted-text); }
-QLineEdit:focus { border: 2px solid palette(link); padding: 0 8px; min-height: 32px; }
-QPushButton#logIn { background: palette(link); color: palette(window); border: none; border-radius: 2px;
-                    min-height: 36px; font-weight: 600; }
-QPushButton#logIn:focus { border: 2px solid palette(window-text); }
 )css";
 
 QLineEdit* MakeField(const char* name, const QString& caption, QWidget* parent) {
@@ -95,6 +88,7 @@ QWidget* LoginForm::MakeFields(const QString& agency) {
 
     auto* button = new QPushButton(tr("Log In"), fields);
     button->setObjectName(QStringLiteral("logIn"));
+    button->setDefault(true);
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, &LoginForm::Submit);
     column->addWidget(button);
@@ -145,7 +139,10 @@ void LoginForm::ShowFailure(const QString& sentence) {
     m_password->setFocus();
 }
 
-void LoginForm::Submit() { emit Submitted(m_user ? *m_user : m_username->text().trimmed(), m_password->text()); }
+void LoginForm::Submit() {
+    if (m_password->text().isEmpty()) return m_password->setFocus();
+    emit Submitted(m_user ? *m_user : m_username->text().trimmed(), m_password->text());
+}
 
 void LoginForm::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), palette().button()); }
 

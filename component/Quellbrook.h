@@ -22,6 +22,9 @@ void Shutdown();
 
 // Applies the component's palette, fonts and style to the whole application, so that host and component look alike.
 void InstallTheme(bool dark);
+// Surrounds a control of the host with the component's focus ring while it has the focus. With the theme's style,
+// QPushButton, QLineEdit and QComboBox have it already.
+void ShowFocusRing(QWidget* control);
 
 // The window over which the component centers its dialogs. The caller keeps ownership.
 void SetDialogParent(QWidget* window);

@@ -1,5 +1,6 @@
 #include "app/common/PlainLabels.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QTextLayout>
 
@@ -77,6 +78,12 @@ QSize ElidedLabel::sizeHint() const {
 }
 
 QSize ElidedLabel::minimumSizeHint() const { return {0, QFontMetrics(font()).height()}; }
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(width() < sizeHint().width() ? "<span>" + text().toHtmlEscaped() + "</span>" : QString());
+    return QLabel::event(event);
+}
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);

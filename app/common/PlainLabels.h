@@ -13,7 +13,7 @@ QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget
 // Gray text, as in captions.
 void MakeQuiet(QWidget* widget);
 
-// One line, elided at the end. Line ends and tabs are shown as blanks.
+// One line, elided at the end, with the whole text as a tooltip. Line ends and tabs are shown as blanks.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -23,6 +23,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

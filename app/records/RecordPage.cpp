@@ -13,10 +13,13 @@
 #include <QScrollArea>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
 
+constexpr int widestIdentifier = 400;
 constexpr int margin = 20, headingHeight = 76, captionWidth = 120, fieldsWidth = 380, pictureHeight = 200;
 constexpr int darkBackground = 80;  // of 255; darker ones need white text
 const char* const securedColor = "#DC5C1C";
@@ -130,6 +133,8 @@ QWidget* RecordPage::MakeHeading(const Record& record) {
     const QString identifier = ToShown(record.identifier);
     auto* title = new ElidedLabel(identifier.isEmpty() ? tr("<missing ID>") : identifier, 20, QFont::DemiBold);
     title->setObjectName(QStringLiteral("title"));
+    // A long description shortens itself, not the identifier.
+    title->setMinimumWidth(std::min(title->sizeHint().width(), widestIdentifier));
     names->addWidget(title);
     names->addWidget(new ElidedLabel(ToShown(record.description), 20, QFont::Normal));
     names->addStretch(1);

@@ -53,11 +53,9 @@ void ChoiceBox::wheelEvent(QWheelEvent* event) { event->ignore(); }
 void ChoiceBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const int line = hasFocus() ? 2 : 1;
-    const qreal inset = line / 2.0;
-    painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Link : QPalette::Dark), line));
+    painter.setPen(palette().color(QPalette::Dark));
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 2, 2);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
 
     const QPointF tip(width() - arrowWidth / 2.0, height() / 2.0 + 2);
     QPainterPath arrow(tip + QPointF(-4, -4));

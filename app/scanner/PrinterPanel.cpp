@@ -24,18 +24,6 @@ namespace {
 
 constexpr int margin = 20, captionWidth = 120, fieldsWidth = 640, previewWidth = 560;
 
-// Only the differences from the application's style.
-const char* const sheet = R"css(
-QLineEdit { background: palette(base); border: 1px solid palette(dark); border-radius: 2px; padding: 0 9px;
-            min-height: 34px; selection-background-color: palette(highlight);
-            selection-color: palette(highlighted-text); }
-QLineEdit:focus { border: 2px solid palette(link); padding: 0 8px; min-height: 32px; }
-QPushButton { background: palette(link); color: palette(window); border: none; border-radius: 2px; padding: 0 16px;
-              min-height: 36px; font-weight: 600; }
-QPushButton:disabled { background: palette(button); color: %1; }
-QPushButton:focus { border: 2px solid palette(window-text); padding: 0 14px; min-height: 32px; }
-)css";
-
 class WaitCursor {
 public:
     WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -57,7 +45,6 @@ QString WordsOf(const Error& error) { return QString::fromStdString(error.Descri
 }  // namespace
 
 PrinterPanel::PrinterPanel(QString choiceFile, QWidget* parent) : QWidget(parent), m_choiceFile(std::move(choiceFile)) {
-    setStyleSheet(QString::fromLatin1(sheet).arg(palette().color(QPalette::Disabled, QPalette::WindowText).name()));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(0);
@@ -69,6 +56,7 @@ PrinterPanel::PrinterPanel(QString choiceFile, QWidget* parent) : QWidget(parent
     column->addSpacing(16);
 
     m_print = new QPushButton(tr("Print Test Label"), this);
+    m_print->setDefault(true);
     m_print->setObjectName(QStringLiteral("printTestLabel"));
     m_outcome = new WrappedLabel(QString(), 14, QFont::Normal, this);
     m_outcome->setObjectName(QStringLiteral("outcome"));

@@ -1,6 +1,7 @@
 #include "app/scanner/ScanField.h"
 
 #include "app/common/HostGuard.h"
+#include "component/Quellbrook.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -46,6 +47,7 @@ std::vector<ScannedKey> KeysOf(const QKeyEvent& event) {
 
 ScanField::ScanField(QWidget* parent) : QWidget(parent), m_timer(MakeTimer()) {
     setFocusPolicy(Qt::StrongFocus);
+    ShowFocusRing(this);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAccessibleName(tr("Test field for the scanner"));
     setAccessibleDescription(tr("Scan the test label while this field has the focus."));
@@ -101,11 +103,9 @@ void ScanField::EndBurst() { emit Read(std::exchange(m_burst, {})); }
 void ScanField::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const int line = hasFocus() ? 2 : 1;
-    painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Link : QPalette::Dark), line));
+    painter.setPen(palette().color(QPalette::Dark));
     painter.setBrush(palette().color(QPalette::Base));
-    const qreal inset = line / 2.0;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 2, 2);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
     const QColor gray = palette().color(QPalette::Disabled, QPalette::WindowText);
     painter.setPen(hasFocus() ? palette().color(QPalette::Text) : gray);
     const QString text = hasFocus() ? tr("Scan the test label now") : tr("Click here, then scan the test label");

@@ -69,6 +69,20 @@ using Names = std::vector<std::string>;
 
 }  // namespace
 
+TEST_F(EvidenceTabTest, TheTabKeyVisitsAllOfTheComponentBeforeTheHostsButtons) {
+    Explorer().SetSelectedLocation(FullLocation());
+    GetActions().BeginTransaction(TransactionType::SignOut, ListOf({FullLocation()->StoredItems()->ItemAt(0)}));
+    Find(*m_window, "TreeView")->setFocus();
+    Names visited;
+    for (int press = 0; press < 7; ++press) {
+        visited.push_back(QApplication::focusWidget()->objectName().toStdString());
+        Press(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(Names(visited.begin() + 2, visited.end()),
+              (Names{"btnCancel", "btnComplete", "hostTabs", "scannerPageButton", "logOut"}));
+    EXPECT_EQ(QApplication::focusWidget(), Find(*m_window, "TreeView"));
+}
+
 TEST_F(EvidenceTabTest, OneViewIsVisibleAfterAVisitToAnotherTabInEachView) {
     const StorageLocationRef location = FullLocation();
     const StoredItemRef item = location->StoredItems()->ItemAt(0);

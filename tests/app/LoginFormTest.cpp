@@ -47,9 +47,25 @@ TEST(LoginForm, EnterSubmitsFromEitherField) {
     Submission submission;
     Listen(form, submission);
     ShowActive(form);
+    Type(Find(form, "password"), "pencil");
     Press(Find(form, "username"), Qt::Key_Return);
     Press(Find(form, "password"), Qt::Key_Enter);
     EXPECT_EQ(submission.times, 2);
+}
+
+TEST(LoginForm, EnterWithoutAPasswordMovesToThePassword) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    Submission submission;
+    Listen(form, submission);
+    ShowActive(form);
+    form.Restart();
+    Type(Find(form, "username"), "clerk");
+    Press(Find(form, "username"), Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
+    Press(Find(form, "password"), Qt::Key_Return);
+    Click(Find(form, "logIn"));
+    EXPECT_EQ(QApplication::focusWidget(), Find(form, "password"));
+    EXPECT_EQ(submission.times, 0);
 }
 
 TEST(LoginForm, ThePasswordIsNotShown) {

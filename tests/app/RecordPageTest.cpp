@@ -397,6 +397,14 @@ TEST_F(RecordPageTest, HostileTextsAreShownAsTheyAreAndFitThePage) {
     }
 }
 
+TEST_F(RecordPageTest, ALongDescriptionLeavesTheIdentifierInSight) {
+    m_database->exec("UPDATE Property SET Description = '" + std::string(270, 'W') +
+                     "' WHERE PropertyID = '2026-0417-03'");
+    OpenLaptop();
+    const auto* title = Find<QLabel>(*m_page, "title");
+    EXPECT_GE(title->width(), title->sizeHint().width());
+}
+
 TEST_F(RecordPageTest, MarkupInTheChainStaysPlainInItsTooltipsToo) {
     m_database->exec("UPDATE StorageLocation SET Name = '<b>Box</b> & co' WHERE Name = 'Shelf B'");
     OpenLaptop();

@@ -2,6 +2,7 @@
 
 #include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/ButtonLook.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
@@ -12,32 +13,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int SideMargin = 16;
 constexpr int IconGap = 8;
-
-struct Look {
-    QColor background;
-    QColor border;
-    QColor ink;
-};
-
-Look LookOf(bool enabled, bool inverted, bool hovered, bool pressed) {
-    using Theme::Color;
-    if (!enabled) {
-        const QColor background = Theme::Get(Color::DisabledGround);
-        return {background, background, Theme::Get(Color::DisabledText)};
-    }
-    if (inverted) {
-        QColor background = Theme::Get(Color::Window);
-        if (hovered) background = Theme::Get(Color::Panel);
-        if (pressed) background = Theme::Get(Color::Hairline);
-        return {background, Theme::Get(Color::FieldBorder), Theme::Get(Color::Text)};
-    }
-    QColor background = Theme::Get(Color::Strong);
-    if (hovered) background = Theme::Get(Color::StrongHover);
-    if (pressed) background = Theme::Get(Color::StrongPressed);
-    return {background, background, Theme::Get(Color::StrongText)};
-}
 
 }  // namespace
 
@@ -53,18 +29,14 @@ void FlatButton::SetInverted(bool inverted) {
 QSize FlatButton::sizeHint() const {
     const int text = TextWidth(Theme::Font(Theme::Type::BodySemiBold), Caption());
     const int icon = IconSize() > 0 ? IconSize() + IconGap : 0;
-    return QSize(text + icon + 2 * SideMargin, Theme::FieldHeight);
+    return QSize(text + icon + 2 * ButtonMargin, Theme::FieldHeight);
 }
 
 void FlatButton::paintEvent(QPaintEvent*) {
-    Guard([this] {
-        const Look look = LookOf(isEnabled(), m_inverted, IsHovered(), IsPressed());
+    GuardPainting([this] {
+        const ButtonLook look = LookOfButton(isEnabled(), m_inverted, IsHovered(), IsPressed());
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(look.border);
-        painter.setBrush(look.background);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Radius, Theme::Radius);
-
+        PaintButtonGround(painter, rect(), look);
         const QFont font = Theme::Font(Theme::Type::BodySemiBold);
         const int iconRoom = IconSize() > 0 ? IconSize() + IconGap : 0;
         const QString shown = ElidedTo(font, Caption(), width() - 8 - iconRoom);

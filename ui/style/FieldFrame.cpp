@@ -8,12 +8,16 @@
 namespace quellbrook {
 
 void PaintField(QWidget& widget, bool enabled) {
-    using Theme::Color;
     QPainter painter(&widget);
+    PaintField(painter, widget.rect(), enabled);
+}
+
+void PaintField(QPainter& painter, const QRect& rect, bool enabled) {
+    using Theme::Color;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Theme::Get(enabled ? Color::FieldBorder : Color::Hairline));
     painter.setBrush(Theme::Get(enabled ? Color::Window : Color::Panel));
-    painter.drawRoundedRect(QRectF(widget.rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Radius, Theme::Radius);
+    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), Theme::Radius, Theme::Radius);
 }
 
 }  // namespace quellbrook

@@ -1,11 +1,19 @@
 #include "ui/style/FlatStyle.h"
 
+#include "ui/style/ButtonLook.h"
+#include "ui/style/FieldFrame.h"
+#include "ui/style/FocusRing.h"
 #include "ui/style/Icons.h"
 #include "ui/style/Theme.h"
 
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
+#include <QStyleOptionFrame>
 #include <QStyleOptionMenuItem>
 #include <QStyleOptionSlider>
 
@@ -18,6 +26,7 @@ constexpr int ThumbWidth = 8;
 constexpr int ArrowSize = 12;
 constexpr int OnlyUp = 1, OnlyDown = 2;
 constexpr int ShortestThumb = 32;
+constexpr int FieldMargin = 8;  // besides the 2 px of QLineEdit
 constexpr int MenuEntryHeight = 30;
 constexpr int MenuSeparatorHeight = 9;
 constexpr int MenuTextLeft = 36;
@@ -65,6 +74,25 @@ void DrawMenuEntry(const QStyleOptionMenuItem& item, QPainter& painter, const QW
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
         painter.drawPixmap(rect.right() - 24, rect.center().y() - 8,
                            Icons::Pixmap(QStringLiteral("chevron_r"), 16, ink, ratio));
+}
+
+// Without icons and menus, which no button has.
+void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
+    const auto is = [&](QStyle::StateFlag state) { return bool(button.state & state); };
+    const bool plain = !(button.features & QStyleOptionButton::DefaultButton);
+    const ButtonLook look =
+        LookOfButton(is(QStyle::State_Enabled), plain, is(QStyle::State_MouseOver), is(QStyle::State_Sunken));
+    painter.save();
+    PaintButtonGround(painter, button.rect, look);
+    painter.setFont(Theme::Font(Theme::Type::BodySemiBold));
+    painter.setPen(look.ink);
+    painter.drawText(button.rect, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextHideMnemonic, button.text);
+    painter.restore();
+}
+
+bool IsFramed(const QStyleOption* option) {
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    return frame && frame->lineWidth > 0;
 }
 
 QRect ThumbOf(const QRect& slider, Qt::Orientation orientation) {
@@ -124,8 +152,28 @@ int FlatStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     }
 }
 
+void FlatStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    const auto* edit = qobject_cast<QLineEdit*>(widget);
+    const bool isButton = qobject_cast<QPushButton*>(widget);
+    if (isButton) widget->setAttribute(Qt::WA_Hover);
+    if (isButton || (edit && edit->hasFrame()) || qobject_cast<QComboBox*>(widget)) ShowFocusRing(widget);
+}
+
+QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    if (element == SE_LineEditContents && IsFramed(option))
+        return option->rect.adjusted(FieldMargin, 1, -FieldMargin, -1);
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
 QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
+    if (type == CT_LineEdit && IsFramed(option)) return QSize(size.width() + 2 * FieldMargin, Theme::FieldHeight);
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option); button && type == CT_PushButton) {
+        const QFontMetrics metrics(Theme::Font(Theme::Type::BodySemiBold));
+        const int text = metrics.size(Qt::TextSingleLine | Qt::TextHideMnemonic, button->text).width();
+        return QSize(text + 2 * ButtonMargin, Theme::FieldHeight);
+    }
     if (type == CT_MenuItem) {
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
             if (item->menuItemType == QStyleOptionMenuItem::Separator) return QSize(10, MenuSeparatorHeight);
@@ -176,6 +224,11 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
                               const QWidget* widget) const {
     switch (element) {
     case PE_FrameFocusRect: return;
+    case PE_PanelLineEdit:
+        if (!IsFramed(option)) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        painter->save();
+        PaintField(*painter, option->rect, option->state & State_Enabled);
+        return painter->restore();
     case PE_PanelMenu: painter->fillRect(option->rect, Theme::Get(Theme::Color::Window)); return;
     case PE_FrameMenu:
         painter->setPen(Theme::Get(Theme::Color::FieldBorder));
@@ -193,6 +246,10 @@ void FlatStyle::drawControl(ControlElement element, const QStyleOption* option, 
     if (element == CE_MenuItem) {
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
             return DrawMenuEntry(*item, *painter, widget);
+    }
+    if (element == CE_PushButton) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option))
+            return DrawButton(*button, *painter);
     }
     if (element == CE_MenuEmptyArea) return painter->fillRect(option->rect, Theme::Get(Theme::Color::Window));
     QProxyStyle::drawControl(element, option, painter, widget);

@@ -4,8 +4,9 @@
 
 namespace quellbrook {
 
-// Draws standard Qt widgets in the colors and sizes of the theme: menus, scroll bars, tooltips, frames, and lists of
-// dropdowns.
+// Draws standard Qt widgets in the colors and sizes of the theme: menus, scroll bars, tooltips, frames, lists of
+// dropdowns, line edits and push buttons. A default button is the main one. Buttons, framed line edits and dropdowns
+// have the focus ring of the controls.
 class FlatStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -15,6 +16,9 @@ public:
 
     FlatStyle();
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
+    QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override;

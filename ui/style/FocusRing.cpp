@@ -16,13 +16,20 @@ namespace {
 
 constexpr int Reach = 3;
 constexpr const char* HasRing = "quellbrookFocusRing";
+constexpr const char* RingSize = "quellbrookFocusRingSize";
 
 // A separate style, so that the ring looks the same even if the host uses another style.
 class RingStyle : public QCommonStyle {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        if (metric == PM_FocusFrameHMargin || metric == PM_FocusFrameVMargin) return Reach;
-        return QCommonStyle::pixelMetric(metric, option, widget);
+        if (metric != PM_FocusFrameHMargin && metric != PM_FocusFrameVMargin)
+            return QCommonStyle::pixelMetric(metric, option, widget);
+        const auto* ring = option ? qobject_cast<const QFocusFrame*>(option->styleObject) : nullptr;
+        const QWidget* control = ring ? ring->widget() : nullptr;
+        const QSize part = control ? control->property(RingSize).toSize() : QSize();
+        if (part.isEmpty()) return Reach;
+        const QSize surplus = control->size() - part;
+        return Reach - (metric == PM_FocusFrameHMargin ? surplus.width() : surplus.height()) / 2;
     }
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -63,5 +70,7 @@ void ShowFocusRing(QWidget* control) {
     QObject::connect(qApp, &QApplication::focusChanged, follower,
                      [](QWidget*, QWidget* focused) { Guard([focused] { MoveRing(focused); }); });
 }
+
+void SetFocusRingSize(QWidget* control, const QSize& size) { control->setProperty(RingSize, size); }
 
 }  // namespace quellbrook

@@ -1,9 +1,15 @@
 #include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/FlatTextbox.h"
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
 
+#include <QComboBox>
+#include <QFocusFrame>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
@@ -110,6 +116,63 @@ TEST_F(StyleTest, TheTitleBarShowsTheMarkAndARuleBelow) {
     const QImage image = Grab(bar);
     EXPECT_TRUE(HasColor(image, QRect(17, 10, 20, 20), Theme::Get(Theme::Color::Accent)));
     EXPECT_EQ(PixelAt(image, QPoint(300, 39)), Theme::Get(Theme::Color::Hairline));
+}
+
+// The widget at a fixed size without its text.
+QImage Painted(QWidget& widget) {
+    widget.resize(160, 36);
+    return Grab(widget);
+}
+
+void ExpectHostWidgetsAsControls(QWidget& window) {
+    const auto expectSame = [](QWidget& host, QWidget& control, const std::string& what) {
+        EXPECT_EQ(Painted(host), Painted(control)) << what;
+        for (QWidget* widget : {&host, &control}) widget->setEnabled(false);
+        EXPECT_EQ(Painted(host), Painted(control)) << what << ", disabled";
+    };
+    QPushButton button(&window);
+    FlatButton flat(&window);
+    flat.SetInverted(true);
+    expectSame(button, flat, "button");
+    QPushButton mainButton(&window);
+    mainButton.setDefault(true);
+    FlatButton mainFlat(&window);
+    expectSame(mainButton, mainFlat, "main button");
+    QLineEdit edit(&window);
+    FlatTextbox box(&window);
+    expectSame(edit, box, "field");
+}
+
+TEST_F(StyleTest, ButtonsAndFieldsOfAHostLookAsTheControls) {
+    ExpectHostWidgetsAsControls(m_window);
+    const DarkTheme dark;
+    ExpectHostWidgetsAsControls(m_window);
+}
+
+TEST_F(StyleTest, ButtonsAndFieldsOfAHostAreAsLargeAsTheControls) {
+    QPushButton button("Log In", &m_window);
+    FlatButton flat(&m_window);
+    flat.SetCaption("Log In");
+    EXPECT_EQ(button.sizeHint(), flat.sizeHint());
+    EXPECT_EQ(QLineEdit(&m_window).sizeHint().height(), Theme::FieldHeight);
+}
+
+TEST_F(StyleTest, ButtonsFieldsAndDropdownsOfAHostHaveTheFocusRing) {
+    QPushButton button(&m_window);
+    QLineEdit edit(&m_window);
+    QComboBox dropdown(&m_window);
+    ShowActive(m_window);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(&button), static_cast<QWidget*>(&edit), static_cast<QWidget*>(&dropdown)}) {
+        widget->setGeometry(100, 100, 160, 36);
+        widget->show();
+        widget->setFocus();
+        const auto* ring = m_window.findChild<QFocusFrame*>();
+        ASSERT_NE(ring, nullptr) << widget->metaObject()->className();
+        EXPECT_EQ(ring->geometry(), QRect(97, 97, 166, 42));
+        EXPECT_EQ(PixelAt(Grab(m_window), QPoint(180, 98)), Theme::Get(Theme::Color::Link));
+        widget->hide();
+    }
 }
 
 }  // namespace
