@@ -79,6 +79,48 @@ TEST_F(StoredItemRelations, AnIncidentLinkedTwiceShowsOnce) {
     EXPECT_EQ(CasesOf(*MakeItem(m_property)), Texts{"C-1"});
 }
 
+// The order is the database's. SQLite returns the links as they were added.
+TEST_F(StoredItemRelations, IncidentsAndCasesKeepTheOrderOfTheirFirstAppearance) {
+    const int32_t first = m_database.AddIncident("I-1", "C-2");
+    const int32_t second = m_database.AddIncident("I-2", "C-3");
+    const int32_t third = m_database.AddIncident("I-3", "C-1");
+    for (const int32_t incidentNo : {third, first, third, second, first})
+        m_database.LinkIncident(Property, m_property, incidentNo);
+    const auto item = MakeItem(m_property);
+    Texts incidents;
+    for (const auto& incident : item->RelatedIncidents()) incidents.push_back(incident->DisplayID());
+    EXPECT_EQ(incidents, (Texts{"I-3", "I-1", "I-2"}));
+    Texts cases;
+    for (const auto& info : item->RelatedCases()) cases.push_back(info->CaseNumber());
+    EXPECT_EQ(cases, (Texts{"C-1", "C-2", "C-3"}));
+}
+
+TEST_F(StoredItemRelations, TheLinksOfAnItemAreFoundByTheirIndex) {
+    const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
+    m_database.Install(recording);
+    const auto read = [](const StoredItemRef& item) {
+        item->RelatedIncidents();
+        item->RelatedCases();
+    };
+    read(MakeItem(m_property));
+    read(MakeItem(m_vehicle, Vehicle));
+    RevokeSecured();
+    read(MakeItem(m_property));
+    read(MakeItem(m_vehicle, Vehicle));
+    const Texts statements = recording->Log();
+    ASSERT_EQ(statements.size(), 8u);
+    for (const std::string& statement : statements) {
+        const bool isProperty = statement.find("IncdProperty") != std::string::npos;
+        const std::string index = isProperty ? "IncdProperty USING INDEX IncdPropertyByPropertyNo"
+                                             : "IncdVehicle USING INDEX IncdVehicleByVehicleNo";
+        std::string plan;
+        for (const Row& row : m_database.QueryRows("EXPLAIN QUERY PLAN " + statement))
+            plan += ToText(row.Value("detail")) + "\n";
+        EXPECT_NE(plan.find("SEARCH " + index), std::string::npos) << plan << statement;
+        EXPECT_EQ(plan.find("SCAN"), std::string::npos) << plan;
+    }
+}
+
 TEST_F(StoredItemRelations, AUserWithNeitherRightDoesNotSeeSecuredIncidents) {
     m_database.LinkIncident(Property, m_property, m_database.AddIncident("I-1", "C-1", true));
     m_database.LinkIncident(Property, m_property, m_database.AddIncident("I-2", "C-2", false));

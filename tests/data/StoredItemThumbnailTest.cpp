@@ -65,6 +65,22 @@ TEST_F(StoredItemThumbnailTest, DoesNotTakeTheAttachmentOfTheOtherKindWithTheSam
     EXPECT_EQ(FindItem(StoredItemTypes::Property, m_property)->Thumbnail(), std::nullopt);
 }
 
+TEST_F(StoredItemThumbnailTest, DoesNotTakeTheAttachmentOfAnotherItemOfItsKind) {
+    const int32_t otherProperty = m_database.AddProperty();
+    const int32_t otherVehicle = m_database.AddVehicle();
+    m_database.AddAttachment(StoredItemTypes::Property, otherProperty, "/files", "theirs.jpg");
+    m_database.AddAttachment(StoredItemTypes::vehicle, otherVehicle, "/files", "theirs.jpg");
+    m_database.Execute("UPDATE Property SET CurrImageSeq = 1");
+    m_database.Execute("UPDATE Vehicle SET CurrImageSeq = 1");
+    EXPECT_EQ(FindItem(StoredItemTypes::Property, m_property)->Thumbnail(), std::nullopt);
+    EXPECT_EQ(FindItem(StoredItemTypes::vehicle, m_vehicle)->Thumbnail(), std::nullopt);
+    m_database.AddAttachment(StoredItemTypes::Property, m_property, "/files", "saw.jpg");
+    m_database.AddAttachment(StoredItemTypes::vehicle, m_vehicle, "/files", "car.jpg");
+    FindItem(StoredItemTypes::Property, m_property)->Thumbnail();
+    FindItem(StoredItemTypes::vehicle, m_vehicle)->Thumbnail();
+    EXPECT_THAT(m_thumbnails->asked, ElementsAre("/files/saw.jpg", "/files/car.jpg"));
+}
+
 TEST_F(StoredItemThumbnailTest, IsReadAgainAtEachCall) {
     m_database.AddAttachment(StoredItemTypes::Property, m_property, "/files", "saw.jpg");
     const auto item = FindItem(StoredItemTypes::Property, m_property);
