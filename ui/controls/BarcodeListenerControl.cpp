@@ -23,6 +23,12 @@ bool IsCoveredByView(const QWidget& widget) {
     return false;
 }
 
+// A menu that is open belongs to what was on the screen before the scan.
+void CloseMenus() {
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close()) return;
+}
+
 bool IsParentOnTop(const QWidget& control) {
     for (const QWidget* widget = control.parentWidget(); widget && !widget->isWindow(); widget = widget->parentWidget())
         if (IsCoveredByView(*widget)) return false;
@@ -37,6 +43,7 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
     const int size = IsInsideDesigner() ? IconSize : 0;
     setFixedSize(size, size);
     setFocusPolicy(Qt::NoFocus);
+    BarcodeScanned().connect([](int32_t, const std::string&) { Guard(CloseMenus); });
 }
 
 bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }
@@ -44,7 +51,7 @@ bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabl
 void BarcodeListenerControl::Shown() { m_listener.Shown(); }
 
 void BarcodeListenerControl::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (!IsInsideDesigner()) return;
         QPainter painter(this);
         const QColor ink = Theme::Get(Theme::Color::Text);

@@ -6,9 +6,9 @@
 namespace quellbrook {
 
 // Receives barcode scans for its parent view. It has no size and is invisible. It is active while it is shown and
-// enabled and no other view covers its parent; a scan while another window is active is consumed and dropped. The key
-// hook is installed when the control is first shown and removed at destruction. In a form designer, the control shows
-// an icon and installs no hook.
+// enabled and no other view covers its parent; a scan while another window is active is consumed and dropped. A scan
+// closes the menus that are open. The key hook is installed when the control is first shown and removed at destruction.
+// In a form designer, the control shows an icon and installs no hook.
 class BarcodeListenerControl : public View {
     Q_OBJECT
 

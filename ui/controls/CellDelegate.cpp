@@ -11,12 +11,11 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int TextMargin = 6;
-
-QColor IconColor(const QString& icon) {
+QColor IconColor(const QString& icon, bool onWindow) {
     if (icon == QLatin1String("marked")) return Theme::Get(Theme::Color::Link);
     if (icon == QLatin1String("selected")) return Theme::Get(Theme::Color::Strong);
-    if (icon == QLatin1String("unselected")) return Theme::Get(Theme::Color::FieldBorder);
+    // The border of a field is too faint for any other background.
+    if (icon == QLatin1String("unselected") && onWindow) return Theme::Get(Theme::Color::FieldBorder);
     return Theme::Get(Theme::Color::GrayText);
 }
 
@@ -30,20 +29,22 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& ind
 }
 
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    Guard([&] {
-        const bool highlighted = (option.state & QStyle::State_Selected) && m_tree.ShowsFocus();
+    GuardPainting([&] {
+        const bool selected = option.state & QStyle::State_Selected;
+        const bool highlighted = selected && m_tree.ShowsFocus();
+        const bool onWindow = !selected && !index.siblingAtColumn(0).data(ReportTree::BandRole).toBool();
+        const QString icon = index.data(ReportTree::IconRole).toString();
+        const QColor ink = highlighted ? Theme::Get(Theme::Color::HighlightText) : IconColor(icon, onWindow);
         painter->save();
         painter->setClipRect(option.rect);
-        DrawIcon(*painter, option.rect, index.data(ReportTree::IconRole).toString(), highlighted);
+        DrawIcon(*painter, option.rect, icon, m_tree.isEnabled() ? ink : Theme::Get(Theme::Color::DisabledText));
         DrawText(*painter, option.rect, index, highlighted);
         painter->restore();
     });
 }
 
-void CellDelegate::DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, bool highlighted) const {
+void CellDelegate::DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, const QColor& ink) const {
     if (icon.isEmpty()) return;
-    QColor ink = highlighted ? Theme::Get(Theme::Color::HighlightText) : IconColor(icon);
-    if (!m_tree.isEnabled()) ink = Theme::Get(Theme::Color::DisabledText);
     const int size = m_tree.picture;
     painter.drawPixmap(cell.left() + (cell.width() - size) / 2, cell.top() + (cell.height() - size) / 2,
                        Icons::Pixmap(icon, size, ink, m_tree.devicePixelRatioF()));

@@ -87,7 +87,7 @@ void DropdownBox::showPopup() {
 }
 
 void DropdownBox::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         const bool chosen = currentIndex() >= 0;
         QColor ink = Theme::Get(chosen ? Theme::Color::Text : Theme::Color::GrayText);
@@ -157,7 +157,7 @@ void FlatDropdown::SetPlaceholder(const QString& text) { m_box->setPlaceholderTe
 void FlatDropdown::Layout() { m_box->setGeometry(rect()); }
 
 void FlatDropdown::paintEvent(QPaintEvent*) {
-    Guard([this] { PaintField(*this, isEnabled()); });
+    GuardPainting([this] { PaintField(*this, isEnabled()); });
 }
 
 bool FlatDropdown::eventFilter(QObject* watched, QEvent* event) {

@@ -51,7 +51,7 @@ protected:
     QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
 
     void paintEvent(QPaintEvent*) override {
-        Guard([this] {
+        GuardPainting([this] {
             QPainter painter(this);
             for (int index = 0; index < count(); ++index) PaintTab(painter, index);
         });
@@ -152,7 +152,8 @@ void FlatTabs::Layout() {
 }
 
 void FlatTabs::paintEvent(QPaintEvent*) {
-    Guard([this] { QPainter(this).fillRect(0, HeaderHeight - 1, width(), 1, Theme::Get(Theme::Color::Hairline)); });
+    GuardPainting(
+        [this] { QPainter(this).fillRect(0, HeaderHeight - 1, width(), 1, Theme::Get(Theme::Color::Hairline)); });
 }
 
 }  // namespace quellbrook

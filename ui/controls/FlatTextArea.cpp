@@ -37,7 +37,7 @@ void FlatTextArea::SetAccessibleCaption(const QString& name) { m_edit->setAccess
 void FlatTextArea::Layout() { m_edit->setGeometry(rect().adjusted(Margin, Margin - 2, -2, -2)); }
 
 void FlatTextArea::paintEvent(QPaintEvent*) {
-    Guard([this] { PaintField(*this, isEnabled()); });
+    GuardPainting([this] { PaintField(*this, isEnabled()); });
 }
 
 }  // namespace quellbrook

@@ -68,7 +68,7 @@ void FlatTextbox::Layout() {
 }
 
 void FlatTextbox::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         PaintField(*this, isEnabled());
         if (m_icon.isEmpty()) return;
         const QColor ink = Theme::Get(isEnabled() ? Theme::Color::GrayText : Theme::Color::DisabledText);

@@ -27,7 +27,7 @@ void FlatTitleBar::SetCaption(const QString& caption) {
 }
 
 void FlatTitleBar::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         painter.fillRect(rect(), Theme::Get(Theme::IsDark() ? Theme::Color::Panel : Theme::Color::Window));
         painter.fillRect(0, height() - 1, width(), 1, Theme::Get(Theme::Color::Hairline));

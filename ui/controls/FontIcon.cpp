@@ -64,7 +64,7 @@ void FontIcon::Turn(bool turn) {
 }
 
 void FontIcon::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (m_icon.isEmpty()) return;
         QPainter painter(this);
         if (IsBusy(m_icon)) return DrawRing(painter, rect(), m_angle);

@@ -31,7 +31,7 @@ QColor GroupBox::BackColor() const {
 }
 
 void GroupBox::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         const bool filled = m_fixedColor || m_themeColor;
         if (!filled && !m_framed) return;
         QPainter painter(this);

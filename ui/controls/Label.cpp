@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 Label::Label(QWidget* parent) : Control(parent) { FitToText(); }
@@ -78,6 +80,17 @@ void Label::Layout() {
     if (m_autoSize && m_wordWrap) SetHeight(ToTwips(heightForWidth(width())));
 }
 
+QRect Label::ShownRect() const {
+    QRect shown = rect();
+    int left = 0;  // of the label in the parent
+    for (const QWidget* widget = this; !widget->isWindow() && widget->parentWidget(); widget = widget->parentWidget()) {
+        left += widget->x();
+        shown.setLeft(std::max(shown.left(), -left));
+        shown.setRight(std::min(shown.right(), widget->parentWidget()->width() - 1 - left));
+    }
+    return shown;
+}
+
 void Label::changeEvent(QEvent* event) {
     Control::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ParentChange)
@@ -90,7 +103,7 @@ bool Label::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return Control::event(event);
     Guard([this, event] {
         const TextBlock block(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0);
-        if (block.FitsIn(size()))
+        if (block.FitsIn(ShownRect().size()))
             QToolTip::hideText();
         else
             QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainTooltip(m_caption), this);
@@ -99,10 +112,11 @@ bool Label::event(QEvent* event) {
 }
 
 void Label::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         painter.setPen(isEnabled() || !m_dimsWhenDisabled ? ForeColor() : Theme::Get(Theme::Color::DisabledText));
-        TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0).Draw(painter, rect(), m_alignment);
+        TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0)
+            .Draw(painter, ShownRect(), m_alignment);
     });
 }
 

@@ -8,9 +8,9 @@
 namespace quellbrook {
 
 // Plain text, never markup. A label with AutoSize has the width and height of its one-line text; with WordWrap as well,
-// it keeps its width and has the height of the wrapped text. Text that does not fit ends in an ellipsis. The font comes
-// from the label's type unless setFont on the label or a parent overrides it. A label is dimmed if it is disabled
-// itself, but not if only its parent is.
+// it keeps its width and has the height of the wrapped text. Text that does not fit, or that extends beyond the side of
+// a parent, ends in an ellipsis, and a tooltip shows all of it. The font comes from the label's type unless setFont on
+// the label or a parent overrides it. A label is dimmed if it is disabled itself, but not if only its parent is.
 class Label : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)
@@ -45,6 +45,9 @@ protected:
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     void Layout() override;
+
+    // The label without what its parents cut off at their sides.
+    QRect ShownRect() const;
 
 private:
     void FitToText();

@@ -14,7 +14,7 @@ void Line::SetColor(Theme::Color color) {
 }
 
 void Line::paintEvent(QPaintEvent*) {
-    Guard([this] { QPainter(this).fillRect(rect(), Theme::Get(m_color)); });
+    GuardPainting([this] { QPainter(this).fillRect(rect(), Theme::Get(m_color)); });
 }
 
 }  // namespace quellbrook

@@ -2,6 +2,7 @@
 
 #include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/FocusRing.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
@@ -42,11 +43,12 @@ QSize Link::sizeHint() const {
 
 void Link::FitToText() {
     const QSize size = sizeHint();
+    SetFocusRingSize(this, Caption().isEmpty() ? size : QSize());  // a view may make the link of an icon higher
     Control::Move(Left(), Top(), ToTwips(size.width()), ToTwips(size.height()));
 }
 
 void Link::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         QColor ink = Theme::Get(m_quiet ? Theme::Color::GrayText : Theme::Color::Link);
         if (m_quiet && IsHovered()) ink = Theme::Get(Theme::Color::Text);

@@ -28,7 +28,7 @@ QSize ReportHeader::sizeHint() const { return QSize(QHeaderView::sizeHint().widt
 
 void ReportHeader::paintEvent(QPaintEvent* event) {
     QHeaderView::paintEvent(event);
-    Guard([this] {
+    GuardPainting([this] {
         const QRect area = viewport()->rect();
         QPainter painter(viewport());
         painter.fillRect(length() - offset(), 0, area.width(), area.height(), palette().color(QPalette::Base));

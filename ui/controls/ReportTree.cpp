@@ -1,14 +1,19 @@
 #include "ui/controls/ReportTree.h"
 
+#include "ui/controls/Activation.h"
 #include "ui/controls/CellDelegate.h"
 #include "ui/controls/ReportHeader.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/Strings.h"
+#include "ui/style/TextBlock.h"
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace quellbrook {
 
@@ -34,7 +39,12 @@ ReportTree::ReportTree(QWidget* parent) : QTreeWidget(parent) {
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     viewport()->setMouseTracking(true);
+    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
+                           [this](const QWidget* old, const QWidget* now) { Guard([&] { FollowFocus(old, now); }); });
 }
+
+// The destructors of the base classes still move the focus.
+ReportTree::~ReportTree() { disconnect(m_focusWatch); }
 
 int ReportTree::RowHeight() const { return qRound(iconSize * rowFactor); }
 
@@ -44,7 +54,13 @@ QFont ReportTree::CellFont(bool bold) const {
     return font;
 }
 
-bool ReportTree::ShowsFocus() const { return hasFocus(); }
+void ReportTree::FollowFocus(const QWidget* old, const QWidget* now) {
+    const bool inside = now && (now == this || isAncestorOf(now));
+    const bool left = now ? now->window() == window() : old && QApplication::activeWindow() == window();
+    if (!inside && !left) return;
+    m_showsFocus = inside;
+    viewport()->update();
+}
 
 QModelIndex ReportTree::indexAt(const QPoint& at) const {
     const int last = header()->length() - header()->offset() - 1;
@@ -67,11 +83,11 @@ void ReportTree::DrawBackground(QPainter& painter, const QRect& row, const QMode
 }
 
 void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    Guard([&] {
+    GuardPainting([&] {
         const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
         DrawBackground(*painter, row, index.siblingAtColumn(0));
         QTreeWidget::drawRow(painter, option, index);
-        if (!m_movedByKeyboard || !hasFocus() || currentIndex().row() != index.row()) return;
+        if (!m_movedByKeyboard || !m_showsFocus || currentIndex().row() != index.row()) return;
         const bool selected = selectionModel()->isSelected(index.siblingAtColumn(0));
         painter->setPen(QPen(Theme::Get(selected ? Theme::Color::HighlightText : Theme::Color::Link), 2));
         painter->setBrush(Qt::NoBrush);
@@ -109,7 +125,70 @@ void ReportTree::mouseDoubleClickEvent(QMouseEvent* event) {
     if (OnDoubleClick) OnDoubleClick(button, at);
 }
 
+// Rows are painted across the whole viewport, but Qt repaints only their columns.
+void ReportTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeWidget::selectionChanged(selected, deselected);
+    viewport()->update();
+}
+
+void ReportTree::focusInEvent(QFocusEvent* event) {
+    QTreeWidget::focusInEvent(event);
+    switch (event->reason()) {
+    case Qt::PopupFocusReason:
+    case Qt::ActiveWindowFocusReason: return;
+    default: m_movedByKeyboard = event->reason() != Qt::MouseFocusReason;
+    }
+}
+
+bool ReportTree::ShowsRingAround() const { return m_movedByKeyboard && m_showsFocus && !currentIndex().isValid(); }
+
+void ReportTree::paintEvent(QPaintEvent* event) {
+    QTreeWidget::paintEvent(event);
+    GuardPainting([this] {
+        if (!ShowsRingAround()) return;
+        QPainter painter(viewport());
+        painter.setPen(QPen(Theme::Get(Theme::Color::Link), 2));
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    });
+}
+
+void ReportTree::scrollContentsBy(int dx, int dy) {
+    QTreeWidget::scrollContentsBy(dx, dy);
+    if (ShowsRingAround()) viewport()->update();
+}
+
+// Qt searches the column of the current index, which may be the one of the icons. It begins behind the current row, so
+// without one it must begin behind the last.
+void ReportTree::keyboardSearch(const QString& typed) {
+    const bool hadCurrent = currentIndex().isValid();
+    const int row = hadCurrent ? currentIndex().row() : topLevelItemCount() - 1;
+    const QModelIndex start = model()->index(row, textColumn);
+    if (!start.isValid()) return;
+    if (currentIndex() != start) selectionModel()->setCurrentIndex(start, QItemSelectionModel::NoUpdate);
+    QTreeWidget::keyboardSearch(typed);
+    const bool found = currentIndex() != start || selectionModel()->isSelected(start);
+    if (!found && !hadCurrent) selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+}
+
+bool ReportTree::IsCut(const QModelIndex& index) const {
+    const QFont font = CellFont(index.data(BoldRole).toBool());
+    return TextWidth(font, index.data().toString()) > columnWidth(index.column()) - 2 * CellDelegate::TextMargin;
+}
+
+bool ReportTree::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeWidget::viewportEvent(event);
+    bool shown = false;
+    Guard([&] {
+        const auto& help = *static_cast<QHelpEvent*>(event);
+        const QModelIndex index = indexAt(help.pos());
+        shown = index.isValid() && index.data(Qt::ToolTipRole).toString().isEmpty() && IsCut(index);
+        if (shown) QToolTip::showText(help.globalPos(), PlainTooltip(index.data().toString()), viewport());
+    });
+    return shown || QTreeWidget::viewportEvent(event);
+}
+
 void ReportTree::keyPressEvent(QKeyEvent* event) {
+    if (SendMenuKey(*this, *event)) return;
     const QModelIndex before = currentIndex();
     m_movedByKeyboard = true;
     QTreeWidget::keyPressEvent(event);

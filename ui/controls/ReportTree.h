@@ -9,7 +9,8 @@
 namespace quellbrook {
 
 // The inner tree of a ListView: one level of rows of equal height. The band, the selection and the hairline span the
-// viewport, even to the right of the last column.
+// viewport, even to the right of the last column. A row that the keyboard has reached has a ring; if there is none, the
+// list has it. Typing goes to the row whose first text begins with it. A text that is cut off is shown as a tooltip.
 class ReportTree : public QTreeWidget {
     Q_OBJECT
 
@@ -18,6 +19,7 @@ public:
     enum Role { KeyRole = Qt::UserRole + 1, CheckedRole, BandRole, IconRole, GrayRole, BoldRole, TooltipRole };
 
     explicit ReportTree(QWidget* parent);
+    ~ReportTree() override;
 
     // Called after the tree has handled the event.
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseDown;
@@ -34,12 +36,21 @@ public:
 
     int RowHeight() const;
     QFont CellFont(bool bold) const;
-    // Whether selected rows are painted as in a focused tree.
-    bool ShowsFocus() const;
+    // Whether selected rows are painted as in a focused tree. A menu or a dialog does not take that away.
+    bool ShowsFocus() const { return m_showsFocus; }
+
+    // The column in which typing searches.
+    int textColumn = 1;
 
     QModelIndex indexAt(const QPoint& at) const override;
+    void keyboardSearch(const QString& typed) override;
 
 protected:
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void focusInEvent(QFocusEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void drawBranches(QPainter*, const QRect&, const QModelIndex&) const override {}
     void mousePressEvent(QMouseEvent* event) override;
@@ -50,8 +61,14 @@ protected:
 
 private:
     void DrawBackground(QPainter& painter, const QRect& row, const QModelIndex& first) const;
+    bool ShowsRingAround() const;
+    bool IsCut(const QModelIndex& index) const;
+
+    void FollowFocus(const QWidget* old, const QWidget* now);
 
     bool m_movedByKeyboard = false;
+    bool m_showsFocus = false;
+    QMetaObject::Connection m_focusWatch;
 };
 
 }  // namespace quellbrook

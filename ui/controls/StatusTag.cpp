@@ -43,7 +43,7 @@ void StatusTag::FitToText() {
 }
 
 void StatusTag::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (m_caption.isEmpty()) return;
         const QColor background = Theme::FromBgr(m_color);
         QPainter painter(this);

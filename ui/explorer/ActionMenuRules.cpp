@@ -73,6 +73,7 @@ void ApplyTransferRules(ActionMenuState& state, MenuSource source, const std::ve
     state[MenuEntry::Move] = {ActionCaption("Move ", n - transfers.inBatch), transfers.flags.canMove};
     state[MenuEntry::Dispose] = {ActionCaption("Dispose", n - transfers.inBatch), transfers.flags.canDispose};
     state[MenuEntry::RemoveFromBatch] = {ActionCaption("Uncheck", transfers.inBatch), transfers.inBatch > 0};
+    state[MenuEntry::NoActions].enabled = false;
     state[MenuEntry::NoActions].visible = source != MenuSource::LocationPane && firstIsItem &&
                                           !AnyVisible(state, {MenuEntry::CheckIn, MenuEntry::CheckOut, MenuEntry::Move,
                                                               MenuEntry::Dispose, MenuEntry::RemoveFromBatch});

@@ -1,5 +1,6 @@
 #include "ui/explorer/LocationTreeWidget.h"
 
+#include "ui/controls/Activation.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/style/Icons.h"
@@ -8,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -97,7 +99,7 @@ QRect LocationTreeWidget::TextRect(const QModelIndex& index) const {
 
 void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
-    Guard([&] {
+    GuardPainting([&] {
         const bool isSelected = selectionModel()->isSelected(index);
         RowLook look = isSelected ? RowLook::Selected : RowLook::Plain;
         if (m_dropHighlight ? itemFromIndex(index) == m_dropHighlight : isSelected && m_hasFocusLook)
@@ -131,8 +133,15 @@ void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& 
 void LocationTreeWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     Guard([&] {
         QTreeWidget::selectionChanged(selected, deselected);
+        viewport()->update();  // rows are painted across the whole viewport
         if (!selected.isEmpty() && !m_isQuiet && !m_isPressed)
             emit NodeChosen(itemFromIndex(selected.indexes().constFirst()));
+    });
+}
+
+void LocationTreeWidget::keyPressEvent(QKeyEvent* event) {
+    Guard([this, event] {
+        if (!SendMenuKey(*this, *event)) QTreeWidget::keyPressEvent(event);
     });
 }
 

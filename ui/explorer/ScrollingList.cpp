@@ -10,12 +10,15 @@
 #include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
 
+#include <QAccessible>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 
 namespace quellbrook {
 
 ScrollingList::ScrollingList(QWidget* parent)
     : Control(parent), m_container(new GroupBox(this)), m_vertScroll(new FlatScrollBar(this)) {
+    SetAccessibleRole(QAccessible::List);
     m_container->setObjectName("picContainer");
     m_container->Move(0, 0);
     m_vertScroll->setObjectName("vertScroll");
@@ -67,11 +70,11 @@ bool ScrollingList::ValidateRow(int row) {
     return delta != 0;
 }
 
-void ScrollingList::OfferContextMenu() {
+void ScrollingList::OfferContextMenu(const std::optional<QPoint>& at) {
     QMenu* menu = nullptr;
     QAction* defaultItem = nullptr;
     emit ItemContextMenu(menu, defaultItem);
-    ShowContextMenu(this, menu, defaultItem);
+    ShowContextMenu(this, menu, defaultItem, at);
 }
 
 void ScrollingList::PlaceScrollBar() {
@@ -86,7 +89,18 @@ void ScrollingList::LayoutRows(float containerHeight) {
     for (StatePanel* panel : m_panels) CenterInContainer(*panel, *this, Center::Horizontally | Center::Vertically);
 }
 
+// The rows open the menu of the mouse.
+void ScrollingList::contextMenuEvent(QContextMenuEvent* event) {
+    const int row = FocusedRow();
+    if (event->reason() != QContextMenuEvent::Keyboard || row < 0) return Control::contextMenuEvent(event);
+    Guard([&] {
+        const Control& focused = RowNo(row);
+        OfferContextMenu(MenuPositionBelow(QRect(focused.mapTo(this, QPoint()), focused.size()), *this));
+    });
+}
+
 void ScrollingList::keyPressEvent(QKeyEvent* event) {
+    if (SendMenuKey(*this, *event)) return;
     switch (KeyCodeOf(*event)) {
     case KeyCode::Left:
     case KeyCode::Up: return Guard([this] { MoveSelection(-1); });

@@ -2,6 +2,7 @@
 
 #include "ui/controls/GroupBox.h"
 
+#include <optional>
 #include <vector>
 
 class QAction;
@@ -43,13 +44,14 @@ protected:
     virtual void DoubleClickRow(int row) = 0;
     virtual void VertScroll_Change() = 0;
 
-    void OfferContextMenu();
+    void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);
     void PlaceScrollBar();
     // Fits the container and its rows to the list's width and centers the panels.
     void LayoutRows(float containerHeight);
     StatePanel* AddPanel(const char* name, const QString& icon, const QString& title, const QString& sentence);
 
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
     GroupBox* m_container;

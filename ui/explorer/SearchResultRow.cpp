@@ -5,12 +5,14 @@
 #include "data/CustodyRecords.h"
 #include "ui/common/RelatedIncidentStrip.h"
 #include "ui/common/ViewHelpers.h"
+#include "ui/controls/AccessibleEvents.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/StatusTag.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QPainter>
 #include <QPointer>
@@ -37,6 +39,7 @@ QColor ColorOfTag(const Control& control) { return Theme::FromBgr(control.Tag().
 
 SearchResultRow::SearchResultRow(QWidget* parent) : View(parent) {
     setFocusPolicy(Qt::NoFocus);
+    SetAccessibleRole(QAccessible::ListItem);
     setAttribute(Qt::WA_OpaquePaintEvent);
     BuildFields();
     StoreColors();
@@ -114,6 +117,7 @@ void SearchResultRow::SetItem(const StoredItemRef& item) {
 void SearchResultRow::SetFocused(bool focused) {
     m_focused = focused;
     ApplyColors();
+    NotifySelection(*this, focused);
 }
 
 void SearchResultRow::Retire() {
@@ -161,7 +165,7 @@ void SearchResultRow::ApplyColors() {
 }
 
 void SearchResultRow::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         painter.fillRect(rect(), m_focused  ? Theme::Get(Theme::Color::Highlight)
                                  : m_inCart ? Theme::BatchTint()

@@ -1,9 +1,9 @@
+#include "tests/support/ui/Tooltip.h"
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/platform/Strings.h"
 #include "ui/style/TextBlock.h"
-
-#include <QToolTip>
 
 namespace quellbrook::testing {
 namespace {
@@ -124,6 +124,31 @@ TEST_F(LabelTest, TakesTheFontOfItsNewParent) {
     EXPECT_GT(m_label.width(), before);
     m_label.setParent(&m_window);
     EXPECT_EQ(m_label.width(), before);
+}
+
+TEST_F(LabelTest, ATextThatAParentCutsOffEndsInAnEllipsisAndIsATooltip) {
+    PlainControl parent(&m_window);
+    parent.setGeometry(100, 100, 200, 40);
+    auto* label = new Label(&parent);
+    label->SetCaption("A description that is a good deal longer than its parent is wide");
+    label->Move(ToTwips(50), 0);
+    const int textWidth = label->width();
+    ASSERT_GT(textWidth, 200);
+    ShowActive(m_window);
+    auto* narrow = new Label(&m_window);
+    narrow->SetAutoSize(false);
+    narrow->SetCaption(label->Caption());
+    narrow->setGeometry(0, 300, 150, label->height());
+    narrow->show();
+    EXPECT_EQ(Grab(*label).copy(0, 0, 150, label->height()), Grab(*narrow)) << "painted as in a label of that width";
+    EXPECT_EQ(label->width(), textWidth);
+    const auto tooltip = [&] { return TooltipAt(label, QPoint(10, 10)); };
+    EXPECT_EQ(tooltip(), PlainTooltip(label->Caption()));
+    parent.resize(textWidth + 50, 40);
+    EXPECT_EQ(tooltip(), "");
+    EXPECT_NE(Grab(*label).copy(0, 0, 150, label->height()), Grab(*narrow));
+    parent.setGeometry(m_window.width() - 200, 100, textWidth + 50, 40);
+    EXPECT_EQ(Grab(*label).copy(0, 0, 150, label->height()), Grab(*narrow)) << "cut off by the window";
 }
 
 TEST(TextBlockTest, ATextThatDoesNotFitEndsInAnEllipsis) {

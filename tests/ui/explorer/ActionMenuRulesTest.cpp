@@ -242,6 +242,7 @@ TEST(ActionMenuRules, AnItemWithoutActionsShowsNoActions) {
     EXPECT_FALSE(ApplyMenuRules(MenuSource::LocationPane, {stuck}, allRights)[MenuEntry::NoActions].visible);
     EXPECT_FALSE(ApplyMenuRules(MenuSource::ItemPane, {Location(), stuck}, allRights)[MenuEntry::NoActions].visible);
     EXPECT_TRUE(ApplyMenuRules(MenuSource::ItemPane, {stuck, Location()}, allRights)[MenuEntry::NoActions].visible);
+    EXPECT_FALSE(ApplyMenuRules(MenuSource::ItemPane, {stuck}, allRights)[MenuEntry::NoActions].enabled);
 }
 
 TEST(ActionMenuRules, AnObjectThatIsNeitherIsPassedOver) {
@@ -258,7 +259,8 @@ TEST(ActionMenuRules, OnlyTheOpenEntriesAreDisabledForSeveralObjects) {
             ApplyMenuRules(MenuSource::ItemPane, std::vector<SelectedObject>(n, StoredHere()), allRights);
         for (const auto& [entry, name] : entryNames) {
             const bool opensOne = entry == MenuEntry::Open || entry == MenuEntry::OpenInTessarine;
-            EXPECT_EQ(state[entry].enabled, !opensOne || n == 1) << name << " with " << n;
+            const bool isCommand = entry != MenuEntry::NoActions;
+            EXPECT_EQ(state[entry].enabled, isCommand && (!opensOne || n == 1)) << name << " with " << n;
         }
         EXPECT_EQ(state[MenuEntry::Open].visible, n >= 1);
     }

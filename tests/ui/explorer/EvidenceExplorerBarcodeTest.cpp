@@ -67,6 +67,19 @@ TEST_F(EvidenceExplorerBarcodeTest, AnItemsBarcodeOpensIt) {
     EXPECT_EQ(OpenedItem(), "E-1") << "a small letter, no leading zeros";
 }
 
+TEST_F(EvidenceExplorerBarcodeTest, AScanClosesTheMenuThatIsOpen) {
+    bool scanned = false;
+    WhileMenuOpen([&](QMenu& menu) {
+        ScanAndWait("L", m_bin);
+        scanned = true;
+        EXPECT_FALSE(menu.isVisible());
+        EXPECT_EQ(Title(), "Bin 1");
+    });
+    RightClick(m_list->Tree()->viewport(), RowCenter("E-1"));
+    EXPECT_TRUE(scanned);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
 TEST_F(EvidenceExplorerBarcodeTest, AnItemIsFoundByItsTypeAndKey) {
     ASSERT_EQ(m_first, m_vehicle) << "one key for a piece of property and a vehicle";
     ScanAndWait("V", m_first);

@@ -1,6 +1,7 @@
 #include "tests/ui/explorer/LocationTreeTest.h"
 
 #include <QContextMenuEvent>
+#include <QPaintEvent>
 
 #include <gmock/gmock.h>
 
@@ -124,6 +125,46 @@ TEST_F(LocationTreeTest, TheMenuKeyRequestsTheMenuOfTheSelectedLocation) {
     m_tree->SetSelectedLocation(nullptr);
     QCoreApplication::sendEvent(m_widget, &key);
     EXPECT_EQ(m_menusFor.size(), 1u);
+}
+
+TEST_F(LocationTreeTest, TheMenuKeysOpenTheMenuBelowTheSelectedNode) {
+    Show();
+    QMenu menu;
+    menu.addAction("Open");
+    m_menu = &menu;
+    ClickNode("Vault");
+    const QRect node = m_widget->visualItemRect(Node("Vault"));
+    QCursor::setPos(m_window->mapToGlobal(QPoint(390, 590)));
+    const auto expectBelowTheNode = [&](QMenu& open) {
+        EXPECT_EQ(m_widget->viewport()->mapFromGlobal(open.pos()), QPoint(node.left() + 32, node.bottom() + 1));
+    };
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), m_widget->mapToGlobal(QPoint(10, 10)));
+    WhileMenuOpen(expectBelowTheNode);
+    QCoreApplication::sendEvent(m_widget, &key);
+    WhileMenuOpen(expectBelowTheNode);
+    Press(m_widget, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(m_menusFor.size(), 2u);
+}
+
+TEST_F(LocationTreeTest, ASelectionIsRepaintedAcrossTheWholeTree) {
+    Show();
+    ClickNode("Vault");
+    ServeEvents();
+    struct PaintWatch : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+        QRegion painted;
+    } watch;
+    m_widget->viewport()->installEventFilter(&watch);
+    const int oldRow = CenterOf("Vault").y();
+    const int newRow = CenterOf("Court").y();
+    m_widget->setCurrentItem(Node("Court"));
+    ServeEvents();
+    for (const int y : {oldRow, newRow})
+        for (const int x : {0, m_widget->viewport()->width() - 1})
+            EXPECT_TRUE(watch.painted.contains(QPoint(x, y))) << x << " " << y;
 }
 
 TEST_F(LocationTreeTest, ItsOwnMenuExpandsAndCollapses) {

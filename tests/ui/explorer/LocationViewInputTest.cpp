@@ -149,6 +149,42 @@ TEST_F(LocationViewTest, TheMenuOfTheParentOpensWithItsDefaultEntry) {
     EXPECT_TRUE(seen);
 }
 
+TEST_F(LocationViewTest, TheMenuKeysOpenTheMenuBelowTheSelectedRow) {
+    Show(m_shelf);
+    QMenu menu;
+    m_menu = &menu;
+    menu.addAction("Open");
+    const auto positionOf = [&](const std::function<void()>& press) {
+        QPoint at;
+        WhileMenuOpen([&](QMenu& open) { at = Viewport()->mapFromGlobal(open.pos()); });
+        press();
+        return at;
+    };
+    const auto menuKey = [&] {
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
+        QCoreApplication::sendEvent(m_list->Tree(), &key);
+    };
+    QCursor::setPos(m_window->mapToGlobal(QPoint(900, 450)));
+    EXPECT_EQ(positionOf(menuKey).x(), 32) << "nothing is selected";
+    ClickRow("E-2");
+    const QRect row = m_list->Tree()->visualItemRect(m_list->Tree()->topLevelItem(RowOf("E-2")));
+    EXPECT_EQ(positionOf(menuKey), QPoint(32, row.bottom() + 1));
+    EXPECT_EQ(positionOf([&] { Press(m_list->Tree(), Qt::Key_F10, Qt::ShiftModifier); }), QPoint(32, row.bottom() + 1));
+    m_list->Tree()->resize(1000, row.top() + 5);
+    EXPECT_LE(positionOf(menuKey).y(), m_list->height()) << "a row that is out of sight";
+}
+
+TEST_F(LocationViewTest, TheMouseOpensTheMenuAtThePointer) {
+    Show(m_shelf);
+    QMenu menu;
+    m_menu = &menu;
+    menu.addAction("Open");
+    const QPoint at = Viewport()->mapToGlobal(CenterOf("E-2"));
+    QCursor::setPos(at);
+    WhileMenuOpen([&](QMenu& open) { EXPECT_EQ(open.pos(), at); });
+    RightClick(Viewport(), CenterOf("E-2"));
+}
+
 TEST_F(LocationViewTest, TheMenuKeyRequestsAMenuOnce) {
     Show(m_shelf);
     ClickRow("E-1");

@@ -2,6 +2,8 @@
 
 #include "ui/common/ViewHelpers.h"
 
+#include <QAccessible>
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QTimer>
 
@@ -75,6 +77,43 @@ TEST_F(SearchResultListTest, TheRowStaysHighlightedWhileItsMenuIsOpen) {
     RightClick(Container(), CenterOfRow(1));
     EXPECT_EQ(highlighted, 1);
     EXPECT_EQ(HighlightedRow(), 1);
+}
+
+TEST_F(SearchResultListTest, TheMenuKeysOpenTheMenuBelowTheSelectedRow) {
+    m_list->SetItems(MakeItems(9));
+    QMenu menu;
+    menu.addAction("Open");
+    QObject::connect(m_list, &SearchResultList::ItemContextMenu, m_list,
+                     [&](QMenu*& shown, QAction*&) { shown = &menu; });
+    std::vector<QPoint> positions;
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&] {
+        QTimer::singleShot(0, &menu, [&] {
+            positions.push_back(m_list->mapFromGlobal(menu.pos()));
+            menu.close();
+        });
+    });
+    QCursor::setPos(m_window.mapToGlobal(QPoint(700, 650)));
+    Press(m_list, Qt::Key_Down);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
+    QCoreApplication::sendEvent(m_list, &key);
+    Press(m_list, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(positions, (std::vector<QPoint>(2, QPoint(32, 2 * RowPixels))));
+    QContextMenuEvent mouse(QContextMenuEvent::Mouse, QPoint(10, 10), QPoint(10, 10));
+    QCoreApplication::sendEvent(m_list, &mouse);
+    EXPECT_EQ(positions.size(), 2u);
+}
+
+TEST_F(SearchResultListTest, AScreenReaderFindsAListWithTheSelectedRow) {
+    m_list->SetItems(MakeItems(9));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(m_list)->role(), QAccessible::List);
+    QAccessibleInterface* row = QAccessible::queryAccessibleInterface(&Row(1));
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_TRUE(row->state().selectable);
+    EXPECT_FALSE(row->state().selected);
+    EXPECT_FALSE(row->state().focused);
+    Press(m_list, Qt::Key_Down);
+    EXPECT_TRUE(row->state().selected);
+    EXPECT_TRUE(row->state().focused);
 }
 
 TEST_F(SearchResultListTest, WithoutTheFocusNoRowIsHighlightedButTheSelectionStays) {

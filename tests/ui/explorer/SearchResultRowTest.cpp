@@ -61,6 +61,21 @@ TEST_F(SearchResultRowTest, ShowsWhatTheItemIs) {
     EXPECT_EQ(m_row.accessibleName(), "2026-0417-03 Laptop computer");
 }
 
+TEST_F(SearchResultRowTest, ALongDescriptionKeepsItsWidthAndEndsInAnEllipsisAtTheRowsEdge) {
+    const QString text(270, 'W');
+    m_row.SetItem(AddProperty("E-2", text.toStdString(), shelf));
+    Label* description = LabelOf("lblDescription");
+    EXPECT_EQ(description->width(), description->sizeHint().width());
+    const int room = m_row.width() - description->x();
+    Label cut(&m_row);
+    cut.SetType(description->Type());
+    cut.SetTag(description->Tag());  // its color
+    cut.SetAutoSize(false);
+    cut.SetCaption(text);
+    cut.resize(room, description->height());
+    EXPECT_EQ(Grab(*description).copy(0, 0, room, description->height()), Grab(cut));
+}
+
 TEST_F(SearchResultRowTest, RefusesNoItem) {
     EXPECT_EQ(RaisedBy([&] { m_row.SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
 }
