@@ -6,6 +6,7 @@ opens a location, begins to sign an item out, reads a chain of custody, and star
 record's address. Prints a line for each thing found; exits with 1 at the first that does not appear.
 """
 
+import os
 import subprocess
 import sys
 import time
@@ -111,6 +112,36 @@ class Spoken:
         return self.names.pop(0) if self.names else None
 
 
+class Heard:
+    """What a screen reader reads without being asked: alerts and windows that appear, and rows that are selected."""
+
+    def __init__(self):
+        self.heard = []
+        pyatspi.Registry.registerEventListener(self.on_event, "object:state-changed:showing", "window:activate",
+                                               "object:state-changed:selected")
+
+    def on_event(self, event):
+        try:
+            role = event.source.getRoleName()
+        except GLib.GError:  # it disappeared meanwhile
+            return
+        if event.type.startswith("object:state-changed:selected"):
+            self.heard.append(("selected" if event.detail1 else "deselected", event.source.name))
+        elif event.type.startswith("window") or (event.detail1 and role == "alert"):
+            self.heard.append((role, event.source.name))
+
+    def expect(self, kind, name):
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
+            GLib.MainContext.default().iteration(False)
+            if (kind, name) in self.heard:
+                self.heard.clear()
+                print(f"heard {kind} \"{name}\"")
+                return
+            time.sleep(0.01)
+        sys.exit(f"A screen reader does not hear the {kind} \"{name}\", only {self.heard}.")
+
+
 def choose_in_menu(entry, spoken):
     """Moves down the open menu to the entry and chooses it."""
     for _ in range(MOST_ENTRIES):
@@ -127,6 +158,7 @@ def choose_in_menu(entry, spoken):
 
 def walk(user, password):
     spoken = Spoken()
+    heard = Heard()
     fill("User name", "text", user)
     fill("Password", "password text", password)
     do(find("push button", "Log In"), "Press")
@@ -142,14 +174,20 @@ def walk(user, password):
     contents = find("tree", "Contents")
 
     click(find("table cell", "2026-0388-08", contents), button=3)
+    choose_in_menu("Print barcode label", spoken)
+    labels = os.path.expanduser("~/Documents/Labels")
+    heard.expect("alert", f"Sent 1 label to the folder '{labels}'.")
+    click(find("table cell", "2026-0388-08", contents), button=3)
     choose_in_menu("Sign out  this item", spoken)
-    find("panel", "1 item selected for signing out of storage")
+    heard.expect("alert", "1 item selected for signing out of storage")
+    find("alert", "1 item selected for signing out of storage")
     do(find("push button", "Finish"), "Press")
     find("label", "Sign Out Evidence")
     for field in ("This evidence is being transferred from", "into the custody of", "and will be going to",
                   "for the purpose of"):
         find("combo box", field)
     do(find("push button", "Sign Out"), "Press")
+    heard.expect("dialog", "Missing destination")
     find("dialog", "Missing destination")
     find("label", "Please specify where this evidence is going.")
     do(find("push button", "OK"), "Press")
@@ -159,6 +197,17 @@ def walk(user, password):
     find("label", "2026-0388-08")
     do(find("page tab", "Chain of Custody"), "Press")
     find("label", "Signed In")
+    rows = find("list", "Chain of Custody")
+    first, second = rows_of(rows)[:2]
+    do(find("page tab", "Chain of Custody"), "Press")
+    press("Tab")
+    heard.expect("selected", first.name)
+    press("Down")
+    heard.expect("selected", second.name)
+
+
+def rows_of(container):
+    return [element for element in below(container) if element.getRoleName() == "list item" and is_showing(element)]
 
 
 def start_again(path):

@@ -55,6 +55,8 @@ public:
         if (focused.isValid()) {
             state.selectable = true;
             state.selected = focused.toBool();
+            state.focusable = true;
+            state.focused = focused.toBool();
         }
         return state;
     }

@@ -1,6 +1,7 @@
 #include "ui/common/FontLabel.h"
 
 #include "ui/platform/Guard.h"
+#include "ui/style/TextBlock.h"
 
 #include <QPainter>
 
@@ -21,7 +22,9 @@ void FontLabel::paintEvent(QPaintEvent*) {
         QPainter painter(this);
         painter.setFont(font());
         painter.setPen(ForeColor());
-        painter.drawText(rect().adjusted(0, 0, 1, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Caption());
+        const QRect shown = ShownRect();
+        painter.drawText(shown.adjusted(0, 0, 1, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         ElidedTo(font(), Caption(), shown.width()));
     });
 }
 

@@ -160,6 +160,8 @@ void RelatedIncidentStrip::ReadProperties(const PropertyBag& bag) {
     GuardSilently([&] {
         const TaggedValue color = bag.ReadProperty("ForeColor");
         if (!color.IsEmpty()) m_foreColor = Theme::FromBgr(ToInt32(color));
+    });
+    GuardSilently([&] {
         QFont font;
         if (font.fromString(ToQString(ToText(bag.ReadProperty("Font", ""))))) setFont(font);
     });

@@ -18,11 +18,14 @@
 #include <QResizeEvent>
 #include <QStyle>
 
+#include <algorithm>
 #include <map>
 
 namespace quellbrook {
 
 namespace {
+
+constexpr int MenuIndent = 32;  // of a menu below a row, pixels
 
 bool ProbeMember(const QObject& object, const char* memberName) {
     try {
@@ -79,10 +82,15 @@ void CenterInContainer(Control& control, const Control& container, int flags) {
                  down ? container.Height() / 2 - control.Height() / 2 : control.Top());
 }
 
-void ShowContextMenu(QWidget*, QMenu* contextMenu, QAction* defaultMenu) {
+void ShowContextMenu(QWidget*, QMenu* contextMenu, QAction* defaultMenu, const std::optional<QPoint>& at) {
     if (!contextMenu) return;
     contextMenu->setDefaultAction(defaultMenu && defaultMenu->isEnabled() ? defaultMenu : nullptr);
-    contextMenu->exec(QCursor::pos());
+    contextMenu->exec(at.value_or(QCursor::pos()));
+}
+
+QPoint MenuPositionBelow(const QRect& row, const QWidget& list) {
+    const QPoint below = row.isEmpty() ? QPoint(MenuIndent, 0) : QPoint(row.left() + MenuIndent, row.bottom() + 1);
+    return list.mapToGlobal(QPoint(below.x(), std::clamp(below.y(), 0, list.height())));
 }
 
 void SetHandCursor(QWidget* over) {

@@ -3,9 +3,12 @@
 #include "base/TaggedValue.h"
 #include "data/StoredItem.h"
 
+#include <QPoint>
 #include <QPointer>
+#include <QRect>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 class QAction;
@@ -37,9 +40,13 @@ inline constexpr int Vertically = 1, Horizontally = 2;
 }
 void CenterInContainer(Control& control, const Control& container, int flags);
 
-// Opens the menu at the pointer and returns after it has closed. The default entry, if set and enabled, is bold.
-// Ignores a null menu.
-void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu);
+// Opens the menu at the pointer, or at this position on the screen, and returns after it has closed. The default entry,
+// if set and enabled, is bold. Ignores a null menu.
+void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu,
+                     const std::optional<QPoint>& at = std::nullopt);
+// Where a menu that a key has opened belongs, on the screen: below a row, inside its list. The row is in the list's
+// coordinates; an empty one means the list's corner.
+QPoint MenuPositionBelow(const QRect& row, const QWidget& list);
 
 // Sets the hand pointer over a widget.
 void SetHandCursor(QWidget* over);

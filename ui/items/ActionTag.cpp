@@ -59,7 +59,7 @@ void ActionTag::FitToText() {
 void ActionTag::Layout() { FitToText(); }
 
 void ActionTag::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (m_caption.isEmpty()) return;
         const QStringList lines = Lines();
         QPainter painter(this);

@@ -16,6 +16,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -25,6 +27,11 @@ constexpr float OuterMargin = 240, FieldGap = 120;
 constexpr int TitleAreaHeight = 76, SpacerHeight = 8, HeadingLeft = 20, HeadingTop = 14, StatusTop = 48;
 constexpr int OpenLinkTop = 18, CloseIconSize = 24, CloseHeight = 48;
 constexpr int TabsLeft = 12, FirstTabIndent = 4, TabsHeader = 40;
+
+// As wide as its text, up to this right edge.
+void FitInto(Label& label, float right) {
+    label.SetWidth(std::min(ToTwips(label.sizeHint().width()), right - label.Left()));
+}
 
 }  // namespace
 
@@ -124,10 +131,13 @@ void StoredItemView::OpenRecord() {
 void StoredItemView::LayoutView() {
     GuardSilently([this] {
         m_close->Move(Width() - m_close->Width() - OuterMargin, 0);
-        m_description->SetLeft(m_id->Right() + FieldGap);
-        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop());
         m_openGroup->SetWidth(m_openLink->Right());
         m_openGroup->SetHeight(m_openLink->Bottom());
+        const float headingRight = m_close->Left() - 2 * FieldGap - m_openGroup->Width();
+        FitInto(*m_id, headingRight);
+        m_description->SetLeft(m_id->Right() + FieldGap);
+        FitInto(*m_description, headingRight);
+        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop());
         m_openGroup->SetLeft(m_description->Right() + FieldGap);
         m_tabs->SetWidth(Width() - m_tabs->Left());
         m_tabs->SetHeight(Height() - m_tabs->Top());

@@ -1,6 +1,7 @@
 #include "ui/items/TrackingResult.h"
 
 #include "host/HostServices.h"
+#include "ui/controls/AccessibleEvents.h"
 #include "ui/controls/Line.h"
 #include "ui/items/ActionTag.h"
 #include "ui/items/TrackingAction.h"
@@ -8,6 +9,7 @@
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
+#include <QAccessible>
 #include <QDate>
 #include <QLocale>
 #include <QPainter>
@@ -26,6 +28,7 @@ const QColor Missing(255, 0, 0);
 }  // namespace
 
 TrackingResult::TrackingResult(QWidget* parent) : Control(parent) {
+    SetAccessibleRole(QAccessible::ListItem);
     SetTabStop(false);
     m_status = new ActionTag(this);
     m_status->setObjectName("tagStatus");
@@ -108,7 +111,7 @@ void TrackingResult::Layout() {
 }
 
 void TrackingResult::paintEvent(QPaintEvent*) {
-    Guard([this] {
+    GuardPainting([this] {
         if (!hasFocus()) return;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -122,6 +125,7 @@ void TrackingResult::focusInEvent(QFocusEvent* event) {
     Control::focusInEvent(event);
     Guard([this] {
         update();
+        NotifySelection(*this, true);
         emit GotFocus();
     });
 }
@@ -129,6 +133,7 @@ void TrackingResult::focusInEvent(QFocusEvent* event) {
 void TrackingResult::focusOutEvent(QFocusEvent* event) {
     Control::focusOutEvent(event);
     update();
+    NotifySelection(*this, false);
 }
 
 }  // namespace quellbrook

@@ -15,6 +15,7 @@ class Line;
 // Accepts the focus; the focused row is the selected row of the list.
 class TrackingResult : public Control {
     Q_OBJECT
+    Q_PROPERTY(bool Focused READ hasFocus)
 
 public:
     static constexpr float RowHeight = 1140;  // twips

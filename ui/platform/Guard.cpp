@@ -2,6 +2,11 @@
 
 #include "base/Environment.h"
 
+#include <QCoreApplication>
+
+#include <set>
+#include <string>
+
 namespace quellbrook {
 
 namespace {
@@ -19,6 +24,15 @@ void ReportUnexpected(const Error& error) noexcept {
         report(error);
     });
     reporting = false;
+}
+
+void ReportPainting(const Error& error) noexcept {
+    GuardSilently([&] {
+        static std::set<std::string> reported;
+        if (!reported.insert(error.Source() + "\n" + error.Description()).second) return;
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [error] { ReportUnexpected(error); }, Qt::QueuedConnection);
+    });
 }
 
 }  // namespace quellbrook

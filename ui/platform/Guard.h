@@ -33,6 +33,15 @@ void Guard(Handler&& handler) noexcept {
     Guard(std::forward<Handler>(handler), [](const Error& error) { ReportUnexpected(error); });
 }
 
+// Reports as ReportUnexpected does, but from the event loop, and an equal error only once. Never throws.
+void ReportPainting(const Error& error) noexcept;
+
+// For painting, during which no dialog may open. A report at once would repaint the window, which fails again.
+template <typename Handler>
+void GuardPainting(Handler&& handler) noexcept {
+    Guard(std::forward<Handler>(handler), [](const Error& error) { ReportPainting(error); });
+}
+
 // For handlers whose errors are ignored by design: layout, property persistence, focus.
 template <typename Handler>
 void GuardSilently(Handler&& handler) noexcept {

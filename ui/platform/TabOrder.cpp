@@ -9,11 +9,13 @@ namespace quellbrook {
 
 namespace {
 
-// Qt orders only focusable widgets, and it moves the children of a widget with a focus proxy together with the widget.
+// Qt orders only focusable widgets, and it moves the children of a focusable widget with a focus proxy together with
+// the widget.
 bool IsOrdered(const QWidget* widget, const QWidget* parent) {
     if (widget->focusPolicy() == Qt::NoFocus) return false;
     for (const QWidget* around = widget->parentWidget(); around && around != parent; around = around->parentWidget())
-        if (around->focusProxy() && around->isAncestorOf(around->focusProxy())) return false;
+        if (around->focusPolicy() != Qt::NoFocus && around->focusProxy() && around->isAncestorOf(around->focusProxy()))
+            return false;
     return true;
 }
 

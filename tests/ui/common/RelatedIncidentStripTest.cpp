@@ -207,6 +207,17 @@ TEST(RelatedIncidentStrip, ABrokenPropertyLeavesTheDefault) {
     EXPECT_EQ(strip.ForeColor(), before);
 }
 
+TEST(RelatedIncidentStrip, AGoodFontIsReadDespiteABrokenColor) {
+    PropertyBag bag;
+    QFont large;
+    large.setPixelSize(30);
+    bag.WriteProperty("ForeColor", "greenish");
+    bag.WriteProperty("Font", large.toString().toStdString());
+    RelatedIncidentStrip strip;
+    strip.ReadProperties(bag);
+    EXPECT_EQ(strip.Font().pixelSize(), 30);
+}
+
 TEST(RelatedIncidentStrip, UntouchedPropertiesAreNotKept) {
     PropertyBag bag;
     RelatedIncidentStrip().WriteProperties(bag);

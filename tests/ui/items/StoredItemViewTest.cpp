@@ -14,6 +14,7 @@
 #include "ui/items/TrackingResult.h"
 #include "ui/platform/Twips.h"
 
+#include <QFocusFrame>
 #include <QTimer>
 
 namespace quellbrook::testing {
@@ -117,16 +118,41 @@ TEST_F(StoredItemViewTest, PartsAreLaidOutAtTwoSizes) {
     }
 }
 
-TEST_F(StoredItemViewTest, ALongDescriptionPushesTheLinkBeyondTheView) {
+TEST_F(StoredItemViewTest, ALongDescriptionPushesTheLinkToTheRightButNotOffTheView) {
     Open(m_laptop);
     const float before = Named("grpOpenLink")->Left();
     const float top = Named("grpOpenLink")->Top();
-    Open(AddProperty("E-2", std::string(300, 'x'), shelf));
+    const float fullWidth = LabelOf("lblDescription")->Width();
+    EXPECT_EQ(LabelOf("lblDescription")->width(), LabelOf("lblDescription")->sizeHint().width());
+    Open(AddProperty("E-2", std::string(270, 'x'), shelf));
+    for (const int width : {1280, 700, 1280}) {
+        m_view->SetWidth(ToTwips(width));
+        const Label* description = LabelOf("lblDescription");
+        EXPECT_LT(description->width(), description->sizeHint().width());
+        EXPECT_EQ(Named("grpOpenLink")->Left(), description->Right() + 120);
+        EXPECT_EQ(Named("grpOpenLink")->Right(), Named("lnkClose")->Left() - 120) << width;
+        EXPECT_EQ(Named("grpOpenLink")->Top(), top);
+    }
     EXPECT_GT(Named("grpOpenLink")->Left(), before);
-    EXPECT_EQ(Named("grpOpenLink")->Left(), LabelOf("lblDescription")->Right() + 120);
-    m_view->SetWidth(ToTwips(600));
-    EXPECT_GT(Named("grpOpenLink")->Left(), m_view->Width());
-    EXPECT_EQ(Named("grpOpenLink")->Top(), top);
+    Open(m_laptop);
+    EXPECT_EQ(LabelOf("lblDescription")->Width(), fullWidth);
+    EXPECT_EQ(Named("grpOpenLink")->Left(), before);
+}
+
+TEST_F(StoredItemViewTest, ALongIdentifierLeavesTheLinkOnTheView) {
+    Open(AddProperty(std::string(300, 'x'), "Laptop computer", shelf));
+    EXPECT_LE(Named("grpOpenLink")->Right(), Named("lnkClose")->Left());
+    EXPECT_LT(LabelOf("lblID")->width(), LabelOf("lblID")->sizeHint().width());
+    EXPECT_GT(LabelOf("lblID")->width(), 0);
+}
+
+TEST_F(StoredItemViewTest, TheRingOfTheCrossIsASquareAroundIt) {
+    Open(m_laptop);
+    Named("lnkClose")->setFocus();
+    const auto* ring = m_window.findChild<QFocusFrame*>();
+    ASSERT_NE(ring, nullptr);
+    const QPoint center = Named("lnkClose")->mapTo(&m_window, Named("lnkClose")->rect().center());
+    EXPECT_EQ(ring->geometry(), QRect(center - QPoint(14, 14), QSize(30, 30)));
 }
 
 TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {

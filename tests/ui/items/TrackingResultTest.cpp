@@ -7,6 +7,7 @@
 #include "ui/items/ActionTag.h"
 #include "ui/platform/Twips.h"
 
+#include <QAccessible>
 #include <QLocale>
 
 namespace quellbrook::testing {
@@ -132,6 +133,25 @@ TEST_F(TrackingResultTest, LocationAndReasonAreRightAligned) {
         m_row.SetWidth(ToTwips(width + 100));
         EXPECT_EQ(LabelOf("lblReason")->Right(), m_row.Width() - 120);
     }
+}
+
+TEST_F(TrackingResultTest, AScreenReaderFindsARowThatIsSelectedWithTheFocus) {
+    Show({.StorageLocNo = shelf});
+    QWidget window;
+    auto* other = new QWidget(&window);
+    other->setFocusPolicy(Qt::StrongFocus);
+    m_row.setParent(&window);
+    ShowActive(window);
+    other->setFocus();
+    QAccessibleInterface* row = QAccessible::queryAccessibleInterface(&m_row);
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_FALSE(row->state().selected);
+    m_row.setFocus();
+    EXPECT_TRUE(row->state().selected);
+    EXPECT_TRUE(row->state().focused);
+    other->setFocus();
+    EXPECT_FALSE(row->state().selected);
+    m_row.setParent(nullptr);
 }
 
 TEST_F(TrackingResultTest, TheFocusedRowHasARing) {

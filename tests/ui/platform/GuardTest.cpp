@@ -179,6 +179,29 @@ TEST_F(GuardTest, AFaultInATimerIsReported) {
     ExpectOneFault();
 }
 
+TEST_F(GuardTest, AFaultInPaintingIsReportedOnceAndNotWhilePainting) {
+    struct FaultyPainting : PlainControl {
+        using PlainControl::PlainControl;
+        void paintEvent(QPaintEvent*) override {
+            GuardPainting([] { Raise(ErrorNumber::General, "Test.Painting", "It can't be painted."); });
+        }
+    };
+    TestErrorLog().Announce("Test.Painting");
+    FaultyPainting control(&m_window);
+    control.resize(50, 50);
+    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) {
+        EXPECT_FALSE(control.testAttribute(Qt::WA_WState_InPaintEvent));
+        Grab(control);
+    };
+    Grab(control);
+    EXPECT_TRUE(m_screen.Messages().empty());
+    ServeEvents();
+    ExpectUnexpected("It can't be painted.");
+    Grab(control);
+    ServeEvents();
+    m_screen.WhileMessageOpen = nullptr;
+}
+
 TEST_F(GuardTest, AFaultInALayoutIsIgnored) {
     PlainControl control(&m_window);
     control.layout = [] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); };

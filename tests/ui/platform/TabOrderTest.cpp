@@ -70,6 +70,20 @@ TEST_F(TabOrderTest, OnlyTheOwnParentsOrderChanges) {
     EXPECT_EQ(TabOrder(m_window), (Names{"before", "b", "a", "after"}));
 }
 
+TEST_F(TabOrderTest, AContainerThatOnlyPassesItsFocusOnMovesToo) {
+    Add("before");
+    auto* group = Add<PlainControl>("group");
+    Add("bar", group);
+    auto* content = Add<PlainControl>("content", group);
+    auto* pane = Add<PlainControl>("pane", content);
+    pane->setFocusProxy(Add("inside", pane));
+    Add("after");
+    ShowActive(m_window);
+    ASSERT_EQ(pane->focusPolicy(), Qt::NoFocus);
+    content->SetTabIndex(0);
+    EXPECT_EQ(TabOrder(m_window), (Names{"before", "inside", "bar", "after"}));
+}
+
 TEST_F(TabOrderTest, AControlWithoutAParentIsLeftAlone) {
     FlatButton button;
     EXPECT_NO_THROW(button.SetTabIndex(0));
