@@ -56,11 +56,9 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
         AddMissingLabelTemplates(std::filesystem::path(department.path).parent_path().string());
     }
     const std::shared_ptr<SqliteEngine> engine = SqliteEngine::Open(department.path);
-    for (const std::string& note : engine->Notes()) {
-        std::fprintf(stderr, "%s\n", note.c_str());
-        LogFailure("OpenDepartment", note);
-    }
+    for (const std::string& note : engine->Notes()) LogFailure("OpenDepartment", note);
     department.engine = engine;
+    department.notes = engine->Notes();
     return department;
 }
 
@@ -71,10 +69,12 @@ Department OpenDepartmentWithProgress(const Options& options, const std::string&
     sample::ProgressBar bar(options.size ? FormatCount(*options.size, "Creating a department of %d item",
                                                        "Creating a department of %d items")
                                          : "Creating the sample department");
-    return OpenDepartment(options, dataDirectory, [&window, &bar](int percent) {
+    Department department = OpenDepartment(options, dataDirectory, [&window, &bar](int percent) {
         window.setValue(percent);
         bar.Show(percent);
     });
+    for (const std::string& note : department.notes) std::fprintf(stderr, "%s\n", note.c_str());
+    return department;
 }
 
 void UseDepartment(const Department& department) {

@@ -18,18 +18,18 @@ struct Department {
     std::unique_ptr<QTemporaryDir> scratch;  // its folder, if it is a scratch copy
     std::string path;
     std::shared_ptr<Engine> engine;
+    std::vector<std::string> notes;  // what an administrator should know about the opening
 };
 
 // The path of the department that the options name; empty for a scratch copy.
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
 
 // Opens the database that the options name. First creates a missing sample or generated department, in the data
-// directory or in a scratch folder, and adds missing label templates. What an administrator should know about the
-// opening goes to the log and to standard error. Error 5 with a sentence for a file that cannot be used; the file is
-// not changed.
+// directory or in a scratch folder, and adds missing label templates. Logs the notes. Error 5 with a sentence for a
+// file that cannot be used; the file is not changed.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
-// The same, showing the progress in a window and on standard error.
+// The same, showing the progress in a window and on standard error, and the notes on standard error.
 Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory);
 
 // Sets the department's database, files and attachments as the host's services. The files are in the database's folder.

@@ -23,7 +23,7 @@ const TriggerText locationTriggers[] = {
      "SELECT RAISE(ABORT, '{container gone}');"},
     {"StorageLocationUpdateGuard",
      "BEFORE UPDATE OF Path, Type ON StorageLocation WHEN (NEW.Path <> OLD.Path OR NEW.Type <> OLD.Type) "
-     "AND NEW.Path <> '/0/' AND (NEW.Path NOT LIKE '%/' OR NOT EXISTS (SELECT 1 FROM StorageLocation c "
+     "AND NEW.Path <> '/0/' AND (NEW.Path <> NEW.ContainerPath || NEW.ContainerNo || '/' OR NOT EXISTS (SELECT 1 FROM StorageLocation c "
      "WHERE c.IdNo = NEW.ContainerNo AND ((c.Path || c.IdNo || '/' = NEW.Path AND c.Type = NEW.Type) "
      "OR (c.Path || c.IdNo || '/' = OLD.Path AND c.Type = OLD.Type))))",
      "SELECT RAISE(ABORT, '{container gone}');"},

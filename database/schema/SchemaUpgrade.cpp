@@ -38,7 +38,7 @@ SchemaStep ToVersion3() {
              "WHERE name = 'vwVehicleDisplayInfo' AND sql = 'CREATE VIEW vwVehicleDisplayInfo AS' || CHAR(10) || "
              "'SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle'",
              "ALTER TABLE StorageLocation ADD COLUMN ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS "
-             "(SUBSTR(Path, 1, LENGTH(Path) - LENGTH(ContainerNo) - 1)) VIRTUAL",
+             "(RTRIM(RTRIM(Path, '/'), '0123456789')) VIRTUAL",
              "PRAGMA writable_schema = ON",
              AddForeignKey("StorageLocation", "ContainerNo, ContainerPath, Type", "StorageLocation (IdNo, Path, Type)"),
              AddForeignKey("Property", "PropertyNo, CurrTrackSeq", "PropertyTracking (PropertyNo, SeqNo)"),

@@ -20,9 +20,7 @@ CREATE TABLE StorageLocation (
     ContainerNo INTEGER GENERATED ALWAYS AS (
         NULLIF(CAST(SUBSTR(RTRIM(Path, '/'), LENGTH(RTRIM(RTRIM(Path, '/'), '0123456789')) + 1) AS INTEGER), 0)
     ) VIRTUAL REFERENCES StorageLocation (IdNo),
-    ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS (
-        SUBSTR(Path, 1, LENGTH(Path) - LENGTH(ContainerNo) - 1)
-    ) VIRTUAL,
+    ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS (RTRIM(RTRIM(Path, '/'), '0123456789')) VIRTUAL,
     UNIQUE (Path, Type, Name),
     FOREIGN KEY (ContainerNo, ContainerPath, Type) REFERENCES StorageLocation (IdNo, Path, Type)
         DEFERRABLE INITIALLY DEFERRED

@@ -138,7 +138,8 @@ TEST_F(LocationTreeGuardsTest, ALocationDeepInTheTreeKeepsItsContainerAndCategor
          {"Type = 4 WHERE IdNo = " + boxId, "Type = 4 WHERE IdNo = " + shelfId,
           std::string("Type = 4 WHERE Name = 'Bag'"), "Path = '/0/99/" + shelfId + "/' WHERE IdNo = " + boxId,
           "Path = '/0/" + shelfId + "/' WHERE IdNo = " + boxId, "Path = '/0//" + shelfId + "' WHERE IdNo = " + boxId,
-          "Path = Path || '/' WHERE IdNo = " + boxId, "Type = 4, Path = '/0/" + shelfId + "/' WHERE IdNo = " + boxId}) {
+          "Path = Path || '/' WHERE IdNo = " + boxId, "Path = REPLACE(Path, '/" + shelfId + "/', '/0" + shelfId + "/')",
+          "Type = 4, Path = '/0/" + shelfId + "/' WHERE IdNo = " + boxId}) {
         EXPECT_NE(Raised("UPDATE StorageLocation SET " + change).Number(), 0) << change;
         EXPECT_NE(RaisedBy([&] { GetHostDatabase().ExecuteBatch({"UPDATE StorageLocation SET " + change}); }).Number(),
                   0)
