@@ -23,8 +23,9 @@ const TriggerText locationTriggers[] = {
      "SELECT RAISE(ABORT, '{container gone}');"},
     {"StorageLocationUpdateGuard",
      "BEFORE UPDATE OF Path, Type ON StorageLocation WHEN (NEW.Path <> OLD.Path OR NEW.Type <> OLD.Type) "
-     "AND NEW.Path <> '/0/' AND (NEW.Path <> NEW.ContainerPath || NEW.ContainerNo || '/' OR NOT EXISTS (SELECT 1 FROM StorageLocation c "
-     "WHERE c.IdNo = NEW.ContainerNo AND ((c.Path || c.IdNo || '/' = NEW.Path AND c.Type = NEW.Type) "
+     "AND NEW.Path <> '/0/' AND (NEW.Path <> NEW.ContainerPath || NEW.ContainerNo || '/' "
+     "OR NOT EXISTS (SELECT 1 FROM StorageLocation c WHERE c.IdNo = NEW.ContainerNo "
+     "AND ((c.Path || c.IdNo || '/' = NEW.Path AND c.Type = NEW.Type) "
      "OR (c.Path || c.IdNo || '/' = OLD.Path AND c.Type = OLD.Type))))",
      "SELECT RAISE(ABORT, '{container gone}');"},
     // For the moved location itself, not a descendant: it gets another container, or another category at the top level.

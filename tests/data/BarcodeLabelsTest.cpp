@@ -131,10 +131,12 @@ TEST_F(BarcodeLabelsTest, AFailureNamesTheItemAndItsKind) {
 }
 
 TEST_F(BarcodeLabelsTest, AnUnknownKindOfItemHasNoPicture) {
-    const auto item = MakeItem(1, static_cast<StoredItemTypes>(3));
-    const Error error = RaisedBy([&] { item->GetBarcodeImage(600); });
-    EXPECT_EQ(error.Number(), ErrorNumber::General);
-    EXPECT_EQ(error.Description(), "Invalid item type '3'");
+    for (const int32_t kind : {3, 0, -1}) {
+        const auto item = MakeItem(1, static_cast<StoredItemTypes>(kind));
+        const Error error = RaisedBy([&] { item->GetBarcodeImage(600); });
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
+        EXPECT_EQ(error.Description(), "Invalid item type '" + std::to_string(kind) + "'");
+    }
 }
 
 }  // namespace

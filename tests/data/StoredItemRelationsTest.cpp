@@ -58,8 +58,11 @@ TEST_F(StoredItemRelations, IncidentsAreThoseLinkedToTheItemOfItsKind) {
     m_database.LinkIncident(Vehicle, m_vehicle, m_database.AddIncident("I-4", "C-4"));
     EXPECT_EQ(IncidentsOf(*MakeItem(m_property)), (Texts{"I-1", "I-2"}));
     EXPECT_EQ(CasesOf(*MakeItem(m_property)), (Texts{"C-1", "C-2"}));
-    EXPECT_EQ(IncidentsOf(*MakeItem(m_vehicle, Vehicle)), Texts{"I-4"});
-    EXPECT_EQ(CasesOf(*MakeItem(m_vehicle, Vehicle)), Texts{"C-4"});
+    for (const int32_t kind : {2, 9, 0, -1}) {
+        const auto item = MakeItem(m_vehicle, static_cast<StoredItemTypes>(kind));
+        EXPECT_EQ(IncidentsOf(*item), Texts{"I-4"}) << kind;
+        EXPECT_EQ(CasesOf(*item), Texts{"C-4"}) << kind;
+    }
 }
 
 TEST_F(StoredItemRelations, AnIncidentHasItsKeyAndItsSecuredFlag) {

@@ -91,9 +91,11 @@ TEST_F(StoredItemTest, ReadsTheValuesOfAVehicleRow) {
 }
 
 TEST_F(StoredItemTest, AnyOtherTypeHasNoCode) {
-    const Error error = RaisedBy([] { LoadRow({{"ItemType", 7}})->ItemTypeCode(); });
-    EXPECT_EQ(error.Number(), ErrorNumber::General);
-    EXPECT_EQ(error.Description(), "Invalid item type '7'");
+    for (const int32_t type : {7, 0, -1}) {
+        const Error error = RaisedBy([&] { LoadRow({{"ItemType", type}})->ItemTypeCode(); });
+        EXPECT_EQ(error.Number(), ErrorNumber::General);
+        EXPECT_EQ(error.Description(), "Invalid item type '" + std::to_string(type) + "'");
+    }
 }
 
 TEST_F(StoredItemTest, PropertyWithoutAnIdentifierShowsThatItIsMissing) {
@@ -140,7 +142,8 @@ TEST_F(StoredItemTest, TheCategoryNameIsLookedUpByKindAtEachCall) {
     m_database.AddCode(CodeTable::VehicleCategory, 3, "Trucks", "Trucks over 3 t");
     const auto property = LoadRow({{"CategoryNo", 3}});
     EXPECT_EQ(property->CategoryName(), "Bicycles");
-    EXPECT_EQ(LoadRow({{"ItemType", 2}, {"CategoryNo", 3}})->CategoryName(), "Trucks");
+    for (const int32_t type : {2, 7, 0, -1})
+        EXPECT_EQ(LoadRow({{"ItemType", type}, {"CategoryNo", 3}})->CategoryName(), "Trucks") << type;
     EXPECT_EQ(LoadRow({{"CategoryNo", 99}})->CategoryName(), "");
     m_database.Execute("UPDATE CodeTable SET Name = 'Cycles' WHERE Name = 'Bicycles'");
     EXPECT_EQ(property->CategoryName(), "Cycles");

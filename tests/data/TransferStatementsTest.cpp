@@ -72,9 +72,13 @@ TEST_F(TransferStatements, EachItemTakesThreeStatementsAndOneMoreForADisposal) {
 }
 
 TEST_F(TransferStatements, AnyTypeButPropertyMeansVehicle) {
-    m_items.TryAdd(MakeItem(7, static_cast<StoredItemTypes>(9)));
-    EXPECT_EQ(MakeTransferStatements(m_items, m_xfer)[4],
-              "UPDATE Vehicle SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE VehicleNo=7");
+    for (const int32_t type : {9, 0, -1}) {
+        CartItems items;
+        items.TryAdd(MakeItem(7, static_cast<StoredItemTypes>(type)));
+        EXPECT_EQ(MakeTransferStatements(items, m_xfer)[4],
+                  "UPDATE Vehicle SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE VehicleNo=7")
+            << type;
+    }
 }
 
 TEST_F(TransferStatements, ANoteWithACharacterThatNoLiteralCanHoldIsRefused) {
