@@ -136,6 +136,7 @@ TEST_F(TransferTest, WhatTheLatestCustodyRowDoesNotSayIsLeftOut) {
 TEST_F(TransferTest, AnItemInALocationThatIsGoneIsRefused) {
     SignOutElsewhere(Property, TakeProperty());
     m_database.Execute("PRAGMA foreign_keys = OFF");
+    m_database.Execute("DROP TRIGGER StorageLocationDeleteGuard");
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_laboratory});
     ExpectRefused(OneItem + Line("E-1 is now in a deleted location, received by Raman on 11/20/2026 1:14 PM"));
 }
