@@ -24,7 +24,7 @@ int32_t ItemWithALongChain(Baseline& baseline) {
     baseline.Run(
         "BEGIN IMMEDIATE;"
         "INSERT INTO PropertyTracking SELECT t.PropertyNo, n.value + t.SeqNo, t.ReceivedBy, t.ReceivedFrom, "
-        "strftime('%Y-%m-%d %H:%M:%S', t.DateReceived, '+' || n.value || ' minutes'), t.CustodyReasonNo, "
+        "strftime('%Y-%m-%dT%H:%M:%f', t.DateReceived, '+' || n.value || ' minutes'), t.CustodyReasonNo, "
         "t.StorageLocNo, t.LastUpdated FROM (WITH RECURSIVE c(value) AS (SELECT 1 UNION ALL SELECT value + 1 "
         "FROM c WHERE value < " +
         std::to_string(chainLength - length) +
