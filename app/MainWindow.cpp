@@ -2,6 +2,7 @@
 
 #include "app/HostTabs.h"
 #include "app/common/HostGuard.h"
+#include "app/scanner/ScanField.h"
 #include "base/FormatCount.h"
 #include "base/Screen.h"
 #include "component/Quellbrook.h"
@@ -22,15 +23,19 @@ namespace quellbrook {
 
 namespace {
 
+// At this size, every view shows all its controls.
+constexpr QSize smallestSize(800, 490);
+
 QString Scheme() { return QString::fromLatin1(RecordScheme.data(), RecordScheme.size()); }
 
 }  // namespace
 
 MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user,
-                       const std::vector<SampleAccount>& accounts) {
+                       const std::vector<SampleAccount>& accounts)
+    : m_scanDropper([this] { return DropsScans(); }) {
     setObjectName(QStringLiteral("hostWindow"));
     setWindowTitle(tr("Quellbrook - %1").arg(agency));
-    resize(1280, 800);
+    setMinimumSize(smallestSize);
     m_pages = new QStackedWidget(this);
     m_login = new LoginForm(agency, user, accounts, m_pages);
     m_login->setObjectName(QStringLiteral("loginForm"));
@@ -71,6 +76,12 @@ bool MainWindow::MayDropBatch(const std::string& consequence) const {
     const std::string question = FormatCount(items, "%d item is in an open batch that has not been transferred. ",
                                              "%d items are in an open batch that has not been transferred. ");
     return ShowMessage(question + consequence, MessageStyle::YesNoQuestion, "Open batch") == MessageAnswer::Yes;
+}
+
+// No text field of the host takes a scan. The component and the field for testing a scanner do.
+bool MainWindow::DropsScans() const {
+    const bool isForComponent = m_evidence && m_evidence->isVisible();
+    return !isForComponent && !qobject_cast<ScanField*>(QApplication::focusWidget());
 }
 
 void MainWindow::LogIn(const QString& username, const QString& password) {

@@ -2,6 +2,7 @@
 
 #include "app/LoginForm.h"
 #include "app/records/RecordAddress.h"
+#include "component/Scanner.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -41,6 +42,7 @@ private:
     void EnterEvidence();
     void LogOut();
     bool MayDropBatch(const std::string& consequence) const;
+    bool DropsScans() const;
     void OpenWaiting();
     Q_INVOKABLE void OpenAddress(const QUrl& address);
 
@@ -49,6 +51,7 @@ private:
     HostTabs* m_tabs;
     QPointer<QWidget> m_evidence;
     std::vector<RecordAddress> m_waiting;
+    ScanDropper m_scanDropper;
 };
 
 }  // namespace quellbrook

@@ -90,30 +90,36 @@ std::optional<int32_t> SizeOf(const QCommandLineParser& parser) {
     return size;
 }
 
-std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser) {
+std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser, std::optional<Error>& refusal) {
     const QStringList addresses = parser.positionalArguments();
     for (const QString& address : addresses)
         if (!HasRecordScheme(address.toStdString()))
             Refuse(QStringLiteral("'%1' is neither an option nor the address of a record. See --help.").arg(address));
     if (addresses.size() > 1) Refuse(QStringLiteral("Only one record can be opened at a time."));
     if (addresses.isEmpty()) return std::nullopt;
-    return ParseRecordAddress(addresses[0].toStdString());
+    try {
+        return ParseRecordAddress(addresses[0].toStdString());
+    } catch (const Error& error) {
+        refusal = error;
+        return std::nullopt;
+    }
 }
 
 void CheckCombination(const Options& options) {
+    const bool opensRecord = options.record || options.refusedRecord;
     const bool opensDepartment = options.databasePath || options.user || options.size || options.tourDirectory ||
-                                 options.record || options.fresh || options.registerScheme || options.verify ||
+                                 opensRecord || options.fresh || options.registerScheme || options.verify ||
                                  options.repair;
     if ((options.gallery || options.galleryDirectory) && opensDepartment)
         Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
     if (options.databasePath && (options.fresh || options.size))
         Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
-    if (options.registerScheme && (options.fresh || options.user || options.tourDirectory || options.record))
+    if (options.registerScheme && (options.fresh || options.user || options.tourDirectory || opensRecord))
         Refuse("--register opens nothing. It can only be combined with --database or --size.");
     if ((options.verify || options.repair) &&
-        (options.fresh || options.user || options.tourDirectory || options.record || options.registerScheme))
+        (options.fresh || options.user || options.tourDirectory || opensRecord || options.registerScheme))
         Refuse("--verify and --repair open no window. They can only be combined with --database or --size.");
-    if (options.tourDirectory && (options.record || options.databasePath || options.size || options.user))
+    if (options.tourDirectory && (opensRecord || options.databasePath || options.size || options.user))
         Refuse(
             "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or "
             "the address of a record.");
@@ -132,7 +138,7 @@ Options ParseOptions(const QStringList& arguments) {
     options.size = SizeOf(parser);
     options.tourDirectory = ValueOf(parser, "tour");
     options.galleryDirectory = ValueOf(parser, "gallery-pictures");
-    options.record = RecordOf(parser);
+    options.record = RecordOf(parser, options.refusedRecord);
     options.fresh = parser.isSet(QStringLiteral("fresh"));
     options.gallery = parser.isSet(QStringLiteral("gallery"));
     options.registerScheme = parser.isSet(QStringLiteral("register"));

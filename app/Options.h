@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/records/RecordAddress.h"
+#include "base/Error.h"
 
 #include <QStringList>
 
@@ -18,6 +19,7 @@ struct Options {
     std::optional<std::string> tourDirectory;
     std::optional<std::string> galleryDirectory;  // of --gallery-pictures
     std::optional<RecordAddress> record;
+    std::optional<Error> refusedRecord;  // why the address of a record is refused; shown on the screen
     bool fresh = false;
     bool gallery = false;
     bool registerScheme = false;
@@ -27,7 +29,8 @@ struct Options {
 };
 
 // The first argument is the program's name. A value follows its option or "=". Error 5 with a sentence for arguments
-// that are invalid or cannot be combined.
+// that are invalid or cannot be combined. Addresses come from a desktop, which shows no output of the program, so a
+// wrong one raises no error here.
 Options ParseOptions(const QStringList& arguments);
 
 std::string HelpText();

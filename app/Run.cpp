@@ -6,7 +6,9 @@
 #include "app/LogFile.h"
 #include "app/MainWindow.h"
 #include "app/RunningProgram.h"
+#include "app/Termination.h"
 #include "app/Tour.h"
+#include "app/WindowSize.h"
 #include "app/scanner/PrinterChoice.h"
 #include "base/Error.h"
 #include "demo/gallery/GalleryWindow.h"
@@ -32,7 +34,7 @@ void Refuse(const Options& options, const Error& error) {
     box.exec();
 }
 
-int ShowDepartment(const Options& options, const Department& department) {
+int ShowDepartment(const Options& options, const Department& department, const Termination& termination) {
     UseDepartment(department);
     HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
     ApplyPrinterChoice(PrinterChoiceFile());
@@ -42,8 +44,11 @@ int ShowDepartment(const Options& options, const Department& department) {
     if (options.tourDirectory) return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path);
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);
+    RestoreWindowSize(window, WindowSizeFile());
     window.show();
-    return QApplication::exec();
+    const int code = termination.IsRequested() ? Termination::ExitCode : QApplication::exec();
+    SaveWindowSize(window, WindowSizeFile());
+    return code;
 }
 
 }  // namespace
@@ -51,11 +56,16 @@ int ShowDepartment(const Options& options, const Department& department) {
 int RunHost(const Options& options) {
     const QString dataDirectory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     const LogFile log(dataDirectory);
+    if (options.refusedRecord) {
+        Refuse(options, *options.refusedRecord);
+        return 2;
+    }
     if (OpenInRunningProgram(options, dataDirectory.toStdString())) return 0;
     const ComponentLifetime component;
+    const Termination termination;
     try {
         if (options.gallery || options.galleryDirectory) return gallery::RunGallery(options.galleryDirectory);
-        return ShowDepartment(options, OpenDepartmentWithProgress(options, dataDirectory.toStdString()));
+        return ShowDepartment(options, OpenDepartmentWithProgress(options, dataDirectory.toStdString()), termination);
     } catch (...) {
         Refuse(options, CurrentError());
         return 1;

@@ -22,6 +22,26 @@ bool IsNestedDeeper(const pugi::xml_node& element, int levels) {
     return false;
 }
 
+// Without "..", the reference cannot lead to another file.
+bool IsEmbedded(std::string_view reference) {
+    const std::string text = FoldCase(Trim(reference));
+    return text.starts_with("data:image/") && text.find(";base64,") != std::string::npos &&
+           text.find("..") == std::string::npos;
+}
+
+bool IsReference(std::string_view attribute) { return attribute == "href" || attribute.ends_with(":href"); }
+
+// A linked image could be any file of this machine, or one that never ends.
+void RequireEmbeddedImages(const pugi::xml_node& element) {
+    const std::string_view name = svg::LocalName(element);
+    const bool isImage = name == "image" || name == "feImage";
+    for (const pugi::xml_attribute attribute : element.attributes()) {
+        if (isImage && IsReference(attribute.name()) && !IsEmbedded(attribute.value()))
+            RefuseTemplate("links to the image " + Quoted(attribute.value()) + ": embed the image instead.");
+    }
+    for (const pugi::xml_node child : element.children()) RequireEmbeddedImages(child);
+}
+
 std::string NamesOf(const LabelTemplate::Fields& fields) {
     std::vector<std::string> names;
     for (const auto& [name, value] : fields) names.push_back("'" + name + "'");
@@ -43,6 +63,7 @@ LabelTemplate::LabelTemplate(const std::string& text) : m_document(std::make_uni
     const pugi::xml_node root = m_document->document_element();
     if (svg::LocalName(root) != "svg") RefuseTemplate("is not an SVG drawing.");
     if (IsNestedDeeper(root, DeepestNesting)) RefuseTemplate("is nested too deeply.");
+    RequireEmbeddedImages(root);
     LabelSheet::Of(root);
 }
 

@@ -19,7 +19,8 @@ class LabelTemplate {
 public:
     using Fields = std::vector<std::pair<std::string, std::string>>;  // name and value
 
-    // Raises error 5 if the text is not well-formed, is not SVG, or has no size from 5 to 1000 mm.
+    // Raises error 5 if the text is not well-formed, is not SVG, links to an image instead of embedding it, or has no
+    // size from 5 to 1000 mm.
     explicit LabelTemplate(const std::string& text);
 
     // Fills in these fields and omits those that the template does not have. Raises error 5 for a duplicate id, an

@@ -55,6 +55,12 @@ public:
         if (m_socket->bytesAvailable() > 0) Read();
     }
 
+    void Refuse(const std::string& why) {
+        if (m_answered) return;
+        LogFault("A message from another program was refused. " + why);
+        Answer(refused);
+    }
+
 private:
     void Read() {
         if (m_answered) return;
@@ -75,11 +81,6 @@ private:
         }
         Answer(accepted);
         emit m_server->Arrived(address);
-    }
-
-    void Refuse(const std::string& why) {
-        LogFault("A message from another program was refused. " + why);
-        Answer(refused);
     }
 
     void Answer(const char* answer) {
@@ -114,12 +115,19 @@ InstanceServer::InstanceServer(const QString& socket, int limitMilliseconds)
     }
     QLocalServer::removeServer(socket);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, [this] {
-        GuardHost(nullptr, [this] {
-            while (QLocalSocket* caller = m_server.nextPendingConnection()) new Caller(caller, this);
-        });
-    });
+    connect(&m_server, &QLocalServer::newConnection, this, [this] { GuardHost(nullptr, [this] { TakeCallers(); }); });
     if (!m_server.listen(socket)) LogFault("The socket '" + socket.toStdString() + "' can't be created.");
+}
+
+void InstanceServer::TakeCallers() {
+    while (QLocalSocket* socket = m_server.nextPendingConnection()) {
+        std::erase_if(m_callers, [](const QPointer<QObject>& caller) { return !caller; });
+        if (m_callers.size() >= MostCallers) {
+            static_cast<Caller*>(m_callers.front().data())->Refuse("There were too many callers at once.");
+            m_callers.pop_front();
+        }
+        m_callers.emplace_back(new Caller(socket, this));
+    }
 }
 
 }  // namespace quellbrook

@@ -5,8 +5,10 @@
 #include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
+#include <deque>
 #include <string>
 
 namespace quellbrook {
@@ -22,11 +24,14 @@ inline constexpr int InstanceTimeLimit = 5000;  // milliseconds, for every wait 
 bool SendToInstance(const QString& socket, const RecordAddress& address, int limitMilliseconds = InstanceTimeLimit);
 
 // Receives addresses from later starts of the program. A message is one line with an address. Any other message, and
-// one that is not complete in time, is refused and logged.
+// one that is not complete in time, is refused and logged. With more than MostCallers connections, the oldest ones are
+// refused, so that idle callers do not use up the files that the program can open.
 class InstanceServer : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr size_t MostCallers = 16;
+
     // Starts listening, unless another program listens on this socket. Removes a socket that a crashed program left.
     // Logs failures. Only this user can connect.
     explicit InstanceServer(const QString& socket, int limitMilliseconds = InstanceTimeLimit);
@@ -40,9 +45,12 @@ signals:
 private:
     class Caller;
 
+    void TakeCallers();
+
     QLockFile m_lock;  // of the program that listens
     QLocalServer m_server;
     const int m_limit;
+    std::deque<QPointer<QObject>> m_callers;  // those without an answer, the oldest first
 };
 
 }  // namespace quellbrook

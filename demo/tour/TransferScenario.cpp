@@ -36,6 +36,7 @@ public:
 
     void Plan() {
         LogIn();
+        VisitAnotherTab("explorer-again", "explorer");
         m_player.Step("location");
         OpenLocation({"Impound Lot", "Row 2"});
         ScanItem();
@@ -49,6 +50,7 @@ public:
         SelectBatch("signed-out-selected");
         SignIn();
         ReadChain("chain-signed-in", "Signed In", "Impound Lot > Row 2", "Returned from analysis");
+        VisitAnotherTab("chain-signed-in-again", "itemView");
     }
 
 private:
@@ -100,6 +102,25 @@ private:
                 return IsExpanded(view, FindRow(view, name));
             });
         }
+    }
+
+    static QStringList VisibleViews() {
+        QStringList names;
+        for (const char* name : {"explorer", "cart", "itemView", "loading"}) {
+            if (Find(QStringLiteral("content/") + name)) names.push_back(name);
+        }
+        return names;
+    }
+
+    // Shows another tab of the host and comes back to the view.
+    void VisitAnotherTab(const QString& stepName, const QString& view) {
+        m_player.Step(stepName);
+        Click("the button Labels and Scanner", "hostTabStrip/scannerPageButton");
+        m_player.Wait("The other tab is shown", [] { return Find(QStringLiteral("scannerPage")) != nullptr; });
+        m_player.Click("the tab Evidence",
+                       [] { return SpotOfPart(Find(QStringLiteral("hostTabs")), QStringLiteral("Evidence")); });
+        m_player.Expect(
+            "The visible views", [] { return Joined(VisibleViews()); }, view);
     }
 
     void ScanItem() {
@@ -224,6 +245,7 @@ private:
     void SignIn() {
         BeginBatch("menu-sign-in", "Sign in  3 items", "batch-sign-in", "signing into storage");
         OpenForm("form-sign-in", "Sign In Evidence");
+        VisitAnotherTab("form-sign-in-again", "cart");
         m_player.Step("form-sign-in-filled");
         PickByKeys("receivedFromField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
         PickByKeys("receivedByField", "Raman", "Raman, Priya (Evidence Technician)");

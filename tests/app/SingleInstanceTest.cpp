@@ -267,4 +267,23 @@ TEST_F(SingleInstanceTest, EachUserAndDatabaseHasItsOwnSocket) {
     EXPECT_NE(InstanceSocket("/run/user/7", m_directory.Path() + "/other.sqlite"), socket);
 }
 
+TEST_F(SingleInstanceTest, IdleCallersDoNotKeepOutAnAddress) {
+    constexpr size_t idleCallers = 40;
+    InstanceServer server(Socket(), patience);
+    std::vector<RecordAddress> arrived;
+    Collect(server, arrived);
+    // Only so many connections stay open, including that of the address.
+    for (size_t i = InstanceServer::MostCallers; i < idleCallers + 1; ++i) TestErrorLog().Announce("InstanceServer");
+    Beside([&] {
+        std::vector<std::unique_ptr<QLocalSocket>> idle;
+        for (size_t i = 0; i < idleCallers; ++i) {
+            idle.push_back(std::make_unique<QLocalSocket>());
+            idle.back()->connectToServer(Socket());
+            ASSERT_TRUE(idle.back()->waitForConnected(patience));
+        }
+        EXPECT_TRUE(SendToInstance(Socket(), address, patience));
+    });
+    EXPECT_EQ(arrived, std::vector{address});
+}
+
 }  // namespace quellbrook::testing

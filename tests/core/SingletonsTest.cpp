@@ -1,6 +1,7 @@
 #include "core/Singletons.h"
 
 #include "access/Permissions.h"
+#include "core/ActionTypes.h"
 #include "core/Dispatcher.h"
 #include "core/Stores.h"
 #include "tests/support/DatabaseTest.h"
@@ -104,6 +105,29 @@ TEST_F(AccessGate, LeavingTheWizardEndsWithoutAMessage) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_screen.AddWizard({.completed = false});
     EXPECT_TRUE(RunAndExpect(false).empty());
+}
+
+TEST_F(AccessGate, AGateThatFailsLeavesNoStores) {
+    const auto refused = [this] {
+        const auto cart = GetStores().Cart;
+        GetDispatcher()->Dispatch({ActionTypes::CART_SET_TRANSACTION_TYPE, TransactionType::Move});
+        EXPECT_EQ(cart->GetTransactionType(), TransactionType::Move);
+        const auto dispatcher = GetDispatcher();
+        RunAndExpect(false);
+        EXPECT_NE(GetDispatcher(), dispatcher);
+        GetDispatcher()->Dispatch({ActionTypes::CART_SET_TRANSACTION_TYPE, TransactionType::Dispose});
+        EXPECT_EQ(cart->GetTransactionType(), TransactionType::Move) << "the old store receives actions";
+        EXPECT_NE(GetStores().Cart, cart);
+        EXPECT_EQ(GetStores().Cart->GetTransactionType(), TransactionType::None);
+    };
+    m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
+    m_screen.AddWizard({.completed = false});
+    refused();
+    m_session->Revoke(GetPermissions().EDIT_STORAGE_LOCATIONS());
+    refused();
+    Categorize("Old shelf");
+    m_session->GrantNothing();
+    refused();
 }
 
 TEST_F(AccessGate, TheClosedWizardLivesUntilTheGateReturns) {

@@ -248,6 +248,19 @@ TEST(LabelTemplateRefuses, AnythingButADrawing) {
     EXPECT_THAT(RefusalOf("<svg"), StartsWith("The label template is not well-formed: "));
 }
 
+TEST(LabelTemplateRefuses, ALinkToAnImage) {
+    const std::string field = "<text id='name' x='20' y='25'>A</text>";
+    for (const char* link : {"/tmp/pipe", "logo.png", "file:///etc/logo.png", "data", "data/../../etc/logo.png",
+                             "data:image/../../logo.png;base64,AAAA", "data:text/plain;base64,AAAA", ""}) {
+        for (const std::string attribute : {"href", "xlink:href"}) {
+            const std::string image = "<g><image " + attribute + "='" + link + "'/></g>";
+            EXPECT_EQ(RefusalOf(Svg(field + image)),
+                      std::string("The label template links to the image '") + link + "': embed the image instead.");
+        }
+    }
+    EXPECT_NO_THROW(Fill(Svg(field + "<image xlink:href=' data:image/png;base64,iVBORw0KGgo='/>"), {{"name", "x"}}));
+}
+
 TEST(LabelTemplateRefuses, ADrawingWithoutASize) {
     EXPECT_EQ(RefusalOf("<svg/>"), "The label template has no width: set it in millimeters or inches.");
     EXPECT_EQ(RefusalOf("<svg width='100mm' height='100%'/>"),

@@ -21,6 +21,8 @@
 #include <QMenu>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -29,6 +31,7 @@ constexpr float OuterMargin = 240, ButtonGap = 135;
 // Pixels.
 constexpr int TitleAreaHeight = 56, TitleTop = 14, CloseIconSize = 24, CloseHeight = 40;
 constexpr int FormWidth = 360, FirstCaptionTop = 16, CaptionToField = 26, CaptionToCaption = 82;
+constexpr int TightCaptionToCaption = CaptionToField + Theme::FieldHeight + 2;
 constexpr int TransferWidth = 112, CancelWidth = 96;
 constexpr int ListCaptionTop = 4, ItemCountTop = 6, ListTop = 36;
 
@@ -106,18 +109,15 @@ void CartView::BuildFormPanel() {
     m_formPanel->SetBackColor(Theme::Color::Panel);
     m_formPanel->SetFramed(true);
     m_formPanel->SetWidth(ToTwips(FormWidth));
-    int line = 0;
     const auto addField = [&](const char* captionName, const char* caption, auto* field, const char* fieldName) {
         auto* label = new Label(m_formPanel);
         label->setObjectName(captionName);
         label->SetType(Theme::Type::BodySemiBold);
         label->SetCaption(caption);
-        const int top = FirstCaptionTop + CaptionToCaption * line++;
-        label->Move(OuterMargin, ToTwips(top));
         field->setObjectName(fieldName);
         field->SetAccessibleCaption(caption);
-        field->Move(OuterMargin, ToTwips(top + CaptionToField), ToTwips(FormWidth) - 2 * OuterMargin,
-                    ToTwips(Theme::FieldHeight));
+        field->Move(OuterMargin, 0, ToTwips(FormWidth) - 2 * OuterMargin, ToTwips(Theme::FieldHeight));
+        m_fields.emplace_back(label, field);
         return field;
     };
     const auto addCode = [&](const char* captionName, const char* caption, const char* fieldName, int tableNumber) {
@@ -312,10 +312,25 @@ void CartView::LayoutFormPanel() {
     m_transfer->Move(m_formPanel->Width() - m_transfer->Width() - OuterMargin,
                      m_formPanel->Height() - m_transfer->Height() - OuterMargin);
     m_cancel->Move(m_transfer->Left() - ButtonGap - m_cancel->Width(), m_transfer->Top());
+    LayoutFields();
     const float rightEdge = m_formPanel->Width() - OuterMargin;
     for (Control* control : m_formPanel->findChildren<Control*>(QString(), Qt::FindDirectChildrenOnly)) {
         if (control->Left() < OuterMargin) control->SetLeft(OuterMargin);
         if (control->Right() > rightEdge) control->SetWidth(rightEdge - control->Left());
+    }
+}
+
+// At small heights the fields move closer together, so that the buttons do not cover the last one.
+void CartView::LayoutFields() {
+    const float fieldBottom = ToTwips(FirstCaptionTop + CaptionToField + Theme::FieldHeight);
+    const float room = m_transfer->Top() - ButtonGap - fieldBottom;
+    const float step = std::clamp(room / static_cast<float>(m_fields.size() - 1), ToTwips(TightCaptionToCaption),
+                                  ToTwips(CaptionToCaption));
+    float top = ToTwips(FirstCaptionTop);
+    for (const auto& [label, field] : m_fields) {
+        label->Move(OuterMargin, top);
+        field->SetTop(top + ToTwips(CaptionToField));
+        top += step;
     }
 }
 

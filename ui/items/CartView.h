@@ -4,6 +4,9 @@
 #include "core/CartStore.h"
 #include "ui/controls/View.h"
 
+#include <utility>
+#include <vector>
+
 class QAction;
 class QMenu;
 
@@ -46,6 +49,7 @@ private:
 
     void LayoutControls();
     void LayoutFormPanel();
+    void LayoutFields();
 
     void CartStore_OnChange();
     void TransferButton_Click();
@@ -56,6 +60,7 @@ private:
     Label* m_title = nullptr;
     Link* m_close = nullptr;
     GroupBox* m_formPanel = nullptr;
+    std::vector<std::pair<Label*, Control*>> m_fields;  // each with its caption, from top to bottom
     TessarineDropdown* m_receivedFrom = nullptr;
     TessarineDropdown* m_receivedBy = nullptr;
     LocationPicker* m_location = nullptr;

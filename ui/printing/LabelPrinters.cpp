@@ -14,7 +14,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int JobLimit = 15'000, ListLimit = 5'000;  // milliseconds
+constexpr int ListLimit = 5'000;  // milliseconds
 
 [[noreturn]] void Refuse(const QString& sentence) {
     Raise(ErrorNumber::General, "BarcodeLabel.Print", ToUtf8(sentence));
@@ -57,11 +57,11 @@ void SystemLabelPrinter::Print(const FilledLabel& label) {
     const QByteArray pdf = MakeLabelPdf({label}, m_dotsPerInch);
     QProcess job;
     job.start(QStringLiteral("lp"), JobArguments(m_name, label));
-    if (!job.waitForStarted(JobLimit))
+    if (!job.waitForStarted(m_limit))
         Refuse(QStringLiteral("The print command 'lp' of this system can't be started: %1.").arg(job.errorString()));
     job.write(pdf);
     job.closeWriteChannel();
-    if (!job.waitForFinished(JobLimit)) {
+    if (!job.waitForFinished(m_limit)) {
         job.kill();
         job.waitForFinished();
         Refuse(QStringLiteral("The printer '%1' did not respond.").arg(m_name));

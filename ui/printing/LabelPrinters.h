@@ -23,10 +23,11 @@ private:
 };
 
 // Sends each label to a printer of this system as a job with the label's page size. The name is the one used by the
-// print system (CUPS). A job that is not accepted within fifteen seconds counts as rejected.
+// print system (CUPS). A job that is not accepted within the limit is ended and counts as rejected.
 class SystemLabelPrinter : public LabelPrinter {
 public:
-    SystemLabelPrinter(QString name, int dotsPerInch) : m_name(std::move(name)), m_dotsPerInch(dotsPerInch) {}
+    SystemLabelPrinter(QString name, int dotsPerInch, int limitMilliseconds = 15'000)
+        : m_name(std::move(name)), m_dotsPerInch(dotsPerInch), m_limit(limitMilliseconds) {}
 
     void Print(const FilledLabel& label) override;
     std::string Destination() const override;
@@ -34,6 +35,7 @@ public:
 private:
     QString m_name;
     int m_dotsPerInch;
+    int m_limit;
 };
 
 // The names of this system's printers; empty if there is no print system or it does not respond.

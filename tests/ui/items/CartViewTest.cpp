@@ -195,5 +195,18 @@ TEST_F(CartViewTest, FieldsAreNamedForReadersByTheirCaptions) {
     EXPECT_EQ(Destination()->accessibleName(), "and will be going to");
 }
 
+TEST_F(CartViewTest, TheButtonsCoverNoFieldAtSmallHeights) {
+    BeginSignOut();
+    for (const int height : {760, 560, 448, 420}) {
+        m_view->Move(0, 0, ToTwips(960), ToTwips(height));
+        const std::vector<QWidget*> column = {Named("Label4"), From(),        Named("Label3"), By(),
+                                              Named("Label2"), Destination(), Named("Label1"), Reason(),
+                                              Transfer()};
+        for (size_t i = 1; i < column.size(); ++i)
+            EXPECT_GT(column[i]->y(), column[i - 1]->geometry().bottom()) << height << ", control " << i;
+        EXPECT_EQ(Named("formPanel")->height() - Transfer()->geometry().bottom() - 1, 16) << height;
+    }
+}
+
 }  // namespace
 }  // namespace quellbrook::testing

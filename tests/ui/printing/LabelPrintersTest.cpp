@@ -10,6 +10,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <csignal>
+
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
 namespace quellbrook::testing {
@@ -97,6 +101,17 @@ TEST_F(LabelPrintersTest, ARejectionHasThePrintersOwnMessage) {
     EXPECT_EQ(RefusalOf(printer), "The printer or class does not exist.");
     PutCommand("lp", "exec 0<&-; exit 3");
     EXPECT_EQ(RefusalOf(printer), "The printer 'gone' rejected the label.");
+}
+
+TEST_F(LabelPrintersTest, APrintCommandThatNeverAnswersIsEndedAndReported) {
+    constexpr int limit = 500;  // milliseconds
+    ASSERT_EQ(mkfifo(In("never").toLocal8Bit().constData(), 0600), 0);
+    PutCommand("lp", "echo $$ >process; read answer <never; echo answered >answered");
+    SystemLabelPrinter printer("Front Desk", 203, limit);
+    EXPECT_EQ(RefusalOf(printer), "The printer 'Front Desk' did not respond.");
+    EXPECT_FALSE(QFile::exists(In("answered")));
+    const int process = Read(In("process")).trimmed().toInt();
+    EXPECT_TRUE(process == 0 || kill(process, 0) != 0) << "still running";
 }
 
 TEST_F(LabelPrintersTest, AMissingPrintSystemIsReported) {

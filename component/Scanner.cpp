@@ -1,0 +1,15 @@
+#include "component/Scanner.h"
+
+#include "input/BarcodeListener.h"
+
+namespace quellbrook {
+
+ScanDropper::ScanDropper(std::function<bool()> applies)
+    : m_listener(
+          std::make_unique<BarcodeListener>(BarcodeListener::Surroundings{std::move(applies), [] { return false; }})) {
+    m_listener->Shown();
+}
+
+ScanDropper::~ScanDropper() = default;
+
+}  // namespace quellbrook

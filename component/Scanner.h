@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace quellbrook {
+
+class BarcodeListener;
+
+// Takes what a scanner types out of the keys of the application while the condition is true, and drops it, so that no
+// text field of the host gets it and no shortcut runs. The views of the component take their scans themselves.
+// Create it after Startup.
+class ScanDropper {
+public:
+    explicit ScanDropper(std::function<bool()> applies);
+    ~ScanDropper();
+    ScanDropper(const ScanDropper&) = delete;
+    ScanDropper& operator=(const ScanDropper&) = delete;
+
+private:
+    std::unique_ptr<BarcodeListener> m_listener;
+};
+
+}  // namespace quellbrook
