@@ -133,7 +133,6 @@ void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& 
 void LocationTreeWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     Guard([&] {
         QTreeWidget::selectionChanged(selected, deselected);
-        viewport()->update();  // rows are painted across the whole viewport
         if (!selected.isEmpty() && !m_isQuiet && !m_isPressed)
             emit NodeChosen(itemFromIndex(selected.indexes().constFirst()));
     });

@@ -1,7 +1,6 @@
 #include "tests/ui/explorer/LocationTreeTest.h"
 
 #include <QContextMenuEvent>
-#include <QPaintEvent>
 
 #include <gmock/gmock.h>
 
@@ -144,27 +143,6 @@ TEST_F(LocationTreeTest, TheMenuKeysOpenTheMenuBelowTheSelectedNode) {
     WhileMenuOpen(expectBelowTheNode);
     Press(m_widget, Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(m_menusFor.size(), 2u);
-}
-
-TEST_F(LocationTreeTest, ASelectionIsRepaintedAcrossTheWholeTree) {
-    Show();
-    ClickNode("Vault");
-    ServeEvents();
-    struct PaintWatch : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
-            return false;
-        }
-        QRegion painted;
-    } watch;
-    m_widget->viewport()->installEventFilter(&watch);
-    const int oldRow = CenterOf("Vault").y();
-    const int newRow = CenterOf("Court").y();
-    m_widget->setCurrentItem(Node("Court"));
-    ServeEvents();
-    for (const int y : {oldRow, newRow})
-        for (const int x : {0, m_widget->viewport()->width() - 1})
-            EXPECT_TRUE(watch.painted.contains(QPoint(x, y))) << x << " " << y;
 }
 
 TEST_F(LocationTreeTest, ItsOwnMenuExpandsAndCollapses) {
