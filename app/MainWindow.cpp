@@ -51,7 +51,7 @@ MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user
             if (MayDropBatch("If you log out, the batch is lost.\r\n\r\nLog out anyway?")) LogOut();
         });
     });
-    HostServices::Current().SetSession(std::make_shared<DatabaseSession>());
+    HostServices::Current().SetSession(std::make_shared<DatabaseSession>(m_loginLimit));
     QDesktopServices::setUrlHandler(Scheme(), this, "OpenAddress");
 }
 
@@ -121,7 +121,7 @@ void MainWindow::LogOut() {
         m_evidence->deleteLater();
         m_evidence = nullptr;
     }
-    HostServices::Current().SetSession(std::make_shared<DatabaseSession>());
+    HostServices::Current().SetSession(std::make_shared<DatabaseSession>(m_loginLimit));
     m_login->Restart();
 }
 

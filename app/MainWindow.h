@@ -3,10 +3,12 @@
 #include "app/LoginForm.h"
 #include "app/records/RecordAddress.h"
 #include "component/Scanner.h"
+#include "host/LoginLimit.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,7 @@ private:
     LoginForm* m_login;
     HostTabs* m_tabs;
     QPointer<QWidget> m_evidence;
+    std::shared_ptr<LoginLimit> m_loginLimit = std::make_shared<LoginLimit>();
     std::vector<RecordAddress> m_waiting;
     ScanDropper m_scanDropper;
 };

@@ -1,6 +1,7 @@
 #include "host/DatabaseSession.h"
 
 #include "base/Error.h"
+#include "base/ErrorLog.h"
 #include "host/HostDatabase.h"
 
 #include <sodium.h>
@@ -8,6 +9,12 @@
 namespace quellbrook {
 
 namespace {
+
+const char* const loginSource = "DatabaseSession.Login";
+
+// The cost of a password's hash.
+constexpr unsigned long long operations = crypto_pwhash_OPSLIMIT_INTERACTIVE;
+constexpr size_t memory = crypto_pwhash_MEMLIMIT_INTERACTIVE;
 
 void RequireSodium() {
     if (sodium_init() < 0)
@@ -30,8 +37,7 @@ const std::string& HashForUnknownUser() {
 std::string HashPassword(const std::string& password) {
     RequireSodium();
     char hash[crypto_pwhash_STRBYTES];
-    if (crypto_pwhash_str(hash, password.c_str(), password.size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
-                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
+    if (crypto_pwhash_str(hash, password.c_str(), password.size(), operations, memory) != 0)
         Raise(ErrorNumber::General, "HashPassword", "There is not enough memory to store a password safely.");
     return hash;
 }
@@ -42,12 +48,31 @@ std::string DatabaseSession::AgencyName() const {
 
 void DatabaseSession::Login(const std::string& username, const std::string& password, const std::string&) {
     m_username.clear();
+    m_limit->RequireTurn();
     const auto account = HostDatabase().QueryRow(
         "SELECT Username, PasswordHash FROM Account WHERE Username = ? AND IsActive = 1", {username});
     const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashForUnknownUser();
-    if (!IsPassword(password, hash) || !account)
-        Raise(ErrorNumber::General, "DatabaseSession.Login", "Incorrect user name or password.");
+    if (!IsPassword(password, hash) || !account) {
+        m_limit->Failed();
+        // The text of an unknown name may be a password that was typed into the wrong field.
+        LogFailure(loginSource, account ? "A log-in as '" + ToText(account->Value("Username")) + "' failed."
+                                        : "A log-in with an unknown user name failed.");
+        Raise(ErrorNumber::General, loginSource, "Incorrect user name or password.");
+    }
+    m_limit->Succeeded();
     m_username = ToText(account->Value("Username"));
+    RenewHash(password, hash);
+}
+
+// A failure leaves the old hash, which is still valid.
+void DatabaseSession::RenewHash(const std::string& password, const std::string& hash) {
+    if (crypto_pwhash_str_needs_rehash(hash.c_str(), operations, memory) == 0) return;
+    try {
+        HostDatabase().ExecuteWithParameters("UPDATE Account SET PasswordHash = ? WHERE Username = ?",
+                                             {HashPassword(password), m_username});
+    } catch (...) {
+        LogFailure(loginSource, CurrentError().Description());
+    }
 }
 
 bool DatabaseSession::HasPermission(const std::string& moduleKey, int16_t value) {

@@ -68,6 +68,7 @@ TEST_F(User, AuthenticateLogsInToTheSession) {
     m_session->username = "";
     GetUser().Authenticate("carol", "right");
     EXPECT_EQ(GetUser().Username(), "carol");
+    EXPECT_EQ(m_session->domains, std::vector<std::string>{""});
     EXPECT_TRUE(GetUser().IsAuthenticated());
 }
 

@@ -1,6 +1,7 @@
 #include "tests/core/ProcessTransactionTest.h"
 
 #include "host/TransferOutcome.h"
+#include "tests/support/InterruptingEngine.h"
 
 namespace quellbrook::testing {
 namespace {
@@ -97,6 +98,23 @@ TEST_F(ProcessTransactionReport, AFailingLogDoesNotLeaveTheOperation) {
     EXPECT_EQ(m_seen->Types().back(), "CART_TRANSACTION_FAILED");
     EXPECT_EQ(log.calls, 1);
     m_environment->errorLog = &m_log;
+}
+
+TEST_F(ProcessTransactionReport, AnyOtherExceptionIsReportedLikeAnError) {
+    const auto engine = std::make_shared<InterruptingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    const std::string before = m_database.Snapshot();
+    const auto expectReport = [&](const std::function<void()>& interruption, const std::string& description) {
+        Begin({MakeItem(9999)});
+        engine->BeforeTransaction(interruption);
+        m_log.Announce(LogSource);
+        GetActions().ProcessTransaction(MakeTransfer());
+        ExpectFailureReport(description);
+        EXPECT_EQ(m_database.Snapshot(), before);
+    };
+    expectReport([] { throw std::runtime_error("The driver failed."); }, "The driver failed.");
+    expectReport([] { throw std::bad_alloc(); }, "There is not enough memory. Close other programs and try again.");
+    expectReport([] { throw 42; }, "An unexpected error occurred.");
 }
 
 // A commit whose answer was lost may have been completed.

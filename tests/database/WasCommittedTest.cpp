@@ -129,3 +129,16 @@ TEST_F(WasCommittedTest, AMarkDoesNotChangeTheLatestIdentity) {
     m_connection->Commit();
     EXPECT_EQ(m_connection->LastIdentity(), 41);
 }
+
+TEST_F(WasCommittedTest, AConnectionIsGivenUpAfterAFailureOfTheDisk) {
+    m_connection->Execute("INSERT INTO Setting (Name) VALUES ('before')");
+    EXPECT_NE(RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('BEFORE')"); }).Number(), 0);
+    EXPECT_TRUE(m_connection->IsHealthy());
+    for (const Call call : {Call::Write, Call::Sync}) {
+        m_system.Fail(call, 1, 1);
+        EXPECT_NE(RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('x')"); }).Number(), 0);
+        EXPECT_FALSE(m_connection->IsHealthy());
+        m_connection = m_engine->Open();
+        EXPECT_TRUE(m_connection->IsHealthy());
+    }
+}

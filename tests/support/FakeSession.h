@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace quellbrook::testing {
 
@@ -21,11 +22,13 @@ public:
     std::set<std::pair<std::string, int16_t>> rights;   // used while grantsAll is false
     std::set<std::pair<std::string, int16_t>> revoked;  // always used
     int questions = 0;                                  // calls of HasPermission
+    std::vector<std::string> domains;                   // one for each Login
 
     std::string Username() const override { return username; }
     std::string AgencyName() const override { return agencyName; }
 
-    void Login(const std::string& user, const std::string& password, const std::string&) override {
+    void Login(const std::string& user, const std::string& password, const std::string& domain) override {
+        domains.push_back(domain);
         if (password != "right") Raise(ErrorNumber::General, "FakeSession.Login", "Incorrect user name or password.");
         username = user;
     }
