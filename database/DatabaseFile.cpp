@@ -1,5 +1,6 @@
 #include "database/DatabaseFile.h"
 
+#include <sys/stat.h>
 #include <sys/vfs.h>
 #include <algorithm>
 #include <filesystem>
@@ -42,6 +43,12 @@ void MakePrivate(const std::string& databasePath) {
         std::filesystem::permissions(databasePath + ending, perms::group_all | perms::others_all,
                                      std::filesystem::perm_options::remove, ignored);
     }
+}
+
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+    struct stat file {};
+    if (stat(path.c_str(), &file) != 0) return std::nullopt;
+    return FileIdentity{file.st_dev, file.st_ino};
 }
 
 bool IsOnNetwork(const std::string& path) {

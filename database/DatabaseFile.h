@@ -1,12 +1,22 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace quellbrook {
 
 // Takes the rights to a database and its companions from everybody but the owner. Leaves other users' files alone.
 void MakePrivate(const std::string& databasePath);
+
+// What tells a file from another one that takes its place under the same path. Nothing if there is no file.
+struct FileIdentity {
+    unsigned long device;
+    unsigned long number;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+std::optional<FileIdentity> IdentityOf(const std::string& path);
 
 // Whether the path is on another machine. The write-ahead log needs locks and shared memory, which do not work there.
 bool IsOnNetwork(const std::string& path);

@@ -1,5 +1,7 @@
 #include "database/SqliteEngine.h"
 
+#include "base/Error.h"
+#include "database/LogCheck.h"
 #include "database/SqliteConnection.h"
 #include "database/SqliteFileCheck.h"
 #include "database/schema/SchemaUpgrade.h"
@@ -53,11 +55,26 @@ std::shared_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, int bu
     return engine;
 }
 
+// Opening the other file would apply the log of ours to it.
+void SqliteEngine::RequireSameFile() const {
+    const std::optional<FileIdentity> present = IdentityOf(m_path);
+    const bool isReplaced = present && present != m_file;
+    if (!present || (!isReplaced && !HasLogOfAnotherFile(m_path))) return;
+    Raise(ErrorNumber::General, "SqliteEngine.Open",
+          "The database '" + m_path +
+              "' has been replaced while this program was running, and is no longer used. Close the program "
+              "everywhere, move '" +
+              m_path + "-wal' and '" + m_path +
+              "-shm' into another folder, restore the backup again, and start the program.");
+}
+
 std::unique_ptr<Connection> SqliteEngine::Open() {
+    RequireSameFile();
     return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds);
 }
 
 bool SqliteEngine::WasCommitted(const std::string& transactionName) {
+    RequireSameFile();
     return SqliteConnection(m_path, m_busyMilliseconds).SettleOutcome(transactionName);
 }
 

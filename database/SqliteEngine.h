@@ -1,8 +1,10 @@
 #pragma once
 
 #include "database/Connection.h"
+#include "database/DatabaseFile.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,7 +34,11 @@ private:
     SqliteEngine(std::string path, int busyMilliseconds, Dialect dialect)
         : m_path(std::move(path)), m_busyMilliseconds(busyMilliseconds), m_dialect(std::move(dialect)) {}
 
+    // Raises an error if another file has taken the place of ours.
+    void RequireSameFile() const;
+
     std::string m_path;
+    std::optional<FileIdentity> m_file = IdentityOf(m_path);
     int m_busyMilliseconds;
     Dialect m_dialect;
     std::vector<std::string> m_notes;

@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "database/DatabaseFile.h"
 #include "database/LockWait.h"
+#include "database/LogCheck.h"
 #include "database/SqliteError.h"
 #include "database/schema/SqliteSchema.h"
 
@@ -31,6 +32,21 @@ const char* const requiredTables[] = {"StorageLocation",  "Property",        "Ve
 
 [[noreturn]] void RefuseNewer(const std::string& path) {
     Refuse("The database '" + path + "' was created by a newer version of this program.");
+}
+
+[[noreturn]] void RefuseLog(const std::string& path) {
+    Refuse("The file '" + path + "-wal' belongs to another copy of the database '" + path +
+           "'. If you have restored a backup, close the program everywhere, move '" + path + "-wal' and '" + path +
+           "-shm' into another folder, and restore the backup again.");
+}
+
+[[noreturn]] void RefuseDamaged(const std::string& path) {
+    std::error_code ignored;
+    const bool hasLog = std::filesystem::exists(path + "-wal", ignored) && !std::filesystem::is_empty(path + "-wal");
+    if (!hasLog) RaiseOpenFailure(path, SQLITE_CORRUPT, "");
+    if (IsWholeWithoutLog(path)) RefuseLog(path);
+    Refuse("The database '" + path + "' is damaged. Move '" + path + "-wal' and '" + path +
+           "-shm' into another folder, then restore a backup.");
 }
 
 using Header = std::array<unsigned char, 100>;
@@ -81,7 +97,7 @@ void CheckVersion(SQLite::Database& database, const std::string& path) {
 
 void CheckTables(SQLite::Database& database, const std::string& path) {
     for (const char* table : requiredTables)
-        if (!database.tableExists(table)) RaiseOpenFailure(path, SQLITE_CORRUPT, "");
+        if (!database.tableExists(table)) RefuseDamaged(path);
 }
 
 void CheckPages(SQLite::Database& database, const std::string& path) {
@@ -89,7 +105,7 @@ void CheckPages(SQLite::Database& database, const std::string& path) {
     const uintmax_t size = std::filesystem::file_size(path, failure);
     if (failure || size > wholeCheckLimit) return;
     const std::string answer = database.execAndGet("PRAGMA quick_check(1)").getString();
-    if (answer != "ok") RaiseOpenFailure(path, SQLITE_CORRUPT, answer);
+    if (answer != "ok") RefuseDamaged(path);
 }
 
 // Otherwise closing the last connection would run a checkpoint, which writes to the file.
@@ -101,6 +117,7 @@ void AllowCheckpoint(SQLite::Database& database, bool allowed) {
 
 void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit) {
     CheckHeader(path);
+    if (HasLogOfAnotherFile(path)) RefuseLog(path);
     try {
         SQLite::Database database(path, SQLite::OPEN_READWRITE);
         WaitForLocks(database.getHandle(), lockLimit);
@@ -112,6 +129,7 @@ void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimi
         AllowCheckpoint(database, true);
         MakePrivate(path);
     } catch (const SQLite::Exception& failure) {
+        if (failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB) RefuseDamaged(path);
         RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
     }
 }

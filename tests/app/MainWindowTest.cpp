@@ -3,6 +3,7 @@
 #include "core/Actions.h"
 #include "host/HostLocationData.h"
 #include "tests/support/Items.h"
+#include "tests/support/ui/QtTestMain.h"
 #include "ui/common/Dialogs.h"
 
 #include <QLabel>
@@ -24,6 +25,7 @@ void OpenBatch(int items) {
 TEST_F(MainWindowTest, ItsTitleNamesTheAgency) { EXPECT_EQ(m_window->windowTitle(), "Quellbrook - Harlow Bay"); }
 
 TEST_F(MainWindowTest, AWrongPasswordStaysAtTheForm) {
+    TestErrorLog().Announce("DatabaseSession.Login");
     LogIn("custodian", "wrong");
     EXPECT_EQ(Evidence(), nullptr);
     EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());

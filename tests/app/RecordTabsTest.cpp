@@ -126,6 +126,7 @@ TEST_F(RecordTabsTest, AnAddressWaitsForTheLogin) {
     m_window->OpenRecord(second);
     m_window->OpenRecord(first);
     EXPECT_EQ(ShownPage(), nullptr);
+    TestErrorLog().Announce("DatabaseSession.Login");
     LogIn("custodian", "wrong");
     EXPECT_EQ(ShownPage(), nullptr);
     LogInAsCustodian();
