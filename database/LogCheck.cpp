@@ -82,8 +82,8 @@ std::optional<int64_t> FirstMarkInLog(const std::string& path, const FileState& 
     Bytes header(logHeaderSize), frame(frameHeaderSize), page(file.pageSize);
     if (!Read(log, header)) return std::nullopt;
     while (Read(log, frame) && Read(log, page)) {
-        const bool isOfThisLog = std::equal(frame.begin() + saltInFrameHeader, frame.begin() + saltInFrameHeader + saltSize,
-                                            header.begin() + saltInLogHeader);
+        const auto salt = frame.begin() + saltInFrameHeader;
+        const bool isOfThisLog = std::equal(salt, salt + saltSize, header.begin() + saltInLogHeader);
         if (!isOfThisLog) break;
         if (NumberAt(frame, 0, 4) == file.markPage) return LastKeyOf(page);
     }

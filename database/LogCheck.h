@@ -4,9 +4,9 @@
 
 namespace quellbrook {
 
-// Whether there is a write-ahead log beside the file that does not continue it, as after a backup was put in place of
-// the file. SQLite would apply such a log and mix the two. The file is certainly older than its log if the log's first
-// batch does not follow the file's last one.
+// Whether the write-ahead log beside the file does not continue it, as after a backup has replaced the file. SQLite
+// would apply such a log and mix the two. Compares the marks of batches: a log whose first batch does not follow the
+// file's last one belongs to a later file.
 bool HasLogOfAnotherFile(const std::string& path);
 
 // Whether the file is whole if its log is ignored.
