@@ -115,7 +115,7 @@ TEST_F(RestoredFileTest, AWholeFileThatItsLogDamagesIsRefusedForItsLog) {
 TEST_F(RestoredFileTest, ADamagedFileWithALogNamesBoth) {
     CrashInto(m_crashed, 1);
     std::string bytes = BytesOf(m_crashed);
-    bytes.replace(4096 * 7 + 20, 3000, std::string(3000, '\xA5'));
+    bytes.replace(4096 * 5, 4096 * 20, std::string(4096 * 20, '\xA5'));
     std::ofstream(m_crashed, std::ios::binary) << bytes;
     EXPECT_FALSE(IsWholeWithoutLog(m_crashed));
     ExpectLogRefused("is damaged. Move '");
