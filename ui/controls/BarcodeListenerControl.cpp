@@ -24,9 +24,11 @@ bool IsCoveredByView(const QWidget& widget) {
 }
 
 // A menu that is open belongs to what was on the screen before the scan.
-void CloseMenus() {
-    while (QWidget* menu = QApplication::activePopupWidget())
-        if (!menu->close()) return;
+void CloseMenus(int32_t, const std::string&) {
+    Guard([] {
+        while (QWidget* menu = QApplication::activePopupWidget())
+            if (!menu->close()) return;
+    });
 }
 
 bool IsParentOnTop(const QWidget& control) {
@@ -43,7 +45,7 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
     const int size = IsInsideDesigner() ? IconSize : 0;
     setFixedSize(size, size);
     setFocusPolicy(Qt::NoFocus);
-    BarcodeScanned().connect([](int32_t, const std::string&) { Guard(CloseMenus); });
+    BarcodeScanned().connect(CloseMenus);
 }
 
 bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }
