@@ -30,13 +30,16 @@ std::string AddForeignKey(const std::string& table, const std::string& key, cons
     return statement + "WHERE type = 'table' AND name = '" + table + "'";
 }
 
+// Only for the view of version 1, not for one that a host has put in its place.
+const char* const stateThatItemsAreDistinct =
+    "INSERT OR IGNORE INTO SchemaFact (Name) SELECT 'ItemsAreDistinct' FROM sqlite_schema "
+    "WHERE name = 'vwVehicleDisplayInfo' AND sql = 'CREATE VIEW vwVehicleDisplayInfo AS' || CHAR(10) || "
+    "'SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle'";
+
 SchemaStep ToVersion3() {
     return {3,
             {"CREATE TABLE IF NOT EXISTS SchemaFact (Name TEXT NOT NULL PRIMARY KEY) WITHOUT ROWID",
-             // Only for the view of version 1, not for one that a host has put in its place.
-             "INSERT OR IGNORE INTO SchemaFact (Name) SELECT 'ItemsAreDistinct' FROM sqlite_schema "
-             "WHERE name = 'vwVehicleDisplayInfo' AND sql = 'CREATE VIEW vwVehicleDisplayInfo AS' || CHAR(10) || "
-             "'SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle'",
+             stateThatItemsAreDistinct,
              "ALTER TABLE StorageLocation ADD COLUMN ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS "
              "(RTRIM(RTRIM(Path, '/'), '0123456789')) VIRTUAL",
              "PRAGMA writable_schema = ON",
