@@ -36,13 +36,14 @@ const char* const stateThatItemsAreDistinct =
     "WHERE name = 'vwVehicleDisplayInfo' AND sql = 'CREATE VIEW vwVehicleDisplayInfo AS' || CHAR(10) || "
     "'SELECT VehicleNo, RegNumber, RegStateCode, VehYear, ColorCode, MakeCode, VehModel FROM Vehicle'";
 
+const char* const addContainerPath =
+    "ALTER TABLE StorageLocation ADD COLUMN ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS "
+    "(RTRIM(RTRIM(Path, '/'), '0123456789')) VIRTUAL";
+
 SchemaStep ToVersion3() {
     return {3,
             {"CREATE TABLE IF NOT EXISTS SchemaFact (Name TEXT NOT NULL PRIMARY KEY) WITHOUT ROWID",
-             stateThatItemsAreDistinct,
-             "ALTER TABLE StorageLocation ADD COLUMN ContainerPath TEXT COLLATE NOCASE GENERATED ALWAYS AS "
-             "(RTRIM(RTRIM(Path, '/'), '0123456789')) VIRTUAL",
-             "PRAGMA writable_schema = ON",
+             stateThatItemsAreDistinct, addContainerPath, "PRAGMA writable_schema = ON",
              AddForeignKey("StorageLocation", "ContainerNo, ContainerPath, Type", "StorageLocation (IdNo, Path, Type)"),
              AddForeignKey("Property", "PropertyNo, CurrTrackSeq", "PropertyTracking (PropertyNo, SeqNo)"),
              AddForeignKey("Vehicle", "VehicleNo, CurrTrackSeq", "VehicleTracking (VehicleNo, SeqNo)"),
