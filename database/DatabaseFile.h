@@ -9,13 +9,14 @@ namespace quellbrook {
 // Takes the rights to a database and its companions from everybody but the owner. Leaves other users' files alone.
 void MakePrivate(const std::string& databasePath);
 
-// What tells a file from another one that takes its place under the same path. Nothing if there is no file.
+// Identifies a file independently of its path: a file that replaces it has another identity.
 struct FileIdentity {
     unsigned long device;
     unsigned long number;
 
     bool operator==(const FileIdentity&) const = default;
 };
+// Not set if the file does not exist.
 std::optional<FileIdentity> IdentityOf(const std::string& path);
 
 // Whether the path is on another machine. The write-ahead log needs locks and shared memory, which do not work there.

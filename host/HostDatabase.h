@@ -27,7 +27,7 @@ public:
                     const std::vector<TaggedValue>& parameters = {});
 
     // The first column of the first row of SELECT expression FROM table WHERE the conditions joined by AND; NULL if
-    // there is no row.
+    // no row matches.
     TaggedValue LookupValue(const std::string& table, const std::string& expression,
                             const std::vector<std::string>& conditions);
 

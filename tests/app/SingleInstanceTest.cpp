@@ -272,7 +272,7 @@ TEST_F(SingleInstanceTest, IdleCallersDoNotKeepOutAnAddress) {
     InstanceServer server(Socket(), patience);
     std::vector<RecordAddress> arrived;
     Collect(server, arrived);
-    // Only so many connections stay open, including that of the address.
+    // The server keeps at most MostCallers connections, including the one that sends the address.
     for (size_t i = InstanceServer::MostCallers; i < idleCallers + 1; ++i) TestErrorLog().Announce("InstanceServer");
     Beside([&] {
         std::vector<std::unique_ptr<QLocalSocket>> idle;
