@@ -65,11 +65,7 @@ void MeasureBroadCriteria(Baseline& baseline, std::vector<Result>& results) {
         "every vehicle, as rows", [] { return StoredItemSearch().OfType(StoredItemTypes::vehicle); }, vehicles,
         [](Statement&) {}, 5, results);
 
-    const int32_t locationId = baseline
-                                   .Integers(
-                                       "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
-                                       "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
-                                   .at(0);
+    const int32_t locationId = UsualLocation(baseline);
     const StorageLocationRef location = GetStorageLocationStatic().FindByID(locationId);
     Statement atLocation = baseline.Prepare(atLocationText);
     MeasureSearch(

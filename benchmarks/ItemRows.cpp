@@ -32,6 +32,14 @@ const std::string countText =
 
 }  // namespace
 
+int32_t UsualLocation(Baseline& baseline) {
+    return baseline
+        .Integers(
+            "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
+            "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
+        .at(0);
+}
+
 void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
     const auto keysOf = [&](const char* type) {
         return Spread(baseline.Integers(std::string("SELECT ItemNo FROM CurrentPlace WHERE ItemType = ") + type +
@@ -66,11 +74,7 @@ void MeasureItemByKey(Baseline& baseline, std::vector<Result>& results) {
 }
 
 void MeasureLocationContents(Baseline& baseline, std::vector<Result>& results) {
-    const int32_t locationId = baseline
-                                   .Integers(
-                                       "SELECT StorageLocNo FROM CurrentPlace GROUP BY StorageLocNo "
-                                       "ORDER BY ABS(COUNT(*) - 190), StorageLocNo LIMIT 1")
-                                   .at(0);
+    const int32_t locationId = UsualLocation(baseline);
     const StorageLocationRef location = GetStorageLocationStatic().FindByID(locationId);
     Require(location != nullptr, "The location with 190 items is not in the location document.");
     Statement contents = baseline.Prepare(contentsText);

@@ -25,6 +25,9 @@ void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
 
+// The location with about 190 items.
+int32_t UsualLocation(Baseline& baseline);
+
 // Selects `count` values, spread over all of them.
 template <typename Value>
 std::vector<Value> Spread(const std::vector<Value>& values, size_t count) {

@@ -1,7 +1,6 @@
 #include "base/Error.h"
 #include "host/HostDatabase.h"
-#include "tests/support/RaisedBy.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/database/schema/SchemaTest.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +16,6 @@ using Type = StorageLocationTypes;
 constexpr const char* containerGone =
     "Its container has been moved or deleted in the meantime. Refresh the locations and try again.";
 
-std::string LocationInsert(const std::string& name, int type, const std::string& path) {
-    return "INSERT INTO StorageLocation (Name,Type,Path,DateEntered,LastUpdated) VALUES ('" + name + "'," +
-           std::to_string(type) + ",'" + path + "','2026-01-01T00:00:00.000','2026-01-01T00:00:00.000')";
-}
-
 // The statements of a move, like those of the model.
 std::vector<std::string> Move(int id, const std::string& children, const std::string& proposed, int type,
                               const std::string& target) {
@@ -30,16 +24,7 @@ std::vector<std::string> Move(int id, const std::string& children, const std::st
             change + "'" + target + "' WHERE IdNo = " + std::to_string(id)};
 }
 
-class LocationTreeGuardsTest : public ::testing::Test {
-protected:
-    void Execute(const std::string& sql) { GetHostDatabase().Execute(sql); }
-    int32_t Count(const std::string& what) { return ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM " + what)); }
-    Error Raised(const std::string& sql) {
-        return RaisedBy([&] { Execute(sql); });
-    }
-
-    TestDatabase m_database;
-};
+class LocationTreeGuardsTest : public SchemaTest {};
 
 }  // namespace
 

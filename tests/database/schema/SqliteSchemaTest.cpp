@@ -4,8 +4,7 @@
 #include "database/SqliteEngine.h"
 #include "database/schema/SchemaUpgrade.h"
 #include "host/HostDatabase.h"
-#include "tests/support/RaisedBy.h"
-#include "tests/support/TestDatabase.h"
+#include "tests/database/schema/SchemaTest.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,21 +20,7 @@ namespace {
 using Kind = StoredItemTypes;
 using Type = StorageLocationTypes;
 
-std::string LocationInsert(const std::string& name, int type, const std::string& path) {
-    return "INSERT INTO StorageLocation (Name,Type,Path,DateEntered,LastUpdated) VALUES ('" + name + "'," +
-           std::to_string(type) + ",'" + path + "','2026-01-01T00:00:00.000','2026-01-01T00:00:00.000')";
-}
-
-class SqliteSchemaTest : public ::testing::Test {
-protected:
-    void Execute(const std::string& sql) { GetHostDatabase().Execute(sql); }
-    int32_t Count(const std::string& what) { return ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM " + what)); }
-    Error Raised(const std::string& sql) {
-        return RaisedBy([&] { Execute(sql); });
-    }
-
-    TestDatabase m_database;
-};
+class SqliteSchemaTest : public SchemaTest {};
 
 }  // namespace
 
