@@ -57,6 +57,7 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
     }
     const std::shared_ptr<SqliteEngine> engine = SqliteEngine::Open(department.path);
     for (const std::string& note : engine->Notes()) LogFailure("OpenDepartment", note);
+    engine->CheckInBackground();
     department.engine = engine;
     department.notes = engine->Notes();
     return department;

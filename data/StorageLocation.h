@@ -65,13 +65,15 @@ public:
     // This location and its sublocations, depth first, containers before their contents.
     std::vector<int32_t> GetSelfAndDescendantIDs() const;
 
-    // Internal to the module.
-    void InitializeAs(const std::string& name, StorageLocationTypes type);
-    void MakeRoot();
+    // Of its container.
     const LocationPath& GetPath() const { return m_path; }
-    void LoadFromXMLDOMNode(const pugi::xml_node& node);
 
 private:
+    friend class StorageLocationStatic;
+    friend struct StorageLocationInternals;  // for tests
+    void InitializeAs(const std::string& name, StorageLocationTypes type);
+    void MakeRoot();
+    void LoadFromXMLDOMNode(const pugi::xml_node& node);
     // Error 5 on a deleted object.
     void RequireNotDeleted(const char* source) const;
     // Queries the database, not the document.

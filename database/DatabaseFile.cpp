@@ -51,6 +51,12 @@ std::optional<FileIdentity> IdentityOf(const std::string& path) {
     return FileIdentity{file.st_dev, file.st_ino};
 }
 
+int64_t TimeOfLastWrite(const std::string& path) {
+    struct stat file {};
+    if (stat(path.c_str(), &file) != 0) return 0;
+    return int64_t{file.st_mtim.tv_sec} * 1'000'000'000 + file.st_mtim.tv_nsec;
+}
+
 bool IsOnNetwork(const std::string& path) {
     return std::find(std::begin(networkTypes), std::end(networkTypes), Type()(path)) != std::end(networkTypes);
 }

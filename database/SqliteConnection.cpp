@@ -2,7 +2,10 @@
 
 #include "base/Error.h"
 #include "base/Text.h"
+#include "database/BackgroundCheck.h"
+#include "database/DatabaseFile.h"
 #include "database/LockWait.h"
+#include "database/LogCheck.h"
 #include "database/SqliteError.h"
 #include "sql/tsql/TransactSqlRewriter.h"
 
@@ -49,14 +52,22 @@ void BindValues(SqliteStatement& statement, const sql::NormalizedStatement& norm
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds)
-    : m_database(OpenDatabase(path, busyMilliseconds)),
+SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds,
+                                   std::shared_ptr<const BackgroundCheck> check)
+    : m_path(path),
+      m_check(std::move(check)),
+      m_database(OpenDatabase(path, busyMilliseconds)),
       m_handle(m_database->getHandle()),
       m_statements(m_handle),
       m_temporaryTables(m_handle),
-      m_marks(m_handle) {}
+      m_marks(m_handle),
+      m_lastWrite(TimeOfLastWrite(path)) {}
 
-SqliteConnection::~SqliteConnection() = default;
+// The last connection to a file moves the log into it. That would destroy a backup that has been copied over the file.
+SqliteConnection::~SqliteConnection() {
+    if (TimeOfLastWrite(m_path) != m_lastWrite && HasLogOfAnotherFile(m_path))
+        sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
 
 template <typename Work>
 auto SqliteConnection::Watch(Work work) {
@@ -153,6 +164,7 @@ void SqliteConnection::Commit() {
         throw;
     }
     EndBatch();
+    m_lastWrite = TimeOfLastWrite(m_path);  // a commit may move the log into the file
 }
 
 // After COMMIT failed. The end of a transaction is the last thing that is written, then it is synchronized.
@@ -202,7 +214,8 @@ void SqliteConnection::Rollback() noexcept {
 bool SqliteConnection::IsHealthy() {
     int hasMoved = 0;
     sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
-    return m_isHealthy && !hasMoved;
+    const bool isDamaged = m_check && m_check->HasFoundDamage();
+    return m_isHealthy && !hasMoved && !isDamaged && TimeOfLastWrite(m_path) == m_lastWrite;
 }
 
 void SqliteConnection::Reset() {

@@ -17,11 +17,15 @@ class Database;
 
 namespace quellbrook {
 
+class BackgroundCheck;
+
 // A connection to a SQLite file with a write-ahead log, full synchronization and foreign keys. Statements are rewritten
 // from Transact-SQL. Queries and the data-changing statements of batches stay prepared.
 class SqliteConnection : public Connection {
 public:
-    SqliteConnection(const std::string& path, int busyMilliseconds);
+    // The check belongs to the file and may be null.
+    SqliteConnection(const std::string& path, int busyMilliseconds,
+                     std::shared_ptr<const BackgroundCheck> check = nullptr);
     ~SqliteConnection() override;
 
     void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
@@ -35,7 +39,8 @@ public:
     std::string TransactionName() const override { return m_mark; }
     // See Engine::WasCommitted.
     bool SettleOutcome(const std::string& mark);
-    // Also false after the file has been deleted or replaced, since changes to it would be lost.
+    // Also false after the file has been deleted, replaced or written to by anything but this connection, since its
+    // cache may not fit the file, and after the check has found damage.
     bool IsHealthy() override;
     void Reset() override;
 
@@ -49,12 +54,15 @@ private:
     void EndBatch() noexcept;
     void MoveLogIntoFile();
 
+    std::string m_path;
+    std::shared_ptr<const BackgroundCheck> m_check;
     std::unique_ptr<SQLite::Database> m_database;
     sqlite3* m_handle;
     StatementCache m_statements;
     TemporaryTables m_temporaryTables;
     BatchMarks m_marks;
     std::string m_mark;
+    int64_t m_lastWrite;  // see TimeOfLastWrite
     sql::NormalizedStatement m_normalized;
     bool m_inBatch = false;
     bool m_isHealthy = true;

@@ -1,12 +1,16 @@
 #include "database/SqliteEngine.h"
 
 #include "base/Error.h"
+#include "database/BackgroundCheck.h"
 #include "database/LogCheck.h"
 #include "database/SqliteConnection.h"
+#include "database/SqliteError.h"
 #include "database/SqliteFileCheck.h"
 #include "database/schema/SchemaUpgrade.h"
 #include "database/schema/SideTables.h"
 #include "database/schema/SqliteSchema.h"
+
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <utility>
@@ -68,14 +72,24 @@ void SqliteEngine::RequireSameFile() const {
               "-shm' into another folder, restore the backup again, and start the program.");
 }
 
-std::unique_ptr<Connection> SqliteEngine::Open() {
-    RequireSameFile();
-    return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds);
+void SqliteEngine::CheckInBackground() {
+    if (!IsCheckedWhenOpened(m_path)) m_check = std::make_shared<const BackgroundCheck>(m_path);
 }
 
-bool SqliteEngine::WasCommitted(const std::string& transactionName) {
+void SqliteEngine::WaitForCheck() const {
+    if (m_check) m_check->Wait();
+}
+
+std::unique_ptr<SqliteConnection> SqliteEngine::Connect() const {
     RequireSameFile();
-    return SqliteConnection(m_path, m_busyMilliseconds).SettleOutcome(transactionName);
+    if (m_check && m_check->HasFoundDamage()) RaiseSqliteError(SQLITE_CORRUPT, "quick_check", "SqliteEngine.Open");
+    return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds, m_check);
+}
+
+std::unique_ptr<Connection> SqliteEngine::Open() { return Connect(); }
+
+bool SqliteEngine::WasCommitted(const std::string& transactionName) {
+    return Connect()->SettleOutcome(transactionName);
 }
 
 }  // namespace quellbrook

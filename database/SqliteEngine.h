@@ -10,6 +10,9 @@
 
 namespace quellbrook {
 
+class BackgroundCheck;
+class SqliteConnection;
+
 // A department database in one SQLite file.
 class SqliteEngine : public Engine {
 public:
@@ -19,12 +22,18 @@ public:
     // Opens an existing database of this program. One of an older version is upgraded, after a copy of it has been made
     // beside it. Raises error 5 with a message for the user if the file
     // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or
-    // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole.
+    // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole, see
+    // CheckInBackground.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
 
     // What an administrator should know about the opening, one sentence or more each: an upgrade, and side tables that
     // are not used since they may be wrong.
     const std::vector<std::string>& Notes() const { return m_notes; }
+
+    // Starts to check a larger file for damage. After damage has been found, no connection can be opened or reused.
+    void CheckInBackground();
+    // Returns when the check has ended.
+    void WaitForCheck() const;
 
     std::unique_ptr<Connection> Open() override;
     bool WasCommitted(const std::string& transactionName) override;
@@ -36,12 +45,14 @@ private:
 
     // Raises an error if another file has taken the place of ours.
     void RequireSameFile() const;
+    std::unique_ptr<SqliteConnection> Connect() const;
 
     std::string m_path;
     std::optional<FileIdentity> m_file = IdentityOf(m_path);
     int m_busyMilliseconds;
     Dialect m_dialect;
     std::vector<std::string> m_notes;
+    std::shared_ptr<const BackgroundCheck> m_check;
 };
 
 }  // namespace quellbrook

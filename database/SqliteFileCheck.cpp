@@ -101,9 +101,7 @@ void CheckTables(SQLite::Database& database, const std::string& path) {
 }
 
 void CheckPages(SQLite::Database& database, const std::string& path) {
-    std::error_code failure;
-    const uintmax_t size = std::filesystem::file_size(path, failure);
-    if (failure || size > wholeCheckLimit) return;
+    if (!IsCheckedWhenOpened(path)) return;
     const std::string answer = database.execAndGet("PRAGMA quick_check(1)").getString();
     if (answer != "ok") RefuseDamaged(path);
 }
@@ -114,6 +112,12 @@ void AllowCheckpoint(SQLite::Database& database, bool allowed) {
 }
 
 }  // namespace
+
+bool IsCheckedWhenOpened(const std::string& path) {
+    std::error_code failure;
+    const uintmax_t size = std::filesystem::file_size(path, failure);
+    return !failure && size <= wholeCheckLimit;
+}
 
 void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit) {
     CheckHeader(path);

@@ -10,4 +10,7 @@ namespace quellbrook {
 // its companions: only the owner keeps them.
 void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit);
 
+// Whether CheckSqliteFile checks the whole file for damage. Only a file of up to 64 MiB, since it takes long.
+bool IsCheckedWhenOpened(const std::string& path);
+
 }  // namespace quellbrook

@@ -49,6 +49,20 @@ bool WasCommitted(const std::string& transactionName, const Error& failure) {
     }
 }
 
+void InTransaction(Connection& connection, const std::function<void(Connection&)>& work) {
+    try {
+        connection.Begin();
+        work(connection);
+        connection.Commit();
+    } catch (...) {
+        const Error failure = CurrentError();
+        const std::string name = connection.TransactionName();
+        connection.Rollback();
+        if (name.empty() || !WasCommitted(name, failure)) throw;
+        LogFailure(failure.Source(), failure.Description());
+    }
+}
+
 RowList AllRows(Connection& connection, const std::string& sql, const std::vector<TaggedValue>& parameters) {
     RowList rows;
     connection.Query(sql, parameters, [&](const Row& row) {
@@ -92,30 +106,21 @@ TaggedValue HostDatabase::LookupValue(const std::string& table, const std::strin
     return row ? row->At(0) : TaggedValue(Null());
 }
 
-void HostDatabase::Execute(const std::string& sql) { Borrow()->Execute(sql); }
+void HostDatabase::Execute(const std::string& sql) { ExecuteWithParameters(sql, {}); }
 
 void HostDatabase::ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters) {
-    Borrow()->Execute(sql, parameters);
+    InTransaction(*Borrow(), [&](Connection& connection) { connection.Execute(sql, parameters); });
 }
 
 void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements,
                                 const std::function<void(const BatchQuery&)>& check) {
-    const ConnectionPool::Lease connection = Borrow();
-    try {
-        connection->Begin();
+    InTransaction(*Borrow(), [&](Connection& connection) {
         if (check)
             check([&](const std::string& sql, const std::vector<TaggedValue>& parameters) {
-                return AllRows(*connection, sql, parameters);
+                return AllRows(connection, sql, parameters);
             });
-        for (const std::string& statement : statements) connection->Execute(statement);
-        connection->Commit();
-    } catch (...) {
-        const Error failure = CurrentError();
-        const std::string name = connection->TransactionName();
-        connection->Rollback();
-        if (name.empty() || !WasCommitted(name, failure)) throw;
-        LogFailure(failure.Source(), failure.Description());
-    }
+        for (const std::string& statement : statements) connection.Execute(statement);
+    });
 }
 
 int32_t HostDatabase::InsertRow(const std::string& table, const std::string& keyColumn, const pugi::xml_node& row) {
@@ -133,8 +138,12 @@ int32_t HostDatabase::InsertRow(const std::string& table, const std::string& key
         columns.push_back(name);
         values.push_back(ValueFor(child.text().get(), KindOf(known, name)));
     }
-    connection->Execute(InsertText(table, columns), values);
-    return connection->LastIdentity();
+    int32_t key = 0;
+    InTransaction(*connection, [&](Connection&) {
+        connection->Execute(InsertText(table, columns), values);
+        key = connection->LastIdentity();
+    });
+    return key;
 }
 
 std::string HostDatabase::PrepareText(const std::string& text) const {

@@ -31,15 +31,15 @@ public:
     TaggedValue LookupValue(const std::string& table, const std::string& expression,
                             const std::vector<std::string>& conditions);
 
+    // Each function that writes does so in one transaction: a failure rolls it back. After a failed commit, it returns
+    // if the transaction was committed all the same, and raises UnknownOutcome if that can't be found out.
     void Execute(const std::string& sql);
     void ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters);
 
     // Returns all rows of a SELECT, which it runs on the connection of a batch.
     using BatchQuery = std::function<RowList(const std::string& sql, const std::vector<TaggedValue>& parameters)>;
-    // All statements in order, on one connection, in one transaction. A failure rolls all of them back. After a failed
-    // commit, returns if the batch was committed all the same, and raises UnknownOutcome if that can't be found out.
-    // The check runs in the transaction before the first statement. What it reads stays unchanged until the end of the
-    // batch, and an error that it throws ends the batch.
+    // All statements in order, in one transaction. The check runs in the transaction before the first statement. What
+    // it reads stays unchanged until the end of the batch, and an error that it throws ends the batch.
     void ExecuteBatch(const std::vector<std::string>& statements,
                       const std::function<void(const BatchQuery&)>& check = nullptr);
 

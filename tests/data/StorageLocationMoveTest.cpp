@@ -3,6 +3,7 @@
 #include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/StorageLocationInternals.h"
 
 namespace quellbrook {
 
@@ -263,7 +264,7 @@ TEST_F(StorageLocationMove, ADeletedLocationCannotBeMoved) {
     bin->Delete();
     ExpectRefused(bin, Find(m_tree.annex), "The current location has been deleted.");
     ExpectRefused(bin, bin, "The current location has been deleted.");
-    bin->MakeRoot();
+    StorageLocationInternals::MakeRoot(*bin);
     ExpectRefused(bin, Find(m_tree.annex), "Cannot move 'Bin' - it is a type of location, not an actual location.");
 }
 

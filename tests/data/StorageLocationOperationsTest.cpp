@@ -2,6 +2,7 @@
 #include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/StorageLocationInternals.h"
 
 namespace quellbrook {
 
@@ -46,7 +47,7 @@ protected:
     StorageLocationRef DeletedRoot() {
         auto location = Find(m_tree.bin);
         location->Delete();
-        location->MakeRoot();
+        StorageLocationInternals::MakeRoot(*location);
         return location;
     }
 
@@ -62,10 +63,11 @@ TEST_F(StorageLocationOperations, CreatingSendsOneInsertAndReadsTheTable) {
     const auto recording = Record();
     Find(m_tree.room)->CreateSubLocation("Crate");
     EXPECT_EQ(recording->Log(),
-              (Texts{"INSERT INTO StorageLocation (Name,Type,Path,ActiveFlag,DateEntered,LastUpdated) "
+              (Texts{"BEGIN",
+                     "INSERT INTO StorageLocation (Name,Type,Path,ActiveFlag,DateEntered,LastUpdated) "
                      "VALUES (?,?,?,?,?,?)",
-                     ReloadText}));
-    EXPECT_EQ(recording->Parameters(0), (Parameters{"Crate", 2, "/0/1/", true, m_clock.Now(), m_clock.Now()}));
+                     "COMMIT", ReloadText}));
+    EXPECT_EQ(recording->Parameters(1), (Parameters{"Crate", 2, "/0/1/", true, m_clock.Now(), m_clock.Now()}));
 }
 
 TEST_F(StorageLocationOperations, CreatingReturnsTheNewLocationAndLeavesTheParentUnchanged) {
@@ -121,7 +123,7 @@ TEST_F(StorageLocationOperations, ANewLocationMayNotHaveTheNameOfItsSibling) {
 TEST_F(StorageLocationOperations, AfterAFailedCreationTheDatabaseIsAskedForTheName) {
     const auto recording = Record();
     testing::RaisedBy([&] { Root(Types::External)->CreateSubLocation("Court"); });
-    EXPECT_EQ(recording->Log().size(), 2u);
+    EXPECT_EQ(recording->Log().size(), 4u);
     EXPECT_EQ(recording->Log().back(),
               "SELECT COUNT(IdNo) AS TotalCount FROM StorageLocation WHERE Path='/0/' AND "
               "Name='Court' AND Type=4 AND IdNo <> 0");
@@ -155,10 +157,11 @@ TEST_F(StorageLocationOperations, ADeletedLocationCannotGetSublocations) {
 TEST_F(StorageLocationOperations, SettingTheFlagSendsOneUpdateWithParametersAndReadsTheTable) {
     const auto recording = Record();
     Find(m_tree.room)->SetEnabled(false);
-    EXPECT_EQ(recording->Log(), (Texts{"UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?", ReloadText}));
-    EXPECT_EQ(recording->Parameters(0), (Parameters{false, m_tree.room}));
+    EXPECT_EQ(recording->Log(),
+              (Texts{"BEGIN", "UPDATE StorageLocation SET ActiveFlag = ? WHERE IdNo = ?", "COMMIT", ReloadText}));
+    EXPECT_EQ(recording->Parameters(1), (Parameters{false, m_tree.room}));
     Find(m_tree.room)->SetEnabled(true);
-    EXPECT_EQ(recording->Parameters(2), (Parameters{true, m_tree.room}));
+    EXPECT_EQ(recording->Parameters(5), (Parameters{true, m_tree.room}));
 }
 
 TEST_F(StorageLocationOperations, TheFlagIsSetOnOneRowAloneAndTheObjectShowsIt) {
@@ -203,9 +206,10 @@ TEST_F(StorageLocationOperations, AFailureToSetTheFlagNamesTheChange) {
 TEST_F(StorageLocationOperations, RenamingSendsOneUpdateWithTheMomentAndReadsTheTable) {
     const auto recording = Record();
     Find(m_tree.room)->Rename("O'Neil's");
-    EXPECT_EQ(recording->Log(), (Texts{"UPDATE StorageLocation SET Name = 'O''Neil''s', LastUpdated = "
+    EXPECT_EQ(recording->Log(), (Texts{"BEGIN",
+                                       "UPDATE StorageLocation SET Name = 'O''Neil''s', LastUpdated = "
                                        "'2026-11-20T13:14:15.123' WHERE IdNo = 1",
-                                       ReloadText}));
+                                       "COMMIT", ReloadText}));
 }
 
 TEST_F(StorageLocationOperations, ARenamedLocationShowsItsNewNameEverywhere) {
@@ -246,7 +250,7 @@ TEST_F(StorageLocationOperations, TheNameOfASiblingIsRejectedByTheConstraint) {
     const auto bin = Find(m_tree.bin);
     ExpectRefused(
         "Rename", [&] { bin->Rename("SHELF"); }, "A location with the name 'SHELF' already exists here.");
-    EXPECT_EQ(recording->Log().size(), 1u) << "the name is not asked for";
+    EXPECT_EQ(recording->Log().size(), 3u) << "the name is not asked for";
     EXPECT_EQ(bin->Name(), "Bin");
 }
 

@@ -4,12 +4,14 @@
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/StorageLocationInternals.h"
 
 namespace quellbrook {
 
 namespace {
 
 using Ids = std::vector<int32_t>;
+using Internals = StorageLocationInternals;
 constexpr auto Internal = StorageLocationTypes::Internal;
 constexpr auto External = StorageLocationTypes::External;
 
@@ -54,7 +56,7 @@ std::unique_ptr<pugi::xml_document> MakeNode(std::vector<std::pair<const char*, 
 Error LoadError(std::vector<std::pair<const char*, const char*>> changes) {
     const auto document = MakeNode(std::move(changes));
     StorageLocation location;
-    return testing::RaisedBy([&] { location.LoadFromXMLDOMNode(document->document_element()); });
+    return testing::RaisedBy([&] { Internals::Load(location, *document); });
 }
 
 }  // namespace
@@ -101,7 +103,7 @@ TEST_F(StorageLocationTest, ParentsLeadUpToTheRootOfTheType) {
 TEST_F(StorageLocationTest, ADeletedContainerIsNotAParentAndEndsThePath) {
     const auto document = MakeNode({{"Path", "/0/4711/"}});
     const auto orphan = std::make_shared<StorageLocation>();
-    orphan->LoadFromXMLDOMNode(document->document_element());
+    Internals::Load(*orphan, *document);
     EXPECT_EQ(orphan->Parent(), nullptr);
     EXPECT_EQ(orphan->FullPath(), "Shelf");
 }
@@ -248,7 +250,7 @@ TEST_F(StorageLocationTest, RefreshOfARootReadsNothing) {
 TEST_F(StorageLocationTest, ANodeIsReadChildByChild) {
     const auto document = MakeNode();
     StorageLocation location;
-    location.LoadFromXMLDOMNode(document->document_element());
+    Internals::Load(location, *document);
     EXPECT_EQ(location.ID(), 7);
     EXPECT_EQ(location.Name(), "Shelf");
     EXPECT_EQ(location.GetPath().Ids(), (Ids{0, 5}));
@@ -258,15 +260,15 @@ TEST_F(StorageLocationTest, ANodeIsReadChildByChild) {
 
 TEST_F(StorageLocationTest, ANodeWithoutAnActiveFlagKeepsTheObjectsValue) {
     StorageLocation location;
-    location.LoadFromXMLDOMNode(MakeNode()->document_element());
+    Internals::Load(location, *MakeNode());
     ASSERT_FALSE(location.Enabled());
-    location.LoadFromXMLDOMNode(MakeNode({{"ActiveFlag", nullptr}})->document_element());
+    Internals::Load(location, *MakeNode({{"ActiveFlag", nullptr}}));
     EXPECT_FALSE(location.Enabled());
 }
 
 TEST_F(StorageLocationTest, AnIdentifierMayHaveBlanksAroundIt) {
     StorageLocation location;
-    location.LoadFromXMLDOMNode(MakeNode({{"IdNo", " 12"}})->document_element());
+    Internals::Load(location, *MakeNode({{"IdNo", " 12"}}));
     EXPECT_EQ(location.ID(), 12);
 }
 
@@ -293,12 +295,12 @@ TEST_F(StorageLocationTest, TextThatDoesNotConvertIsReportedWithItsNumberAndStep
 
 TEST_F(StorageLocationTest, InitializeAndMakeRootSetWhatARootNeeds) {
     StorageLocation location;
-    location.InitializeAs("Sign-In Locations", Internal);
+    Internals::InitializeAs(location, "Sign-In Locations", Internal);
     EXPECT_EQ(location.Name(), "Sign-In Locations");
     EXPECT_EQ(location.LocationType(), Internal);
     EXPECT_EQ(location.GetPath().Ids(), Ids{0});
     EXPECT_FALSE(location.IsRoot());
-    location.MakeRoot();
+    Internals::MakeRoot(location);
     EXPECT_TRUE(location.IsRoot());
     EXPECT_TRUE(location.GetPath().Ids().empty());
 }

@@ -1,4 +1,5 @@
 #include "base/Error.h"
+#include "database/DatabaseFile.h"
 #include "database/LogCheck.h"
 #include "database/SqliteEngine.h"
 #include "database/schema/SqliteSchema.h"
@@ -148,4 +149,42 @@ TEST_F(RestoredFileTest, AnOlderFileThatIsCopiedOverOursUnderARunningProgramIsNo
     std::ofstream(m_path, std::ios::binary) << backup;
     EXPECT_THAT(RaisedBy([&] { engine->Open(); }).Description(), HasSubstr("has been replaced"));
     EXPECT_TRUE(BytesOf(m_path) == backup);
+}
+
+TEST_F(RestoredFileTest, AConnectionThatIsOpenNoticesAFileThatIsCopiedOverOursAndLeavesItAlone) {
+    Batches(3, m_path);
+    const std::string backup = BytesOf(m_path);
+    Batches(2, m_path);
+    const auto engine = SqliteEngine::Open(m_path);
+    auto connection = engine->Open();
+    WriteBatch(*connection);
+    EXPECT_TRUE(connection->IsHealthy());
+    std::ofstream(m_path, std::ios::binary) << backup;
+    EXPECT_FALSE(connection->IsHealthy());
+    connection.reset();
+    EXPECT_TRUE(BytesOf(m_path) == backup);
+    EXPECT_THAT(RaisedBy([&] { engine->Open(); }).Description(), HasSubstr("has been replaced"));
+}
+
+TEST_F(RestoredFileTest, AConnectionIsNotReusedAfterItsFileWasCopiedOverEvenIfNoLogIsLost) {
+    const std::string empty = BytesOf(m_path);
+    Batches(1, m_path);
+    const auto engine = SqliteEngine::Open(m_path);
+    const auto connection = engine->Open();
+    connection->Query("SELECT COUNT(*) FROM Property", {}, [](const Row&) { return false; });
+    EXPECT_TRUE(connection->IsHealthy());
+    std::ofstream(m_path, std::ios::binary) << empty;
+    EXPECT_FALSE(connection->IsHealthy());
+    engine->Open()->Query("SELECT COUNT(*) FROM Property", {}, [](const Row& row) {
+        EXPECT_EQ(row.At(0), TaggedValue(0));
+        return false;
+    });
+}
+
+TEST_F(RestoredFileTest, AConnectionStaysUsableAfterItsOwnBatchesMovedTheLogIntoTheFile) {
+    const auto connection = SqliteEngine::Open(m_path)->Open();
+    const int64_t before = TimeOfLastWrite(m_path);
+    for (int i = 0; i < 400; ++i) WriteBatch(*connection);
+    EXPECT_NE(TimeOfLastWrite(m_path), before);
+    EXPECT_TRUE(connection->IsHealthy());
 }

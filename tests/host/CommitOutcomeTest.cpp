@@ -22,8 +22,6 @@ namespace {
 
 using Call = FaultyFileSystem::Call;
 
-constexpr int propertiesOfBatch = 4;
-
 enum class Outcome { Completed, Refused, Unknown };
 
 class CountingLog : public ErrorLog {
@@ -70,14 +68,18 @@ protected:
         m_other.reset();
     }
 
-    // Writes several pages and one row to count.
-    static Outcome RunBatch() {
+    // Writes several pages and one row to count, or only the row by a statement of its own.
+    Outcome RunBatch() const {
         std::vector<std::string> statements;
-        for (int i = 0; i < propertiesOfBatch; ++i)
+        for (int i = 0; i < m_propertiesOfBatch; ++i)
             statements.push_back("INSERT INTO Property (Description) VALUES ('" + std::string(1000, 'x') + "')");
-        statements.push_back("INSERT INTO AttachmentFolder (Path) VALUES ('batch')");
+        const std::string counted = "INSERT INTO AttachmentFolder (Path) VALUES ('batch')";
+        statements.push_back(counted);
         try {
-            GetHostDatabase().ExecuteBatch(statements);
+            if (m_propertiesOfBatch > 0)
+                GetHostDatabase().ExecuteBatch(statements);
+            else
+                GetHostDatabase().Execute(counted);
             return Outcome::Completed;
         } catch (const UnknownOutcome&) {
             return Outcome::Unknown;
@@ -91,7 +93,7 @@ protected:
         SQLite::Database database(path, SQLite::OPEN_READWRITE);
         EXPECT_EQ(database.execAndGet("PRAGMA quick_check").getString(), "ok");
         const int batches = database.execAndGet("SELECT COUNT(*) FROM AttachmentFolder").getInt();
-        EXPECT_EQ(database.execAndGet("SELECT COUNT(*) FROM Property").getInt(), batches * propertiesOfBatch);
+        EXPECT_EQ(database.execAndGet("SELECT COUNT(*) FROM Property").getInt(), batches * m_propertiesOfBatch);
         return batches;
     }
     int BatchesAfterACrash() {
@@ -133,6 +135,17 @@ protected:
         }
     }
 
+    void TryEachFault() {
+        for (const auto& [call, times] :
+             {std::pair(Call::Write, 1), std::pair(Call::Write, 1000), std::pair(Call::Sync, 1),
+              std::pair(Call::Sync, 2), std::pair(Call::Sync, 1000)})
+            for (const bool hasOtherProgram : {false, true}) {
+                m_hasStruck = true;
+                for (int n = 1; m_hasStruck; ++n) TryBatch({call, n, times, hasOtherProgram});
+            }
+        EXPECT_EQ(m_seen, (std::set<Outcome>{Outcome::Completed, Outcome::Refused, Outcome::Unknown}));
+    }
+
     ScratchFolder m_folder;
     FaultyFileSystem m_system;
     CountingLog m_log;
@@ -141,18 +154,16 @@ protected:
     std::string m_empty = m_folder.In("empty.db");
     std::string m_path;
     int m_count = 0;
+    int m_propertiesOfBatch = 4;
     bool m_hasStruck = false;
     std::set<Outcome> m_seen;
 };
 
 }  // namespace
 
-TEST_F(CommitOutcomeTest, WhateverCallOfTheDiskFailsTheReportFitsWhatIsFoundLater) {
-    for (const auto& [call, times] : {std::pair(Call::Write, 1), std::pair(Call::Write, 1000), std::pair(Call::Sync, 1),
-                                      std::pair(Call::Sync, 2), std::pair(Call::Sync, 1000)})
-        for (const bool hasOtherProgram : {false, true}) {
-            m_hasStruck = true;
-            for (int n = 1; m_hasStruck; ++n) TryBatch({call, n, times, hasOtherProgram});
-        }
-    EXPECT_EQ(m_seen, (std::set<Outcome>{Outcome::Completed, Outcome::Refused, Outcome::Unknown}));
+TEST_F(CommitOutcomeTest, WhateverCallOfTheDiskFailsTheReportOfABatchFitsWhatIsFoundLater) { TryEachFault(); }
+
+TEST_F(CommitOutcomeTest, WhateverCallOfTheDiskFailsTheReportOfAStatementFitsWhatIsFoundLater) {
+    m_propertiesOfBatch = 0;
+    TryEachFault();
 }

@@ -1,0 +1,97 @@
+#include "base/Error.h"
+#include "database/BackgroundCheck.h"
+#include "database/SqliteConnection.h"
+#include "database/SqliteEngine.h"
+#include "database/SqliteFileCheck.h"
+#include "database/schema/SqliteSchema.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/ScratchFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+
+using namespace quellbrook;
+using namespace quellbrook::testing;
+
+namespace {
+
+// A department that is too large to be checked when it is opened.
+class BackgroundCheckTest : public ::testing::Test {
+protected:
+    BackgroundCheckTest() {
+        CreateDatabase(m_path);
+        const auto connection = SqliteEngine::Open(m_path)->Open();
+        for (int i = 0; i < 3; ++i)
+            connection->Execute("INSERT INTO Property (Description) VALUES (?)", {std::string(25'000'000, 'x')});
+    }
+
+    // Overwrites the pages at the end of the file.
+    void Damage() const {
+        std::fstream file(m_path, std::ios::binary | std::ios::in | std::ios::out);
+        const std::string bytes(4096 * 8, '\xA5');
+        file.seekp(-static_cast<std::streamoff>(bytes.size()), std::ios::end);
+        file << bytes;
+    }
+
+    static std::ptrdiff_t OpenFiles() {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    }
+
+    ScratchFolder m_folder;
+    std::string m_path = m_folder.In("department.db");
+};
+
+}  // namespace
+
+TEST_F(BackgroundCheckTest, AWholeFileStaysInUse) {
+    EXPECT_FALSE(IsCheckedWhenOpened(m_path));
+    const auto engine = SqliteEngine::Open(m_path);
+    const auto connection = engine->Open();
+    engine->CheckInBackground();
+    engine->WaitForCheck();
+    EXPECT_TRUE(connection->IsHealthy());
+    EXPECT_TRUE(engine->Open()->IsHealthy());
+}
+
+TEST_F(BackgroundCheckTest, ADamagedFileIsNotUsedAfterTheCheck) {
+    Damage();
+    const auto engine = SqliteEngine::Open(m_path);
+    engine->CheckInBackground();
+    engine->WaitForCheck();
+    const Error error = RaisedBy([&] { engine->Open(); });
+    EXPECT_EQ(error.Number(), SQLITE_CORRUPT);
+    EXPECT_THAT(error.Description(), ::testing::StartsWith("The database is damaged. Stop working with it"));
+    EXPECT_EQ(RaisedBy([&] { engine->WasCommitted("1 1"); }).Number(), SQLITE_CORRUPT);
+}
+
+TEST_F(BackgroundCheckTest, AConnectionIsNotReusedAfterTheCheckHasFoundDamage) {
+    Damage();
+    const auto check = std::make_shared<BackgroundCheck>(m_path);
+    SqliteConnection connection(m_path, 1000, check);
+    check->Wait();
+    EXPECT_FALSE(connection.IsHealthy());
+}
+
+TEST_F(BackgroundCheckTest, ACheckThatIsStoppedClosesTheFile) {
+    const auto before = OpenFiles();
+    for (int i = 0; i < 20; ++i) {
+        const BackgroundCheck check(m_path);
+        EXPECT_GT(OpenFiles(), before);
+    }
+    EXPECT_EQ(OpenFiles(), before);
+}
+
+TEST_F(BackgroundCheckTest, AFileThatWasCheckedWhenOpenedIsNotCheckedAgain) {
+    const std::string path = m_folder.In("small.db");
+    CreateDatabase(path);
+    EXPECT_TRUE(IsCheckedWhenOpened(path));
+    const auto engine = SqliteEngine::Open(path);
+    engine->CheckInBackground();
+    engine->WaitForCheck();
+    EXPECT_TRUE(engine->Open()->IsHealthy());
+}
