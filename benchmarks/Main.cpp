@@ -8,10 +8,12 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <iterator>
 
 using namespace quellbrook;
 
@@ -109,13 +111,18 @@ const Group groups[] = {
     {"contents", bench::MeasureLocationContents},
     {"descriptions", bench::MeasureDescriptions},
     {"broad", bench::MeasureBroadCriteria},
-    {"chains", bench::MeasureChain},
+    {"chains", bench::MeasureChain, true},
     {"relations", bench::MeasureRelations},
     {"locations", [](bench::Baseline& baseline,
                      std::vector<bench::Result>& results) { bench::MeasureLocationTree(baseline, 10, results); }},
     {"transfers", bench::MeasureTransfers, true},
     {"many", bench::MeasureManyHits},
 };
+
+bool IsGroup(const std::string& name) {
+    const auto isNamed = [&](const Group& group) { return group.name == name; };
+    return name == "shell" || std::any_of(std::begin(groups), std::end(groups), isNamed);
+}
 
 int Run(bool quick, const std::string& directory, const std::string& only) {
     std::filesystem::create_directories(directory);
@@ -150,7 +157,7 @@ int main(int argc, char** argv) {
             quick = true;
         } else if (std::strcmp(argv[i], "--directory") == 0 && i + 1 < argc) {
             directory = argv[++i];
-        } else if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc) {
+        } else if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc && IsGroup(argv[i + 1])) {
             only = argv[++i];
         } else {
             fmt::print(stderr, "Usage: quellbrook_bench [--quick] [--only GROUP] [--directory DIR]\n");

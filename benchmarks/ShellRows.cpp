@@ -24,7 +24,7 @@ namespace quellbrook::bench {
 
 namespace {
 
-constexpr int dialogs = 1000, switches = 10'000, share = 100;
+constexpr int dialogs = 1000, switches = 10'000, share = 250;
 constexpr int fewSwitches = 2000;  // in a quick run
 constexpr double pace = 1.2, bytesLeft = 16;
 
@@ -86,7 +86,7 @@ struct Pace {
     double ratio;      // of an operation to the constant work just before and after it
 };
 
-Pace MeasureHundred(const std::function<void()>& operation) {
+Pace MeasureShare(const std::function<void()>& operation) {
     std::vector<double> yardsticks, ratios;
     double before = MicrosecondsOf(PaintYardstick);
     for (int i = 0; i < share; ++i) {
@@ -99,19 +99,19 @@ Pace MeasureHundred(const std::function<void()>& operation) {
     return {Median(yardsticks), Median(ratios)};
 }
 
-// Compares the last hundred operations, scaled to the machine's speed during the first hundred, with these; and
+// Compares the last operations, scaled to the machine's speed during the first ones, with these; and
 // measures the memory that each operation of the second half leaves, when Qt's caches are full.
 void MeasurePace(const char* name, int count, const std::function<void()>& operation, std::vector<Result>& results) {
     for (int i = 0; i < share; ++i) operation();
-    const Pace first = MeasureHundred(operation);
+    const Pace first = MeasureShare(operation);
     for (int i = share; i < count / 2; ++i) operation();
     const size_t bytes = mallinfo2().uordblks;
     const qsizetype widgets = QApplication::allWidgets().size();
     for (int i = count / 2; i < count - share; ++i) operation();
-    const Pace last = MeasureHundred(operation);
+    const Pace last = MeasureShare(operation);
     Require(QApplication::allWidgets().size() == widgets, std::string(name) + ": a widget was left behind.");
     const double left = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(bytes);
-    results.push_back({std::string(name) + ", last hundred over first", count, "us", last.ratio * first.yardstick,
+    results.push_back({std::string(name) + ", last 250 over first", count, "us", last.ratio * first.yardstick,
                        first.ratio * first.yardstick, pace});
     results.push_back(
         {std::string(name) + ", bytes left by each", count, "B", std::max(0.0, left / (count / 2)), {}, bytesLeft});

@@ -26,7 +26,7 @@ bool IsPassword(const std::string& password, const std::string& hash) {
     return crypto_pwhash_str_verify(hash.c_str(), password.c_str(), password.size()) == 0;
 }
 
-// Checked for an unknown name, so that it takes as long as a wrong password.
+// Checked for an unknown name, so that it takes as long as a wrong password. The first call takes long.
 const std::string& HashForUnknownUser() {
     static const std::string hash = HashPassword("");
     return hash;
@@ -49,9 +49,10 @@ std::string DatabaseSession::AgencyName() const {
 void DatabaseSession::Login(const std::string& username, const std::string& password, const std::string&) {
     m_username.clear();
     m_limit->RequireTurn();
+    const std::string& hashForUnknown = HashForUnknownUser();
     const auto account = HostDatabase().QueryRow(
         "SELECT Username, PasswordHash FROM Account WHERE Username = ? AND IsActive = 1", {username});
-    const std::string hash = account ? ToText(account->Value("PasswordHash")) : HashForUnknownUser();
+    const std::string hash = account ? ToText(account->Value("PasswordHash")) : hashForUnknown;
     if (!IsPassword(password, hash) || !account) {
         m_limit->Failed();
         // The text of an unknown name may be a password that was typed into the wrong field.
