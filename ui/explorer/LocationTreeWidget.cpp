@@ -133,15 +133,27 @@ void LocationTreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& 
 void LocationTreeWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     Guard([&] {
         QTreeWidget::selectionChanged(selected, deselected);
-        if (!selected.isEmpty() && !m_isQuiet && !m_isPressed)
-            emit NodeChosen(itemFromIndex(selected.indexes().constFirst()));
+        if (selected.isEmpty() || m_isQuiet || m_isPressed) return;
+        QMetaObject::invokeMethod(
+            this, [this] { Guard([this] { EmitChosen(); }); }, Qt::QueuedConnection);
     });
 }
 
 void LocationTreeWidget::keyPressEvent(QKeyEvent* event) {
     Guard([this, event] {
-        if (!SendMenuKey(*this, *event)) QTreeWidget::keyPressEvent(event);
+        if (SendMenuKey(*this, *event)) return;
+        const QTreeWidgetItem* before = currentItem();
+        {
+            const QScopedValueRollback<bool> quiet(m_isQuiet, true);
+            QTreeWidget::keyPressEvent(event);
+        }
+        if (currentItem() != before) EmitChosen();
     });
+}
+
+void LocationTreeWidget::EmitChosen() {
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    if (!selected.isEmpty()) emit NodeChosen(selected.constFirst());
 }
 
 void LocationTreeWidget::mousePressEvent(QMouseEvent* event) {

@@ -33,7 +33,8 @@ signals:
     void RightReleased(QTreeWidgetItem* node);
     void MenuKeyPressed();
     void NodeDoubleClicked();
-    // The keyboard or an assistive tool selected a node.
+    // The keyboard or an assistive tool selected a node. Raised when Qt has finished the selection: a receiver may
+    // destroy the tree.
     void NodeChosen(QTreeWidgetItem* node);
 
 protected:
@@ -48,6 +49,7 @@ protected:
 
 private:
     QRect TextRect(const QModelIndex& index) const;
+    void EmitChosen();
     void ShowElidedName(const QPoint& at, const QPoint& globalAt);
 
     QTreeWidgetItem* m_dropHighlight = nullptr;

@@ -159,6 +159,16 @@ TEST_F(LocationTreeTest, TypingANameSelectsIt) {
     EXPECT_THAT(TakeSelected(), ElementsAre("Vault"));
 }
 
+TEST_F(LocationTreeTest, AnAssistiveToolSelectsLikeAClickOnceQtHasFinished) {
+    Show();
+    TakeSelected();
+    m_widget->setCurrentItem(Node("Vault"));
+    EXPECT_THAT(TakeSelected(), IsEmpty());
+    ServeEvents();
+    EXPECT_THAT(TakeSelected(), ElementsAre("Vault"));
+    EXPECT_EQ(m_tree->SelectedLocation()->ID(), m_vault);
+}
+
 TEST_F(LocationTreeTest, TheFocusAloneSelectsNothing) {
     Show();
     m_tree->SetSelectedLocation(nullptr);
