@@ -21,9 +21,7 @@
 #include "ui/platform/Twips.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QEvent>
-#include <QLineEdit>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QShortcut>
@@ -150,6 +148,7 @@ void EvidenceExplorer::ConnectMenu() {
     Bind(MenuEntry::RemoveFromBatch, [this] { GetActions().BulkRemoveFromCart(GetSelectedObjects()); });
     Bind(MenuEntry::SelectAll, [this] { m_itemPane->SelectAll(); });
     auto* again = new QShortcut(Qt::Key_F5, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    again->setAutoRepeat(false);
     connect(again, &QShortcut::activated, this, [this] { ReadAgain(); });
 }
 
@@ -187,7 +186,12 @@ void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
     const QPointer<EvidenceExplorer> self(this);
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(item)) {
         const bool hadFocus = ActiveChild() == m_itemPane;
-        m_itemPane->SetLocation(location);
+        try {
+            m_itemPane->SetLocation(location);
+        } catch (...) {
+            if (self) ShowFailure(CurrentError());
+            throw;
+        }
         if (self && hadFocus && !m_itemPane->isEnabled()) TrySetFocus(m_locationPane);
     } else if (const auto storedItem = std::dynamic_pointer_cast<StoredItem>(item)) {
         GetActions().OpenStoredItem(storedItem);
@@ -310,12 +314,12 @@ void EvidenceExplorer::PrintSelected() {
 
 // Reads again what another workstation may have changed.
 void EvidenceExplorer::ReadAgain() {
-    // F5 is no command for a text.
-    if (qobject_cast<QLineEdit*>(QApplication::focusWidget())) return;
     Guard([this] {
+        const QPointer<EvidenceExplorer> self(this);
         GetStorageLocationStatic().Refresh();
         m_locationPane->RefreshInPlace();
-        RefreshContents(&LocationView::RefreshInPlace);
+        // The pane shows no location after a failure, which has been reported.
+        if (self && m_itemPane->Location()) RefreshContents(&LocationView::RefreshInPlace);
     });
 }
 

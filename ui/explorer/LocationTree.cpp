@@ -15,7 +15,6 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QScrollBar>
-#include <QSet>
 
 namespace quellbrook {
 
@@ -229,13 +228,15 @@ void LocationTree::Refresh() {
 }
 
 void LocationTree::RefreshInPlace() {
-    QSet<QString> expanded;
+    QHash<QString, bool> expanded;
     for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
-        if (node.value()->isExpanded()) expanded.insert(node.key());
+        expanded.insert(node.key(), node.value()->isExpanded());
     const int scroll = m_treeView->verticalScrollBar()->value();
+    const QPointer<LocationTree> self(this);
     Refresh();
+    if (!self) return;
     for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
-        node.value()->setExpanded(expanded.contains(node.key()));
+        node.value()->setExpanded(expanded.value(node.key(), node.value()->isExpanded()));
     m_treeView->doItemsLayout();
     m_treeView->verticalScrollBar()->setValue(scroll);
 }

@@ -50,7 +50,7 @@ public:
     StorageLocationRef DropHighlightLocation() const;
     // Reads the hierarchy again; the parent replaces a selected location that has been deleted.
     void Refresh();
-    // Refreshes and restores the expanded nodes and the scroll position.
+    // Refreshes and restores the scroll position, and for each node of before whether it is expanded.
     void RefreshInPlace();
 
     // The tree's own menu, for an owner that returns it through GetContextMenu.

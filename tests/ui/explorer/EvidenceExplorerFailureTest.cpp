@@ -9,19 +9,21 @@ namespace quellbrook::testing {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
 
 const Error lostServer(4711, "Engine.Query", "The server is gone.");
 
-// Loads of the explorer that fail. The first query of a load counts the items, the second one reads them.
+// Loads of the explorer that fail. The first query of a load counts the items, the second one reads them. F5 reads the
+// locations twice before.
 class EvidenceExplorerFailureTest : public ExplorerWindowTest {
 protected:
     // Makes the nth query from now fail.
     void FailAtQuery(int n, const Error& error = lostServer) {
-        auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-        m_database.Install(engine);
+        m_engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(m_engine);
         ASSERT_NE(LocationOf(m_shelf), nullptr);  // reads the locations
-        engine->FailAtStatement(n, error);
+        m_engine->FailAtStatement(n, error);
     }
 
     void ExpectNothingShown(const char* title, const char* subtitle) {
@@ -31,6 +33,8 @@ protected:
         EXPECT_TRUE(m_list->IsShown());
         EXPECT_EQ(m_view->Location(), nullptr);
     }
+
+    std::shared_ptr<FaultInjectingEngine> m_engine;
 };
 
 TEST_F(EvidenceExplorerFailureTest, AFailedDisplayIsReportedWithItsDetails) {
@@ -122,6 +126,43 @@ TEST_F(EvidenceExplorerFailureTest, AFailedRefreshShowsNoRowsEither) {
     }
 }
 
+TEST_F(EvidenceExplorerFailureTest, ASubLocationThatCannotBeReadShowsNoRowsAndOpensLater) {
+    AddItem("E-3", m_bin);
+    Show(m_shelf);
+    const QPoint bin = RowCenter("Bin 1");
+    FailAtQuery(1);
+    DoubleClick(m_list->Tree()->viewport(), bin);
+    const auto messages = m_screen.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_THAT(messages[0].prompt, HasSubstr("The server is gone."));
+    ExpectNothingShown("Shelf A", "Error displaying items in this location: The server is gone.");
+    ClickNode("Bin 1");
+    EXPECT_EQ(Title(), "Bin 1");
+    EXPECT_EQ(Subtitle(), "0 storage units, 1 item");
+    EXPECT_EQ(m_list->RowCount(), 1);
+}
+
+TEST_F(EvidenceExplorerFailureTest, F5ReportsAnOutageOnce) {
+    Show(m_shelf);
+    FailAtQuery(3);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_engine->FailAtStatement(1, lostServer); };
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_THAT(TakeUnexpected(), IsEmpty());
+    ExpectNothingShown("Shelf A", "The server is gone.");
+}
+
+TEST_F(EvidenceExplorerFailureTest, F5AfterATreeThatCannotBeReadShowsItAsAtFirst) {
+    Show();
+    FailAtQuery(1);
+    HostLocationData::Discard();
+    EXPECT_EQ(RaisedBy([this] { m_tree->Refresh(); }).Number(), 4711);
+    ASSERT_EQ(m_widget->topLevelItemCount(), 0);
+    Press(m_list->Tree(), Qt::Key_F5);
+    ASSERT_GT(m_widget->topLevelItemCount(), 0);
+    EXPECT_TRUE(m_widget->topLevelItem(0)->isExpanded());
+}
+
 TEST_F(EvidenceExplorerFailureTest, ALongReasonIsOneLineWithinTheHeading) {
     Show();
     const StorageLocationRef shelf = LocationOf(m_shelf);
@@ -144,6 +185,25 @@ TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileAFailureIsReported) {
     Click(m_widget->viewport(), node);
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileAFailureIsReportedForAKey) {
+    Show();
+    m_widget->setFocus();
+    FailAtQuery(1);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    Press(m_widget, Qt::Key_Down);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_window, nullptr);
+}
+
+TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileAFailureIsReportedForF5) {
+    Show(m_shelf);
+    FailAtQuery(3);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_window, nullptr);
 }
 
 TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileTheTreeReportsAFocusLoop) {

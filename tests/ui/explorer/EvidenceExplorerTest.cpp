@@ -3,7 +3,6 @@
 #include "ui/controls/Line.h"
 #include "ui/style/Theme.h"
 
-#include <QLineEdit>
 #include <QScrollBar>
 
 #include <gmock/gmock.h>
@@ -251,17 +250,22 @@ TEST_F(EvidenceExplorerTest, F5ShowsTheParentOfALocationThatWasDeletedElsewhere)
     EXPECT_THAT(m_list->CellText(0, 1), "E-1");
 }
 
-TEST_F(EvidenceExplorerTest, F5InATextBoxDoesNothing) {
+TEST_F(EvidenceExplorerTest, AHeldF5ReadsOnce) {
     Show(m_shelf);
-    QLineEdit box(m_explorer);
-    box.show();
-    box.setFocus();
     AddItem("E-3", m_shelf);
-    Press(&box, Qt::Key_F5);
+    QTest::simulateEvent(m_list->Tree(), true, Qt::Key_F5, Qt::NoModifier, "", true);
     EXPECT_EQ(m_list->RowCount(), 3);
-    m_list->Tree()->setFocus();
     Press(m_list->Tree(), Qt::Key_F5);
     EXPECT_EQ(m_list->RowCount(), 4);
+}
+
+TEST_F(EvidenceExplorerTest, ARootThatAppearsWithF5IsExpanded) {
+    Show();
+    const int roots = m_widget->topLevelItemCount();
+    m_database.AddLocation("New Shelf", StorageLocationTypes::Unassigned);
+    Press(m_widget, Qt::Key_F5);
+    ASSERT_EQ(m_widget->topLevelItemCount(), roots + 1);
+    for (int root = 0; root <= roots; ++root) EXPECT_TRUE(m_widget->topLevelItem(root)->isExpanded()) << root;
 }
 
 TEST_F(EvidenceExplorerTest, ReadsNoDataInADesigner) {
