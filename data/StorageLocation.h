@@ -65,7 +65,7 @@ public:
     // This location and its sublocations, depth first, containers before their contents.
     std::vector<int32_t> GetSelfAndDescendantIDs() const;
 
-    // Of its container.
+    // The path of the container.
     const LocationPath& GetPath() const { return m_path; }
 
 private:

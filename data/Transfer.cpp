@@ -117,8 +117,8 @@ std::string StateText(const StaleItem& stale, const BatchQuery& query) {
 }
 
 std::string StaleItemsText(const std::vector<StaleItem>& stale, const BatchQuery& query) {
-    std::string text = stale.size() == 1 ? "This item has been transferred since it was added to the batch:"
-                                         : "These items have been transferred since they were added to the batch:";
+    std::string text = stale.size() == 1 ? "This item has changed since it was added to the batch:"
+                                         : "These items have changed since they were added to the batch:";
     for (size_t i = 0; i < std::min(stale.size(), mostNamedItems); ++i) {
         const StoredItem& item = *stale[i].item;
         text += newLine + item.DisplayID();
@@ -132,6 +132,7 @@ std::string StaleItemsText(const std::vector<StaleItem>& stale, const BatchQuery
 }
 
 void RequireCurrent(const TransferItems& items, const TransferData& xfer, const BatchQuery& query) {
+    if (items.Count() == 0) return;
     std::vector<std::string> faults;
     if (const std::string fault = DestinationFault(xfer, query); !fault.empty()) faults.push_back(fault);
     const std::vector<StaleItem> stale = FindStaleItems(items, query);

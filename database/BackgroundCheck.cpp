@@ -1,5 +1,7 @@
 #include "database/BackgroundCheck.h"
 
+#include "database/PageCheck.h"
+
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
@@ -20,7 +22,7 @@ BackgroundCheck::~BackgroundCheck() {
 
 void BackgroundCheck::Run() {
     try {
-        m_hasFoundDamage = m_database->execAndGet("PRAGMA quick_check(1)").getString() != "ok";
+        m_hasFoundDamage = !IsFileSound(*m_database);
     } catch (const SQLite::Exception& failure) {
         m_hasFoundDamage = failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB;
     }

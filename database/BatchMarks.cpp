@@ -18,7 +18,7 @@ const char* const readSource = "BatchMarks.WasCommitted";
 // Few enough for one page of the database, which keeps the cost of a batch low.
 constexpr int64_t marksKept = 64;
 
-// A mark's name is its number and its token, which tells it from a later mark with the same number.
+// A mark's name is its number and its token, which distinguishes it from a later mark with the same number.
 std::pair<int64_t, int64_t> Parse(std::string_view mark) {
     int64_t number = 0, token = 0;
     const char* const end = mark.data() + mark.size();
@@ -30,7 +30,7 @@ std::pair<int64_t, int64_t> Parse(std::string_view mark) {
 }  // namespace
 
 std::string BatchMarks::Write() {
-    if (!m_insert) {
+    if (!m_delete) {
         m_insert.emplace(m_database, "INSERT INTO BatchMark (Token) VALUES (?)", writeSource);
         m_delete.emplace(m_database, "DELETE FROM BatchMark WHERE MarkNo <= ?", writeSource);
     }

@@ -17,7 +17,7 @@ public:
 
     // Writes a mark in the open transaction and returns its name. Deletes marks that are too old to be asked for.
     std::string Write();
-    // Whether the mark's transaction was committed. Raises ErrorNumber::General if the mark is gone.
+    // Whether the mark's transaction was committed. Raises error 5 if the mark is gone.
     bool WasCommitted(const std::string& mark) const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace quellbrook {
 
-// Takes the rights to a database and its companions from everybody but the owner. Leaves other users' files alone.
+// Takes the rights to a database and its companions from all other users. Leaves files of other owners alone.
 void MakePrivate(const std::string& databasePath);
 
 // Identifies a file independently of its path: a file that replaces it has another identity.

@@ -1,9 +1,12 @@
 #include "database/LogCheck.h"
 
+#include "database/PageCheck.h"
+
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <vector>
@@ -14,6 +17,7 @@ namespace {
 
 constexpr size_t logHeaderSize = 32, frameHeaderSize = 24;
 constexpr size_t saltSize = 8, saltInLogHeader = 16, saltInFrameHeader = 8;
+constexpr size_t cookieInFirstPage = 40;
 constexpr unsigned char tableLeaf = 13;
 
 using Bytes = std::vector<unsigned char>;
@@ -46,14 +50,15 @@ std::optional<int64_t> LastKeyOf(const Bytes& page) {
 }
 
 struct FileState {
+    uint32_t schemaCookie;
     uint32_t markPage;
     uint32_t pageSize;
     int64_t lastMark;
 };
 
 SQLite::Database OpenWithoutLog(const std::string& path) {
-    std::string address = "file:";
-    for (const char c : path) {
+    std::string address = "file://";
+    for (const char c : std::filesystem::absolute(path).string()) {
         if (c == '?' || c == '#' || c == '%') {
             constexpr const char* digits = "0123456789ABCDEF";
             const auto byte = static_cast<unsigned char>(c);
@@ -67,7 +72,8 @@ SQLite::Database OpenWithoutLog(const std::string& path) {
 
 FileState StateWithoutLog(const std::string& path) {
     SQLite::Database database = OpenWithoutLog(path);
-    return {database.execAndGet("SELECT rootpage FROM sqlite_schema WHERE name = 'BatchMark'").getUInt(),
+    return {database.execAndGet("PRAGMA schema_version").getUInt(),
+            database.execAndGet("SELECT rootpage FROM sqlite_schema WHERE name = 'BatchMark'").getUInt(),
             database.execAndGet("PRAGMA page_size").getUInt(),
             database.execAndGet("SELECT COALESCE(MAX(MarkNo), 0) FROM BatchMark").getInt64()};
 }
@@ -85,7 +91,10 @@ std::optional<int64_t> FirstMarkInLog(const std::string& path, const FileState& 
         const auto salt = frame.begin() + saltInFrameHeader;
         const bool isOfThisLog = std::equal(salt, salt + saltSize, header.begin() + saltInLogHeader);
         if (!isOfThisLog) break;
-        if (NumberAt(frame, 0, 4) == file.markPage) return LastKeyOf(page);
+        const uint32_t pageNumber = NumberAt(frame, 0, 4);
+        const bool changesSchema = pageNumber == 1 && NumberAt(page, cookieInFirstPage, 4) != file.schemaCookie;
+        if (changesSchema) break;  // it may have moved the marks to another page
+        if (pageNumber == file.markPage) return LastKeyOf(page);
     }
     return std::nullopt;
 }
@@ -111,7 +120,8 @@ bool HasLogOfAnotherFile(const std::string& path) {
 
 bool IsWholeWithoutLog(const std::string& path) {
     try {
-        return std::string(OpenWithoutLog(path).execAndGet("PRAGMA quick_check(1)").getString()) == "ok";
+        SQLite::Database database = OpenWithoutLog(path);
+        return IsFileSound(database);
     } catch (const SQLite::Exception&) {
         return false;
     }

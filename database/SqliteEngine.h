@@ -20,10 +20,9 @@ public:
     static constexpr int BusyMilliseconds = 60'000;
 
     // Opens an existing database of this program. One of an older version is upgraded, after a copy of it has been made
-    // beside it. Raises error 5 with a message for the user if the file
-    // is missing, not a database, another program's, newer than this program, incomplete, damaged, write-protected or
-    // locked; such a file is not changed. Only a file of up to 64 MiB is checked for damage as a whole, see
-    // CheckInBackground.
+    // beside it. Raises error 5 with a message for the user if the file is missing, not a database, another program's,
+    // newer than this program, incomplete, damaged, write-protected or locked; such a file is not changed. Only a file
+    // of up to 64 MiB is checked for damage as a whole, see CheckInBackground.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
 
     // What an administrator should know about the opening, one sentence or more each: an upgrade, and side tables that

@@ -14,8 +14,7 @@ namespace quellbrook {
 // The same for the last failure of the connection.
 [[noreturn]] void RaiseSqliteError(sqlite3* database, std::string_view source);
 
-// Raises error 5 with a message that explains why a database could not be opened, given SQLite's extended
-// code.
+// Raises error 5 with a message that explains why a database could not be opened, given SQLite's extended code.
 [[noreturn]] void RaiseOpenFailure(const std::string& path, int code, std::string_view words);
 
 // False after a failure that may have broken the connection.

@@ -4,6 +4,7 @@
 #include "database/DatabaseFile.h"
 #include "database/LockWait.h"
 #include "database/LogCheck.h"
+#include "database/PageCheck.h"
 #include "database/SqliteError.h"
 #include "database/schema/SqliteSchema.h"
 
@@ -42,7 +43,8 @@ const char* const requiredTables[] = {"StorageLocation",  "Property",        "Ve
 
 [[noreturn]] void RefuseDamaged(const std::string& path) {
     std::error_code ignored;
-    const bool hasLog = std::filesystem::exists(path + "-wal", ignored) && !std::filesystem::is_empty(path + "-wal");
+    const bool hasLog =
+        std::filesystem::exists(path + "-wal", ignored) && !std::filesystem::is_empty(path + "-wal", ignored);
     if (!hasLog) RaiseOpenFailure(path, SQLITE_CORRUPT, "");
     if (IsWholeWithoutLog(path)) RefuseLog(path);
     Refuse("The database '" + path + "' is damaged. Move '" + path + "-wal' and '" + path +
@@ -102,8 +104,7 @@ void CheckTables(SQLite::Database& database, const std::string& path) {
 
 void CheckPages(SQLite::Database& database, const std::string& path) {
     if (!IsCheckedWhenOpened(path)) return;
-    const std::string answer = database.execAndGet("PRAGMA quick_check(1)").getString();
-    if (answer != "ok") RefuseDamaged(path);
+    if (!IsFileSound(database)) RefuseDamaged(path);
 }
 
 // Otherwise closing the last connection would run a checkpoint, which writes to the file.

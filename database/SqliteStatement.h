@@ -22,8 +22,8 @@ public:
     SqliteStatement(sqlite3* database, std::string_view sql, std::string_view source);
     SqliteStatement(sqlite3* database, const sql::RewrittenStatement& statement, std::string_view source);
 
-    // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises
-    // error 5, an object ErrorNumber::TypeMismatch.
+    // Bind parameters by position, from 1. Texts must live until Reset. A text with a NUL character raises error 5, an
+    // object ErrorNumber::TypeMismatch.
     void Bind(int position, const TaggedValue& value);
     void Bind(int position, int64_t value);
     void Bind(int position, std::string_view text);

@@ -17,7 +17,7 @@ public:
     // The database must outlive this object.
     explicit StatementCache(sqlite3* database) : m_database(database) {}
 
-    // A prepared query, removed from the cache. Return it with Keep after a successful run.
+    // A prepared query, removed from the cache. Return it with KeepQuery after a successful run.
     std::unique_ptr<SqliteStatement> TakeQuery(const std::string& text);
     void KeepQuery(const std::string& text, std::unique_ptr<SqliteStatement> query);
 

@@ -15,7 +15,7 @@ void TemporaryTables::Run(const std::string& statement) const {
 void TemporaryTables::Create(const std::string& statement, const std::string& name) {
     const std::string key = FoldCase(name);
     if (TryReuse(statement, key)) return;
-    DropIfSetAside(key);
+    DropIfKept(key);
     Run(statement);
     m_tables.insert_or_assign(key, Table{statement, true});
 }
@@ -28,7 +28,7 @@ bool TemporaryTables::TryReuse(const std::string& statement, const std::string& 
 
 void TemporaryTables::Drop(const std::string& statement, const std::string& name) {
     const std::string key = FoldCase(name);
-    DropIfSetAside(key);
+    DropIfKept(key);
     const auto found = m_tables.find(key);
     const bool isInTransaction = sqlite3_get_autocommit(m_database) == 0;
     if (found != m_tables.end() && isInTransaction) {
@@ -40,7 +40,7 @@ void TemporaryTables::Drop(const std::string& statement, const std::string& name
     }
 }
 
-void TemporaryTables::DropIfSetAside(const std::string& key) {
+void TemporaryTables::DropIfKept(const std::string& key) {
     const auto found = m_tables.find(key);
     if (found == m_tables.end() || found->second.isInUse) return;
     Run("DROP TABLE temp." + key);

@@ -39,7 +39,7 @@ private:
 
     void Run(const std::string& statement) const;
     bool TryReuse(const std::string& statement, const std::string& key);
-    void DropIfSetAside(const std::string& key);
+    void DropIfKept(const std::string& key);
 
     sqlite3* m_database;
     Tables m_tables;

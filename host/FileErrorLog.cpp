@@ -12,6 +12,9 @@ namespace quellbrook {
 
 namespace {
 
+constexpr size_t fileSize = 1024 * 1024;
+constexpr size_t olderFiles = 4;
+
 // Entries name users and items.
 spdlog::file_event_handlers OwnersOnly() {
     spdlog::file_event_handlers handlers;
@@ -33,16 +36,20 @@ public:
     }
 
 private:
-    static constexpr size_t fileSize = 1024 * 1024;
-    static constexpr size_t olderFiles = 4;
-
     spdlog::logger m_logger;
 };
+
+// Earlier versions of this program let others read them.
+void MakeOlderFilesPrivate(const std::string& path) {
+    for (size_t i = 1; i <= olderFiles; ++i)
+        chmod(spdlog::sinks::rotating_file_sink_st::calc_filename(path, i).c_str(), S_IRUSR | S_IWUSR);
+}
 
 }  // namespace
 
 std::unique_ptr<ErrorLog> MakeFileErrorLog(const std::string& path) {
     try {
+        MakeOlderFilesPrivate(path);
         return std::make_unique<FileErrorLog>(path);
     } catch (const std::exception& failure) {
         Raise(ErrorNumber::General, "MakeFileErrorLog", failure.what());

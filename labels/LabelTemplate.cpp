@@ -22,11 +22,18 @@ bool IsNestedDeeper(const pugi::xml_node& element, int levels) {
     return false;
 }
 
-// Without "..", the reference cannot lead to another file.
+// How PNG, JPEG and GIF begin in base64. Qt recognizes an image by its content, and another format could contain links.
+bool IsImage(std::string_view base64) {
+    return base64.starts_with("iVBORw0KGgo") || base64.starts_with("/9j/") || base64.starts_with("R0lGOD");
+}
+
+// Without "..", the reference cannot lead to another file. Qt decodes what follows the last "base64,".
 bool IsEmbedded(std::string_view reference) {
     const std::string text = FoldCase(Trim(reference));
-    return text.starts_with("data:image/") && text.find(";base64,") != std::string::npos &&
-           text.find("..") == std::string::npos;
+    constexpr std::string_view encoding = "base64,";
+    const size_t data = Trim(reference).rfind(encoding);
+    return text.starts_with("data:image/") && text.find("..") == std::string::npos && data != std::string::npos &&
+           IsImage(Trim(Trim(reference).substr(data + encoding.size())));
 }
 
 bool IsReference(std::string_view attribute) { return attribute == "href" || attribute.ends_with(":href"); }

@@ -35,9 +35,12 @@ const Rule custodyRules[] = {
      "SELECT '{0} ' || No || ' names custody row ' || COALESCE(Current, 'none') || ', and its latest is ' || "
      "COALESCE(Latest, 'none') FROM (SELECT i.{0}No AS No, i.CurrTrackSeq AS Current, (SELECT MAX(t.SeqNo) FROM "
      "{0}Tracking t WHERE t.{0}No = i.{0}No) AS Latest FROM {0} i) WHERE Current IS NOT Latest"},
-    {"An item with a final disposition has custody rows.",
+    {"An item with a final disposition has a current custody row.",
+     "SELECT '{0} ' || {0}No || ' has a final disposition and no current custody row' FROM {0} WHERE "
+     "HasFinalDisposition = 1 AND CurrTrackSeq IS NULL"},
+    {"The flag of a final disposition is 0 or 1.",
      "SELECT '{0} ' || {0}No || ' has the flag ' || HasFinalDisposition FROM {0} WHERE HasFinalDisposition "
-     "NOT IN (0, 1) OR (HasFinalDisposition = 1 AND CurrTrackSeq IS NULL)"},
+     "NOT IN (0, 1)"},
 };
 
 const Rule otherRules[] = {

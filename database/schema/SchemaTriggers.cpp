@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 
+#include <SQLiteCpp/Database.h>
+
 namespace quellbrook {
 
 namespace {
@@ -211,6 +213,13 @@ const std::vector<std::string>& DescriptionIndexTriggers() {
         return NamesOf(triggers);
     }();
     return names;
+}
+
+void RestoreTriggers(SQLite::Database& database) {
+    for (const SchemaTrigger& trigger : SchemaTriggers()) {
+        database.exec("DROP TRIGGER IF EXISTS " + trigger.name);
+        database.exec(trigger.sql);
+    }
 }
 
 }  // namespace quellbrook

@@ -3,6 +3,10 @@
 #include <string>
 #include <vector>
 
+namespace SQLite {
+class Database;
+}
+
 namespace quellbrook {
 
 struct SchemaTrigger {
@@ -12,6 +16,8 @@ struct SchemaTrigger {
 
 // All triggers of the reference schema. Each upgrade replaces all of them.
 const std::vector<SchemaTrigger>& SchemaTriggers();
+// Creates all of them again, in a transaction of the caller.
+void RestoreTriggers(SQLite::Database& database);
 
 // The names of the triggers that maintain CurrentPlace, and of those that maintain PropertyDescription.
 const std::vector<std::string>& CurrentPlaceTriggers();

@@ -1,6 +1,7 @@
 #include "database/schema/SchemaUpgrade.h"
 
 #include "base/Error.h"
+#include "database/schema/SchemaTriggers.h"
 #include "database/schema/SideTables.h"
 #include "database/schema/SqliteSchema.h"
 
@@ -83,7 +84,7 @@ void FlushFolderOf(const std::string& path) {
     if (!flushed) RaiseSystemError("the folder can't be written to the disk", folder.string());
 }
 
-// A backup that nobody has made yet.
+// A path for the copy that is not in use.
 std::string NewBackupPath(const std::string& path, int32_t version) {
     const std::string name = path + ".version-" + std::to_string(version);
     std::string candidate = name;
@@ -115,7 +116,7 @@ void CopyDatabase(const std::string& path, const std::string& target) {
     }
 }
 
-std::optional<SchemaUpgrade> Upgrade(const std::string& path, int busyMilliseconds) {
+std::optional<SchemaUpgrade> Upgrade(const std::string& path, int busyMilliseconds, bool& isCommitting) {
     SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
     if (VersionOf(database) >= SchemaVersion) return std::nullopt;
     database.exec("PRAGMA synchronous = FULL");
@@ -130,6 +131,7 @@ std::optional<SchemaUpgrade> Upgrade(const std::string& path, int busyMillisecon
         RemoveFile(backup);
         throw;
     }
+    isCommitting = true;
     transaction.commit();
     return SchemaUpgrade{version, backup};
 }
@@ -143,15 +145,17 @@ const std::vector<SchemaStep>& SchemaSteps() {
 }
 
 std::optional<SchemaUpgrade> UpgradeDatabase(const std::string& path, int busyMilliseconds) {
+    bool isCommitting = false;
     try {
-        return Upgrade(path, busyMilliseconds);
+        return Upgrade(path, busyMilliseconds, isCommitting);
     } catch (const std::exception& failure) {
         const auto* const ofSqlite = dynamic_cast<const SQLite::Exception*>(&failure);
         const bool isLocked = ofSqlite && ofSqlite->getErrorCode() == SQLITE_BUSY;
         std::string sentence = "The database '" + path + "' is from an older version of this program and could not be ";
         sentence += "upgraded: ";
         sentence += isLocked ? "another program is writing to it. Close it there and try again" : failure.what();
-        Raise(ErrorNumber::General, source, sentence + ". It has not been changed.");
+        sentence += isCommitting ? ". It may have been upgraded all the same." : ". It has not been changed.";
+        Raise(ErrorNumber::General, source, sentence);
     }
 }
 

@@ -173,13 +173,6 @@ SideTableState ProveSideTables(const std::string& path, int busyMilliseconds) {
     return state;
 }
 
-void RestoreTriggers(SQLite::Database& database) {
-    for (const SchemaTrigger& trigger : SchemaTriggers()) {
-        database.exec("DROP TRIGGER IF EXISTS " + trigger.name);
-        database.exec(trigger.sql);
-    }
-}
-
 void RestoreSideTables(SQLite::Database& database) {
     for (const char* table : {placeTable, descriptionTable, "SideTableProof"})
         database.exec(std::string("DROP TABLE IF EXISTS ") + table);
@@ -190,16 +183,20 @@ void RestoreSideTables(SQLite::Database& database) {
 }
 
 void RepairSideTables(const std::string& path, int busyMilliseconds) {
+    bool isCommitting = false;
     try {
         SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
         database.exec("PRAGMA synchronous = FULL");
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
         RestoreTriggers(database);
         RestoreSideTables(database);
+        isCommitting = true;
         transaction.commit();
     } catch (const SQLite::Exception& failure) {
-        Raise(ErrorNumber::General, "RepairSideTables",
-              "The side tables could not be rebuilt: " + std::string(failure.what()) + ". Nothing has been changed.");
+        std::string sentence = "The side tables could not be rebuilt: ";
+        sentence += failure.what();
+        sentence += isCommitting ? ". They may have been rebuilt all the same." : ". Nothing has been changed.";
+        Raise(ErrorNumber::General, "RepairSideTables", sentence);
     }
 }
 

@@ -41,12 +41,12 @@ struct SideTableState {
 // not used.
 SideTableState ProveSideTables(const std::string& path, int busyMilliseconds);
 
-// Create all triggers of the schema and both side tables again, in a transaction of the caller.
-void RestoreTriggers(SQLite::Database& database);
+// Creates both side tables again, in a transaction of the caller.
 void RestoreSideTables(SQLite::Database& database);
 
-// Restores the triggers and both side tables of a file in one transaction. Raises ErrorNumber::General with a message
-// for the user if that fails; then nothing has changed.
+// Restores the triggers and both side tables of a file in one transaction. Raises error 5 with a message
+// for the user if that fails; then nothing has changed,
+// except that the outcome of a failed commit is unknown.
 void RepairSideTables(const std::string& path, int busyMilliseconds);
 
 }  // namespace quellbrook

@@ -16,8 +16,8 @@ namespace quellbrook {
 // - Custody rows are never changed, deleted or replaced. A new one has whole numbers of 32 bits, and dates.
 // - A new location has a container that exists and has the same category. So has a location that gets another Path or
 //   Type; during a move its container may still be at the old location.
-// - A location keeps its container and its category as long as it has sublocations elsewhere. A new or changed location
-//   has a name, a flag and dates.
+// - A location is not moved or recategorized if that would leave sublocations behind. A new or changed location has a
+//   name, a flag and dates.
 // - Without foreign keys, locations are not moved, deleted or replaced.
 // - CurrentPlace lists every item at the location of its current custody row, if that is changed by INSERT, UPDATE and
 //   DELETE only. It may have extra rows; readers check the custody row.
@@ -46,7 +46,7 @@ std::vector<std::string> SqliteSchemaStatements();
 // custody row. If you replace vwVehicleDisplayInfo with a view that repeats vehicles, delete this row.
 inline constexpr const char* ItemsAreDistinctFact = "ItemsAreDistinct";
 
-// Creates an empty department database at the path. Raises ErrorNumber::General with a message for the user if the path
+// Creates an empty department database at the path. Raises error 5 with a message for the user if the path
 // exists or the file cannot be created; then no incomplete file remains.
 void CreateDatabase(const std::string& path);
 

@@ -114,9 +114,9 @@ SourceRef ListOfLinked(const JoinSource& pair, const ExpressionRef& key, const s
         return std::any_of(criteria.begin(), criteria.end(),
                            [&](const ConditionRef& criterion) { return Touches(criterion, table); });
     };
-    const bool keyStandsLeft = Touches(key, pair.left);
-    const SourceRef& link = keyStandsLeft ? pair.left : pair.right;
-    const SourceRef& linked = keyStandsLeft ? pair.right : pair.left;
+    const bool keyIsLeft = Touches(key, pair.left);
+    const SourceRef& link = keyIsLeft ? pair.left : pair.right;
+    const SourceRef& linked = keyIsLeft ? pair.right : pair.left;
     const bool linkedFirst = tests(linked);
     QuerySelect list;
     list.from =

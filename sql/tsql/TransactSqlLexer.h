@@ -27,8 +27,8 @@ struct Token {
     bool IsSign(std::string_view wanted) const { return kind == TokenKind::Sign && text == wanted; }
 };
 
-// Splits a statement text into tokens, which may be separated by blanks. Raises error 5 for anything else,
-// such as comments, [brackets], "quotes", an unfinished literal or a NUL character.
+// Splits a statement text into tokens, which may be separated by blanks. Raises error 5 for anything else, such as
+// comments, [brackets], "quotes", an unfinished literal or a NUL character.
 class TransactSqlLexer {
 public:
     explicit TransactSqlLexer(std::string_view source) : m_source(source) {}

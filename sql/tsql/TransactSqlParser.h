@@ -17,8 +17,8 @@ struct ParsedStatement {
     size_t grouping = 0;  // in an assignment, its GROUP
 };
 
-// Parses one statement by the grammar in TransactSqlRewriter.h. tokens must not be empty. Raises error 5,
-// naming the first token that does not fit, if the statement does not match the grammar.
+// Parses one statement by the grammar in TransactSqlRewriter.h. tokens must not be empty. Raises error 5, naming
+// the first token that does not fit, if the statement does not match the grammar.
 ParsedStatement ParseStatement(std::span<const Token> tokens);
 
 }  // namespace quellbrook::sql

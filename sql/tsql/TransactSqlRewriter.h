@@ -51,8 +51,8 @@ namespace quellbrook::sql {
 // statement must not change the table that the SELECT reads.
 //
 // "||" joins texts. Every "[" in a pattern must be escaped. Parentheses nest at most 30 deep. Names of temporary tables
-// are quoted, N'...' becomes '...', and everything else stays unchanged. Text outside the grammar raises
-// error 5 with a message that quotes the first token that does not fit.
+// are quoted, N'...' becomes '...', and everything else stays unchanged. Text outside the grammar raises error 5
+// with a message that quotes the first token that does not fit.
 
 struct RewrittenStatement {
     StatementKind kind;  // not Declaration or Assignment

@@ -41,7 +41,7 @@ TEST_F(StoresTest, TheStoresAreRegisteredWithTheDispatcher) {
     EXPECT_EQ(stores.Locations->GetSelectedLocation(), other);
 }
 
-TEST_F(StoresTest, ActionsReachTheStoresInTheirOrder) {
+TEST_F(StoresTest, TheStoresAreRegisteredInTheirOrder) {
     std::string order;
     StoresRecord stores = GetStores();
     // A slot ends with its store, and the dispatcher releases the stores in the order in which it serves them.

@@ -52,7 +52,7 @@ TEST_F(TwoWorkstations, AnItemSignedOutByOneCannotBeMovedByTheOthersOlderBatch) 
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(MakeTransfer(m_shelf));
     const std::string description =
-        "This item has been transferred since it was added to the batch:\r\n\u2022 E is now in 'Court', "
+        "This item has changed since it was added to the batch:\r\n\u2022 E is now in 'Court', "
         "received by Okafor on 11/19/2026 8:30 AM";
     ExpectFailureReport(description);
     ExpectLogged(description);

@@ -69,8 +69,8 @@ protected:
     int32_t m_counter = 0, m_desk = 0, m_laboratory = 0;
 };
 
-const std::string OneItem = "This item has been transferred since it was added to the batch:";
-const std::string SeveralItems = "These items have been transferred since they were added to the batch:";
+const std::string OneItem = "This item has changed since it was added to the batch:";
+const std::string SeveralItems = "These items have changed since they were added to the batch:";
 const std::string InLaboratory = " is now in 'Laboratory', received by Raman on 11/20/2026 1:14 PM";
 
 std::string Line(const std::string& text) { return "\r\n\u2022 " + text; }

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "database/BackgroundCheck.h"
+#include "database/PageCheck.h"
 #include "database/SqliteConnection.h"
 #include "database/SqliteEngine.h"
 #include "database/SqliteFileCheck.h"
@@ -10,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
 #include <filesystem>
@@ -26,13 +28,13 @@ protected:
     BackgroundCheckTest() {
         CreateDatabase(m_path);
         const auto connection = SqliteEngine::Open(m_path)->Open();
-        for (int i = 0; i < 3; ++i)
-            connection->Execute("INSERT INTO Property (Description) VALUES (?)", {std::string(25'000'000, 'x')});
+        connection->Execute("INSERT INTO Setting (Name, Value) VALUES ('long', ?)", {std::string(70'000'000, 'x')});
+        connection->Execute("INSERT INTO Setting (Name, Value) VALUES ('last', '')");
     }
 
     // Overwrites the pages at the end of the file.
-    void Damage() const {
-        std::fstream file(m_path, std::ios::binary | std::ios::in | std::ios::out);
+    static void Damage(const std::string& path) {
+        std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
         const std::string bytes(4096 * 8, '\xA5');
         file.seekp(-static_cast<std::streamoff>(bytes.size()), std::ios::end);
         file << bytes;
@@ -59,7 +61,7 @@ TEST_F(BackgroundCheckTest, AWholeFileStaysInUse) {
 }
 
 TEST_F(BackgroundCheckTest, ADamagedFileIsNotUsedAfterTheCheck) {
-    Damage();
+    Damage(m_path);
     const auto engine = SqliteEngine::Open(m_path);
     engine->CheckInBackground();
     engine->WaitForCheck();
@@ -70,7 +72,7 @@ TEST_F(BackgroundCheckTest, ADamagedFileIsNotUsedAfterTheCheck) {
 }
 
 TEST_F(BackgroundCheckTest, AConnectionIsNotReusedAfterTheCheckHasFoundDamage) {
-    Damage();
+    Damage(m_path);
     const auto check = std::make_shared<BackgroundCheck>(m_path);
     SqliteConnection connection(m_path, 1000, check);
     check->Wait();
@@ -86,12 +88,23 @@ TEST_F(BackgroundCheckTest, ACheckThatIsStoppedClosesTheFile) {
     EXPECT_EQ(OpenFiles(), before);
 }
 
-TEST_F(BackgroundCheckTest, AFileThatWasCheckedWhenOpenedIsNotCheckedAgain) {
-    const std::string path = m_folder.In("small.db");
-    CreateDatabase(path);
-    EXPECT_TRUE(IsCheckedWhenOpened(path));
-    const auto engine = SqliteEngine::Open(path);
-    engine->CheckInBackground();
-    engine->WaitForCheck();
-    EXPECT_TRUE(engine->Open()->IsHealthy());
+TEST_F(BackgroundCheckTest, ARowThatBreaksARuleOfTheSchemaIsNotDamage) {
+    {
+        SQLite::Database database(m_path, SQLite::OPEN_READWRITE);
+        database.exec("CREATE TABLE Ruled (A INT CHECK (A > 1), B INT NOT NULL)");
+        database.exec(
+            "PRAGMA ignore_check_constraints = ON; INSERT INTO Ruled VALUES (1, 1); "
+            "PRAGMA ignore_check_constraints = OFF");
+        database.exec(
+            "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql = REPLACE(sql, 'B INT NOT NULL', "
+            "'B INT') WHERE name = 'Ruled'; PRAGMA writable_schema = RESET");
+        database.exec(
+            "INSERT INTO Ruled VALUES (2, NULL); PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql = "
+            "REPLACE(sql, 'B INT', 'B INT NOT NULL') WHERE name = 'Ruled'; PRAGMA writable_schema = RESET");
+        EXPECT_EQ(database.execAndGet("SELECT COUNT(*) FROM pragma_quick_check WHERE quick_check <> 'ok'").getInt(), 2);
+        EXPECT_TRUE(IsFileSound(database));
+    }
+    BackgroundCheck check(m_path);
+    check.Wait();
+    EXPECT_FALSE(check.HasFoundDamage());
 }

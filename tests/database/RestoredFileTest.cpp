@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -187,4 +189,25 @@ TEST_F(RestoredFileTest, AConnectionStaysUsableAfterItsOwnBatchesMovedTheLogInto
     for (int i = 0; i < 400; ++i) WriteBatch(*connection);
     EXPECT_NE(TimeOfLastWrite(m_path), before);
     EXPECT_TRUE(connection->IsHealthy());
+}
+
+TEST_F(RestoredFileTest, ALogThatMovedTheMarksToAnotherPageIsApplied) {
+    Batches(70, m_path);
+    {
+        const auto connection = SqliteEngine::Open(m_path)->Open();
+        SQLite::Database(m_path, SQLite::OPEN_READWRITE).exec("DROP TABLE Setting; VACUUM");
+        for (const char* ending : {"", "-wal"}) fs::copy_file(m_path + ending, m_crashed + ending);
+    }
+    EXPECT_GT(fs::file_size(m_crashed + "-wal"), 0u);
+    EXPECT_FALSE(HasLogOfAnotherFile(m_crashed));
+}
+
+TEST_F(RestoredFileTest, APathThatBeginsWithTwoSlashesIsCheckedToo) {
+    Batches(3, m_path);
+    const std::string backup = BytesOf(m_path);
+    Batches(2, m_path);
+    CrashInto(m_crashed, 3);
+    EXPECT_TRUE(IsWholeWithoutLog("/" + m_crashed));
+    std::ofstream(m_crashed, std::ios::binary) << backup;
+    EXPECT_TRUE(HasLogOfAnotherFile("/" + m_crashed));
 }

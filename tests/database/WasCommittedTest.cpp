@@ -59,6 +59,7 @@ protected:
 TEST_F(WasCommittedTest, ACommittedTransactionIsFound) { EXPECT_TRUE(m_engine->WasCommitted(Commit())); }
 
 TEST_F(WasCommittedTest, ATransactionThatIsStillOpenWasNotCommitted) {
+    Commit();
     m_connection->Begin();
     EXPECT_EQ(m_connection->TransactionName(), "");
 }

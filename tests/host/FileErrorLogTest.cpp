@@ -32,6 +32,12 @@ protected:
         return lines;
     }
 
+    void ExpectPrivate() const {
+        using std::filesystem::perms;
+        for (const auto& file : std::filesystem::directory_iterator(m_folder))
+            EXPECT_EQ(file.status().permissions(), perms::owner_read | perms::owner_write) << file.path();
+    }
+
     std::filesystem::path m_folder;
 };
 
@@ -70,11 +76,11 @@ TEST_F(FileErrorLogTest, KeepsAtMostFiveFilesOfAMebibyte) {
 
 TEST_F(FileErrorLogTest, OnlyTheOwnerCanReadTheFiles) {
     std::ofstream(File()).put('x');
+    std::ofstream(m_folder / "errors.4.log").put('x');
     const auto log = MakeFileErrorLog(File());
+    ExpectPrivate();
     for (int i = 0; i < 300; ++i) log->Log("Quellbrook", "A.B", std::string(8000, 'x'));
-    for (const auto& file : std::filesystem::directory_iterator(m_folder))
-        EXPECT_EQ(file.status().permissions(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_write)
-            << file.path();
+    ExpectPrivate();
 }
 
 TEST_F(FileErrorLogTest, AppendsToTheFileOfTheLastRun) {

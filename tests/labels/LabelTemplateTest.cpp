@@ -250,15 +250,20 @@ TEST(LabelTemplateRefuses, AnythingButADrawing) {
 
 TEST(LabelTemplateRefuses, ALinkToAnImage) {
     const std::string field = "<text id='name' x='20' y='25'>A</text>";
-    for (const char* link : {"/tmp/pipe", "logo.png", "file:///etc/logo.png", "data", "data/../../etc/logo.png",
-                             "data:image/../../logo.png;base64,AAAA", "data:text/plain;base64,AAAA", ""}) {
+    for (const char* link :
+         {"/tmp/pipe", "logo.png", "file:///etc/logo.png", "data", "data/../../etc/logo.png",
+          "data:image/../../logo.png;base64,AAAA", "data:text/plain;base64,AAAA",
+          "data:image/png;base64,PHN2ZyB4bWxucz0=", "data:image/png;base64,iVBORw0KGgo;base64,PHN2ZyB4bWxucz0=",
+          "data:image/png;base64,ivborw0kggo", "data:image/png,iVBORw0KGgo", ""}) {
         for (const std::string attribute : {"href", "xlink:href"}) {
             const std::string image = "<g><image " + attribute + "='" + link + "'/></g>";
             EXPECT_EQ(RefusalOf(Svg(field + image)),
                       std::string("The label template links to the image '") + link + "': embed the image instead.");
         }
     }
-    EXPECT_NO_THROW(Fill(Svg(field + "<image xlink:href=' data:image/png;base64,iVBORw0KGgo='/>"), {{"name", "x"}}));
+    for (const char* image : {" data:image/png;base64,iVBORw0KGgo=", "data:image/PNG;BASE64,base64, iVBORw0KGgo=",
+                              "data:image/jpeg;base64,/9j/4AAQ", "data:image/gif;base64,R0lGODlh"})
+        EXPECT_NO_THROW(Fill(Svg(field + "<image xlink:href='" + image + "'/>"), {{"name", "x"}})) << image;
 }
 
 TEST(LabelTemplateRefuses, ADrawingWithoutASize) {

@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace quellbrook;
 using namespace quellbrook::testing;
 using ::testing::ElementsAre;
@@ -24,7 +26,8 @@ constexpr const char* numbered = "The custody rows of an item are numbered from 
 constexpr const char* values = "Custody rows contain whole numbers and dates.";
 constexpr const char* owners = "Custody rows belong to an item and a location that exist.";
 constexpr const char* latest = "The current custody row of an item is its latest one.";
-constexpr const char* disposition = "An item with a final disposition has custody rows.";
+constexpr const char* disposition = "An item with a final disposition has a current custody row.";
+constexpr const char* dispositionFlag = "The flag of a final disposition is 0 or 1.";
 constexpr const char* tree = "Every location is in the tree, in the category of its container.";
 constexpr const char* locationValues = "Locations have a name, a flag and dates.";
 constexpr const char* references = "Every reference leads to a record.";
@@ -77,8 +80,8 @@ TEST_F(DatabaseVerificationTest, NothingIsWrongWithAProperDatabase) {
     const std::vector<RuleCheck> checks = VerifyDatabase(m_database.Path(), 20);
     Lines rules;
     for (const RuleCheck& check : checks) rules.push_back(check.rule);
-    EXPECT_THAT(rules, ElementsAre(numbered, values, owners, latest, disposition, tree, locationValues, references,
-                                   file, objects, places, descriptions));
+    EXPECT_THAT(rules, ElementsAre(numbered, values, owners, latest, disposition, dispositionFlag, tree, locationValues,
+                                   references, file, objects, places, descriptions));
     EXPECT_THAT(Found(), IsEmpty());
     EXPECT_EQ(m_database.Snapshot(), before);
 }
@@ -117,9 +120,10 @@ TEST_F(DatabaseVerificationTest, AnItemThatNamesAMissingRowIsFound) {
 
 TEST_F(DatabaseVerificationTest, AFinalDispositionWithoutCustodyRowsIsFound) {
     Damage("UPDATE Property SET HasFinalDisposition = 1");
-    EXPECT_THAT(Found(), ElementsAre(disposition, "Property 2 has the flag 1"));
+    EXPECT_THAT(Found(), ElementsAre(disposition, "Property 2 has a final disposition and no current custody row"));
     Damage("UPDATE Property SET HasFinalDisposition = 'x' WHERE PropertyNo = 1");
-    EXPECT_THAT(Found(), ElementsAre(disposition, "Property 1 has the flag x", "Property 2 has the flag 1"));
+    EXPECT_THAT(Found(), ElementsAre(disposition, "Property 2 has a final disposition and no current custody row",
+                                     dispositionFlag, "Property 1 has the flag x"));
 }
 
 TEST_F(DatabaseVerificationTest, ALocationOutsideTheTreeIsFound) {
@@ -186,11 +190,12 @@ TEST_F(DatabaseVerificationTest, MissingSideTablesAreFound) {
 TEST_F(DatabaseVerificationTest, TenFaultsAreNamedAndAllAreCounted) {
     for (int i = 0; i < 12; ++i) m_database.AddProperty();
     Damage("UPDATE Property SET HasFinalDisposition = 1 WHERE CurrTrackSeq IS NULL");
-    for (const RuleCheck& check : VerifyDatabase(m_database.Path(), 20)) {
-        if (check.rule != disposition) continue;
-        EXPECT_EQ(check.faults, 13);
-        EXPECT_EQ(check.examples.size(), 10u);
-    }
+    const std::vector<RuleCheck> checks = VerifyDatabase(m_database.Path(), 20);
+    const auto found =
+        std::find_if(checks.begin(), checks.end(), [](const RuleCheck& check) { return check.rule == disposition; });
+    ASSERT_NE(found, checks.end());
+    EXPECT_EQ(found->faults, 13);
+    EXPECT_EQ(found->examples.size(), 10u);
 }
 
 TEST_F(DatabaseVerificationTest, ADatabaseThatCannotBeReadIsNamed) {
