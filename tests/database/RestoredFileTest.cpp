@@ -192,10 +192,16 @@ TEST_F(RestoredFileTest, AConnectionStaysUsableAfterItsOwnBatchesMovedTheLogInto
 }
 
 TEST_F(RestoredFileTest, ALogThatMovedTheMarksToAnotherPageIsApplied) {
-    Batches(70, m_path);
     {
         const auto connection = SqliteEngine::Open(m_path)->Open();
-        SQLite::Database(m_path, SQLite::OPEN_READWRITE).exec("DROP TABLE Setting; VACUUM");
+        WriteBatch(*connection);
+        connection->Execute("INSERT INTO Property (PropertyNo) VALUES (100000)");
+        const std::string insert = "INSERT INTO Property (Description) VALUES ('" + std::string(3000, 'x') + "')";
+        for (int i = 0; i < 300; ++i) connection->Execute(insert);
+    }
+    {
+        const auto connection = SqliteEngine::Open(m_path)->Open();
+        SQLite::Database(m_path, SQLite::OPEN_READWRITE).exec("DROP TABLE AttachmentIndex; VACUUM");
         for (const char* ending : {"", "-wal"}) fs::copy_file(m_path + ending, m_crashed + ending);
     }
     EXPECT_GT(fs::file_size(m_crashed + "-wal"), 0u);
