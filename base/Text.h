@@ -21,6 +21,10 @@ void AppendUtf8(std::string& text, uint32_t codePoint);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 std::string FoldCase(std::string_view text);
 
+// Whether a comes before b in natural order: runs of digits compare by their value, so "Bin 2" comes before "Bin 10",
+// and case does not matter. Neither comes first if they differ only in case or in leading zeros.
+bool ComesBefore(std::string_view a, std::string_view b);
+
 // Whether the text, without leading and trailing spaces, is an optional sign and digits, in any range.
 bool IsNumeric(std::string_view text);
 

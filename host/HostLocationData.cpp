@@ -3,8 +3,10 @@
 #include "base/Text.h"
 #include "host/HostDatabase.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 namespace quellbrook {
 
@@ -36,6 +38,15 @@ void AppendRow(pugi::xml_node& documentElement, const Row& row) {
     }
 }
 
+// Rows whose names do not differ in natural order stay in the order of the query.
+void SortNaturally(pugi::xml_node& documentElement) {
+    std::vector<std::pair<std::string_view, pugi::xml_node>> rows;
+    for (const pugi::xml_node row : documentElement.children()) rows.emplace_back(row.child_value("Name"), row);
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const auto& a, const auto& b) { return ComesBefore(a.first, b.first); });
+    for (const auto& [name, row] : rows) documentElement.append_move(row);
+}
+
 std::shared_ptr<const LocationDocument> LoadDocument() {
     auto document = std::make_unique<pugi::xml_document>();
     pugi::xml_node documentElement = document->append_child("StorageLocations");
@@ -43,6 +54,7 @@ std::shared_ptr<const LocationDocument> LoadDocument() {
         AppendRow(documentElement, row);
         return true;
     });
+    SortNaturally(documentElement);
     return std::make_shared<const LocationDocument>(std::move(document));
 }
 

@@ -14,8 +14,9 @@
 namespace quellbrook {
 
 // All rows of the table StorageLocation as one XML document: a child StorageLocation of the document element for each
-// row, with a child for each column that is not NULL, named after the column. Siblings are ordered by Name, then IdNo.
-// The index returns the same nodes as XPath, in document order, without a search.
+// row, with a child for each column that is not NULL, named after the column. The rows are in the natural order of
+// Name, and rows with equal names in the order of the database. The index returns the same nodes as XPath, in document
+// order, without a search.
 class LocationDocument {
 public:
     explicit LocationDocument(std::unique_ptr<pugi::xml_document> document);

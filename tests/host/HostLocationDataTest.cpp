@@ -100,6 +100,18 @@ TEST_F(HostLocationDataTest, HasARowForEachLocationByNameAndIdentifier) {
     EXPECT_EQ(ids[1], second);
 }
 
+TEST_F(HostLocationDataTest, RowsAreInTheNaturalOrderOfTheirNames) {
+    const std::vector<std::string> sorted = {"annex",       "Building 2",   "building 3",
+                                             "Building 10", "Building 010", "Yard"};
+    for (const int i : {4, 1, 5, 3, 0, 2})
+        m_database.AddLocation(sorted[static_cast<size_t>(i)], StorageLocationTypes::Internal);
+    std::vector<std::string> names;
+    for (const pugi::xml_node row : HostLocationData().GetDocument()->Children("/0/", 2))
+        names.emplace_back(row.child_value("Name"));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"annex", "Building 2", "building 3", "Building 010", "Building 10", "Yard"}));
+}
+
 TEST_F(HostLocationDataTest, HasAnElementForEachColumnThatIsNotNull) {
     const int32_t id = m_database.AddLocation("A & <B>", StorageLocationTypes::Internal, 0, std::nullopt);
     const pugi::xml_node row = m_data.GetDocument()->FindByID(id);
