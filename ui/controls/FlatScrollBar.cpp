@@ -69,6 +69,11 @@ void FlatScrollBar::SetArrows(int arrows) {
     m_bar->update();
 }
 
+void FlatScrollBar::SetThumbShare(float share) {
+    m_bar->setProperty(FlatStyle::ThumbShareProperty, share);
+    m_bar->update();
+}
+
 int FlatScrollBar::FilterScrollCode(int code) {
     constexpr int both = TrackBit | PositionBit;
     return (code & both) == both ? code & ~TrackBit : code;

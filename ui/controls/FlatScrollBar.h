@@ -30,6 +30,9 @@ public:
     void SetLargeChange(int step);
     int GetArrows() const { return m_arrows; }
     void SetArrows(int arrows);
+    // The length of the thumb as a share of the track, above 0 and up to 1. Until set, the share of LargeChange in the
+    // range.
+    void SetThumbShare(float share);
     QScrollBar* Bar() const { return m_bar; }
 
     // The message filter of the thumb: clears bit 0 of a code with bits 0 and 2 set.

@@ -8,6 +8,7 @@
 #include "ui/platform/Guard.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -111,9 +112,11 @@ void TrackingList::UpdateScrollBar() {
     const float rowHeight = m_rows.front()->Height();
     const float overflow = BottomOfRows() - ClientHeight();
     if (overflow <= 0) {
+        m_vertScroll->SetValue(0);
         m_vertScroll->hide();
         return;
     }
+    m_vertScroll->SetThumbShare(ClientHeight() / BottomOfRows());
     m_vertScroll->SetMin(0);
     if (overflow < rowHeight) {
         m_vertScroll->SetMax(Rounded(overflow));
@@ -185,9 +188,23 @@ void TrackingList::MoveSelection(int delta) {
     const int row = FocusedRow();
     if (row < 0 || ValidateRow(row)) return;
     const int target = row + delta;
-    if (target < 0 || target >= RowCount()) return;
-    TrackingResult& next = RowNo(target);
-    if (next.isVisible() && next.isEnabled()) next.setFocus();  // not TrySetFocus, which counts its calls
+    if (target >= 0 && target < RowCount()) FocusRow(target);
+}
+
+void TrackingList::FocusRow(int row) {
+    TrackingResult& target = RowNo(row);
+    if (target.isVisible() && target.isEnabled()) target.setFocus();  // not TrySetFocus, which counts its calls
+}
+
+void TrackingList::keyPressEvent(QKeyEvent* event) {
+    const bool isHome = event->key() == Qt::Key_Home;
+    if (!isHome && event->key() != Qt::Key_End) return ScrollingListOf::keyPressEvent(event);
+    Guard([&] {
+        if (FocusedRow() < 0) return;
+        const int row = isHome ? 0 : LastRow();
+        FocusRow(row);
+        EnsureRowVisible(row);
+    });
 }
 
 }  // namespace quellbrook

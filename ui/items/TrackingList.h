@@ -10,7 +10,8 @@
 namespace quellbrook {
 
 // The chain of custody of one item, one row for each record in a tall panel that scrolls. Rows are built ten at a time,
-// with the message loop running in between. A user without the right to view chains of custody sees no rows.
+// with the message loop running in between. Arrow keys, Home and End move the focus between the rows. A user without
+// the right to view chains of custody sees no rows.
 class TrackingList : public ScrollingListOf<TrackingResult> {
     Q_OBJECT
 
@@ -41,6 +42,7 @@ protected:
     void DoubleClickRow(int row) override;
     void VertScroll_Change() override;
     void Layout() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void WatchRow(TrackingResult* row);
@@ -51,6 +53,7 @@ private:
     void ShowRows(int from, int to);
     void UpdateScrollBar();
     float BottomOfRows() const;
+    void FocusRow(int row);
     void Row_GotFocus(TrackingResult* row);
 
     std::shared_ptr<const TrackingRecordList> m_records = std::make_shared<TrackingRecordList>();

@@ -199,9 +199,9 @@ QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     const int arrow = hasArrows ? qMin(total / 2, vertical ? bar->rect.width() : bar->rect.height()) : 0;
     const int length = total - 2 * arrow;
     const double range = double(bar->maximum) - bar->minimum;
-    int slider = length;
-    if (range > 0)
-        slider = qBound(qMin(ShortestThumb, length), int(length * bar->pageStep / (range + bar->pageStep)), length);
+    const QVariant set = widget ? widget->property(ThumbShareProperty) : QVariant();
+    const double share = set.isValid() ? set.toDouble() : bar->pageStep / (range + bar->pageStep);
+    const int slider = range > 0 ? qBound(qMin(ShortestThumb, length), int(length * share), length) : length;
     const int start = arrow + sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider,
                                                       bar->upsideDown);
     const auto rect = [&](int from, int to) {

@@ -13,6 +13,8 @@ class FlatStyle : public QProxyStyle {
 public:
     // Set on a scroll bar to show arrows at its ends: 0 for both, 1 for only up, 2 for only down.
     static constexpr const char* ArrowsProperty = "quellbrookArrows";
+    // Set on a scroll bar whose page step is not what is visible: the length of the thumb as a share of the track.
+    static constexpr const char* ThumbShareProperty = "quellbrookThumbShare";
 
     FlatStyle();
 

@@ -15,6 +15,7 @@
 #include "ui/items/ActionTag.h"
 #include "ui/items/TrackingResult.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/Theme.h"
 
 #include <QMenu>
 #include <QScrollBar>
@@ -272,6 +273,38 @@ TEST_F(TrackingListTest, ANewChainStartsAtTheTop) {
     EXPECT_EQ(Bar()->Value(), 0);
     EXPECT_EQ(Container()->Top(), 0);
     EXPECT_EQ(Bar()->Max(), 11 * 1140 - 400 * 15);
+}
+
+TEST_F(TrackingListTest, AScrolledListThatGrowsUntilAllFitsStartsAtTheTop) {
+    m_list->SetRecords(Records(8));
+    Bar()->SetValue(Bar()->Max());
+    Resize(800, 8 * RowPixels);
+    EXPECT_FALSE(Bar()->IsShown());
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_EQ(Container()->Top(), 0);
+}
+
+TEST_F(TrackingListTest, TheThumbCoversTheShareThatIsVisible) {
+    m_list->SetRecords(Records(12));
+    const QImage bar = Grab(*Bar());
+    int thumb = 0;
+    for (int y = 0; y < 400; ++y) thumb += PixelAt(bar, QPoint(8, y)) == Theme::Get(Theme::Color::Thumb);
+    const int track = 400 - 2 * Bar()->width();
+    EXPECT_NEAR(thumb, track * 400 / (12 * RowPixels), 4);
+}
+
+TEST_F(TrackingListTest, EndAndHomeGoToTheLastAndTheFirstRow) {
+    m_list->SetRecords(Records(12));
+    Row(3).setFocus();
+    Press(Qt::Key_End);
+    EXPECT_TRUE(Row(11).hasFocus());
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    Bar()->SetValue(0);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Bar()->Value(), Bar()->Max()) << "the focus was there before";
+    Press(Qt::Key_Home);
+    EXPECT_TRUE(Row(0).hasFocus());
+    EXPECT_EQ(Bar()->Value(), 0);
 }
 
 TEST_F(TrackingListTest, RowsFollowTheWidthWithOrWithoutABar) {
