@@ -16,12 +16,12 @@ QRect OnScreen(const QWidget& window) {
     return window.isWindow() ? window.frameGeometry() : QRect(window.mapToGlobal(QPoint()), window.size());
 }
 
-// Centers over the parent. Moves only if the form would otherwise extend outside both the parent and the screen.
+// Centers over the parent, but keeps the form on the parent's screen.
 QPoint PlaceOver(const QWidget& parent, const QSize& form) {
     const QRect over = OnScreen(parent);
     const QPoint centered(over.left() + over.width() / 2 - form.width() / 2,
                           over.top() + over.height() / 2 - form.height() / 2);
-    const QRect available = parent.screen()->availableGeometry().united(over);
+    const QRect available = parent.screen()->availableGeometry();
     return QPoint(std::max(available.left(), std::min(centered.x(), available.right() + 1 - form.width())),
                   std::max(available.top(), std::min(centered.y(), available.bottom() + 1 - form.height())));
 }

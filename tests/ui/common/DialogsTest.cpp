@@ -82,10 +82,19 @@ TEST_F(DialogsTest, AFormLargerThanItsParentStaysOnTheScreen) {
     m_host.setGeometry(0, 0, 200, 100);
     SampleForm form;
     WhenOpen<SampleForm>([this](SampleForm& open) {
-        const QRect room = open.screen()->availableGeometry().united(m_host.frameGeometry());
-        EXPECT_EQ(open.frameGeometry().topLeft(), room.topLeft());
+        EXPECT_EQ(open.frameGeometry().topLeft(), open.screen()->availableGeometry().topLeft());
     });
     ShowFormCentered(form);
+}
+
+TEST_F(DialogsTest, AFormOverAParentThatIsPartlyOutsideStaysOnTheScreen) {
+    const QRect screen = m_host.screen()->availableGeometry();
+    for (const QPoint corner : {QPoint(-500, -400), screen.bottomRight() - QPoint(100, 80)}) {
+        m_host.move(corner);
+        SampleForm form;
+        WhenOpen<SampleForm>([&](SampleForm& open) { EXPECT_TRUE(screen.contains(open.frameGeometry())); });
+        ShowFormCentered(form);
+    }
 }
 
 TEST_F(DialogsTest, TheWindowOfAFormIsCreatedAtItsFinalPosition) {
