@@ -18,7 +18,7 @@ QSize FontLabel::sizeHint() const {
 }
 
 void FontLabel::paintEvent(QPaintEvent*) {
-    GuardSilently([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         painter.setFont(font());
         painter.setPen(ForeColor());

@@ -31,7 +31,7 @@ protected:
         return QWidget::eventFilter(watched, event);
     }
     void paintEvent(QPaintEvent*) override {
-        GuardSilently([this] {
+        GuardPainting([this] {
             QColor shade = Theme::Get(Theme::Color::Shade);
             shade.setAlphaF(Opacity);
             QPainter(this).fillRect(rect(), shade);

@@ -37,7 +37,7 @@ public:
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        Guard([&] {
+        GuardPainting([&] {
             const bool chosen = option.state & (QStyle::State_Selected | QStyle::State_MouseOver);
             painter->fillRect(option.rect, Theme::Get(chosen ? Theme::Color::Highlight : Theme::Color::Window));
             painter->setFont(option.font);

@@ -37,7 +37,7 @@ void ReportHeader::paintEvent(QPaintEvent* event) {
 }
 
 void ReportHeader::paintSection(QPainter* painter, const QRect& section, int column) const {
-    Guard([&] {
+    GuardPainting([&] {
         painter->fillRect(section, palette().color(QPalette::Base));
         painter->setFont(Theme::Font(Theme::Type::TagText));
         painter->setPen(Theme::Get(Theme::Color::GrayText));
