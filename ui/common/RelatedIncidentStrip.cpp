@@ -18,7 +18,6 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int32_t SecuredColor = 0x1C5CDC;
 constexpr float Gap = 60;
 constexpr int LockSize = 14;
 constexpr int ChipMargin = 2;
@@ -109,9 +108,9 @@ void RelatedIncidentStrip::ApplyLook() {
         QFont font = Font();
         if (IsSecured(i)) font.setWeight(QFont::DemiBold);
         m_ids[i]->setFont(font);
-        m_ids[i]->SetForeColor(IsSecured(i) ? Theme::FromBgr(SecuredColor) : color);
+        m_ids[i]->SetForeColor(IsSecured(i) ? Theme::Get(Theme::Color::Secured) : color);
         m_secured[i]->SetIcon("secured", LockSize);
-        m_secured[i]->SetForeColor(Theme::FromBgr(SecuredColor));
+        m_secured[i]->SetForeColor(Theme::Color::Secured);
         m_separators[i]->setFont(Font());
         m_separators[i]->SetForeColor(color);
     }
@@ -177,7 +176,7 @@ void RelatedIncidentStrip::WriteProperties(PropertyBag& bag) const {
 
 void RelatedIncidentStrip::paintEvent(QPaintEvent*) {
     if (!m_onHighlight) return;
-    GuardSilently([this] {
+    GuardPainting([this] {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
