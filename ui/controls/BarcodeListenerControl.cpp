@@ -24,7 +24,7 @@ bool IsCoveredByView(const QWidget& widget) {
 }
 
 // A menu that is open belongs to what was on the screen before the scan.
-void CloseMenus(int32_t, const std::string&) {
+void CloseMenus() {
     Guard([] {
         while (QWidget* menu = QApplication::activePopupWidget())
             if (!menu->close()) return;
@@ -45,7 +45,10 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
     const int size = IsInsideDesigner() ? IconSize : 0;
     setFixedSize(size, size);
     setFocusPolicy(Qt::NoFocus);
-    BarcodeScanned().connect(CloseMenus);
+    m_listener.BarcodeScanned.connect([this](int32_t barcodeType, const std::string& barcodeData) {
+        CloseMenus();
+        m_barcodeScanned(barcodeType, barcodeData);
+    });
 }
 
 bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }

@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QMenu>
 
 #include <gmock/gmock.h>
 
@@ -148,6 +149,18 @@ TEST_F(BarcodeListenerControlTest, AScanWhileADialogIsActiveIsDropped) {
     ShowActive(m_window);
     ScanAndWait("P2");
     EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Property, "2")));
+}
+
+TEST_F(BarcodeListenerControlTest, AScanClosesTheMenusBeforeItIsRaised) {
+    QMenu menu;
+    menu.addAction("Open");
+    menu.popup(m_window.mapToGlobal(QPoint(10, 10)));
+    ASSERT_EQ(QApplication::activePopupWidget(), &menu);
+    std::vector<bool> menuIsOpen;
+    m_listener->BarcodeScanned().connect([&](int32_t, const std::string&) { menuIsOpen.push_back(menu.isVisible()); },
+                                         boost::signals2::at_front);
+    ScanAndWait("P1");
+    EXPECT_THAT(menuIsOpen, ElementsAre(false));
 }
 
 TEST_F(BarcodeListenerControlTest, IsHookedFromTheFirstShowUntilDestruction) {
