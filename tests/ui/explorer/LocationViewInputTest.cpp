@@ -170,8 +170,27 @@ TEST_F(LocationViewTest, TheMenuKeysOpenTheMenuBelowTheSelectedRow) {
     const QRect row = m_list->Tree()->visualItemRect(m_list->Tree()->topLevelItem(RowOf("E-2")));
     EXPECT_EQ(positionOf(menuKey), QPoint(32, row.bottom() + 1));
     EXPECT_EQ(positionOf([&] { Press(m_list->Tree(), Qt::Key_F10, Qt::ShiftModifier); }), QPoint(32, row.bottom() + 1));
-    m_list->Tree()->resize(1000, row.top() + 5);
-    EXPECT_LE(positionOf(menuKey).y(), m_list->height()) << "a row that is out of sight";
+}
+
+TEST_F(LocationViewTest, TheMenuOfARowOutOfSightOpensAtTheEdgeOfTheList) {
+    for (int i = 0; i < 40; ++i) AddItem("X-" + std::to_string(i), m_shelf);
+    Show(m_shelf);
+    QMenu menu;
+    m_menu = &menu;
+    menu.addAction("Open");
+    const auto menuTop = [&] {
+        int top = 0;
+        WhileMenuOpen([&](QMenu& open) { top = m_list->mapFromGlobal(open.pos()).y(); });
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(10, 10), QPoint(10, 10));
+        QCoreApplication::sendEvent(m_list->Tree(), &key);
+        return top;
+    };
+    m_list->SetCurrentRow(m_list->RowCount() - 1);
+    m_list->Tree()->scrollToTop();
+    EXPECT_EQ(menuTop(), m_list->height());
+    m_list->SetCurrentRow(0);
+    m_list->Tree()->scrollToBottom();
+    EXPECT_EQ(menuTop(), 0);
 }
 
 TEST_F(LocationViewTest, TheMouseOpensTheMenuAtThePointer) {

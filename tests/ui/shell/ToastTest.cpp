@@ -7,9 +7,23 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
 
+#include <QPushButton>
+
 namespace quellbrook {
 
 namespace {
+
+// Counts the presses that the watched widgets get.
+class PressCounter : public QObject {
+public:
+    int presses = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        presses += event->type() == QEvent::MouseButtonPress;
+        return false;
+    }
+};
 
 class ToastTest : public ::testing::Test {
 protected:
@@ -158,12 +172,23 @@ TEST_F(ToastTest, ItStaysAboveWhatIsDockedBeforeIt) {
 }
 
 TEST_F(ToastTest, AClickHidesItAndReachesNothingBehind) {
+    QPushButton behind(&m_parent);
+    behind.setGeometry(m_parent.rect());
+    behind.show();
+    PressCounter counter;
+    behind.installEventFilter(&counter);
+    m_parent.installEventFilter(&counter);
     m_toast->Popup("First");
     SlideToTheEnd();
     ASSERT_TRUE(Waits());
-    testing::Click(testing::Find<Label>(*m_toast, "lblMessage"));
+    const auto* message = testing::Find<Label>(*m_toast, "lblMessage");
+    const QPoint at = message->mapTo(&m_parent, message->rect().center());
+    QTest::mouseClick(m_parent.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
     EXPECT_FALSE(m_toast->isVisible());
     EXPECT_TRUE(m_timers.Running().empty());
+    EXPECT_EQ(counter.presses, 0);
+    QTest::mouseClick(m_parent.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    EXPECT_EQ(counter.presses, 1) << "the next click is for the button";
     m_toast->Popup("Second");
     SlideToTheEnd();
     EXPECT_TRUE(m_toast->isVisible());
