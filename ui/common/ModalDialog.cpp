@@ -144,8 +144,8 @@ void frmModal::FinishWith(int32_t result) {
 
 void frmModal::OnCancel() { FinishWith(m_cancelResult); }
 
-// Enter is a matter of the focused button alone. A repeated Enter, which no button accepts, must not answer a question
-// that nobody has read.
+// Only the focused button handles Enter. A repeated Enter, which no button accepts, must not answer a question that the
+// user has not read.
 void frmModal::keyPressEvent(QKeyEvent* event) {
     if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) return ModuleForm::keyPressEvent(event);
     bool handled = true;

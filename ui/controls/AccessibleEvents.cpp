@@ -14,7 +14,7 @@ void NotifySelection(QWidget& row, bool selected) {
     if (!selected) return;
     QAccessibleEvent selection(&row, QAccessible::Selection);
     QAccessible::updateAccessibility(&selection);
-    if (row.hasFocus()) return;  // Qt has told it
+    if (row.hasFocus()) return;  // Qt has already reported the focus
     QAccessibleEvent focus(&row, QAccessible::Focus);
     QAccessible::updateAccessibility(&focus);
 }

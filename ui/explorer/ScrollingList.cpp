@@ -89,7 +89,7 @@ void ScrollingList::LayoutRows(float containerHeight) {
     for (StatePanel* panel : m_panels) CenterInContainer(*panel, *this, Center::Horizontally | Center::Vertically);
 }
 
-// The rows open the menu of the mouse.
+// For the mouse, `ClickRow` opens the menu.
 void ScrollingList::contextMenuEvent(QContextMenuEvent* event) {
     const int row = FocusedRow();
     if (event->reason() != QContextMenuEvent::Keyboard || row < 0) return Control::contextMenuEvent(event);

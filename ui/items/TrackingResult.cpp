@@ -132,8 +132,10 @@ void TrackingResult::focusInEvent(QFocusEvent* event) {
 
 void TrackingResult::focusOutEvent(QFocusEvent* event) {
     Control::focusOutEvent(event);
-    update();
-    NotifySelection(*this, false);
+    Guard([this] {
+        update();
+        NotifySelection(*this, false);
+    });
 }
 
 }  // namespace quellbrook

@@ -7,7 +7,8 @@
 
 namespace quellbrook {
 
-// No error leaves a handler that Qt calls: a virtual, a slot, a filter or a timer. Each runs inside Guard.
+// No error leaves a handler that Qt calls: a virtual, a slot, a filter or a timer. Each that can throw
+// runs inside Guard.
 
 // Handles an error that would otherwise leave a guarded function.
 using ErrorReport = std::function<void(const Error&)>;

@@ -100,7 +100,7 @@ void Toast::ToastTimer_Elapsed() {
     Slide(m_motion->slideDown, m_expandedHeight, CollapsedHeight());
 }
 
-// A text that came meanwhile stays.
+// Stays open if another message has arrived.
 void Toast::SlideDown_Finished() {
     if (!m_motion->slideUp.InProgress()) hide();
 }

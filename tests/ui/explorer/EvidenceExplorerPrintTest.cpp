@@ -31,7 +31,7 @@ protected:
         return texts;
     }
 
-    // What the user was told.
+    // The notifications shown to the user.
     std::vector<std::string> Notices() const {
         std::vector<std::string> notices;
         for (const Action& action : m_actions->actions)

@@ -118,7 +118,7 @@ TEST_F(StyleTest, TheTitleBarShowsTheMarkAndARuleBelow) {
     EXPECT_EQ(PixelAt(image, QPoint(300, 39)), Theme::Get(Theme::Color::Hairline));
 }
 
-// The widget at a fixed size without its text.
+// A picture of the widget at a fixed size.
 QImage Painted(QWidget& widget) {
     widget.resize(160, 36);
     return Grab(widget);
