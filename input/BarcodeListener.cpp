@@ -83,6 +83,7 @@ void BarcodeListener::OnCharacter(KeyMessage& message) {
         m_lastScanEnd = 0;
         m_isScanning = true;
         m_scanBuffer.clear();
+        ScanStarted();
     } else if (!m_isScanning) {
         return;
     } else if (message.wParam == EndCharacter) {

@@ -43,6 +43,11 @@ public:
     // another window is active by then.
     Event<int32_t, const std::string&> BarcodeScanned;
 
+    // At each STX that it takes.
+    Event<> ScanStarted;
+
+    // Whether an STX was taken whose scan has not been raised or dropped yet.
+    bool IsScanning() const { return m_isScanning; }
     // The characters since the last STX, as UTF-8. ETX does not clear them.
     const std::string& Buffer() const { return m_scanBuffer; }
     // The number of scans that wait for the timer.

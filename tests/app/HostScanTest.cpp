@@ -12,13 +12,10 @@ namespace {
 // The fields of the host and a scanner.
 class HostScanTest : public MainWindowTest {
 protected:
-    void SetUp() override {
-        MainWindowTest::SetUp();
-        m_window.reset();
+    void OpenWindow() override {
         m_timers = std::make_unique<ManualTimers>(m_environment);
         m_environment->clock = &m_clock;
-        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
-        ShowActive(*m_window);
+        MainWindowTest::OpenWindow();
     }
     void TearDown() override {
         MainWindowTest::TearDown();
@@ -49,6 +46,16 @@ TEST_F(HostScanTest, TheFieldsOfTheLoginTakeNoScan) {
     EXPECT_EQ(TextAfterAScan("password"), "");
     Type(Find(*m_window, "username"), "clerk");
     EXPECT_EQ(Find<QLineEdit>(*m_window, "username")->text(), "clerk");
+}
+
+TEST_F(HostScanTest, AScanWithoutAnEndBlocksTheKeyboardForASecond) {
+    auto* username = Find<QLineEdit>(*m_window, "username");
+    username->setFocus();
+    TypeAsScanner("\x02P1\rx");
+    EXPECT_EQ(username->text(), "");
+    m_timers->Tick(1000);
+    TypeAsScanner("clerk");
+    EXPECT_EQ(username->text(), "clerk");
 }
 
 TEST_F(HostScanTest, TheFolderOfTheLabelsTakesNoScan) {

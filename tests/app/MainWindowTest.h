@@ -30,13 +30,18 @@ protected:
         SampleCopyTest::SetUp();
         m_environment->screen = &m_screen;
         ResetFocusCalls(m_screen);
-        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
-        ShowActive(*m_window);
+        OpenWindow();
     }
 
     void TearDown() override {
+        EXPECT_FALSE(m_screen.HasAnswersLeft()) << "A question that a test answers was not asked.";
         m_window.reset();
         SampleCopyTest::TearDown();
+    }
+
+    virtual void OpenWindow() {
+        m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, std::vector<SampleAccount>());
+        ShowActive(*m_window);
     }
 
     void LogIn(const SampleAccount& account) { LogIn(account.username, account.password); }
