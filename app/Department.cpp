@@ -1,5 +1,6 @@
 #include "app/Department.h"
 
+#include "app/Termination.h"
 #include "base/Error.h"
 #include "base/ErrorLog.h"
 #include "base/FormatCount.h"
@@ -63,14 +64,17 @@ Department OpenDepartment(const Options& options, const std::string& dataDirecto
     return department;
 }
 
-Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory) {
+Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory,
+                                      const Termination& termination) {
     QProgressDialog window(QObject::tr("Creating the sample department..."), QString(), 0, 100);
     window.setWindowTitle(QStringLiteral("Quellbrook"));
     window.setMinimumDuration(300);
     sample::ProgressBar bar(options.size ? FormatCount(*options.size, "Creating a department of %d item",
                                                        "Creating a department of %d items")
                                          : "Creating the sample department");
-    Department department = OpenDepartment(options, dataDirectory, [&window, &bar](int percent) {
+    Department department = OpenDepartment(options, dataDirectory, [&window, &bar, &termination](int percent) {
+        if (termination.IsRequested())
+            Raise(ErrorNumber::General, "OpenDepartment", "The creation of the department was canceled.");
         window.setValue(percent);
         bar.Show(percent);
     });

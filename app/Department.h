@@ -13,6 +13,8 @@
 
 namespace quellbrook {
 
+class Termination;
+
 // The department that the program works with.
 struct Department {
     std::unique_ptr<QTemporaryDir> scratch;  // its folder, if it is a scratch copy
@@ -29,8 +31,10 @@ std::optional<std::string> DepartmentPath(const Options& options, const std::str
 // file that cannot be used; the file is not changed.
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
-// The same, showing the progress in a window and on standard error, and the notes on standard error.
-Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory);
+// The same, showing the progress in a window and on standard error, and the notes on standard error. A termination that
+// is requested during the creation cancels it with error 5.
+Department OpenDepartmentWithProgress(const Options& options, const std::string& dataDirectory,
+                                      const Termination& termination);
 
 // Sets the department's database, files and attachments as the host's services. The files are in the database's folder.
 void UseDepartment(const Department& department);

@@ -41,7 +41,8 @@ int ShowDepartment(const Options& options, const Department& department, const T
     std::optional<QString> user;
     if (options.user) user = QString::fromStdString(*options.user);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
-    if (options.tourDirectory) return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path);
+    if (options.tourDirectory)
+        return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path, termination);
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);
     RestoreWindowSize(window, WindowSizeFile());
@@ -65,8 +66,10 @@ int RunHost(const Options& options) {
     const Termination termination;
     try {
         if (options.gallery || options.galleryDirectory) return gallery::RunGallery(options.galleryDirectory);
-        return ShowDepartment(options, OpenDepartmentWithProgress(options, dataDirectory.toStdString()), termination);
+        return ShowDepartment(options, OpenDepartmentWithProgress(options, dataDirectory.toStdString(), termination),
+                              termination);
     } catch (...) {
+        if (termination.IsRequested()) return Termination::ExitCode;
         Refuse(options, CurrentError());
         return 1;
     }

@@ -1,6 +1,7 @@
 #include "app/Tour.h"
 
 #include "app/MainWindow.h"
+#include "app/Termination.h"
 #include "demo/tour/TourPlayer.h"
 #include "demo/tour/TransferScenario.h"
 
@@ -8,7 +9,9 @@
 
 namespace quellbrook {
 
-int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath) {
+int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
+             const Termination& termination) {
+    if (termination.IsRequested()) return Termination::ExitCode;
     constexpr int keyPause = 2000;  // milliseconds
     window.showMaximized();
     // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
@@ -17,6 +20,7 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
     PlanTransferScenario(player);
     player.Start();
     QApplication::exec();
+    if (termination.IsRequested()) return Termination::ExitCode;
     return player.Passed() ? 0 : 1;
 }
 

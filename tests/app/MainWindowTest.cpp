@@ -1,13 +1,18 @@
 #include "tests/app/MainWindowTest.h"
 
+#include "app/Termination.h"
+#include "app/Tour.h"
 #include "core/Actions.h"
 #include "host/HostLocationData.h"
 #include "tests/support/Items.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "ui/common/Dialogs.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QPointer>
+
+#include <csignal>
 
 namespace quellbrook::testing {
 
@@ -120,6 +125,14 @@ TEST_F(MainWindowTest, AUserRefusedByTheGateIsLoggedOut) {
     EXPECT_EQ(Evidence(), nullptr);
     EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());
     EXPECT_EQ(HostServices::Current().Session().Username(), "");
+}
+
+TEST_F(MainWindowTest, ATourDoesNotBeginAfterASignal) {
+    const Termination termination;
+    std::raise(SIGTERM);
+    const QString pictures = QString::fromStdString(m_directory.In("tour"));
+    EXPECT_EQ(PlayTour(*m_window, pictures, m_directory.In("copy.sqlite"), termination), Termination::ExitCode);
+    EXPECT_FALSE(QDir(pictures).exists());
 }
 
 TEST_F(MainWindowTest, TheWindowIsTheDialogsParentAgainAfterTheWizard) {

@@ -1,9 +1,12 @@
 #include "app/Department.h"
+#include "app/Termination.h"
 #include "base/Error.h"
 #include "host/HostServices.h"
 #include "tests/demo/sample/SampleFile.h"
+#include "tests/support/RaisedBy.h"
 #include "tests/support/ScratchFolder.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -21,10 +24,10 @@ std::string Bytes(const std::string& path) {
 
 class OpenDepartmentTest : public ::testing::Test {
 protected:
-    std::string InScratch(const std::string& name) const { return m_directory.Path() + "/" + name; }
+    std::string InScratch(const std::string& name) const { return m_directory.In(name); }
 
     std::string CopyOfSample(const std::string& name) const {
-        std::filesystem::copy_file(TheSample().Path(), InScratch(name));
+        CopySample(InScratch(name));
         return InScratch(name);
     }
 
@@ -133,6 +136,14 @@ TEST_F(OpenDepartmentTest, AScratchCopyIsDeletedAfterwards) {
     }
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(path).parent_path()));
+}
+
+TEST_F(OpenDepartmentTest, ATerminationCancelsTheCreation) {
+    const Termination termination;
+    std::raise(SIGTERM);
+    const Error canceled = RaisedBy([&] { OpenDepartmentWithProgress({}, InScratch("data"), termination); });
+    EXPECT_EQ(canceled.Description(), "The creation of the department was canceled.");
+    EXPECT_FALSE(std::filesystem::exists(InScratch("data/sample.sqlite")));
 }
 
 TEST_F(OpenDepartmentTest, ADataDirectoryThatCannotBeCreatedIsReported) {

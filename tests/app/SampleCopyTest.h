@@ -5,7 +5,6 @@
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ScratchFolder.h"
 
-#include <filesystem>
 #include <memory>
 
 #include <gtest/gtest.h>
@@ -16,8 +15,8 @@ namespace quellbrook::testing {
 class SampleCopyTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        const std::string path = m_directory.Path() + "/copy.sqlite";
-        std::filesystem::copy_file(TheSample().Path(), path);
+        const std::string path = m_directory.In("copy.sqlite");
+        CopySample(path);
         m_database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE);
         m_database->exec("PRAGMA foreign_keys = ON");
         HostServices::Current().SetEngine(SqliteEngine::Open(path));

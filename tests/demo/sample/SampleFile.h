@@ -6,6 +6,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,5 +65,8 @@ inline const SampleFile& TheSample() {
     static const SampleFile sample;
     return sample;
 }
+
+// Writes a copy of its file, for a test that changes it.
+inline void CopySample(const std::string& path) { std::filesystem::copy_file(TheSample().Path(), path); }
 
 }  // namespace quellbrook::testing

@@ -2,16 +2,14 @@
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ScratchFolder.h"
 
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 namespace quellbrook::testing {
 
 TEST(CustodyRows, ReturnsOnlyRowsWrittenSinceConstruction) {
     const ScratchFolder directory;
-    const std::string path = directory.Path() + "/copy.sqlite";
-    std::filesystem::copy_file(TheSample().Path(), path);
+    const std::string path = directory.In("copy.sqlite");
+    CopySample(path);
     const tour::CustodyRows rows(path);
     EXPECT_TRUE(rows.Written().empty());
 
