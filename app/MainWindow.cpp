@@ -23,7 +23,7 @@ namespace quellbrook {
 
 namespace {
 
-// At this size, every view shows all its controls.
+// At this size, every view shows all its controls. Tabs scroll, and long texts in rows end in an ellipsis.
 constexpr QSize smallestSize(800, 490);
 
 QString Scheme() { return QString::fromLatin1(RecordScheme.data(), RecordScheme.size()); }

@@ -1,39 +1,30 @@
 #include "tests/support/ui/GeometryWalk.h"
 
-#include "app/MainWindow.h"
 #include "app/scanner/PrinterChoice.h"
 #include "base/Screen.h"
-#include "component/Quellbrook.h"
 #include "core/Actions.h"
 #include "data/StorageLocationStatic.h"
-#include "database/SqliteEngine.h"
 #include "demo/tour/WindowInspector.h"
-#include "host/HostServices.h"
+#include "tests/app/MainWindowTest.h"
 #include "tests/app/ScratchWorkstation.h"
-#include "tests/demo/sample/SampleFile.h"
 #include "tests/support/Items.h"
 #include "tests/support/ManualTimer.h"
-#include "tests/support/RecordingScreen.h"
+#include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/ScaledProcess.h"
 #include "tests/support/ui/Scanner.h"
-#include "tests/support/ui/Widgets.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/controls/FlatTabs.h"
 
 #include <QAbstractItemView>
-#include <QLineEdit>
 #include <QTreeView>
 
-#include <gtest/gtest.h>
-
 #include <functional>
-#include <optional>
 
 namespace quellbrook::testing {
 namespace {
 
-// Checks the geometry of every view on the sample department, at three sizes and in both palettes.
+// Checks the geometry of every view on the sample department, at four sizes down to the smallest and in both palettes.
 std::vector<MeantFault> Meant() {
     using enum MeantFault::Kind;
     return {
@@ -49,37 +40,32 @@ std::vector<MeantFault> Meant() {
         {Overlap, "evidence/toastMessage", "", "the toast slides over the current view"},
         {Outside, "explorer/picLeftPanel", "", "the panel is the background of the left column and begins above it"},
         {Outside, "itemList/picContainer", "", "the rows of a list scroll"},
+        {Outside, "hostTabs/closeTab", "", "the tabs scroll in a narrow window"},
+        {Outside, "searchResult/lblDescription", "", "a long text ends in an ellipsis at the edge of its row"},
+        {Outside, "searchResult/lblCategory", "", "a long text ends in an ellipsis at the edge of its row"},
     };
 }
 
-class EveryView : public ::testing::TestWithParam<std::tuple<bool, QSize>> {
+class EveryView : public MainWindowTest, public ::testing::WithParamInterface<std::tuple<bool, QSize>> {
 protected:
     void SetUp() override {
-        HostServices::Current().SetEngine(SqliteEngine::Open(TheSample().Path()));
         InstallTheme(std::get<0>(GetParam()));
-        Startup();
-        m_environment.emplace();
-        (*m_environment)->screen = &m_screen;
-        m_timers = std::make_unique<ManualTimers>(*m_environment);
+        MainWindowTest::SetUp();
+    }
+    void TearDown() override {
+        MainWindowTest::TearDown();
+        m_timers.reset();
+        InstallTheme(false);
+    }
+    void OpenWindow() override {
+        m_timers = std::make_unique<ManualTimers>(m_environment);
         m_window = std::make_unique<MainWindow>("Harlow Bay", std::nullopt, SampleAccounts());
         m_window->resize(std::get<1>(GetParam()));
         ShowActive(*m_window);
     }
 
-    void TearDown() override {
-        m_window.reset();
-        m_timers.reset();
-        m_environment.reset();
-        HostServices::Current().SetSession(nullptr);
-        HostServices::Current().SetEngine(nullptr);
-        Shutdown();
-        InstallTheme(false);
-    }
-
     void LogIn() {
-        Find<QLineEdit>(*m_window, "username")->setText(QString::fromStdString(SampleAccounts()[0].username));
-        Find<QLineEdit>(*m_window, "password")->setText(QString::fromStdString(SampleAccounts()[0].password));
-        Click(Find(*m_window, "logIn"));
+        MainWindowTest::LogIn(SampleAccounts()[0]);
         ServeEvents();
     }
 
@@ -140,16 +126,15 @@ protected:
         EXPECT_EQ(TheWalk().NeverMet(), std::vector<std::string>());
     }
 
-    RecordingScreen m_screen;
-    std::optional<EnvironmentScope> m_environment;
     std::unique_ptr<ManualTimers> m_timers;
-    std::unique_ptr<MainWindow> m_window;
 };
 
 TEST_P(EveryView, TheLoginForm) { Walk(); }
 
 TEST_P(EveryView, TheLoginFormWithAFailure) {
-    Click(Find(*m_window, "logIn"));
+    TestErrorLog().Announce("DatabaseSession.Login");
+    MainWindowTest::LogIn("custodian", "wrong");
+    EXPECT_TRUE(Find(*m_window, "loginError")->isVisible());
     Walk();
 }
 
@@ -285,8 +270,8 @@ TEST(EveryViewAtScaleTwo, HasNoFaultsEither) {
 }
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, EveryView,
-                         ::testing::Combine(::testing::Bool(),
-                                            ::testing::Values(QSize(1280, 800), QSize(1920, 1080), QSize(960, 516))));
+                         ::testing::Combine(::testing::Bool(), ::testing::Values(QSize(1280, 800), QSize(1920, 1080),
+                                                                                 QSize(960, 516), QSize(800, 490))));
 
 }  // namespace
 }  // namespace quellbrook::testing

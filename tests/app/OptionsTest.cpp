@@ -122,9 +122,9 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text :
-         {"--database <sqlite:PATH>", "--size <N>", "--fresh", "--user <NAME>", "--tour <DIR>", "--gallery ",
-          "--gallery-pictures <DIR>", "--register", "tessarine://miproperty/open/NUMBER", "--help"})
+    for (const char* text : {"--database <sqlite:PATH>", "--size <N>", "--fresh", "--user <NAME>", "--tour <DIR>",
+                             "--gallery ", "--gallery-pictures <DIR>", "--register",
+                             "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;
 }
 
