@@ -6,6 +6,7 @@
 #include "app/scanner/ChoiceBox.h"
 #include "app/scanner/LabelPreview.h"
 #include "component/Labels.h"
+#include "host/HostServices.h"
 
 #include <QDir>
 #include <QGridLayout>
@@ -201,9 +202,8 @@ void PrinterPanel::PrintTestLabel() {
     try {
         const WaitCursor waiting;
         MakeTestLabel().Print();
-        ShowOutcome(m_choice.printer.isEmpty()
-                        ? tr("Written to the folder '%1'.").arg(QDir::toNativeSeparators(m_choice.folder))
-                        : tr("Printed to '%1'.").arg(m_choice.printer));
+        const std::string destination = HostServices::Current().Printer().Destination();
+        ShowOutcome(tr("Sent 1 label %1.").arg(QString::fromStdString(destination)));
     } catch (const Error& error) {
         ShowOutcome(WordsOf(error));
     }

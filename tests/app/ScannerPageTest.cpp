@@ -240,7 +240,7 @@ TEST_F(ScannerPageTest, TheOnlyPrinterIsPreselected) {
     EXPECT_EQ(Printers().currentText(), "Zeta");
     EXPECT_FALSE(Folder().isVisible());
     PrintTestLabel();
-    EXPECT_EQ(Text("outcome"), "Printed to 'Zeta'.");
+    EXPECT_EQ(Text("outcome"), "Sent 1 label to the printer 'Zeta'.");
     EXPECT_THAT(m_workstation.Content("jobs"), HasSubstr("-d Zeta "));
 }
 
@@ -277,7 +277,7 @@ TEST_F(ScannerPageTest, ATypedFolderIsUsed) {
     EXPECT_EQ(Folder().text().toStdString(), folder);
     EXPECT_EQ(LoadPrinterChoice(File())->folder.toStdString(), folder);
     PrintTestLabel();
-    EXPECT_EQ(Text("outcome"), "Written to the folder '" + folder + "'.");
+    EXPECT_EQ(Text("outcome"), "Sent 1 label to the folder '" + folder + "'.");
     EXPECT_TRUE(std::filesystem::exists(folder + "/P0000000000.pdf"));
 }
 
@@ -358,7 +358,7 @@ TEST_F(ScannerPageTest, EveryFieldIsReachableByKeyboardAndNamed) {
         EXPECT_FALSE(Find(*m_page, name)->accessibleName().isEmpty()) << name;
     Find(*m_page, "printTestLabel")->setFocus();
     Press(QApplication::focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(Text("outcome"), "Written to the folder '" + m_workstation.LabelFolder() + "'.");
+    EXPECT_EQ(Text("outcome"), "Sent 1 label to the folder '" + m_workstation.LabelFolder() + "'.");
 }
 
 }  // namespace quellbrook::testing
