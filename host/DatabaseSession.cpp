@@ -56,8 +56,8 @@ void DatabaseSession::Login(const std::string& username, const std::string& pass
     if (!IsPassword(password, hash) || !account) {
         m_limit->Failed();
         // The text of an unknown name may be a password that was typed into the wrong field.
-        LogFailure(loginSource, account ? "A log-in as '" + ToText(account->Value("Username")) + "' failed."
-                                        : "A log-in with an unknown user name failed.");
+        LogFailure(loginSource, account ? "A login as '" + ToText(account->Value("Username")) + "' failed."
+                                        : "A login with an unknown user name failed.");
         Raise(ErrorNumber::General, loginSource, "Incorrect user name or password.");
     }
     m_limit->Succeeded();

@@ -27,7 +27,7 @@ void LoginLimit::RequireTurn() const {
     if (passed < 0 || passed >= wait) return;  // below 0, the clock has been set back
     const auto seconds = static_cast<int32_t>((wait - passed + second - 1) / second);
     Raise(ErrorNumber::General, "LoginLimit.RequireTurn",
-          "Too many log-ins have failed. " + FormatCount(seconds, "Wait %d second", "Wait %d seconds") +
+          "Too many logins have failed. " + FormatCount(seconds, "Wait %d second", "Wait %d seconds") +
               " and try again.");
 }
 

@@ -2,8 +2,8 @@
 
 Usage: accessibility.py PROGRAM USER PASSWORD
 Starts the program on the sample department of the folders in the environment, which the caller keeps scratch. Logs in,
-opens a location, begins to sign an item out, reads a chain of custody, and starts the program a second time with a
-record's address. Prints a line for each thing found; exits with 1 at the first that does not appear.
+opens a location, prints a label, begins to sign an item out, reads a chain of custody, and starts the program a second
+time with a record's address. Prints a line for each thing found; exits with 1 at the first that does not appear.
 """
 
 import os

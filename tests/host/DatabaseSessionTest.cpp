@@ -69,9 +69,9 @@ TEST_F(DatabaseSessionTest, AFailedLoginLogsOutThePreviousUser) {
 
 TEST_F(DatabaseSessionTest, AFailedLoginIsLoggedWithoutWhatWasTyped) {
     FailureOf("CUSTODIAN", "pencil");
-    EXPECT_EQ(LoggedLast(), "A log-in as 'Custodian' failed.");
+    EXPECT_EQ(LoggedLast(), "A login as 'Custodian' failed.");
     FailureOf("lantern", "");
-    EXPECT_EQ(LoggedLast(), "A log-in with an unknown user name failed.");
+    EXPECT_EQ(LoggedLast(), "A login with an unknown user name failed.");
 }
 
 TEST_F(DatabaseSessionTest, AfterThreeFailuresTheRightPasswordHasToWaitToo) {
@@ -79,7 +79,7 @@ TEST_F(DatabaseSessionTest, AfterThreeFailuresTheRightPasswordHasToWaitToo) {
     const auto login = [&] { return RaisedBy([&] { m_session.Login("custodian", "lantern", ""); }); };
     const Error refusal = login();
     EXPECT_EQ(refusal.Number(), ErrorNumber::General);
-    EXPECT_EQ(refusal.Description(), "Too many log-ins have failed. Wait 2 seconds and try again.");
+    EXPECT_EQ(refusal.Description(), "Too many logins have failed. Wait 2 seconds and try again.");
     EXPECT_EQ(m_session.Username(), "");
     m_environment.clock.Advance(2000);
     EXPECT_EQ(login().Number(), 0);
@@ -138,8 +138,8 @@ TEST_F(DatabaseSessionTest, RevokedAndGrantedRightsTakeEffectAtOnce) {
 
 TEST_F(DatabaseSessionTest, TheAgencyIsASetting) {
     EXPECT_EQ(m_session.AgencyName(), "");
-    m_database.AddSetting("AgencyName", "Harbour Police");
-    EXPECT_EQ(m_session.AgencyName(), "Harbour Police");
+    m_database.AddSetting("AgencyName", "Harbor Police");
+    EXPECT_EQ(m_session.AgencyName(), "Harbor Police");
 }
 
 TEST(HashPassword, UsesANewSaltEachTimeAndHidesThePassword) {

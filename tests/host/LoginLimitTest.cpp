@@ -46,7 +46,7 @@ TEST_F(LoginLimitTest, TheMessageNamesTheRestOfTheWait) {
     Fail(4);
     m_environment.clock.Advance(3500);
     EXPECT_EQ(RaisedBy([&] { m_limit.RequireTurn(); }).Description(),
-              "Too many log-ins have failed. Wait 1 second and try again.");
+              "Too many logins have failed. Wait 1 second and try again.");
 }
 
 TEST_F(LoginLimitTest, AClockThatIsSetBackDoesNotLockUsersOut) {
