@@ -72,9 +72,9 @@ std::string Scanlines(const Picture& picture) {
     for (size_t row = 0; row < static_cast<size_t>(picture.height); ++row) {
         lines += '\0';  // no filter
         for (size_t x = 0; x < width; x += 2) {
-            const size_t place = row * width + x;
-            const int right = x + 1 < width ? picture.dots[place + 1] : 0;
-            lines += static_cast<char>(picture.dots[place] << 4 | right);
+            const size_t position = row * width + x;
+            const int right = x + 1 < width ? picture.dots[position + 1] : 0;
+            lines += static_cast<char>(picture.dots[position] << 4 | right);
         }
     }
     return lines;

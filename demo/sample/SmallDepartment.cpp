@@ -222,7 +222,7 @@ private:
         property.id = id;
         DescribeProperty(m_random, property);
         Fate fate = GeneratedFate(day, HomeOf(property));
-        if (const char* location = PlaceOutOfUse(m_properties + 1)) fate.home = At(location);
+        if (const char* location = LocationOutOfUse(m_properties + 1)) fate.home = At(location);
         AddProperty(property, MakeChain(m_random, m_purposes, fate));
     }
 

@@ -53,7 +53,7 @@ void AddSampleEdgeCases(Vehicle& vehicle) {
     }
 }
 
-const char* PlaceOutOfUse(int32_t property) {
+const char* LocationOutOfUse(int32_t property) {
     if (property == 137) return "Records Annex > Cage 2 – Peña";
     return property == 161 ? "Records Annex > Cage 1" : nullptr;
 }

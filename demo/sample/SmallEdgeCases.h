@@ -10,7 +10,7 @@ void AddSampleEdgeCases(Property& property);
 void AddSampleEdgeCases(Vehicle& vehicle);
 
 // The full name of the location of this item if that is, or is inside, a location out of use; otherwise null.
-const char* PlaceOutOfUse(int32_t property);
+const char* LocationOutOfUse(int32_t property);
 
 // Whether the item is linked twice to its incident.
 bool IsLinkedTwiceInSample(int32_t item);

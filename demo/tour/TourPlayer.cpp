@@ -95,7 +95,7 @@ void TourPlayer::Expect(const QString& what, std::function<QString()> text, cons
 }
 
 void TourPlayer::Do(std::function<void()> action) {
-    AddMove({QStringLiteral("the hand is free"), [] { return true; }, std::move(action), {}});
+    AddMove({QStringLiteral("the action"), [] { return true; }, std::move(action), {}});
 }
 
 void TourPlayer::AddPicture() {

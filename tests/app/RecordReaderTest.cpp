@@ -170,8 +170,8 @@ TEST_F(RecordReaderTest, TheWholeChainIsReadNewestFirst) {
 
 TEST_F(RecordReaderTest, StepsOfOneMomentAreOrderedBySequenceNewestFirst) {
     const int32_t id = m_database.AddProperty();
-    for (const int32_t place : {shelf, crimeLab, review})
-        m_database.AddCustodyRow(StoredItemTypes::Property, id, place);
+    for (const int32_t location : {shelf, crimeLab, review})
+        m_database.AddCustodyRow(StoredItemTypes::Property, id, location);
     const Record record = Read({RecordKind::Property, id});
     ASSERT_EQ(record.custody->size(), 3u);
     EXPECT_EQ(record.custody->at(0).location, "Pending Review");

@@ -114,12 +114,13 @@ TEST_F(SingleInstanceTest, TheSocketOfACrashedProgramIsRemoved) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         QLockFile lock(Socket() + ".lock");
-        sockaddr_un place{};
-        place.sun_family = AF_UNIX;
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
         const std::string path = Socket().toStdString();
-        std::memcpy(place.sun_path, path.c_str(), path.size());
+        std::memcpy(address.sun_path, path.c_str(), path.size());
         const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-        const bool left = lock.tryLock(0) && bind(socket, reinterpret_cast<sockaddr*>(&place), sizeof(place)) == 0 &&
+        const bool left = lock.tryLock(0) &&
+                          bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0 &&
                           listen(socket, 1) == 0;
         _exit(left ? 0 : 1);
     }

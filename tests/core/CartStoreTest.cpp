@@ -37,9 +37,9 @@ protected:
     void SetType(const TaggedValue& type) { m_store.Handle({ActionTypes::CART_SET_TRANSACTION_TYPE, type}); }
 
     StoredItemRef ItemAt(StorageLocationTypes type, int32_t id = 1) {
-        const int32_t place = m_database.AddLocation("Place " + std::to_string(++m_places), type);
+        const int32_t location = m_database.AddLocation("Location " + std::to_string(++m_locations), type);
         GetStorageLocationStatic().Refresh();
-        return MakeItem(id, StoredItemTypes::Property, place);
+        return MakeItem(id, StoredItemTypes::Property, location);
     }
     std::string TasksAt(StorageLocationTypes type) { return Describe(m_store.GetAllowedTasks(ItemAt(type))); }
     std::vector<int32_t> IDs() const {
@@ -50,7 +50,7 @@ protected:
 
     CartStore m_store;
     int m_changes = 0;
-    int m_places = 0;
+    int m_locations = 0;
 };
 
 }  // namespace
@@ -260,12 +260,12 @@ TEST_F(CartStoreTest, AnItemInTheBatchCannotBeAddedAgainWhereverItIs) {
         {TransactionType::Move, StorageLocationTypes::Other},
         {TransactionType::Dispose, StorageLocationTypes::Other},
     };
-    for (const auto& [type, place] : batches) {
-        const auto item = ItemAt(place), other = ItemAt(place, 2);
+    for (const auto& [type, locationType] : batches) {
+        const auto item = ItemAt(locationType), other = ItemAt(locationType, 2);
         SetType(type);
         Add({item});
-        EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "print") << type << static_cast<int>(place);
-        EXPECT_NE(Describe(m_store.GetAllowedTasks(other)), "print") << type << static_cast<int>(place);
+        EXPECT_EQ(Describe(m_store.GetAllowedTasks(item)), "print") << type << static_cast<int>(locationType);
+        EXPECT_NE(Describe(m_store.GetAllowedTasks(other)), "print") << type << static_cast<int>(locationType);
         m_store.Handle({ActionTypes::CART_CANCEL_TRANSACTION, {}});
     }
 }

@@ -4,7 +4,7 @@
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/HostileTexts.h"
-#include "tests/support/LocationTree.h"
+#include "tests/support/TestLocations.h"
 
 namespace quellbrook {
 
@@ -36,7 +36,7 @@ protected:
         EXPECT_EQ(m_seen->actions[0].Payload, TaggedValue(description));
     }
 
-    testing::LocationTree m_tree{m_database};
+    testing::TestLocations m_tree{m_database};
     StoresRecord m_stores;
     std::shared_ptr<testing::RecordingCallback> m_seen = std::make_shared<testing::RecordingCallback>();
 };

@@ -15,8 +15,9 @@ TEST_F(ProcessTransaction, TwoItemsAreCheckedAndSentAsNineStatementsInOneTransac
     }
     while (m_database.AddVehicle() < 3) {
     }
-    int32_t place = m_court;
-    while (place < 12) place = m_database.AddLocation("Place " + std::to_string(place), StorageLocationTypes::External);
+    int32_t location = m_court;
+    while (location < 12)
+        location = m_database.AddLocation("Place " + std::to_string(location), StorageLocationTypes::External);
     GetStorageLocationStatic().Refresh();
     const auto recording = InstallRecordingEngine();
     Begin({FindItem(Property, 7), FindItem(Vehicle, 3)});
@@ -121,12 +122,12 @@ TEST_F(ProcessTransaction, EachItemOfABatchGetsTheNumberOfItsOwnChain) {
 }
 
 TEST_F(ProcessTransaction, ADisposalMarksEveryItemOfTheBatch) {
-    const int32_t place = m_database.AddLocation("Furnace", StorageLocationTypes::DisposalLocation);
+    const int32_t location = m_database.AddLocation("Furnace", StorageLocationTypes::DisposalLocation);
     GetStorageLocationStatic().Refresh();
     const int32_t property = AddStored(Property), untouched = AddStored(Property);
     const int32_t vehicle = AddStored(Vehicle);
     Begin({FindItem(Vehicle, vehicle), FindItem(Property, property)}, TransactionType::Dispose);
-    const auto xfer = MakeTransfer(place);
+    const auto xfer = MakeTransfer(location);
     xfer->FinalDisposition =
         std::make_shared<FinalDispositionData>(FinalDispositionData{4, "Burnt by order of Judge O'Neil"});
 
@@ -217,8 +218,8 @@ TEST_F(ProcessTransaction, AFailureAtAnyPlaceLeavesTheDatabaseAsItWas) {
     const std::string before = m_database.Snapshot();
     const auto xfer = MakeTransfer();
     xfer->FinalDisposition = std::make_shared<FinalDispositionData>();
-    const auto expectNothingTransferred = [&](const std::string& place) {
-        SCOPED_TRACE(place);
+    const auto expectNothingTransferred = [&](const std::string& fault) {
+        SCOPED_TRACE(fault);
         m_log.Announce(LogSource);
         GetActions().ProcessTransaction(xfer);
         EXPECT_TRUE(faulty->HasStruck());

@@ -33,10 +33,10 @@ protected:
         GetStorageLocationStatic().Refresh();
     }
 
-    std::string ChainOf(std::initializer_list<int32_t> places) {
+    std::string ChainOf(std::initializer_list<int32_t> locations) {
         std::string text;
         int seqNo = 0;
-        for (const int32_t place : places) text += std::to_string(++seqNo) + "@" + std::to_string(place) + " ";
+        for (const int32_t location : locations) text += std::to_string(++seqNo) + "@" + std::to_string(location) + " ";
         return text;
     }
 

@@ -24,7 +24,7 @@ protected:
             "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
             std::to_string(Many) +
             ") "
-            "SELECT i, '2026-' || i, 'Blue bicycle with a broken lamp, number ' || i, 3, 1, 12.5, 'Harbour Works', "
+            "SELECT i, '2026-' || i, 'Blue bicycle with a broken lamp, number ' || i, 3, 1, 12.5, 'Harbor Works', "
             "'Model ' || i % 50, 'SN-' || i * 7, 1, 1 FROM n");
         m_database.Execute(
             "INSERT INTO PropertyTracking (PropertyNo, SeqNo, StorageLocNo, LastUpdated) "

@@ -1,7 +1,7 @@
 #include "tests/support/FaultInjectingEngine.h"
-#include "tests/support/LocationTree.h"
 #include "tests/support/ModelTest.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/TestLocations.h"
 
 #include <functional>
 #include <ostream>
@@ -25,7 +25,7 @@ struct Department {
     }
 
     testing::TestDatabase database;
-    testing::LocationTree tree{database};
+    testing::TestLocations tree{database};
     std::shared_ptr<testing::FaultInjectingEngine> engine =
         std::make_shared<testing::FaultInjectingEngine>(database.GetEngine());
     std::string before;
@@ -97,7 +97,7 @@ std::string TreeAsRead() {
     std::string text;
     for (const StorageLocationRef& root : GetStorageLocationStatic().Roots())
         for (const int32_t id : root->GetSelfAndDescendantIDs())
-            if (id != 0) text += FieldsOf(*testing::LocationTree::Find(id)) + "\n";
+            if (id != 0) text += FieldsOf(*testing::TestLocations::Find(id)) + "\n";
     return text;
 }
 
@@ -115,9 +115,9 @@ protected:
     static std::string DescriptionAfter(const std::string& sentence) { return sentence + LogFull.Description(); }
 
     // Nothing is written, the object is unchanged, and a second try succeeds.
-    void ExpectNothingWritten(const std::string& place, const Arm& arm, const std::string& description) {
+    void ExpectNothingWritten(const std::string& fault, const Arm& arm, const std::string& description) {
         for (const bool losesConnection : {false, true}) {
-            SCOPED_TRACE(place + (losesConnection ? ", connection lost" : ""));
+            SCOPED_TRACE(fault + (losesConnection ? ", connection lost" : ""));
             Department department(GetParam().id);
             const std::string fields = FieldsOf(*department.location);
             department.engine->BreakConnectionWithFault(losesConnection);

@@ -1,9 +1,9 @@
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/InterruptingEngine.h"
-#include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 #include "tests/support/StorageLocationInternals.h"
+#include "tests/support/TestLocations.h"
 
 namespace quellbrook {
 
@@ -42,7 +42,7 @@ protected:
     StorageLocationRef Find(int32_t id) const { return m_tree.Find(id); }
     StorageLocationRef Root(Types type) const { return m_tree.Root(type); }
 
-    testing::LocationTree m_tree{m_database};
+    testing::TestLocations m_tree{m_database};
 };
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include "base/Text.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/HostileTexts.h"
-#include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/TestLocations.h"
 
 namespace quellbrook {
 
@@ -24,7 +24,7 @@ protected:
         EXPECT_EQ(m_tree.Find(id)->FullPath(), "Annex/" + std::string(Trim(name)));
     }
 
-    testing::LocationTree m_tree{m_database};
+    testing::TestLocations m_tree{m_database};
 };
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "tests/support/DatabaseTest.h"
-#include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 #include "tests/support/StorageLocationInternals.h"
+#include "tests/support/TestLocations.h"
 
 namespace quellbrook {
 
@@ -15,7 +15,7 @@ const char* const ReloadText = "SELECT * FROM StorageLocation ORDER BY Name, IdN
 const char* const DeletedText = "The current location has been deleted.";
 
 // A clock that advances with each reading.
-class RunningClock : public Clock {
+class AdvancingClock : public Clock {
 public:
     DateTime Now() const override { return DateTime{++m_milliseconds}; }
 
@@ -54,7 +54,7 @@ protected:
     StorageLocationRef Find(int32_t id) const { return m_tree.Find(id); }
     StorageLocationRef Root(Types type) const { return m_tree.Root(type); }
 
-    testing::LocationTree m_tree{m_database};
+    testing::TestLocations m_tree{m_database};
 };
 
 }  // namespace
@@ -90,7 +90,7 @@ TEST_F(StorageLocationOperations, CreatingInARootAddsATopLevelLocation) {
 }
 
 TEST_F(StorageLocationOperations, BothDatesOfANewLocationAreTheSameMoment) {
-    const RunningClock clock;
+    const AdvancingClock clock;
     m_environment->clock = &clock;
     const int32_t id = Find(m_tree.room)->CreateSubLocation("Crate")->ID();
     m_environment->clock = &m_clock;

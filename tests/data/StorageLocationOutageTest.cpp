@@ -1,7 +1,7 @@
 #include "database/SqliteEngine.h"
 #include "tests/support/DatabaseTest.h"
-#include "tests/support/LocationTree.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/TestLocations.h"
 
 #include <csignal>
 #include <filesystem>
@@ -83,7 +83,7 @@ protected:
 
     void UseEngineThatDoesNotWait() { m_database.Install(SqliteEngine::Open(m_database.Path(), 0)); }
 
-    testing::LocationTree m_tree{m_database};
+    testing::TestLocations m_tree{m_database};
     StorageLocationRef m_room, m_shelf, m_annex;
 };
 

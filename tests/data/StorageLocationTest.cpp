@@ -5,6 +5,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 #include "tests/support/StorageLocationInternals.h"
+#include "tests/support/TestLocations.h"
 
 namespace quellbrook {
 
@@ -15,27 +16,15 @@ using Internals = StorageLocationInternals;
 constexpr auto Internal = StorageLocationTypes::Internal;
 constexpr auto External = StorageLocationTypes::External;
 
-// Internal: Room > Shelf > Box, Room > Bin; and Annex.  External: Court.
 class StorageLocationTest : public testing::DatabaseTest {
 protected:
-    StorageLocationTest() {
-        m_room = m_database.AddLocation("Room", Internal);
-        m_shelf = m_database.AddLocation("Shelf", Internal, m_room);
-        m_box = m_database.AddLocation("Box", Internal, m_shelf);
-        m_bin = m_database.AddLocation("Bin", Internal, m_room);
-        m_annex = m_database.AddLocation("Annex", Internal);
-        m_court = m_database.AddLocation("Court", External);
-    }
-
-    static StorageLocationRef Find(int32_t id) { return GetStorageLocationStatic().FindByID(id); }
-    static StorageLocationRef Root(StorageLocationTypes type) { return GetStorageLocationStatic().GetRoot(type); }
     static Ids IDsOf(const StorageLocationList& locations) {
         Ids ids;
         for (const StorageLocationRef& location : locations) ids.push_back(location->ID());
         return ids;
     }
 
-    int32_t m_room = 0, m_shelf = 0, m_box = 0, m_bin = 0, m_annex = 0, m_court = 0;
+    testing::TestLocations m_tree{m_database};
 };
 
 // A StorageLocation element with these children; a null text omits the child.
@@ -73,31 +62,31 @@ TEST_F(StorageLocationTest, AFreshObjectHasTheDefaults) {
 }
 
 TEST_F(StorageLocationTest, EachFindReturnsANewObjectAndIsSameComparesRows) {
-    const auto first = Find(m_shelf), second = Find(m_shelf);
+    const auto first = m_tree.Find(m_tree.shelf), second = m_tree.Find(m_tree.shelf);
     EXPECT_NE(first, second);
     EXPECT_TRUE(first->IsSame(second.get()));
-    EXPECT_FALSE(first->IsSame(Find(m_box).get()));
+    EXPECT_FALSE(first->IsSame(m_tree.Find(m_tree.box).get()));
     EXPECT_FALSE(first->IsSame(nullptr));
 }
 
 TEST_F(StorageLocationTest, RootsOfDifferentTypesAreNotTheSameAlthoughBothHaveIdentifierZero) {
-    EXPECT_EQ(Root(Internal)->ID(), Root(External)->ID());
-    EXPECT_FALSE(Root(Internal)->IsSame(Root(External).get()));
-    EXPECT_TRUE(Root(Internal)->IsSame(Root(Internal).get()));
+    EXPECT_EQ(m_tree.Root(Internal)->ID(), m_tree.Root(External)->ID());
+    EXPECT_FALSE(m_tree.Root(Internal)->IsSame(m_tree.Root(External).get()));
+    EXPECT_TRUE(m_tree.Root(Internal)->IsSame(m_tree.Root(Internal).get()));
 }
 
 TEST_F(StorageLocationTest, FindingZeroOrAnUnknownIdentifierReturnsNull) {
-    EXPECT_EQ(Find(0), nullptr);
-    EXPECT_EQ(Find(-1), nullptr);
-    EXPECT_EQ(Find(4711), nullptr);
+    EXPECT_EQ(m_tree.Find(0), nullptr);
+    EXPECT_EQ(m_tree.Find(-1), nullptr);
+    EXPECT_EQ(m_tree.Find(4711), nullptr);
 }
 
 TEST_F(StorageLocationTest, ParentsLeadUpToTheRootOfTheType) {
-    EXPECT_EQ(Find(m_box)->Parent()->ID(), m_shelf);
-    EXPECT_EQ(Find(m_shelf)->Parent()->ID(), m_room);
-    EXPECT_EQ(Find(m_room)->Parent(), Root(Internal));
-    EXPECT_EQ(Find(m_court)->Parent(), Root(External));
-    EXPECT_EQ(Root(Internal)->Parent(), nullptr);
+    EXPECT_EQ(m_tree.Find(m_tree.box)->Parent()->ID(), m_tree.shelf);
+    EXPECT_EQ(m_tree.Find(m_tree.shelf)->Parent()->ID(), m_tree.room);
+    EXPECT_EQ(m_tree.Find(m_tree.room)->Parent(), m_tree.Root(Internal));
+    EXPECT_EQ(m_tree.Find(m_tree.court)->Parent(), m_tree.Root(External));
+    EXPECT_EQ(m_tree.Root(Internal)->Parent(), nullptr);
 }
 
 TEST_F(StorageLocationTest, ADeletedContainerIsNotAParentAndEndsThePath) {
@@ -115,43 +104,43 @@ TEST_F(StorageLocationTest, APathThatContainsItselfEnds) {
     const auto setPath = [&](int32_t id, const std::string& path) {
         m_database.Execute("UPDATE StorageLocation SET Path = ? WHERE IdNo = ?", {path, id});
     };
-    const std::string room = std::to_string(m_room), shelf = std::to_string(m_shelf);
-    setPath(m_room, "/0/" + room + "/");
+    const std::string room = std::to_string(m_tree.room), shelf = std::to_string(m_tree.shelf);
+    setPath(m_tree.room, "/0/" + room + "/");
     GetStorageLocationStatic().Refresh();
-    EXPECT_EQ(Find(m_room)->FullPath(), "Room");
-    setPath(m_room, "/0/" + shelf + "/");
+    EXPECT_EQ(m_tree.Find(m_tree.room)->FullPath(), "Room");
+    setPath(m_tree.room, "/0/" + shelf + "/");
     GetStorageLocationStatic().Refresh();
-    EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
+    EXPECT_EQ(m_tree.Find(m_tree.box)->FullPath(), "Room/Shelf/Box");
 }
 
 TEST_F(StorageLocationTest, FullPathHasTheNamesFromTheTopDown) {
-    EXPECT_EQ(Find(m_box)->FullPath(), "Room/Shelf/Box");
-    EXPECT_EQ(Find(m_box)->FullPath(" > "), "Room > Shelf > Box");
-    EXPECT_EQ(Find(m_box)->FullPath("/", true), "Sign-In Locations/Room/Shelf/Box");
-    EXPECT_EQ(Find(m_room)->FullPath(), "Room");
+    EXPECT_EQ(m_tree.Find(m_tree.box)->FullPath(), "Room/Shelf/Box");
+    EXPECT_EQ(m_tree.Find(m_tree.box)->FullPath(" > "), "Room > Shelf > Box");
+    EXPECT_EQ(m_tree.Find(m_tree.box)->FullPath("/", true), "Sign-In Locations/Room/Shelf/Box");
+    EXPECT_EQ(m_tree.Find(m_tree.room)->FullPath(), "Room");
 }
 
 TEST_F(StorageLocationTest, FullPathOfARootIsEmptyUnlessRootsAreIncluded) {
-    EXPECT_EQ(Root(Internal)->FullPath(), "");
-    EXPECT_EQ(Root(Internal)->FullPath("/", true), "Sign-In Locations");
+    EXPECT_EQ(m_tree.Root(Internal)->FullPath(), "");
+    EXPECT_EQ(m_tree.Root(Internal)->FullPath("/", true), "Sign-In Locations");
 }
 
 TEST_F(StorageLocationTest, FullPathTrimsPaddedNamesWhileNameShowsThemAsStored) {
-    const int32_t padded = m_database.AddLocation("  Cage  ", Internal, m_room);
-    const auto location = Find(padded);
+    const int32_t padded = m_database.AddLocation("  Cage  ", Internal, m_tree.room);
+    const auto location = m_tree.Find(padded);
     EXPECT_EQ(location->FullPath(), "Room/Cage");
     EXPECT_EQ(location->Name(), "  Cage  ");
 }
 
 TEST_F(StorageLocationTest, SubLocationsOfARootAreTheTopRowsOfItsCategoryOnly) {
-    EXPECT_EQ(IDsOf(Root(Internal)->SubLocations()), (Ids{m_annex, m_room}));
-    EXPECT_EQ(IDsOf(Root(External)->SubLocations()), Ids{m_court});
-    EXPECT_TRUE(Root(StorageLocationTypes::Other)->SubLocations().empty());
+    EXPECT_EQ(IDsOf(m_tree.Root(Internal)->SubLocations()), (Ids{m_tree.annex, m_tree.room}));
+    EXPECT_EQ(IDsOf(m_tree.Root(External)->SubLocations()), Ids{m_tree.court});
+    EXPECT_TRUE(m_tree.Root(StorageLocationTypes::Other)->SubLocations().empty());
 }
 
 TEST_F(StorageLocationTest, SubLocationsAreTheDirectChildrenInDocumentOrder) {
-    EXPECT_EQ(IDsOf(Find(m_room)->SubLocations()), (Ids{m_bin, m_shelf}));
-    EXPECT_TRUE(Find(m_box)->SubLocations().empty());
+    EXPECT_EQ(IDsOf(m_tree.Find(m_tree.room)->SubLocations()), (Ids{m_tree.bin, m_tree.shelf}));
+    EXPECT_TRUE(m_tree.Find(m_tree.box)->SubLocations().empty());
 }
 
 TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotIncluded) {
@@ -160,74 +149,76 @@ TEST_F(StorageLocationTest, ChildrenOfALongerIdentifierAreNotIncluded) {
     while (m_database.AddLocation("Filler " + std::to_string(++fillers), External) < 57) {
     }
     m_database.AddLocation("Inside 57", External, 57);
-    EXPECT_TRUE(Find(5)->SubLocations().empty());
-    EXPECT_EQ(Find(57)->SubLocations().size(), 1u);
+    EXPECT_TRUE(m_tree.Find(5)->SubLocations().empty());
+    EXPECT_EQ(m_tree.Find(57)->SubLocations().size(), 1u);
 }
 
 TEST_F(StorageLocationTest, SelfAndDescendantsComeDepthFirstContainersFirst) {
-    EXPECT_EQ(Find(m_room)->GetSelfAndDescendantIDs(), (Ids{m_room, m_bin, m_shelf, m_box}));
-    EXPECT_EQ(Root(Internal)->GetSelfAndDescendantIDs(), (Ids{0, m_annex, m_room, m_bin, m_shelf, m_box}));
-    EXPECT_EQ(Find(m_box)->GetSelfAndDescendantIDs(), Ids{m_box});
+    EXPECT_EQ(m_tree.Find(m_tree.room)->GetSelfAndDescendantIDs(),
+              (Ids{m_tree.room, m_tree.bin, m_tree.shelf, m_tree.box}));
+    EXPECT_EQ(m_tree.Root(Internal)->GetSelfAndDescendantIDs(),
+              (Ids{0, m_tree.annex, m_tree.room, m_tree.bin, m_tree.shelf, m_tree.box}));
+    EXPECT_EQ(m_tree.Find(m_tree.box)->GetSelfAndDescendantIDs(), Ids{m_tree.box});
 }
 
 TEST_F(StorageLocationTest, TheWholeTreeIsReadWithOneQuery) {
     const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
     m_database.Install(recording);
-    Root(Internal)->GetSelfAndDescendantIDs();
-    Find(m_box)->FullPath();
+    m_tree.Root(Internal)->GetSelfAndDescendantIDs();
+    m_tree.Find(m_tree.box)->FullPath();
     EXPECT_EQ(recording->Log().size(), 1u);
 }
 
 TEST_F(StorageLocationTest, AnActiveFlagOfNullReadsAsEnabled) {
-    EXPECT_TRUE(Find(m_database.AddLocation("No flag", Internal, 0, std::nullopt))->Enabled());
+    EXPECT_TRUE(m_tree.Find(m_database.AddLocation("No flag", Internal, 0, std::nullopt))->Enabled());
 }
 
 TEST_F(StorageLocationTest, TheActiveFlagIsReadAsEnabled) {
     const int32_t off = m_database.AddLocation("Off", Internal, 0, false);
-    EXPECT_FALSE(Find(off)->Enabled());
-    EXPECT_TRUE(Find(m_room)->Enabled());
+    EXPECT_FALSE(m_tree.Find(off)->Enabled());
+    EXPECT_TRUE(m_tree.Find(m_tree.room)->Enabled());
 }
 
 TEST_F(StorageLocationTest, RefreshReadsTheRowAgain) {
-    const auto location = Find(m_room), other = Find(m_room);
-    m_database.Execute("UPDATE StorageLocation SET Name = 'Vault', ActiveFlag = 0 WHERE IdNo = ?", {m_room});
-    EXPECT_EQ(Find(m_room)->Name(), "Room") << "the document is unchanged until a reload";
+    const auto location = m_tree.Find(m_tree.room), other = m_tree.Find(m_tree.room);
+    m_database.Execute("UPDATE StorageLocation SET Name = 'Vault', ActiveFlag = 0 WHERE IdNo = ?", {m_tree.room});
+    EXPECT_EQ(m_tree.Find(m_tree.room)->Name(), "Room") << "the document is unchanged until a reload";
     location->Refresh();
     EXPECT_EQ(location->Name(), "Vault");
     EXPECT_FALSE(location->Enabled());
-    EXPECT_EQ(Find(m_room)->Name(), "Vault");
+    EXPECT_EQ(m_tree.Find(m_tree.room)->Name(), "Vault");
     EXPECT_EQ(other->Name(), "Room") << "other objects for the row are not told";
 }
 
 TEST_F(StorageLocationTest, RefreshOfADeletedRowMarksTheObjectDeletedAndKeepsItsSnapshot) {
-    const auto location = Find(m_annex);
-    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    const auto location = m_tree.Find(m_tree.annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
     EXPECT_FALSE(location->IsDeleted());
     location->Refresh();
     EXPECT_TRUE(location->IsDeleted());
     EXPECT_EQ(location->Name(), "Annex");
-    EXPECT_EQ(location->ID(), m_annex);
+    EXPECT_EQ(location->ID(), m_tree.annex);
     EXPECT_TRUE(location->Enabled());
     EXPECT_EQ(location->LocationType(), Internal);
-    EXPECT_EQ(Find(m_annex), nullptr);
+    EXPECT_EQ(m_tree.Find(m_tree.annex), nullptr);
 }
 
 TEST_F(StorageLocationTest, ARestoredRowIsReadAgainButTheObjectStaysDeleted) {
-    const auto location = Find(m_annex);
-    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    const auto location = m_tree.Find(m_tree.annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
     location->Refresh();
     m_database.Execute(
         "INSERT INTO StorageLocation (IdNo, Name, Type, Path, DateEntered, LastUpdated) "
         "VALUES (?, 'Annex again', 2, '/0/', '2026-01-02T00:00:00.000', '2026-01-02T00:00:00.000')",
-        {m_annex});
+        {m_tree.annex});
     location->Refresh();
     EXPECT_EQ(location->Name(), "Annex again");
     EXPECT_TRUE(location->IsDeleted());
 }
 
 TEST_F(StorageLocationTest, ADeletedObjectHasNoContents) {
-    const auto location = Find(m_annex);
-    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_annex});
+    const auto location = m_tree.Find(m_tree.annex);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_tree.annex});
     location->Refresh();
     const auto expectRefused = [](const Error& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::General);
@@ -242,9 +233,9 @@ TEST_F(StorageLocationTest, ADeletedObjectHasNoContents) {
 TEST_F(StorageLocationTest, RefreshOfARootReadsNothing) {
     const auto recording = std::make_shared<testing::RecordingEngine>(m_database.GetEngine());
     m_database.Install(recording);
-    Root(Internal)->Refresh();
+    m_tree.Root(Internal)->Refresh();
     EXPECT_TRUE(recording->Log().empty());
-    EXPECT_FALSE(Root(Internal)->IsDeleted());
+    EXPECT_FALSE(m_tree.Root(Internal)->IsDeleted());
 }
 
 TEST_F(StorageLocationTest, ANodeIsReadChildByChild) {

@@ -17,7 +17,7 @@ namespace quellbrook::testing {
 class FakeSession : public HostSession {
 public:
     std::string username = "jdoe";
-    std::string agencyName = "Harbour Police";
+    std::string agencyName = "Harbor Police";
     bool grantsAll = true;                              // until GrantNothing
     std::set<std::pair<std::string, int16_t>> rights;   // used while grantsAll is false
     std::set<std::pair<std::string, int16_t>> revoked;  // always used

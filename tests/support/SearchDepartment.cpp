@@ -126,10 +126,10 @@ void SearchDepartment::AddVehicle() {
 
 void SearchDepartment::AddCustody(StoredItemTypes kind, int32_t item) {
     for (int rows = m_dice.Below(4); rows > 0; --rows) {
-        TaggedValue place = m_dice.AnyOf(m_locations);
-        if (m_dice.OneIn(5)) place = Null();
-        if (m_dice.OneIn(9)) place = goneLocation;
-        m_database.AddCustodyRow(kind, item, place);
+        TaggedValue location = m_dice.AnyOf(m_locations);
+        if (m_dice.OneIn(5)) location = Null();
+        if (m_dice.OneIn(9)) location = goneLocation;
+        m_database.AddCustodyRow(kind, item, location);
     }
     if (!m_dice.OneIn(5)) return;
     const std::string table = ItemTable(kind);

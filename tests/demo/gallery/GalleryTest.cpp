@@ -199,12 +199,12 @@ TEST_F(GalleryTest, APressedDropdownShowsItsList) {
 }
 
 TEST_F(GalleryTest, HoverAndPressChangeAButton) {
-    const auto ground = [this](State state) {
+    const auto background = [this](State state) {
         return PixelAt(Find("FlatButton", "", state)->Picture().toImage(), QPoint(4 + 8, 4 + 8));
     };
-    EXPECT_EQ(ground(State::Hover), Theme::Get(Theme::Color::StrongHover));
-    EXPECT_EQ(ground(State::Pressed), Theme::Get(Theme::Color::StrongPressed));
-    EXPECT_EQ(ground(State::Focused), Theme::Get(Theme::Color::Strong));
+    EXPECT_EQ(background(State::Hover), Theme::Get(Theme::Color::StrongHover));
+    EXPECT_EQ(background(State::Pressed), Theme::Get(Theme::Color::StrongPressed));
+    EXPECT_EQ(background(State::Focused), Theme::Get(Theme::Color::Strong));
 }
 
 TEST_F(GalleryTest, TheSwitchRepaintsEverything) {

@@ -33,8 +33,8 @@ QString NameOf(const QWidget& widget) {
 
 bool IsNamed(const QWidget& widget, const QString& name) { return name == OwnName(widget) || name == NameOf(widget); }
 
-QString Text(const QRect& place) {
-    return QStringLiteral("(%1, %2, %3 x %4)").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+QString Text(const QRect& area) {
+    return QStringLiteral("(%1, %2, %3 x %4)").arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());
 }
 
 QList<QWidget*> ChildrenOnShow(const QWidget& parent) {

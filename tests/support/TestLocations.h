@@ -10,8 +10,8 @@ namespace quellbrook::testing {
 
 // The locations of a small department, in an empty database:
 // Internal: Room > Shelf > Box, Room > Bin; and Annex.  External: Court.
-struct LocationTree {
-    explicit LocationTree(TestDatabase& database) : m_database(database) {
+struct TestLocations {
+    explicit TestLocations(TestDatabase& database) : m_database(database) {
         using Type = StorageLocationTypes;
         room = database.AddLocation("Room", Type::Internal);
         shelf = database.AddLocation("Shelf", Type::Internal, room);
