@@ -15,6 +15,7 @@ protected:
     ModelTest() { ForgetState(); }
     ~ModelTest() override {
         m_log.Verify();
+        EXPECT_FALSE(m_screen.HasAnswersLeft()) << "A question that a test answers was not asked.";
         ForgetState();
     }
 
