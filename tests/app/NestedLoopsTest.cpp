@@ -72,7 +72,7 @@ protected:
         };
         if (TheLoop() == Loop::GateWait) return;
         LogIn(SampleAccounts()[0]);
-        GetActions().BeginTransaction(TransactionType::SignOut, ListOf({SomeItem(0), SomeItem(1), SomeItem(2)}));
+        GetActions().BeginTransaction(TransactionType::SignOut, ListOf({Property(1), Property(2), Property(3)}));
     }
 
     void TearDown() override {
@@ -87,12 +87,7 @@ protected:
         return TheLoop() == Loop::FailedTransfer || TheLoop() == Loop::MissingView || TheLoop() == Loop::Yield;
     }
 
-    static StoredItemRef SomeItem(int32_t position) {
-        return StoredItemSearch()
-            .WithNumber(NumberSearchTypes::PropertyPK, std::to_string(position + 1))
-            .Execute()
-            ->ItemAt(0);
-    }
+    static StoredItemRef Property(int32_t number) { return FindItem(StoredItemTypes::Property, number); }
 
     // Runs the loop. The event happens inside it, followed by the user's answer.
     void RunLoop() {
@@ -151,7 +146,7 @@ protected:
 
     // Selects an item with a chain of custody so long that the item view yields while it builds the rows.
     void SelectLongChain() {
-        const StoredItemRef item = SomeItem(3);
+        const StoredItemRef item = Property(4);
         const StorageLocationRef location = item->Location();
         CartItems batch;
         batch.TryAdd(item);
@@ -197,7 +192,7 @@ protected:
 
     void Happen() {
         switch (TheEvent()) {
-        case Event::Scan: return ScanItem(*SomeItem(4));
+        case Event::Scan: return ScanItem(*Property(5));
         case Event::ToastTicks:
             for (int tick = 0; tick < 60; ++tick) m_timers->TickAll();
             return;

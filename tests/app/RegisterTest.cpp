@@ -1,15 +1,12 @@
 #include "app/records/SchemeRegistration.h"
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
-#include "tests/support/ScratchFolder.h"
-
-#include <QByteArray>
+#include "tests/support/ScratchSystem.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -21,50 +18,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Content(const std::string& path) {
-    std::ifstream file(path);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
 // A desktop in a scratch folder with its own user folders and programs.
-class RegisterTest : public ::testing::Test {
+class RegisterTest : public ::testing::Test, public ScratchSystem {
 protected:
-    void SetUp() override {
+    RegisterTest() {
         Set("HOME", In("home"));
         Set("XDG_DATA_HOME", In("data"));
         Set("XDG_CONFIG_HOME", In("config"));
         Set("PATH", In("bin"));
-        fs::create_directories(In("bin"));
     }
 
-    void TearDown() override {
-        for (const auto& [name, value] : m_before) qputenv(name.c_str(), value);
+    // A program that appends its arguments to the file "calls".
+    void InstallRecorder(const std::string& name, int exitCode = 0) const {
+        Install(name, "echo \"" + name + " $*\" >> " + In("calls") + "\nexit " + std::to_string(exitCode));
     }
-
-    void Set(const char* name, const std::string& value) {
-        m_before.try_emplace(name, qgetenv(name));
-        qputenv(name, QByteArray::fromStdString(value));
-    }
-
-    std::string In(const std::string& name) const { return m_directory.Path() + "/" + name; }
-    std::string Entry() const { return In("data/applications/quellbrook-host.desktop"); }
-
-    // Installs a program that appends its arguments to the file "calls".
-    void Install(const std::string& name, int exitCode = 0) const {
-        std::ofstream(In("bin/" + name)) << "#!/bin/sh\necho \"" << name << " $*\" >> " << In("calls") << "\nexit "
-                                         << exitCode << "\n";
-        fs::permissions(In("bin/" + name), fs::perms::owner_all);
-    }
-
-    ScratchFolder m_directory;
-    std::map<std::string, QByteArray> m_before;
 };
+
+constexpr const char* entryFile = "data/applications/quellbrook-host.desktop";
 
 }  // namespace
 
 TEST_F(RegisterTest, TheEntryNamesTheProgramAndTheScheme) {
     RegisterRecordScheme("/opt/quellbrook/bin/quellbrook-host", {});
-    EXPECT_EQ(Content(Entry()),
+    EXPECT_EQ(Content(entryFile),
               "[Desktop Entry]\n"
               "Type=Application\n"
               "Name=Quellbrook\n"
@@ -96,27 +72,27 @@ TEST_F(RegisterTest, AControlCharacterIsRefused) {
 }
 
 TEST_F(RegisterTest, TheDesktopsToolsAreRun) {
-    Install("xdg-mime");
-    Install("update-desktop-database");
+    InstallRecorder("xdg-mime");
+    InstallRecorder("update-desktop-database");
     EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
-              "Wrote '" + Entry() + "' and made it the program that opens tessarine addresses.");
-    EXPECT_EQ(Content(In("calls")), "update-desktop-database " + In("data/applications") +
-                                        "\nxdg-mime default quellbrook-host.desktop x-scheme-handler/tessarine\n");
+              "Wrote '" + In(entryFile) + "' and made it the program that opens tessarine addresses.");
+    EXPECT_EQ(Content("calls"), "update-desktop-database " + In("data/applications") +
+                                    "\nxdg-mime default quellbrook-host.desktop x-scheme-handler/tessarine\n");
 }
 
 TEST_F(RegisterTest, MissingToolsAreReported) {
-    EXPECT_EQ(
-        RegisterRecordScheme("/bin/host", {}),
-        "Wrote '" + Entry() + "'; xdg-mime is not installed, so log in again if the desktop does not know it yet.");
-    Install("update-desktop-database");
     EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
-              "Wrote '" + Entry() +
+              "Wrote '" + In(entryFile) +
+                  "'; xdg-mime is not installed, so log in again if the desktop does not know it yet.");
+    InstallRecorder("update-desktop-database");
+    EXPECT_EQ(RegisterRecordScheme("/bin/host", {}),
+              "Wrote '" + In(entryFile) +
                   "' and updated the desktop's list; xdg-mime is not installed, so another program may come first.");
 }
 
 TEST_F(RegisterTest, AFailingToolIsNamed) {
-    Install("update-desktop-database");
-    Install("xdg-mime", 4);
+    InstallRecorder("update-desktop-database");
+    InstallRecorder("xdg-mime", 4);
     EXPECT_EQ(RaisedBy([] { RegisterRecordScheme("/bin/host", {}); }).Description(),
               "The desktop could not register the program: xdg-mime failed.");
 }
@@ -124,7 +100,7 @@ TEST_F(RegisterTest, AFailingToolIsNamed) {
 TEST_F(RegisterTest, RegisteringAgainReplacesTheEntry) {
     RegisterRecordScheme("/old/host", {});
     RegisterRecordScheme("/new/host", {});
-    EXPECT_EQ(Content(Entry()), DesktopEntry("/new/host", {}));
+    EXPECT_EQ(Content(entryFile), DesktopEntry("/new/host", {}));
     EXPECT_EQ(std::distance(fs::directory_iterator(In("data/applications")), fs::directory_iterator()), 1);
 }
 
@@ -137,16 +113,16 @@ TEST_F(RegisterTest, TheEntryDefaultsToTheHomeDirectory) {
 TEST_F(RegisterTest, AnEntryThatCannotBeWrittenIsReported) {
     std::ofstream(In("data")) << "a file, not a directory";
     EXPECT_EQ(RaisedBy([] { RegisterRecordScheme("/bin/host", {}); }).Description(),
-              "The file '" + Entry() + "' can't be written.");
+              "The file '" + In(entryFile) + "' can't be written.");
     EXPECT_FALSE(fs::exists(In("calls")));
 }
 
 TEST_F(RegisterTest, NothingElseIsWritten) {
-    Install("xdg-mime");
+    InstallRecorder("xdg-mime");
     RegisterRecordScheme("/bin/host", {});
     std::vector<std::string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(m_directory.Path()))
-        if (entry.is_regular_file()) files.push_back(fs::relative(entry.path(), m_directory.Path()).string());
+    for (const auto& entry : fs::recursive_directory_iterator(Path()))
+        if (entry.is_regular_file()) files.push_back(fs::relative(entry.path(), Path()).string());
     std::sort(files.begin(), files.end());
     EXPECT_EQ(files, (std::vector<std::string>{"bin/xdg-mime", "calls", "data/applications/quellbrook-host.desktop"}));
 }

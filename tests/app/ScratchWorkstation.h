@@ -1,31 +1,27 @@
 #pragma once
 
 #include "host/HostServices.h"
-#include "tests/support/ScratchFolder.h"
-
-#include <QByteArray>
+#include "tests/support/ScratchSystem.h"
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace quellbrook::testing {
 
 // A workstation in a scratch folder: the user's folders, the host's files with a template for evidence labels, and a
 // print system with configurable printers that records its jobs.
-class ScratchWorkstation {
+class ScratchWorkstation : public ScratchSystem {
 public:
     ScratchWorkstation() {
         Set("HOME", In("home"));
         Set("XDG_CONFIG_HOME", In("config"));
+        Set("PATH", In("bin") + ":/usr/bin:/bin");
+        std::filesystem::create_directories(In("home"));
         std::filesystem::create_directories(In("config"));
         std::ofstream(In("config/user-dirs.dirs")) << "XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n";
-        std::filesystem::create_directories(In("bin"));
-        std::filesystem::create_directories(In("home"));
-        Set("PATH", In("bin") + ":/usr/bin:/bin");
         SetPrinters({});
         SetPrintCommand("echo \"$*\" >> " + In("jobs") + "\nwc -c >> " + In("jobs"));
         SetTemplate(R"(<svg xmlns="http://www.w3.org/2000/svg" width="100mm" height="50mm" viewBox="0 0 100 50">
@@ -39,13 +35,10 @@ public:
     ~ScratchWorkstation() {
         HostServices::Current().SetPrinter(nullptr);
         HostServices::Current().SetFiles(nullptr);
-        for (const auto& [name, value] : m_before)
-            value.isNull() ? qunsetenv(name.c_str()) : qputenv(name.c_str(), value);
     }
     ScratchWorkstation(const ScratchWorkstation&) = delete;
     ScratchWorkstation& operator=(const ScratchWorkstation&) = delete;
 
-    std::string In(const std::string& name) const { return m_directory.Path() + "/" + name; }
     std::string ChoiceFile() const { return In("config/choice.ini"); }
     std::string LabelFolder() const { return In("home/Papers/Labels"); }
 
@@ -65,26 +58,7 @@ public:
         if (!text.empty()) std::ofstream(path) << text;
     }
 
-    // Empty if there is no such file.
-    std::string Content(const std::string& name) const {
-        std::ifstream file(In(name));
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
     bool HasBeenAsked() const { return std::filesystem::exists(In("asked")); }
-
-private:
-    void Set(const char* name, const std::string& value) {
-        m_before.try_emplace(name, qgetenv(name));
-        qputenv(name, QByteArray::fromStdString(value));
-    }
-
-    void Install(const std::string& program, const std::string& lines) const {
-        std::ofstream(In("bin/" + program)) << "#!/bin/sh\n" << lines << "\n";
-        std::filesystem::permissions(In("bin/" + program), std::filesystem::perms::owner_all);
-    }
-
-    ScratchFolder m_directory;
-    std::map<std::string, QByteArray> m_before;
 };
 
 }  // namespace quellbrook::testing

@@ -13,14 +13,14 @@ class ProcessTransaction : public ProcessTransactionTest {};
 TEST_F(ProcessTransaction, TwoItemsAreCheckedAndSentAsNineStatementsInOneTransaction) {
     while (m_database.AddProperty() < 7) {
     }
-    while (m_database.AddVehicle() < 3) {
+    while (m_database.AddVehicle() < 103) {
     }
     int32_t location = m_court;
     while (location < 12)
         location = m_database.AddLocation("Place " + std::to_string(location), StorageLocationTypes::External);
     GetStorageLocationStatic().Refresh();
     const auto recording = InstallRecordingEngine();
-    Begin({FindItem(Property, 7), FindItem(Vehicle, 3)});
+    Begin({FindItem(Property, 7), FindItem(Vehicle, 103)});
     const auto xfer = MakeTransfer(12);
     recording->Clear();
 
@@ -40,17 +40,17 @@ TEST_F(ProcessTransaction, TwoItemsAreCheckedAndSentAsNineStatementsInOneTransac
                   "StorageLocNo,LastUpdated) VALUES (7,(SELECT Value FROM #NextSeqNo),101,102,"
                   "'2026-11-19T08:30:00.000',5,12,'2026-11-20T13:14:15.123')",
                   "UPDATE Property SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE PropertyNo=7",
-                  "DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM VehicleTracking WHERE VehicleNo=3 "
+                  "DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM VehicleTracking WHERE VehicleNo=103 "
                   "GROUP BY VehicleNo;UPDATE #NextSeqNo SET VALUE = COALESCE(@NextSeqNo, 1)",
                   "INSERT INTO VehicleTracking (VehicleNo,SeqNo,ReceivedBy,ReceivedFrom,DateReceived,CustodyReasonNo,"
-                  "StorageLocNo,LastUpdated) VALUES (3,(SELECT Value FROM #NextSeqNo),101,102,"
+                  "StorageLocNo,LastUpdated) VALUES (103,(SELECT Value FROM #NextSeqNo),101,102,"
                   "'2026-11-19T08:30:00.000',5,12,'2026-11-20T13:14:15.123')",
-                  "UPDATE Vehicle SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE VehicleNo=3",
+                  "UPDATE Vehicle SET CurrTrackSeq=(SELECT Value FROM #NextSeqNo) WHERE VehicleNo=103",
                   "DROP TABLE #NextSeqNo",
                   "COMMIT",
               }));
     EXPECT_EQ(Chain(Property, 7), "1@12 ");
-    EXPECT_EQ(Chain(Vehicle, 3), "1@12 ");
+    EXPECT_EQ(Chain(Vehicle, 103), "1@12 ");
     ExpectCommittedReport("Successfully transferred 2 items");
 }
 

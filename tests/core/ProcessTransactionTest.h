@@ -29,17 +29,14 @@ protected:
     ProcessTransactionTest() {
         m_counter = m_database.AddLocation("Counter", StorageLocationTypes::Internal);
         m_court = m_database.AddLocation("Court", StorageLocationTypes::External);
+        m_database.NumberVehiclesApart();
         GetDispatcher()->Register(m_seen);
         m_stores = GetStores();
     }
 
-    // Vehicles are numbered from 101, since a batch accepts only one item with the same number.
     int32_t AddStored(StoredItemTypes kind) {
-        if (kind == Vehicle && ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Vehicle")) == 0)
-            m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");
-        const int32_t id = kind == Property ? m_database.AddProperty({.PropertyID = "E"}) : m_database.AddVehicle();
-        m_database.AddCustodyRow(kind, id, m_counter);
-        return id;
+        return kind == Property ? m_database.AddStored(PropertyFields{.PropertyID = "E"}, m_counter)
+                                : m_database.AddStored(VehicleFields{}, m_counter);
     }
 
     void Begin(std::initializer_list<ObjectRef> items, int32_t type = TransactionType::SignOut) {

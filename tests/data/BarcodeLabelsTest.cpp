@@ -22,10 +22,8 @@ protected:
     StoredItemRef AddProperty() {
         m_database.AddCode(31, 7, "Tools");
         const int32_t shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
-        const int32_t id =
-            m_database.AddProperty({.PropertyID = "26-17", .Description = "a <b>saw</b>", .CategoryNo = 7});
-        m_database.AddCustodyRow(StoredItemTypes::Property, id, shelf);
-        return FindItem(StoredItemTypes::Property, id);
+        const PropertyFields saw{.PropertyID = "26-17", .Description = "a <b>saw</b>", .CategoryNo = 7};
+        return FindItem(StoredItemTypes::Property, m_database.AddStored(saw, shelf));
     }
 
     const FilledLabel& OnlyLabel() const {
@@ -43,7 +41,7 @@ TEST_F(BarcodeLabelsTest, ALocationsLabelHasItsBarcodeItsPathAndTheDepartment) {
     box->PrintBarcodeLabel();
     EXPECT_EQ(ValueAt(OnlyLabel(), 0), MakeBarcodeText("L", box->ID()));
     EXPECT_EQ(ValueAt(OnlyLabel(), 10), "Room > Shelf > Box") << "without the name of the root";
-    EXPECT_EQ(ValueAt(OnlyLabel(), 20), "Harbour Police");
+    EXPECT_EQ(ValueAt(OnlyLabel(), 20), "Harbor Police");
 }
 
 TEST_F(BarcodeLabelsTest, AnItemsLabelHasItsFields) {
@@ -53,7 +51,7 @@ TEST_F(BarcodeLabelsTest, AnItemsLabelHasItsFields) {
     EXPECT_EQ(ValueAt(OnlyLabel(), 10), "26-17");
     EXPECT_EQ(ValueAt(OnlyLabel(), 20), "Tools");
     EXPECT_EQ(ValueAt(OnlyLabel(), 30), "a <b>saw</b>");
-    EXPECT_EQ(ValueAt(OnlyLabel(), 40), "Harbour Police");
+    EXPECT_EQ(ValueAt(OnlyLabel(), 40), "Harbor Police");
 }
 
 TEST_F(BarcodeLabelsTest, AVehiclesLabelUsesTheSameTemplate) {

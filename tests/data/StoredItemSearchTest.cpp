@@ -22,25 +22,15 @@ protected:
     StoredItemSearchTest() {
         m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal);
         m_box = m_database.AddLocation("Box", StorageLocationTypes::Internal, m_shelf);
-        m_bicycle = AddStored(testing::PropertyFields{.PropertyID = "E-1", .Description = "blue bicycle"}, m_shelf);
-        m_knife =
-            AddStored(testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
+        m_bicycle =
+            m_database.AddStored(testing::PropertyFields{.PropertyID = "E-1", .Description = "blue bicycle"}, m_shelf);
+        m_knife = m_database.AddStored(
+            testing::PropertyFields{.PropertyID = "E-2", .Description = "knife", .RecordTypeInd = 0}, m_box);
         m_untracked = m_database.AddProperty({.PropertyID = "E-3", .Description = "blue paint"});
-        m_lost = AddStored(testing::PropertyFields{.PropertyID = "E-4", .Description = "lost"}, Null());
-        m_car =
-            AddStored(testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
+        m_lost = m_database.AddStored(testing::PropertyFields{.PropertyID = "E-4", .Description = "lost"}, Null());
+        m_car = m_database.AddStored(
+            testing::VehicleFields{.RegNumber = "ABC 1", .RegStateCode = "ME", .ColorCode = "blue"}, m_shelf);
         m_parked = m_database.AddVehicle({.RegNumber = "ABC 2", .RegStateCode = "ME", .RecordTypeInd = 0});
-    }
-
-    int32_t AddStored(const testing::PropertyFields& fields, const TaggedValue& location) {
-        const int32_t id = m_database.AddProperty(fields);
-        m_database.AddCustodyRow(Property, id, location);
-        return id;
-    }
-    int32_t AddStored(const testing::VehicleFields& fields, const TaggedValue& location) {
-        const int32_t id = m_database.AddVehicle(fields);
-        m_database.AddCustodyRow(Vehicle, id, location);
-        return id;
     }
 
     static StorageLocationRef Location(int32_t id) { return GetStorageLocationStatic().FindByID(id); }
@@ -106,7 +96,7 @@ TEST_F(StoredItemSearchTest, ADescriptionIsAPatternOverBothKinds) {
 }
 
 TEST_F(StoredItemSearchTest, WildcardsOfTheDatabaseMatchThemselves) {
-    const int32_t odd = AddStored(testing::PropertyFields{.Description = "50% [new] a_b it's"}, m_box);
+    const int32_t odd = m_database.AddStored(testing::PropertyFields{.Description = "50% [new] a_b it's"}, m_box);
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("*50%*")), Found{P(odd)});
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("*a_b*")), Found{P(odd)});
     EXPECT_EQ(Run(StoredItemSearch().WithDescription("*[new]*")), Found{P(odd)});

@@ -22,14 +22,10 @@ protected:
     StoredItemTest() { m_shelf = m_database.AddLocation("Shelf", StorageLocationTypes::Internal); }
 
     StoredItemRef Stored(const testing::PropertyFields& fields) {
-        const int32_t id = m_database.AddProperty(fields);
-        m_database.AddCustodyRow(Property, id, m_shelf);
-        return FindItem(Property, id);
+        return FindItem(Property, m_database.AddStored(fields, m_shelf));
     }
     StoredItemRef Stored(const testing::VehicleFields& fields) {
-        const int32_t id = m_database.AddVehicle(fields);
-        m_database.AddCustodyRow(Vehicle, id, m_shelf);
-        return FindItem(Vehicle, id);
+        return FindItem(Vehicle, m_database.AddStored(fields, m_shelf));
     }
 
     int32_t m_shelf = 0;

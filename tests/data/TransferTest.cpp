@@ -34,9 +34,8 @@ protected:
     }
 
     int32_t AddProperty(const std::string& displayId = "E-1", const std::string& description = "") {
-        const int32_t id = m_database.AddProperty({.PropertyID = displayId, .Description = description});
-        m_database.AddCustodyRow(Property, id, m_counter);
-        return id;
+        return m_database.AddStored(testing::PropertyFields{.PropertyID = displayId, .Description = description},
+                                    m_counter);
     }
     // An item that the batch takes.
     int32_t TakeProperty(const std::string& displayId = "E-1", const std::string& description = "") {
@@ -101,9 +100,9 @@ TEST_F(TransferTest, TheDateHasTheHostsFormat) {
 }
 
 TEST_F(TransferTest, PropertyAndVehiclesAreNamedInTheOrderOfTheBatch) {
-    m_database.Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)");
-    const int32_t vehicle = m_database.AddVehicle({.RegNumber = "KTR4821", .RegStateCode = "OH"});
-    m_database.AddCustodyRow(Vehicle, vehicle, m_counter);
+    m_database.NumberVehiclesApart();
+    const int32_t vehicle =
+        m_database.AddStored(testing::VehicleFields{.RegNumber = "KTR4821", .RegStateCode = "OH"}, m_counter);
     m_items.TryAdd(FindItem(Vehicle, vehicle));
     const int32_t property = TakeProperty();
     SignOutElsewhere(Property, property);

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ScratchFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,13 +19,7 @@ namespace {
 
 class FileErrorLogTest : public ::testing::Test {
 protected:
-    FileErrorLogTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "errorlog-XXXXXX").string();
-        m_folder = mkdtemp(pattern.data());
-    }
-    ~FileErrorLogTest() override { std::filesystem::remove_all(m_folder); }
-
-    std::string File() const { return (m_folder / "errors.log").string(); }
+    std::string File() const { return m_folder.In("errors.log"); }
     std::vector<std::string> Lines() const {
         std::ifstream file(File());
         std::vector<std::string> lines;
@@ -34,11 +29,11 @@ protected:
 
     void ExpectPrivate() const {
         using std::filesystem::perms;
-        for (const auto& file : std::filesystem::directory_iterator(m_folder))
+        for (const auto& file : std::filesystem::directory_iterator(m_folder.Path()))
             EXPECT_EQ(file.status().permissions(), perms::owner_read | perms::owner_write) << file.path();
     }
 
-    std::filesystem::path m_folder;
+    ScratchFolder m_folder;
 };
 
 TEST_F(FileErrorLogTest, AnEntryIsOneLineWithItsTimeAndIsWrittenAtOnce) {
@@ -67,7 +62,7 @@ TEST_F(FileErrorLogTest, KeepsAtMostFiveFilesOfAMebibyte) {
     const std::string message(8000, 'x');
     for (int i = 0; i < 1000; ++i) log->Log("Quellbrook", "A.B", message);
     int files = 0;
-    for (const auto& file : std::filesystem::directory_iterator(m_folder)) {
+    for (const auto& file : std::filesystem::directory_iterator(m_folder.Path())) {
         ++files;
         EXPECT_LE(file.file_size(), 1024u * 1024u);
     }
@@ -76,7 +71,7 @@ TEST_F(FileErrorLogTest, KeepsAtMostFiveFilesOfAMebibyte) {
 
 TEST_F(FileErrorLogTest, OnlyTheOwnerCanReadTheFiles) {
     std::ofstream(File()).put('x');
-    std::ofstream(m_folder / "errors.4.log").put('x');
+    std::ofstream(m_folder.In("errors.4.log")).put('x');
     const auto log = MakeFileErrorLog(File());
     ExpectPrivate();
     for (int i = 0; i < 300; ++i) log->Log("Quellbrook", "A.B", std::string(8000, 'x'));
@@ -90,9 +85,8 @@ TEST_F(FileErrorLogTest, AppendsToTheFileOfTheLastRun) {
 }
 
 TEST_F(FileErrorLogTest, AFileThatCannotBeWrittenIsAnError) {
-    std::ofstream(m_folder / "file").put('x');
-    EXPECT_EQ(RaisedBy([&] { MakeFileErrorLog((m_folder / "file" / "errors.log").string()); }).Number(),
-              ErrorNumber::General);
+    std::ofstream(m_folder.In("file")).put('x');
+    EXPECT_EQ(RaisedBy([&] { MakeFileErrorLog(m_folder.In("file/errors.log")); }).Number(), ErrorNumber::General);
 }
 
 }  // namespace

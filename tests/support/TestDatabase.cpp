@@ -166,6 +166,22 @@ int32_t TestDatabase::AddCustodyRow(StoredItemTypes kind, int32_t item, const Ta
     return sequence;
 }
 
+int32_t TestDatabase::AddStored(const PropertyFields& fields, const TaggedValue& location,
+                                const CustodyFields& custody) {
+    const int32_t id = AddProperty(fields);
+    AddCustodyRow(StoredItemTypes::Property, id, location, custody);
+    return id;
+}
+
+int32_t TestDatabase::AddStored(const VehicleFields& fields, const TaggedValue& location,
+                                const CustodyFields& custody) {
+    const int32_t id = AddVehicle(fields);
+    AddCustodyRow(StoredItemTypes::vehicle, id, location, custody);
+    return id;
+}
+
+void TestDatabase::NumberVehiclesApart() { Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)"); }
+
 int32_t TestDatabase::AddIncident(const TaggedValue& incidentId, const TaggedValue& caseNumber, bool secured) {
     return Insert("Incident", {{"IncidentId", incidentId}, {"CaseNbr", caseNumber}, {"IsSecured", secured}});
 }

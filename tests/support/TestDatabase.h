@@ -70,6 +70,12 @@ public:
     // Adds the item's next custody row and makes it the current one. Returns its SeqNo. The location may be Null.
     int32_t AddCustodyRow(StoredItemTypes kind, int32_t item, const TaggedValue& location,
                           const CustodyFields& fields = {});
+    // An item with one custody row. Returns its key.
+    int32_t AddStored(const PropertyFields& fields, const TaggedValue& location, const CustodyFields& custody = {});
+    int32_t AddStored(const VehicleFields& fields, const TaggedValue& location, const CustodyFields& custody = {});
+    // Numbers the vehicles from 101, so that they share no number with property: a batch accepts only one item with the
+    // same number. Call it before the first vehicle.
+    void NumberVehiclesApart();
     int32_t AddIncident(const TaggedValue& incidentId, const TaggedValue& caseNumber = Null(), bool secured = false);
     void LinkIncident(StoredItemTypes kind, int32_t item, int32_t incidentNo);
     void AddCode(int16_t table, int32_t code, const std::string& name);  // the description is the same text

@@ -1,9 +1,4 @@
-#include "base/Error.h"
-#include "host/HostDatabase.h"
-#include "tests/support/RaisedBy.h"
-#include "tests/support/TestDatabase.h"
-
-#include <gtest/gtest.h>
+#include "tests/database/schema/SchemaTest.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -22,7 +17,7 @@ const std::string& TableOf(Kind kind) {
     return tables[kind == Kind::Property ? 0 : 1];
 }
 
-class CustodyGuardsTest : public ::testing::TestWithParam<Kind> {
+class CustodyGuardsTest : public SchemaTest, public ::testing::WithParamInterface<Kind> {
 protected:
     CustodyGuardsTest() {
         m_item = GetParam() == Kind::Property ? m_database.AddProperty() : m_database.AddVehicle();
@@ -36,13 +31,9 @@ protected:
         return "INSERT INTO " + m_table + " (" + m_kind + "No,SeqNo,ReceivedBy,ReceivedFrom,DateReceived," +
                "CustodyReasonNo,StorageLocNo,LastUpdated) VALUES (" + std::to_string(m_item) + "," + values + ")";
     }
-    static Error Raised(const std::string& sql) {
-        return RaisedBy([&] { GetHostDatabase().Execute(sql); });
-    }
 
     const std::string m_table = TableOf(GetParam());
     const std::string m_kind = m_table.substr(0, m_table.find("Tracking"));
-    TestDatabase m_database;
     int32_t m_item = 0;
     std::string m_before;
 };

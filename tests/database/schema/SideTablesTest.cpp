@@ -1,13 +1,10 @@
 #include "database/schema/SideTables.h"
 
 #include "database/SqliteEngine.h"
-#include "host/HostDatabase.h"
+#include "tests/database/schema/SchemaTest.h"
 #include "tests/support/InterruptedSqlite.h"
-#include "tests/support/RaisedBy.h"
-#include "tests/support/TestDatabase.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <random>
@@ -30,13 +27,12 @@ constexpr const char* missingPlaces =
     "SELECT t.StorageLocNo, 2, v.VehicleNo FROM Vehicle v JOIN VehicleTracking t ON t.VehicleNo = v.VehicleNo "
     "AND t.SeqNo = v.CurrTrackSeq WHERE t.StorageLocNo IS NOT NULL EXCEPT SELECT * FROM CurrentPlace)";
 
-class CurrentPlaceTest : public ::testing::Test {
+class CurrentPlaceTest : public SchemaTest {
 protected:
     CurrentPlaceTest() {
         for (const char* name : {"A", "B", "C", "D"})
             m_locations.push_back(m_database.AddLocation(name, Type::Internal));
     }
-    int32_t Count(const std::string& what) { return ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM " + what)); }
     std::string Places() {
         std::string text;
         for (const Row& row : m_database.QueryRows("SELECT * FROM CurrentPlace"))
@@ -49,7 +45,6 @@ protected:
             m_database.Execute(std::string("DROP TRIGGER ") + trigger);
     }
 
-    TestDatabase m_database;
     std::vector<int32_t> m_locations;
 };
 
@@ -109,17 +104,17 @@ TEST_F(CurrentPlaceTest, NoRowIsMissingAfterManualChanges) {
         const std::string table = isProperty ? "Property" : "Vehicle", key = table + "No";
         const std::string item = std::to_string(1 + any(6)), other = std::to_string(1 + any(6));
         const std::string sequence = std::to_string(1 + any(4)), otherSequence = std::to_string(1 + any(4));
-        const std::string place = any(5) == 0 ? "NULL" : std::to_string(m_locations[static_cast<size_t>(any(4))]);
+        const std::string location = any(5) == 0 ? "NULL" : std::to_string(m_locations[static_cast<size_t>(any(4))]);
         const std::string row = " WHERE " + key + " = " + item + " AND SeqNo = " + sequence;
         std::string sql;
         switch (any(9)) {
         case 0:
         case 1:
             sql = "INSERT INTO " + table + "Tracking (" + key + ", SeqNo, StorageLocNo, LastUpdated) VALUES (" + item +
-                  ", " + sequence + ", " + place + ", '2026-01-01T00:00:00.000')";
+                  ", " + sequence + ", " + location + ", '2026-01-01T00:00:00.000')";
             break;
         case 2: sql = "UPDATE " + table + " SET CurrTrackSeq = " + sequence + " WHERE " + key + " = " + item; break;
-        case 3: sql = "UPDATE " + table + "Tracking SET StorageLocNo = " + place + row; break;
+        case 3: sql = "UPDATE " + table + "Tracking SET StorageLocNo = " + location + row; break;
         case 4: sql = "UPDATE " + table + "Tracking SET SeqNo = " + otherSequence + row; break;
         case 5: sql = "UPDATE " + table + "Tracking SET " + key + " = " + other + row; break;
         case 6: sql = "DELETE FROM " + table + "Tracking" + row; break;

@@ -4,7 +4,6 @@
 #include "data/StoredItemSearch.h"
 #include "host/CodeTableLookup.h"
 #include "tests/support/DatabaseTest.h"
-#include "tests/support/FakeSession.h"
 #include "tests/support/Items.h"
 
 #include <QWidget>
@@ -61,23 +60,20 @@ protected:
     // An item that was signed in to a location, as a search finds it.
     StoredItemRef AddProperty(const std::string& displayId, const std::string& description, int32_t location,
                               TaggedValue category = 5) {
-        const int32_t id =
-            m_database.AddProperty({.PropertyID = displayId, .Description = description, .CategoryNo = category});
-        m_database.AddCustodyRow(StoredItemTypes::Property, id, location,
-                                 {.ReceivedBy = 11, .ReceivedFrom = 12, .CustodyReasonNo = 1});
-        return FindItem(StoredItemTypes::Property, id);
+        const PropertyFields fields{.PropertyID = displayId, .Description = description, .CategoryNo = category};
+        const CustodyFields custody{.ReceivedBy = 11, .ReceivedFrom = 12, .CustodyReasonNo = 1};
+        return FindItem(StoredItemTypes::Property, m_database.AddStored(fields, location, custody));
     }
 
     StoredItemRef AddVehicle(const std::string& plate, int32_t location) {
-        const int32_t id = m_database.AddVehicle({.RegNumber = plate,
-                                                  .RegStateCode = "OR",
-                                                  .VehYear = 2018,
-                                                  .ColorCode = "Silver",
-                                                  .MakeCode = "Veldra",
-                                                  .VehModel = "Tarn",
-                                                  .CategoryNo = 7});
-        m_database.AddCustodyRow(StoredItemTypes::vehicle, id, location, {.CustodyReasonNo = 1});
-        return FindItem(StoredItemTypes::vehicle, id);
+        const VehicleFields fields{.RegNumber = plate,
+                                   .RegStateCode = "OR",
+                                   .VehYear = 2018,
+                                   .ColorCode = "Silver",
+                                   .MakeCode = "Veldra",
+                                   .VehModel = "Tarn",
+                                   .CategoryNo = 7};
+        return FindItem(StoredItemTypes::vehicle, m_database.AddStored(fields, location, {.CustodyReasonNo = 1}));
     }
 
     void LinkIncident(const StoredItemRef& item, const std::string& number, const TaggedValue& caseNumber,
@@ -87,7 +83,6 @@ protected:
 
     static std::shared_ptr<CartStore> Cart() { return GetStores().Cart; }
 
-    SessionScope m_session;
     int32_t propertyRoom = 0, aisle = 0, shelf = 0, crimeLab = 0, digitalForensics = 0, disposal = 0, review = 0;
 };
 

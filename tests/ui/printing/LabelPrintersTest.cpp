@@ -4,11 +4,11 @@
 #include "labels/LabelTemplate.h"
 #include "tests/support/LabelServices.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ScratchSystem.h"
 #include "tests/support/ui/QtTestMain.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <csignal>
 
@@ -21,27 +21,21 @@ namespace {
 
 class LabelPrintersTest : public ::testing::Test {
 protected:
-    LabelPrintersTest() : m_path(qgetenv("PATH")) {
+    LabelPrintersTest() {
+        m_system.Set("PATH", m_system.In("bin") + ":" + qgetenv("PATH").toStdString());
         LabelTemplate::Fields fields = {{"barcode", "\x02P0000004711\x03"}, {"name", "a"}};
         m_label = LabelTemplate(LabelServices::TemplateOf({"name"}, "barcode")).Fill(fields);
     }
-    ~LabelPrintersTest() override { qputenv("PATH", m_path); }
 
-    QString In(const char* name) const { return m_folder.filePath(name); }
+    QString In(const char* name) const { return QString::fromStdString(m_system.In(name)); }
     QByteArray Read(const QString& path) const {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    // A print command that runs these shell lines.
-    void PutCommand(const char* name, const QByteArray& lines) {
-        QDir().mkpath(In("bin"));
-        QFile script(In("bin") + "/" + name);
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\ncd '" + m_folder.path().toUtf8() + "'\n" + lines + "\n");
-        script.close();
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("PATH", In("bin").toUtf8() + ":" + m_path);
+    // A print command that runs these shell lines in the scratch folder.
+    void PutCommand(const char* name, const std::string& lines) const {
+        m_system.Install(name, "cd '" + m_system.Path() + "'\n" + lines);
     }
 
     std::string RefusalOf(LabelPrinter& printer) {
@@ -50,8 +44,7 @@ protected:
         return error.Description();
     }
 
-    QTemporaryDir m_folder;
-    QByteArray m_path;
+    ScratchSystem m_system;
     FilledLabel m_label;
 };
 
@@ -67,7 +60,7 @@ TEST_F(LabelPrintersTest, EachNamesItsDestination) {
 }
 
 TEST_F(LabelPrintersTest, ALabelPrintedAgainReplacesItsPdf) {
-    PdfLabelPrinter printer(m_folder.path(), 203);
+    PdfLabelPrinter printer(In(""), 203);
     printer.Print(m_label);
     QFile(In("P0000004711.pdf")).resize(3);
     printer.Print(m_label);
@@ -115,7 +108,7 @@ TEST_F(LabelPrintersTest, APrintCommandThatNeverAnswersIsEndedAndReported) {
 }
 
 TEST_F(LabelPrintersTest, AMissingPrintSystemIsReported) {
-    qputenv("PATH", m_folder.path().toUtf8());
+    m_system.Set("PATH", m_system.Path());
     SystemLabelPrinter printer("any", 203);
     EXPECT_EQ(RefusalOf(printer).rfind("The print command 'lp' of this system can't be started: ", 0), 0u);
     EXPECT_TRUE(SystemPrinterNames().isEmpty());
