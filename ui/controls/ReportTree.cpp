@@ -7,7 +7,6 @@
 #include "ui/platform/Strings.h"
 #include "ui/style/TextBlock.h"
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -23,7 +22,7 @@ constexpr int AccentBarWidth = 3;
 
 }  // namespace
 
-ReportTree::ReportTree(QWidget* parent) : QTreeWidget(parent) {
+ReportTree::ReportTree(QWidget* parent) : QTreeWidget(parent), m_focusLook(*this, [this] { viewport()->update(); }) {
     setHeader(new ReportHeader(this));
     setItemDelegate(new CellDelegate(*this));
     setColumnCount(0);
@@ -39,12 +38,7 @@ ReportTree::ReportTree(QWidget* parent) : QTreeWidget(parent) {
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     viewport()->setMouseTracking(true);
-    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
-                           [this](const QWidget* old, const QWidget* now) { Guard([&] { FollowFocus(old, now); }); });
 }
-
-// The destructors of the base classes still move the focus.
-ReportTree::~ReportTree() { disconnect(m_focusWatch); }
 
 int ReportTree::RowHeight() const { return qRound(iconSize * rowFactor); }
 
@@ -52,14 +46,6 @@ QFont ReportTree::CellFont(bool bold) const {
     QFont font = Theme::Font(type);
     if (bold) font.setWeight(QFont::Bold);
     return font;
-}
-
-void ReportTree::FollowFocus(const QWidget* old, const QWidget* now) {
-    const bool inside = now && (now == this || isAncestorOf(now));
-    const bool left = now ? now->window() == window() : old && QApplication::activeWindow() == window();
-    if (!inside && !left) return;
-    m_showsFocus = inside;
-    viewport()->update();
 }
 
 QModelIndex ReportTree::indexAt(const QPoint& at) const {
@@ -87,7 +73,7 @@ void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
         const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
         DrawBackground(*painter, row, index.siblingAtColumn(0));
         QTreeWidget::drawRow(painter, option, index);
-        if (!m_movedByKeyboard || !m_showsFocus || currentIndex().row() != index.row()) return;
+        if (!m_movedByKeyboard || !ShowsFocus() || currentIndex().row() != index.row()) return;
         const bool selected = selectionModel()->isSelected(index.siblingAtColumn(0));
         painter->setPen(QPen(Theme::Get(selected ? Theme::Color::HighlightText : Theme::Color::Link), 2));
         painter->setBrush(Qt::NoBrush);
@@ -140,7 +126,7 @@ void ReportTree::focusInEvent(QFocusEvent* event) {
     }
 }
 
-bool ReportTree::ShowsRingAround() const { return m_movedByKeyboard && m_showsFocus && !currentIndex().isValid(); }
+bool ReportTree::ShowsRingAround() const { return m_movedByKeyboard && ShowsFocus() && !currentIndex().isValid(); }
 
 void ReportTree::paintEvent(QPaintEvent* event) {
     QTreeWidget::paintEvent(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/controls/FocusLook.h"
 #include "ui/style/Theme.h"
 
 #include <QTreeWidget>
@@ -19,7 +20,6 @@ public:
     enum Role { KeyRole = Qt::UserRole + 1, CheckedRole, BandRole, IconRole, GrayRole, BoldRole, TooltipRole };
 
     explicit ReportTree(QWidget* parent);
-    ~ReportTree() override;
 
     // Called after the tree has handled the event.
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseDown;
@@ -36,8 +36,8 @@ public:
 
     int RowHeight() const;
     QFont CellFont(bool bold) const;
-    // Whether selected rows are painted as in a focused tree. A menu or a dialog does not take that away.
-    bool ShowsFocus() const { return m_showsFocus; }
+    // Whether selected rows are painted as in a focused tree.
+    bool ShowsFocus() const { return m_focusLook.IsFocused(); }
 
     // The column in which typing searches.
     int textColumn = 1;
@@ -64,11 +64,8 @@ private:
     bool ShowsRingAround() const;
     bool IsCut(const QModelIndex& index) const;
 
-    void FollowFocus(const QWidget* old, const QWidget* now);
-
     bool m_movedByKeyboard = false;
-    bool m_showsFocus = false;
-    QMetaObject::Connection m_focusWatch;
+    FocusLook m_focusLook;
 };
 
 }  // namespace quellbrook

@@ -10,7 +10,6 @@
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/Strings.h"
 
-#include <QApplication>
 #include <QMenu>
 #include <QPointer>
 #include <QScopeGuard>
@@ -51,7 +50,10 @@ constexpr int pathRole = Qt::AccessibleDescriptionRole;
 }  // namespace
 
 LocationTree::LocationTree(QWidget* parent)
-    : View(parent), m_treeView(new LocationTreeWidget(this)), m_picLoading(new GroupBox(this)) {
+    : View(parent),
+      m_treeView(new LocationTreeWidget(this)),
+      m_picLoading(new GroupBox(this)),
+      m_focusLook(*this, [this] { m_treeView->SetHasFocusLook(m_focusLook.IsFocused()); }) {
     m_treeView->setObjectName("TreeView");
     m_treeView->setAccessibleName("Evidence Locations");
     setAccessibleName(m_treeView->accessibleName());
@@ -71,8 +73,6 @@ LocationTree::LocationTree(QWidget* parent)
         });
     });
 }
-
-LocationTree::~LocationTree() { disconnect(m_focusWatch); }
 
 void LocationTree::MakeLoadingPanel() {
     constexpr int messageWidth = 240;
@@ -118,8 +118,6 @@ void LocationTree::ConnectTree() {
             if (m_selectedLocation) OfferContextMenu(MenuPositionBelow(row, *m_treeView->viewport()));
         });
     });
-    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
-                           [this](QWidget*, QWidget* now) { Guard([&] { OnFocusChanged(now); }); });
 }
 
 void LocationTree::Shown() {
@@ -297,12 +295,6 @@ void LocationTree::OfferContextMenu(const std::optional<QPoint>& at) {
     QAction* defaultMenu = nullptr;
     GetContextMenu(contextMenu, defaultMenu);
     ShowContextMenu(this, contextMenu, defaultMenu, at);
-}
-
-// The tree still looks focused while a menu or a dialog is open.
-void LocationTree::OnFocusChanged(QWidget* now) {
-    if (!now || now->window() != window()) return;
-    m_treeView->SetHasFocusLook(now == this || isAncestorOf(now));
 }
 
 QTreeWidgetItem* LocationTree::MenuNode() const {

@@ -2,6 +2,7 @@
 
 #include "base/Event.h"
 #include "core/LocationStore.h"
+#include "ui/controls/FocusLook.h"
 #include "ui/controls/View.h"
 
 #include <QColor>
@@ -33,7 +34,6 @@ class LocationTree : public View {
 
 public:
     explicit LocationTree(QWidget* parent = nullptr);
-    ~LocationTree() override;
     std::string TypeName() const override { return "LocationTree"; }
 
     // Raised when the selection changes, except to null, and on every Refresh, then possibly with null.
@@ -99,7 +99,6 @@ private:
     void OnRightPressed(QTreeWidgetItem* node);
     void OnRightReleased(QTreeWidgetItem* node);
     void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);
-    void OnFocusChanged(QWidget* now);
     void PrepareLocationMenu();
     QTreeWidgetItem* MenuNode() const;
 
@@ -123,7 +122,7 @@ private:
     std::optional<QColor> m_rootColor;
     short m_appearance = 1;
     short m_borderStyle = 1;
-    QMetaObject::Connection m_focusWatch;
+    FocusLook m_focusLook;
     Subscription m_locationsChanged;
 };
 

@@ -8,7 +8,6 @@
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 
-#include <QApplication>
 #include <QDebug>
 #include <QKeyEvent>
 #include <QPointer>
@@ -33,19 +32,15 @@ int32_t ShownIndex(const SearchResultRow& row) { return row.Tag().toInt(); }
 
 }  // namespace
 
-SearchResultList::SearchResultList(QWidget* parent) : ScrollingListOf(parent), m_items(std::make_shared<NoItems>()) {
+SearchResultList::SearchResultList(QWidget* parent)
+    : ScrollingListOf(parent), m_items(std::make_shared<NoItems>()), m_focusLook(*this, [this] { UpdateRowFocus(); }) {
     setFocusPolicy(Qt::StrongFocus);
     PrepareRow(*m_rows.front());
     m_vertScroll->SetThumbFilter(true);
     m_vertScroll->SetArrows(FlatScrollBar::Down);
     m_tooManyResults = AddPanel("picTooManyResults", "warning", "Too many results.",
                                 "There are too many results to display here. Please narrow your search.");
-    m_focusWatch = connect(qApp, &QApplication::focusChanged, this,
-                           [this](const QWidget* old, const QWidget* now) { Guard([&] { FollowFocus(old, now); }); });
 }
-
-// The destructors of the base classes still move the focus.
-SearchResultList::~SearchResultList() { disconnect(m_focusWatch); }
 
 void SearchResultList::SetItems(std::shared_ptr<const StoredItemList> items) {
     if (!items) Raise(ErrorNumber::General, "SearchResultList.SetItems", "Items cannot be Nothing");
@@ -150,7 +145,7 @@ void SearchResultList::RotateRows() {
 void SearchResultList::UpdateRowFocus() {
     for (SearchResultRow* row : m_rows) {
         if (row->Tag().isEmpty()) continue;
-        const bool focused = m_hasFocus && ShownIndex(*row) == m_selectedIndex;
+        const bool focused = m_focusLook.IsFocused() && ShownIndex(*row) == m_selectedIndex;
         if (row->Focused() != focused) row->SetFocused(focused);
     }
 }
@@ -257,16 +252,6 @@ void SearchResultList::keyPressEvent(QKeyEvent* event) {
     Guard([this] {
         if (const StoredItemRef item = SelectedItem()) emit ItemOpenRequest(item);
     });
-}
-
-// A menu or another window does not take the focus away from the list.
-void SearchResultList::FollowFocus(const QWidget* old, const QWidget* now) {
-    const bool inside = now && (now == this || isAncestorOf(now));
-    const bool left = now ? now->window() == window() : old && QApplication::activeWindow() == window();
-    if (!inside && !left) return;
-    if (m_hasFocus == inside) return;
-    m_hasFocus = inside;
-    UpdateRowFocus();
 }
 
 }  // namespace quellbrook

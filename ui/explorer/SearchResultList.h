@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "data/StoredItemList.h"
+#include "ui/controls/FocusLook.h"
 #include "ui/explorer/ScrollingList.h"
 #include "ui/explorer/SearchResultRow.h"
 
@@ -19,7 +20,6 @@ public:
     static constexpr int32_t MaxDisplayedItems = 36766;
 
     explicit SearchResultList(QWidget* parent = nullptr);
-    ~SearchResultList() override;
     std::string TypeName() const override { return "SearchResultList"; }
 
     // Shows these items, kept by reference, and selects the first. Error 5 for null.
@@ -71,14 +71,12 @@ private:
     void ScrollDown();
     void SetScrollValue(int value);
     void EnsureSelectionVisible();
-    void FollowFocus(const QWidget* old, const QWidget* now);
 
-    bool m_hasFocus = false;
     bool m_refreshErrorReported = false;
     int32_t m_selectedIndex = 0;
     std::shared_ptr<const StoredItemList> m_items;
     StatePanel* m_tooManyResults;
-    QMetaObject::Connection m_focusWatch;
+    FocusLook m_focusLook;
 };
 
 }  // namespace quellbrook
