@@ -10,6 +10,7 @@
 #include "ui/platform/Repaint.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/style/FlatStyle.h"
+#include "ui/style/FocusRing.h"
 #include "ui/style/Theme.h"
 
 #include <QApplication>
@@ -51,6 +52,8 @@ void InstallTheme(bool dark) {
     QApplication::setStyle(new FlatStyle);
     Theme::Install(dark);
 }
+
+void ShowFocusRing(QWidget* control) { FocusRing::Show(control); }
 
 void SetDialogParent(QWidget* window) { GetSingletons().SetDialogParent(std::make_shared<WindowReference>(window)); }
 

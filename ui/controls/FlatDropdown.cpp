@@ -108,7 +108,7 @@ void DropdownBox::paintEvent(QPaintEvent*) {
 FlatDropdown::FlatDropdown(QWidget* parent) : Control(parent), m_box(new DropdownBox(this)) {
     setFocusProxy(m_box);
     setFocusPolicy(Qt::StrongFocus);
-    ShowFocusRing(this);
+    FocusRing::Show(this);
     m_box->installEventFilter(this);
     m_box->view()->installEventFilter(this);
     m_box->view()->viewport()->installEventFilter(this);

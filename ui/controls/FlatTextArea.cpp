@@ -25,7 +25,7 @@ FlatTextArea::FlatTextArea(QWidget* parent) : Control(parent), m_edit(new QPlain
     m_edit->viewport()->setAutoFillBackground(false);
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus);
-    ShowFocusRing(this);
+    FocusRing::Show(this);
     connect(m_edit, &QPlainTextEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
     Control::Move(0, 0, ToTwips(200), ToTwips(112));
 }

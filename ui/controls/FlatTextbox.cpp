@@ -41,7 +41,7 @@ public:
 FlatTextbox::FlatTextbox(QWidget* parent) : Control(parent), m_edit(new PlainEdit(this)) {
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus);
-    ShowFocusRing(this);
+    FocusRing::Show(this);
     m_edit->installEventFilter(this);
     connect(m_edit, &QLineEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
     Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));

@@ -43,7 +43,7 @@ QSize Link::sizeHint() const {
 
 void Link::FitToText() {
     const QSize size = sizeHint();
-    SetFocusRingSize(this, Caption().isEmpty() ? size : QSize());  // a view may make the link of an icon higher
+    FocusRing::SetSize(this, Caption().isEmpty() ? size : QSize());  // a view may make the link of an icon higher
     Control::Move(Left(), Top(), ToTwips(size.width()), ToTwips(size.height()));
 }
 

@@ -12,7 +12,7 @@ namespace quellbrook {
 
 Pressable::Pressable(QWidget* parent) : Control(parent) {
     setFocusPolicy(Qt::StrongFocus);
-    ShowFocusRing(this);
+    FocusRing::Show(this);
     WatchKeyRepetition();
 }
 

@@ -6,13 +6,13 @@
 
 namespace quellbrook {
 
-ButtonLook LookOfButton(bool enabled, bool plain, bool hovered, bool pressed) {
+ButtonLook LookOfButton(bool enabled, bool inverted, bool hovered, bool pressed) {
     using Theme::Color;
     if (!enabled) {
         const QColor background = Theme::Get(Color::DisabledGround);
         return {background, background, Theme::Get(Color::DisabledText)};
     }
-    if (plain) {
+    if (inverted) {
         QColor background = Theme::Get(Color::Window);
         if (hovered) background = Theme::Get(Color::Panel);
         if (pressed) background = Theme::Get(Color::Hairline);

@@ -79,9 +79,9 @@ void DrawMenuEntry(const QStyleOptionMenuItem& item, QPainter& painter, const QW
 // Without icons and menus, which no button has.
 void DrawButton(const QStyleOptionButton& button, QPainter& painter) {
     const auto is = [&](QStyle::StateFlag state) { return bool(button.state & state); };
-    const bool plain = !(button.features & QStyleOptionButton::DefaultButton);
+    const bool inverted = !(button.features & QStyleOptionButton::DefaultButton);
     const ButtonLook look =
-        LookOfButton(is(QStyle::State_Enabled), plain, is(QStyle::State_MouseOver), is(QStyle::State_Sunken));
+        LookOfButton(is(QStyle::State_Enabled), inverted, is(QStyle::State_MouseOver), is(QStyle::State_Sunken));
     painter.save();
     PaintButtonGround(painter, button.rect, look);
     painter.setFont(Theme::Font(Theme::Type::BodySemiBold));
@@ -157,7 +157,7 @@ void FlatStyle::polish(QWidget* widget) {
     const auto* edit = qobject_cast<QLineEdit*>(widget);
     const bool isButton = qobject_cast<QPushButton*>(widget);
     if (isButton) widget->setAttribute(Qt::WA_Hover);
-    if (isButton || (edit && edit->hasFrame()) || qobject_cast<QComboBox*>(widget)) ShowFocusRing(widget);
+    if (isButton || (edit && edit->hasFrame()) || qobject_cast<QComboBox*>(widget)) FocusRing::Show(widget);
 }
 
 QRect FlatStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {

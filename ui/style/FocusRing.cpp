@@ -62,7 +62,7 @@ void MoveRing(QWidget* focused) {
 
 }  // namespace
 
-void ShowFocusRing(QWidget* control) {
+void FocusRing::Show(QWidget* control) {
     static QPointer<QObject> follower;
     control->setProperty(HasRing, true);
     if (follower) return;
@@ -71,6 +71,6 @@ void ShowFocusRing(QWidget* control) {
                      [](QWidget*, QWidget* focused) { Guard([focused] { MoveRing(focused); }); });
 }
 
-void SetFocusRingSize(QWidget* control, const QSize& size) { control->setProperty(RingSize, size); }
+void FocusRing::SetSize(QWidget* control, const QSize& size) { control->setProperty(RingSize, size); }
 
 }  // namespace quellbrook
