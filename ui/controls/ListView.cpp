@@ -4,6 +4,7 @@
 #include "ui/controls/MouseEvents.h"
 #include "ui/controls/ReportTree.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/KeyRepetition.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 #include "ui/style/FieldFrame.h"
@@ -102,7 +103,11 @@ void ListView::SetIconColumn(int column) {
     m_iconColumn = column;
     m_tree->textColumn = column == 0 ? 1 : 0;
 }
-void ListView::SetCheckBoxes(bool boxes) { m_checkBoxes = boxes; }
+
+void ListView::SetCheckBoxes(bool boxes) {
+    m_checkBoxes = boxes;
+    if (boxes) WatchKeyRepetition();
+}
 
 void ListView::SetHeaderVisible(bool visible) { m_tree->setHeaderHidden(!visible); }
 
@@ -294,7 +299,7 @@ bool ListView::eventFilter(QObject* watched, QEvent* event) {
     Guard([&] {
         const QPointer<ListView> alive(this);
         emit KeyDown(code, ctrl);
-        if (alive && toggles && !key.isAutoRepeat() && CurrentRow() >= 0) ToggleRow(CurrentRow());
+        if (alive && toggles && !IsRepetition(key) && CurrentRow() >= 0) ToggleRow(CurrentRow());
     });
     return code == 13 || toggles;
 }

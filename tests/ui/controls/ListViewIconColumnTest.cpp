@@ -86,6 +86,24 @@ TEST_F(IconColumnTest, SpaceTogglesTheCurrentRow) {
     EXPECT_EQ(m_toggles, (Toggles{{2, true}, {1, true}, {1, false}}));
 }
 
+// As on X11, where not every repetition of a held key is marked.
+TEST_F(IconColumnTest, AHeldSpaceTogglesOnce) {
+    m_list.SetCheckBoxes(true);
+    m_list.SetCurrentRow(2);
+    const auto send = [this](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier);
+        event.setTimestamp(time);
+        QApplication::sendEvent(m_list.Tree(), &event);
+    };
+    send(QEvent::KeyPress, 4500);
+    send(QEvent::KeyRelease, 5000);
+    send(QEvent::KeyPress, 5000);
+    EXPECT_EQ(m_toggles, (Toggles{{2, true}}));
+    send(QEvent::KeyRelease, 5040);
+    send(QEvent::KeyPress, 5200);
+    EXPECT_EQ(m_toggles, (Toggles{{2, true}, {2, false}}));
+}
+
 TEST_F(IconColumnTest, WithoutBoxesNothingIsToggled) {
     m_list.setFocus();
     Click(m_list.Tree()->viewport(), BoxOf(1));
