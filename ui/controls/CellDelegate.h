@@ -11,7 +11,7 @@ class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    static constexpr int TextMargin = 6;  // on both sides of a text
+    static constexpr int TextMargin = 6;  // on both sides of a text or a column's caption
 
     explicit CellDelegate(ReportTree& tree);
 

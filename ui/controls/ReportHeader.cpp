@@ -1,5 +1,6 @@
 #include "ui/controls/ReportHeader.h"
 
+#include "ui/controls/CellDelegate.h"
 #include "ui/platform/Guard.h"
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
@@ -11,7 +12,6 @@ namespace quellbrook {
 namespace {
 
 constexpr int HeaderHeight = 32;
-constexpr int TextMargin = 6;
 
 }  // namespace
 
@@ -41,7 +41,7 @@ void ReportHeader::paintSection(QPainter* painter, const QRect& section, int col
         painter->fillRect(section, palette().color(QPalette::Base));
         painter->setFont(Theme::Font(Theme::Type::TagText));
         painter->setPen(Theme::Get(Theme::Color::GrayText));
-        const QRect textRect = section.adjusted(TextMargin, 0, -TextMargin, 0);
+        const QRect textRect = section.adjusted(CellDelegate::TextMargin, 0, -CellDelegate::TextMargin, 0);
         const QString caption = model()->headerData(column, Qt::Horizontal).toString();
         painter->drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                           ElidedTo(painter->font(), caption, textRect.width()));

@@ -40,6 +40,7 @@ void LocationPicker::LoadLocations(StorageLocationTypes locationType) {
     m_cboLocations->Clear();
     m_cboLocations->AddItem("(None)", 0);
     AddSubtree(*m_locationStore->GetRootLocation(locationType));
+    Layout();
     m_cboLocations->SetListIndex(noneIndex);
 }
 
@@ -49,7 +50,6 @@ void LocationPicker::AddSubtree(const StorageLocation& location) {
         if (sub->Enabled()) m_cboLocations->AddItem(ToQString(sub->FullPath(pathSeparator, false)), sub->ID());
         AddSubtree(*sub);
     }
-    Layout();
 }
 
 bool LocationPicker::IsEmpty() const { return m_cboLocations->Count() == 0; }
