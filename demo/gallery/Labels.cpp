@@ -20,11 +20,11 @@ struct NamedType {
 };
 
 constexpr NamedType Types[] = {
-    {"Title", Type::Title},       {"ItemHeading", Type::ItemHeading},  {"ItemHeadingRegular", Type::ItemHeadingRegular},
-    {"Section", Type::Section},   {"RowHeading", Type::RowHeading},    {"RowHeadingBold", Type::RowHeadingBold},
-    {"Body", Type::Body},         {"BodyBold", Type::BodyBold},        {"BodySemiBold", Type::BodySemiBold},
-    {"Subtitle", Type::Subtitle}, {"LinkText", Type::LinkText},        {"Hint", Type::Hint},
-    {"TagText", Type::TagText},   {"StripCaption", Type::StripCaption}};
+    {"Title", Type::Title},       {"ItemHeading", Type::ItemHeading}, {"ItemHeadingRegular", Type::ItemHeadingRegular},
+    {"Section", Type::Section},   {"RowHeading", Type::RowHeading},   {"RowHeadingBold", Type::RowHeadingBold},
+    {"Body", Type::Body},         {"BodyBold", Type::BodyBold},       {"BodySemiBold", Type::BodySemiBold},
+    {"Subtitle", Type::Subtitle}, {"LinkText", Type::LinkText},       {"Hint", Type::Hint},
+    {"TagText", Type::TagText}};
 
 Label* Make(QWidget* parent, Type type, const QString& caption) {
     auto* label = new Label(parent);

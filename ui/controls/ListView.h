@@ -18,8 +18,8 @@ class ReportTree;
 
 // A report-style list with keyed columns and rows. Cells have a text, color, weight and tooltip. One column shows
 // icons, optionally as check boxes. Several rows can be selected, and marked rows have a band behind them.
-// Check boxes, the icon column, ClearColumns and MouseDown are not used yet. They are for the views that check in new
-// evidence and categorize locations.
+// Check boxes, another icon column than the first, ClearColumns, MouseDown and MouseMove serve lists in which the user
+// ticks rows: new evidence to check in, and locations to categorize.
 class ListView : public Control {
     Q_OBJECT
 

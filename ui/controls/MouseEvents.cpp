@@ -44,7 +44,6 @@ bool MouseEvents::eventFilter(QObject* watched, QEvent* event) {
 void MouseEvents::Handle(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::ChildAdded: return Watch(static_cast<QChildEvent*>(event)->child());
-    case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick: break;
     default: return;
@@ -54,9 +53,7 @@ void MouseEvents::Handle(QObject* watched, QEvent* event) {
     if (widget != m_container && !m_container->isAncestorOf(widget)) return;
     if (IsEcho(mouse)) return;
     const QPoint at = widget->mapTo(m_container, mouse.position().toPoint());
-    if (event->type() == QEvent::MouseButtonPress)
-        emit Down(ButtonMask(mouse.button()), at);
-    else if (event->type() == QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonRelease)
         emit Up(ButtonMask(mouse.button()), at);
     else
         emit DoubleClick(at);

@@ -19,7 +19,7 @@ inline constexpr int Left = 1, Right = 2, Middle = 4;
 // The bit of a button; 0 for any other button.
 int ButtonMask(Qt::MouseButton button);
 
-// Presses, releases and double clicks over a container and everything inside it, at pixels of the container. Buttons
+// Releases and double clicks over a container and everything inside it, at pixels of the container. Buttons
 // are masks of MouseButton.
 class MouseEvents : public QObject {
     Q_OBJECT
@@ -28,7 +28,6 @@ public:
     explicit MouseEvents(QWidget* container);
 
 signals:
-    void Down(int button, const QPoint& at);
     void Up(int button, const QPoint& at);
     void DoubleClick(const QPoint& at);
 

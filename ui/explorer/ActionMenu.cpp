@@ -14,7 +14,7 @@ struct EntryDesign {
     MenuEntry entry;
     const char* name;
     const char* caption;  // null for a separator
-    bool isBound = true;  // false until the entry's command exists
+    bool isBound = true;  // an entry without a command is never shown
 };
 
 constexpr EntryDesign entryDesigns[] = {

@@ -6,8 +6,8 @@
 
 namespace quellbrook {
 
-// The picture's scale becomes the image's device pixel ratio, and the reverse. ToImage is for the barcode on the item
-// page.
+// The picture's scale becomes the image's device pixel ratio, and the reverse. A caller of
+// StoredItem::GetBarcodeImage draws the barcode with ToImage.
 QImage ToImage(const Picture& picture);
 Picture ToPicture(const QImage& image);
 

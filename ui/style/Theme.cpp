@@ -95,7 +95,6 @@ Face FaceOf(Type type) {
     case Type::LinkText: return {13, 20, QFont::Medium};
     case Type::Hint: return {12, 16, QFont::Normal};
     case Type::TagText: return {12, 16, QFont::DemiBold};
-    case Type::StripCaption: return {13, 20, QFont::DemiBold};
     }
     return {14, 20, QFont::Normal};
 }

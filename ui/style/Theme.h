@@ -51,8 +51,7 @@ enum class Type {
     Subtitle,
     LinkText,
     Hint,
-    TagText,
-    StripCaption
+    TagText
 };
 
 // Sets the palette and fonts of the application, dark or light.
@@ -77,7 +76,7 @@ double Contrast(const QColor& a, const QColor& b);
 QColor BatchTint();
 
 // Sizes in pixels.
-inline constexpr int Margin = 16, Grid = 4, Radius = 2, FieldHeight = 36, TitleBarHeight = 40, InfoBarHeight = 42;
+inline constexpr int Margin = 16, Radius = 2, FieldHeight = 36, TitleBarHeight = 40;
 
 }  // namespace Theme
 
