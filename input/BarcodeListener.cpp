@@ -82,6 +82,7 @@ void BarcodeListener::OnCharacter(KeyMessage& message) {
     if (message.wParam == StartCharacter) {
         m_lastScanEnd = 0;
         m_isScanning = true;
+        m_hasEnded = false;
         m_scanBuffer.clear();
         ScanStarted();
     } else if (!m_isScanning) {
@@ -94,8 +95,13 @@ void BarcodeListener::OnCharacter(KeyMessage& message) {
     Cancel(message);
 }
 
+void BarcodeListener::DropUnfinishedScan() {
+    if (!m_hasEnded) m_isScanning = false;
+}
+
 // Until the timer has fired, all characters belong to the scan.
 void BarcodeListener::EndScan() {
+    m_hasEnded = true;
     m_lastScanEnd = SecondsSinceMidnight();
     m_scanQueue.push_back(m_scanBuffer);
     m_timer->SetInterval(DeliveryDelay);

@@ -46,8 +46,8 @@ public:
     // At each STX that it takes.
     Event<> ScanStarted;
 
-    // Whether an STX was taken whose scan has not been raised or dropped yet.
-    bool IsScanning() const { return m_isScanning; }
+    // Forgets an STX that no ETX has followed yet.
+    void DropUnfinishedScan();
     // The characters since the last STX, as UTF-8. ETX does not clear them.
     const std::string& Buffer() const { return m_scanBuffer; }
     // The number of scans that wait for the timer.
@@ -68,6 +68,7 @@ private:
     std::vector<std::string> m_scanQueue;  // the newest last
     double m_lastScanEnd = 0;              // seconds since midnight; 0: no scan has ended since the last STX
     bool m_isScanning = false;             // from STX until the timer has taken the scan
+    bool m_hasEnded = false;               // an ETX has followed the STX
 };
 
 }  // namespace quellbrook

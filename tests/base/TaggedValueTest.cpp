@@ -97,6 +97,11 @@ TEST(ToInt32, ReadsTextByOneGrammar) {
     EXPECT_EQ(NumberRaised(ToInt32, std::string(400, '9')), ErrorNumber::Overflow);
 }
 
+TEST(ToInt32, AFailureNamesItsSource) {
+    EXPECT_EQ(testing::RaisedBy([] { ToInt32(3e9); }).Source(), "TaggedValue.ToInt32");
+    EXPECT_EQ(testing::RaisedBy([] { ToText(Null()); }).Source(), "TaggedValue.ToText");
+}
+
 TEST(ToInt32, RoundsFractionsHalfToEven) {
     EXPECT_EQ(ToInt32(0.5), 0);
     EXPECT_EQ(ToInt32(1.5), 2);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <tuple>
 
 namespace quellbrook::testing {
 namespace {
@@ -211,6 +212,19 @@ TEST_F(BarcodeListenerTest, APressWithinTheRestPeriodVanishesAndALaterOneArrives
     m_clock.Advance(2);
     EXPECT_TRUE(Down());
     EXPECT_TRUE(Type('A'));
+}
+
+TEST_F(BarcodeListenerTest, TheRestPeriodIsTheSameAcrossSecondsMinutesAndHours) {
+    for (const auto& [hour, minute, second] :
+         {std::tuple(1, 2, 3), {1, 2, 59}, {1, 59, 59}, {4, 0, 0}, {0, 0, 59}, {0, 59, 59}}) {
+        SetTime(hour, minute, second, 950);
+        Scan("P1");
+        m_timers.TickAll();
+        m_clock.Advance(90);
+        EXPECT_FALSE(Down()) << hour << ":" << minute << ":" << second;
+        m_clock.Advance(20);
+        EXPECT_TRUE(Down()) << hour << ":" << minute << ":" << second;
+    }
 }
 
 TEST_F(BarcodeListenerTest, TheRestPeriodBindsEvenWhileDisabled) {

@@ -266,6 +266,11 @@ TEST(LabelTemplateRefuses, ALinkToAnImage) {
         EXPECT_NO_THROW(Fill(Svg(field + "<image xlink:href='" + image + "'/>"), {{"name", "x"}})) << image;
 }
 
+TEST(LabelTemplate, OtherElementsMayReferToPartsOfTheDrawing) {
+    const std::string field = "<text id='name' x='20' y='25'>A</text>";
+    EXPECT_NO_THROW(Fill(Svg(field + "<defs><g id='frame'/></defs><use href='#frame'/>"), {{"name", "x"}}));
+}
+
 TEST(LabelTemplateRefuses, ADrawingWithoutASize) {
     EXPECT_EQ(RefusalOf("<svg/>"), "The label template has no width: set it in millimeters or inches.");
     EXPECT_EQ(RefusalOf("<svg width='100mm' height='100%'/>"),

@@ -42,6 +42,14 @@ TEST(SvgTransform, IsAppliedFromTheLastToTheFirst) {
     EXPECT_DOUBLE_EQ(other->e, 20);
 }
 
+TEST(SvgTransform, ScalesBothAxesOrEach) {
+    EXPECT_DOUBLE_EQ(ParseTransform("scale(3)")->d, 3);
+    EXPECT_DOUBLE_EQ(ParseTransform("scale(3, 5)")->a, 3);
+    EXPECT_DOUBLE_EQ(ParseTransform("scale(3, 5)")->d, 5);
+    EXPECT_EQ(ParseTransform("scale(1 2 3)"), std::nullopt);
+    EXPECT_EQ(ParseTransform("scale()"), std::nullopt);
+}
+
 TEST(SvgTransform, RotatesAboutAPoint) {
     const auto transform = ParseTransform("rotate(90 10 10)");
     ASSERT_TRUE(transform);

@@ -10,6 +10,8 @@
 
 namespace quellbrook {
 
+class StorageLocation;
+
 // Wraps a window of the host as an Object. Does not own the window.
 class WindowReference : public Object {
 public:
@@ -58,6 +60,11 @@ public:
     // Loads the form, centers it over the parent window and shows it modally. Returns an empty value after it closed.
     // Error 91 "No dialog parent has been set." without a parent.
     TaggedValue ShowForm(ModuleForm& form);
+
+    // Show the location editor. Error 5 for null.
+    bool EditLocation(const std::shared_ptr<StorageLocation>& location);  // whether the user saved
+    // The new location, or null if the user canceled.
+    std::shared_ptr<StorageLocation> AddLocation(const std::shared_ptr<StorageLocation>& parent);
 
 private:
     std::shared_ptr<WindowReference> m_parent;

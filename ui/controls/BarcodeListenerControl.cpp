@@ -53,7 +53,10 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
 
 bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }
 
-void BarcodeListenerControl::Shown() { m_listener.Shown(); }
+void BarcodeListenerControl::Shown() {
+    if (!m_limit) m_limit.emplace(m_listener);
+    m_listener.Shown();
+}
 
 void BarcodeListenerControl::paintEvent(QPaintEvent*) {
     GuardPainting([this] {

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "input/BarcodeListener.h"
+#include "input/ScanLimit.h"
 #include "ui/controls/View.h"
+
+#include <optional>
 
 namespace quellbrook {
 
 // Receives barcode scans for its parent view. It has no size and is invisible. It is active while it is shown and
 // enabled and no other view covers its parent; a scan while another window is active is consumed and dropped. A scan
-// first closes the menus that are open. The key hook is installed when the control is first shown and removed at
-// destruction. In a form designer, the control shows an icon and installs no hook.
+// first closes the menus that are open. A scan that has no end a second after its start is dropped. The key hook is
+// installed when the control is first shown and removed at destruction. In a form designer, the control shows an icon
+// and installs no hook.
 class BarcodeListenerControl : public View {
     Q_OBJECT
 
@@ -29,6 +33,7 @@ protected:
 private:
     Event<int32_t, const std::string&> m_barcodeScanned;
     BarcodeListener m_listener;
+    std::optional<ScanLimit> m_limit;
 };
 
 }  // namespace quellbrook

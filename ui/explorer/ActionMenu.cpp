@@ -30,11 +30,11 @@ constexpr EntryDesign entryDesigns[] = {
     {MenuEntry::RemoveFromBatch, "mnuRemoveFromBatch", "Remove"},
     {MenuEntry::NoActions, "mnuNoActions", "(No Available Actions)"},
     {MenuEntry::SelectAll, "mnuSelectAll", "Select All"},
-    {MenuEntry::Separator3, "mnuSeparator3", nullptr, false},
-    {MenuEntry::New, "mnuNew", "New", false},
-    {MenuEntry::NewLocation, "mnuNewLocation", "Location", false},
-    {MenuEntry::EditLocation, "mnuEditLocation", "Edit", false},
-    {MenuEntry::DeleteLocation, "mnuDeleteLocation", "Delete", false},
+    {MenuEntry::Separator3, "mnuSeparator3", nullptr},
+    {MenuEntry::New, "mnuNew", "New"},
+    {MenuEntry::NewLocation, "mnuNewLocation", "Location"},
+    {MenuEntry::EditLocation, "mnuEditLocation", "Edit"},
+    {MenuEntry::DeleteLocation, "mnuDeleteLocation", "Delete"},
 };
 static_assert(std::size(entryDesigns) == MenuEntryCount);
 

@@ -147,6 +147,9 @@ void EvidenceExplorer::ConnectMenu() {
     bindTransfer(MenuEntry::Move, TransactionType::Move);
     Bind(MenuEntry::RemoveFromBatch, [this] { GetActions().BulkRemoveFromCart(GetSelectedObjects()); });
     Bind(MenuEntry::SelectAll, [this] { m_itemPane->SelectAll(); });
+    Bind(MenuEntry::NewLocation, [this] { PromptAddLocation(GetContextLocation()); });
+    Bind(MenuEntry::EditLocation, [this] { PromptEditLocation(GetContextLocation()); });
+    Bind(MenuEntry::DeleteLocation, [this] { PromptDeleteLocation(GetContextLocation()); });
     auto* again = new QShortcut(Qt::Key_F5, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     again->setAutoRepeat(false);
     connect(again, &QShortcut::activated, this, [this] { ReadAgain(); });

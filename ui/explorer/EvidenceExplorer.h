@@ -77,6 +77,11 @@ private:
     void OfferMenu(MenuSource source, QWidget* pane, QMenu*& contextMenu, QAction*& defaultMenu);
     void Bind(MenuEntry entry, std::function<void()> command);
     ObjectRef SingleSelectedObject() const;
+    StorageLocationRef GetContextLocation() const;
+    void PromptAddLocation(const StorageLocationRef& parent);
+    void PromptEditLocation(const StorageLocationRef& location);
+    void PromptDeleteLocation(const StorageLocationRef& location);
+    bool RefreshPanes();
     void PrintSelected();
     void ReadAgain();
     void RefreshContents(void (LocationView::*refresh)());

@@ -78,6 +78,7 @@ CartView::CartView(QWidget* parent) : View(parent) {
     BuildFormPanel();
     BuildListPanel();
     BuildMenu();
+    BuildBarcodeListener();
     for (GroupBox* panel : {m_listPanel, m_formPanel}) panel->SetTabIndex(0);
     m_titleArea->SetAlign(Alignment::Top);
     if (IsInsideDesigner()) return;

@@ -39,6 +39,7 @@ private:
     void BuildFormPanel();
     void BuildListPanel();
     void BuildMenu();
+    void BuildBarcodeListener();
 
     void RefreshFromStore();
     void ShowTransactionType(int32_t transactionType);
@@ -54,6 +55,7 @@ private:
     void CartStore_OnChange();
     void TransferButton_Click();
     void RemoveItem_Click();
+    void itemBarcodeLicenser_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
 
     bool m_shown = false;
     GroupBox* m_titleArea = nullptr;

@@ -41,7 +41,8 @@ TEST(ActionMenu, ShowsNoEntryWithoutACommand) {
     menu.Apply(ActionMenuState());
     EXPECT_THAT(Names(menu, true),
                 ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint", "mnuSeparator2", "mnuCheckIn",
-                            "mnuCheckOut", "mnuMove", "mnuRemoveFromBatch", "mnuNoActions", "mnuSelectAll"));
+                            "mnuCheckOut", "mnuMove", "mnuRemoveFromBatch", "mnuNoActions", "mnuSelectAll",
+                            "mnuSeparator3", "mnuNew", "mnuEditLocation", "mnuDeleteLocation"));
 }
 
 TEST(ActionMenu, TakesCaptionVisibilityAndEnabledStateFromTheRules) {

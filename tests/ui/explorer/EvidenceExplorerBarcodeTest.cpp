@@ -56,6 +56,18 @@ TEST_F(EvidenceExplorerBarcodeTest, ALocationsBarcodeSelectsIt) {
     EXPECT_EQ(Title(), "Bin 1");
 }
 
+TEST_F(EvidenceExplorerBarcodeTest, AScanWithoutAnEndBlocksTheKeyboardForASecond) {
+    m_list->Tree()->setFocus();
+    TypeAsScanner("\x02P");
+    TypeAsScanner("e");
+    EXPECT_EQ(m_list->CurrentRow(), -1);
+    m_timers.Tick(1000);
+    TypeAsScanner("e");
+    EXPECT_EQ(m_list->CellText(m_list->CurrentRow(), 1), "E-1");
+    ScanAndWait("L", m_bin);
+    EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_bin);
+}
+
 TEST_F(EvidenceExplorerBarcodeTest, AnItemsBarcodeOpensIt) {
     ScanAndWait("P", m_first);
     EXPECT_EQ(OpenedItem(), "E-1");

@@ -86,7 +86,7 @@ TEST_F(EvidenceExplorerMenuTest, AMemberOfTheBatchCanOnlyBeUnchecked) {
 TEST_F(EvidenceExplorerMenuTest, ABlankSpotOffersToSelectAll) {
     Show(m_shelf);
     ClickRow("E-1");
-    EXPECT_THAT(BlankMenu(Choose(MenuEntry::SelectAll)), ElementsAre("-", "Select All"));
+    EXPECT_THAT(BlankMenu(Choose(MenuEntry::SelectAll)), ElementsAre("-", "Select All", "-", "New"));
     EXPECT_THAT(SelectedObjects(), ElementsAre("Bin 1", "E-1", "E-2"));
 }
 
@@ -104,7 +104,7 @@ TEST_F(EvidenceExplorerMenuTest, TheMenuOfANodeActsOnTheNodeAndFocusesTheTree) {
         EXPECT_THAT(SelectedObjects(), ElementsAre("Empty Shelf"));
         EXPECT_TRUE(m_widget->hasFocus() || m_window->focusWidget() == m_widget);
     });
-    EXPECT_THAT(entries, ElementsAre("Open", "-", "Print barcode label"));
+    EXPECT_THAT(entries, ElementsAre("Open", "-", "Print barcode label", "-", "New", "Edit", "Delete"));
     EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_shelf);
     EXPECT_EQ(Title(), "Shelf A");
     EXPECT_THAT(SelectedObjects(), ElementsAre("Shelf A"));
@@ -112,7 +112,7 @@ TEST_F(EvidenceExplorerMenuTest, TheMenuOfANodeActsOnTheNodeAndFocusesTheTree) {
 
 TEST_F(EvidenceExplorerMenuTest, ARootsMenuOpensIt) {
     Show(m_shelf);
-    EXPECT_THAT(NodeMenu("Sign-Out Locations", Choose(MenuEntry::Open)), ElementsAre("Open"));
+    EXPECT_THAT(NodeMenu("Sign-Out Locations", Choose(MenuEntry::Open)), ElementsAre("Open", "-", "New"));
     EXPECT_EQ(Title(), "Sign-Out Locations");
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Actions.h"
+#include "tests/support/ManualTimer.h"
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/FlatButton.h"
@@ -10,6 +11,7 @@
 #include "ui/items/CartView.h"
 #include "ui/locations/LocationPicker.h"
 #include "ui/platform/Twips.h"
+#include "ui/platform/WidgetMessageHook.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -26,6 +28,7 @@ protected:
         m_laptop = AddProperty("2026-0417-03", "Laptop computer", shelf);
         AddProperty("E-0", "never in a batch", shelf);
         m_bar = AddProperty("2026-0417-02", "Pry bar", aisle, 6);
+        m_environment->makeMessageHook = MakeWidgetMessageHook;
         m_window.resize(1280, 760);
         m_view = new CartView(&m_window);
         m_view->setObjectName("cart");
@@ -71,6 +74,7 @@ protected:
     }
     bool IsCurrent() { return GetStores().View->ViewName() == ViewNames::Cart; }
 
+    ManualTimers m_timers{m_environment};
     QWidget m_window;
     CartView* m_view = nullptr;
     StoredItemRef m_laptop;

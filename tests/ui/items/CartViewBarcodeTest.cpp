@@ -1,0 +1,66 @@
+#include "data/BarcodeText.h"
+#include "tests/support/ui/Scanner.h"
+#include "tests/ui/items/CartViewTest.h"
+
+#include <gmock/gmock.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CartViewBarcodeTest : public CartViewTest {
+protected:
+    CartViewBarcodeTest() { BeginSignOut(); }
+
+    void ScanAndWait(const char* letter, int32_t id) {
+        const std::string barcode = MakeBarcodeText(letter, id);
+        Scan(barcode.substr(1, barcode.size() - 2));
+        EXPECT_EQ(m_timers.Tick(1), 1) << "no scan was delivered";
+        m_clock.Advance(150);
+    }
+    static std::vector<std::string> BatchIds() {
+        std::vector<std::string> ids;
+        const auto items = GetStores().Cart->GetItems();
+        for (int32_t i = 0; i < items->Count(); ++i) ids.push_back(items->ItemAt(i)->DisplayID());
+        return ids;
+    }
+};
+
+TEST_F(CartViewBarcodeTest, AnItemsBarcodeAddsItToTheBatch) {
+    const StoredItemRef phone = AddProperty("2026-0417-04", "Telephone", shelf);
+    ScanAndWait("P", phone->ID());
+    EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02", "2026-0417-04"));
+    EXPECT_EQ(Text("lblItemCount"), " (3)");
+    EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
+}
+
+TEST_F(CartViewBarcodeTest, AnItemOfTheBatchIsNotAddedTwice) {
+    ScanAndWait("P", m_bar->ID());
+    ScanAndWait("P", m_bar->ID());
+    EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02"));
+}
+
+TEST_F(CartViewBarcodeTest, WhateverElseIsScannedIsReported) {
+    ScanAndWait("P", 4711);
+    ScanAndWait("V", 4711);
+    ScanAndWait("L", shelf);
+    const RecordingScreen::Message message{
+        "The barcode you scanned refers to a item that is no longer in your database.", MessageStyle::Critical,
+        "Item Not Found"};
+    EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(message, message, message));
+    EXPECT_EQ(BatchIds().size(), 2u);
+}
+
+TEST_F(CartViewBarcodeTest, AScanChoosesNothingInAField) {
+    for (TessarineDropdown* field : {From(), By(), Reason()}) {
+        auto* box = field->findChild<QComboBox*>();
+        box->setFocus();
+        ScanAndWait("P", m_bar->ID());
+        EXPECT_EQ(box->currentIndex(), -1);
+    }
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,337 @@
+#include "ui/locations/LocationEditor.h"
+
+#include "base/Error.h"
+#include "data/StorageLocationStatic.h"
+#include "tests/support/DatabaseTest.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
+#include "tests/support/TestLocations.h"
+#include "tests/support/ui/GeometryWalk.h"
+#include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/Widgets.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/FlatDropdown.h"
+#include "ui/controls/FlatTextbox.h"
+#include "ui/controls/Label.h"
+#include "ui/locations/LocationPicker.h"
+#include "ui/platform/MousePointer.h"
+#include "ui/platform/Strings.h"
+
+#include <QLineEdit>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+
+namespace quellbrook::testing {
+namespace {
+
+using Types = StorageLocationTypes;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class LocationEditorTest : public DatabaseTest {
+protected:
+    LocationEditorTest() {
+        m_window.resize(800, 600);
+        ShowActive(m_window);
+        GetDialogs().SetParent(std::make_shared<WindowReference>(&m_window));
+    }
+    ~LocationEditorTest() override { GetDialogs().SetParent(nullptr); }
+
+    void Edit(int32_t id) {
+        m_form = std::make_unique<frmAddEditLocation>();
+        m_form->SetLocation(m_tree.Find(id));
+        Open();
+    }
+    void Add(const StorageLocationRef& parent) {
+        m_form = std::make_unique<frmAddEditLocation>();
+        m_form->SetParent(parent);
+        Open();
+    }
+    void Open() {
+        m_form->EnsureLoaded();
+        ShowActive(*m_form);
+    }
+
+    FlatTextbox* NameField() const { return Find<FlatTextbox>(*m_form, "txtName"); }
+    LocationPicker* Container() const { return Find<LocationPicker>(*m_form, "cboLocation"); }
+    FlatDropdown* Category() const { return Find<FlatDropdown>(*m_form, "cboType"); }
+    std::string Title() const { return ToUtf8(Find<Label>(*m_form, "lblTitle")->Caption()); }
+    void SetName(const QString& name) const { NameField()->SetText(name); }
+    void Choose(Types type) const {
+        for (int i = 0; i < Category()->Count(); ++i)
+            if (Category()->ItemData(i) == static_cast<int32_t>(type)) Category()->SetListIndex(i);
+    }
+    void Press(const char* button) const { Find<FlatButton>(*m_form, button)->Click(); }
+    std::vector<std::string> Categories() const {
+        std::vector<std::string> texts;
+        for (int i = 0; i < Category()->Count(); ++i) texts.push_back(ToUtf8(Category()->ItemText(i)));
+        return texts;
+    }
+    int32_t ContainerId() const {
+        const StorageLocationRef container = Container()->SelectedLocation();
+        return container ? container->ID() : 0;
+    }
+
+    void ExpectSaved() const {
+        EXPECT_THAT(m_screen.Messages(), IsEmpty());
+        EXPECT_FALSE(m_form->isVisible());
+        EXPECT_FALSE(m_form->Canceled());
+    }
+    // The form stays open.
+    void ExpectError(const std::string& text) {
+        const auto messages = m_screen.TakeMessages();
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_THAT(messages[0].prompt, HasSubstr(text));
+        EXPECT_EQ(messages[0].title, "Error");
+        EXPECT_EQ(messages[0].buttons, 16);
+        EXPECT_TRUE(m_form->isVisible());
+        EXPECT_TRUE(m_form->Canceled());
+    }
+
+    TestLocations m_tree{m_database};
+    QWidget m_window;
+    std::unique_ptr<frmAddEditLocation> m_form;
+};
+
+TEST_F(LocationEditorTest, AnAdditionStartsInTheContainerWithAnEmptyName) {
+    Add(m_tree.Find(m_tree.shelf));
+    EXPECT_EQ(Title(), "Add New Storage Location");
+    EXPECT_EQ(NameField()->Text(), "");
+    EXPECT_EQ(ContainerId(), m_tree.shelf);
+    EXPECT_EQ(Category()->ItemText(Category()->ListIndex()), "Sign-In Locations");
+    EXPECT_EQ(m_form->Location(), nullptr);
+    EXPECT_TRUE(m_form->Canceled());
+}
+
+TEST_F(LocationEditorTest, AnEditShowsTheLocation) {
+    Edit(m_tree.court);
+    EXPECT_EQ(Title(), "Edit Storage Location");
+    EXPECT_EQ(NameField()->Text(), "Court");
+    EXPECT_EQ(ContainerId(), 0);
+    EXPECT_EQ(Category()->ItemText(Category()->ListIndex()), "Sign-Out Locations");
+}
+
+TEST_F(LocationEditorTest, TheNameHasTheFocusAndThePointerIsRestored) {
+    SetMousePointer(MousePointer::Hourglass);
+    Edit(m_tree.bin);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+    EXPECT_TRUE(NameField()->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(LocationEditorTest, EveryFieldHasANameAndAHint) {
+    Edit(m_tree.bin);
+    for (const auto& [label, field, hint] : {std::tuple("Label1", "txtName", "Label4"),
+                                             {"Label2", "cboLocation", "Label3"},
+                                             {"Label6", "cboType", "Label5"}}) {
+        QWidget* control = Find(*m_form, field);
+        EXPECT_EQ(control->accessibleDescription(), Find<Label>(*m_form, hint)->Caption());
+        EXPECT_LT(Find(*m_form, label)->y(), control->y());
+        EXPECT_GT(Find(*m_form, hint)->y(), control->y());
+    }
+    EXPECT_EQ(Find<Label>(*m_form, "Label1")->Caption(), "Location Name");
+    EXPECT_EQ(Find<Label>(*m_form, "Label2")->Caption(), "Container");
+    EXPECT_EQ(Find<Label>(*m_form, "Label6")->Caption(), "Category");
+}
+
+TEST_F(LocationEditorTest, NothingOverlapsOrIsCutOff) {
+    Edit(m_tree.box);
+    QApplication::focusWidget()->clearFocus();  // hides the focus frame
+    GeometryWalk walk({{MeantFault::Kind::Overlap, "shpBorder", "", "the frame is behind everything"}});
+    EXPECT_THAT(walk.FaultsOf(*m_form), IsEmpty());
+    EXPECT_GT(walk.Visited(), 15);
+}
+
+TEST_F(LocationEditorTest, TheOtherCategoryIsOfferedOnlyIfALocationHasIt) {
+    Edit(m_tree.bin);
+    EXPECT_THAT(Categories(), ElementsAre("Sign-In Locations", "Sign-Out Locations", "Final Disposition"));
+    m_database.AddLocation("In Transit", Types::Other);
+    GetStorageLocationStatic().Refresh();
+    Edit(m_tree.bin);
+    EXPECT_THAT(Categories(),
+                ElementsAre("Sign-In Locations", "Sign-Out Locations", "Final Disposition", "Other Locations"));
+}
+
+TEST_F(LocationEditorTest, AnAdditionCreatesTheLocationInTheContainer) {
+    Add(m_tree.Find(m_tree.shelf));
+    SetName(" Crate ");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_form->Location()->Name(), " Crate ");
+    EXPECT_EQ(m_tree.Row(m_form->Location()->ID()), " Crate  2 /0/1/2/");
+}
+
+TEST_F(LocationEditorTest, AnAdditionUnderARootIsAtTheTopOfItsCategory) {
+    Add(m_tree.Root(Types::External));
+    EXPECT_EQ(ContainerId(), 0);
+    SetName("Laboratory");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_form->Location()->ID()), "Laboratory 4 /0/");
+}
+
+TEST_F(LocationEditorTest, EnterInTheNameSaves) {
+    Edit(m_tree.bin);
+    SetName("Tub");
+    testing::Press(QApplication::focusWidget(), Qt::Key_Return);
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Tub 2 /0/1/");
+}
+
+TEST_F(LocationEditorTest, ABlankNameIsRefused) {
+    for (const char* name : {"", "   "}) {
+        Edit(m_tree.bin);
+        SetName(name);
+        Find<FlatButton>(*m_form, "btnSave")->setFocus();
+        Press("btnSave");
+        ExpectError("You must enter a location name.");
+        EXPECT_TRUE(NameField()->isAncestorOf(QApplication::focusWidget()));
+        EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+    }
+}
+
+TEST_F(LocationEditorTest, ATakenNameIsReportedAndCanBeCorrected) {
+    Add(m_tree.Find(m_tree.room));
+    SetName("shelf");
+    Press("btnSave");
+    ExpectError("A location with the name 'shelf' already exists here.");
+    EXPECT_EQ(m_form->Location(), nullptr);
+    SetName("Rack");
+    Press("btnSave");
+    ExpectSaved();
+}
+
+TEST_F(LocationEditorTest, ANameThatDiffersOnlyInCapitalsIsNotWritten) {
+    Edit(m_tree.bin);
+    SetName("BIN");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+}
+
+TEST_F(LocationEditorTest, AnotherContainerMovesTheLocation) {
+    Edit(m_tree.shelf);
+    Container()->SetSelectedLocation(m_tree.Find(m_tree.annex));
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/5/");
+    EXPECT_EQ(m_tree.Row(m_tree.box), "Box 2 /0/5/2/");
+}
+
+TEST_F(LocationEditorTest, AnotherCategoryGivesUpTheContainerAndTheTypedName) {
+    Edit(m_tree.shelf);
+    SetName("Typed");
+    Choose(Types::External);
+    EXPECT_EQ(NameField()->Text(), "Shelf");
+    EXPECT_EQ(ContainerId(), 0);
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 4 /0/");
+    EXPECT_EQ(m_tree.Row(m_tree.box), "Box 4 /0/2/");
+}
+
+TEST_F(LocationEditorTest, AContainerOfTheNewCategoryCanBeChosen) {
+    Edit(m_tree.bin);
+    Choose(Types::External);
+    Container()->SetSelectedLocation(m_tree.Find(m_tree.court));
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 4 /0/6/");
+}
+
+TEST_F(LocationEditorTest, ATypedNameStaysWhenTheCategoryOfAnAdditionChanges) {
+    Add(m_tree.Find(m_tree.room));
+    SetName("Crate");
+    Choose(Types::DisposalLocation);
+    EXPECT_EQ(NameField()->Text(), "Crate");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_form->Location()->ID()), "Crate 8 /0/");
+}
+
+TEST_F(LocationEditorTest, AMoveRemainsIfTheRenameFails) {
+    m_database.AddLocation("Case", Types::Internal, m_tree.annex);
+    GetStorageLocationStatic().Refresh();
+    Edit(m_tree.shelf);
+    SetName("Case");
+    Container()->SetSelectedLocation(m_tree.Find(m_tree.annex));
+    Press("btnSave");
+    ExpectError("already exists here");
+    EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/5/");
+}
+
+TEST_F(LocationEditorTest, CancelChangesNothing) {
+    Edit(m_tree.bin);
+    SetName("Other");
+    Press("btnCancel");
+    EXPECT_FALSE(m_form->isVisible());
+    EXPECT_TRUE(m_form->Canceled());
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+}
+
+TEST_F(LocationEditorTest, ALocationThatWasDeletedElsewhereIsReported) {
+    Edit(m_tree.bin);
+    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = 4");
+    SetName("Tub");
+    Press("btnSave");
+    ExpectError("The current location has been deleted.");
+}
+
+TEST_F(LocationEditorTest, AnUncategorizedLocationCannotBeEdited) {
+    const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
+    GetStorageLocationStatic().Refresh();
+    frmAddEditLocation form;
+    form.SetLocation(m_tree.Find(loose));
+    const Error error = RaisedBy([&] { form.EnsureLoaded(); });
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
+    EXPECT_EQ(error.Description(), "cboLocation has not been loaded yet. Call LoadLocations first.");
+}
+
+TEST_F(LocationEditorTest, NothingCannotBeEditedOrAddedTo) {
+    frmAddEditLocation form;
+    EXPECT_EQ(RaisedBy([&] { form.SetLocation(nullptr); }).Description(), "SetLocation: sl cannot be Nothing");
+    EXPECT_EQ(RaisedBy([&] { form.SetParent(nullptr); }).Description(), "SetParent: sl cannot be Nothing");
+    EXPECT_EQ(RaisedBy([&] { GetDialogs().EditLocation(nullptr); }).Number(), ErrorNumber::General);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+// Runs while the dialog is open, and then closes it.
+void WhileOpen(std::function<void(frmAddEditLocation&)> act) {
+    QTimer::singleShot(0, qApp, [act = std::move(act)] {
+        auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
+        ASSERT_NE(form, nullptr);
+        act(*form);
+        form->close();
+    });
+}
+
+TEST_F(LocationEditorTest, TheDialogReturnsTheNewLocation) {
+    WhileOpen([](frmAddEditLocation& form) {
+        Find<FlatTextbox>(form, "txtName")->SetText("Crate");
+        Find<FlatButton>(form, "btnSave")->Click();
+    });
+    const StorageLocationRef added = GetDialogs().AddLocation(m_tree.Find(m_tree.room));
+    ASSERT_NE(added, nullptr);
+    EXPECT_EQ(added->Name(), "Crate");
+    EXPECT_EQ(ModuleForm::Count(), 0);
+}
+
+TEST_F(LocationEditorTest, ACanceledDialogReturnsNothingAndIsGone) {
+    WhileOpen([](frmAddEditLocation&) {});
+    EXPECT_EQ(GetDialogs().AddLocation(m_tree.Find(m_tree.room)), nullptr);
+    EXPECT_EQ(ModuleForm::Count(), 0);
+    WhileOpen([](frmAddEditLocation& form) { testing::Press(&form, Qt::Key_Escape); });
+    EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
+}
+
+TEST_F(LocationEditorTest, TheDialogTellsWhetherTheUserSaved) {
+    WhileOpen([](frmAddEditLocation& form) { Find<FlatButton>(form, "btnSave")->Click(); });
+    EXPECT_TRUE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
+}
+
+}  // namespace
+}  // namespace quellbrook::testing
