@@ -54,8 +54,8 @@ BarcodeListenerControl::BarcodeListenerControl(QWidget* parent)
 bool BarcodeListenerControl::IsListening() const { return isVisible() && isEnabled() && IsParentOnTop(*this); }
 
 void BarcodeListenerControl::Shown() {
-    if (!m_limit) m_limit.emplace(m_listener);
     m_listener.Shown();
+    if (!m_limit) m_limit.emplace(m_listener);
 }
 
 void BarcodeListenerControl::paintEvent(QPaintEvent*) {

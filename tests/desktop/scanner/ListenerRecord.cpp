@@ -62,7 +62,9 @@ ListenerRecord::ListenerRecord(BarcodeListenerControl& listener)
     const auto hook = std::make_shared<std::unique_ptr<MessageHook>>(MakeMessageHook());
     const auto timer = std::make_shared<std::unique_ptr<Timer>>(MakeTimer());
     m_environment->makeMessageHook = [this, hook] { return std::make_unique<RecordingHook>(*this, std::move(*hook)); };
-    m_environment->makeTimer = [this, timer] {
+    // The listener's timer is the first one; its limit has one too.
+    m_environment->makeTimer = [this, timer, makeTimer = m_environment->makeTimer]() -> std::unique_ptr<Timer> {
+        if (!*timer) return makeTimer();
         auto made = std::make_unique<RecordingTimer>(*this, std::move(*timer));
         m_timer = made.get();
         return made;
