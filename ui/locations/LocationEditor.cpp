@@ -29,6 +29,8 @@ constexpr int FirstField = 56, FieldPitch = 92, CaptionToField = 22, FieldToHint
 constexpr int ButtonStripTop = 336, ButtonStripHeight = 60, ButtonWidth = 96, ButtonGap = 9;
 constexpr int EnterKey = 13;
 
+int CenteredIn(int height, int size) { return (height - size) / 2; }
+
 }  // namespace
 
 frmAddEditLocation::frmAddEditLocation(QWidget* parent) : ModuleForm(parent) {
@@ -52,11 +54,11 @@ void frmAddEditLocation::BuildTitlebar() {
     icon->setObjectName("Image1");
     icon->SetIcon("location", IconSize);
     icon->SetForeColor(Theme::Color::Link);
-    icon->Move(ToTwips(Inset), ToTwips((TitlebarHeight - IconSize) / 2));
+    icon->Move(ToTwips(Inset), ToTwips(CenteredIn(TitlebarHeight, IconSize)));
     m_title = new Label(titlebar);
     m_title->setObjectName("lblTitle");
     m_title->SetType(Theme::Type::Section);
-    m_title->Move(ToTwips(TitleLeft), ToTwips((TitlebarHeight - Theme::LineHeight(Theme::Type::Section)) / 2));
+    m_title->Move(ToTwips(TitleLeft), ToTwips(CenteredIn(TitlebarHeight, Theme::LineHeight(Theme::Type::Section))));
 }
 
 template <typename Field>
@@ -114,7 +116,7 @@ FlatButton* frmAddEditLocation::AddButton(QWidget* strip, const char* name, cons
     auto* button = new FlatButton(strip);
     button->setObjectName(name);
     button->SetCaption(caption);
-    button->Move(ToTwips(left), ToTwips((ButtonStripHeight - Theme::FieldHeight) / 2), ToTwips(ButtonWidth),
+    button->Move(ToTwips(left), ToTwips(CenteredIn(ButtonStripHeight, Theme::FieldHeight)), ToTwips(ButtonWidth),
                  ToTwips(Theme::FieldHeight));
     return button;
 }
