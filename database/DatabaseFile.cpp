@@ -45,16 +45,15 @@ void MakePrivate(const std::string& databasePath) {
     }
 }
 
-std::optional<FileIdentity> IdentityOf(const std::string& path) {
+std::optional<FileState> StateOf(const std::string& path) {
     struct stat file {};
     if (stat(path.c_str(), &file) != 0) return std::nullopt;
-    return FileIdentity{file.st_dev, file.st_ino};
+    return FileState{{file.st_dev, file.st_ino}, int64_t{file.st_mtim.tv_sec} * 1'000'000'000 + file.st_mtim.tv_nsec};
 }
 
-int64_t TimeOfLastWrite(const std::string& path) {
-    struct stat file {};
-    if (stat(path.c_str(), &file) != 0) return 0;
-    return int64_t{file.st_mtim.tv_sec} * 1'000'000'000 + file.st_mtim.tv_nsec;
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+    const std::optional<FileState> state = StateOf(path);
+    return state ? std::optional(state->identity) : std::nullopt;
 }
 
 bool IsOnNetwork(const std::string& path) {

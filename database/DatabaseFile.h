@@ -20,8 +20,12 @@ struct FileIdentity {
 // Not set if the file does not exist.
 std::optional<FileIdentity> IdentityOf(const std::string& path);
 
-// When the content of a file was changed last, in nanoseconds since 1970; 0 if the file does not exist.
-int64_t TimeOfLastWrite(const std::string& path);
+struct FileState {
+    FileIdentity identity;
+    int64_t lastWrite;  // in nanoseconds since 1970
+};
+// Not set if the file does not exist.
+std::optional<FileState> StateOf(const std::string& path);
 
 // Whether the path is on another machine. The write-ahead log needs locks and shared memory, which do not work there.
 bool IsOnNetwork(const std::string& path);

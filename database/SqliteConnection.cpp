@@ -14,6 +14,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <variant>
 
 namespace quellbrook {
@@ -54,18 +55,19 @@ void BindValues(SqliteStatement& statement, const sql::NormalizedStatement& norm
 
 SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds,
                                    std::shared_ptr<const BackgroundCheck> check)
-    : m_path(path),
+    : m_path(std::filesystem::absolute(path)),
       m_check(std::move(check)),
       m_database(OpenDatabase(path, busyMilliseconds)),
       m_handle(m_database->getHandle()),
       m_statements(m_handle),
       m_temporaryTables(m_handle),
       m_marks(m_handle),
-      m_lastWrite(TimeOfLastWrite(path)) {}
+      m_file(StateOf(m_path).value_or(FileState())) {}
 
 // The last connection to a file moves the log into it. That would destroy a backup that has been copied over the file.
 SqliteConnection::~SqliteConnection() {
-    if (TimeOfLastWrite(m_path) != m_lastWrite && HasLogOfAnotherFile(m_path))
+    const std::optional<FileState> present = StateOf(m_path);
+    if (present && present->lastWrite != m_file.lastWrite && HasLogOfAnotherFile(m_path))
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
 
@@ -164,7 +166,8 @@ void SqliteConnection::Commit() {
         throw;
     }
     EndBatch();
-    m_lastWrite = TimeOfLastWrite(m_path);  // a commit may move the log into the file
+    // A commit may move the log into the file.
+    if (const std::optional<FileState> present = StateOf(m_path)) m_file.lastWrite = present->lastWrite;
 }
 
 // After COMMIT failed. The end of a transaction is the last thing that is written, then it is synchronized.
@@ -212,10 +215,19 @@ void SqliteConnection::Rollback() noexcept {
 }
 
 bool SqliteConnection::IsHealthy() {
-    int hasMoved = 0;
-    sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
-    const bool isDamaged = m_check && m_check->HasFoundDamage();
-    return m_isHealthy && !hasMoved && !isDamaged && TimeOfLastWrite(m_path) == m_lastWrite;
+    if (!m_isHealthy || (m_check && m_check->HasFoundDamage())) return false;
+    const std::optional<FileState> present = StateOf(m_path);
+    m_isHealthy =
+        present && present->identity == m_file.identity && (present->lastWrite == m_file.lastWrite || FollowFile());
+    if (m_isHealthy) m_file.lastWrite = present->lastWrite;
+    return m_isHealthy;
+}
+
+// After something else has written to the file: another connection that moved the log into it, or a copy over it.
+bool SqliteConnection::FollowFile() {
+    if (HasLogOfAnotherFile(m_path)) return false;
+    sqlite3_db_release_memory(m_handle);  // the cached pages may be those of another file
+    return true;
 }
 
 void SqliteConnection::Reset() {

@@ -2,6 +2,7 @@
 
 #include "database/BatchMarks.h"
 #include "database/Connection.h"
+#include "database/DatabaseFile.h"
 #include "database/StatementCache.h"
 #include "database/TemporaryTables.h"
 #include "sql/tsql/NormalizedStatement.h"
@@ -39,8 +40,8 @@ public:
     std::string TransactionName() const override { return m_mark; }
     // See Engine::WasCommitted.
     bool SettleOutcome(const std::string& mark);
-    // Also false after the file has been deleted, replaced or written to by anything but this connection, since its
-    // cache may not fit the file, and after the check has found damage.
+    // Also false after the file has been deleted, replaced or overwritten by an older copy, since changes to it would
+    // be lost, and after the check has found damage.
     bool IsHealthy() override;
     void Reset() override;
 
@@ -53,6 +54,7 @@ private:
     bool MayHaveCommitted();
     void EndBatch() noexcept;
     void MoveLogIntoFile();
+    bool FollowFile();
 
     std::string m_path;
     std::shared_ptr<const BackgroundCheck> m_check;
@@ -62,7 +64,7 @@ private:
     TemporaryTables m_temporaryTables;
     BatchMarks m_marks;
     std::string m_mark;
-    int64_t m_lastWrite;  // see TimeOfLastWrite
+    FileState m_file;
     sql::NormalizedStatement m_normalized;
     bool m_inBatch = false;
     bool m_isHealthy = true;
