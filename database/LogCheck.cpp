@@ -49,7 +49,7 @@ std::optional<int64_t> LastKeyOf(const Bytes& page) {
     return VariableNumber(page, offset);
 }
 
-struct FileState {
+struct MarkState {
     uint32_t schemaCookie;
     uint32_t markPage;
     uint32_t pageSize;
@@ -70,7 +70,7 @@ SQLite::Database OpenWithoutLog(const std::string& path) {
     return SQLite::Database(address + "?immutable=1", SQLite::OPEN_READONLY | SQLite::OPEN_URI);
 }
 
-FileState StateWithoutLog(const std::string& path) {
+MarkState StateWithoutLog(const std::string& path) {
     SQLite::Database database = OpenWithoutLog(path);
     return {database.execAndGet("PRAGMA schema_version").getUInt(),
             database.execAndGet("SELECT rootpage FROM sqlite_schema WHERE name = 'BatchMark'").getUInt(),
@@ -83,7 +83,7 @@ bool Read(std::ifstream& stream, Bytes& bytes) {
 }
 
 // The mark of the first batch in the log.
-std::optional<int64_t> FirstMarkInLog(const std::string& path, const FileState& file) {
+std::optional<int64_t> FirstMarkInLog(const std::string& path, const MarkState& file) {
     std::ifstream log(path + "-wal", std::ios::binary);
     Bytes header(logHeaderSize), frame(frameHeaderSize), page(file.pageSize);
     if (!Read(log, header)) return std::nullopt;
@@ -101,7 +101,7 @@ std::optional<int64_t> FirstMarkInLog(const std::string& path, const FileState& 
 
 bool ReadsLikeLogOfAnotherFile(const std::string& path) {
     try {
-        const FileState file = StateWithoutLog(path);
+        const MarkState file = StateWithoutLog(path);
         const std::optional<int64_t> firstMark = FirstMarkInLog(path, file);
         return firstMark && *firstMark > file.lastMark + 1;
     } catch (const std::exception&) {

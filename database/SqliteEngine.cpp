@@ -10,6 +10,7 @@
 #include "database/schema/SideTables.h"
 #include "database/schema/SqliteSchema.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -73,7 +74,12 @@ void SqliteEngine::RequireSameFile() const {
 }
 
 void SqliteEngine::CheckInBackground() {
-    if (!IsCheckedWhenOpened(m_path)) m_check = std::make_shared<const BackgroundCheck>(m_path);
+    if (IsCheckedWhenOpened(m_path)) return;
+    try {
+        m_check = std::make_shared<const BackgroundCheck>(m_path);
+    } catch (const SQLite::Exception& failure) {
+        RaiseOpenFailure(m_path, failure.getExtendedErrorCode(), failure.what());
+    }
 }
 
 void SqliteEngine::WaitForCheck() const {

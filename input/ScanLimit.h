@@ -14,6 +14,8 @@ class BarcodeListener;
 class ScanLimit {
 public:
     explicit ScanLimit(BarcodeListener& listener);
+    ScanLimit(const ScanLimit&) = delete;
+    ScanLimit& operator=(const ScanLimit&) = delete;
 
 private:
     std::unique_ptr<Timer> m_timer;

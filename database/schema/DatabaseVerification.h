@@ -15,8 +15,8 @@ struct RuleCheck {
 
 // Checks every rule that the schema and the transfers keep, also for rows that are older than a rule: the file itself,
 // references, the objects of the schema, custody rows, items, locations and side tables. Reads the whole database;
-// changes nothing, but needs a write lock for one check. Raises error 5 with a message for the user if the
-// database cannot be read.
+// changes nothing, but needs a write lock for one check. Raises error 5 with a message for the user if the database
+// cannot be read.
 std::vector<RuleCheck> VerifyDatabase(const std::string& path, int busyMilliseconds);
 
 }  // namespace quellbrook

@@ -24,8 +24,8 @@ struct SchemaUpgrade {
 
 // Upgrades a database of this program and an older version to SchemaVersion, all steps in one transaction. First copies
 // it to a new file beside it, "PATH.version-1", which only the owner can read. Empty if the database has the present
-// version. Raises error 5 with a message for the user if the copy or the upgrade fails; then the database
-// has not changed. Only after a failed commit, the copy is left, and the database may have been upgraded.
+// version. Raises error 5 with a message for the user if the copy or the upgrade fails; then the database has not
+// changed. Only after a failed commit, the copy is left, and the database may have been upgraded.
 std::optional<SchemaUpgrade> UpgradeDatabase(const std::string& path, int busyMilliseconds);
 
 }  // namespace quellbrook

@@ -44,9 +44,8 @@ SideTableState ProveSideTables(const std::string& path, int busyMilliseconds);
 // Creates both side tables again, in a transaction of the caller.
 void RestoreSideTables(SQLite::Database& database);
 
-// Restores the triggers and both side tables of a file in one transaction. Raises error 5 with a message
-// for the user if that fails; then nothing has changed,
-// except that the outcome of a failed commit is unknown.
+// Restores the triggers and both side tables of a file in one transaction. Raises error 5 with a message for the user
+// if that fails; then nothing has changed, except that the outcome of a failed commit is unknown.
 void RepairSideTables(const std::string& path, int busyMilliseconds);
 
 }  // namespace quellbrook

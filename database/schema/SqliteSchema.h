@@ -46,8 +46,8 @@ std::vector<std::string> SqliteSchemaStatements();
 // custody row. If you replace vwVehicleDisplayInfo with a view that repeats vehicles, delete this row.
 inline constexpr const char* ItemsAreDistinctFact = "ItemsAreDistinct";
 
-// Creates an empty department database at the path. Raises error 5 with a message for the user if the path
-// exists or the file cannot be created; then no incomplete file remains.
+// Creates an empty department database at the path. Raises error 5 with a message for the user if the path exists
+// or the file cannot be created; then no incomplete file remains.
 void CreateDatabase(const std::string& path);
 
 }  // namespace quellbrook

@@ -70,7 +70,7 @@ private:
 
     void itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
     void OpenScannedLocation(const std::string& number);
-    void OpenScannedItem(NumberSearchTypes numberType, const std::string& number);
+    void OpenScannedItem(int32_t barcodeType, const std::string& number);
 
     QWidget* ActiveChild() const;
     void PrepareActionMenu(MenuSource source, QWidget* pane);

@@ -5,6 +5,7 @@
 #include "core/Actions.h"
 #include "data/StorageLocationStatic.h"
 #include "data/StoredItemSearch.h"
+#include "ui/common/ScannedItems.h"
 #include "ui/controls/BarcodeListenerControl.h"
 #include "ui/platform/Guard.h"
 
@@ -36,8 +37,8 @@ void EvidenceExplorer::MakeBarcodeListener() {
 void EvidenceExplorer::itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData) {
     switch (barcodeType) {
     case BarcodeType::Location: return OpenScannedLocation(barcodeData);
-    case BarcodeType::Property: return OpenScannedItem(NumberSearchTypes::PropertyPK, barcodeData);
-    case BarcodeType::Vehicle: return OpenScannedItem(NumberSearchTypes::VehiclePK, barcodeData);
+    case BarcodeType::Property:
+    case BarcodeType::Vehicle: return OpenScannedItem(barcodeType, barcodeData);
     default: return;
     }
 }
@@ -50,12 +51,11 @@ void EvidenceExplorer::OpenScannedLocation(const std::string& number) {
                 MessageStyle::Critical, "Location Not Found");
 }
 
-void EvidenceExplorer::OpenScannedItem(NumberSearchTypes numberType, const std::string& number) {
+void EvidenceExplorer::OpenScannedItem(int32_t barcodeType, const std::string& number) {
     RequireNumeric(number);
-    const auto found = StoredItemSearch().WithNumber(numberType, number).Execute();
+    const auto found = FindScannedItems(barcodeType, number);
     if (!found->IsEmpty()) return GetActions().OpenStoredItem(found->ItemAt(0));
-    ShowMessage("The barcode you scanned refers to a item that is no longer in your database.", MessageStyle::Critical,
-                "Item Not Found");
+    ShowItemNotFound();
 }
 
 }  // namespace quellbrook

@@ -108,8 +108,8 @@ void frmAddEditLocation::BuildButtons() {
     FlatButton* cancel = AddButton(strip, "btnCancel", "Cancel", saveLeft - ButtonGap - ButtonWidth);
     cancel->SetInverted(true);
     connect(cancel, &FlatButton::Clicked, this, [this] { Guard([this] { OnCancel(); }); });
-    m_btnSave = AddButton(strip, "btnSave", "Save", saveLeft);
-    connect(m_btnSave, &FlatButton::Clicked, this, [this] { btnSave_Click(); });
+    auto* btnSave = AddButton(strip, "btnSave", "Save", saveLeft);
+    connect(btnSave, &FlatButton::Clicked, this, [this] { btnSave_Click(); });
 }
 
 FlatButton* frmAddEditLocation::AddButton(QWidget* strip, const char* name, const char* caption, int left) {

@@ -54,7 +54,6 @@ private:
     FlatTextbox* m_txtName = nullptr;
     LocationPicker* m_cboLocation = nullptr;
     FlatDropdown* m_cboType = nullptr;
-    FlatButton* m_btnSave = nullptr;
 };
 
 }  // namespace quellbrook

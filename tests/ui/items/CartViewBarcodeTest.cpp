@@ -1,4 +1,6 @@
+#include "core/ActionTypes.h"
 #include "data/BarcodeText.h"
+#include "tests/support/Callbacks.h"
 #include "tests/support/ui/Scanner.h"
 #include "tests/ui/items/CartViewTest.h"
 
@@ -12,7 +14,10 @@ using ::testing::IsEmpty;
 
 class CartViewBarcodeTest : public CartViewTest {
 protected:
-    CartViewBarcodeTest() { BeginSignOut(); }
+    CartViewBarcodeTest() {
+        BeginSignOut();
+        GetDispatcher()->Register(m_actions);
+    }
 
     void ScanAndWait(const char* letter, int32_t id) {
         const std::string barcode = MakeBarcodeText(letter, id);
@@ -20,12 +25,21 @@ protected:
         EXPECT_EQ(m_timers.Tick(1), 1) << "no scan was delivered";
         m_clock.Advance(150);
     }
+    std::vector<TaggedValue> Notices() const {
+        std::vector<TaggedValue> notices;
+        for (const Action& action : m_actions->actions) {
+            if (action.ActionType == ActionTypes::NOTIFY_USER) notices.push_back(action.Payload);
+        }
+        return notices;
+    }
     static std::vector<std::string> BatchIds() {
         std::vector<std::string> ids;
         const auto items = GetStores().Cart->GetItems();
         for (int32_t i = 0; i < items->Count(); ++i) ids.push_back(items->ItemAt(i)->DisplayID());
         return ids;
     }
+
+    std::shared_ptr<RecordingCallback> m_actions = std::make_shared<RecordingCallback>();
 };
 
 TEST_F(CartViewBarcodeTest, AnItemsBarcodeAddsItToTheBatch) {
@@ -33,6 +47,7 @@ TEST_F(CartViewBarcodeTest, AnItemsBarcodeAddsItToTheBatch) {
     ScanAndWait("P", phone->ID());
     EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02", "2026-0417-04"));
     EXPECT_EQ(Text("lblItemCount"), " (3)");
+    EXPECT_THAT(Notices(), ElementsAre(TaggedValue("Added 1 item ('Telephone') scanned from barcode")));
     EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
 }
 
@@ -40,6 +55,8 @@ TEST_F(CartViewBarcodeTest, AnItemOfTheBatchIsNotAddedTwice) {
     ScanAndWait("P", m_bar->ID());
     ScanAndWait("P", m_bar->ID());
     EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02"));
+    const TaggedValue notice("Added 1 item ('Pry bar') scanned from barcode");
+    EXPECT_THAT(Notices(), ElementsAre(notice, notice));
 }
 
 TEST_F(CartViewBarcodeTest, WhateverElseIsScannedIsReported) {
@@ -51,6 +68,7 @@ TEST_F(CartViewBarcodeTest, WhateverElseIsScannedIsReported) {
         "Item Not Found"};
     EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(message, message, message));
     EXPECT_EQ(BatchIds().size(), 2u);
+    EXPECT_THAT(Notices(), IsEmpty());
 }
 
 TEST_F(CartViewBarcodeTest, AScanChoosesNothingInAField) {
