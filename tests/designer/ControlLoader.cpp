@@ -17,6 +17,7 @@
 #include "ui/controls/ListView.h"
 #include "ui/controls/StatusTag.h"
 #include "ui/controls/TessarineDropdown.h"
+#include "ui/explorer/CategorizedSearchResults.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationView.h"
@@ -63,6 +64,7 @@ ControlLoader::ControlLoader() {
     Add<LocationTree>("LocationTree");
     Add<LocationView>("LocationView");
     Add<RelatedIncidentStrip>("RelatedIncidentStrip");
+    Add<CategorizedSearchResults>("CategorizedSearchResults");
     Add<SearchResultList>("SearchResultList");
     Add<SearchResultRow>("SearchResultRow");
     Add<StatusTag>("StatusTag");

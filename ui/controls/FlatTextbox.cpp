@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -54,6 +55,7 @@ void FlatTextbox::SetPlaceholder(const QString& placeholder) { m_edit->setPlaceh
 void FlatTextbox::SetPassword(bool password) {
     m_edit->setEchoMode(password ? QLineEdit::Password : QLineEdit::Normal);
 }
+void FlatTextbox::SelectAll() { m_edit->selectAll(); }
 void FlatTextbox::SetAccessibleCaption(const QString& name) { m_edit->setAccessibleName(name); }
 
 void FlatTextbox::SetIcon(const QString& iconName) {
@@ -79,7 +81,12 @@ void FlatTextbox::paintEvent(QPaintEvent*) {
 
 bool FlatTextbox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
-        if (const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event))) Guard([this, code] { emit KeyPressed(code); });
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const int code = KeyCodeOf(key);
+        const bool isHeldEnter = code == KeyCode::Enter && key.isAutoRepeat();
+        const QPointer<FlatTextbox> self(this);
+        if (code != 0 && !isHeldEnter) Guard([this, code] { emit KeyPressed(code); });
+        if (!self) return true;
     }
     return Control::eventFilter(watched, event);
 }

@@ -22,10 +22,11 @@ public:
     void SetPlaceholder(const QString& placeholder);
     void SetIcon(const QString& iconName);
     void SetPassword(bool password);  // shows dots
+    void SelectAll();
     void SetAccessibleCaption(const QString& name);
 
 signals:
-    // 13 for both Enter keys. For search fields, which start the search on Enter.
+    // 13 for both Enter keys, once while one is held.
     void KeyPressed(int keyCode);
     void Changed();
 

@@ -14,7 +14,6 @@ struct EntryDesign {
     MenuEntry entry;
     const char* name;
     const char* caption;  // null for a separator
-    bool isBound = true;  // an entry without a command is never shown
 };
 
 constexpr EntryDesign entryDesigns[] = {
@@ -26,7 +25,7 @@ constexpr EntryDesign entryDesigns[] = {
     {MenuEntry::CheckIn, "mnuCheckIn", "Sign In Selected Items..."},
     {MenuEntry::CheckOut, "mnuCheckOut", "Sign Out Selected Items..."},
     {MenuEntry::Move, "mnuMove", "Move Selected Items..."},
-    {MenuEntry::Dispose, "mnuDispose", "Dispose Selected Items...", false},
+    {MenuEntry::Dispose, "mnuDispose", "Dispose Selected Items..."},
     {MenuEntry::RemoveFromBatch, "mnuRemoveFromBatch", "Remove"},
     {MenuEntry::NoActions, "mnuNoActions", "(No Available Actions)"},
     {MenuEntry::SelectAll, "mnuSelectAll", "Select All"},
@@ -56,7 +55,6 @@ ActionMenu::ActionMenu(QWidget* parent) : QMenu(parent) {
             action = (design.entry == MenuEntry::NewLocation ? newMenu : this)->addAction(design.caption);
         }
         action->setObjectName(design.name);
-        action->setVisible(design.isBound);
         m_entries[static_cast<size_t>(design.entry)] = action;
     }
 }
@@ -67,7 +65,7 @@ void ActionMenu::Apply(const ActionMenuState& state) {
         QAction* action = Entry(design.entry);
         if (!entry.caption.empty()) action->setText(EscapeMnemonic(ToQString(entry.caption)));
         action->setEnabled(entry.enabled);
-        action->setVisible(entry.visible && design.isBound);
+        action->setVisible(entry.visible);
     }
 }
 

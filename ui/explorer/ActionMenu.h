@@ -8,7 +8,7 @@
 
 namespace quellbrook {
 
-// The context menu that the explorer's panes share. Shows an entry if the rules show it and its command exists.
+// The context menu that the explorer's panes share.
 class ActionMenu : public QMenu {
     Q_OBJECT
 

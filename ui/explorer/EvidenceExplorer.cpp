@@ -6,12 +6,12 @@
 #include "core/Actions.h"
 #include "core/Stores.h"
 #include "data/StorageLocationStatic.h"
-#include "host/HostServices.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
-#include "ui/controls/Label.h"
 #include "ui/controls/Line.h"
 #include "ui/explorer/ActionMenu.h"
+#include "ui/explorer/CategorizedSearchResults.h"
+#include "ui/explorer/ExplorerHeading.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationView.h"
 #include "ui/explorer/StatePanel.h"
@@ -23,10 +23,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QPointer>
-#include <QScopeGuard>
 #include <QShortcut>
-
-#include <algorithm>
 
 namespace quellbrook {
 
@@ -34,7 +31,6 @@ namespace {
 
 constexpr float treeLeft = 240, treeWidth = 4200, panelMargin = 240;
 constexpr float headingHeight = 1080, headingInset = 120;
-constexpr float titleTop = 150, subtitleTop = 600;
 
 void ReportDisplayError(const Error& error, int step) {
     ShowMessage(
@@ -45,16 +41,6 @@ void ReportDisplayError(const Error& error, int step) {
         MessageStyle::Critical, "Unexpected Error");
 }
 
-void PrintBarcodeLabelOf(const ObjectRef& object) {
-    if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) location->PrintBarcodeLabel();
-    if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) item->PrintBarcodeLabel();
-}
-
-void ReportPrinted(int32_t count) {
-    GetActions().NotifyUser("Sent " + FormatCount(count, "%d label", "%d labels") + " " +
-                            HostServices::Current().Printer().Destination() + ".");
-}
-
 }  // namespace
 
 EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
@@ -63,14 +49,20 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     MakeHeading();
     m_itemPane = new LocationView(this);
     m_itemPane->setObjectName("ItemPane");
+    m_searchResultPane = new CategorizedSearchResults(this);
+    m_searchResultPane->setObjectName("SearchResultPane");
+    m_searchResultPane->hide();
     MakeLoadingCover();
     m_mnuItems = new ActionMenu(this);
     ApplyColors();
     ConnectPanes();
+    ConnectHeading();
     ConnectMenu();
+    ConnectShortcuts();
     MakeBarcodeListener();
     if (IsInsideDesigner()) return;
     m_cartstore = GetStores().Cart;
+    m_cartChanged = m_cartstore->OnChange.connect([this] { Guard([this] { m_cartStore_OnChange(); }); });
     SetMousePointer(MousePointer::Hourglass);
     m_grpLoading->show();
     m_grpLoading->repaint();
@@ -79,33 +71,20 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
 void EvidenceExplorer::MakeLeftColumn() {
     m_picLeftPanel = new GroupBox(this);
     m_picLeftPanel->setObjectName("picLeftPanel");
+    MakeSearchBox();
     m_locationPane = new LocationTree(this);
     m_locationPane->setObjectName("LocationPane");
     m_locationPane->SetAppearance(0);
     m_locationPane->SetBorderStyle(0);
-    m_locationPane->Move(treeLeft, headingInset, treeWidth, 0);
+    m_locationPane->Move(treeLeft, 0, treeWidth, 0);
     m_lnDivider = new Line(this);
     m_lnDivider->setObjectName("lnDivider");
 }
 
 void EvidenceExplorer::MakeHeading() {
-    m_picInfobar = new GroupBox(this);
+    m_picInfobar = new ExplorerHeading(this);
     m_picInfobar->setObjectName("picInfobar");
     m_picInfobar->SetHeight(headingHeight);
-
-    m_lblTitle = new Label(m_picInfobar);
-    m_lblTitle->setObjectName("lblTitle");
-    m_lblTitle->SetType(Theme::Type::Title);
-    m_lblTitle->Move(0, titleTop);
-
-    m_lblSubtitle = new Label(m_picInfobar);
-    m_lblSubtitle->setObjectName("lblSubtitle");
-    m_lblSubtitle->SetType(Theme::Type::Subtitle);
-    m_lblSubtitle->SetForeColor(Theme::Color::GrayText);
-    m_lblSubtitle->Move(0, subtitleTop);
-
-    m_lnSeparator = new Line(m_picInfobar);
-    m_lnSeparator->setObjectName("lnSeparator");
 }
 
 void EvidenceExplorer::MakeLoadingCover() {
@@ -119,7 +98,10 @@ void EvidenceExplorer::MakeLoadingCover() {
 }
 
 void EvidenceExplorer::ConnectPanes() {
-    m_locationPane->LocationSelected.connect([this](const StorageLocationRef&) { DisplayCurrentLocation(); });
+    m_locationPane->LocationSelected.connect([this](const StorageLocationRef& location) {
+        // A tree that is read again during a search has no selection to show.
+        if (location || !m_searchResultPane->IsShown()) DisplayCurrentLocation();
+    });
     m_locationPane->GetContextMenu.connect([this](QMenu*& contextMenu, QAction*& defaultMenu) {
         OfferMenu(MenuSource::LocationPane, m_locationPane, contextMenu, defaultMenu);
     });
@@ -129,6 +111,28 @@ void EvidenceExplorer::ConnectPanes() {
         OfferMenu(MenuSource::ItemPane, m_itemPane, contextMenu, defaultMenu);
     });
     m_itemPane->ItemOpenRequest.connect([this](const ObjectRef& item) { OpenItemRequest(item); });
+    connect(m_searchResultPane, &CategorizedSearchResults::ItemContextMenu, this,
+            [this](QMenu*& contextMenu, QAction*& defaultMenu) {
+                Guard([&] { OfferMenu(MenuSource::SearchResultPane, m_searchResultPane, contextMenu, defaultMenu); });
+            });
+    connect(m_searchResultPane, &CategorizedSearchResults::ItemOpenRequest, this,
+            [this](const StoredItemRef& item) { Guard([&] { OpenItemRequest(item); }); });
+}
+
+void EvidenceExplorer::ConnectHeading() {
+    const auto bind = [this](void (ExplorerHeading::*request)(), auto command) {
+        connect(m_picInfobar, request, this, [command] { Guard(command); });
+    };
+    bind(&ExplorerHeading::EditRequested, [this] { PromptEditLocation(SelectedLocation()); });
+    bind(&ExplorerHeading::DeleteRequested, [this] { PromptDeleteLocation(SelectedLocation()); });
+    bind(&ExplorerHeading::AddRequested, [this] { PromptAddLocation(SelectedLocation()); });
+    bind(&ExplorerHeading::PrintRequested, [this] {
+        ObjectVector location;
+        location.Add(SelectedLocation());
+        PrintLabelsOf(location);
+    });
+    bind(&ExplorerHeading::AddEvidenceRequested,
+         [] { GetActions().NavigateTo(ViewNames::SubmitNewEvidence, nullptr); });
 }
 
 void EvidenceExplorer::ConnectMenu() {
@@ -145,14 +149,22 @@ void EvidenceExplorer::ConnectMenu() {
     bindTransfer(MenuEntry::CheckOut, TransactionType::SignOut);
     bindTransfer(MenuEntry::CheckIn, TransactionType::SignIn);
     bindTransfer(MenuEntry::Move, TransactionType::Move);
+    bindTransfer(MenuEntry::Dispose, TransactionType::Dispose);
     Bind(MenuEntry::RemoveFromBatch, [this] { GetActions().BulkRemoveFromCart(GetSelectedObjects()); });
     Bind(MenuEntry::SelectAll, [this] { m_itemPane->SelectAll(); });
     Bind(MenuEntry::NewLocation, [this] { PromptAddLocation(GetContextLocation()); });
     Bind(MenuEntry::EditLocation, [this] { PromptEditLocation(GetContextLocation()); });
     Bind(MenuEntry::DeleteLocation, [this] { PromptDeleteLocation(GetContextLocation()); });
-    auto* again = new QShortcut(Qt::Key_F5, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    again->setAutoRepeat(false);
-    connect(again, &QShortcut::activated, this, [this] { ReadAgain(); });
+}
+
+void EvidenceExplorer::ConnectShortcuts() {
+    const auto bind = [this](const QKeySequence& key, auto command) {
+        auto* shortcut = new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, [command] { Guard(command); });
+    };
+    bind(Qt::Key_F5, [this] { ReadAgain(); });
+    bind(QKeySequence::Find, [this] { GoToSearchBox(); });
 }
 
 void EvidenceExplorer::Bind(MenuEntry entry, std::function<void()> command) {
@@ -166,12 +178,18 @@ void EvidenceExplorer::SetSelectedLocation(const StorageLocationRef& location) {
     if (!location) DisplayCurrentLocation();
 }
 
-void EvidenceExplorer::Shown() { Refresh(); }
+void EvidenceExplorer::Shown() {
+    m_picInfobar->EnableByRights(*m_cartstore);
+    Refresh();
+}
+
+void EvidenceExplorer::m_cartStore_OnChange() { m_picInfobar->EnableByRights(*m_cartstore); }
 
 void EvidenceExplorer::Refresh() { RefreshContents(&LocationView::Refresh); }
 
 void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
     const StorageLocationRef location = SelectedLocation();
+    const auto keepFocus = KeepFocus();
     try {
         // After a failure, the pane shows no location.
         if (m_itemPane->Location())
@@ -188,14 +206,13 @@ void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
 void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
     const QPointer<EvidenceExplorer> self(this);
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(item)) {
-        const bool hadFocus = ActiveChild() == m_itemPane;
+        const auto keepFocus = KeepFocus();
         try {
             m_itemPane->SetLocation(location);
         } catch (...) {
             if (self) ShowFailure(CurrentError());
             throw;
         }
-        if (self && hadFocus && !m_itemPane->isEnabled()) TrySetFocus(m_locationPane);
     } else if (const auto storedItem = std::dynamic_pointer_cast<StoredItem>(item)) {
         GetActions().OpenStoredItem(storedItem);
     }
@@ -203,11 +220,13 @@ void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
 
 void EvidenceExplorer::DisplayCurrentLocation() {
     const QPointer<EvidenceExplorer> self(this);
+    const auto keepFocus = KeepFocus();
     int step = 1;
     Guard(
         [&] {
             SetMousePointer(MousePointer::Hourglass);
             step = 2;
+            m_searchResultPane->hide();
             m_itemPane->show();
             step = 3;
             const StorageLocationRef location = SelectedLocation();
@@ -228,16 +247,18 @@ void EvidenceExplorer::DisplayCurrentLocation() {
 }
 
 void EvidenceExplorer::DisplayNoLocation() {
-    m_lblTitle->SetCaption("Evidence Locations");
-    m_lblSubtitle->SetCaption("Select a location on the left.");
+    m_picInfobar->SetTitle("Evidence Locations");
+    m_picInfobar->SetSubtitle("Select a location on the left.");
     m_itemPane->SetLocation(nullptr);
+    m_picInfobar->ShowLinks(nullptr);
 }
 
 void EvidenceExplorer::DisplayLocation(const StorageLocationRef& location, int& step) {
     step = 4;
-    m_lblTitle->SetCaption(ToQString(location->Name()));
+    m_picInfobar->SetTitle(ToQString(location->Name()), ToQString(location->FullPath(" > ")));
+    m_picInfobar->ShowLinks(location.get());
     LayoutView();
-    m_lblSubtitle->SetCaption("Loading...");
+    m_picInfobar->SetSubtitle("Loading...");
     m_picInfobar->repaint();
     ShowCounts(*location);
     m_picInfobar->repaint();
@@ -246,15 +267,30 @@ void EvidenceExplorer::DisplayLocation(const StorageLocationRef& location, int& 
 
 void EvidenceExplorer::ShowCounts(StorageLocation& location) {
     const auto subLocations = static_cast<int64_t>(location.SubLocations().size());
-    m_lblSubtitle->SetCaption(ToQString(FormatCount(subLocations, "%d storage unit", "%d storage units") + ", " +
+    m_picInfobar->SetSubtitle(ToQString(FormatCount(subLocations, "%d storage unit", "%d storage units") + ", " +
                                         FormatCount(location.StoredItemsCount(), "%d item", "%d items")));
 }
 
 // Rows of another location must not remain below the heading.
 void EvidenceExplorer::ShowFailure(const Error& error) {
     m_itemPane->Clear();
-    m_lblSubtitle->SetCaption(ToQString(error.Description()).simplified());
+    m_picInfobar->SetSubtitle(ToQString(error.Description()).simplified());
     LayoutView();
+}
+
+QScopeGuard<std::function<void()>> EvidenceExplorer::KeepFocus() {
+    const QWidget* active = ActiveChild();
+    const bool isOnTheRight = active && (active == m_itemPane || active == m_searchResultPane);
+    return qScopeGuard(std::function<void()>([self = QPointer<EvidenceExplorer>(this), isOnTheRight] {
+        if (self && isOnTheRight) self->ReturnFocus();
+    }));
+}
+
+void EvidenceExplorer::ReturnFocus() {
+    QWidget* pane = m_itemPane;
+    if (m_searchResultPane->IsShown()) pane = m_searchResultPane;
+    if (ActiveChild() == pane) return;
+    TrySetFocus(pane->isEnabled() ? pane : m_locationPane);
 }
 
 QWidget* EvidenceExplorer::ActiveChild() const {
@@ -268,14 +304,16 @@ std::shared_ptr<ObjectVector> EvidenceExplorer::GetSelectedObjects() const {
     auto selected = std::make_shared<ObjectVector>();
     const QWidget* active = ActiveChild();
     if (active == m_itemPane) return m_itemPane->SelectedItems();
-    StorageLocationRef location;
+    ObjectRef object;
     if (!active) {
-        location = m_itemPane->Location();
+        object = m_itemPane->Location();
+    } else if (active == m_searchResultPane) {
+        object = m_searchResultPane->SelectedItem();
     } else if (active == m_locationPane) {
-        location = m_locationPane->DropHighlightLocation();
-        if (!location) location = SelectedLocation();
+        object = m_locationPane->DropHighlightLocation();
+        if (!object) object = SelectedLocation();
     }
-    if (location) selected->Add(location);
+    if (object) selected->Add(object);
     return selected;
 }
 
@@ -303,27 +341,15 @@ ObjectRef EvidenceExplorer::SingleSelectedObject() const {
     return selected->Count() == 1 ? selected->At(0) : nullptr;
 }
 
-// Printing stops at the first label that fails. Earlier labels have been printed.
-void EvidenceExplorer::PrintSelected() {
-    int32_t printed = 0;
-    Guard(
-        [&] {
-            const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
-            for (; printed < selected->Count(); ++printed) PrintBarcodeLabelOf(selected->At(printed));
-        },
-        [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
-    if (printed > 0) Guard([=] { ReportPrinted(printed); });
-}
-
 // Reads again what another workstation may have changed.
 void EvidenceExplorer::ReadAgain() {
-    Guard([this] {
-        const QPointer<EvidenceExplorer> self(this);
-        GetStorageLocationStatic().Refresh();
-        m_locationPane->RefreshInPlace();
-        // The pane shows no location after a failure, which has been reported.
-        if (self && m_itemPane->Location()) RefreshContents(&LocationView::RefreshInPlace);
-    });
+    const QPointer<EvidenceExplorer> self(this);
+    GetStorageLocationStatic().Refresh();
+    m_locationPane->RefreshInPlace();
+    if (!self) return;
+    if (m_searchResultPane->IsShown()) return SearchAgain();
+    // The pane shows no location after a failure, which has been reported.
+    if (m_itemPane->Location()) RefreshContents(&LocationView::RefreshInPlace);
 }
 
 void EvidenceExplorer::Layout() { LayoutView(); }
@@ -337,17 +363,18 @@ void EvidenceExplorer::LayoutView() {
 
         const float infobarLeft = m_locationPane->Right() + panelMargin;
         m_picInfobar->Move(infobarLeft, 0, width - infobarLeft, headingHeight);
-        for (Label* text : {m_lblTitle, m_lblSubtitle})
-            text->SetWidth(std::min(ToTwips(text->sizeHint().width()), m_picInfobar->Width() - headingInset));
-        m_lnSeparator->Move(0, headingHeight - TwipsPerPixel, m_picInfobar->Width() - headingInset, TwipsPerPixel);
+        m_picInfobar->LayoutHeading();
 
         const float columnTop = m_picInfobar->Top() + headingInset;
-        m_locationPane->Move(treeLeft, columnTop, treeWidth, height - columnTop);
+        m_grpSearch->SetTop(columnTop);
+        const float treeTop = m_grpSearch->Bottom();
+        m_locationPane->Move(treeLeft, treeTop, m_grpSearch->Width(), height - treeTop);
         m_picLeftPanel->Move(0, 0, m_locationPane->Width() + panelMargin, m_locationPane->Bottom() + panelMargin);
         m_lnDivider->Move(m_locationPane->Right(), columnTop, TwipsPerPixel, height - columnTop);
 
-        m_itemPane->Move(m_picInfobar->Left(), m_picInfobar->Bottom(), width - m_picInfobar->Left(),
-                         height - m_picInfobar->Bottom());
+        for (Control* pane : {static_cast<Control*>(m_itemPane), static_cast<Control*>(m_searchResultPane)})
+            pane->Move(m_picInfobar->Left(), m_picInfobar->Bottom(), width - m_picInfobar->Left(),
+                       height - m_picInfobar->Bottom());
     });
 }
 

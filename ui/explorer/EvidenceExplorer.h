@@ -6,6 +6,8 @@
 #include "ui/controls/View.h"
 #include "ui/explorer/ActionMenuRules.h"
 
+#include <QScopeGuard>
+
 #include <functional>
 #include <memory>
 
@@ -16,16 +18,19 @@ namespace quellbrook {
 
 class ActionMenu;
 class BarcodeListenerControl;
-class StatePanel;
+class CategorizedSearchResults;
+class ExplorerHeading;
+class FlatTextbox;
 class GroupBox;
-class Label;
 class Line;
 class LocationTree;
 class LocationView;
+class StatePanel;
 
-// The main screen: the tree of locations on the left, the contents of the selected one under a heading on the right,
-// and one context menu for both, which depends on the selection, the batch and the user's rights. While the explorer is
-// visible, a scanned location barcode selects the location and an item barcode opens the item.
+// The main screen: a search box and the tree of locations on the left, the contents of the selected location or search
+// results under a heading on the right, and one context menu for all of them, which depends on the selection, the batch
+// and the user's rights. While the explorer is visible, a scanned location barcode selects the location and an item
+// barcode opens the item.
 class EvidenceExplorer : public View {
     Q_OBJECT
 
@@ -40,12 +45,17 @@ public:
     // Enters a location or opens an item in its view; ignores anything else.
     void OpenItemRequest(const ObjectRef& item);
 
-    // The objects that a command acts on: the selection of the focused pane, or the displayed location if neither pane
-    // has the focus.
+    // Looks the text up and shows the results instead of a location, until a location is selected. An error of the
+    // search leaves the results covered.
+    void DoSearchRequest(const std::string& text);
+
+    // The objects that a command acts on: the selection of the focused pane, or the displayed location if no control of
+    // the explorer has the focus.
     std::shared_ptr<ObjectVector> GetSelectedObjects() const;
 
     LocationTree* LocationPane() const { return m_locationPane; }
     LocationView* ItemPane() const { return m_itemPane; }
+    CategorizedSearchResults* SearchResultPane() const { return m_searchResultPane; }
     ActionMenu* Menu() const { return m_mnuItems; }
 
 protected:
@@ -55,10 +65,13 @@ protected:
 
 private:
     void MakeLeftColumn();
+    void MakeSearchBox();
     void MakeHeading();
     void MakeLoadingCover();
     void ConnectPanes();
+    void ConnectHeading();
     void ConnectMenu();
+    void ConnectShortcuts();
     void MakeBarcodeListener();
 
     void DisplayCurrentLocation();
@@ -67,6 +80,14 @@ private:
     void ShowCounts(StorageLocation& location);
     void ShowFailure(const Error& error);
     void LayoutView();
+    // Returns the focus to the right side, or to the tree, if a change until the guard's end takes it away from there.
+    [[nodiscard]] QScopeGuard<std::function<void()>> KeepFocus();
+    void ReturnFocus();
+    void m_cartStore_OnChange();
+
+    void search_KeyPressed(int keyCode);
+    void GoToSearchBox();
+    void SearchAgain();
 
     void itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
     void OpenScannedLocation(const std::string& number);
@@ -83,23 +104,25 @@ private:
     void PromptDeleteLocation(const StorageLocationRef& location);
     bool RefreshPanes();
     void PrintSelected();
+    void PrintLabelsOf(const ObjectList& objects);
     void ReadAgain();
     void RefreshContents(void (LocationView::*refresh)());
     void ApplyColors();
 
     GroupBox* m_picLeftPanel = nullptr;
+    GroupBox* m_grpSearch = nullptr;
+    FlatTextbox* m_search = nullptr;
     LocationTree* m_locationPane = nullptr;
-    GroupBox* m_picInfobar = nullptr;
-    Label* m_lblTitle = nullptr;
-    Label* m_lblSubtitle = nullptr;
+    ExplorerHeading* m_picInfobar = nullptr;
     LocationView* m_itemPane = nullptr;
+    CategorizedSearchResults* m_searchResultPane = nullptr;
     GroupBox* m_grpLoading = nullptr;
     StatePanel* m_grpMessage = nullptr;
     Line* m_lnDivider = nullptr;
-    Line* m_lnSeparator = nullptr;
     ActionMenu* m_mnuItems = nullptr;
     BarcodeListenerControl* m_itemBarcodeListener = nullptr;
     std::shared_ptr<CartStore> m_cartstore;
+    Subscription m_cartChanged;
 };
 
 }  // namespace quellbrook

@@ -20,6 +20,7 @@ StorageLocationRef EvidenceExplorer::GetContextLocation() const {
 // Returns false if the explorer was destroyed meanwhile.
 bool EvidenceExplorer::RefreshPanes() {
     const QPointer<EvidenceExplorer> self(this);
+    const auto keepFocus = KeepFocus();
     m_locationPane->Refresh();
     if (self) m_itemPane->Refresh();
     return self != nullptr;

@@ -54,6 +54,31 @@ StoredItemRef SearchResultList::SelectedItem() const {
     return m_items->ItemAt(m_selectedIndex - 1);
 }
 
+SearchResultList::Place SearchResultList::CurrentPlace() const {
+    if (m_selectedIndex == 0) return {};
+    return {SelectedItem(), m_selectedIndex, m_vertScroll->Value()};
+}
+
+void SearchResultList::Restore(const Place& place) {
+    if (!place.item || m_items->IsEmpty()) return;
+    m_selectedIndex = IndexOf(place);
+    if (m_vertScroll->IsShown())
+        m_vertScroll->SetValue(std::clamp(place.scroll, m_vertScroll->Min(), m_vertScroll->Max()));
+    UpdateRowFocus();
+}
+
+int32_t SearchResultList::IndexOf(const Place& place) const {
+    const auto isAt = [&](int32_t index) {
+        const StoredItemRef item = m_items->ItemAt(index - 1);
+        return item->ID() == place.item->ID() && item->ItemType() == place.item->ItemType();
+    };
+    const int32_t count = m_items->Count();
+    if (place.index <= count && isAt(place.index)) return place.index;
+    for (int32_t index = 1; index <= count; ++index)
+        if (isAt(index)) return index;
+    return std::min(place.index, count);
+}
+
 void SearchResultList::LoadResults() {
     ClearRows();
     const int32_t count = m_items->Count();
@@ -249,6 +274,7 @@ void SearchResultList::DoubleClickRow(int row) {
 
 void SearchResultList::keyPressEvent(QKeyEvent* event) {
     if (KeyCodeOf(*event) != KeyCode::Enter) return ScrollingListOf::keyPressEvent(event);
+    if (event->isAutoRepeat()) return;  // an Enter held since the search must not open the first item
     Guard([this] {
         if (const StoredItemRef item = SelectedItem()) emit ItemOpenRequest(item);
     });

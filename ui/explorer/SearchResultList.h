@@ -27,6 +27,16 @@ public:
     // Null for an empty list; Error 9 if a list with items has no selection.
     StoredItemRef SelectedItem() const;
 
+    // The selected item and the scroll position, to restore them after the items have been read again. If the item is
+    // no longer in the list, the one at its position is selected.
+    struct Place {
+        StoredItemRef item;  // null for an empty list
+        int32_t index = 0;
+        int scroll = 0;
+    };
+    Place CurrentPlace() const;
+    void Restore(const Place& place);
+
     // Fills the visible rows. Rethrows errors with "DisplayVisibleItems: " before their description.
     void DisplayVisibleItems();
 
@@ -67,6 +77,7 @@ private:
     bool IsValidIndex(int32_t index) const;
     void SelectRow(const SearchResultRow& row);
     void SelectIndex(int32_t index);
+    int32_t IndexOf(const Place& place) const;
     void ScrollUp();
     void ScrollDown();
     void SetScrollValue(int value);

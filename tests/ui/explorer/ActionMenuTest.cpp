@@ -36,20 +36,20 @@ TEST(ActionMenu, HasEveryEntryInOrder) {
     EXPECT_THAT(Names(*menu.Entry(MenuEntry::New)->menu(), false), ElementsAre("mnuNewLocation"));
 }
 
-TEST(ActionMenu, ShowsNoEntryWithoutACommand) {
+TEST(ActionMenu, ShowsEveryEntryThatTheRulesShow) {
     ActionMenu menu;
     menu.Apply(ActionMenuState());
     EXPECT_THAT(Names(menu, true),
                 ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint", "mnuSeparator2", "mnuCheckIn",
-                            "mnuCheckOut", "mnuMove", "mnuRemoveFromBatch", "mnuNoActions", "mnuSelectAll",
-                            "mnuSeparator3", "mnuNew", "mnuEditLocation", "mnuDeleteLocation"));
+                            "mnuCheckOut", "mnuMove", "mnuDispose", "mnuRemoveFromBatch", "mnuNoActions",
+                            "mnuSelectAll", "mnuSeparator3", "mnuNew", "mnuEditLocation", "mnuDeleteLocation"));
 }
 
 TEST(ActionMenu, TakesCaptionVisibilityAndEnabledStateFromTheRules) {
     ActionMenu menu;
     menu.Apply(ApplyMenuRules(MenuSource::ItemPane, OneItem(), allRights));
     EXPECT_THAT(Names(menu, true), ElementsAre("mnuOpen", "mnuOpenInTessarine", "mnuSeparator1", "mnuPrint",
-                                               "mnuSeparator2", "mnuCheckIn", "mnuCheckOut", "mnuMove"));
+                                               "mnuSeparator2", "mnuCheckIn", "mnuCheckOut", "mnuMove", "mnuDispose"));
     EXPECT_EQ(menu.Entry(MenuEntry::CheckOut)->text(), "Sign out  this item");
     EXPECT_EQ(menu.Entry(MenuEntry::Print)->text(), "Print barcode label");
     EXPECT_TRUE(menu.Entry(MenuEntry::Open)->isEnabled());

@@ -2,6 +2,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/FocusCalls.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/controls/FlatButton.h"
 
 #include <gmock/gmock.h>
 
@@ -171,7 +172,8 @@ TEST_F(EvidenceExplorerFailureTest, ALongReasonIsOneLineWithinTheHeading) {
     m_screen.TakeMessages();
     EXPECT_EQ(Subtitle(), std::string(300, 'W') + " second line");
     const auto* subtitle = Find<Label>(*m_explorer, "lblSubtitle");
-    EXPECT_EQ(subtitle->width(), 1280 - 312 - 8);
+    const auto* button = Find<FlatButton>(*m_explorer, "btnAddEvidence");
+    EXPECT_EQ(subtitle->geometry().right() + 1, button->geometry().left() - 8);
     m_explorer->SetSelectedLocation(LocationOf(m_empty));
     EXPECT_EQ(subtitle->width(), subtitle->sizeHint().width());
 }

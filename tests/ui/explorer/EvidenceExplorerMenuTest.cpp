@@ -58,7 +58,7 @@ TEST_F(EvidenceExplorerMenuTest, AnItemsMenuOffersWhatCanBeDoneWithIt) {
         EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     });
     EXPECT_THAT(entries, ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode label", "-",
-                                     "Sign out  this item", "Move  this item"));
+                                     "Sign out  this item", "Move  this item", "Dispose this item"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEntry) {
@@ -70,7 +70,7 @@ TEST_F(EvidenceExplorerMenuTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEnt
         EXPECT_FALSE(menu.actions().at(0)->isEnabled());
     });
     EXPECT_THAT(entries, ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode labels (2 items)", "-",
-                                     "Sign out  2 items", "Move  2 items"));
+                                     "Sign out  2 items", "Move  2 items", "Dispose 2 items"));
 }
 
 TEST_F(EvidenceExplorerMenuTest, AMemberOfTheBatchCanOnlyBeUnchecked) {

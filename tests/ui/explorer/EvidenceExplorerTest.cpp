@@ -20,7 +20,7 @@ TEST_F(EvidenceExplorerTest, IsCoveredAndWaitsUntilItsFirstDisplay) {
     EXPECT_TRUE(cover->IsShown());
     EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
     std::vector<QString> captions;
-    for (const auto* label : Find<GroupBox>(*m_explorer, "grpMessage")->findChildren<Label*>())
+    for (const auto* label : Find<GroupBox>(*cover, "grpMessage")->findChildren<Label*>())
         captions.push_back(label->Caption());
     EXPECT_THAT(captions,
                 ElementsAre(QString("Starting up..."), QString("Please wait. This may take a few moments. ")));
@@ -135,17 +135,22 @@ TEST_F(EvidenceExplorerTest, ControlsAreLaidOut) {
         m_explorer->resize(size);
         const int width = size.width(), height = size.height();
         const auto rectOf = [this](const char* name) {
-            const QWidget* control = Find(*m_explorer, name);
+            const QWidget* control = m_explorer->findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
+            if (!control) control = Find(*m_explorer, name);
             return QRect(control->mapTo(m_explorer, QPoint(0, 0)), control->size());
         };
-        EXPECT_EQ(rectOf("LocationPane"), QRect(16, 8, 280, height - 8));
+        EXPECT_EQ(rectOf("grpSearch"), QRect(16, 8, 280, 64));
+        EXPECT_EQ(rectOf("search"), QRect(16, 16, 264, 36));
+        EXPECT_EQ(rectOf("LocationPane"), QRect(16, 72, 280, height - 72));
         EXPECT_EQ(rectOf("picLeftPanel"), QRect(0, 0, 296, height + 16));
         EXPECT_EQ(rectOf("lnDivider"), QRect(296, 8, 1, height - 8));
         EXPECT_EQ(rectOf("picInfobar"), QRect(312, 0, width - 312, 72));
         EXPECT_EQ(rectOf("lnSeparator"), QRect(312, 71, width - 312 - 8, 1));
         EXPECT_EQ(rectOf("ItemPane"), QRect(312, 72, width - 312, height - 72));
+        EXPECT_EQ(rectOf("SearchResultPane"), rectOf("ItemPane"));
         EXPECT_EQ(rectOf("grpLoading"), QRect(QPoint(0, 0), size));
-        const QRect message = rectOf("grpMessage");
+        QWidget* cover = Find(*m_explorer, "grpLoading");
+        const QRect message = Find(*cover, "grpMessage")->geometry();
         EXPECT_NEAR(message.center().x(), width / 2.0, 1.0);
         EXPECT_NEAR(message.center().y(), height / 2.0, 1.0);
     }
@@ -155,7 +160,11 @@ TEST_F(EvidenceExplorerTest, ALongTitleEndsWithinTheHeading) {
     const int32_t room = AddLocation(std::string(300, 'W'));
     Show(room);
     const auto* title = Find<Label>(*m_explorer, "lblTitle");
-    EXPECT_EQ(title->width(), 1280 - 312 - 8);
+    const QWidget* print = Find(*m_explorer, "grpPrintLocationBarcode");
+    const QWidget* deletion = Find(*m_explorer, "grpDeleteLocation");
+    EXPECT_GT(title->width(), 400);
+    EXPECT_LT(title->geometry().right(), Find(*m_explorer, "grpEditLocation")->geometry().left());
+    EXPECT_LT(deletion->geometry().right(), print->geometry().left());
     m_explorer->SetSelectedLocation(LocationOf(m_shelf));
     EXPECT_LT(title->width(), 200);
 }
@@ -182,9 +191,10 @@ TEST_F(EvidenceExplorerTest, FollowsAChangeToTheDarkTheme) {
     EXPECT_EQ(m_tree->BackColor(), panel);
 }
 
-TEST_F(EvidenceExplorerTest, TabMovesFromTheTreeToTheContents) {
+TEST_F(EvidenceExplorerTest, TabMovesFromTheSearchBoxOverTheTreeAndTheHeadingToTheContents) {
     Show(m_shelf);
-    EXPECT_THAT(TabOrder(*m_window), ElementsAre("TreeView", "ItemPane"));
+    EXPECT_THAT(TabOrder(*m_window), ElementsAre("search", "TreeView", "lnkEditLocation", "lnkDeleteLocation",
+                                                 "lnkPrintLocationBarcode", "btnAddEvidence", "ItemPane"));
 }
 
 TEST_F(EvidenceExplorerTest, BrowsesAndBeginsATransferByKeyboardAlone) {
@@ -194,7 +204,8 @@ TEST_F(EvidenceExplorerTest, BrowsesAndBeginsATransferByKeyboardAlone) {
     EXPECT_EQ(Title(), "Empty Shelf");
     Press(Qt::Key_Down);
     EXPECT_EQ(Title(), "Shelf A");
-    Press(Qt::Key_Tab);
+    for (int i = 0; i < 5; ++i) Press(Qt::Key_Tab);
+    EXPECT_TRUE(m_list->Tree()->hasFocus());
     Press(Qt::Key_Down);
     EXPECT_THAT(SelectedObjects(), ElementsAre("Bin 1"));
     Press(Qt::Key_End);

@@ -1,0 +1,224 @@
+#include "data/BarcodeText.h"
+#include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/ui/Scanner.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/controls/FlatTextbox.h"
+#include "ui/explorer/CategorizedSearchResults.h"
+#include "ui/explorer/SearchResultList.h"
+
+#include <QLineEdit>
+
+#include <gmock/gmock.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class EvidenceExplorerSearchTest : public ExplorerWindowTest {
+protected:
+    EvidenceExplorerSearchTest() {
+        Show(m_shelf);
+        m_box = Find<FlatTextbox>(*m_explorer, "search");
+        m_results = m_explorer->SearchResultPane();
+        m_resultList = Find<SearchResultList>(*m_results, "searchResults");
+    }
+
+    QLineEdit* Edit() const { return m_box->findChild<QLineEdit*>(); }
+    void Search(const QString& text) {
+        Edit()->setFocus();
+        m_box->SetText(text);
+        Press(Edit(), Qt::Key_Return);
+    }
+    bool IsShown(const char* name) const { return Find<Control>(*m_explorer, name)->IsShown(); }
+
+    FlatTextbox* m_box;
+    CategorizedSearchResults* m_results;
+    SearchResultList* m_resultList;
+};
+
+TEST_F(EvidenceExplorerSearchTest, EnterShowsTheResultsInsteadOfTheLocation) {
+    Search("E-1");
+    EXPECT_EQ(Title(), "Search Results");
+    EXPECT_EQ(Subtitle(), "Showing stored items matching 'E-1'");
+    EXPECT_TRUE(m_results->IsShown());
+    EXPECT_FALSE(m_view->IsShown());
+    EXPECT_EQ(m_explorer->SelectedLocation(), nullptr);
+    EXPECT_EQ(m_view->Location(), nullptr);
+    EXPECT_EQ(m_results->SelectedItem()->ID(), m_first);
+    EXPECT_TRUE(m_resultList->hasFocus());
+    for (const char* group : {"grpEditLocation", "grpDeleteLocation", "grpAddLocation", "grpPrintLocationBarcode"})
+        EXPECT_FALSE(IsShown(group)) << group;
+    EXPECT_TRUE(Find<Label>(*m_explorer, "lblTitle")->toolTip().isEmpty());
+}
+
+TEST_F(EvidenceExplorerSearchTest, TheOtherEnterKeySearchesToo) {
+    Edit()->setFocus();
+    m_box->SetText("E-1");
+    Press(Edit(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(Title(), "Search Results");
+}
+
+TEST_F(EvidenceExplorerSearchTest, EnterInAnEmptyBoxDoesNothing) {
+    Search("");
+    EXPECT_EQ(Title(), "Shelf A");
+    EXPECT_FALSE(m_results->IsShown());
+    EXPECT_TRUE(Edit()->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, AHeldEnterSearchesOnceAndOpensNothing) {
+    Edit()->setFocus();
+    m_box->SetText("E-1");
+    Press(Edit(), Qt::Key_Return);
+    QTest::simulateEvent(m_resultList, true, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    EXPECT_EQ(GetStores().View->ViewName(), "");
+    Edit()->setFocus();
+    m_box->SetText("E-2");
+    QTest::simulateEvent(Edit(), true, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    EXPECT_EQ(Subtitle(), "Showing stored items matching 'E-1'");
+}
+
+TEST_F(EvidenceExplorerSearchTest, ASelectionInTheTreeLeavesTheResults) {
+    Search("E-1");
+    ClickNode("Shelf A");
+    EXPECT_EQ(Title(), "Shelf A");
+    EXPECT_FALSE(m_results->IsShown());
+    EXPECT_TRUE(m_view->IsShown());
+    EXPECT_EQ(m_list->RowCount(), 3);
+    EXPECT_TRUE(IsShown("grpEditLocation"));
+}
+
+TEST_F(EvidenceExplorerSearchTest, AScanOfALocationLeavesTheResultsAndKeepsTheFocusOnTheRight) {
+    Search("E-1");
+    const std::string barcode = MakeBarcodeText("L", m_shelf);
+    Scan(barcode.substr(1, barcode.size() - 2));
+    EXPECT_EQ(m_timers.Tick(1), 1);
+    EXPECT_EQ(Title(), "Shelf A");
+    EXPECT_FALSE(m_results->IsShown());
+    EXPECT_TRUE(m_list->Tree()->hasFocus());
+    EXPECT_EQ(m_box->Text(), "E-1");
+}
+
+TEST_F(EvidenceExplorerSearchTest, NothingFoundLeavesTheFocusInTheBox) {
+    Search("nothing like this");
+    EXPECT_EQ(Title(), "Search Results");
+    EXPECT_FALSE(m_results->isEnabled());
+    EXPECT_TRUE(Edit()->hasFocus());
+    m_list->Tree()->setFocus();
+    m_explorer->SetSelectedLocation(LocationOf(m_shelf));
+    m_list->Tree()->setFocus();
+    m_explorer->DoSearchRequest("nothing like this");
+    EXPECT_TRUE(m_widget->hasFocus()) << "not a control outside";
+}
+
+TEST_F(EvidenceExplorerSearchTest, TheMenuIsForTheSelectedResult) {
+    Search("E-1");
+    WhileMenuOpen([this](QMenu& menu) {
+        EXPECT_EQ(&menu, m_explorer->Menu());
+        EXPECT_TRUE(m_explorer->Menu()->Entry(MenuEntry::CheckOut)->isVisible());
+        EXPECT_FALSE(m_explorer->Menu()->Entry(MenuEntry::New)->isVisible());
+        EXPECT_THAT(SelectedObjects(), ElementsAre("E-1"));
+        m_explorer->Menu()->Entry(MenuEntry::CheckOut)->trigger();
+    });
+    RightClick(Find(*m_resultList, "picContainer"), {300, 50});
+    EXPECT_THAT(BatchIds(), ElementsAre("E-1"));
+}
+
+TEST_F(EvidenceExplorerSearchTest, AResultOpensInItsView) {
+    Search("E-2");
+    Press(m_resultList, Qt::Key_Return);
+    EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
+    EXPECT_EQ(ToObject<StoredItem>(GetStores().View->ViewParameters()->Value("Item"))->ID(), m_second);
+}
+
+TEST_F(EvidenceExplorerSearchTest, NothingIsSelectedWithoutResults) {
+    Search("nothing like this");
+    EXPECT_THAT(SelectedObjects(), IsEmpty());
+}
+
+TEST_F(EvidenceExplorerSearchTest, AFailedSearchIsReportedAndStaysCovered) {
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAtStatement(2, Error(4711, "Engine.Query", "The server is gone."));
+    Search("E-1");
+    const std::vector<RecordingScreen::Message> expected = {
+        {"Search error: The server is gone.", MessageStyle::Critical, "Search Error"}};
+    EXPECT_EQ(m_screen.TakeMessages(), expected);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
+    EXPECT_TRUE(Find<Control>(*m_results, "grpSearching")->isVisible());
+    Search("E-1");
+    EXPECT_EQ(Title(), "Search Results");
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+}
+
+TEST_F(EvidenceExplorerSearchTest, TheExplorerMayGoWhileAFailureIsReported) {
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAtStatement(1, Error(4711, "Engine.Query", "The server is gone."));
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    Search("E-1");
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_window, nullptr);
+}
+
+TEST_F(EvidenceExplorerSearchTest, F5SearchesAgainAndKeepsTheFocus) {
+    Search("bicycle");
+    AddItem("E-3", m_shelf);
+    Press(m_resultList, Qt::Key_Down);
+    const int32_t selected = m_results->SelectedItem()->ID();
+    Press(m_resultList, Qt::Key_F5);
+    EXPECT_EQ(Find<Label>(*m_results, "lblResultCount")->Caption(), "3 Results");
+    EXPECT_EQ(m_results->SelectedItem()->ID(), selected);
+    EXPECT_TRUE(m_resultList->hasFocus());
+    EXPECT_EQ(Title(), "Search Results");
+    m_widget->setFocus();
+    Press(m_widget, Qt::Key_F5);
+    EXPECT_TRUE(m_widget->hasFocus());
+    EXPECT_EQ(Title(), "Search Results");
+}
+
+TEST_F(EvidenceExplorerSearchTest, F5WithNothingLeftGivesTheFocusToTheTree) {
+    Search("bicycle");
+    m_database.Execute("UPDATE Property SET Description = 'a wheel'");
+    Press(m_resultList, Qt::Key_F5);
+    EXPECT_TRUE(m_widget->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, F5InTheBoxKeepsTheTypedText) {
+    Edit()->setFocus();
+    m_box->SetText("half a te");
+    AddItem("E-3", m_shelf);
+    Press(Edit(), Qt::Key_F5);
+    EXPECT_EQ(m_box->Text(), "half a te");
+    EXPECT_TRUE(Edit()->hasFocus());
+    EXPECT_EQ(m_list->RowCount(), 4);
+}
+
+TEST_F(EvidenceExplorerSearchTest, CtrlFGoesToTheBoxAndSelectsItsText) {
+    Search("E-1");
+    Press(m_resultList, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(Edit()->hasFocus());
+    EXPECT_EQ(Edit()->selectedText(), "E-1");
+    m_explorer->SetSelectedLocation(LocationOf(m_shelf));
+    m_list->Tree()->setFocus();
+    Press(m_list->Tree(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(Edit()->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, TheBoxTellsWhatItIsFor) {
+    EXPECT_EQ(m_box->Placeholder(), "Type here to search...");
+    EXPECT_EQ(Edit()->accessibleName(), "Search");
+}
+
+TEST_F(EvidenceExplorerSearchTest, AScanIsNotTypedIntoTheBox) {
+    Edit()->setFocus();
+    const std::string barcode = MakeBarcodeText("L", m_bin);
+    Scan(barcode.substr(1, barcode.size() - 2));
+    EXPECT_EQ(m_timers.Tick(1), 1);
+    EXPECT_EQ(m_box->Text(), "");
+    EXPECT_EQ(Title(), "Bin 1");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,192 @@
+#include "tests/support/FakeSession.h"
+#include "tests/support/LabelServices.h"
+#include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/common/Dialogs.h"
+#include "ui/controls/FlatButton.h"
+#include "ui/controls/Link.h"
+#include "ui/locations/LocationEditor.h"
+
+#include <gmock/gmock.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// The links and the button beside the title.
+class ExplorerHeadingTest : public ExplorerWindowTest {
+protected:
+    ~ExplorerHeadingTest() override { GetDialogs().SetParent(nullptr); }
+
+    void ShowShelf() {
+        Show(m_shelf);
+        GetDialogs().SetParent(std::make_shared<WindowReference>(m_window.get()));
+    }
+    std::vector<std::string> Links() const {
+        std::vector<std::string> names;
+        for (const char* name : {"EditLocation", "DeleteLocation", "AddLocation", "PrintLocationBarcode"})
+            if (Find<Control>(*m_explorer, ("grp" + std::string(name)).c_str())->IsShown()) names.emplace_back(name);
+        return names;
+    }
+    Link* LinkNamed(const char* name) const { return Find<Link>(*m_explorer, name); }
+    FlatButton* AddEvidence() const { return Find<FlatButton>(*m_explorer, "btnAddEvidence"); }
+    QRect RectOf(const char* name) const {
+        const QWidget* control = Find(*m_explorer, name);
+        return QRect(control->mapTo(m_explorer, QPoint(0, 0)), control->size());
+    }
+    void Revoke(const PermissionDefinition& right) { m_session->revoked.insert({right.ModuleKey, right.Value}); }
+
+    // Presses the button of the dialog that opens next.
+    void AnswerDialog(const char* button) {
+        QTimer::singleShot(0, qApp, [this, button] {
+            auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
+            ASSERT_NE(form, nullptr);
+            m_dialogs.push_back(form->windowTitle().toStdString());
+            Find<FlatButton>(*form, button)->Click();
+        });
+    }
+
+    std::vector<std::string> m_dialogs;
+};
+
+TEST_F(ExplorerHeadingTest, ALocationCanBeEditedDeletedAndPrinted) {
+    ShowShelf();
+    EXPECT_THAT(Links(), ElementsAre("EditLocation", "DeleteLocation", "PrintLocationBarcode"));
+}
+
+TEST_F(ExplorerHeadingTest, ARootTakesNewLocations) {
+    Show();
+    EXPECT_THAT(Links(), ElementsAre("AddLocation"));
+}
+
+TEST_F(ExplorerHeadingTest, WithoutALocationThereAreNoLinks) {
+    Show();
+    m_explorer->SetSelectedLocation(nullptr);
+    EXPECT_THAT(Links(), IsEmpty());
+}
+
+TEST_F(ExplorerHeadingTest, EachLinkNeedsItsRight) {
+    const PermissionsStatic& rights = GetPermissions();
+    Revoke(rights.EDIT_STORAGE_LOCATIONS());
+    ShowShelf();
+    EXPECT_THAT(Links(), ElementsAre("DeleteLocation", "PrintLocationBarcode"));
+    EXPECT_FALSE(LinkNamed("lnkEditLocation")->isEnabled());
+    Revoke(rights.DELETE_STORAGE_LOCATIONS());
+    ShowShelf();
+    EXPECT_THAT(Links(), ElementsAre("PrintLocationBarcode"));
+    EXPECT_FALSE(LinkNamed("lnkDeleteLocation")->isEnabled());
+    Revoke(rights.PRINT_BARCODE_LABELS());
+    ShowShelf();
+    EXPECT_THAT(Links(), IsEmpty());
+    Show();
+    EXPECT_THAT(Links(), ElementsAre("AddLocation"));
+    Revoke(rights.ADD_STORAGE_LOCATIONS());
+    Show();
+    EXPECT_THAT(Links(), IsEmpty());
+    EXPECT_FALSE(LinkNamed("lnkAddLocation")->isEnabled());
+}
+
+TEST_F(ExplorerHeadingTest, EvidenceIsAddedInItsView) {
+    ShowShelf();
+    EXPECT_TRUE(AddEvidence()->isEnabled());
+    AddEvidence()->Click();
+    EXPECT_EQ(GetStores().View->ViewName(), "submitNewEvidence");
+    EXPECT_EQ(GetStores().View->ViewParameters(), nullptr);
+}
+
+TEST_F(ExplorerHeadingTest, NoEvidenceIsAddedWhileABatchIsOpen) {
+    ShowShelf();
+    ClickRow("E-1");
+    GetActions().BeginTransaction(TransactionType::Move, m_explorer->GetSelectedObjects());
+    EXPECT_FALSE(AddEvidence()->isEnabled());
+    m_explorer->hide();
+    m_explorer->show();
+    EXPECT_FALSE(AddEvidence()->isEnabled()) << "after another view was shown";
+    GetActions().CancelTransaction();
+    EXPECT_TRUE(AddEvidence()->isEnabled());
+}
+
+TEST_F(ExplorerHeadingTest, AddingEvidenceNeedsTheRight) {
+    Revoke(GetPermissions().APPEND_CHAIN_OF_CUSTODY());
+    ShowShelf();
+    EXPECT_FALSE(AddEvidence()->isEnabled());
+    GetActions().CancelTransaction();
+    EXPECT_FALSE(AddEvidence()->isEnabled());
+}
+
+TEST_F(ExplorerHeadingTest, EditAndCreateOpenTheDialog) {
+    ShowShelf();
+    AnswerDialog("btnCancel");
+    LinkNamed("lnkEditLocation")->Click();
+    m_explorer->SetSelectedLocation(Root(StorageLocationTypes::Internal));
+    AnswerDialog("btnCancel");
+    LinkNamed("lnkAddLocation")->Click();
+    EXPECT_THAT(m_dialogs, ElementsAre("Edit Storage Location", "Add New Storage Location"));
+}
+
+TEST_F(ExplorerHeadingTest, TheSelectedLocationIsDeletedAfterAQuestion) {
+    Show(m_empty);
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    LinkNamed("lnkDeleteLocation")->Click();
+    EXPECT_EQ(m_screen.TakeMessages().at(0).prompt, "Are you sure you want to delete this location ('Empty Shelf')?");
+    EXPECT_EQ(LocationOf(m_empty), nullptr);
+    EXPECT_EQ(Title(), "Sign-In Locations");
+}
+
+TEST_F(ExplorerHeadingTest, TheLabelOfTheSelectedLocationIsPrinted) {
+    LabelServices labels;
+    ShowShelf();
+    ClickRow("E-1");
+    LinkNamed("lnkPrintLocationBarcode")->Click();
+    ASSERT_EQ(labels.printer->labels.size(), 1u);
+}
+
+TEST_F(ExplorerHeadingTest, TheFullPathIsTheTooltipAndTheDescriptionOfTheTitle) {
+    Show(m_bin);
+    const auto* title = Find<Label>(*m_explorer, "lblTitle");
+    EXPECT_EQ(title->accessibleDescription(), "Shelf A > Bin 1");
+    EXPECT_TRUE(title->toolTip().contains("Shelf A &gt; Bin 1")) << title->toolTip().toStdString();
+    m_explorer->SetSelectedLocation(Root(StorageLocationTypes::External));
+    EXPECT_EQ(title->accessibleDescription(), "");
+    EXPECT_EQ(title->toolTip(), "");
+}
+
+TEST_F(ExplorerHeadingTest, LinksFollowTheTitleAndTheButtonIsAtTheRight) {
+    ShowShelf();
+    for (const int width : {1280, 1920}) {
+        m_window->resize(width, 760);
+        m_explorer->resize(width, 760);
+        EXPECT_EQ(RectOf("btnAddEvidence").right() + 1, width - 12);
+        EXPECT_EQ(RectOf("btnAddEvidence").top(), 8);
+        EXPECT_EQ(RectOf("grpEditLocation").left(), RectOf("lblTitle").right() + 1 + 20);
+        EXPECT_EQ(RectOf("grpEditLocation").bottom(), RectOf("lblTitle").bottom());
+        EXPECT_EQ(RectOf("grpDeleteLocation").left(), RectOf("grpEditLocation").right() + 1 + 4);
+        EXPECT_EQ(RectOf("grpDeleteLocation").top(), RectOf("grpEditLocation").top());
+        EXPECT_EQ(RectOf("grpPrintLocationBarcode").right() + 1, RectOf("btnAddEvidence").left() - 4);
+        EXPECT_EQ(RectOf("grpPrintLocationBarcode").top(), RectOf("grpDeleteLocation").top());
+        EXPECT_EQ(RectOf("grpAddLocation").topLeft(), RectOf("grpEditLocation").topLeft());
+    }
+    const int before = RectOf("grpEditLocation").left();
+    m_explorer->SetSelectedLocation(LocationOf(m_empty));
+    EXPECT_GT(RectOf("grpEditLocation").left(), before);
+}
+
+TEST_F(ExplorerHeadingTest, InANarrowWindowTheLinksAreIcons) {
+    ShowShelf();
+    m_explorer->SetSelectedLocation(LocationOf(AddLocation("Refrigerated Storage, Annex")));
+    m_window->resize(800, 490);
+    m_explorer->resize(800, 490);
+    EXPECT_EQ(LinkNamed("lnkEditLocation")->Caption(), "");
+    EXPECT_EQ(LinkNamed("lnkEditLocation")->toolTip(), "Edit");
+    EXPECT_EQ(LinkNamed("lnkPrintLocationBarcode")->accessibleName(), "Print Location Label");
+    EXPECT_GT(RectOf("lblTitle").width(), 150);
+    EXPECT_LT(RectOf("grpDeleteLocation").right(), RectOf("grpPrintLocationBarcode").left());
+    m_window->resize(1280, 760);
+    m_explorer->resize(1280, 760);
+    EXPECT_EQ(LinkNamed("lnkEditLocation")->Caption(), "Edit");
+    EXPECT_EQ(LinkNamed("lnkEditLocation")->toolTip(), "");
+}
+
+}  // namespace
+}  // namespace quellbrook::testing

@@ -1,0 +1,37 @@
+#include "base/FormatCount.h"
+#include "base/Screen.h"
+#include "core/Actions.h"
+#include "host/HostServices.h"
+#include "ui/explorer/EvidenceExplorer.h"
+#include "ui/platform/Guard.h"
+
+namespace quellbrook {
+
+namespace {
+
+void PrintBarcodeLabelOf(const ObjectRef& object) {
+    if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) location->PrintBarcodeLabel();
+    if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) item->PrintBarcodeLabel();
+}
+
+void ReportPrinted(int32_t count) {
+    GetActions().NotifyUser("Sent " + FormatCount(count, "%d label", "%d labels") + " " +
+                            HostServices::Current().Printer().Destination() + ".");
+}
+
+}  // namespace
+
+void EvidenceExplorer::PrintSelected() { PrintLabelsOf(*GetSelectedObjects()); }
+
+// Printing stops at the first label that fails. Earlier labels have been printed.
+void EvidenceExplorer::PrintLabelsOf(const ObjectList& objects) {
+    int32_t printed = 0;
+    Guard(
+        [&] {
+            for (; printed < objects.Count(); ++printed) PrintBarcodeLabelOf(objects.At(printed));
+        },
+        [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+    if (printed > 0) Guard([=] { ReportPrinted(printed); });
+}
+
+}  // namespace quellbrook
