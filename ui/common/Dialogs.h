@@ -11,6 +11,7 @@
 namespace quellbrook {
 
 class StorageLocation;
+struct FinalDispositionData;
 
 // Wraps a window of the host as an Object. Does not own the window.
 class WindowReference : public Object {
@@ -65,6 +66,8 @@ public:
     bool EditLocation(const std::shared_ptr<StorageLocation>& location);  // whether the user saved
     // The new location, or null if the user canceled.
     std::shared_ptr<StorageLocation> AddLocation(const std::shared_ptr<StorageLocation>& parent);
+    // Asks for the final disposition of evidence that will be disposed of. Null if the user canceled.
+    std::shared_ptr<FinalDispositionData> GetFinalDisposition();
 
 private:
     std::shared_ptr<WindowReference> m_parent;

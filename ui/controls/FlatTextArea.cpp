@@ -30,7 +30,13 @@ FlatTextArea::FlatTextArea(QWidget* parent) : Control(parent), m_edit(new QPlain
     Control::Move(0, 0, ToTwips(200), ToTwips(112));
 }
 
-QString FlatTextArea::Text() const { return m_edit->toPlainText(); }
+// QPlainTextEdit::toPlainText would replace non-breaking spaces.
+QString FlatTextArea::Text() const {
+    QString text = m_edit->document()->toRawText();
+    for (const auto end : {QChar::ParagraphSeparator, QChar::LineSeparator}) text.replace(end, QLatin1Char('\n'));
+    return text;
+}
+
 void FlatTextArea::SetText(const QString& text) { m_edit->setPlainText(text); }
 void FlatTextArea::SetAccessibleCaption(const QString& name) { m_edit->setAccessibleName(name); }
 

@@ -5,6 +5,7 @@
 #include "core/Actions.h"
 #include "core/Stores.h"
 #include "host/CodeTableLookup.h"
+#include "ui/common/Dialogs.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/GroupBox.h"
@@ -267,9 +268,11 @@ std::shared_ptr<TransferData> CartView::MakeTransferData() const {
 bool CartView::TransferItems() {
     if (!ValidateForm()) return false;
     const std::shared_ptr<TransferData> details = MakeTransferData();
-    if (m_cartStore->GetTransactionType() == TransactionType::Dispose)
-        Raise(ErrorNumber::General, "CartView.TransferItems",
-              "Evidence cannot be disposed of, because its final disposition cannot be recorded here.");
+    if (m_cartStore->GetTransactionType() == TransactionType::Dispose) {
+        const QPointer<CartView> self(this);
+        details->FinalDisposition = GetDialogs().GetFinalDisposition();
+        if (!self || !details->FinalDisposition) return false;
+    }
     GetActions().ProcessTransaction(details);
     return true;
 }

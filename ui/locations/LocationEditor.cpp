@@ -4,13 +4,9 @@
 #include "base/Text.h"
 #include "data/StorageLocationStatic.h"
 #include "ui/common/ViewHelpers.h"
-#include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTextbox.h"
-#include "ui/controls/FontIcon.h"
-#include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
-#include "ui/controls/Line.h"
 #include "ui/locations/LocationPicker.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
@@ -24,57 +20,25 @@ namespace quellbrook {
 namespace {
 
 // Pixels.
-constexpr int FormWidth = 480, TitlebarHeight = 48, Inset = 24, IconSize = 22, TitleLeft = 55;
-constexpr int FirstField = 56, FieldPitch = 92, CaptionToField = 22, FieldToHint = 4;
-constexpr int ButtonStripTop = 336, ButtonStripHeight = 60, ButtonWidth = 96, ButtonGap = 9;
+constexpr int FormWidth = 480, FormHeight = 396;
+constexpr int FirstField = 56, FieldPitch = 92, FieldToHint = 4;
 constexpr int EnterKey = 13;
-
-int CenteredIn(int height, int size) { return (height - size) / 2; }
 
 }  // namespace
 
-frmAddEditLocation::frmAddEditLocation(QWidget* parent) : ModuleForm(parent) {
-    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-    setFixedSize(FormWidth, ButtonStripTop + ButtonStripHeight);
-    auto* border = new GroupBox(this);
-    border->setObjectName("shpBorder");
-    border->SetBackColor(Theme::Color::Window);
-    border->SetFramed(true);
-    border->Move(0, 0, ToTwips(width()), ToTwips(height()));
-    BuildTitlebar();
+frmAddEditLocation::frmAddEditLocation(QWidget* parent) : FlatForm(QSize(FormWidth, FormHeight), parent) {
+    SetTitleIcon("location");
     BuildFields();
-    BuildButtons();
-}
-
-void frmAddEditLocation::BuildTitlebar() {
-    auto* titlebar = new GroupBox(this);
-    titlebar->setObjectName("grpTitlebar");
-    titlebar->Move(TwipsPerPixel, TwipsPerPixel, ToTwips(FormWidth - 2), ToTwips(TitlebarHeight));
-    auto* icon = new FontIcon(titlebar);
-    icon->setObjectName("Image1");
-    icon->SetIcon("location", IconSize);
-    icon->SetForeColor(Theme::Color::Link);
-    icon->Move(ToTwips(Inset), ToTwips(CenteredIn(TitlebarHeight, IconSize)));
-    m_title = new Label(titlebar);
-    m_title->setObjectName("lblTitle");
-    m_title->SetType(Theme::Type::Section);
-    m_title->Move(ToTwips(TitleLeft), ToTwips(CenteredIn(TitlebarHeight, Theme::LineHeight(Theme::Type::Section))));
+    AddButtons();
 }
 
 template <typename Field>
-Field* frmAddEditLocation::AddField(Field* field, int index, const char* name, const char* caption, const char* hint) {
+Field* frmAddEditLocation::AddFieldWithHint(Field* field, int index, const char* name, const char* caption,
+                                            const char* hint) {
     constexpr const char* labels[][2] = {{"Label1", "Label4"}, {"Label2", "Label3"}, {"Label6", "Label5"}};
     const int top = FirstField + index * FieldPitch;
-    auto* captionLabel = new Label(this);
-    captionLabel->setObjectName(labels[index][0]);
-    captionLabel->SetType(Theme::Type::BodySemiBold);
-    captionLabel->SetCaption(caption);
-    captionLabel->Move(ToTwips(Inset), ToTwips(top));
-    field->setObjectName(name);
-    field->SetAccessibleCaption(caption);
+    AddField(field, name, labels[index][0], caption, top, Theme::FieldHeight);
     field->setAccessibleDescription(hint);
-    field->Move(ToTwips(Inset), ToTwips(top + CaptionToField), ToTwips(FormWidth - 2 * Inset),
-                ToTwips(Theme::FieldHeight));
     auto* hintLabel = new Label(this);
     hintLabel->setObjectName(labels[index][1]);
     hintLabel->SetType(Theme::Type::Hint);
@@ -85,40 +49,16 @@ Field* frmAddEditLocation::AddField(Field* field, int index, const char* name, c
 }
 
 void frmAddEditLocation::BuildFields() {
-    m_txtName =
-        AddField(new FlatTextbox(this), 0, "txtName", "Location Name", "The name used to identify this location.");
-    m_cboLocation = AddField(new LocationPicker(this), 1, "cboLocation", "Container",
-                             "The container that this location is grouped under.");
-    m_cboType = AddField(new FlatDropdown(this), 2, "cboType", "Category",
-                         "The type of location, which determines how it is treated.");
+    m_txtName = AddFieldWithHint(new FlatTextbox(this), 0, "txtName", "Location Name",
+                                 "The name used to identify this location.");
+    m_cboLocation = AddFieldWithHint(new LocationPicker(this), 1, "cboLocation", "Container",
+                                     "The container that this location is grouped under.");
+    m_cboType = AddFieldWithHint(new FlatDropdown(this), 2, "cboType", "Category",
+                                 "The type of location, which determines how it is treated.");
     connect(m_txtName, &FlatTextbox::KeyPressed, this, [this](int key) {
         if (key == EnterKey) btnSave_Click();
     });
     connect(m_cboType, &FlatDropdown::Clicked, this, [this] { Guard([this] { cboType_Click(); }); });
-}
-
-void frmAddEditLocation::BuildButtons() {
-    auto* strip = new GroupBox(this);
-    strip->setObjectName("grpButtons");
-    strip->SetBackColor(Theme::Color::Panel);
-    strip->Move(TwipsPerPixel, ToTwips(ButtonStripTop), ToTwips(FormWidth - 2), ToTwips(ButtonStripHeight - 1));
-    auto* line = new Line(strip);
-    line->Move(0, 0, strip->Width(), TwipsPerPixel);
-    const int saveLeft = FormWidth - 1 - Inset - ButtonWidth;
-    FlatButton* cancel = AddButton(strip, "btnCancel", "Cancel", saveLeft - ButtonGap - ButtonWidth);
-    cancel->SetInverted(true);
-    connect(cancel, &FlatButton::Clicked, this, [this] { Guard([this] { OnCancel(); }); });
-    auto* btnSave = AddButton(strip, "btnSave", "Save", saveLeft);
-    connect(btnSave, &FlatButton::Clicked, this, [this] { btnSave_Click(); });
-}
-
-FlatButton* frmAddEditLocation::AddButton(QWidget* strip, const char* name, const char* caption, int left) {
-    auto* button = new FlatButton(strip);
-    button->setObjectName(name);
-    button->SetCaption(caption);
-    button->Move(ToTwips(left), ToTwips(CenteredIn(ButtonStripHeight, Theme::FieldHeight)), ToTwips(ButtonWidth),
-                 ToTwips(Theme::FieldHeight));
-    return button;
 }
 
 void frmAddEditLocation::SetParent(const StorageLocationRef& sl) {
@@ -159,8 +99,7 @@ void frmAddEditLocation::FillCategories() {
 }
 
 void frmAddEditLocation::FillFields() {
-    m_title->SetCaption(QString(m_location ? "Edit" : "Add New") + " Storage Location");
-    setWindowTitle(m_title->Caption());
+    SetTitle(QString(m_location ? "Edit" : "Add New") + " Storage Location");
     if (m_location) m_txtName->SetText(ToQString(m_location->Name()));
     for (int index = 0; index < m_cboType->Count(); ++index) {
         if (m_cboType->ItemData(index) != static_cast<int32_t>(m_parent->LocationType())) continue;

@@ -1,21 +1,19 @@
 #pragma once
 
 #include "data/StorageLocation.h"
-#include "ui/common/Dialogs.h"
+#include "ui/common/FlatForm.h"
 
 #include <QString>
 
 namespace quellbrook {
 
-class FlatButton;
 class FlatDropdown;
 class FlatTextbox;
-class Label;
 class LocationPicker;
 
 // The dialog that adds or edits a location: its name, container and category. For a single use: call SetParent to add,
 // or SetLocation to edit, show it with ShowFormCentered, then read Canceled and Location.
-class frmAddEditLocation : public ModuleForm {
+class frmAddEditLocation : public FlatForm {
     Q_OBJECT
 
 public:
@@ -31,18 +29,15 @@ public:
 protected:
     void OnLoad() override;
     void showEvent(QShowEvent* event) override;
+    void btnSave_Click() override;
 
 private:
-    void BuildTitlebar();
     void BuildFields();
-    void BuildButtons();
-    FlatButton* AddButton(QWidget* strip, const char* name, const char* caption, int left);
     template <typename Field>
-    Field* AddField(Field* field, int index, const char* name, const char* caption, const char* hint);
+    Field* AddFieldWithHint(Field* field, int index, const char* name, const char* caption, const char* hint);
     void FillCategories();
     void FillFields();
     void cboType_Click();
-    void btnSave_Click();
     void Save();
 
     bool m_saved = false;
@@ -50,7 +45,6 @@ private:
     StorageLocationRef m_location;
     bool m_initialized = false;
 
-    Label* m_title = nullptr;
     FlatTextbox* m_txtName = nullptr;
     LocationPicker* m_cboLocation = nullptr;
     FlatDropdown* m_cboType = nullptr;

@@ -85,6 +85,11 @@ TEST_F(FlatTextAreaTest, AcceptsSeveralLinesAndTabLeavesIt) {
     EXPECT_EQ(m_area.Text(), "<b>three</b>");
 }
 
+TEST_F(FlatTextAreaTest, KeepsSpacesAndEndsLinesThatShiftEnterHasBegun) {
+    m_area.SetText("8\u00A0oz.\u2028two");
+    EXPECT_EQ(m_area.Text(), "8\u00A0oz.\ntwo");
+}
+
 class FlatDropdownTest : public ControlsTest {
 protected:
     FlatDropdownTest() {

@@ -159,20 +159,6 @@ TEST_F(CartViewTest, AnErrorBeforeTheTransferIsReportedAndTheViewStays) {
     EXPECT_EQ(Text("lblItemCount"), " (1)");
 }
 
-TEST_F(CartViewTest, NothingIsDisposedOfWithoutAFinalDisposition) {
-    Begin(TransactionType::Dispose, {m_laptop});
-    const std::string before = m_database.Snapshot();
-    FillForm(disposal);
-    Transfer()->Click();
-    const Messages messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages.front().title, "Unexpected error");
-    EXPECT_EQ(m_database.Snapshot(), before);
-    EXPECT_TRUE(IsCurrent());
-    EXPECT_TRUE(Cart()->IsItemInCart(m_laptop));
-    EXPECT_EQ(From()->Value(), TaggedValue(11));
-}
-
 TEST_F(CartViewTest, AFailureToGoBackAfterATransferDoesNotDenyIt) {
     BeginSignOut();
     FillForm(crimeLab);

@@ -8,6 +8,7 @@
 #include "tests/support/TestLocations.h"
 #include "tests/support/ui/GeometryWalk.h"
 #include "tests/support/ui/QtTestMain.h"
+#include "tests/support/ui/WhileFormOpen.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatDropdown.h"
@@ -18,11 +19,9 @@
 #include "ui/platform/Strings.h"
 
 #include <QLineEdit>
-#include <QTimer>
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <memory>
 
 namespace quellbrook::testing {
@@ -299,18 +298,8 @@ TEST_F(LocationEditorTest, NothingCannotBeEditedOrAddedTo) {
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
-// Runs while the dialog is open, and then closes it.
-void WhileOpen(std::function<void(frmAddEditLocation&)> act) {
-    QTimer::singleShot(0, qApp, [act = std::move(act)] {
-        auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
-        ASSERT_NE(form, nullptr);
-        act(*form);
-        form->close();
-    });
-}
-
 TEST_F(LocationEditorTest, TheDialogReturnsTheNewLocation) {
-    WhileOpen([](frmAddEditLocation& form) {
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation& form) {
         Find<FlatTextbox>(form, "txtName")->SetText("Crate");
         Find<FlatButton>(form, "btnSave")->Click();
     });
@@ -321,15 +310,15 @@ TEST_F(LocationEditorTest, TheDialogReturnsTheNewLocation) {
 }
 
 TEST_F(LocationEditorTest, ACanceledDialogReturnsNothingAndIsGone) {
-    WhileOpen([](frmAddEditLocation&) {});
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) {});
     EXPECT_EQ(GetDialogs().AddLocation(m_tree.Find(m_tree.room)), nullptr);
     EXPECT_EQ(ModuleForm::Count(), 0);
-    WhileOpen([](frmAddEditLocation& form) { testing::Press(&form, Qt::Key_Escape); });
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation& form) { testing::Press(&form, Qt::Key_Escape); });
     EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
 }
 
 TEST_F(LocationEditorTest, TheDialogTellsWhetherTheUserSaved) {
-    WhileOpen([](frmAddEditLocation& form) { Find<FlatButton>(form, "btnSave")->Click(); });
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation& form) { Find<FlatButton>(form, "btnSave")->Click(); });
     EXPECT_TRUE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
 }
 
