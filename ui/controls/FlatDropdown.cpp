@@ -28,6 +28,7 @@ constexpr int ArrowSize = 20;
 constexpr int EntryHeight = 32;
 constexpr int MostVisible = 12;
 
+// The current entry follows the pointer, so only that one is highlighted.
 class EntryDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -38,7 +39,7 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         GuardPainting([&] {
-            const bool chosen = option.state & (QStyle::State_Selected | QStyle::State_MouseOver);
+            const bool chosen = option.state & QStyle::State_Selected;
             painter->fillRect(option.rect, Theme::Get(chosen ? Theme::Color::Highlight : Theme::Color::Window));
             painter->setFont(option.font);
             painter->setPen(Theme::Get(chosen ? Theme::Color::HighlightText : Theme::Color::Text));

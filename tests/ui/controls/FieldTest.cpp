@@ -195,6 +195,29 @@ TEST_F(FlatDropdownTest, ArrowKeysAndTypingChoose) {
     EXPECT_EQ(m_clicks, 3);
 }
 
+TEST_F(FlatDropdownTest, OnlyOneEntryOfTheListIsHighlighted) {
+    Fill();
+    ShowActive(m_window);
+    m_dropdown.Box()->showPopup();
+    QAbstractItemView* list = m_dropdown.Box()->view();
+    const auto place = [&](int row) { return list->visualRect(list->model()->index(row, 0)); };
+    const auto highlighted = [&] {
+        const QImage picture = Grab(*list->viewport());
+        std::vector<int> rows;
+        for (int row = 0; row < m_dropdown.Count(); ++row)
+            if (PixelAt(picture, place(row).topLeft()) == Theme::Get(Theme::Color::Highlight)) rows.push_back(row);
+        return rows;
+    };
+    QTest::mouseMove(list->viewport(), place(0).center());
+    QTest::mouseMove(list->viewport(), place(1).center());
+    EXPECT_EQ(highlighted(), std::vector<int>{1});
+    Press(list, Qt::Key_Down);
+    EXPECT_EQ(highlighted(), std::vector<int>{2});
+    QTest::mouseMove(list->viewport(), place(3).center());
+    EXPECT_EQ(highlighted(), std::vector<int>{3});
+    m_dropdown.Box()->hidePopup();
+}
+
 TEST_F(FlatDropdownTest, TheWheelDoesNotChangeTheChoice) {
     Fill();
     m_dropdown.SetListIndex(1);
