@@ -20,9 +20,11 @@ const std::string bestText =
 
 }  // namespace
 
+Statement BestDescription(Baseline& baseline) { return baseline.Prepare(bestText); }
+
 void MeasureDescriptions(Baseline& baseline, std::vector<Result>& results) {
     for (const char* const words : {"red handles", "silver", "no such thing"}) {
-        Statement statement = baseline.Prepare(bestText);
+        Statement statement = BestDescription(baseline);
         const std::string pattern = "%" + std::string(words) + "%";
         size_t count = 0;
         const PairedTimes times = MeasurePair(

@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <stdexcept>
 #include <string>
 
 namespace quellbrook::bench {
@@ -59,6 +60,12 @@ std::string MinimalText(const Lookup& lookup) {
 bool IsPlain(const std::string& value) { return !value.empty() && value.find('*') == std::string::npos; }
 
 }  // namespace
+
+Statement BestLookup(Baseline& baseline, NumberSearchTypes type) {
+    for (const Lookup& lookup : Lookups())
+        if (lookup.type == type) return baseline.Prepare(MinimalText(lookup));
+    throw std::invalid_argument("There is no baseline for this type of number.");
+}
 
 void MeasureLookups(Baseline& baseline, std::vector<Result>& results) {
     for (const Lookup& lookup : Lookups()) {

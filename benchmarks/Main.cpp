@@ -55,7 +55,8 @@ void MeasureIn(const std::string& path, MeasureRows measure, std::vector<bench::
 
 void MeasureShellOn(const std::string& path, bool quick, std::vector<bench::Result>& results) {
     Open(path);
-    bench::MeasureShell(quick, results);
+    bench::Baseline baseline(path);
+    bench::MeasureShell(quick, baseline, results);
     HostServices::Current().SetEngine(nullptr);
 }
 

@@ -59,8 +59,9 @@ void PrintTable(const std::vector<Result>& results) {
     for (const Result& result : results) {
         const std::string baseline = result.baseline ? fmt::format("{:.1f} {}", *result.baseline, result.unit) : "";
         const std::string ratio = result.baseline ? fmt::format("{:.2f}", result.Ratio()) : "";
+        const std::string bar = result.bar ? fmt::format("{:.4g}", *result.bar) : "";
         fmt::print("{:<58} {:>8} {:>12} {:>12} {:>7} {:>7}  {}\n", result.name, result.n,
-                   fmt::format("{:.1f} {}", result.ours, result.unit), baseline, ratio, result.bar,
+                   fmt::format("{:.1f} {}", result.ours, result.unit), baseline, ratio, bar,
                    result.IsWithinBar() ? "yes" : "NO");
     }
 }
@@ -76,7 +77,8 @@ void WriteJson(const std::vector<Result>& results, const std::string& path) {
                     "\"ratio\": {}, \"bar\": {}, \"holds\": {}}}",
                     result.name, result.n, result.unit, result.ours,
                     result.baseline ? fmt::format("{:.3f}", *result.baseline) : "null",
-                    result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null", result.bar, result.IsWithinBar());
+                    result.baseline ? fmt::format("{:.3f}", result.Ratio()) : "null",
+                    result.bar ? fmt::format("{:.4g}", *result.bar) : "null", result.IsWithinBar());
     }
     file << "\n]}\n";
 }

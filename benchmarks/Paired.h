@@ -14,10 +14,10 @@ struct Result {
     std::string unit;
     double ours = 0;
     std::optional<double> baseline;  // absent for an absolute bar
-    double bar = 0;                  // upper bound of ours / baseline, or of ours
+    std::optional<double> bar;       // upper bound of ours / baseline, or of ours; absent if it is only reported
 
     double Ratio() const { return baseline ? ours / *baseline : 0; }
-    bool IsWithinBar() const { return baseline ? Ratio() <= bar : ours <= bar; }
+    bool IsWithinBar() const { return !bar || (baseline ? Ratio() : ours) <= *bar; }
 };
 
 // Alternates between both in batches of `batch` operations, so that other load on the machine affects both equally.

@@ -3,8 +3,12 @@
 #include "benchmarks/Baseline.h"
 #include "benchmarks/Paired.h"
 
+#include "data/StoredItemQuery.h"
+
 #include <string>
 #include <vector>
+
+class QWidget;
 
 namespace quellbrook::bench {
 
@@ -18,12 +22,18 @@ void MeasureManyHits(Baseline& baseline, std::vector<Result>& results);
 void MeasureTransfers(Baseline& baseline, std::vector<Result>& results);
 void MeasureChain(Baseline& baseline, std::vector<Result>& results);
 void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
-// Whether dialogs and views stay fast and free their memory.
-void MeasureShell(bool quick, std::vector<Result>& results);
+// Whether dialogs and views stay fast and free their memory; then MeasureExplorer.
+void MeasureShell(bool quick, Baseline& baseline, std::vector<Result>& results);
+// What the user waits for in the explorer of a visible shell.
+void MeasureExplorer(QWidget& shell, Baseline& baseline, std::vector<Result>& results);
 // The cost of the keyboard hook for an event that is not a key. Requires an application without a hook.
 void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
+
+// The best statements for a number and for a description. Bind the value or the pattern as parameter 1.
+Statement BestLookup(Baseline& baseline, NumberSearchTypes type);
+Statement BestDescription(Baseline& baseline);
 
 // The location with about 190 items.
 int32_t UsualLocation(Baseline& baseline);

@@ -1,5 +1,5 @@
 #include "benchmarks/Rows.h"
-
+#include "benchmarks/Yardstick.h"
 #include "component/Quellbrook.h"
 #include "core/Actions.h"
 #include "core/Stores.h"
@@ -8,8 +8,6 @@
 #include "ui/controls/FlatButton.h"
 
 #include <QApplication>
-#include <QImage>
-#include <QPainter>
 #include <QTimer>
 #include <QWidget>
 
@@ -18,7 +16,6 @@
 #include <optional>
 
 #include <malloc.h>
-#include <time.h>
 
 namespace quellbrook::bench {
 
@@ -58,27 +55,6 @@ void Settle() {
 double Median(std::vector<double> values) {
     std::nth_element(values.begin(), values.begin() + share / 2, values.end());
     return values[share / 2];
-}
-
-// The processor time of this thread: other programs on the machine do not count.
-double MicrosecondsOf(const std::function<void()>& operation) {
-    const auto now = [] {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
-    };
-    const double start = now();
-    operation();
-    return now() - start;
-}
-
-// Constant work: Qt paints a text many times. Its time indicates the current speed of the machine. On a shared machine,
-// the speed can change by a factor of two during the run.
-void PaintYardstick() {
-    static QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    for (int y = 0; y < 600; y += 4)
-        painter.drawText(QRect(0, y, 800, 40), Qt::AlignCenter, QStringLiteral("Evidence"));
 }
 
 struct Pace {
@@ -126,7 +102,7 @@ std::shared_ptr<ObjectList> SomeItems() {
 
 }  // namespace
 
-void MeasureShell(bool quick, std::vector<Result>& results) {
+void MeasureShell(bool quick, Baseline& baseline, std::vector<Result>& results) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int argumentCount = 1;
     std::array<char*, 2> arguments{const_cast<char*>("quellbrook_bench"), nullptr};
@@ -164,6 +140,8 @@ void MeasureShell(bool quick, std::vector<Result>& results) {
                 Settle();
             },
             results);
+        GetActions().CancelTransaction();
+        MeasureExplorer(*shell, baseline, results);
     }
     environment.reset();
     Shutdown();
