@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/Termination.h"
+#include "demo/tour/ExplorerScenario.h"
 #include "demo/tour/TourPlayer.h"
 #include "demo/tour/TransferScenario.h"
 
@@ -17,6 +18,7 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
     // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
     QApplication::setKeyboardInputInterval(keyPause);
     TourPlayer player(window, directory, databasePath);
+    PlanExplorerScenario(player);
     PlanTransferScenario(player);
     player.Start();
     QApplication::exec();

@@ -1,7 +1,6 @@
 #include "demo/tour/TransferScenario.h"
 
-#include "demo/sample/SampleDepartment.h"
-#include "demo/tour/TourPlayer.h"
+#include "demo/tour/Scenario.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -18,7 +17,6 @@ const QString suitcase = QStringLiteral("2026-0388-09");
 const QString car = QStringLiteral("KTR4821 (OR)");
 const QStringList batch = {wheel, suitcase, car};
 const QString contents = QStringLiteral("explorer/ItemPane");
-const QString tree = QStringLiteral("explorer/LocationPane");
 
 QString Joined(const QStringList& texts) { return texts.join(QStringLiteral(", ")); }
 
@@ -30,13 +28,11 @@ constexpr const char* countOfBatchAt =
     "i.CurrTrackSeq WHERE i.RegNumber = 'KTR4821') AS b INNER JOIN StorageLocation s ON s.IdNo = b.StorageLocNo WHERE "
     "s.Name = ";
 
-class Scenario {
+class TransferScenario : Scenario {
 public:
-    explicit Scenario(TourPlayer& player) : m_player(player) {}
+    explicit TransferScenario(TourPlayer& player) : Scenario(player) {}
 
     void Plan() {
-        LogIn();
-        VisitAnotherTab("explorer-again", "explorer");
         m_player.Step("location");
         OpenLocation({"Impound Lot", "Row 2"});
         ScanItem();
@@ -54,75 +50,6 @@ public:
     }
 
 private:
-    void Click(const QString& what, const QString& path) {
-        m_player.Click(what, [path] { return SpotOf(Find(path)); });
-    }
-
-    void ExpectText(const QString& what, const QString& path, const QString& expected) {
-        m_player.Expect(
-            what, [path] { return TextOf(path); }, expected);
-    }
-
-    void LogIn() {
-        const SampleAccount& account = SampleAccounts().front();
-        m_player.Step("login");
-        m_player.Wait("The window is open and active",
-                      [&window = m_player.Window()] { return window.isActiveWindow(); });
-        m_player.Expect(
-            "The window's title", [&window = m_player.Window()] { return window.windowTitle(); },
-            QStringLiteral("Quellbrook - ") + SampleNames::AgencyName);
-        ExpectText("The login form shows the account", "loginForm/account0", QString::fromStdString(account.username));
-        Click("the field for the user name", "loginForm/username");
-        m_player.Type(QString::fromStdString(account.username));
-        m_player.Press("Tab");
-        m_player.Type(QString::fromStdString(account.password));
-        ExpectText("The user name typed", "loginForm/username", QString::fromStdString(account.username));
-        m_player.Wait("The password is typed", [account] {
-            return TextOf(QStringLiteral("loginForm/password")) == QString::fromStdString(account.password);
-        });
-
-        m_player.Step("explorer");
-        Click("the button Log In", "loginForm/logIn");
-        ExpectText("The user shown", "loggedInAs", QString::fromStdString(account.username));
-        ExpectText("The displayed location", "explorer/lblTitle", "Sign-In Locations");
-    }
-
-    // Opens the locations from the outermost inward. The arrow key expands a container.
-    void OpenLocation(const QStringList& names) {
-        for (const QString& name : names) {
-            m_player.Click("the location " + name, [name] {
-                QAbstractItemView* view = FindView(tree);
-                return SpotOf(view, FindRow(view, name));
-            });
-            ExpectText("The location opened", "explorer/lblTitle", name);
-            if (name == names.back()) break;
-            m_player.Press("Right");
-            m_player.Wait(name + " is expanded", [name] {
-                QAbstractItemView* view = FindView(tree);
-                return IsExpanded(view, FindRow(view, name));
-            });
-        }
-    }
-
-    static QStringList VisibleViews() {
-        QStringList names;
-        for (const char* name : {"explorer", "cart", "itemView", "loading"}) {
-            if (Find(QStringLiteral("content/") + name)) names.push_back(name);
-        }
-        return names;
-    }
-
-    // Shows another tab of the host and comes back to the view.
-    void VisitAnotherTab(const QString& stepName, const QString& view) {
-        m_player.Step(stepName);
-        Click("the button Labels and Scanner", "hostTabStrip/scannerPageButton");
-        m_player.Wait("The other tab is shown", [] { return Find(QStringLiteral("scannerPage")) != nullptr; });
-        m_player.Click("the tab Evidence",
-                       [] { return SpotOfPart(Find(QStringLiteral("hostTabs")), QStringLiteral("Evidence")); });
-        m_player.Expect(
-            "The visible views", [] { return Joined(VisibleViews()); }, view);
-    }
-
     void ScanItem() {
         m_player.Step("scanned-item");
         m_player.Scan([&kept = m_player.Rows()] {
@@ -186,28 +113,13 @@ private:
         ExpectText("The number of items", "cart/lblItemCount", " (3)");
     }
 
-    // Opens the dropdown and clicks the entry.
-    void PickByMouse(const QString& field, const QString& entry) {
-        Click("the field " + field, "cart/" + field);
-        m_player.Click("the entry " + entry, [entry] {
-            QAbstractItemView* list = OpenDropdownList();
-            return SpotOf(list, FindRow(list, entry));
-        });
-        ExpectChosen(field, entry);
-    }
-
     // Opens the dropdown, types the start of the entry and presses Enter.
     void PickByKeys(const QString& field, const QString& beginning, const QString& entry) {
         Click("the field " + field, "cart/" + field);
         m_player.Wait("The list of " + field + " is open", [] { return OpenDropdownList() != nullptr; });
         m_player.Type(beginning);
         m_player.Press("Return");
-        ExpectChosen(field, entry);
-    }
-
-    void ExpectChosen(const QString& field, const QString& entry) {
-        m_player.Expect(
-            "Chosen in " + field, [field] { return ChosenIn(QStringLiteral("cart/") + field); }, entry);
+        ExpectChosen("cart/" + field, entry);
     }
 
     void Transfer(const QString& stepName, const QString& button, const char* location, int32_t rows) {
@@ -217,10 +129,8 @@ private:
         m_player.Expect(
             "Custody rows written since the start",
             [&kept = m_player.Rows()] { return QString::number(kept.Written().size()); }, QString::number(rows));
-        const std::string select = std::string(countOfBatchAt) + "'" + location + "'";
-        m_player.Expect(
-            QStringLiteral("Items of the batch that the database has at %1").arg(location),
-            [&kept = m_player.Rows(), select] { return QString::fromStdString(ToTextOrEmpty(kept.Ask(select))); }, "3");
+        ExpectStored(QStringLiteral("Items of the batch that the database has at %1").arg(location),
+                     std::string(countOfBatchAt) + "'" + location + "'", "3");
     }
 
     void SignOut() {
@@ -233,10 +143,10 @@ private:
         m_player.Step("form-filled");
         Click("the button OK", "grpButtons/button");
         m_player.Wait("The message is closed", [] { return QApplication::activeModalWidget() == nullptr; });
-        PickByMouse("locationField", QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints");
+        PickByMouse("cart/locationField", QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints");
         PickByKeys("receivedFromField", "Raman", "Raman, Priya (Evidence Technician)");
         PickByKeys("receivedByField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
-        PickByMouse("reasonField", "Laboratory analysis");
+        PickByMouse("cart/reasonField", "Laboratory analysis");
         Transfer("signed-out", "Sign Out", "Latent Prints", 3);
         m_player.Step("at-the-lab");
         OpenLocation({"Crime Lab", "Latent Prints"});
@@ -249,8 +159,8 @@ private:
         m_player.Step("form-sign-in-filled");
         PickByKeys("receivedFromField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
         PickByKeys("receivedByField", "Raman", "Raman, Priya (Evidence Technician)");
-        PickByMouse("locationField", QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2");
-        PickByMouse("reasonField", "Returned from analysis");
+        PickByMouse("cart/locationField", QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2");
+        PickByMouse("cart/reasonField", "Returned from analysis");
         Transfer("signed-in", "Sign In", "Row 2", 6);
         m_player.Step("back-in-storage");
         OpenLocation({"Row 2"});
@@ -277,12 +187,10 @@ private:
         Click("the cross", "itemView/lnkClose");
         ExpectText("The displayed location", "explorer/lblTitle", location);
     }
-
-    TourPlayer& m_player;
 };
 
 }  // namespace
 
-void PlanTransferScenario(TourPlayer& player) { Scenario(player).Plan(); }
+void PlanTransferScenario(TourPlayer& player) { TransferScenario(player).Plan(); }
 
 }  // namespace quellbrook

@@ -67,7 +67,7 @@ QWidget* Find(const QString& path) {
 
 QString TextOf(const QWidget* widget) {
     if (!widget) return {};
-    for (const char* name : {"Caption", "text"}) {
+    for (const char* name : {"Caption", "Text", "text"}) {
         const QVariant value = widget->property(name);
         if (value.isValid()) return value.toString();
     }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "demo/tour/TourPlayer.h"
+
+namespace quellbrook {
+
+// Base class of the tour's scenarios: moves that several of them need. Paths are those of tour::Find.
+class Scenario {
+protected:
+    explicit Scenario(TourPlayer& player) : m_player(player) {}
+    ~Scenario() = default;
+
+    void Click(const QString& what, const QString& path);
+    void ExpectText(const QString& what, const QString& path, const QString& expected);
+    // Opens the locations from the outermost inward. The arrow key expands a container.
+    void OpenLocation(const QStringList& names);
+    // Shows another tab of the host and comes back to the view.
+    void VisitAnotherTab(const QString& stepName, const QString& view);
+    // Opens the dropdown and clicks the entry.
+    void PickByMouse(const QString& path, const QString& entry);
+    void ExpectChosen(const QString& path, const QString& entry);
+    // Waits for the first value that the query gives on a separate connection.
+    void ExpectStored(const QString& what, const std::string& query, const QString& expected);
+
+    TourPlayer& m_player;
+};
+
+}  // namespace quellbrook
