@@ -58,7 +58,7 @@ void Label::SetTextAlignment(Qt::Alignment alignment) {
 
 QSize Label::sizeHint() const {
     const TextBlock block(m_caption, AmbientFont(m_type, *this));
-    return QSize(block.Width(), block.Height());
+    return QSize(block.Width(), block.Height()).grownBy(contentsMargins());
 }
 
 int Label::heightForWidth(int width) const {
@@ -81,7 +81,7 @@ void Label::Layout() {
 }
 
 QRect Label::ShownRect() const {
-    QRect shown = rect();
+    QRect shown = contentsRect();
     int left = 0;  // of the label in the parent
     for (const QWidget* widget = this; !widget->isWindow() && widget->parentWidget(); widget = widget->parentWidget()) {
         left += widget->x();

@@ -10,7 +10,7 @@ namespace quellbrook {
 // Plain text, never markup. A label with AutoSize has the width and height of its one-line text; with WordWrap as well,
 // it keeps its width and has the height of the wrapped text. Text that does not fit, or that extends beyond the side of
 // a parent, ends in an ellipsis, and a tooltip shows all of it. The font comes from the label's type unless setFont on
-// the label or a parent overrides it.
+// the label or a parent overrides it. Contents margins, set before the caption, indent a one-line text.
 class Label : public Control {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE SetCaption)

@@ -61,7 +61,9 @@ void Link::paintEvent(QPaintEvent*) {
         }
         int left = 0;
         if (IconSize() > 0) {
-            painter.drawPixmap(0, (height() - IconSize()) / 2, Icons::Pixmap(IconName(), IconSize(), ink, ratio));
+            const int iconLeft = Caption().isEmpty() ? (width() - IconSize()) / 2 : 0;
+            painter.drawPixmap(iconLeft, (height() - IconSize()) / 2,
+                               Icons::Pixmap(IconName(), IconSize(), ink, ratio));
             left = IconSize() + IconGap;
         }
         QFont font = Theme::Font(Theme::Type::LinkText);

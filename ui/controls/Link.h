@@ -4,8 +4,8 @@
 
 namespace quellbrook {
 
-// A caption with an optional icon before it, sized to both. Underlined while the pointer is over it. The caption
-// U+2715 is drawn as a closing cross.
+// A caption with an optional icon before it, sized to both, or an icon alone, centered. Underlined while the pointer is
+// over it. The caption U+2715 is drawn as a closing cross.
 class Link : public Pressable {
     Q_OBJECT
 

@@ -101,8 +101,10 @@ void ListView::SetIconSize(int pixels, double rowFactor, int picture) {
 
 void ListView::SetIconColumn(int column) {
     m_iconColumn = column;
-    m_tree->textColumn = column == 0 ? 1 : 0;
+    SetSearchColumn(column == 0 ? 1 : 0);
 }
+
+void ListView::SetSearchColumn(int column) { m_tree->textColumn = column; }
 
 void ListView::SetCheckBoxes(bool boxes) {
     m_checkBoxes = boxes;
@@ -188,10 +190,8 @@ void ListView::ToggleRow(int row) {
 }
 
 void ListView::PressBox(Qt::MouseButton button, const QPoint& at) {
-    const int left = m_tree->header()->sectionViewportPosition(m_iconColumn);
-    const bool onColumn = at.x() >= left && at.x() < left + m_tree->columnWidth(m_iconColumn);
-    const int row = HitTest(at);
-    if (m_checkBoxes && button == Qt::LeftButton && onColumn && row >= 0) ToggleRow(row);
+    const int row = HitTestIcon(at);
+    if (m_checkBoxes && button == Qt::LeftButton && row >= 0) ToggleRow(row);
 }
 
 QString ListView::CellText(int row, int column) const { return Item(row)->text(column); }
@@ -241,6 +241,12 @@ int ListView::HitTest(const QPoint& viewportPosition) const {
     return index.isValid() ? index.row() : -1;
 }
 
+int ListView::HitTestIcon(const QPoint& viewportPosition) const {
+    const int left = m_tree->header()->sectionViewportPosition(m_iconColumn);
+    const int right = left + m_tree->columnWidth(m_iconColumn);
+    return viewportPosition.x() >= left && viewportPosition.x() <= right ? HitTest(viewportPosition) : -1;
+}
+
 ListView::Place ListView::CurrentPlace() const {
     Place place;
     for (int row = 0; row < RowCount(); ++row)
@@ -274,8 +280,8 @@ QRect ListView::MenuRow() const {
 
 int ListView::RowHeight() const { return m_tree->RowHeight(); }
 
-float ListView::TextWidth(const QString& text) const {
-    return ToTwips(quellbrook::TextWidth(m_tree->CellFont(false), text));
+float ListView::TextWidth(const QString& text, bool bold) const {
+    return ToTwips(quellbrook::TextWidth(m_tree->CellFont(bold), text));
 }
 
 void ListView::Layout() {

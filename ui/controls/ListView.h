@@ -48,6 +48,8 @@ public:
 
     // The column of the icons, initially the first. Set it before adding rows.
     void SetIconColumn(int column);
+    // The column in which typing searches, initially the first without icons. Set it after the icon column.
+    void SetSearchColumn(int column);
     // With boxes, a left press on a row's icon toggles its check mark, and Space toggles that of the current row.
     void SetCheckBoxes(bool boxes);
 
@@ -93,12 +95,14 @@ public:
     int CurrentRow() const;  // -1 if there is none
     void SetCurrentRow(int row);
     int HitTest(const QPoint& viewportPosition) const;  // -1 outside the rows
-    int RowHeight() const;                              // pixels
+    // The row whose icon cell, including both edges, is there; -1 if there is none.
+    int HitTestIcon(const QPoint& viewportPosition) const;
+    int RowHeight() const;  // pixels
     // Where a menu that a key has opened belongs: the current row if it is selected, otherwise the first selected row,
     // in the list's coordinates; empty if there is none.
     QRect MenuRow() const;
     // Width of a text in the cell font, in twips.
-    float TextWidth(const QString& text) const;
+    float TextWidth(const QString& text, bool bold = false) const;
 
     QTreeWidget* Tree() const;
 

@@ -1,6 +1,7 @@
 #include "tests/ui/controls/ControlsTest.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/Link.h"
+#include "ui/platform/Twips.h"
 
 #include <QFocusFrame>
 #include <QScrollArea>
@@ -155,6 +156,13 @@ TEST_F(LinkTest, AnIconAloneHasItsSizeAndCanBeClicked) {
     Click(&m_link);
     Press(&m_link, Qt::Key_Space);
     EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(LinkTest, AnIconAloneIsInTheMiddle) {
+    m_link.SetIcon("unselected", 24);
+    const QImage narrow = Grab(m_link);
+    m_link.SetWidth(ToTwips(44));
+    EXPECT_EQ(Grab(m_link).copy(10, 0, 24, 24), narrow);
 }
 
 TEST_F(LinkTest, TheClosingCrossIsDrawnAndNamed) {

@@ -27,6 +27,17 @@ TEST_F(LabelTest, OneLineFollowsItsTextsWidthAndHeight) {
     EXPECT_EQ(m_label.width(), 0);
 }
 
+TEST_F(LabelTest, ContentsMarginsIndentTheText) {
+    m_label.SetCaption("Shelf B");
+    const QImage plain = Grab(m_label);
+    const int width = m_label.width();
+    m_label.setContentsMargins(6, 0, 0, 0);
+    m_label.SetCaption("");
+    m_label.SetCaption("Shelf B");
+    EXPECT_EQ(m_label.width(), width + 6);
+    EXPECT_EQ(Grab(m_label).copy(6, 0, width, 20), plain);
+}
+
 TEST_F(LabelTest, AWrappingLabelKeepsItsWidthAndFollowsItsHeight) {
     m_label.SetWordWrap(true);
     m_label.SetWidth(3000);

@@ -75,6 +75,27 @@ TEST_F(IconColumnTest, APressOnABoxTogglesIt) {
     EXPECT_FALSE(m_list.RowChecked(0));
 }
 
+TEST_F(IconColumnTest, TheBoxReachesFromTheEdgeOfTheColumnBeforeToItsOwn) {
+    const int y = BoxOf(1).y();
+    for (const int x : {20, 37, 54}) EXPECT_EQ(m_list.HitTestIcon(QPoint(x, y)), 1) << x;
+    for (const int x : {19, 55}) EXPECT_EQ(m_list.HitTestIcon(QPoint(x, y)), -1) << x;
+    EXPECT_EQ(m_list.HitTestIcon(BoxOf(3)), -1) << "below the rows";
+    m_list.SetCheckBoxes(true);
+    Click(m_list.Tree()->viewport(), QPoint(54, y));
+    EXPECT_EQ(m_toggles, (Toggles{{1, true}}));
+}
+
+TEST_F(IconColumnTest, TypingSearchesTheColumnThatWasSet) {
+    m_list.SetSearchColumn(3);
+    m_list.setFocus();
+    testing::Type(m_list.Tree(), "2026-3");
+    EXPECT_EQ(m_list.CurrentRow(), 2);
+}
+
+TEST_F(IconColumnTest, BoldTextIsMeasuredInItsOwnWeight) {
+    EXPECT_GT(m_list.TextWidth("2026-0431, 2026-0417", true), m_list.TextWidth("2026-0431, 2026-0417"));
+}
+
 TEST_F(IconColumnTest, SpaceTogglesTheCurrentRow) {
     m_list.SetCheckBoxes(true);
     m_list.setFocus();
