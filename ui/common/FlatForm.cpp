@@ -36,7 +36,7 @@ void FlatForm::BuildTitlebar() {
     m_title = new Label(m_titlebar);
     m_title->setObjectName("lblTitle");
     m_title->SetType(Theme::Type::Section);
-    m_title->Move(ToTwips(Inset), ToTwips(CenteredIn(TitlebarHeight, Theme::LineHeight(Theme::Type::Section))));
+    m_title->Move(ToTwips(Inset - 1), ToTwips(CenteredIn(TitlebarHeight, Theme::LineHeight(Theme::Type::Section))));
 }
 
 void FlatForm::SetTitle(const QString& title) {
@@ -49,7 +49,7 @@ void FlatForm::SetTitleIcon(const char* iconName) {
     icon->setObjectName("Image1");
     icon->SetIcon(iconName, IconSize);
     icon->SetForeColor(Theme::Color::Link);
-    icon->Move(ToTwips(Inset), ToTwips(CenteredIn(TitlebarHeight, IconSize)));
+    icon->Move(ToTwips(Inset - 1), ToTwips(CenteredIn(TitlebarHeight, IconSize)));
     m_title->SetLeft(icon->Right() + ToTwips(IconToTitle));
 }
 

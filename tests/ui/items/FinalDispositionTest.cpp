@@ -147,6 +147,7 @@ TEST_F(FinalDispositionTest, TheFrameFollowsTheSizeOfTheForm) {
         EXPECT_EQ(Find(form, "shpBorder")->geometry(), QRect(QPoint(), size));
         EXPECT_EQ(Find<Control>(form, "grpTitlebar")->pos(), QPoint(1, 1));
         EXPECT_EQ(Find<Control>(form, "grpTitlebar")->width(), size.width() - 2);
+        EXPECT_EQ(Find(form, "lblTitle")->mapTo(&form, QPoint()).x(), Find(form, "Label5")->x());
         EXPECT_EQ(Find<Control>(form, "grpButtons")->geometry().bottom(), size.height() - 2);
         EXPECT_EQ(Find<Control>(form, "grpButtons")->width(), size.width() - 2);
         EXPECT_EQ(size.width() - Find<Control>(form, "btnSave")->geometry().right() - 2, 24);
