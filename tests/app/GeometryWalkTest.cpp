@@ -15,6 +15,7 @@
 #include "ui/common/Dialogs.h"
 #include "ui/common/ModalDialog.h"
 #include "ui/controls/FlatTabs.h"
+#include "ui/controls/FlatTextbox.h"
 
 #include <QAbstractItemView>
 #include <QTreeView>
@@ -158,7 +159,8 @@ TEST_P(EveryView, TheExplorerDuringABatch) {
 }
 
 TEST_P(EveryView, TheTransferForm) {
-    for (const int32_t type : {TransactionType::SignOut, TransactionType::SignIn, TransactionType::Move}) {
+    for (const int32_t type :
+         {TransactionType::SignOut, TransactionType::SignIn, TransactionType::Move, TransactionType::Dispose}) {
         BeginBatch(type);
         GetActions().NavigateTo("cart", nullptr);
         Walk();
@@ -166,6 +168,21 @@ TEST_P(EveryView, TheTransferForm) {
         Click(Find(*m_window, "logOut"));
         ServeEvents();
     }
+}
+
+TEST_P(EveryView, TheCheckIn) {
+    LogIn();
+    GetActions().NavigateTo("submitNewEvidence", nullptr);
+    Walk();
+    QWidget& view = *Find(*m_window, "submitNewEvidence");
+    for (const auto& [number, shown] : {std::pair("no such number", "grpNoResults"), {"*", "grpResults"}}) {
+        Find<FlatTextbox>(view, "search")->SetText(number);
+        Click(Find(view, "btnSearch"));
+        EXPECT_TRUE(Find(view, shown)->isVisible());
+        Walk();
+    }
+    Click(Find(view, "imgSelectAll"));
+    Walk();
 }
 
 TEST_P(EveryView, AnItem) {

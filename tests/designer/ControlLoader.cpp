@@ -26,6 +26,7 @@
 #include "ui/items/ActionTag.h"
 #include "ui/items/CartView.h"
 #include "ui/items/StoredItemView.h"
+#include "ui/items/SubmitEvidenceView.h"
 #include "ui/items/TrackingList.h"
 #include "ui/items/TrackingResult.h"
 #include "ui/locations/LocationPicker.h"
@@ -69,6 +70,7 @@ ControlLoader::ControlLoader() {
     Add<SearchResultRow>("SearchResultRow");
     Add<StatusTag>("StatusTag");
     Add<StoredItemView>("StoredItemView");
+    Add<SubmitEvidenceView>("SubmitEvidenceView");
     Add<TessarineDropdown>("TessarineDropdown");
     Add<Toast>("Toast");
     Add<TrackingList>("TrackingList");

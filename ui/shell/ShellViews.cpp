@@ -4,6 +4,7 @@
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/items/CartView.h"
 #include "ui/items/StoredItemView.h"
+#include "ui/items/SubmitEvidenceView.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/shell/LoadingView.h"
 
@@ -24,6 +25,7 @@ ShellViews StandardShellViews() {
         {ViewNames::Cart, "Cart", Make<CartView>},
         {ViewNames::ItemView, "Item Viewer", Make<StoredItemView>},
         {ViewNames::Loading, "Loading", Make<LoadingView>},
+        {ViewNames::SubmitNewEvidence, "Submit Evidence", Make<SubmitEvidenceView>},
     };
 }
 

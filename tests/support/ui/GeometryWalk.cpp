@@ -87,7 +87,8 @@ bool IsElement(QAccessible::Role role) {
     case QAccessible::ScrollBar:
     case QAccessible::Grip:
     case QAccessible::LayeredPane:
-    case QAccessible::Splitter: return false;
+    case QAccessible::Splitter:
+    case QAccessible::Whitespace: return false;
     default: return true;
     }
 }

@@ -32,17 +32,18 @@ TEST_F(ShellLifecycle, EveryViewExistsFromTheStartAndNoneIsVisible) {
     EXPECT_EQ(holder->Page(2)->objectName(), "viewHolder_Page");
 }
 
-TEST_F(ShellLifecycle, TheProductHasFourViewsWithTheseCaptions) {
+TEST_F(ShellLifecycle, TheProductHasFiveViewsWithTheseCaptions) {
     std::vector<std::pair<std::string, std::string>> views;
     for (const ShellView& view : StandardShellViews()) views.emplace_back(view.name, view.caption);
-    EXPECT_EQ(
-        views,
-        (std::vector<std::pair<std::string, std::string>>{
-            {"explorer", "Evidence Explorer"}, {"cart", "Cart"}, {"itemView", "Item Viewer"}, {"loading", "Loading"}}));
+    EXPECT_EQ(views, (std::vector<std::pair<std::string, std::string>>{{"explorer", "Evidence Explorer"},
+                                                                       {"cart", "Cart"},
+                                                                       {"itemView", "Item Viewer"},
+                                                                       {"loading", "Loading"},
+                                                                       {"submitNewEvidence", "Submit Evidence"}}));
     const EvidenceUI shell;
     const auto* holder = shell.findChild<FlatTabs*>("viewHolder");
-    ASSERT_EQ(holder->Count(), 4);
-    for (int page = 0; page < 4; ++page) {
+    ASSERT_EQ(holder->Count(), 5);
+    for (int page = 0; page < 5; ++page) {
         EXPECT_EQ(holder->Caption(page).toStdString(), views[page].second);
         const auto* view = holder->Page(page)->findChild<Control*>(QString::fromStdString(views[page].first));
         ASSERT_NE(view, nullptr) << views[page].first;
