@@ -172,6 +172,19 @@ def walk(user, password):
     click(find("table cell", "Row 2", locations))
     find("label", "Row 2")
     contents = find("tree", "Contents")
+    fill("Search", "text", "2026-0388*")
+    click(find("text", "Search"))
+    press("Return")
+    find("label", "Search Results")
+    find("label", "Property ID")
+    found = rows_of(find("list", "Search results"))
+    heard.expect("selected", found[0].name)
+    do(find("link", "More Results"), "Press")
+    choose_in_menu("Incident ID (7)", spoken)
+    find("label", "Incident ID")
+    click(find("table cell", "Row 2", locations))
+    find("link", "Edit")
+    find("link", "Print Location Label")
 
     click(find("table cell", "2026-0388-08", contents), button=3)
     choose_in_menu("Print barcode label", spoken)
@@ -207,7 +220,9 @@ def walk(user, password):
 
 
 def rows_of(container):
-    return [element for element in below(container) if element.getRoleName() == "list item" and is_showing(element)]
+    """The rows from top to bottom."""
+    rows = [element for element in below(container) if element.getRoleName() == "list item" and is_showing(element)]
+    return sorted(rows, key=lambda row: row.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).y)
 
 
 def start_again(path):
