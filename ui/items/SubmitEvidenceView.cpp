@@ -228,10 +228,12 @@ void SubmitEvidenceView::BuildColumnHeaders() {
             added->SetType(Theme::Type::TagText);
             added->SetForeColor(Theme::Color::GrayText);
             added->setContentsMargins(CellDelegate::TextMargin, 0, 0, 0);
-            added->SetTop(ToTwips(HeaderTop));
+            added->SetAutoSize(false);
+            added->Move(0, ToTwips(HeaderTop), 0, ToTwips(Theme::LineHeight(Theme::Type::TagText)));
         }
         Label* header = m_headers[static_cast<size_t>(column)];
         header->SetLeft(left);
+        header->SetWidth(m_list->ColumnWidth(column));
         header->SetCaption(caption + " ");
         header->show();
         left += m_list->ColumnWidth(column);

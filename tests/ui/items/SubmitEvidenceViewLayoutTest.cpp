@@ -89,6 +89,7 @@ TEST_F(SubmitEvidenceViewLayoutTest, TheCaptionsAreOverTheirColumns) {
             EXPECT_TRUE(header.isVisible());
             EXPECT_EQ(header.Caption(), captions[column]);
             EXPECT_EQ(header.x(), List()->x() + ColumnLeft(column));
+            EXPECT_EQ(header.width(), Tree()->columnWidth(column));
             EXPECT_LT(header.geometry().bottom(), Named("lnSeparator")->y());
         }
     };
@@ -179,7 +180,7 @@ TEST_F(SubmitEvidenceViewLayoutTest, OnlyWholeRowsAreShownAboveAHorizontalScroll
 TEST_F(SubmitEvidenceViewLayoutTest, NothingOverlapsOrIsCutOff) {
     AddItems(40);
     m_view->setAccessibleName("Submit Evidence");  // the shell's
-    for (const QSize& size : {QSize(1280, 760), QSize(960, 560)}) {
+    for (const QSize& size : {QSize(1280, 760), QSize(960, 560), QSize(800, 440)}) {
         Resize(size);
         for (const char* number : {"2026-0777", "nothing", "2026-0431"}) {
             Search(NumberSearchTypes::IncidentId, number);
