@@ -138,6 +138,20 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationIsDeletedAfterAQuestion) {
     EXPECT_THAT(NodeNames(), Not(Contains("Bin 1")));
 }
 
+TEST_F(EvidenceExplorerLocationsTest, WithItsLastRowTheListLosesTheFocusToTheTree) {
+    const int32_t crate = AddLocation("Crate", m_empty);
+    Show(m_empty);
+    FlatButton outside(m_window.get());
+    outside.show();
+    ClickRow("Crate");
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Run(MenuEntry::DeleteLocation);
+    m_screen.TakeMessages();
+    EXPECT_EQ(NameOf(crate), "");
+    EXPECT_EQ(m_list->RowCount(), 0);
+    EXPECT_TRUE(m_widget->hasFocus());
+}
+
 TEST_F(EvidenceExplorerLocationsTest, ACommandInTheMenuOfANodeMeansThatNode) {
     ShowShelf();
     m_screen.AnswerNext(MessageAnswer::Yes);

@@ -1,4 +1,5 @@
 #include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/controls/FlatButton.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
 #include "ui/style/Theme.h"
@@ -268,6 +269,24 @@ TEST_F(EvidenceExplorerTest, AHeldF5ReadsOnce) {
     EXPECT_EQ(m_list->RowCount(), 3);
     Press(m_list->Tree(), Qt::Key_F5);
     EXPECT_EQ(m_list->RowCount(), 4);
+}
+
+TEST_F(EvidenceExplorerTest, AListThatBecomesEmptyGivesTheFocusToTheTree) {
+    const int32_t item = AddItem("E-9", m_empty);
+    Show(m_empty);
+    FlatButton outside(m_window.get());
+    outside.show();
+    m_database.AddCustodyRow(StoredItemTypes::Property, item, m_shelf);
+    Press(m_list->Tree(), Qt::Key_F5);
+    EXPECT_EQ(m_list->RowCount(), 0);
+    EXPECT_TRUE(m_widget->hasFocus());
+
+    m_database.AddCustodyRow(StoredItemTypes::Property, item, m_empty);
+    m_explorer->Refresh();
+    m_list->Tree()->setFocus();
+    m_database.AddCustodyRow(StoredItemTypes::Property, item, m_shelf);
+    m_explorer->Refresh();
+    EXPECT_TRUE(m_widget->hasFocus());
 }
 
 TEST_F(EvidenceExplorerTest, ARootThatAppearsWithF5IsExpanded) {
