@@ -1,6 +1,7 @@
 #include "ui/accessibility/Accessibility.h"
 
 #include "ui/accessibility/DropdownBoxAccessible.h"
+#include "ui/accessibility/RowsAccessible.h"
 #include "ui/accessibility/TabBarAccessible.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTabs.h"
@@ -73,6 +74,11 @@ QAccessible::Role RoleOf(const Control* widget) {
     return QAccessible::Grouping;
 }
 
+bool IsPanelOfList(const Control& control) {
+    const auto* parent = qobject_cast<const Control*>(control.parentWidget());
+    return parent && parent->AccessibleRole() == QAccessible::List && qobject_cast<const GroupBox*>(&control);
+}
+
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     auto* box = qobject_cast<QComboBox*>(object);
     if (box && qobject_cast<FlatDropdown*>(box->parentWidget())) return new DropdownBoxAccessible(box);
@@ -81,6 +87,7 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     auto* control = qobject_cast<Control*>(object);
     if (!control) return nullptr;
     if (auto* pressable = qobject_cast<Pressable*>(control)) return new PressableAccessible(pressable);
+    if (IsPanelOfList(*control)) return new RowsAccessible(control);
     return new ControlAccessible(control, RoleOf(control));
 }
 

@@ -192,6 +192,25 @@ TEST_F(AccessibilityTest, TabsAreListedWithTheirStateAndCanBePressed) {
     EXPECT_EQ(list->child(2), nullptr);
 }
 
+TEST_F(AccessibilityTest, RowsOfAPanelInAListAreReadFromTopToBottom) {
+    auto* list = new GroupBox(&m_window);
+    list->SetAccessibleRole(QAccessible::List);
+    auto* panel = new GroupBox(list);
+    std::vector<Label*> rows;
+    for (const int top : {60, 20, 40, 0}) {
+        rows.push_back(new Label(panel));
+        rows.back()->SetCaption("at " + QString::number(top));
+        rows.back()->move(0, top);
+    }
+    const QAccessibleInterface* rowsOf = Of(*panel);
+    QStringList names;
+    for (int i = 0; i < rowsOf->childCount(); ++i) names.push_back(rowsOf->child(i)->text(QAccessible::Name));
+    EXPECT_EQ(names, QStringList({"at 0", "at 20", "at 40", "at 60"}));
+    EXPECT_EQ(rowsOf->indexOfChild(Of(*rows[0])), 3);
+    EXPECT_EQ(rowsOf->indexOfChild(Of(*rows[3])), 0);
+    EXPECT_EQ(rowsOf->indexOfChild(Of(*list)), -1);
+}
+
 TEST_F(AccessibilityTest, RowsOfAListReadTheirCellsAndMarks) {
     auto* list = new ListView(&m_window);
     list->AddColumn("icon", "", 600);
