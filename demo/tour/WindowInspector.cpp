@@ -133,7 +133,9 @@ QString ChosenIn(const QString& path) {
 
 QAbstractItemView* OpenDropdownList() {
     QWidget* popup = QApplication::activePopupWidget();
-    return popup && !OpenMenu() ? popup->findChild<QAbstractItemView*>() : nullptr;
+    if (!popup || OpenMenu()) return nullptr;
+    auto* list = qobject_cast<QAbstractItemView*>(popup);
+    return list ? list : popup->findChild<QAbstractItemView*>();
 }
 
 Spot SpotOf(QWidget* widget) {

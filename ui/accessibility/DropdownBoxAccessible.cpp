@@ -1,5 +1,7 @@
 #include "ui/accessibility/DropdownBoxAccessible.h"
 
+#include "ui/controls/FlatDropdown.h"
+
 #include <QAbstractItemView>
 #include <QComboBox>
 
@@ -7,6 +9,10 @@ namespace quellbrook {
 
 DropdownBoxAccessible::DropdownBoxAccessible(QComboBox* box)
     : QAccessibleWidget(box, QAccessible::ComboBox), m_box(box) {}
+
+QAbstractItemView* DropdownBoxAccessible::List() const {
+    return static_cast<const FlatDropdown*>(m_box->parentWidget())->List();
+}
 
 QString DropdownBoxAccessible::text(QAccessible::Text kind) const {
     return kind == QAccessible::Value ? m_box->currentText() : QAccessibleWidget::text(kind);
@@ -16,17 +22,18 @@ QAccessible::State DropdownBoxAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
     state.expandable = true;
     state.hasPopup = true;
-    state.expanded = m_box->view()->isVisible();
+    state.editable = m_box->isEditable();
+    state.expanded = List()->isVisible();
     state.collapsed = !state.expanded;
     return state;
 }
 
 QAccessibleInterface* DropdownBoxAccessible::child(int index) const {
-    return index == 0 ? QAccessible::queryAccessibleInterface(m_box->view()) : nullptr;
+    return index == 0 ? QAccessible::queryAccessibleInterface(List()) : nullptr;
 }
 
 int DropdownBoxAccessible::indexOfChild(const QAccessibleInterface* child) const {
-    return child && child->object() == m_box->view() ? 0 : -1;
+    return child && child->object() == List() ? 0 : -1;
 }
 
 QStringList DropdownBoxAccessible::actionNames() const {
@@ -37,7 +44,7 @@ QStringList DropdownBoxAccessible::actionNames() const {
 void DropdownBoxAccessible::doAction(const QString& name) {
     if (name != showMenuAction() && name != pressAction()) return QAccessibleWidget::doAction(name);
     if (!m_box->isEnabled()) return;
-    if (m_box->view()->isVisible())
+    if (List()->isVisible())
         m_box->hidePopup();
     else
         m_box->showPopup();

@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 
+class QAbstractItemView;
 class QComboBox;
 
 namespace quellbrook {
@@ -10,7 +11,7 @@ namespace quellbrook {
 // return the choice as the name.
 class DropdownBoxAccessible : public QAccessibleWidget {
 public:
-    explicit DropdownBoxAccessible(QComboBox* box);
+    explicit DropdownBoxAccessible(QComboBox* box);  // its parent is a FlatDropdown
 
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
@@ -22,6 +23,8 @@ public:
     void doAction(const QString& name) override;
 
 private:
+    QAbstractItemView* List() const;
+
     QComboBox* m_box;
 };
 

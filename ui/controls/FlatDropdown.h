@@ -2,16 +2,22 @@
 
 #include "ui/controls/Control.h"
 
+class QAbstractItemView;
 class QComboBox;
 
 namespace quellbrook {
 
-// A list to choose one entry from. An entry has a text and an integer. Typing selects an entry by its first letters.
+class DropdownBox;
+
+// A list to choose one entry from. An entry has a text and an integer.
 class FlatDropdown : public Control {
     Q_OBJECT
 
 public:
-    explicit FlatDropdown(QWidget* parent = nullptr);
+    // What typing does: it selects an entry by its first letters, or it shows the entries that contain the text.
+    enum class Typing { Selects, Filters };
+
+    explicit FlatDropdown(QWidget* parent = nullptr, Typing typing = Typing::Selects);
     std::string TypeName() const override { return "FlatDropdown"; }
 
     void Clear();  // does not raise Clicked
@@ -25,7 +31,8 @@ public:
     void SetListIndex(int index);
     void SetAccessibleCaption(const QString& name);
     void SetPlaceholder(const QString& text);  // shown while nothing is selected
-    QComboBox* Box() const { return m_box; }
+    QComboBox* Box() const;
+    QAbstractItemView* List() const;  // the list that opens
 
 signals:
     void Clicked();
@@ -38,7 +45,7 @@ protected:
 private:
     void RaiseClicked();
 
-    QComboBox* m_box;
+    DropdownBox* m_box;
     bool m_raised = false;  // Clicked was already raised for the user's current choice
 };
 

@@ -20,7 +20,8 @@ constexpr int noneIndex = 0;
 
 }  // namespace
 
-LocationPicker::LocationPicker(QWidget* parent) : Control(parent), m_cboLocations(new FlatDropdown(this)) {
+LocationPicker::LocationPicker(QWidget* parent)
+    : Control(parent), m_cboLocations(new FlatDropdown(this, FlatDropdown::Typing::Filters)) {
     m_cboLocations->setObjectName("cboLocations");
     setFocusProxy(m_cboLocations);
     setFocusPolicy(Qt::StrongFocus);

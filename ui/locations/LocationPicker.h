@@ -12,8 +12,9 @@ namespace quellbrook {
 class FlatDropdown;
 class PropertyBag;
 
-// A dropdown of the enabled locations of one category, each shown by its full path. The list is a snapshot: loading it
-// again reads the latest tree and clears the selection. The control is transparent and as tall as its dropdown.
+// A dropdown of the enabled locations of one category, each shown by its full path. Typing shows those whose path
+// contains the text. The list is a snapshot: loading it again reads the latest tree and clears the selection. The
+// control is transparent and as tall as its dropdown.
 class LocationPicker : public Control {
     Q_OBJECT
     Q_PROPERTY(QFont Font READ Font WRITE SetFont)

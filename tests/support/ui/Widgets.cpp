@@ -82,6 +82,14 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 void Type(QWidget* widget, const QString& text) { QTest::keyClicks(widget, text); }
 
+void SendKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window.windowHandle(), key, modifiers);
+}
+
+void SendText(QWidget& window, const char* text) {
+    for (; *text; ++text) QTest::keyClick(window.windowHandle(), *text);
+}
+
 void ServeEvents() {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();

@@ -50,6 +50,10 @@ void Press(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::N
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(QWidget* widget, const QString& text);
 
+// Keys as the platform sends them to the window: an open list or menu receives them instead.
+void SendKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void SendText(QWidget& window, const char* text);
+
 // Processes the pending events.
 void ServeEvents();
 

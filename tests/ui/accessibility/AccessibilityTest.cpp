@@ -83,6 +83,32 @@ TEST_F(AccessibilityTest, ADropdownOpensAndClosesItsList) {
     EXPECT_FALSE(dropdown->Box()->view()->isVisible());
 }
 
+TEST_F(AccessibilityTest, ADropdownThatFiltersIsEditableAndHasTheListThatOpens) {
+    FlatDropdown dropdown(&m_window, FlatDropdown::Typing::Filters);
+    dropdown.SetAccessibleCaption("Container");
+    dropdown.AddItem("Vault", 1);
+    dropdown.SetListIndex(0);
+    ShowActive(m_window);
+    dropdown.setFocus();
+    QAccessibleInterface* box = Of(*dropdown.Box());
+    EXPECT_EQ(box->role(), QAccessible::ComboBox);
+    EXPECT_TRUE(box->state().focused);
+    EXPECT_TRUE(box->state().editable);
+    EXPECT_FALSE(Of(*(new FlatDropdown(&m_window))->Box())->state().editable);
+    SendText(m_window, "va");
+    EXPECT_EQ(box->text(QAccessible::Name), "Container");
+    EXPECT_EQ(box->text(QAccessible::Value), "va");
+    EXPECT_TRUE(box->state().expanded);
+    ASSERT_EQ(box->childCount(), 1);
+    EXPECT_EQ(box->child(0)->object(), dropdown.List());
+    EXPECT_TRUE(dropdown.List()->isVisible());
+    box->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(box->state().collapsed);
+    box->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(box->state().expanded);
+    dropdown.Box()->hidePopup();
+}
+
 TEST_F(AccessibilityTest, ADisabledDropdownOffersNoAction) {
     auto* dropdown = new FlatDropdown(&m_window);
     ShowActive(m_window);

@@ -199,7 +199,7 @@ TEST_F(FlatDropdownTest, OnlyOneEntryOfTheListIsHighlighted) {
     Fill();
     ShowActive(m_window);
     m_dropdown.Box()->showPopup();
-    QAbstractItemView* list = m_dropdown.Box()->view();
+    QAbstractItemView* list = m_dropdown.List();
     const auto place = [&](int row) { return list->visualRect(list->model()->index(row, 0)); };
     const auto highlighted = [&] {
         const QImage picture = Grab(*list->viewport());

@@ -1,0 +1,463 @@
+#include "base/Clock.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/ManualTimer.h"
+#include "tests/support/ui/Scanner.h"
+#include "tests/ui/controls/ControlsTest.h"
+#include "ui/controls/BarcodeListenerControl.h"
+#include "ui/controls/FlatDropdown.h"
+#include "ui/controls/FlatTextbox.h"
+#include "ui/platform/WidgetMessageHook.h"
+
+#include <QAbstractItemView>
+#include <QClipboard>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+
+#include <gmock/gmock.h>
+
+namespace quellbrook::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Keys and clicks go to the window as the platform sends them, so that an open list receives them first.
+class FilteringDropdownTest : public ControlsTest {
+protected:
+    FilteringDropdownTest() {
+        m_dropdown.Move(300, 300, 4500, ToTwips(Theme::FieldHeight));
+        m_next.Move(300, 6000);
+        for (const auto& [text, data] : std::vector<std::pair<QString, int>>{{"(None)", 0},
+                                                                             {"Crime Lab", 7},
+                                                                             {"Crime Lab \u00BB Biology", 8},
+                                                                             {"Crime Lab \u00BB Latent Prints", 9},
+                                                                             {"Zone 1 \u00BB Latent <b>*</b>", 10}})
+            m_dropdown.AddItem(text, data);
+        m_dropdown.SetListIndex(1);
+        QObject::connect(&m_dropdown, &FlatDropdown::Clicked, [this] { ++m_clicks; });
+        ShowActive(m_window);
+        m_next.setFocus();
+        m_dropdown.setFocus(Qt::TabFocusReason);
+    }
+
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { SendKey(m_window, key, modifiers); }
+    void TypeText(const char* text) { SendText(m_window, text); }
+    void ClickAt(QWidget& widget, const QPoint& at) {
+        QTest::mouseClick(m_window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          m_window.mapFromGlobal(widget.mapToGlobal(at)));
+        ServeEvents();  // a press that closes the list is sent again
+    }
+    void ClickText() { ClickAt(*m_box, QPoint(20, 18)); }
+
+    bool IsOpen() const { return m_dropdown.List()->isVisible(); }
+    QString Text() const { return m_box->currentText(); }
+    // The texts of the open list.
+    std::vector<std::string> Listed() const {
+        std::vector<std::string> texts;
+        const QAbstractItemModel& model = *m_dropdown.List()->model();
+        for (int row = 0; IsOpen() && row < model.rowCount(); ++row)
+            texts.push_back(model.index(row, 0).data().toString().toStdString());
+        return texts;
+    }
+    QString Highlighted() const { return m_dropdown.List()->currentIndex().data().toString(); }
+
+    void ExpectChoice(int index, int clicks) {
+        EXPECT_EQ(m_dropdown.ListIndex(), index);
+        EXPECT_EQ(Text(), m_dropdown.ItemText(index));
+        EXPECT_EQ(m_clicks, clicks);
+        EXPECT_FALSE(IsOpen());
+    }
+
+    FlatDropdown m_dropdown{&m_window, FlatDropdown::Typing::Filters};
+    FlatTextbox m_next{&m_window};
+    QComboBox* m_box = m_dropdown.Box();
+    int m_clicks = 0;
+};
+
+TEST_F(FilteringDropdownTest, TypingListsTheEntriesThatContainTheText) {
+    TypeText("lab");
+    EXPECT_EQ(Text(), "lab");
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab", "Crime Lab \u00BB Biology", "Crime Lab \u00BB Latent Prints"));
+    TypeText(" ");
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab", "Crime Lab \u00BB Biology", "Crime Lab \u00BB Latent Prints"));
+    Key(Qt::Key_A, Qt::ControlModifier);
+    TypeText("LATENT");
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab \u00BB Latent Prints", "Zone 1 \u00BB Latent <b>*</b>"));
+    EXPECT_EQ(m_dropdown.ListIndex(), 1);
+    EXPECT_EQ(m_clicks, 0);
+}
+
+TEST_F(FilteringDropdownTest, ATextThatMatchesNothingClosesTheListUntilItMatchesAgain) {
+    TypeText("biox");
+    EXPECT_EQ(Text(), "biox");
+    EXPECT_FALSE(IsOpen());
+    Key(Qt::Key_Backspace);
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab \u00BB Biology"));
+}
+
+TEST_F(FilteringDropdownTest, WithoutATextTheListShowsEverything) {
+    TypeText("b");
+    Key(Qt::Key_Backspace);
+    EXPECT_EQ(Text(), "");
+    EXPECT_EQ(Listed().size(), 5u);
+    EXPECT_EQ(Highlighted(), "Crime Lab");
+}
+
+TEST_F(FilteringDropdownTest, TheTextIsNoPattern) {
+    for (const char* text : {"*", "<b>", "<b>*</b>"}) {
+        Key(Qt::Key_A, Qt::ControlModifier);
+        TypeText(text);
+        EXPECT_THAT(Listed(), ElementsAre("Zone 1 \u00BB Latent <b>*</b>")) << text;
+    }
+    for (const char* text : {".", "?", "c*b", "%", "&lt;"}) {
+        Key(Qt::Key_A, Qt::ControlModifier);
+        TypeText(text);
+        EXPECT_THAT(Listed(), IsEmpty()) << text;
+    }
+}
+
+TEST_F(FilteringDropdownTest, EnterChoosesTheFirstMatch) {
+    TypeText("latent");
+    Key(Qt::Key_Return);
+    ExpectChoice(3, 1);
+    TypeText("bio");
+    Key(Qt::Key_Enter, Qt::KeypadModifier);
+    ExpectChoice(2, 2);
+}
+
+TEST_F(FilteringDropdownTest, TheArrowKeysMoveInTheOpenListAndStopAtItsEnds) {
+    TypeText("latent");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Highlighted(), "Zone 1 \u00BB Latent <b>*</b>");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Highlighted(), "Zone 1 \u00BB Latent <b>*</b>");
+    EXPECT_EQ(Text(), "latent");
+    EXPECT_EQ(m_clicks, 0);
+    Key(Qt::Key_Return);
+    ExpectChoice(4, 1);
+}
+
+TEST_F(FilteringDropdownTest, AnEntryForNoChoiceIsHighlightedOnlyIfNothingElseMatches) {
+    TypeText("on");
+    EXPECT_THAT(Listed(), ElementsAre("(None)", "Zone 1 \u00BB Latent <b>*</b>"));
+    EXPECT_EQ(Highlighted(), "Zone 1 \u00BB Latent <b>*</b>");
+    Key(Qt::Key_A, Qt::ControlModifier);
+    TypeText("none");
+    EXPECT_EQ(Highlighted(), "(None)");
+    Key(Qt::Key_Return);
+    ExpectChoice(0, 1);
+}
+
+TEST_F(FilteringDropdownTest, AClickOnAMatchChoosesIt) {
+    TypeText("latent");
+    QAbstractItemView* list = m_dropdown.List();
+    const QPoint at = list->visualRect(list->model()->index(1, 0)).center();
+    QTest::mouseMove(list->viewport(), at);
+    EXPECT_EQ(Highlighted(), "Zone 1 \u00BB Latent <b>*</b>");
+    EXPECT_EQ(Text(), "latent");
+    Click(list->viewport(), at);
+    ExpectChoice(4, 1);
+}
+
+TEST_F(FilteringDropdownTest, AClickOnTheTextOrTheArrowOpensTheWholeListAndClosesIt) {
+    TypeText("biox");
+    for (const int x : {20, m_box->width() - 20}) {
+        ClickAt(*m_box, QPoint(x, 18));
+        EXPECT_EQ(Listed().size(), 5u);
+        EXPECT_EQ(Highlighted(), "Crime Lab");
+        EXPECT_EQ(Text(), "Crime Lab");
+        ClickAt(*m_box, QPoint(x, 18));
+        EXPECT_FALSE(IsOpen());
+    }
+    EXPECT_EQ(m_clicks, 0);
+}
+
+TEST_F(FilteringDropdownTest, OnlyAClickOnTheFieldDoesNothingElseThanCloseTheList) {
+    for (QWidget* clicked : {static_cast<QWidget*>(m_box), static_cast<QWidget*>(&m_next)}) {
+        ClickText();
+        ClickAt(*clicked, QPoint(20, 18));
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(m_dropdown.List()->testAttribute(Qt::WA_NoMouseReplay), clicked == m_box);
+    }
+}
+
+TEST_F(FilteringDropdownTest, TypingIntoTheWholeListFiltersIt) {
+    ClickText();
+    TypeText("bio");
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab \u00BB Biology"));
+}
+
+TEST_F(FilteringDropdownTest, KeysOpenAndCloseTheWholeList) {
+    Key(Qt::Key_F4);
+    EXPECT_EQ(Listed().size(), 5u);
+    Key(Qt::Key_F4);
+    EXPECT_FALSE(IsOpen());
+    Key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Listed().size(), 5u);
+    Key(Qt::Key_Return);
+    ExpectChoice(1, 1);
+}
+
+TEST_F(FilteringDropdownTest, ArrowKeysChangeTheChoiceWhileTheListIsClosed) {
+    Key(Qt::Key_Down);
+    ExpectChoice(2, 1);
+    EXPECT_EQ(m_box->lineEdit()->selectedText(), Text());
+    Key(Qt::Key_Up);
+    ExpectChoice(1, 2);
+}
+
+// Counts the keys that reach it because no child has handled them.
+class KeyCounter : public PlainControl {
+public:
+    using PlainControl::PlainControl;
+    std::vector<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
+};
+
+TEST_F(FilteringDropdownTest, EscapeAndEnterLeaveTheDropdownOnlyWhenNothingIsTypedAndTheListIsClosed) {
+    KeyCounter form(&m_window);
+    m_dropdown.setParent(&form);
+    form.resize(600, 300);
+    form.show();
+    m_dropdown.show();
+    m_dropdown.setFocus();
+    for (const char* typed : {"latent", "nothing"}) {
+        TypeText(typed);
+        ASSERT_EQ(Text(), typed);
+        Key(Qt::Key_Escape);
+        ExpectChoice(1, 0);
+        TypeText(typed);
+        Key(Qt::Key_Return);
+        EXPECT_FALSE(IsOpen());
+        m_dropdown.SetListIndex(1);
+        m_clicks = 0;
+    }
+    ClickText();
+    Key(Qt::Key_Escape);
+    ExpectChoice(1, 0);
+    EXPECT_THAT(form.keys, IsEmpty());
+    Key(Qt::Key_Escape);
+    Key(Qt::Key_Return);
+    EXPECT_THAT(form.keys, ElementsAre(Qt::Key_Escape, Qt::Key_Return));
+    m_dropdown.setParent(&m_window);
+}
+
+TEST_F(FilteringDropdownTest, LeavingKeepsTheChoiceUnlessTheTextIsThatOfOneEntry) {
+    for (const char* text : {"nothing", "latent", "lab", "biology", "crime lab", ""}) {
+        m_dropdown.setFocus();
+        TypeText(*text ? text : "x");
+        if (!*text) Key(Qt::Key_Backspace);
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(m_next.hasFocus()) << text;
+        ExpectChoice(1, 0);
+    }
+    m_dropdown.SetListIndex(4);
+    m_clicks = 0;
+    m_dropdown.setFocus();
+    TypeText("CRIME lab");
+    Key(Qt::Key_Tab);
+    ExpectChoice(1, 1);
+}
+
+TEST_F(FilteringDropdownTest, LeavingWithTheTextOfTwoEntriesKeepsTheChoice) {
+    m_dropdown.AddItem("Annex", 11);
+    m_dropdown.AddItem("Annex", 12);
+    TypeText("Annex");
+    m_next.setFocus();
+    ExpectChoice(1, 0);
+    m_dropdown.setFocus();
+    TypeText("annex");
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
+    ExpectChoice(6, 1);
+    m_next.setFocus();
+    ExpectChoice(6, 1);
+}
+
+TEST_F(FilteringDropdownTest, TheTextSurvivesAVisitToAnotherWindow) {
+    for (const char* text : {"crime lab ", "(None)"}) {
+        TypeText(text);
+        QWidget other;
+        ShowActive(other);
+        ASSERT_FALSE(m_box->hasFocus());
+        EXPECT_FALSE(IsOpen());
+        ShowActive(m_window);
+        EXPECT_TRUE(m_box->hasFocus());
+        EXPECT_EQ(Text(), text);
+        EXPECT_EQ(m_dropdown.ListIndex(), 1);
+        Key(Qt::Key_Escape);
+    }
+    ExpectChoice(1, 0);
+}
+
+TEST_F(FilteringDropdownTest, TheTextIsSelectedWhenTheFieldIsEntered) {
+    EXPECT_EQ(m_box->lineEdit()->selectedText(), "Crime Lab");
+    Key(Qt::Key_End);
+    EXPECT_EQ(m_box->lineEdit()->selectedText(), "");
+    m_next.setFocus();
+    ClickText();
+    EXPECT_EQ(m_box->lineEdit()->selectedText(), "Crime Lab");
+}
+
+TEST_F(FilteringDropdownTest, TheTextCanBeCopiedAndPasted) {
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Crime Lab");
+    QGuiApplication::clipboard()->setText("biology ");
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab \u00BB Biology"));
+}
+
+TEST_F(FilteringDropdownTest, TextOfAnInputMethodFilters) {
+    QInputMethodEvent commit;
+    commit.setCommitString("\u00BB B");
+    QCoreApplication::sendEvent(m_box, &commit);
+    EXPECT_THAT(Listed(), ElementsAre("Crime Lab \u00BB Biology"));
+}
+
+TEST_F(FilteringDropdownTest, FillingItAgainEndsTyping) {
+    TypeText("latent");
+    m_dropdown.Clear();
+    EXPECT_EQ(Text(), "");
+    EXPECT_FALSE(IsOpen());
+    m_dropdown.AddItem("Vault", 3);
+    m_dropdown.SetListIndex(0);
+    ExpectChoice(0, 1);
+    ClickText();
+    EXPECT_THAT(Listed(), ElementsAre("Vault"));
+}
+
+TEST_F(FilteringDropdownTest, AMatchIsFoundAmongThousandsOfEntries) {
+    for (int number = 1; number <= 5000; ++number) m_dropdown.AddItem(QString("Shelf %1").arg(number), 100 + number);
+    TypeText("shelf 4711");
+    EXPECT_THAT(Listed(), ElementsAre("Shelf 4711"));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(m_dropdown.ItemData(m_dropdown.ListIndex()), 4811);
+}
+
+TEST_F(FilteringDropdownTest, AScanIsNotTyped) {
+    ManualTimers timers(m_environment);
+    FixedClock clock;
+    m_environment->clock = &clock;
+    m_environment->makeMessageHook = MakeWidgetMessageHook;
+    PlainControl view(&m_window);
+    view.resize(50, 50);
+    auto* listener = new BarcodeListenerControl(&view);
+    std::vector<std::string> scans;
+    listener->BarcodeScanned().connect([&](int32_t, const std::string& data) { scans.push_back(data); });
+    view.show();
+    for (const bool opened : {false, true}) {
+        if (opened) ClickText();
+        Scan("P0000000123");
+        EXPECT_EQ(Text(), "Crime Lab");
+        EXPECT_EQ(timers.Tick(1), 1);
+        EXPECT_FALSE(IsOpen());
+        clock.Advance(150);
+    }
+    EXPECT_THAT(scans, ElementsAre("0000000123", "0000000123"));
+    ExpectChoice(1, 0);
+}
+
+// A dropdown at the same place with the same entries, without typing.
+class PlainTwin : public FlatDropdown {
+public:
+    explicit PlainTwin(const FlatDropdown& original) : FlatDropdown(original.parentWidget()) {
+        for (int index = 0; index < original.Count(); ++index)
+            AddItem(original.ItemText(index), original.ItemData(index));
+        Move(original.Left(), original.Top(), original.Width(), original.Height());
+        SetListIndex(original.ListIndex());
+        setEnabled(original.isEnabled());
+        show();
+    }
+};
+
+TEST_F(FilteringDropdownTest, WithoutTheFocusItLooksLikeAnyDropdown) {
+    m_dropdown.AddItem(QString("A location with a very long name ").repeated(3), 11);
+    m_next.setFocus();
+    for (const bool dark : {false, true}) {
+        Theme::Install(dark);
+        for (const int index : {-1, 1, 5}) {
+            for (const bool enabled : {true, false}) {
+                m_dropdown.SetListIndex(index);
+                m_dropdown.setEnabled(enabled);
+                PlainTwin twin(m_dropdown);
+                EXPECT_EQ(Grab(m_dropdown), Grab(twin)) << dark << " " << index << " " << enabled;
+            }
+        }
+    }
+    Theme::Install(false);
+}
+
+TEST_F(FilteringDropdownTest, OnlyTheKeyboardShowsThatTheTextIsSelected) {
+    m_dropdown.AddItem(QString("A location with a very long name ").repeated(3), 11);
+    m_dropdown.SetListIndex(5);
+    ClickText();
+    ClickText();
+    const QImage clicked = Grab(m_dropdown);
+    m_next.setFocus();
+    const QImage plain = Grab(m_dropdown);
+    EXPECT_EQ(clicked, plain);
+    m_dropdown.setFocus();
+    EXPECT_EQ(Grab(m_dropdown), plain);
+    Key(Qt::Key_Control);
+    const QImage after = Grab(m_dropdown);
+    m_next.setFocus();
+    m_dropdown.setFocus(Qt::BacktabFocusReason);
+    EXPECT_EQ(Grab(m_dropdown), after);
+    EXPECT_TRUE(HasColor(after, after.rect(), Theme::Get(Theme::Color::Highlight)));
+    for (const QRect& around : {QRect(0, 0, 11, 36), QRect(0, 0, 300, 8), QRect(m_box->width() - 30, 0, 30, 36)})
+        EXPECT_EQ(after.copy(around), plain.copy(around));
+}
+
+TEST_F(FilteringDropdownTest, TypedTextIsWhereTheChoiceWas) {
+    QLineEdit* edit = m_box->lineEdit();
+    edit->setReadOnly(true);  // without the cursor
+    for (const int width : {300, 250}) {
+        m_dropdown.SetListIndex(width == 300 ? 2 : 3);
+        Key(Qt::Key_Home);
+        m_dropdown.resize(width, m_dropdown.height());
+        ASSERT_TRUE(edit->isVisible());
+        const QImage edited = Grab(m_dropdown);
+        m_next.setFocus();
+        EXPECT_EQ(edited, Grab(m_dropdown));
+        m_dropdown.setFocus();
+    }
+}
+
+TEST_F(FilteringDropdownTest, ItsListIsPlacedLikeThatOfAnyDropdown) {
+    const auto place = [this](FlatDropdown& dropdown) {
+        dropdown.Box()->showPopup();
+        const QRect area = dropdown.List()->window()->geometry();
+        dropdown.Box()->hidePopup();
+        return area.translated(-dropdown.mapToGlobal(QPoint()));
+    };
+    const int bottom = m_window.height() - m_dropdown.height();
+    for (const auto& [entries, width] : {std::pair(0, 0), {1, 10}, {20, 10}, {20, 40}}) {
+        for (int entry = 0; entry < entries; ++entry) m_dropdown.AddItem(QString("wide ").repeated(width), 20);
+        for (const int y : {20, bottom}) {
+            m_dropdown.move(m_dropdown.x(), y);
+            PlainTwin twin(m_dropdown);
+            EXPECT_EQ(place(m_dropdown), place(twin)) << m_dropdown.Count() << " " << y;
+        }
+    }
+}
+
+TEST_F(FilteringDropdownTest, ItsListKeepsItsWidthAndFitsItsRowsWhileTyping) {
+    m_dropdown.AddItem(QString("wide ").repeated(10), 11);
+    ClickText();
+    const QSize all = m_dropdown.List()->size();
+    EXPECT_GT(all.width(), m_dropdown.width());
+    TypeText("latent");
+    EXPECT_EQ(m_dropdown.List()->size(), QSize(all.width(), all.height() - 4 * 32));
+    m_box->setFont(QFont(m_box->font().family(), 15));
+    TypeText(" ");
+    EXPECT_EQ(m_dropdown.List()->font(), m_box->font());
+    Key(Qt::Key_Escape);
+    ClickText();
+    EXPECT_GT(m_dropdown.List()->width(), all.width());
+}
+
+}  // namespace
+}  // namespace quellbrook::testing
