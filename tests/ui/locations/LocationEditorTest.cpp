@@ -18,7 +18,8 @@
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/Strings.h"
 
-#include <QLineEdit>
+#include <QAbstractItemView>
+#include <QComboBox>
 
 #include <gmock/gmock.h>
 
@@ -61,6 +62,8 @@ protected:
     FlatDropdown* Category() const { return Find<FlatDropdown>(*m_form, "cboType"); }
     std::string Title() const { return ToUtf8(Find<Label>(*m_form, "lblTitle")->Caption()); }
     void SetName(const QString& name) const { NameField()->SetText(name); }
+    std::string ContainerText() const { return ToUtf8(Container()->findChild<QComboBox*>()->currentText()); }
+    void Key(Qt::Key key) const { SendKey(*m_form, key); }
     void Choose(Types type) const {
         for (int i = 0; i < Category()->Count(); ++i)
             if (Category()->ItemData(i) == static_cast<int32_t>(type)) Category()->SetListIndex(i);
@@ -135,6 +138,18 @@ TEST_F(LocationEditorTest, EveryFieldHasANameAndAHint) {
     EXPECT_EQ(Find<Label>(*m_form, "Label1")->Caption(), "Location Name");
     EXPECT_EQ(Find<Label>(*m_form, "Label2")->Caption(), "Container");
     EXPECT_EQ(Find<Label>(*m_form, "Label6")->Caption(), "Category");
+    EXPECT_EQ(Find<Label>(*m_form, "Label4")->Caption(), "The name used to identify this location.");
+    EXPECT_EQ(Find<Label>(*m_form, "Label3")->Caption(), "The container that this location is grouped under.");
+    EXPECT_EQ(Find<Label>(*m_form, "Label5")->Caption(), "The type of location, which determines how it is treated.");
+    EXPECT_EQ(Find<FlatButton>(*m_form, "btnSave")->Caption(), "Save");
+    EXPECT_EQ(Find<FlatButton>(*m_form, "btnCancel")->Caption(), "Cancel");
+}
+
+TEST_F(LocationEditorTest, TheFrameFillsTheFormAndTheTitleBarIsInsideIt) {
+    Edit(m_tree.bin);
+    EXPECT_EQ(Find(*m_form, "shpBorder")->geometry(), m_form->rect());
+    const QWidget& titlebar = *Find(*m_form, "grpTitlebar");
+    EXPECT_EQ(titlebar.geometry().adjusted(-1, -1, 1, 0), QRect(0, 0, m_form->width(), titlebar.height() + 1));
 }
 
 TEST_F(LocationEditorTest, NothingOverlapsOrIsCutOff) {
@@ -166,6 +181,7 @@ TEST_F(LocationEditorTest, AnAdditionCreatesTheLocationInTheContainer) {
 
 TEST_F(LocationEditorTest, AnAdditionUnderARootIsAtTheTopOfItsCategory) {
     Add(m_tree.Root(Types::External));
+    EXPECT_EQ(ContainerText(), "(None)");
     EXPECT_EQ(ContainerId(), 0);
     SetName("Laboratory");
     Press("btnSave");
@@ -199,17 +215,24 @@ TEST_F(LocationEditorTest, ATakenNameIsReportedAndCanBeCorrected) {
     Press("btnSave");
     ExpectError("A location with the name 'shelf' already exists here.");
     EXPECT_EQ(m_form->Location(), nullptr);
+    EXPECT_EQ(NameField()->Text(), "shelf");
+    EXPECT_EQ(ContainerId(), m_tree.room);
     SetName("Rack");
     Press("btnSave");
     ExpectSaved();
 }
 
 TEST_F(LocationEditorTest, ANameThatDiffersOnlyInCapitalsIsNotWritten) {
-    Edit(m_tree.bin);
-    SetName("BIN");
-    Press("btnSave");
-    ExpectSaved();
-    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+    const int32_t etagere = m_database.AddLocation("\u00C9tag\u00E8re", Types::Internal);
+    GetStorageLocationStatic().Refresh();
+    for (const auto& [id, name] : {std::pair(m_tree.bin, "BIN"), {etagere, "\u00E9TAG\u00C8RE"}}) {
+        const std::string before = m_tree.Row(id);
+        Edit(id);
+        SetName(name);
+        Press("btnSave");
+        ExpectSaved();
+        EXPECT_EQ(m_tree.Row(id), before);
+    }
 }
 
 TEST_F(LocationEditorTest, AnotherContainerMovesTheLocation) {
@@ -231,6 +254,26 @@ TEST_F(LocationEditorTest, AnotherCategoryGivesUpTheContainerAndTheTypedName) {
     ExpectSaved();
     EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 4 /0/");
     EXPECT_EQ(m_tree.Row(m_tree.box), "Box 4 /0/2/");
+}
+
+TEST_F(LocationEditorTest, TheFirstContainerIsNotRestoredWithItsCategory) {
+    Edit(m_tree.shelf);
+    Choose(Types::External);
+    Choose(Types::Internal);
+    EXPECT_EQ(ContainerText(), "(None)");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/");
+}
+
+TEST_F(LocationEditorTest, ChoosingTheSameCategoryRestoresTheFields) {
+    Edit(m_tree.shelf);
+    SetName("Typed");
+    Container()->SetSelectedLocation(m_tree.Find(m_tree.annex));
+    Category()->Box()->showPopup();
+    testing::Press(Category()->List(), Qt::Key_Return);
+    EXPECT_EQ(NameField()->Text(), "Shelf");
+    EXPECT_EQ(ContainerId(), m_tree.room);
 }
 
 TEST_F(LocationEditorTest, AContainerOfTheNewCategoryCanBeChosen) {
@@ -263,6 +306,70 @@ TEST_F(LocationEditorTest, AMoveRemainsIfTheRenameFails) {
     EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/5/");
 }
 
+TEST_F(LocationEditorTest, ALocationCannotBeItsOwnContainer) {
+    for (const int32_t container : {m_tree.shelf, m_tree.box}) {
+        Edit(m_tree.shelf);
+        Container()->SetSelectedLocation(m_tree.Find(container));
+        Press("btnSave");
+        ExpectError("A location cannot be moved into itself or one of its own sublocations.");
+        EXPECT_EQ(ContainerId(), container);
+        EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/1/");
+    }
+}
+
+TEST_F(LocationEditorTest, AFailureOfTheDatabaseIsReportedAndTheEntriesStay) {
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    Edit(m_tree.bin);
+    SetName("Tub");
+    engine->FailAtStatement(1, Error(ErrorNumber::General, "Test", "The disk is full."));
+    Press("btnSave");
+    ExpectError("Could not rename location 'Tub'. \r\n\r\nThe disk is full.");
+    EXPECT_EQ(NameField()->Text(), "Tub");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Tub 2 /0/1/");
+    m_database.Install(m_database.GetEngine());
+}
+
+TEST_F(LocationEditorTest, EnterInTheContainerChoosesAndDoesNotSave) {
+    Edit(m_tree.bin);
+    Container()->setFocus();
+    SendText(*m_form, "annex");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(ContainerId(), m_tree.annex);
+    EXPECT_TRUE(m_form->isVisible());
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/5/");
+}
+
+TEST_F(LocationEditorTest, EscapeFirstLeavesTheOpenListAndThenTheForm) {
+    for (const char* typed : {"shelf", "garage"}) {
+        Edit(m_tree.bin);
+        Container()->setFocus();
+        SendText(*m_form, typed);
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(ContainerText(), "Room");
+        EXPECT_TRUE(m_form->isVisible());
+        Key(Qt::Key_Escape);
+        EXPECT_FALSE(m_form->isVisible());
+        EXPECT_TRUE(m_form->Canceled());
+    }
+}
+
+TEST_F(LocationEditorTest, ATextThatIsNoContainerIsNotSaved) {
+    Edit(m_tree.bin);
+    Container()->setFocus();
+    SendText(*m_form, "garage");
+    Find<FlatButton>(*m_form, "btnSave")->setFocus();
+    EXPECT_EQ(ContainerText(), "Room");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
+}
+
 TEST_F(LocationEditorTest, CancelChangesNothing) {
     Edit(m_tree.bin);
     SetName("Other");
@@ -292,8 +399,12 @@ TEST_F(LocationEditorTest, AnUncategorizedLocationCannotBeEdited) {
 
 TEST_F(LocationEditorTest, NothingCannotBeEditedOrAddedTo) {
     frmAddEditLocation form;
-    EXPECT_EQ(RaisedBy([&] { form.SetLocation(nullptr); }).Description(), "SetLocation: sl cannot be Nothing");
-    EXPECT_EQ(RaisedBy([&] { form.SetParent(nullptr); }).Description(), "SetParent: sl cannot be Nothing");
+    const Error ofLocation = RaisedBy([&] { form.SetLocation(nullptr); });
+    EXPECT_EQ(ofLocation.Number(), ErrorNumber::General);
+    EXPECT_EQ(ofLocation.Description(), "SetLocation: sl cannot be Nothing");
+    const Error ofParent = RaisedBy([&] { form.SetParent(nullptr); });
+    EXPECT_EQ(ofParent.Number(), ErrorNumber::General);
+    EXPECT_EQ(ofParent.Description(), "SetParent: sl cannot be Nothing");
     EXPECT_EQ(RaisedBy([&] { GetDialogs().EditLocation(nullptr); }).Number(), ErrorNumber::General);
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
@@ -315,6 +426,29 @@ TEST_F(LocationEditorTest, ACanceledDialogReturnsNothingAndIsGone) {
     EXPECT_EQ(ModuleForm::Count(), 0);
     WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation& form) { testing::Press(&form, Qt::Key_Escape); });
     EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
+}
+
+// Records the pointer just before a location form appears.
+class PointerBeforeForm : public QObject {
+public:
+    PointerBeforeForm() { qApp->installEventFilter(this); }
+    std::vector<int> pointers;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && qobject_cast<frmAddEditLocation*>(watched))
+            pointers.push_back(GetMousePointer());
+        return false;
+    }
+};
+
+TEST_F(LocationEditorTest, ThePointerIsTheHourglassUntilTheDialogAppears) {
+    PointerBeforeForm before;
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) { EXPECT_EQ(GetMousePointer(), MousePointer::Default); });
+    GetDialogs().AddLocation(m_tree.Find(m_tree.room));
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) { EXPECT_EQ(GetMousePointer(), MousePointer::Default); });
+    GetDialogs().EditLocation(m_tree.Find(m_tree.room));
+    EXPECT_THAT(before.pointers, ElementsAre(MousePointer::Hourglass, MousePointer::Hourglass));
 }
 
 TEST_F(LocationEditorTest, TheDialogTellsWhetherTheUserSaved) {
