@@ -124,6 +124,9 @@ TEST_F(FilteringDropdownTest, EnterChoosesTheFirstMatch) {
     TypeText("bio");
     Key(Qt::Key_Enter, Qt::KeypadModifier);
     ExpectChoice(2, 2);
+    TypeText("Crime Lab");
+    Key(Qt::Key_Return);
+    ExpectChoice(1, 3);
 }
 
 TEST_F(FilteringDropdownTest, TheArrowKeysMoveInTheOpenListAndStopAtItsEnds) {
