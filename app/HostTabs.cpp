@@ -14,6 +14,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -32,7 +34,21 @@ QToolButton#closeTab:hover { background: palette(mid); }
 )css";
 
 constexpr int evidenceTab = 0;
-constexpr int widestTitle = 220, stripButtonHeight = 28;  // pixels
+constexpr int widestTitle = 220, narrowestTab = 120, stripButtonHeight = 28;  // pixels
+
+// Tabs of records get narrower before the tabs scroll. "Evidence" keeps its width.
+class HostTabBar : public QTabBar {
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    QSize minimumTabSizeHint(int index) const override {
+        const QSize full = tabSizeHint(index);
+        return index == evidenceTab ? full : QSize(std::min(full.width(), narrowestTab), full.height());
+    }
+};
+
+QString Tooltip(const QString& title) { return "<span>" + title.toHtmlEscaped() + "</span>"; }
 
 QString TabText(const QTabBar& tabs, const QString& title) {
     return tabs.fontMetrics().elidedText(title, Qt::ElideRight, widestTitle).replace('&', QLatin1String("&&"));
@@ -61,11 +77,11 @@ QWidget* HostTabs::MakeStrip() {
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 0, 16, 0);
     row->setSpacing(12);
-    m_tabs = new QTabBar(strip);
+    m_tabs = new HostTabBar(strip);
     m_tabs->setObjectName(QStringLiteral("hostTabs"));
     m_tabs->setDrawBase(false);
     m_tabs->setExpanding(false);
-    m_tabs->setElideMode(Qt::ElideNone);
+    m_tabs->setElideMode(Qt::ElideMiddle);  // numbers differ at their end
     m_tabs->setSelectionBehaviorOnRemove(QTabBar::SelectLeftTab);
     m_tabs->addTab(tr("Evidence"));
     row->addWidget(m_tabs, 1);
@@ -133,6 +149,7 @@ void HostTabs::ShowTab(int index) {
 void HostTabs::AddPage(QWidget* page, const QString& caption) {
     m_pages->addWidget(page);
     const int index = m_tabs->addTab(TabText(*m_tabs, caption));
+    m_tabs->setTabToolTip(index, Tooltip(caption));
     m_tabs->setTabData(index, QVariant::fromValue(page));
     auto* cross = new QToolButton(m_tabs);
     cross->setObjectName(QStringLiteral("closeTab"));
@@ -165,6 +182,7 @@ void HostTabs::ShowPage(int index) {
     if (auto* record = qobject_cast<RecordPage*>(page)) {
         record->Load();
         m_tabs->setTabText(index, TabText(*m_tabs, record->Title()));
+        m_tabs->setTabToolTip(index, Tooltip(record->Title()));
         m_tabs->tabButton(index, QTabBar::RightSide)->setAccessibleName(tr("Close %1").arg(record->Title()));
     }
     if (page == m_scannerPage) m_scannerPage->Load();

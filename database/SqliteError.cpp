@@ -86,7 +86,8 @@ void RaiseOpenFailure(const std::string& path, int code, std::string_view words)
             sentence = "There is no database '" + path + "'.";
             break;
         }
-        sentence = "The database '" + path + "' or its folder is write-protected.";
+        sentence = "The database '" + path +
+                   "' or its folder is write-protected. Check the permissions of the file and its folder.";
         break;
     default: sentence = "The database '" + path + "' can't be opened: " + std::string(words) + ".";
     }

@@ -20,6 +20,7 @@ namespace quellbrook {
 namespace {
 
 constexpr uintmax_t wholeCheckLimit = 64u << 20;
+const std::string readAdvice("Check the permissions of the file, or restore it from a backup.");
 constexpr std::string_view signature("SQLite format 3\0", 16);
 constexpr size_t versionOffset = 60;
 constexpr size_t applicationOffset = 68;
@@ -69,10 +70,10 @@ Header ReadHeader(const std::string& path) {
         Header header{};
         const int code = file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0);
         if (code == SQLITE_IOERR_SHORT_READ) Refuse("The file '" + path + "' is not a database.");
-        if (code != SQLITE_OK) Refuse("The database '" + path + "' can't be read.");
+        if (code != SQLITE_OK) Refuse("The database '" + path + "' can't be read. " + readAdvice);
         return header;
     } catch (const SQLite::Exception&) {
-        Refuse("The database '" + path + "' can't be read.");
+        Refuse("The database '" + path + "' can't be read. " + readAdvice);
     }
 }
 

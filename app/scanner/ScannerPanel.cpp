@@ -14,7 +14,7 @@ namespace quellbrook {
 
 namespace {
 
-constexpr int margin = 20, captionWidth = 120;
+constexpr int margin = 20, captionWidth = 120, captionGap = 12;
 
 QString TextOf(ScanVerdict verdict) {
     switch (verdict) {
@@ -46,6 +46,7 @@ QString TextOf(const std::vector<std::string>& sentences) {
 QLabel* AddField(QGridLayout& grid, const QString& caption, const char* name, QWidget* parent) {
     const int row = grid.rowCount();
     auto* captionLabel = MakeLabel(caption, 14, QFont::Normal, parent);
+    captionLabel->setWordWrap(false);
     MakeQuiet(captionLabel);
     grid.addWidget(captionLabel, row, 0, Qt::AlignTop);
     auto* text = new WrappedLabel(QString(), 14, QFont::Medium, parent);
@@ -99,6 +100,7 @@ void ScannerPanel::AddReading(QVBoxLayout& column) {
     grid->setColumnMinimumWidth(0, captionWidth);
     grid->setColumnStretch(1, 1);
     grid->setVerticalSpacing(8);
+    grid->setHorizontalSpacing(captionGap);
     m_reading = AddField(*grid, tr("Characters received:"), "keys", m_result);
     m_meaning = AddField(*grid, tr("Understood as:"), "meaning", m_result);
     rows->addLayout(grid);

@@ -5,7 +5,11 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTabBar>
+#include <QToolButton>
+
+#include <algorithm>
 
 namespace quellbrook::testing {
 
@@ -23,6 +27,11 @@ protected:
         std::vector<std::string> captions;
         for (int i = 0; i < Tabs().count(); ++i) captions.push_back(Tabs().tabText(i).toStdString());
         return captions;
+    }
+    bool IsScrolling() const {
+        const auto buttons = Tabs().findChildren<QToolButton*>(QRegularExpression("Scroll(Left|Right)Button"));
+        EXPECT_EQ(buttons.size(), 2);
+        return std::any_of(buttons.begin(), buttons.end(), [](const QToolButton* each) { return each->isVisible(); });
     }
     QWidget* Cross(int tab) const { return Tabs().tabButton(tab, QTabBar::RightSide); }
     RecordPage* ShownPage() const {
@@ -71,6 +80,37 @@ TEST_F(RecordTabsTest, OpeningAnOpenRecordReloadsIt) {
     m_database->exec("UPDATE Property SET PropertyID = 'C' WHERE PropertyNo = 1");
     m_window->OpenRecord(first);
     EXPECT_EQ(Captions()[1], "Property C");
+}
+
+TEST_F(RecordTabsTest, TheEvidenceStaysInSightBesideTwoOtherTabs) {
+    LogInAsCustodian();
+    m_window->resize(800, 490);
+    m_window->OpenRecord(first);
+    Click(Find(*m_window, "scannerPageButton"));
+    ServeEvents();
+    ASSERT_EQ(Tabs().count(), 3);
+    for (int tab = 0; tab < 3; ++tab) EXPECT_TRUE(Tabs().rect().contains(Tabs().tabRect(tab))) << tab;
+    EXPECT_FALSE(IsScrolling());
+    const QFontMetrics font = Tabs().fontMetrics();
+    EXPECT_GT(Tabs().tabRect(0).width(), font.horizontalAdvance("Evidence"));
+    EXPECT_EQ(Tabs().tabToolTip(1).toStdString(), "<span>" + CaptionOf(first) + "</span>");
+}
+
+TEST_F(RecordTabsTest, TheCurrentTabOfManyIsInSightAndButtonsScroll) {
+    LogInAsCustodian();
+    m_window->resize(800, 490);
+    for (int32_t number = 1; number <= 8; ++number) m_window->OpenRecord({RecordKind::Property, number});
+    ServeEvents();
+    EXPECT_TRUE(IsScrolling());
+    for (const int tab : {8, 3, 0, 5}) {
+        Tabs().setCurrentIndex(tab);
+        EXPECT_TRUE(Tabs().rect().contains(Tabs().tabRect(tab))) << tab;
+    }
+    m_window->resize(1280, 800);
+    ServeEvents();
+    m_window->resize(800, 490);
+    ServeEvents();
+    EXPECT_TRUE(Tabs().rect().contains(Tabs().tabRect(5)));
 }
 
 TEST_F(RecordTabsTest, SelectingATabReloadsItsRecord) {

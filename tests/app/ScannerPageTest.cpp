@@ -94,6 +94,24 @@ TEST_F(ScannerPageTest, AScanOfTheTestLabelIsReadAndUnderstood) {
     EXPECT_THAT(Text("verdict"), HasSubstr("This scanner works"));
 }
 
+TEST_F(ScannerPageTest, CaptionsOfAReadingDoNotTouchTheirValues) {
+    Open();
+    TypeAsScanner(TestBarcodeText());
+    EndBurst();
+    for (const int width : {1280, 800}) {
+        m_page->resize(width, 490);
+        ServeEvents();
+        const auto* value = Find<QLabel>(*m_page, "keys");
+        const QLabel* caption = nullptr;
+        for (const QLabel* label : m_page->findChildren<QLabel*>())
+            if (label->text() == "Characters received:") caption = label;
+        ASSERT_NE(caption, nullptr);
+        const int captionEnd = caption->x() + caption->fontMetrics().horizontalAdvance(caption->text());
+        EXPECT_GE(value->x() - captionEnd, 8) << width;
+        EXPECT_LT(caption->height(), 2 * caption->fontMetrics().height()) << width;
+    }
+}
+
 TEST_F(ScannerPageTest, EachReadingReplacesThePreviousOne) {
     Open();
     TypeAsScanner("P0000004711\r");
