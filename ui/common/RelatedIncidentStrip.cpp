@@ -60,7 +60,8 @@ void RelatedIncidentStrip::SetIncidents(std::shared_ptr<const IncidentList> inci
 }
 
 void RelatedIncidentStrip::LoadMembers() {
-    LoadMember(m_ids, this)->show();
+    LoadMember(m_ids, this)->SetOneLine(true);
+    m_ids.back()->show();
     LoadMember(m_secured, this)->setAccessibleName(tr("Secured"));
     LoadMember(m_separators, this)->SetCaption(QString::fromUtf8("•"));
     m_separators.back()->show();

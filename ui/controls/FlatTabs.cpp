@@ -23,10 +23,13 @@ constexpr int HeaderHeight = 40;
 constexpr int UnderlineHeight = 3;
 constexpr int SidePadding = 4;
 constexpr int HalfGap = 12;
+constexpr int RingReach = 4;  // of the focus ring beyond its caption
+
+int SpaceBefore(int index) { return index > 0 ? HalfGap : RingReach; }
 
 // Each of two adjacent captions includes half of the gap between them.
 QRect CaptionRect(const QTabBar& bar, int index) {
-    return bar.tabRect(index).adjusted(index > 0 ? HalfGap : 0, 0, -HalfGap, 0);
+    return bar.tabRect(index).adjusted(SpaceBefore(index), 0, -HalfGap, 0);
 }
 
 QString CaptionOf(const QTabBar& bar, int index) {
@@ -46,7 +49,7 @@ protected:
     // As wide as the bold caption, so that a selected tab does not move the others.
     QSize tabSizeHint(int index) const override {
         const int caption = TextWidth(Theme::Font(Theme::Type::BodySemiBold), CaptionOf(*this, index));
-        return QSize(caption + 2 * SidePadding + (index > 0 ? 2 * HalfGap : HalfGap), HeaderHeight);
+        return QSize(caption + 2 * SidePadding + SpaceBefore(index) + HalfGap, HeaderHeight);
     }
     QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
 
@@ -58,7 +61,9 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+        if (event->modifiers() & Qt::AltModifier)
+            event->ignore();
+        else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
             setCurrentIndex(event->key() == Qt::Key_Home ? 0 : count() - 1);
         else
             QTabBar::keyPressEvent(event);
@@ -146,7 +151,7 @@ void FlatTabs::SetAccessibleCaption(const QString& name) { m_bar->setAccessibleN
 QRect FlatTabs::TabRect(int index) const { return CaptionRect(*m_bar, index).translated(m_bar->pos()); }
 
 void FlatTabs::Layout() {
-    m_bar->setGeometry(m_indent, 0, m_bar->sizeHint().width(), HeaderHeight);
+    m_bar->setGeometry(m_indent - RingReach, 0, m_bar->sizeHint().width(), HeaderHeight);
     for (FlatTabPage* page : m_pages)
         page->Move(0, ToTwips(HeaderHeight), Width(), std::max(0.0f, Height() - ToTwips(HeaderHeight)));
 }

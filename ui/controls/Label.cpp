@@ -51,19 +51,27 @@ void Label::SetWordWrap(bool wrap) {
     FitToText();
 }
 
+void Label::SetOneLine(bool oneLine) {
+    m_oneLine = oneLine;
+    FitToText();
+}
+
 void Label::SetTextAlignment(Qt::Alignment alignment) {
     m_alignment = alignment;
     update();
 }
 
+TextBlock Label::Block(int wrapWidth) const {
+    return TextBlock(m_oneLine ? OneLine(m_caption) : m_caption, AmbientFont(m_type, *this),
+                     m_wordWrap ? wrapWidth : 0);
+}
+
 QSize Label::sizeHint() const {
-    const TextBlock block(m_caption, AmbientFont(m_type, *this));
+    const TextBlock block = Block(0);
     return QSize(block.Width(), block.Height()).grownBy(contentsMargins());
 }
 
-int Label::heightForWidth(int width) const {
-    return TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width : 0).Height();
-}
+int Label::heightForWidth(int width) const { return Block(width).Height(); }
 
 void Label::FitToText() {
     if (m_autoSize && m_wordWrap) {
@@ -102,8 +110,7 @@ void Label::changeEvent(QEvent* event) {
 bool Label::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return Control::event(event);
     Guard([this, event] {
-        const TextBlock block(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0);
-        if (block.FitsIn(ShownRect().size()))
+        if (Block(width()).FitsIn(ShownRect().size()))
             QToolTip::hideText();
         else
             QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainTooltip(m_caption), this);
@@ -115,8 +122,7 @@ void Label::paintEvent(QPaintEvent*) {
     GuardPainting([this] {
         QPainter painter(this);
         painter.setPen(isEnabled() || !m_dimsWhenDisabled ? ForeColor() : Theme::Get(Theme::Color::DisabledText));
-        TextBlock(m_caption, AmbientFont(m_type, *this), m_wordWrap ? width() : 0)
-            .Draw(painter, ShownRect(), m_alignment);
+        Block(width()).Draw(painter, ShownRect(), m_alignment);
     });
 }
 

@@ -7,6 +7,8 @@
 
 namespace quellbrook {
 
+class TextBlock;
+
 // Plain text, never markup. A label with AutoSize has the width and height of its one-line text; with WordWrap as well,
 // it keeps its width and has the height of the wrapped text. Text that does not fit, or that extends beyond the side of
 // a parent, ends in an ellipsis, and a tooltip shows all of it. The font comes from the label's type unless setFont on
@@ -34,6 +36,8 @@ public:
     void SetDimsWhenDisabled(bool dims) { m_dimsWhenDisabled = dims; }
     void SetAutoSize(bool autoSize);
     void SetWordWrap(bool wrap);
+    // Shows line breaks in the text as blanks.
+    void SetOneLine(bool oneLine);
     void SetTextAlignment(Qt::Alignment alignment);
 
     QSize sizeHint() const override;
@@ -50,6 +54,7 @@ protected:
     QRect ShownRect() const;
 
 private:
+    TextBlock Block(int wrapWidth) const;
     void FitToText();
 
     QString m_caption;
@@ -60,6 +65,7 @@ private:
     bool m_autoSize = true;
     bool m_dimsWhenDisabled = true;
     bool m_wordWrap = false;
+    bool m_oneLine = false;
 };
 
 }  // namespace quellbrook

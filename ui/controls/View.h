@@ -20,6 +20,9 @@ public:
     // not fetched by the next turn of the event loop goes to ReportUnexpected.
     void RaiseShowError();
 
+    // What gets the focus when the view replaces another one. The view itself passes it to its first control.
+    virtual QWidget* FirstFocus() { return this; }
+
 protected:
     virtual void Shown() {}
     virtual void Hidden() {}

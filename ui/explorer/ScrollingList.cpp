@@ -14,6 +14,8 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 ScrollingList::ScrollingList(QWidget* parent)
@@ -99,8 +101,29 @@ void ScrollingList::contextMenuEvent(QContextMenuEvent* event) {
     });
 }
 
+int ScrollingList::WholeRows() const {
+    const float height = RowNo(0).Height();
+    return height > 0 ? std::max(1, static_cast<int>(ClientHeight() / height)) : 1;
+}
+
+std::optional<int> ScrollingList::TargetOf(const QKeyEvent& event) const {
+    switch (event.key()) {
+    case Qt::Key_Home: return 0;
+    case Qt::Key_End: return PositionCount() - 1;
+    case Qt::Key_PageUp: return SelectedPosition() - WholeRows();
+    case Qt::Key_PageDown: return SelectedPosition() + WholeRows();
+    default: return std::nullopt;
+    }
+}
+
 void ScrollingList::keyPressEvent(QKeyEvent* event) {
     if (SendMenuKey(*this, *event)) return;
+    if (event->modifiers() & Qt::AltModifier) return Control::keyPressEvent(event);
+    if (const std::optional<int> target = TargetOf(*event)) {
+        return Guard([&] {
+            if (SelectedPosition() >= 0) SelectPosition(std::clamp(*target, 0, PositionCount() - 1));
+        });
+    }
     switch (KeyCodeOf(*event)) {
     case KeyCode::Left:
     case KeyCode::Up: return Guard([this] { MoveSelection(-1); });

@@ -13,8 +13,8 @@ namespace quellbrook {
 class FlatScrollBar;
 class StatePanel;
 
-// Base class of lists with controls as rows, in a panel beside a scroll bar: hit testing, arrow keys, context menu, and
-// the check before the focus leaves a row. Rows count from 0.
+// Base class of lists with controls as rows, in a panel beside a scroll bar: hit testing, arrow and page keys, context
+// menu, and the check before the focus leaves a row. Rows count from 0.
 class ScrollingList : public Control {
     Q_OBJECT
 
@@ -38,6 +38,10 @@ protected:
     virtual int FocusedRow() const = 0;  // -1 for none
     virtual int LastRow() const = 0;     // the row that Right and Down may not leave
     virtual void MoveSelection(int delta) = 0;
+    // The selected position, counted from 0, or -1; the number of positions; selects one and scrolls it into view.
+    virtual int SelectedPosition() const = 0;
+    virtual int PositionCount() const = 0;
+    virtual void SelectPosition(int position) = 0;
     // Called when ValidateRow has refused a move by this number of rows.
     virtual void MoveRefused(int) {}
     virtual void ClickRow(int row, int button) = 0;
@@ -59,6 +63,10 @@ protected:
     StatePanel* m_noResults;
 
 private:
+    int WholeRows() const;
+    // For Home, End and the page keys; no value for any other key.
+    std::optional<int> TargetOf(const QKeyEvent& event) const;
+
     std::vector<StatePanel*> m_panels;
 };
 

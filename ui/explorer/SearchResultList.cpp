@@ -56,12 +56,13 @@ StoredItemRef SearchResultList::SelectedItem() const {
 
 SearchResultList::Place SearchResultList::CurrentPlace() const {
     if (m_selectedIndex == 0) return {};
-    return {SelectedItem(), m_selectedIndex, m_vertScroll->Value()};
+    return {m_shownSelection ? m_shownSelection : SelectedItem(), m_selectedIndex, m_vertScroll->Value()};
 }
 
 void SearchResultList::Restore(const Place& place) {
     if (!place.item || m_items->IsEmpty()) return;
     m_selectedIndex = IndexOf(place);
+    m_shownSelection = m_items->ItemAt(m_selectedIndex - 1);
     if (m_vertScroll->IsShown())
         m_vertScroll->SetValue(std::clamp(place.scroll, m_vertScroll->Min(), m_vertScroll->Max()));
     UpdateRowFocus();
@@ -92,6 +93,7 @@ void SearchResultList::LoadResults() {
 
 void SearchResultList::ClearRows() {
     m_selectedIndex = 0;
+    m_shownSelection = nullptr;
     for (int i = 1; i < RowCount(); ++i) RowNo(i).Retire();
     UnloadRows();
     m_vertScroll->hide();
@@ -170,7 +172,9 @@ void SearchResultList::RotateRows() {
 void SearchResultList::UpdateRowFocus() {
     for (SearchResultRow* row : m_rows) {
         if (row->Tag().isEmpty()) continue;
-        const bool focused = m_focusLook.IsFocused() && ShownIndex(*row) == m_selectedIndex;
+        const bool selected = ShownIndex(*row) == m_selectedIndex;
+        if (selected) m_shownSelection = row->Item();
+        const bool focused = selected && m_focusLook.IsFocused();
         if (row->Focused() != focused) row->SetFocused(focused);
     }
 }
@@ -225,6 +229,7 @@ void SearchResultList::MoveSelection(int delta) { SelectIndex(m_selectedIndex + 
 
 void SearchResultList::SelectIndex(int32_t index) {
     if (IsValidIndex(index)) {
+        if (index != m_selectedIndex) m_shownSelection = nullptr;
         m_selectedIndex = index;
         if (index > FirstVisibleIndex() + VisibleRowCount() - 1) ScrollDown();
         if (index < FirstVisibleIndex()) ScrollUp();
@@ -232,6 +237,19 @@ void SearchResultList::SelectIndex(int32_t index) {
         UpdateRowFocus();
     }
     EnsureSelectionVisible();
+}
+
+// The arrow keys scroll by one row at a time; this goes any distance.
+void SearchResultList::ScrollTo(int32_t index) {
+    int value = m_vertScroll->Value();
+    if (index > FirstVisibleIndex() + VisibleRowCount() - 1) value = index - VisibleRowCount();
+    if (index < FirstVisibleIndex()) value = index - 1;
+    SetScrollValue(std::clamp(value, m_vertScroll->Min(), m_vertScroll->Max()));
+}
+
+void SearchResultList::SelectPosition(int position) {
+    ScrollTo(position + 1);
+    SelectIndex(position + 1);
 }
 
 void SearchResultList::ScrollUp() { SetScrollValue(m_vertScroll->Value() - 1); }

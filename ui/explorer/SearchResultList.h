@@ -27,8 +27,8 @@ public:
     // Null for an empty list; Error 9 if a list with items has no selection.
     StoredItemRef SelectedItem() const;
 
-    // The selected item and the scroll position, to restore them after the items have been read again. If the item is
-    // no longer in the list, the one at its position is selected.
+    // The selected item and the scroll position, to restore them after the items have been read again, also if the list
+    // of items has changed in the meantime. If the item is no longer in the list, the one at its position is selected.
     struct Place {
         StoredItemRef item;  // null for an empty list
         int32_t index = 0;
@@ -51,6 +51,9 @@ protected:
     int FocusedRow() const override;
     int LastRow() const override;
     void MoveSelection(int delta) override;
+    int SelectedPosition() const override { return m_selectedIndex - 1; }
+    int PositionCount() const override { return m_items->Count(); }
+    void SelectPosition(int position) override;
     void MoveRefused(int delta) override;
     void ClickRow(int row, int button) override;
     void DoubleClickRow(int row) override;
@@ -81,10 +84,12 @@ private:
     void ScrollUp();
     void ScrollDown();
     void SetScrollValue(int value);
+    void ScrollTo(int32_t index);
     void EnsureSelectionVisible();
 
     bool m_refreshErrorReported = false;
     int32_t m_selectedIndex = 0;
+    StoredItemRef m_shownSelection;  // the selected item; null until a row has shown it
     std::shared_ptr<const StoredItemList> m_items;
     StatePanel* m_tooManyResults;
     FocusLook m_focusLook;

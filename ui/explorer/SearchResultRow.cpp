@@ -53,6 +53,7 @@ Label* SearchResultRow::AddLabel(const char* name, const char* caption, Theme::T
     auto* label = new Label(this);
     label->setObjectName(name);
     label->SetType(type);
+    label->SetOneLine(true);
     label->SetCaption(caption);
     m_designColors.push_back({label, color});
     return label;

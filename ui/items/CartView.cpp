@@ -14,15 +14,18 @@
 #include "ui/controls/Link.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/explorer/SearchResultList.h"
+#include "ui/items/BackKeys.h"
 #include "ui/locations/LocationPicker.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace quellbrook {
 
@@ -178,7 +181,7 @@ void CartView::BuildListPanel() {
         defaultItem = m_openEntry;
     });
     connect(m_itemList, &SearchResultList::ItemOpenRequest, this,
-            [](const StoredItemRef& item) { Guard([&] { GetActions().OpenStoredItem(item); }); });
+            [this](const StoredItemRef& item) { Guard([&] { OpenItem(item); }); });
 }
 
 void CartView::BuildMenu() {
@@ -198,9 +201,21 @@ void CartView::Shown() {
     RefreshFromStore();
 }
 
+void CartView::OpenItem(const StoredItemRef& item) {
+    m_returnsToList = true;
+    GetActions().OpenStoredItem(item);
+}
+
+QWidget* CartView::FirstFocus() {
+    return std::exchange(m_returnsToList, false) && m_itemList->isEnabled() ? m_itemList : View::FirstFocus();
+}
+
 void CartView::CartStore_OnChange() {
     Guard([this] {
-        if (m_cartStore->GetTransactionType() != TransactionType::None) RefreshFromStore();
+        if (m_cartStore->GetTransactionType() != TransactionType::None)
+            RefreshFromStore();
+        else
+            m_returnsToList = false;
     });
 }
 
@@ -208,7 +223,12 @@ void CartView::RefreshFromStore() {
     ShowTransactionType(m_cartStore->GetTransactionType());
     const std::shared_ptr<const CartItems> items = m_cartStore->GetItems();
     m_itemCount->SetCaption(QString(" (%1)").arg(items->Count()));
+    const QPointer<QWidget> focused = window()->focusWidget();
+    const SearchResultList::Place place = m_itemList->CurrentPlace();
     m_itemList->SetItems(items);
+    if (m_cartStore->IsItemInCart(place.item)) m_itemList->Restore(place);
+    // The list has taken the focus. Not TrySetFocus, which counts its calls: a batch can have hundreds of scans.
+    if (focused && m_formPanel->isAncestorOf(focused)) focused->setFocus();
     LayoutControls();
     LoadTransferData();
 }
@@ -294,6 +314,10 @@ void CartView::RemoveItem_Click() {
     if (!self) return;
     GetActions().RemoveFromCart(item);
     if (GetStores().Cart->IsEmpty()) GetActions().GoBack();
+}
+
+void CartView::keyPressEvent(QKeyEvent* event) {
+    if (!GoBackByKey(*event)) View::keyPressEvent(event);
 }
 
 void CartView::Layout() { LayoutControls(); }

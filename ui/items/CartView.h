@@ -30,9 +30,13 @@ public:
     explicit CartView(QWidget* parent = nullptr);
     std::string TypeName() const override { return "CartView"; }
 
+    // The list of items after a look at one of them, otherwise the form.
+    QWidget* FirstFocus() override;
+
 protected:
     void Shown() override;
     void Layout() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void BuildTitleArea();
@@ -52,12 +56,14 @@ private:
     void LayoutFormPanel();
     void LayoutFields();
 
+    void OpenItem(const StoredItemRef& item);
     void CartStore_OnChange();
     void TransferButton_Click();
     void RemoveItem_Click();
     void itemBarcodeLicenser_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
 
     bool m_shown = false;
+    bool m_returnsToList = false;
     GroupBox* m_titleArea = nullptr;
     Label* m_title = nullptr;
     Link* m_close = nullptr;

@@ -9,11 +9,13 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/items/BackKeys.h"
 #include "ui/items/TrackingList.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
+#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -50,6 +52,7 @@ void StoredItemView::BuildHeading() {
         auto* label = new Label(m_titleArea);
         label->setObjectName(name);
         label->SetType(type);
+        label->SetOneLine(true);
         label->SetForeColor(color);
         label->SetCaption(caption);
         return label;
@@ -145,6 +148,10 @@ void StoredItemView::LayoutView() {
         const FlatTabPage* page = m_tabs->Page(1);
         m_tracking->Move(0, 0, page->ClientWidth(), page->ClientHeight());
     });
+}
+
+void StoredItemView::keyPressEvent(QKeyEvent* event) {
+    if (!GoBackByKey(*event)) View::keyPressEvent(event);
 }
 
 void StoredItemView::Layout() { LayoutView(); }

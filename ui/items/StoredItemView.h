@@ -28,6 +28,7 @@ public:
 
 protected:
     void Layout() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void BuildHeading();

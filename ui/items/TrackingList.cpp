@@ -8,7 +8,6 @@
 #include "ui/platform/Guard.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -196,15 +195,9 @@ void TrackingList::FocusRow(int row) {
     if (target.isVisible() && target.isEnabled()) target.setFocus();  // not TrySetFocus, which counts its calls
 }
 
-void TrackingList::keyPressEvent(QKeyEvent* event) {
-    const bool isHome = event->key() == Qt::Key_Home;
-    if (!isHome && event->key() != Qt::Key_End) return ScrollingListOf::keyPressEvent(event);
-    Guard([&] {
-        if (FocusedRow() < 0) return;
-        const int row = isHome ? 0 : LastRow();
-        FocusRow(row);
-        EnsureRowVisible(row);
-    });
+void TrackingList::SelectPosition(int position) {
+    FocusRow(position);
+    EnsureRowVisible(position);
 }
 
 }  // namespace quellbrook

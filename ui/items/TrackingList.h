@@ -10,8 +10,8 @@
 namespace quellbrook {
 
 // The chain of custody of one item, one row for each record in a tall panel that scrolls. Rows are built ten at a time,
-// with the message loop running in between. Arrow keys, Home and End move the focus between the rows. A user without
-// the right to view chains of custody sees no rows.
+// with the message loop running in between. Arrow and page keys, Home and End move the focus between the rows. A user
+// without the right to view chains of custody sees no rows.
 class TrackingList : public ScrollingListOf<TrackingResult> {
     Q_OBJECT
 
@@ -38,11 +38,13 @@ protected:
     int FocusedRow() const override;
     int LastRow() const override;
     void MoveSelection(int delta) override;
+    int SelectedPosition() const override { return FocusedRow(); }
+    int PositionCount() const override { return RowCount(); }
+    void SelectPosition(int position) override;
     void ClickRow(int row, int button) override;
     void DoubleClickRow(int row) override;
     void VertScroll_Change() override;
     void Layout() override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void WatchRow(TrackingResult* row);

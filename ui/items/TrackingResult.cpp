@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QTime>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -23,7 +25,12 @@ constexpr float FirstLine = 180, SecondLine = 540;
 constexpr float DateLeft = 1380, FromLeft = 3645, ToLeft = 3825, NameLeft = 4260;
 constexpr float RightMargin = 120;
 constexpr int RingWidth = 2;
+constexpr float FieldGap = 120;
 const QColor Missing(255, 0, 0);
+
+float TextWidthOf(const Label& label) { return ToTwips(label.sizeHint().width()); }
+
+void FitInto(Label& label, float right) { label.SetWidth(std::min(TextWidthOf(label), right - label.Left())); }
 
 }  // namespace
 
@@ -54,6 +61,7 @@ Label* TrackingResult::AddLabel(const char* name, const char* caption, float lef
     auto* label = new Label(this);
     label->setObjectName(name);
     label->SetType(bold ? Theme::Type::BodySemiBold : Theme::Type::Body);
+    label->SetOneLine(true);
     label->SetCaption(caption);
     label->Move(left, top);
     return label;
@@ -73,7 +81,7 @@ void TrackingResult::SetItem(const std::shared_ptr<TrackingRecord>& record) {
     m_status->SetColor(action.color);
     setAccessibleName(
         QStringList{m_status->Caption(), m_date->Caption(), m_time->Caption(), m_location->Caption()}.join(' '));
-    AlignToRight();
+    PlaceTexts();
 }
 
 void TrackingResult::ShowDate(const TaggedValue& dateReceived) {
@@ -100,14 +108,24 @@ void TrackingResult::ShowPerson(Label& label, const std::string& name) {
 
 void TrackingResult::SetTabStop(bool tabStop) { setFocusPolicy(tabStop ? Qt::StrongFocus : Qt::ClickFocus); }
 
-void TrackingResult::AlignToRight() {
-    m_location->SetLeft(Width() - m_location->Width() - RightMargin);
-    m_reason->SetLeft(Width() - m_reason->Width() - RightMargin);
+void TrackingResult::PlaceTexts() {
+    FitInto(*m_date, FromLeft - FieldGap);
+    FitInto(*m_time, ToLeft - FieldGap);
+    PlaceInLine(*m_from, *m_location);
+    PlaceInLine(*m_to, *m_reason);
+}
+
+// Each text gets half of the space, or what the other one leaves.
+void TrackingResult::PlaceInLine(Label& person, Label& right) const {
+    const float space = std::max(0.0f, Width() - RightMargin - FieldGap - NameLeft);
+    person.SetWidth(std::min(TextWidthOf(person), std::max(space / 2, space - TextWidthOf(right))));
+    right.SetWidth(std::min(TextWidthOf(right), space - person.Width()));
+    right.SetLeft(Width() - right.Width() - RightMargin);
 }
 
 void TrackingResult::Layout() {
     m_separator->Move(0, Height() - TwipsPerPixel, Width(), TwipsPerPixel);
-    AlignToRight();
+    PlaceTexts();
 }
 
 void TrackingResult::paintEvent(QPaintEvent*) {

@@ -44,7 +44,8 @@ private:
     Label* AddLabel(const char* name, const char* caption, float left, float top, bool bold);
     void ShowDate(const TaggedValue& dateReceived);
     static void ShowPerson(Label& label, const std::string& name);
-    void AlignToRight();
+    void PlaceTexts();
+    void PlaceInLine(Label& person, Label& right) const;
 
     std::shared_ptr<TrackingRecord> m_record;
     ActionTag* m_status = nullptr;

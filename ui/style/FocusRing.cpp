@@ -34,7 +34,12 @@ public:
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
-        return hint == SH_FocusFrame_AboveWidget ? 1 : QCommonStyle::styleHint(hint, option, widget, result);
+        if (hint == SH_FocusFrame_AboveWidget) return 1;
+        if (hint != SH_FocusFrame_Mask || !widget) return QCommonStyle::styleHint(hint, option, widget, result);
+        // QCommonStyle would cut off the sides at which the ring is inside the control.
+        if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(result))
+            mask->region = QRegion(widget->rect()) - widget->rect().adjusted(Reach, Reach, -Reach, -Reach);
+        return 1;
     }
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

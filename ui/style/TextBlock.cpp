@@ -31,6 +31,13 @@ int TextWidth(const QFont& font, const QString& line) {
     return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(line)));
 }
 
+QString OneLine(QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+    for (const char16_t lineBreak : {u'\n', u'\r', u'\v', u'\f', u'\u0085', u'\u2028', u'\u2029'})
+        text.replace(QChar(lineBreak), QLatin1Char(' '));
+    return text;
+}
+
 QString ElidedTo(const QFont& font, const QString& line, int width) {
     if (TextWidth(font, line) <= width) return line;
     return QFontMetricsF(font).elidedText(line, Qt::ElideRight, std::max(0, width));

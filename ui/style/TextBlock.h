@@ -13,6 +13,8 @@ namespace quellbrook {
 
 // Width of a line of text in pixels, rounded up.
 int TextWidth(const QFont& font, const QString& line);
+// The text with a blank for each line break.
+QString OneLine(QString text);
 // The line, shortened with an ellipsis if it is wider than that.
 QString ElidedTo(const QFont& font, const QString& line, int width);
 

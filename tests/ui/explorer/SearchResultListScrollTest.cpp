@@ -49,6 +49,89 @@ TEST_F(SearchResultListTest, TheSelectionStaysOnTheEdges) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
+TEST_F(SearchResultListTest, PageKeysMoveByTheWholeRowsAndStopAtTheEnds) {
+    SetHeightInRows(4.7);
+    auto items = MakeItems(10);
+    m_list->SetItems(items);
+    const auto expectSelected = [&](int32_t index) {
+        EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(index));
+        const int row = HighlightedRow();
+        ASSERT_GE(row, 0) << "the selected row is out of sight";
+        EXPECT_EQ(Row(static_cast<size_t>(row)).Item(), items->ItemAt(index));
+        const float top = Container()->Top() + Row(static_cast<size_t>(row)).Top();
+        EXPECT_GE(top, 0);
+        EXPECT_LE(top + Row(0).Height(), m_list->Height());
+        ExpectRowsInOrder(*items);
+    };
+    for (const int32_t index : {4, 8, 9, 9}) {
+        Press(m_list, Qt::Key_PageDown);
+        expectSelected(index);
+    }
+    for (const int32_t index : {5, 1, 0, 0}) {
+        Press(m_list, Qt::Key_PageUp);
+        expectSelected(index);
+    }
+    EXPECT_EQ(Container()->Top(), 0);
+}
+
+TEST_F(SearchResultListTest, EndAndHomeSelectTheLastAndTheFirstItem) {
+    auto items = MakeItems(30);
+    m_list->SetItems(items);
+    Press(m_list, Qt::Key_End);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(29));
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    EXPECT_EQ(HighlightedRow(), 3);
+    Press(m_list, Qt::Key_Home);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_EQ(HighlightedRow(), 0);
+}
+
+TEST_F(SearchResultListTest, HomeReturnsToTheFirstItemAfterTheWheelHasScrolledAway) {
+    auto items = MakeItems(30);
+    m_list->SetItems(items);
+    Bar()->SetValue(12);
+    Press(m_list, Qt::Key_Home);
+    EXPECT_EQ(Bar()->Value(), 0);
+    EXPECT_EQ(HighlightedRow(), 0);
+}
+
+TEST_F(SearchResultListTest, PageKeysInAListWithoutItemsDoNothing) {
+    m_list->SetItems(MakeItems(0));
+    for (const auto key : {Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_End}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_list, &press);
+    }
+    EXPECT_EQ(m_list->SelectedItem(), nullptr);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+// The end of a list this long is beyond the scroll bar's range.
+TEST_F(SearchResultListTest, EndInTheLongestListReadsOnlyTheRowsOnTheScreen) {
+    class CountedItems : public ItemVector {
+    public:
+        using ItemVector::ItemVector;
+        StoredItemRef ItemAt(int32_t index) const override {
+            ++reads;
+            return ItemVector::ItemAt(index);
+        }
+        mutable int reads = 0;
+    };
+    const StoredItemRef item = MakeItem(1);
+    const StoredItemRef last = MakeItem(2);
+    std::vector<StoredItemRef> all(SearchResultList::MaxDisplayedItems - 1, item);
+    all.back() = last;
+    const auto items = std::make_shared<CountedItems>(std::move(all));
+    m_list->SetItems(items);
+    items->reads = 0;
+    Press(m_list, Qt::Key_End);
+    EXPECT_LE(items->reads, 10);
+    EXPECT_EQ(m_list->SelectedItem(), last);
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    Press(m_list, Qt::Key_Home);
+    EXPECT_EQ(HighlightedRow(), 0);
+}
+
 TEST_F(SearchResultListTest, AClippedLastRowIsNudgedIntoViewAndTheFirstOneBack) {
     SetHeightInRows(4.2);
     m_list->SetItems(MakeItems(5));

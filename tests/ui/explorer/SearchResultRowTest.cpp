@@ -9,6 +9,7 @@
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
 namespace quellbrook::testing {
@@ -74,6 +75,29 @@ TEST_F(SearchResultRowTest, ALongDescriptionKeepsItsWidthAndEndsInAnEllipsisAtTh
     cut.SetCaption(text);
     cut.resize(room, description->height());
     EXPECT_EQ(Grab(*description).copy(0, 0, room, description->height()), Grab(cut));
+}
+
+TEST_F(SearchResultRowTest, LineBreaksInATextAreShownAsBlanks) {
+    m_row.SetItem(AddProperty("E-2", "Pry bar with paint", shelf));
+    const QImage plain = Grab(*LabelOf("lblDescription"));
+    for (const char* text : {"Pry bar\nwith paint", "Pry bar\r\nwith paint", "Pry bar\u2028with\u2029paint"}) {
+        m_row.SetItem(AddProperty("E-2", text, shelf));
+        EXPECT_EQ(Text("lblDescription"), ToQString(text));
+        EXPECT_EQ(LabelOf("lblDescription")->height(), LabelOf("lblID")->height());
+        EXPECT_EQ(Grab(*LabelOf("lblDescription")), plain) << text;
+    }
+}
+
+TEST_F(SearchResultRowTest, LineBreaksDoNotMakeTheRowTaller) {
+    const int32_t bin = m_database.AddLocation("Cold\nRoom", StorageLocationTypes::Internal);
+    m_database.AddCode(CodeTable::PropertyCategory, 8, "Blood\nsamples");
+    const StoredItemRef item = AddProperty("E\n2", "Tube", bin, 8);
+    LinkIncident(item, "2026\n0417", "C\n26");
+    m_row.SetItem(item);
+    EXPECT_EQ(m_row.height(), 100);
+    for (const char* name : {"lblLocation", "lblCategory", "lblRelatedCases"})
+        EXPECT_EQ(LabelOf(name)->height(), LabelOf("Label2")->height()) << name;
+    EXPECT_EQ(Find<RelatedIncidentStrip>(m_row, "lblRelatedIncidents")->height(), LabelOf("Label2")->height());
 }
 
 TEST_F(SearchResultRowTest, RefusesNoItem) {

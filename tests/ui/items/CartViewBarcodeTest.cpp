@@ -4,6 +4,8 @@
 #include "tests/support/ui/Scanner.h"
 #include "tests/ui/items/CartViewTest.h"
 
+#include <QAbstractItemView>
+
 #include <gmock/gmock.h>
 
 namespace quellbrook::testing {
@@ -78,6 +80,17 @@ TEST_F(CartViewBarcodeTest, AScanChoosesNothingInAField) {
         ScanAndWait("P", m_bar->ID());
         EXPECT_EQ(box->currentIndex(), -1);
     }
+}
+
+TEST_F(CartViewBarcodeTest, AScanWhileADropdownIsOpenReturnsToItsField) {
+    const StoredItemRef phone = AddProperty("2026-0417-04", "Telephone", shelf);
+    auto* box = By()->findChild<QComboBox*>();
+    box->setFocus();
+    box->showPopup();
+    ScanAndWait("P", phone->ID());
+    EXPECT_EQ(BatchIds().size(), 3u);
+    EXPECT_FALSE(box->view()->isVisible());
+    EXPECT_TRUE(HasFocus(By()));
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "tests/ui/items/CartViewTest.h"
 
+#include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 
+#include <QAbstractItemView>
 #include <QTimer>
 
 namespace quellbrook::testing {
@@ -12,6 +14,80 @@ TEST_F(CartViewTest, ADoubleClickOpensTheItem) {
     DoubleClick(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
     EXPECT_EQ(ToObject<StoredItem>(GetStores().View->ViewParameters()->Value("Item")), m_bar);
+}
+
+TEST_F(CartViewTest, EscapeAndAltLeftGoBackAndLeaveTheBatchOpen) {
+    BeginSignOut();
+    const std::vector<QWidget*> controls = {From()->findChild<QComboBox*>(), Destination()->findChild<QComboBox*>(),
+                                            Cancel(), List(), Named("lnkClose")};
+    for (QWidget* control : controls) {
+        for (const bool withEscape : {true, false}) {
+            GetActions().NavigateTo(ViewNames::Cart, nullptr);
+            control->setFocus();
+            Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
+            EXPECT_FALSE(IsCurrent()) << control->objectName().toStdString() << " " << withEscape;
+        }
+    }
+    EXPECT_EQ(Cart()->GetItems()->Count(), 2);
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
+TEST_F(CartViewTest, EscapeInAnOpenDropdownClosesOnlyTheDropdown) {
+    BeginSignOut();
+    auto* box = From()->findChild<QComboBox*>();
+    box->setFocus();
+    for (const auto modifier : {Qt::NoModifier, Qt::AltModifier}) {
+        box->showPopup();
+        ASSERT_TRUE(box->view()->isVisible());
+        Press(box->view(), modifier ? Qt::Key_Left : Qt::Key_Escape, modifier);
+        if (modifier == Qt::NoModifier) {
+            EXPECT_FALSE(box->view()->isVisible());
+        }
+        EXPECT_TRUE(IsCurrent());
+    }
+}
+
+TEST_F(CartViewTest, AfterALookAtAnItemTheListHasTheFocusAndTheSameRow) {
+    BeginSignOut();
+    EXPECT_EQ(m_view->FirstFocus(), m_view);
+    Click(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
+    Press(List(), Qt::Key_Return);
+    GetActions().GoBack();
+    TrySetFocus(From());
+    TrySetFocus(m_view->FirstFocus());
+    EXPECT_TRUE(HasFocus(List()));
+    EXPECT_TRUE(List()->Rows()[1]->Focused());
+    EXPECT_EQ(m_view->FirstFocus(), m_view) << "the next visit starts with the form";
+}
+
+TEST_F(CartViewTest, ANewBatchStartsWithTheForm) {
+    BeginSignOut();
+    Press(List(), Qt::Key_Return);
+    GetActions().CancelTransaction();
+    BeginSignOut();
+    EXPECT_EQ(m_view->FirstFocus(), m_view);
+}
+
+TEST_F(CartViewTest, TheSelectedRowStaysSelectedWhenTheBatchChanges) {
+    BeginSignOut();
+    Click(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
+    const StoredItemRef phone = AddProperty("2026-0417-04", "Telephone", shelf);
+    GetActions().AddToCart(ListOf({phone}));
+    EXPECT_EQ(List()->SelectedItem(), m_bar);
+    GetActions().RemoveFromCart(m_laptop);
+    EXPECT_EQ(List()->SelectedItem(), m_bar);
+    EXPECT_TRUE(List()->Rows()[0]->Focused());
+    GetActions().RemoveFromCart(m_bar);
+    EXPECT_EQ(List()->SelectedItem(), phone);
+}
+
+TEST_F(CartViewTest, AChangeOfTheBatchLeavesTheFocusInItsField) {
+    BeginSignOut();
+    const StoredItemRef phone = AddProperty("2026-0417-04", "Telephone", shelf);
+    By()->findChild<QComboBox*>()->setFocus();
+    GetActions().AddToCart(ListOf({phone}));
+    EXPECT_TRUE(HasFocus(By()));
+    EXPECT_FALSE(List()->Rows()[0]->Focused());
 }
 
 TEST_F(CartViewTest, TheMenuOffersOpenByDefaultWhichDoesNothing) {

@@ -15,6 +15,8 @@
 #include "ui/platform/Twips.h"
 
 #include <QFocusFrame>
+#include <QMenu>
+#include <QTabBar>
 #include <QTimer>
 
 namespace quellbrook::testing {
@@ -152,7 +154,21 @@ TEST_F(StoredItemViewTest, TheRingOfTheCrossIsASquareAroundIt) {
     const auto* ring = m_window.findChild<QFocusFrame*>();
     ASSERT_NE(ring, nullptr);
     const QPoint center = Named("lnkClose")->mapTo(&m_window, Named("lnkClose")->rect().center());
-    EXPECT_EQ(ring->geometry(), QRect(center - QPoint(14, 14), QSize(30, 30)));
+    const QRect square(center - QPoint(14, 14), QSize(30, 30));
+    EXPECT_EQ(ring->geometry(), square);
+    const QImage picture = Grab(m_window);
+    for (const QPoint& middle : {QPoint(center.x(), square.top() + 1), QPoint(center.x(), square.bottom() - 1),
+                                 QPoint(square.left() + 1, center.y()), QPoint(square.right() - 1, center.y())})
+        EXPECT_EQ(PixelAt(picture, middle), Theme::Get(Theme::Color::Link)) << middle.x() << ", " << middle.y();
+}
+
+TEST_F(StoredItemViewTest, TheRingOfTheFirstTabIsWhole) {
+    Open(m_laptop);
+    Tabs()->setFocus();
+    const QRect caption = Tabs()->TabRect(0).translated(Tabs()->mapTo(&m_window, QPoint()));
+    const QImage picture = Grab(m_window);
+    for (const int x : {caption.left() - 3, caption.right() + 4})
+        EXPECT_EQ(PixelAt(picture, QPoint(x, caption.center().y())), Theme::Get(Theme::Color::Link)) << x;
 }
 
 TEST_F(StoredItemViewTest, TheLinkOpensTheRecordInTheHost) {
@@ -190,6 +206,50 @@ TEST_F(StoredItemViewTest, CloseGoesBack) {
     GetActions().OpenStoredItem(m_laptop);
     Click(Named("lnkClose"));
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer);
+}
+
+TEST_F(StoredItemViewTest, EscapeAndAltLeftGoBackFromEveryControl) {
+    GetStores();
+    GetActions().NavigateTo(ViewNames::Explorer, nullptr);
+    Open(m_laptop);
+    Tabs()->SetSelectedIndex(1);
+    const std::vector<QWidget*> controls = {Tabs()->Bar(), Tracking()->Rows().front(), Named("lnkOpenInTessarine"),
+                                            Named("lnkClose")};
+    for (QWidget* control : controls) {
+        for (const bool withEscape : {true, false}) {
+            GetActions().OpenStoredItem(m_laptop);
+            control->setFocus();
+            Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
+            EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer)
+                << control->objectName().toStdString() << " " << withEscape;
+            EXPECT_EQ(Tabs()->SelectedIndex(), 1);
+        }
+    }
+}
+
+TEST_F(StoredItemViewTest, EscapeWhileAMenuIsOpenClosesOnlyTheMenu) {
+    GetStores();
+    GetActions().NavigateTo(ViewNames::Explorer, nullptr);
+    GetActions().OpenStoredItem(m_laptop);
+    Tabs()->setFocus();
+    QMenu menu(m_view);
+    menu.addAction("Open");
+    for (const auto modifier : {Qt::NoModifier, Qt::AltModifier}) {
+        menu.popup(m_window.mapToGlobal(QPoint(50, 50)));
+        Press(&menu, modifier ? Qt::Key_Left : Qt::Key_Escape, modifier);
+        if (modifier == Qt::NoModifier) {
+            EXPECT_FALSE(menu.isVisible());
+        }
+        EXPECT_EQ(GetStores().View->ViewName(), ViewNames::ItemView);
+    }
+}
+
+TEST_F(StoredItemViewTest, LineBreaksInTheHeadingAreShownAsBlanks) {
+    Open(AddProperty("E\n2", "Pry\nbar", m_database.AddLocation("Cold\nRoom", StorageLocationTypes::Internal)));
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Pry\nbar");
+    for (const char* name : {"lblID", "lblDescription"})
+        EXPECT_EQ(LabelOf(name)->height(), Theme::LineHeight(LabelOf(name)->Type())) << name;
+    EXPECT_EQ(LabelOf("lblLocation")->height(), Theme::LineHeight(LabelOf("lblLocation")->Type()));
 }
 
 TEST_F(StoredItemViewTest, AnItemLoadedWhileAChainIsBuiltStays) {

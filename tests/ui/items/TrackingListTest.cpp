@@ -307,6 +307,21 @@ TEST_F(TrackingListTest, EndAndHomeGoToTheLastAndTheFirstRow) {
     EXPECT_EQ(Bar()->Value(), 0);
 }
 
+TEST_F(TrackingListTest, PageKeysMoveByTheWholeRowsAndStopAtTheEnds) {
+    m_list->SetRecords(Records(12));
+    Row(0).setFocus();
+    for (const size_t row : {5, 10, 11, 11}) {
+        Press(Qt::Key_PageDown);
+        EXPECT_TRUE(Row(row).hasFocus()) << row;
+    }
+    EXPECT_EQ(Bar()->Value(), Bar()->Max());
+    for (const size_t row : {6, 1, 0, 0}) {
+        Press(Qt::Key_PageUp);
+        EXPECT_TRUE(Row(row).hasFocus()) << row;
+    }
+    EXPECT_EQ(Bar()->Value(), 0);
+}
+
 TEST_F(TrackingListTest, RowsFollowTheWidthWithOrWithoutABar) {
     m_list->SetRecords(Records(3));
     for (const int width : {500, 870}) {

@@ -2,6 +2,7 @@
 
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/SmallDepartment.h"
+#include "tests/support/ui/Tooltip.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/Line.h"
 #include "ui/items/ActionTag.h"
@@ -133,6 +134,53 @@ TEST_F(TrackingResultTest, LocationAndReasonAreRightAligned) {
         m_row.SetWidth(ToTwips(width + 100));
         EXPECT_EQ(LabelOf("lblReason")->Right(), m_row.Width() - 120);
     }
+}
+
+TEST_F(TrackingResultTest, ALongLocationAndReasonLeaveTheNamesTheirSpace) {
+    const std::string name = "Building " + std::string(300, 'x');
+    const int32_t building = m_database.AddLocation(name, StorageLocationTypes::Internal);
+    m_database.AddCode(CodeTable::CustodyReason, 3, "Analysis " + std::string(300, 'x'));
+    ShowActive(m_row);
+    for (const int width : {700, 1250}) {
+        m_row.SetWidth(ToTwips(width));
+        Show({.CustodyReasonNo = 3, .StorageLocNo = building});
+        for (const auto& [person, right] : {std::pair("lblFrom", "lblLocation"), std::pair("lblTo", "lblReason")}) {
+            EXPECT_GT(LabelOf(right)->Left(), LabelOf(person)->Right()) << right;
+            EXPECT_EQ(LabelOf(right)->Right(), m_row.Width() - 120) << right;
+            EXPECT_EQ(LabelOf(person)->width(), LabelOf(person)->sizeHint().width()) << person;
+            EXPECT_EQ(TooltipAt(LabelOf(person), QPoint(5, 5)), "") << person;
+            EXPECT_TRUE(TooltipAt(LabelOf(right), QPoint(5, 5)).contains(LabelOf(right)->Caption())) << right;
+        }
+    }
+    Show({.StorageLocNo = shelf});
+    EXPECT_EQ(LabelOf("lblLocation")->width(), LabelOf("lblLocation")->sizeHint().width());
+    EXPECT_EQ(TooltipAt(LabelOf("lblLocation"), QPoint(5, 5)), "");
+}
+
+TEST_F(TrackingResultTest, ALongNameAndALongLocationShareTheSpace) {
+    m_database.AddPerson(13, std::string(300, 'x'));
+    const int32_t building = m_database.AddLocation(std::string(300, 'x'), StorageLocationTypes::Internal);
+    Show({.ReceivedFrom = 13, .StorageLocNo = building});
+    const Label &person = *LabelOf("lblFrom"), &location = *LabelOf("lblLocation");
+    EXPECT_GT(location.Left(), person.Right());
+    EXPECT_NEAR(person.Width(), location.Width(), TwipsPerPixel);
+    Show({.ReceivedFrom = 13, .StorageLocNo = propertyRoom});
+    EXPECT_EQ(location.width(), location.sizeHint().width());
+    EXPECT_GT(person.Width(), location.Width());
+    EXPECT_LT(person.Right(), location.Left());
+}
+
+TEST_F(TrackingResultTest, ALongDateEndsBeforeTheNames) {
+    HostServices::Current().SetFormats({"$%d", "dddd, d MMMM yyyy", "HH:mm:ss.zzz 'local time in the department'"});
+    Show({});
+    EXPECT_LT(LabelOf("lblDate")->Right(), LabelOf("Label1")->Left());
+    EXPECT_LT(LabelOf("lblTime")->Right(), LabelOf("Label2")->Left());
+}
+
+TEST_F(TrackingResultTest, ALineBreakInALocationStaysInItsLine) {
+    Show({.StorageLocNo = m_database.AddLocation("Cold\nRoom", StorageLocationTypes::Internal)});
+    EXPECT_EQ(Text("lblLocation"), "Cold\nRoom");
+    EXPECT_LE(LabelOf("lblLocation")->Bottom(), LabelOf("lblReason")->Top());
 }
 
 TEST_F(TrackingResultTest, AScreenReaderFindsARowThatIsSelectedWithTheFocus) {
