@@ -83,6 +83,7 @@ EvidenceUI::EvidenceUI(const ShellViews& views, QWidget* parent)
     BuildFrame();
     BuildViews(views);
     m_infobar = new InfoBar(this);
+    connect(m_infobar, &InfoBar::HiddenWithFocus, this, &EvidenceUI::TakeFocusFromInfoBar);
     m_toastMessage = new Toast(this);
     m_border = new GroupBox(this);
     m_border->setObjectName("shpBorder");
@@ -185,7 +186,8 @@ void EvidenceUI::SwitchTo(Control* view) {
         repaint();
     }
     if (!Present(view)) return;
-    TrySetFocus(view);
+    auto* shown = qobject_cast<View*>(view);
+    TrySetFocus(shown ? shown->FirstFocus() : view);
     if (self) repaint();
 }
 
@@ -207,6 +209,11 @@ bool EvidenceUI::Present(Control* view) {
 void EvidenceUI::ShowCurrentView() {
     if (!m_currentView || m_currentView->IsShown()) return;
     AttemptSwitch(m_currentView->Name(), [this] { AddingTypeName(m_currentView, [this] { Present(m_currentView); }); });
+}
+
+// If another view follows, it gets the focus when it is shown.
+void EvidenceUI::TakeFocusFromInfoBar() {
+    if (m_currentView && m_viewStore && m_currentView->Name() == m_viewStore->ViewName()) TrySetFocus(m_currentView);
 }
 
 void EvidenceUI::ViewStore_OnChange() {

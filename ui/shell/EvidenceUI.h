@@ -64,6 +64,7 @@ private:
     void SwitchTo(Control* view);
     bool Present(Control* view);
     void ShowCurrentView();
+    void TakeFocusFromInfoBar();
     void ViewStore_OnChange();
     void ChangeView();
     void LoadingStore_OnChange();

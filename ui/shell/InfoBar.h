@@ -27,6 +27,10 @@ public:
     // be created. Does nothing if the bar is already subscribed to these.
     void Subscribe(const StoresRecord& stores);
 
+signals:
+    // The bar has disappeared while one of its buttons had the focus.
+    void HiddenWithFocus();
+
 protected:
     void Shown() override;
     void Layout() override;

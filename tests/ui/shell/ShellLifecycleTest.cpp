@@ -51,6 +51,35 @@ TEST_F(ShellLifecycle, TheProductHasFiveViewsWithTheseCaptions) {
     }
 }
 
+TEST_F(ShellLifecycle, CancelingInTheInfoBarReturnsTheFocusToTheView) {
+    auto* outside = new QWidget(&m_host);
+    outside->setFocusPolicy(Qt::StrongFocus);
+    outside->setGeometry(0, 790, 10, 10);
+    outside->show();
+    auto* field = new QWidget(m_explorer);
+    field->setFocusPolicy(Qt::StrongFocus);
+    Start();
+    AddToBatch();
+    testing::Find(*m_shell, "btnCancel")->setFocus();
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    testing::Press(Qt::Key_Return);
+    EXPECT_FALSE(Named("infobar")->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), field);
+}
+
+TEST_F(ShellLifecycle, TheEndOfABatchLeavesTheFocusOutsideTheInfoBar) {
+    auto* outside = new QWidget(&m_host);
+    outside->setFocusPolicy(Qt::StrongFocus);
+    outside->show();
+    auto* field = new QWidget(m_explorer);
+    field->setFocusPolicy(Qt::StrongFocus);
+    Start();
+    AddToBatch();
+    outside->setFocus();
+    GetActions().CancelTransaction();
+    EXPECT_EQ(QApplication::focusWidget(), outside);
+}
+
 TEST_F(ShellLifecycle, TheTitleBarNamesTheModule) {
     EXPECT_EQ(testing::Find<FlatTitleBar>(*m_shell, "TitleBar")->Caption(), "Quellbrook");
 }

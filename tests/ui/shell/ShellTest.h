@@ -30,6 +30,9 @@ public:
         View::SetTabIndex(index);
     }
 
+    QWidget* FirstFocus() override { return firstFocus ? firstFocus : this; }
+
+    QWidget* firstFocus = nullptr;
     std::function<void()> onShown;
     std::function<void()> onSetTabIndex;
     int shown = 0;

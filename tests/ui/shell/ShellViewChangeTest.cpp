@@ -134,6 +134,15 @@ TEST_F(ShellViewChange, TheFocusIsInTheNewViewAtTheEnd) {
     EXPECT_EQ(QApplication::focusWidget(), m_explorer);
 }
 
+TEST_F(ShellViewChange, AViewChoosesWhatGetsTheFocus) {
+    auto* first = new QWidget(m_cart);
+    auto* second = new QWidget(m_cart);
+    for (QWidget* field : {first, second}) field->setFocusPolicy(Qt::StrongFocus);
+    m_cart->firstFocus = second;
+    GoTo("cart");
+    EXPECT_EQ(QApplication::focusWidget(), second);
+}
+
 TEST_F(ShellViewChange, TheViewComesBeforeTheInfoBarInTheTabOrder) {
     GetActions().BeginTransaction(TransactionType::Move, testing::ListOf({testing::MakeItem(1)}));
     auto* lateComer = new QWidget(m_itemView);
