@@ -199,7 +199,6 @@ void SubmitEvidenceView::BuildNoResults() {
 
 void SubmitEvidenceView::Show(const std::shared_ptr<Dictionary>&) {
     m_results->hide();
-    m_list->ClearRows();
     AddColumns();
     BuildColumnHeaders();
     LoadFilterOptions();

@@ -135,6 +135,7 @@ TEST_F(FinalDispositionTest, AFailureToReadTheCodesIsRaised) {
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
     faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    GetDialogs().SetParent(nullptr);  // to show the dialog would fail
     EXPECT_EQ(RaisedBy([] { GetDialogs().GetFinalDisposition(); }).Description(), "The link is down.");
     EXPECT_EQ(ModuleForm::Count(), 0);
 }
