@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "app/Termination.h"
 #include "demo/tour/ExplorerScenario.h"
+#include "demo/tour/IntakeScenario.h"
 #include "demo/tour/TourPlayer.h"
 #include "demo/tour/TransferScenario.h"
 
@@ -20,6 +21,7 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
     TourPlayer player(window, directory, databasePath);
     PlanExplorerScenario(player);
     PlanTransferScenario(player);
+    PlanIntakeScenario(player);
     player.Start();
     QApplication::exec();
     if (termination.IsRequested()) return Termination::ExitCode;

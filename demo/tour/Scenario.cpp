@@ -1,6 +1,7 @@
 #include "demo/tour/Scenario.h"
 
 #include <QAbstractItemView>
+#include <QMenu>
 
 namespace quellbrook {
 
@@ -9,12 +10,26 @@ using namespace tour;
 namespace {
 
 const QString tree = QStringLiteral("explorer/LocationPane");
+const QString contents = QStringLiteral("explorer/ItemPane");
+
+QString Joined(const QStringList& texts) { return texts.join(QStringLiteral(", ")); }
+
+QStringList SelectedNames() {
+    QStringList names;
+    for (const QString& row : SelectedRows(FindView(contents))) names.push_back(row.section(" | ", 0, 0));
+    return names;
+}
+
+Spot RowSpot(const QString& name) {
+    QAbstractItemView* view = FindView(contents);
+    return SpotOf(view, FindRow(view, name));
+}
 
 QString VisibleViews() {
     QStringList names;
-    for (const char* name : {"explorer", "cart", "itemView", "loading"})
+    for (const char* name : {"explorer", "cart", "itemView", "submitNewEvidence", "loading"})
         if (Find(QStringLiteral("content/") + name)) names.push_back(name);
-    return names.join(QStringLiteral(", "));
+    return Joined(names);
 }
 
 }  // namespace
@@ -54,12 +69,42 @@ void Scenario::VisitAnotherTab(const QString& stepName, const QString& view) {
         "The visible views", [] { return VisibleViews(); }, view);
 }
 
+void Scenario::SelectRows(const QString& stepName, const QStringList& names) {
+    m_player.Step(stepName);
+    for (const QString& name : names)
+        m_player.Click(
+            "the row " + name, [name] { return RowSpot(name); }, InputDriver::Button::Left, name != names.front());
+    m_player.Expect(
+        "The rows selected", [] { return Joined(SelectedNames()); }, Joined(names));
+}
+
+void Scenario::ChooseFromMenu(const QString& menuStep, const QString& row, const QString& entry,
+                              const QString& nextStep) {
+    m_player.Step(menuStep);
+    m_player.Click(
+        "the selected row " + row, [row] { return RowSpot(row); }, InputDriver::Button::Right);
+    m_player.Wait(
+        "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
+        [] { return Joined(EntriesOf(OpenMenu())); });
+    m_player.Do([&player = m_player, entry] { player.Say("The menu offers \"" + entry + "\"."); });
+    m_player.Step(nextStep);
+    m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
+}
+
 void Scenario::PickByMouse(const QString& path, const QString& entry) {
     Click("the field " + path, path);
     m_player.Click("the entry " + entry, [entry] {
         QAbstractItemView* list = OpenDropdownList();
         return SpotOf(list, FindRow(list, entry));
     });
+    ExpectChosen(path, entry);
+}
+
+void Scenario::PickByKeys(const QString& path, const QString& beginning, const QString& entry) {
+    Click("the field " + path, path);
+    m_player.Wait("The list of " + path + " is open", [] { return OpenDropdownList() != nullptr; });
+    m_player.Type(beginning);
+    m_player.Press("Return");
     ExpectChosen(path, entry);
 }
 

@@ -16,8 +16,14 @@ protected:
     void OpenLocation(const QStringList& names);
     // Shows another tab of the host and comes back to the view.
     void VisitAnotherTab(const QString& stepName, const QString& view);
+    // Selects these rows of the displayed location; the text of a row is its name.
+    void SelectRows(const QString& stepName, const QStringList& names);
+    // Opens the menu of a selected row in one step, and chooses the entry in the next.
+    void ChooseFromMenu(const QString& menuStep, const QString& row, const QString& entry, const QString& nextStep);
     // Opens the dropdown and clicks the entry.
     void PickByMouse(const QString& path, const QString& entry);
+    // Opens the dropdown, types the start of the entry and presses Enter.
+    void PickByKeys(const QString& path, const QString& beginning, const QString& entry);
     void ExpectChosen(const QString& path, const QString& entry);
     // Waits for the first value that the query gives on a separate connection.
     void ExpectStored(const QString& what, const std::string& query, const QString& expected);

@@ -4,7 +4,6 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QMenu>
 
 namespace quellbrook {
 
@@ -17,8 +16,6 @@ const QString suitcase = QStringLiteral("2026-0388-09");
 const QString car = QStringLiteral("KTR4821 (OR)");
 const QStringList batch = {wheel, suitcase, car};
 const QString contents = QStringLiteral("explorer/ItemPane");
-
-QString Joined(const QStringList& texts) { return texts.join(QStringLiteral(", ")); }
 
 // Location names are complete, as in the database.
 constexpr const char* countOfBatchAt =
@@ -38,12 +35,12 @@ public:
         ScanItem();
         m_player.Step("scanned-closed");
         CloseItem("Row 2");
-        SelectBatch("location-selected");
+        SelectRows("location-selected", batch);
         SignOut();
         ReadChain("chain-signed-out", "Signed Out", "Crime Lab > Latent Prints", "Laboratory analysis");
         m_player.Step("signed-out-location");
         CloseItem("Latent Prints");
-        SelectBatch("signed-out-selected");
+        SelectRows("signed-out-selected", batch);
         SignIn();
         ReadChain("chain-signed-in", "Signed In", "Impound Lot > Row 2", "Returned from analysis");
         VisitAnotherTab("chain-signed-in-again", "itemView");
@@ -61,48 +58,8 @@ private:
         ExpectText("Where it is", "itemView/lblLocation", "Impound Lot > Row 2");
     }
 
-    void SelectBatch(const QString& stepName) {
-        bool first = true;
-        m_player.Step(stepName);
-        for (const QString& item : batch) {
-            m_player.Click(
-                "the row " + item,
-                [item] {
-                    QAbstractItemView* view = FindView(contents);
-                    return SpotOf(view, FindRow(view, item));
-                },
-                InputDriver::Button::Left, !first);
-            first = false;
-        }
-        m_player.Expect(
-            "The rows selected", [] { return Joined(SelectedNames()); }, Joined(batch));
-    }
-
-    static QStringList SelectedNames() {
-        QStringList names;
-        for (const QString& row : SelectedRows(FindView(contents))) names.push_back(row.section(" | ", 0, 0));
-        return names;
-    }
-
-    void ChooseFromMenu(const QString& stepName, const QString& entry) {
-        m_player.Step(stepName);
-        m_player.Click(
-            "the selected row " + suitcase,
-            [] {
-                QAbstractItemView* view = FindView(contents);
-                return SpotOf(view, FindRow(view, suitcase));
-            },
-            InputDriver::Button::Right);
-        m_player.Wait(
-            "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
-            [] { return Joined(EntriesOf(OpenMenu())); });
-        m_player.Do([&player = m_player, entry] { player.Say("The menu offers \"" + entry + "\"."); });
-    }
-
     void BeginBatch(const QString& menuStep, const QString& entry, const QString& batchStep, const QString& purpose) {
-        ChooseFromMenu(menuStep, entry);
-        m_player.Step(batchStep);
-        m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
+        ChooseFromMenu(menuStep, suitcase, entry, batchStep);
         ExpectText("The info bar", "infobar/lblSelected", "3 items selected for " + purpose);
     }
 
@@ -111,15 +68,6 @@ private:
         Click("the button Finish", "infobar/btnComplete");
         ExpectText("The form's title", "cart/lblTitle", title);
         ExpectText("The number of items", "cart/lblItemCount", " (3)");
-    }
-
-    // Opens the dropdown, types the start of the entry and presses Enter.
-    void PickByKeys(const QString& field, const QString& beginning, const QString& entry) {
-        Click("the field " + field, "cart/" + field);
-        m_player.Wait("The list of " + field + " is open", [] { return OpenDropdownList() != nullptr; });
-        m_player.Type(beginning);
-        m_player.Press("Return");
-        ExpectChosen("cart/" + field, entry);
     }
 
     void Transfer(const QString& stepName, const QString& button, const char* location, int32_t rows) {
@@ -144,8 +92,8 @@ private:
         Click("the button OK", "grpButtons/button");
         m_player.Wait("The message is closed", [] { return QApplication::activeModalWidget() == nullptr; });
         PickByMouse("cart/locationField", QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints");
-        PickByKeys("receivedFromField", "Raman", "Raman, Priya (Evidence Technician)");
-        PickByKeys("receivedByField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
+        PickByKeys("cart/receivedFromField", "Raman", "Raman, Priya (Evidence Technician)");
+        PickByKeys("cart/receivedByField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
         PickByMouse("cart/reasonField", "Laboratory analysis");
         Transfer("signed-out", "Sign Out", "Latent Prints", 3);
         m_player.Step("at-the-lab");
@@ -157,8 +105,8 @@ private:
         OpenForm("form-sign-in", "Sign In Evidence");
         VisitAnotherTab("form-sign-in-again", "cart");
         m_player.Step("form-sign-in-filled");
-        PickByKeys("receivedFromField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
-        PickByKeys("receivedByField", "Raman", "Raman, Priya (Evidence Technician)");
+        PickByKeys("cart/receivedFromField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
+        PickByKeys("cart/receivedByField", "Raman", "Raman, Priya (Evidence Technician)");
         PickByMouse("cart/locationField", QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2");
         PickByMouse("cart/reasonField", "Returned from analysis");
         Transfer("signed-in", "Sign In", "Row 2", 6);
