@@ -17,6 +17,7 @@
 #include "ui/shell/InfoBar.h"
 #include "ui/shell/Toast.h"
 
+#include <QApplication>
 #include <QPainter>
 
 #include <algorithm>
@@ -61,6 +62,11 @@ void AddingTypeName(const Control* view, Step&& step) {
     }
 }
 
+QWidget* FirstFocusIn(Control& control) {
+    auto* view = qobject_cast<View*>(&control);
+    return view ? view->FirstFocus() : &control;
+}
+
 }  // namespace
 
 // The shell's callback for the dispatcher.
@@ -83,7 +89,8 @@ EvidenceUI::EvidenceUI(const ShellViews& views, QWidget* parent)
     BuildFrame();
     BuildViews(views);
     m_infobar = new InfoBar(this);
-    connect(m_infobar, &InfoBar::HiddenWithFocus, this, &EvidenceUI::TakeFocusFromInfoBar);
+    connect(m_infobar, &InfoBar::LosesFocus, this, &EvidenceUI::TakeFocusFromInfoBar);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
     m_toastMessage = new Toast(this);
     m_border = new GroupBox(this);
     m_border->setObjectName("shpBorder");
@@ -186,8 +193,7 @@ void EvidenceUI::SwitchTo(Control* view) {
         repaint();
     }
     if (!Present(view)) return;
-    auto* shown = qobject_cast<View*>(view);
-    TrySetFocus(shown ? shown->FirstFocus() : view);
+    TrySetFocus(view->Name() == ViewNames::Explorer ? LastFocusIn(*view) : FirstFocusIn(*view));
     if (self) repaint();
 }
 
@@ -211,9 +217,19 @@ void EvidenceUI::ShowCurrentView() {
     AttemptSwitch(m_currentView->Name(), [this] { AddingTypeName(m_currentView, [this] { Present(m_currentView); }); });
 }
 
-// If another view follows, it gets the focus when it is shown.
 void EvidenceUI::TakeFocusFromInfoBar() {
-    if (m_currentView && m_viewStore && m_currentView->Name() == m_viewStore->ViewName()) TrySetFocus(m_currentView);
+    if (m_currentView) TrySetFocus(LastFocusIn(*m_currentView));
+}
+
+void EvidenceUI::FollowFocus(QWidget* focused) {
+    if (m_currentView && m_currentView->isAncestorOf(focused)) m_lastFocus[m_currentView] = focused;
+}
+
+// What had the focus in the view before, or what gets it first if that can't have it now.
+QWidget* EvidenceUI::LastFocusIn(Control& view) const {
+    const auto found = m_lastFocus.find(&view);
+    QWidget* last = found == m_lastFocus.end() ? nullptr : found->second.data();
+    return last && last->isVisible() && last->isEnabled() ? last : FirstFocusIn(view);
 }
 
 void EvidenceUI::ViewStore_OnChange() {

@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -65,6 +66,8 @@ private:
     bool Present(Control* view);
     void ShowCurrentView();
     void TakeFocusFromInfoBar();
+    void FollowFocus(QWidget* focused);
+    QWidget* LastFocusIn(Control& view) const;
     void ViewStore_OnChange();
     void ChangeView();
     void LoadingStore_OnChange();
@@ -78,9 +81,10 @@ private:
     FlatTabs* m_viewHolder = nullptr;
     GroupBox* m_border = nullptr;
     std::vector<QPointer<Control>> m_views;
-    std::vector<QPointer<Control>> m_controls;  // everything that FindControl can find
-    QPointer<Control> m_currentView;            // hidden while the shell is hidden
-    uint32_t m_changes = 0;                     // number of view changes
+    std::vector<QPointer<Control>> m_controls;                // everything that FindControl can find
+    QPointer<Control> m_currentView;                          // hidden while the shell is hidden
+    std::map<const Control*, QPointer<QWidget>> m_lastFocus;  // in each view
+    uint32_t m_changes = 0;                                   // number of view changes
     bool m_viewChangedWhileHidden = false;
     std::shared_ptr<Callback> m_callback;
     std::shared_ptr<LoadingStore> m_loadingStore;

@@ -108,9 +108,8 @@ void InfoBar::Update() {
     const bool changed = m_selected->Caption() != status;
     m_selected->SetCaption(status);
     setAccessibleName(status);  // before it appears, since a screen reader reads an alert when it appears
-    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    if (!ShouldShow() && isAncestorOf(window()->focusWidget())) emit LosesFocus();
     setVisible(ShouldShow());
-    if (hadFocus && !IsShown()) emit HiddenWithFocus();
     if (changed) Announce();
 }
 

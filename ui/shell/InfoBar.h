@@ -28,8 +28,8 @@ public:
     void Subscribe(const StoresRecord& stores);
 
 signals:
-    // The bar has disappeared while one of its buttons had the focus.
-    void HiddenWithFocus();
+    // The bar is about to disappear while one of its buttons has the focus.
+    void LosesFocus();
 
 protected:
     void Shown() override;

@@ -67,6 +67,38 @@ TEST_F(ShellLifecycle, CancelingInTheInfoBarReturnsTheFocusToTheView) {
     EXPECT_EQ(QApplication::focusWidget(), field);
 }
 
+TEST_F(ShellLifecycle, AfterTheInfoBarTheFocusIsWhereItWasInTheView) {
+    auto* field = new QWidget(m_explorer);
+    auto* list = new QWidget(m_explorer);
+    for (QWidget* each : {field, list}) each->setFocusPolicy(Qt::StrongFocus);
+    Start();
+    AddToBatch();
+    list->setFocus();
+    testing::Find(*m_shell, "btnCancel")->setFocus();
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    testing::Press(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), list);
+}
+
+TEST_F(ShellLifecycle, TheExplorerReturnsWithTheFocusWhereItWas) {
+    auto* field = new QWidget(m_explorer);
+    auto* list = new QWidget(m_explorer);
+    for (QWidget* each : {field, list}) each->setFocusPolicy(Qt::StrongFocus);
+    Start();
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    list->setFocus();
+    AddToBatch();
+    testing::Find(*m_shell, "btnComplete")->setFocus();
+    testing::Press(Qt::Key_Return);
+    EXPECT_EQ(OnShow(), Names{"cart"});
+    GetActions().GoBack();
+    EXPECT_EQ(QApplication::focusWidget(), list);
+    GetActions().NavigateTo("cart", nullptr);
+    list->setEnabled(false);
+    GetActions().GoBack();
+    EXPECT_EQ(QApplication::focusWidget(), field);
+}
+
 TEST_F(ShellLifecycle, TheEndOfABatchLeavesTheFocusOutsideTheInfoBar) {
     auto* outside = new QWidget(&m_host);
     outside->setFocusPolicy(Qt::StrongFocus);
