@@ -16,11 +16,13 @@
 #include "ui/controls/Link.h"
 #include "ui/controls/ListView.h"
 #include "ui/explorer/StatePanel.h"
+#include "ui/items/BackKeys.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
 #include <QAccessible>
+#include <QKeyEvent>
 #include <QStringList>
 #include <QStyle>
 #include <QTreeWidget>
@@ -333,6 +335,10 @@ void SubmitEvidenceView::btnSubmit_Click() {
     GetActions().BeginTransaction(TransactionType::SignIn, items);
     GetActions().GoBack();
     GetActions().NavigateTo(ViewNames::Cart, nullptr);
+}
+
+void SubmitEvidenceView::keyPressEvent(QKeyEvent* event) {
+    if (!GoBackByKey(*event)) View::keyPressEvent(event);
 }
 
 void SubmitEvidenceView::Layout() { LayoutControls(); }

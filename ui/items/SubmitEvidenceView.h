@@ -32,6 +32,7 @@ public:
 
 protected:
     void Layout() override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void BuildTitleArea();

@@ -282,6 +282,23 @@ TEST_F(SubmitEvidenceViewTest, CloseGoesBackWithoutATransaction) {
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
 }
 
+TEST_F(SubmitEvidenceViewTest, EscapeAndAltLeftGoBackFromEveryControl) {
+    SearchIncident();
+    Tick("2026-0431-01");
+    const std::vector<QWidget*> controls = {SearchBox(), Filter(), Named("btnSearch"), Tree(),
+                                            SelectAll(), Submit(), Named("lnkClose")};
+    for (QWidget* control : controls) {
+        for (const bool withEscape : {true, false}) {
+            GetActions().NavigateTo(ViewNames::SubmitNewEvidence, nullptr);
+            control->setFocus();
+            Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
+            EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer)
+                << control->objectName().toStdString() << " " << withEscape;
+        }
+    }
+    EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
+}
+
 TEST_F(SubmitEvidenceViewTest, EnterInTheNumberDoesNotSearch) {
     SearchBox()->SetText("2026-0431-01");
     SearchBox()->setFocus();
