@@ -36,12 +36,12 @@ std::vector<MeantFault> Meant() {
         {Overlap, "searchResult/Label2", "searchResult/Label3", "lines are closer than their boxes are high"},
         {Overlap, "lblRelatedIncidents", "lblRelatedCases", "lines are closer than their boxes are high"},
         {Overlap, "itemView/quellbrook::Line", "itemView/tabs", "the rule under the captions runs the whole width"},
+        {Overlap, "explorer/picLeftPanel", "explorer/grpSearch", "the panel is the background of the left column"},
         {Overlap, "explorer/picLeftPanel", "explorer/LocationPane", "the panel is the background of the left column"},
         {Overlap, "hostTabs/ScrollLeftButton", "hostTabs/ScrollRightButton", "the arrows share one pixel"},
         {Overlap, "evidence/toastMessage", "", "the toast slides over the current view"},
         {Outside, "explorer/picLeftPanel", "", "the panel is the background of the left column and begins above it"},
         {Outside, "itemList/picContainer", "", "the rows of a list scroll"},
-        {Outside, "hostTabs/closeTab", "", "the tabs scroll in a narrow window"},
         {Outside, "searchResult/lblDescription", "", "a long text ends in an ellipsis at the edge of its row"},
         {Outside, "searchResult/lblCategory", "", "a long text ends in an ellipsis at the edge of its row"},
     };
