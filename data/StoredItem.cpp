@@ -38,7 +38,9 @@ void StoredItem::Refresh() {
                                                                                        : NumberSearchTypes::VehiclePK);
     criteria.number = std::to_string(ID());
     const RowList rows = QueryStoredItems(criteria);
-    if (!rows.empty()) LoadFromRow(rows.front());
+    if (rows.empty()) return;
+    LoadFromRow(rows.front());
+    if (m_refreshed) m_refreshed(rows.front());
 }
 
 void StoredItem::LoadFromRow(const Row& row) {

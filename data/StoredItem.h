@@ -7,6 +7,7 @@
 #include "data/Types.h"
 #include "sql/Row.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -68,6 +69,8 @@ public:
 
     // Internal to the module.
     void LoadFromRow(const Row& row);
+    // Called with each row that Refresh has read.
+    void SetRefreshed(std::function<void(const Row&)> refreshed) { m_refreshed = std::move(refreshed); }
     // The SeqNo of the latest custody row, as of the search row; NULL for an item without custody rows.
     const TaggedValue& CurrTrackSeq() const { return m_currTrackSeq; }
 
@@ -87,6 +90,7 @@ private:
     std::string m_serialNumber;
     std::shared_ptr<const IncidentList> m_relatedIncidents;
     std::shared_ptr<const CaseList> m_relatedCases;
+    std::function<void(const Row&)> m_refreshed;
 };
 
 }  // namespace quellbrook

@@ -3,6 +3,8 @@
 #include "base/Error.h"
 #include "data/PackedRows.h"
 
+#include <map>
+
 namespace quellbrook {
 
 namespace {
@@ -20,7 +22,9 @@ public:
         if (StoredItemRef held = m_items[position].lock()) return held;
         // Not make_shared: the weak reference would then keep the memory of a released item allocated.
         StoredItemRef item(new StoredItem);
-        item->LoadFromRow(m_rows.At(position));
+        const auto refreshed = m_refreshed->find(position);
+        item->LoadFromRow(refreshed == m_refreshed->end() ? m_rows.At(position) : refreshed->second);
+        item->SetRefreshed([rows = m_refreshed, position](const Row& row) { rows->insert_or_assign(position, row); });
         m_items[position] = item;
         return item;
     }
@@ -28,6 +32,8 @@ public:
 private:
     PackedRows m_rows;
     mutable std::vector<std::weak_ptr<StoredItem>> m_items;
+    // The rows of refreshed items by their position. Shared with the items, which may live longer.
+    std::shared_ptr<std::map<size_t, Row>> m_refreshed = std::make_shared<std::map<size_t, Row>>();
 };
 
 }  // namespace

@@ -246,6 +246,22 @@ TEST_F(StoredItemSearchTest, AResultIsASnapshot) {
     EXPECT_EQ(list->ItemAt(0)->Description(), "blue bicycle");
 }
 
+TEST_F(StoredItemSearchTest, ARefreshedItemKeepsItsNewValuesInTheResult) {
+    const auto found = StoredItemSearch().WithDescription("*blue*").Execute();
+    const auto descriptionAt = [&](int32_t index) { return found->ItemAt(index)->Description(); };
+    ASSERT_EQ(descriptionAt(0), "blue bicycle");
+    const std::string other = descriptionAt(1);
+    m_database.Execute("UPDATE Property SET Description = 'red bicycle' WHERE PropertyNo = ?", {m_bicycle});
+    found->ItemAt(0)->Refresh();
+    EXPECT_EQ(descriptionAt(0), "red bicycle");
+    EXPECT_EQ(descriptionAt(1), other);
+
+    const StoredItemRef kept = found->ItemAt(0);
+    m_database.Execute("UPDATE Property SET Description = 'green bicycle' WHERE PropertyNo = ?", {m_bicycle});
+    kept->Refresh();
+    EXPECT_EQ(descriptionAt(0), "green bicycle");
+}
+
 TEST_F(StoredItemSearchTest, ItemsOutliveTheirResult) {
     auto list = StoredItemSearch().WithNumber(NumberSearchTypes::PropertyID, "E-1").Execute();
     const auto item = list->ItemAt(0);
