@@ -13,14 +13,29 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace quellbrook {
 
 namespace {
 
 constexpr int iconGap = 2, textGap = 6, chevronSize = 16, barWidth = 3;
+constexpr int leastName = 120;  // the width that a name has at every level
+constexpr int leastNode = iconGap + LocationTreeWidget::IconSize + textGap + leastName;
+
+// The number of levels that are expanded below the node.
+int VisibleLevels(const QTreeWidgetItem& node) {
+    int levels = 0;
+    for (int i = 0; i < node.childCount(); ++i) {
+        const QTreeWidgetItem& child = *node.child(i);
+        levels = std::max(levels, 1 + (child.isExpanded() ? VisibleLevels(child) : 0));
+    }
+    return levels;
+}
 
 class RowHeightDelegate : public QStyledItemDelegate {
 public:
@@ -59,7 +74,8 @@ LocationTreeWidget::LocationTreeWidget(QWidget* parent) : QTreeWidget(parent) {
     setIconSize({IconSize, IconSize});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    header()->setStretchLastSection(false);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setFrameShape(QFrame::NoFrame);
 }
@@ -87,7 +103,27 @@ void LocationTreeWidget::SelectQuietly(QTreeWidgetItem* node) {
     setCurrentItem(node);
     if (!node) return clearSelection();
     for (QTreeWidgetItem* parent = node->parent(); parent; parent = parent->parent()) parent->setExpanded(true);
-    scrollToItem(node);
+    scrollTo(indexFromItem(node));
+}
+
+void LocationTreeWidget::updateGeometries() {
+    ResizeColumn();
+    QTreeWidget::updateGeometries();
+}
+
+void LocationTreeWidget::ResizeColumn() {
+    const int needed = VisibleLevels(*invisibleRootItem()) * Indent + leastNode;
+    const int width = std::max(viewport()->width(), needed);
+    if (header()->sectionSize(0) != width) header()->resizeSection(0, width);
+}
+
+void LocationTreeWidget::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int before = horizontalScrollBar()->value();
+    QTreeWidget::scrollTo(index, hint);
+    const int left = visualRect(index).left() + horizontalOffset();
+    const int most = std::max(0, left - Indent);
+    const int least = std::min(most, std::max(0, left + leastNode - viewport()->width()));
+    horizontalScrollBar()->setValue(std::clamp(before, least, most));
 }
 
 QRect LocationTreeWidget::TextRect(const QModelIndex& index) const {

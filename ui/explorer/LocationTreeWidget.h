@@ -26,6 +26,8 @@ public:
     void SetHasFocusLook(bool hasFocus);
     // Selects without raising NodeChosen; null clears the selection.
     void SelectQuietly(QTreeWidgetItem* node);
+    // Also scrolls sideways, so that the name of a deep node can be read.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 signals:
     void LeftReleased(QTreeWidgetItem* node);
@@ -38,6 +40,7 @@ signals:
     void NodeChosen(QTreeWidgetItem* node);
 
 protected:
+    void updateGeometries() override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -48,6 +51,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
+    void ResizeColumn();
     QRect TextRect(const QModelIndex& index) const;
     void EmitChosen();
     void ShowElidedName(const QPoint& at, const QPoint& globalAt);

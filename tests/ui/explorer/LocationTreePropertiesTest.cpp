@@ -50,6 +50,15 @@ TEST_F(LocationTreeTest, NodesLoadedAfterwardsHaveTheColorsSet) {
     EXPECT_EQ(Node("Sign-In Locations")->foreground(0).color(), QColor(Qt::red));
 }
 
+TEST_F(LocationTreeTest, AppearanceAndBorderStyleFrameTheTree) {
+    Make();
+    EXPECT_EQ(m_widget->frameShape(), QFrame::StyledPanel);
+    m_tree->SetAppearance(0);
+    EXPECT_EQ(m_widget->frameShape(), QFrame::Box);
+    m_tree->SetBorderStyle(0);
+    EXPECT_EQ(m_widget->frameShape(), QFrame::NoFrame);
+}
+
 TEST_F(LocationTreeTest, PropertiesCanBeStoredByADesigner) {
     Show();
     EXPECT_TRUE(m_tree->setProperty("BackColor", QColor(Qt::yellow)));

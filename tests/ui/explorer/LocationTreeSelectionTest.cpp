@@ -2,6 +2,8 @@
 
 #include "ui/style/Theme.h"
 
+#include <QScrollBar>
+
 #include <gmock/gmock.h>
 
 namespace quellbrook::testing {
@@ -22,6 +24,32 @@ TEST_F(LocationTreeTest, AClickSelectsAndASecondOneRaisesNothing) {
     EXPECT_THAT(TakeSelected(), ElementsAre("Final Disposition"));
     EXPECT_TRUE(m_tree->SelectedLocation()->IsRoot());
     EXPECT_EQ(m_tree->SelectedLocation()->LocationType(), StorageLocationTypes::DisposalLocation);
+}
+
+TEST_F(LocationTreeTest, ManyLevelsAreReachedByKeysAndScrollSideways) {
+    int32_t container = m_vault;
+    for (int level = 1; level <= 20; ++level) container = AddLocation("Level " + std::to_string(level), container);
+    Show();
+    const auto* bar = m_widget->horizontalScrollBar();
+    EXPECT_FALSE(bar->isVisible());
+    ClickNode("Vault");
+    TakeSelected();
+    for (int level = 1; level <= 20; ++level) {
+        Press(m_widget, Qt::Key_Right);
+        Press(m_widget, Qt::Key_Down);
+        ASSERT_EQ(CurrentNode(), "Level " + std::to_string(level));
+        const QRect node = m_widget->visualItemRect(m_widget->currentItem());
+        EXPECT_GE(node.left(), 18) << "with its expander";
+        EXPECT_LE(node.left() + 100, m_widget->viewport()->width()) << "with its name";
+    }
+    EXPECT_EQ(TakeSelected().size(), 20u);
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_GT(bar->value(), 0);
+    Press(m_widget, Qt::Key_Home);
+    EXPECT_EQ(bar->value(), 0);
+    Node("Vault")->setExpanded(false);
+    ServeEvents();
+    EXPECT_FALSE(bar->isVisible());
 }
 
 TEST_F(LocationTreeTest, TheExpanderSelectsNothing) {
