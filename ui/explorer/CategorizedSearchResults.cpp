@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -114,12 +115,11 @@ void CategorizedSearchResults::ExecuteQuery(const std::string& text) {
     setEnabled(!m_categories.empty());
     m_lnkMoreResults->setVisible(m_categories.size() >= 2);
     m_imgDownArrow->setVisible(m_categories.size() >= 2);
-    m_lastQuery = text;
     m_grpSearching->hide();
     SetMousePointer(MousePointer::Default);
 }
 
-// Every search reaches the database, whatever the earlier ones have found.
+// Runs all five searches, even if an earlier one has found items.
 void CategorizedSearchResults::Search(const std::string& text) {
     ClearCategories();
     m_lblHeader->SetCaption("");
@@ -129,11 +129,13 @@ void CategorizedSearchResults::Search(const std::string& text) {
     AddCategory("Description", StoredItemSearch().WithDescription("*" + text + "*").Execute());
 }
 
-void CategorizedSearchResults::RefreshInPlace() {
+bool CategorizedSearchResults::IsCovered() const { return m_grpSearching->IsShown(); }
+
+void CategorizedSearchResults::ExecuteQueryInPlace(const std::string& text) {
     const QPointer<CategorizedSearchResults> self(this);
     const std::string name = m_selectedCategory < 0 ? "" : m_categories[static_cast<size_t>(m_selectedCategory)].name;
     const SearchResultList::Place place = m_searchResults->CurrentPlace();
-    ExecuteQuery(std::string(m_lastQuery));
+    ExecuteQuery(text);
     if (!self) return;
     const auto same = std::find_if(m_categories.begin(), m_categories.end(),
                                    [&](const Category& category) { return category.name == name; });
@@ -170,6 +172,7 @@ void CategorizedSearchResults::AddCategory(const std::string& name, std::shared_
     m_categories.push_back({name, std::move(results)});
 }
 
+// Triggering a checkable entry toggles it, so its mark is set in any case.
 void CategorizedSearchResults::mnuCategory_Click(int index) {
     const int previous = std::exchange(m_selectedCategory, index);
     if (previous >= 0) m_mnuCategory[static_cast<size_t>(previous)]->setChecked(false);
@@ -188,8 +191,8 @@ void CategorizedSearchResults::ShowCategory(int index) {
     m_lblResultCount->SetCaption(ToQString(FormatCount(category.results->Count(), "%d Result", "%d Results")));
     RunLayout();
     SetMousePointer(MousePointer::Hourglass);
+    const auto restorePointer = qScopeGuard([] { SetMousePointer(MousePointer::Default); });
     m_searchResults->SetItems(category.results);
-    SetMousePointer(MousePointer::Default);
 }
 
 void CategorizedSearchResults::lnkMoreResults_Click() {

@@ -20,8 +20,8 @@ class Link;
 class SearchResultList;
 class StatePanel;
 
-// The results of one text, looked up in five ways. A category is a way that found something; the user looks at one
-// category at a time and chooses another from a menu.
+// Searches for a text in five ways. Each search with results is a category. The control shows one category at a time
+// and offers the others in a menu.
 class CategorizedSearchResults : public Control {
     Q_OBJECT
 
@@ -29,11 +29,13 @@ public:
     explicit CategorizedSearchResults(QWidget* parent = nullptr);
     std::string TypeName() const override { return "CategorizedSearchResults"; }
 
-    // Runs all five searches and shows the first category. An error of a search leaves the control covered and the
-    // mouse pointer an hourglass until the next search ends.
+    // Runs all five searches and shows the first category. Throws if a search fails; then the control stays covered,
+    // and the mouse pointer is an hourglass until the next search ends.
     void ExecuteQuery(const std::string& text);
-    // Runs the last query again. Keeps the category, the selection and the scroll position where it can.
-    void RefreshInPlace();
+    // Does the same, but keeps the category, the selection and the scroll position where it can.
+    void ExecuteQueryInPlace(const std::string& text);
+    // Whether a search has failed and none has ended since.
+    bool IsCovered() const;
 
     // Null without results.
     StoredItemRef SelectedItem() const;
@@ -76,7 +78,6 @@ private:
     std::vector<QAction*> m_mnuCategory;  // the first entry always exists and is hidden without categories
     std::vector<Category> m_categories;   // in the order of their menu entries
     int m_selectedCategory = -1;
-    std::string m_lastQuery;
 };
 
 }  // namespace quellbrook

@@ -255,7 +255,8 @@ void EvidenceExplorer::DisplayNoLocation() {
 
 void EvidenceExplorer::DisplayLocation(const StorageLocationRef& location, int& step) {
     step = 4;
-    m_picInfobar->SetTitle(ToQString(location->Name()), ToQString(location->FullPath(" > ")));
+    m_picInfobar->SetTitle(ToQString(location->Name()));
+    m_picInfobar->SetPath(ToQString(location->FullPath(" > ")));
     m_picInfobar->ShowLinks(location.get());
     LayoutView();
     m_picInfobar->SetSubtitle("Loading...");
@@ -280,9 +281,10 @@ void EvidenceExplorer::ShowFailure(const Error& error) {
 
 QScopeGuard<std::function<void()>> EvidenceExplorer::KeepFocus() {
     const QWidget* active = ActiveChild();
-    const bool isOnTheRight = active && (active == m_itemPane || active == m_searchResultPane);
-    return qScopeGuard(std::function<void()>([self = QPointer<EvidenceExplorer>(this), isOnTheRight] {
-        if (self && isOnTheRight) self->ReturnFocus();
+    const bool isOnTheRight = active && active != m_locationPane && active != m_grpSearch;
+    const QPointer<QWidget> focused(isOnTheRight ? window()->focusWidget() : nullptr);
+    return qScopeGuard(std::function<void()>([self = QPointer<EvidenceExplorer>(this), isOnTheRight, focused] {
+        if (self && isOnTheRight && self->window()->focusWidget() != focused) self->ReturnFocus();
     }));
 }
 
@@ -290,7 +292,8 @@ void EvidenceExplorer::ReturnFocus() {
     QWidget* pane = m_itemPane;
     if (m_searchResultPane->IsShown()) pane = m_searchResultPane;
     if (ActiveChild() == pane) return;
-    TrySetFocus(pane->isEnabled() ? pane : m_locationPane);
+    const bool isUsable = pane->isEnabled() && !(pane == m_searchResultPane && m_searchResultPane->IsCovered());
+    TrySetFocus(isUsable ? pane : m_locationPane);
 }
 
 QWidget* EvidenceExplorer::ActiveChild() const {

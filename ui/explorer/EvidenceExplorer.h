@@ -45,8 +45,8 @@ public:
     // Enters a location or opens an item in its view; ignores anything else.
     void OpenItemRequest(const ObjectRef& item);
 
-    // Looks the text up and shows the results instead of a location, until a location is selected. An error of the
-    // search leaves the results covered.
+    // Searches for the text and shows the results instead of a location, until a location is selected. Throws if a
+    // search fails; then the results stay covered.
     void DoSearchRequest(const std::string& text);
 
     // The objects that a command acts on: the selection of the focused pane, or the displayed location if no control of
@@ -80,7 +80,8 @@ private:
     void ShowCounts(StorageLocation& location);
     void ShowFailure(const Error& error);
     void LayoutView();
-    // Returns the focus to the right side, or to the tree, if a change until the guard's end takes it away from there.
+    // If a control of the right side has the focus now and loses it before the guard ends, the guard returns the focus
+    // to the visible pane, or to the tree if that pane is disabled.
     [[nodiscard]] QScopeGuard<std::function<void()>> KeepFocus();
     void ReturnFocus();
     void m_cartStore_OnChange();
@@ -88,6 +89,7 @@ private:
     void search_KeyPressed(int keyCode);
     void GoToSearchBox();
     void SearchAgain();
+    void ShowSearchHeading();
 
     void itemBarcodeListener_BarcodeScanned(int32_t barcodeType, const std::string& barcodeData);
     void OpenScannedLocation(const std::string& number);
@@ -101,8 +103,8 @@ private:
     StorageLocationRef GetContextLocation() const;
     void PromptAddLocation(const StorageLocationRef& parent);
     void PromptEditLocation(const StorageLocationRef& location);
-    void PromptDeleteLocation(const StorageLocationRef& location);
-    bool RefreshPanes();
+    void PromptDeleteLocation(StorageLocationRef location);
+    void RefreshPanes();
     void PrintSelected();
     void PrintLabelsOf(const ObjectList& objects);
     void ReadAgain();
@@ -121,6 +123,7 @@ private:
     Line* m_lnDivider = nullptr;
     ActionMenu* m_mnuItems = nullptr;
     BarcodeListenerControl* m_itemBarcodeListener = nullptr;
+    std::string m_searchText;
     std::shared_ptr<CartStore> m_cartstore;
     Subscription m_cartChanged;
 };

@@ -17,19 +17,19 @@ StorageLocationRef EvidenceExplorer::GetContextLocation() const {
     return selected->Count() == 1 ? std::dynamic_pointer_cast<StorageLocation>(selected->At(0)) : nullptr;
 }
 
-// Returns false if the explorer was destroyed meanwhile.
-bool EvidenceExplorer::RefreshPanes() {
+void EvidenceExplorer::RefreshPanes() {
     const QPointer<EvidenceExplorer> self(this);
     const auto keepFocus = KeepFocus();
     m_locationPane->Refresh();
-    if (self) m_itemPane->Refresh();
-    return self != nullptr;
+    if (self) RefreshContents(&LocationView::Refresh);
 }
 
 void EvidenceExplorer::PromptAddLocation(const StorageLocationRef& parent) {
     const QPointer<EvidenceExplorer> self(this);
     const StorageLocationRef added = GetDialogs().AddLocation(parent);
-    if (added && self && RefreshPanes()) m_itemPane->SetLocation(added);
+    if (!added || !self) return;
+    RefreshPanes();
+    if (self) OpenItemRequest(added);
 }
 
 void EvidenceExplorer::PromptEditLocation(const StorageLocationRef& location) {
@@ -37,10 +37,11 @@ void EvidenceExplorer::PromptEditLocation(const StorageLocationRef& location) {
     if (GetDialogs().EditLocation(location) && self) RefreshPanes();
 }
 
-void EvidenceExplorer::PromptDeleteLocation(const StorageLocationRef& location) {
+void EvidenceExplorer::PromptDeleteLocation(StorageLocationRef location) {
     const QPointer<EvidenceExplorer> self(this);
     Guard(
         [&] {
+            Require(location, "EvidenceExplorer.PromptDeleteLocation");
             const std::string question = "Are you sure you want to delete this location ('" + location->Name() + "')?";
             const int32_t answer = ShowMessage(question, MessageStyle::YesNoQuestion, "Are you sure?");
             if (answer == MessageAnswer::No || !self) return;

@@ -5,6 +5,7 @@
 #include "ui/explorer/CategorizedSearchResults.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/explorer/ExplorerHeading.h"
+#include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationView.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
@@ -19,6 +20,10 @@ namespace {
 // Pixels.
 constexpr int groupLeft = 16, groupWidth = 280, groupHeight = 64;
 constexpr int boxTop = 8, boxWidth = 264;
+
+void ReportSearchError(const Error& error) {
+    ShowMessage("Search error: " + error.Description(), MessageStyle::Critical, "Search Error");
+}
 
 }  // namespace
 
@@ -42,14 +47,13 @@ void EvidenceExplorer::search_KeyPressed(int keyCode) {
             const std::string text = ToUtf8(m_search->Text());
             if (!text.empty()) DoSearchRequest(text);
         },
-        [](const Error& error) {
-            ShowMessage("Search error: " + error.Description(), MessageStyle::Critical, "Search Error");
-        });
+        ReportSearchError);
 }
 
 void EvidenceExplorer::DoSearchRequest(const std::string& text) {
     const QPointer<EvidenceExplorer> self(this);
     const auto keepFocus = KeepFocus();
+    m_searchText = text;
     SetSelectedLocation(nullptr);
     if (!self) return;
     m_picInfobar->SetTitle("");
@@ -58,22 +62,33 @@ void EvidenceExplorer::DoSearchRequest(const std::string& text) {
     m_itemPane->hide();
     m_searchResultPane->show();
     repaint();
-    m_searchResultPane->ExecuteQuery(text);
+    m_searchResultPane->ExecuteQuery(m_searchText);
     if (!self) return;
-    m_picInfobar->SetTitle("Search Results");
-    m_picInfobar->SetSubtitle("Showing stored items matching '" + ToQString(text) + "'");
-    m_picInfobar->LayoutHeading();
-    m_picInfobar->repaint();
+    ShowSearchHeading();
     TrySetFocus(m_searchResultPane);
 }
 
-// The list of results takes the focus when it is filled.
+void EvidenceExplorer::ShowSearchHeading() {
+    m_picInfobar->SetTitle("Search Results");
+    m_picInfobar->SetSubtitle("Showing stored items matching '" + ToQString(m_searchText) + "'");
+    m_picInfobar->LayoutHeading();
+    m_picInfobar->repaint();
+}
+
 void EvidenceExplorer::SearchAgain() {
     const QPointer<EvidenceExplorer> self(this);
     const QPointer<QWidget> focused(window()->focusWidget());
     const auto keepFocus = KeepFocus();
-    m_searchResultPane->RefreshInPlace();
-    if (self && focused && window()->focusWidget() != focused) TrySetFocus(focused);
+    Guard([this] { m_searchResultPane->ExecuteQueryInPlace(m_searchText); }, ReportSearchError);
+    if (!self) return;
+    if (m_searchResultPane->IsCovered()) {
+        // A key must not act on results that cannot be seen.
+        if (ActiveChild() == m_searchResultPane) TrySetFocus(m_locationPane);
+        return;
+    }
+    ShowSearchHeading();
+    // Filling the list has moved the focus to it.
+    if (focused && window()->focusWidget() != focused) TrySetFocus(focused);
 }
 
 void EvidenceExplorer::GoToSearchBox() {

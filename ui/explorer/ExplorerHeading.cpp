@@ -63,8 +63,12 @@ ExplorerHeading::LinkGroup ExplorerHeading::AddLink(const char* noun, const QStr
     return {group, link, caption};
 }
 
-void ExplorerHeading::SetTitle(const QString& title, const QString& path) {
+void ExplorerHeading::SetTitle(const QString& title) {
     m_lblTitle->SetCaption(title);
+    SetPath(QString());
+}
+
+void ExplorerHeading::SetPath(const QString& path) {
     m_lblTitle->setToolTip(path.isEmpty() ? QString() : PlainTooltip(path));
     m_lblTitle->setAccessibleDescription(path);
 }
@@ -112,14 +116,14 @@ float ExplorerHeading::PlaceLinks() {
 void ExplorerHeading::LayoutHeading() {
     const float wanted = ToTwips(m_lblTitle->sizeHint().width());
     SetCompact(false);
-    float room = PlaceLinks();
-    if (room < std::min(wanted, leastTitle)) {
+    float space = PlaceLinks();
+    if (space < std::min(wanted, leastTitle)) {
         SetCompact(true);
-        room = PlaceLinks();
+        space = PlaceLinks();
     }
-    m_lblTitle->SetWidth(std::clamp(room, 0.0f, wanted));
-    const float subtitleRoom = std::max(0.0f, m_btnAddEvidence->Left() - rightInset);
-    m_lblSubtitle->SetWidth(std::min(ToTwips(m_lblSubtitle->sizeHint().width()), subtitleRoom));
+    m_lblTitle->SetWidth(std::clamp(space, 0.0f, wanted));
+    const float subtitleSpace = std::max(0.0f, m_btnAddEvidence->Left() - rightInset);
+    m_lblSubtitle->SetWidth(std::min(ToTwips(m_lblSubtitle->sizeHint().width()), subtitleSpace));
 
     const float linksTop = m_lblTitle->Bottom() - m_edit.group->Height();
     m_edit.group->Move(m_lblTitle->Right() + linksGap, linksTop);

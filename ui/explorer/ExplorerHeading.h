@@ -3,8 +3,6 @@
 #include "core/CartStore.h"
 #include "ui/controls/GroupBox.h"
 
-#include <vector>
-
 namespace quellbrook {
 
 class FlatButton;
@@ -13,7 +11,7 @@ class Line;
 class Link;
 
 // The strip above the contents: a title, a subtitle, and links for the commands that the selected location and the
-// user's rights allow. If the title has too little room, the links are reduced to their icons.
+// user's rights allow. If the title does not fit, the links are reduced to their icons.
 class ExplorerHeading : public GroupBox {
     Q_OBJECT
 
@@ -21,8 +19,10 @@ public:
     explicit ExplorerHeading(QWidget* parent = nullptr);
     std::string TypeName() const override { return "ExplorerHeading"; }
 
-    // The path is the tooltip of the title; an empty one adds nothing.
-    void SetTitle(const QString& title, const QString& path = QString());
+    // Also clears the path.
+    void SetTitle(const QString& title);
+    // The tooltip and accessible description of the title.
+    void SetPath(const QString& path);
     void SetSubtitle(const QString& subtitle);
     // Shows the links for the location; none for null.
     void ShowLinks(const StorageLocation* location);

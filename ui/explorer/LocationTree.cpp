@@ -1,5 +1,6 @@
 #include "ui/explorer/LocationTree.h"
 
+#include "base/Screen.h"
 #include "core/Stores.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
@@ -91,7 +92,13 @@ void LocationTree::MakeMenu() {
     m_mnuExpandCollapse = m_mnuLocation->addAction("Expand/Collapse");
     m_mnuExpandCollapse->setObjectName("mnuExpandCollapse");
     m_mnuLocation->addSeparator()->setObjectName("mnuSeparator");
+    QAction* print = m_mnuLocation->addAction("Print Barcode Label");
+    print->setObjectName("mnuPrint");
     m_mnuLocation->addAction("Edit This Location")->setObjectName("mnuEdit");
+    connect(print, &QAction::triggered, this, [this] {
+        Guard([this] { PrintLabel(); },
+              [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+    });
     connect(m_mnuLocation, &QMenu::aboutToShow, this, [this] { Guard([this] { PrepareLocationMenu(); }); });
     connect(m_mnuExpandCollapse, &QAction::triggered, this, [this] {
         Guard([this] {
@@ -299,6 +306,12 @@ void LocationTree::OfferContextMenu(const std::optional<QPoint>& at) {
 
 QTreeWidgetItem* LocationTree::MenuNode() const {
     return m_treeView->DropHighlight() ? m_treeView->DropHighlight() : m_treeView->currentItem();
+}
+
+void LocationTree::PrintLabel() const {
+    const QTreeWidgetItem* node = MenuNode();
+    const StorageLocationRef location = node ? LocationOf(node) : nullptr;
+    if (location && !location->IsRoot()) location->PrintBarcodeLabel();
 }
 
 void LocationTree::PrepareLocationMenu() {

@@ -11,6 +11,7 @@
 #include <QDebug>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <cmath>
@@ -61,11 +62,14 @@ SearchResultList::Place SearchResultList::CurrentPlace() const {
 
 void SearchResultList::Restore(const Place& place) {
     if (!place.item || m_items->IsEmpty()) return;
+    const QPointer<SearchResultList> self(this);
     m_selectedIndex = IndexOf(place);
     m_shownSelection = m_items->ItemAt(m_selectedIndex - 1);
-    if (m_vertScroll->IsShown())
-        m_vertScroll->SetValue(std::clamp(place.scroll, m_vertScroll->Min(), m_vertScroll->Max()));
+    const int scroll = place.scroll + m_selectedIndex - place.index;
+    if (m_vertScroll->IsShown()) m_vertScroll->SetValue(std::clamp(scroll, m_vertScroll->Min(), m_vertScroll->Max()));
+    if (!self) return;
     UpdateRowFocus();
+    EnsureSelectionVisible();
 }
 
 int32_t SearchResultList::IndexOf(const Place& place) const {
@@ -97,7 +101,9 @@ void SearchResultList::ClearRows() {
     for (int i = 1; i < RowCount(); ++i) RowNo(i).Retire();
     UnloadRows();
     m_vertScroll->hide();
+    const QSignalBlocker quiet(m_vertScroll);  // there is nothing to show yet
     m_vertScroll->SetValue(0);
+    ShowScrollPosition();
 }
 
 float SearchResultList::RowHeight() const { return m_rows.front()->Height(); }
@@ -182,6 +188,8 @@ void SearchResultList::UpdateRowFocus() {
 void SearchResultList::UpdateScrollBar() {
     if (IsInsideDesigner()) return;
     GuardSilently([this] {
+        const QSignalBlocker quiet(m_vertScroll);  // the caller fills the rows
+        const int before = m_vertScroll->Value();
         PlaceScrollBar();
         const float needed = static_cast<float>(m_items->Count()) * RowHeight();
         if (needed > ClientHeight()) {
@@ -194,6 +202,7 @@ void SearchResultList::UpdateScrollBar() {
             m_vertScroll->hide();
             m_vertScroll->SetValue(0);
         }
+        if (m_vertScroll->Value() != before) ShowScrollPosition();
     });
 }
 
@@ -208,6 +217,12 @@ void SearchResultList::Layout() {
 }
 
 void SearchResultList::VertScroll_Change() {
+    ShowScrollPosition();
+    RotateRows();
+    ShowRows(Fill::Changed);
+}
+
+void SearchResultList::ShowScrollPosition() {
     const int value = m_vertScroll->Value();
     if (value == m_vertScroll->Min()) {
         m_container->SetTop(0);
@@ -217,8 +232,6 @@ void SearchResultList::VertScroll_Change() {
     } else {
         m_vertScroll->SetArrows(FlatScrollBar::Both);
     }
-    RotateRows();
-    ShowRows(Fill::Changed);
 }
 
 bool SearchResultList::IsValidIndex(int32_t index) const { return index >= 1 && index <= m_items->Count(); }

@@ -73,6 +73,7 @@ private:
     void ShowRows(Fill fill);
     void UpdateRowFocus();
     void UpdateScrollBar();
+    void ShowScrollPosition();
 
     float RowHeight() const;
     int32_t RowsToDisplay() const;

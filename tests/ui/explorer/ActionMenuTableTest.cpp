@@ -25,7 +25,7 @@ Shown Describe(const ActionMenuState& state) {
     return shown;
 }
 
-// What the menu must show, stated for each entry on its own instead of as a walk over the selection.
+// What the menu must show, stated for each entry on its own instead of by iterating over the selection.
 class Expectation {
 public:
     Expectation(MenuSource source, const Selection& selection, const MenuRights& rights)

@@ -39,7 +39,7 @@ protected:
             form->close();
         });
     }
-    // Triggers the entry after the menu of the row, the node or the blank part has opened and closed.
+    // Triggers the entry without opening the menu.
     void Run(MenuEntry entry) const { m_explorer->Menu()->Entry(entry)->trigger(); }
 
     std::vector<std::string> RowNames() const {
@@ -92,6 +92,18 @@ TEST_F(EvidenceExplorerLocationsTest, WithNothingSelectedTheNewLocationIsInTheOn
     AnswerDialog("Crate");
     Run(MenuEntry::NewLocation);
     EXPECT_EQ(m_explorer->SelectedLocation()->Parent()->ID(), m_shelf);
+}
+
+TEST_F(EvidenceExplorerLocationsTest, ANewLocationFromTheListGivesTheFocusToTheTree) {
+    ShowShelf();
+    FlatButton outside(m_window.get());
+    outside.show();
+    m_list->Tree()->clearSelection();
+    m_list->Tree()->setFocus();
+    AnswerDialog("Crate");
+    Run(MenuEntry::NewLocation);
+    EXPECT_EQ(Title(), "Crate");
+    EXPECT_EQ(m_window->focusWidget(), m_widget);
 }
 
 TEST_F(EvidenceExplorerLocationsTest, ACanceledAdditionChangesNothing) {
@@ -191,6 +203,9 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationInUseIsNotDeleted) {
     ShowShelf();
     m_widget->setFocus();
     const auto nodes = NodeNames();
+    m_screen.WhileMessageOpen = [this](const auto& message) {
+        if (message.buttons == yesNoQuestion) m_database.AddLocation("Annex", StorageLocationTypes::Internal);
+    };
     m_screen.AnswerNext(MessageAnswer::Yes);
     Run(MenuEntry::DeleteLocation);
     const auto messages = m_screen.TakeMessages();
@@ -199,7 +214,7 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationInUseIsNotDeleted) {
               (RecordingScreen::Message{"Could not delete this location because this location (or one of its "
                                         "sublocations) is currently in use.",
                                         16, "Error"}));
-    EXPECT_EQ(NodeNames(), nodes);
+    EXPECT_EQ(NodeNames(), nodes) << "neither pane is read again";
     EXPECT_EQ(Title(), "Shelf A");
 }
 
@@ -209,6 +224,10 @@ TEST_F(EvidenceExplorerLocationsTest, AnItemIsNoContextForACommand) {
     Run(MenuEntry::EditLocation);
     EXPECT_THAT(TakeUnexpected(), ElementsAre("SetLocation: sl cannot be Nothing"));
     EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
+    Run(MenuEntry::DeleteLocation);
+    const std::vector<RecordingScreen::Message> expected = {
+        {ErrorText(ErrorNumber::NullObject), MessageStyle::Critical, "Error"}};
+    EXPECT_EQ(m_screen.TakeMessages(), expected);
 }
 
 TEST_F(EvidenceExplorerLocationsTest, TheExplorerMayGoWhileADialogIsOpen) {

@@ -49,6 +49,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
                 ::testing::UnorderedElementsAre(MakeBarcodeText("L", m_bin), MakeBarcodeText("P", m_first),
                                                 MakeBarcodeText("P", m_second)));
     EXPECT_THAT(Notices(), ElementsAre("Sent 3 labels to the printer 'Front Desk'."));
+    EXPECT_THAT(m_screen.TakeMessages(), ::testing::IsEmpty());
 }
 
 TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {

@@ -14,11 +14,14 @@ namespace quellbrook::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+
+const Error lostServer(4711, "Engine.Query", "The server is gone.");
 
 class EvidenceExplorerSearchTest : public ExplorerWindowTest {
 protected:
-    EvidenceExplorerSearchTest() {
+    EvidenceExplorerSearchTest() { Reopen(); }
+
+    void Reopen() {
         Show(m_shelf);
         m_box = Find<FlatTextbox>(*m_explorer, "search");
         m_results = m_explorer->SearchResultPane();
@@ -132,15 +135,10 @@ TEST_F(EvidenceExplorerSearchTest, AResultOpensInItsView) {
     EXPECT_EQ(ToObject<StoredItem>(GetStores().View->ViewParameters()->Value("Item"))->ID(), m_second);
 }
 
-TEST_F(EvidenceExplorerSearchTest, NothingIsSelectedWithoutResults) {
-    Search("nothing like this");
-    EXPECT_THAT(SelectedObjects(), IsEmpty());
-}
-
 TEST_F(EvidenceExplorerSearchTest, AFailedSearchIsReportedAndStaysCovered) {
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
-    engine->FailAtStatement(2, Error(4711, "Engine.Query", "The server is gone."));
+    engine->FailAtStatement(2, lostServer);
     Search("E-1");
     const std::vector<RecordingScreen::Message> expected = {
         {"Search error: The server is gone.", MessageStyle::Critical, "Search Error"}};
@@ -152,14 +150,56 @@ TEST_F(EvidenceExplorerSearchTest, AFailedSearchIsReportedAndStaysCovered) {
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
-TEST_F(EvidenceExplorerSearchTest, TheExplorerMayGoWhileAFailureIsReported) {
+// The sixth statement reads what a row shows, after the five searches.
+TEST_F(EvidenceExplorerSearchTest, TheExplorerMayBeDestroyedWhileAFailureIsReported) {
+    for (const int statement : {1, 6}) {
+        for (const bool again : {false, true}) {
+            SCOPED_TRACE(statement);
+            if (!m_window) Reopen();
+            if (again) Search("E-1");
+            const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+            m_database.Install(engine);
+            engine->FailAtStatement(statement + (again ? 1 : 0), lostServer);
+            m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+            if (again)
+                Press(m_resultList, Qt::Key_F5);
+            else
+                Search("E-1");
+            m_screen.WhileMessageOpen = nullptr;
+            EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+            EXPECT_EQ(m_window, nullptr);
+        }
+    }
+}
+
+TEST_F(EvidenceExplorerSearchTest, F5AfterAFailureRepeatsTheSearchThatFailed) {
+    for (const bool first : {true, false}) {
+        if (!first) Search("E-1");
+        const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(engine);
+        engine->FailAtStatement(2, lostServer);
+        Search("E-2");
+        EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+        Press(Edit(), Qt::Key_F5);
+        EXPECT_EQ(Title(), "Search Results");
+        EXPECT_EQ(Subtitle(), "Showing stored items matching 'E-2'");
+        EXPECT_EQ(m_results->SelectedItem()->ID(), m_second);
+        EXPECT_FALSE(m_results->IsCovered());
+    }
+}
+
+TEST_F(EvidenceExplorerSearchTest, AFailureOfF5IsASearchErrorAndTheCoveredResultsLoseTheFocus) {
+    Search("E-1");
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
-    engine->FailAtStatement(1, Error(4711, "Engine.Query", "The server is gone."));
-    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
-    Search("E-1");
-    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
-    EXPECT_EQ(m_window, nullptr);
+    LocationOf(m_shelf);  // reads the locations
+    engine->FailAtStatement(3, lostServer);
+    Press(m_resultList, Qt::Key_F5);
+    const std::vector<RecordingScreen::Message> expected = {
+        {"Search error: The server is gone.", MessageStyle::Critical, "Search Error"}};
+    EXPECT_EQ(m_screen.TakeMessages(), expected);
+    EXPECT_TRUE(m_results->IsCovered());
+    EXPECT_TRUE(m_widget->hasFocus());
 }
 
 TEST_F(EvidenceExplorerSearchTest, F5SearchesAgainAndKeepsTheFocus) {
@@ -206,7 +246,7 @@ TEST_F(EvidenceExplorerSearchTest, CtrlFGoesToTheBoxAndSelectsItsText) {
     EXPECT_TRUE(Edit()->hasFocus());
 }
 
-TEST_F(EvidenceExplorerSearchTest, TheBoxTellsWhatItIsFor) {
+TEST_F(EvidenceExplorerSearchTest, TheBoxHasAPlaceholderAndAnAccessibleName) {
     EXPECT_EQ(m_box->Placeholder(), "Type here to search...");
     EXPECT_EQ(Edit()->accessibleName(), "Search");
 }

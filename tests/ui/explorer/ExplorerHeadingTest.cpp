@@ -1,3 +1,4 @@
+#include "data/BarcodeText.h"
 #include "tests/support/FakeSession.h"
 #include "tests/support/LabelServices.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
@@ -134,12 +135,33 @@ TEST_F(ExplorerHeadingTest, TheSelectedLocationIsDeletedAfterAQuestion) {
     EXPECT_EQ(Title(), "Sign-In Locations");
 }
 
+TEST_F(ExplorerHeadingTest, TheLocationOfTheQuestionIsDeletedEvenIfAnotherOneIsSelectedMeanwhile) {
+    Show(m_empty);
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    m_screen.WhileMessageOpen = [this](const auto&) { m_explorer->SetSelectedLocation(LocationOf(m_bin)); };
+    LinkNamed("lnkDeleteLocation")->Click();
+    m_screen.TakeMessages();
+    EXPECT_EQ(LocationOf(m_empty), nullptr);
+    EXPECT_NE(LocationOf(m_bin), nullptr);
+}
+
+TEST_F(ExplorerHeadingTest, AfterADeletionByKeyTheFocusIsInTheTreeOrTheList) {
+    Show(m_empty);
+    LinkNamed("lnkDeleteLocation")->setFocus();
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Press(LinkNamed("lnkDeleteLocation"), Qt::Key_Return);
+    m_screen.TakeMessages();
+    EXPECT_EQ(LocationOf(m_empty), nullptr);
+    EXPECT_TRUE(m_list->Tree()->hasFocus() || m_widget->hasFocus());
+}
+
 TEST_F(ExplorerHeadingTest, TheLabelOfTheSelectedLocationIsPrinted) {
     LabelServices labels;
     ShowShelf();
     ClickRow("E-1");
     LinkNamed("lnkPrintLocationBarcode")->Click();
     ASSERT_EQ(labels.printer->labels.size(), 1u);
+    EXPECT_EQ(labels.printer->labels[0].barcodes.at(0).text, MakeBarcodeText("L", m_shelf));
 }
 
 TEST_F(ExplorerHeadingTest, TheFullPathIsTheTooltipAndTheDescriptionOfTheTitle) {

@@ -1,3 +1,5 @@
+#include "data/BarcodeText.h"
+#include "tests/support/LabelServices.h"
 #include "tests/ui/explorer/LocationTreeTest.h"
 
 #include <QContextMenuEvent>
@@ -26,6 +28,35 @@ TEST_F(LocationTreeTest, ARightClickOnARootRequestsItsMenu) {
     Show();
     RightClickNode("Sign-Out Locations");
     EXPECT_THAT(m_menusFor, ElementsAre("Sign-Out Locations"));
+}
+
+TEST_F(LocationTreeTest, ItsOwnMenuPrintsTheLabelOfTheNode) {
+    LabelServices labels;
+    Show();
+    ClickNode("Vault");
+    auto* print = m_tree->LocationMenu()->findChild<QAction*>("mnuPrint");
+    ASSERT_NE(print, nullptr);
+    EXPECT_EQ(print->text(), "Print Barcode Label");
+    m_menu = m_tree->LocationMenu();
+    const auto printFor = [&](const QString& node) {
+        QTimer::singleShot(0, m_tree, [&] {
+            print->trigger();
+            m_menu->close();
+        });
+        RightClickNode(node);
+    };
+    printFor("Court");
+    ASSERT_EQ(labels.printer->labels.size(), 1u);
+    EXPECT_EQ(labels.printer->labels[0].barcodes.at(0).text, MakeBarcodeText("L", m_court));
+    printFor("Sign-Out Locations");
+    EXPECT_EQ(labels.printer->labels.size(), 1u) << "a root has no label";
+    labels.printer->refusal = "Out of paper.";
+    printFor("Court");
+    const auto messages = m_screen.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_THAT(messages[0].prompt, ::testing::HasSubstr("Out of paper."));
+    EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
+    EXPECT_EQ(messages[0].title, "Error");
 }
 
 TEST_F(LocationTreeTest, ARightClickOnEmptySpaceRequestsNoMenu) {

@@ -219,6 +219,29 @@ private:
     std::shared_ptr<Engine> m_inner;
 };
 
+TEST_F(SearchResultListTest, AFailureWhileAScrolledListGrowsIsSwallowed) {
+    class BrokenItems : public ItemVector {
+    public:
+        explicit BrokenItems(const ItemVector& items) : ItemVector(items) {}
+        bool isBroken = false;
+        StoredItemRef ItemAt(int32_t index) const override {
+            if (isBroken) Raise(4711, "BrokenItems", "The link is down.");
+            return ItemVector::ItemAt(index);
+        }
+    };
+    std::vector<Error> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error); };
+    const auto items = std::make_shared<BrokenItems>(*MakeItems(20));
+    m_list->SetItems(items);
+    Bar()->SetValue(Bar()->Max());
+    items->isBroken = true;
+    SetHeightInRows(8);
+    EXPECT_TRUE(reported.empty());
+    items->isBroken = false;
+    SetHeightInRows(4);
+    ExpectRowsInOrder(*items);
+}
+
 TEST_F(SearchResultListTest, OnlyOneRowReportsThatItemsCannotBeRefreshed) {
     m_list->SetItems(MakeItems(4));
     const auto engine = m_database.GetEngine();
