@@ -11,6 +11,7 @@
 #include "ui/controls/StatusTag.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/AmbientFont.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -179,7 +180,7 @@ void SearchResultRow::paintEvent(QPaintEvent*) {
 void SearchResultRow::PaintDivider(QPainter& painter) const {
     const int left = ToPixels((m_location->Right() + m_category->Left()) / 2);
     const int start = ToPixels(m_location->Bottom()) - 4;
-    const int end = start - Theme::LineHeight(m_location->Type()) + 8;
+    const int end = start - AmbientFont(m_location->Type(), *m_location).lineHeight + 8;
     painter.fillRect(left, end, 1, start - end,
                      Theme::Get(m_focused ? Theme::Color::HighlightText : Theme::Color::GrayText));
 }

@@ -241,6 +241,21 @@ TEST_F(SearchResultRowTest, DividerIsHalfwayBetweenLocationAndCategory) {
     EXPECT_EQ(PixelAt(Grab(m_row), QPoint(x, start - 1)), QColor(WhiteText));
 }
 
+TEST_F(SearchResultRowTest, TheDividerIsAsHighAsATextInTheFontOfTheRow) {
+    QFont font = m_row.font();
+    font.setPixelSize(22);
+    m_row.setFont(font);
+    m_row.SetItem(m_laptop);
+    const Label* location = LabelOf("lblLocation");
+    const int x = location->geometry().right() + 1 + 8;
+    const int start = location->geometry().bottom() + 1 - 4;
+    const int length = location->height() - 8;
+    ASSERT_GT(length, Theme::LineHeight(location->Type()) - 8);
+    const QImage plain = Grab(m_row);
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start - length)), Theme::Get(Theme::Color::GrayText));
+    EXPECT_EQ(PixelAt(plain, QPoint(x, start - length - 1)), Theme::Get(Theme::Color::Window));
+}
+
 TEST_F(SearchResultRowTest, AChangeOfTheBatchRefreshesTheItem) {
     m_row.SetItem(m_laptop);
     EXPECT_TRUE(m_row.IsUpToDate());
