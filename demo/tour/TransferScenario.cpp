@@ -1,5 +1,6 @@
 #include "demo/tour/TransferScenario.h"
 
+#include "base/Text.h"
 #include "demo/tour/Scenario.h"
 
 #include <QAbstractItemView>
@@ -78,7 +79,7 @@ private:
             "Custody rows written since the start",
             [&kept = m_player.Rows()] { return QString::number(kept.Written().size()); }, QString::number(rows));
         ExpectStored(QStringLiteral("Items of the batch that the database has at %1").arg(location),
-                     std::string(countOfBatchAt) + "'" + location + "'", "3");
+                     Join({countOfBatchAt, "'", location, "'"}, ""), "3");
     }
 
     void SignOut() {

@@ -23,6 +23,7 @@ QList<QAccessibleInterface*> RowsAccessible::Children() const {
 QAccessibleInterface* RowsAccessible::child(int index) const { return Children().value(index); }
 
 int RowsAccessible::indexOfChild(const QAccessibleInterface* child) const {
+    if (!child) return -1;
     const QList<QAccessibleInterface*> children = Children();
     const auto found = std::find_if(children.begin(), children.end(),
                                     [child](const auto* other) { return other->object() == child->object(); });

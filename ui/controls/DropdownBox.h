@@ -13,6 +13,7 @@ public:
 
     // The list that opens.
     virtual QAbstractItemView* List() const { return view(); }
+    virtual bool TakeDroppedText() { return false; }  // see FlatDropdown
     void showPopup() override;
 
 protected:

@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
+#include <utility>
+
 namespace quellbrook {
 
 namespace {
@@ -95,12 +97,14 @@ void FilteringBox::OpenList(const QString& filter) {
 bool FilteringBox::IsTyping() const { return currentText() != itemText(currentIndex()); }
 
 void FilteringBox::Choose(const QModelIndex& match) {
+    if (!match.isValid()) return ShowChoice();
     const auto* matches = qobject_cast<const QAbstractProxyModel*>(m_completer->completionModel());
     Choose(matches->mapToSource(match).row());
 }
 
 void FilteringBox::Choose(int index) {
     const QPointer<FilteringBox> self(this);
+    m_hasDroppedText = false;
     setCurrentIndex(index);
     if (!self) return;
     ShowChoice();
@@ -111,10 +115,15 @@ void FilteringBox::EndTyping() {
     if (!IsTyping()) return;
     const QModelIndexList same =
         model()->match(model()->index(0, 0), Qt::DisplayRole, currentText().trimmed(), 2, Qt::MatchFixedString);
-    if (same.size() == 1 && same.front().row() != currentIndex())
-        Choose(same.front().row());
-    else
-        ShowChoice();
+    if (same.size() == 1 && same.front().row() != currentIndex()) return Choose(same.front().row());
+    m_hasDroppedText = same.size() != 1;
+    ShowChoice();
+}
+
+bool FilteringBox::TakeDroppedText() {
+    const QPointer<FilteringBox> self(this);
+    EndTyping();
+    return self && std::exchange(m_hasDroppedText, false);
 }
 
 void FilteringBox::ShowChoice() {
@@ -147,6 +156,7 @@ void FilteringBox::resizeEvent(QResizeEvent* event) {
 void FilteringBox::focusInEvent(QFocusEvent* event) {
     DropdownBox::focusInEvent(event);
     if (!IsTemporary(*event)) {
+        m_hasDroppedText = false;
         m_byKeyboard = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
         StartOver();
     }
@@ -157,6 +167,8 @@ void FilteringBox::focusOutEvent(QFocusEvent* event) {
     const QPointer<FilteringBox> self(this);
     if (!IsTemporary(*event)) EndTyping();
     if (!self) return;
+    // With the keyboard, the user sees the choice again before anything else happens.
+    if (event->reason() != Qt::MouseFocusReason) m_hasDroppedText = false;
     const QSignalBlocker quiet(lineEdit());  // a QComboBox chooses an entry when its edit is left
     DropdownBox::focusOutEvent(event);
     if (!IsTemporary(*event)) lineEdit()->hide();
@@ -177,10 +189,14 @@ bool FilteringBox::TakeKey(int key) {
         if (open)
             Choose(List()->currentIndex());
         else
-            EndTyping();
+            TakeDroppedText();
         return true;
     case Qt::Key_Escape: ShowChoice(); return true;
     case Qt::Key_F4: hidePopup(); return open;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: return !open;  // the neighbors of the choice have nothing to do with the text
     default: return false;
     }
 }

@@ -15,6 +15,7 @@ public:
     explicit FilteringBox(QWidget* parent);
 
     QAbstractItemView* List() const override;
+    bool TakeDroppedText() override;
     // Lists every entry.
     void showPopup() override;
     void hidePopup() override;
@@ -44,6 +45,7 @@ private:
 
     QCompleter* m_completer;
     bool m_byKeyboard = false;
+    bool m_hasDroppedText = false;
 };
 
 }  // namespace quellbrook

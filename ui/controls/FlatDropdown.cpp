@@ -9,7 +9,10 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QPointer>
 #include <QSignalBlocker>
+
+#include <utility>
 
 namespace quellbrook {
 
@@ -34,8 +37,7 @@ FlatDropdown::FlatDropdown(QWidget* parent, Typing typing) : Control(parent), m_
         RaiseClicked();
     });
     connect(m_box, &QComboBox::activated, this, [this] {
-        if (!m_raised) RaiseClicked();
-        m_raised = false;
+        if (!std::exchange(m_raised, false)) RaiseClicked();
     });
     Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));
 }
@@ -64,12 +66,14 @@ int FlatDropdown::ListIndex() const { return m_box->currentIndex(); }
 void FlatDropdown::SetListIndex(int index) {
     if (index < -1 || index >= Count()) Raise(ErrorNumber::InvalidPropertyValue, "FlatDropdown.ListIndex");
     if (index == ListIndex()) return;
+    const QPointer<FlatDropdown> self(this);
     m_box->setCurrentIndex(index);
-    m_raised = false;
+    if (self) m_raised = false;
 }
 
 void FlatDropdown::SetAccessibleCaption(const QString& name) { m_box->setAccessibleName(name); }
 void FlatDropdown::SetPlaceholder(const QString& text) { m_box->setPlaceholderText(text); }
+bool FlatDropdown::TakeDroppedText() { return m_box->TakeDroppedText(); }
 QComboBox* FlatDropdown::Box() const { return m_box; }
 QAbstractItemView* FlatDropdown::List() const { return m_box->List(); }
 

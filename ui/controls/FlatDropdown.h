@@ -31,6 +31,9 @@ public:
     void SetListIndex(int index);
     void SetAccessibleCaption(const QString& name);
     void SetPlaceholder(const QString& text);  // shown while nothing is selected
+    // While it filters: whether the user typed a text that is no entry, and then left the field by mouse, or is still
+    // in it. The choice of before is shown again. A second call returns false.
+    bool TakeDroppedText();
     QComboBox* Box() const;
     QAbstractItemView* List() const;  // the list that opens
 

@@ -2,6 +2,7 @@
 
 #include "ui/controls/Activation.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/KeyRepetition.h"
 #include "ui/platform/Twips.h"
 #include "ui/style/FieldFrame.h"
 #include "ui/style/FocusRing.h"
@@ -43,6 +44,7 @@ FlatTextbox::FlatTextbox(QWidget* parent) : Control(parent), m_edit(new PlainEdi
     setFocusProxy(m_edit);
     setFocusPolicy(Qt::StrongFocus);
     FocusRing::Show(this);
+    WatchKeyRepetition();
     m_edit->installEventFilter(this);
     connect(m_edit, &QLineEdit::textChanged, this, [this] { Guard([this] { emit Changed(); }); });
     Control::Move(0, 0, ToTwips(200), ToTwips(Theme::FieldHeight));
@@ -83,7 +85,7 @@ bool FlatTextbox::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         const int code = KeyCodeOf(key);
-        const bool isHeldEnter = code == KeyCode::Enter && key.isAutoRepeat();
+        const bool isHeldEnter = code == KeyCode::Enter && IsRepetition(key);
         const QPointer<FlatTextbox> self(this);
         if (code != 0 && !isHeldEnter) Guard([this, code] { emit KeyPressed(code); });
         if (!self) return true;

@@ -120,6 +120,7 @@ void LocationTreeWidget::ResizeColumn() {
 void LocationTreeWidget::scrollTo(const QModelIndex& index, ScrollHint hint) {
     const int before = horizontalScrollBar()->value();
     QTreeWidget::scrollTo(index, hint);
+    if (!index.isValid()) return;
     const int left = visualRect(index).left() + horizontalOffset();
     const int most = std::max(0, left - Indent);
     const int least = std::min(most, std::max(0, left + leastNode - viewport()->width()));

@@ -6,6 +6,7 @@
 #include "ui/controls/View.h"
 #include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
+#include "ui/platform/KeyRepetition.h"
 #include "ui/platform/Strings.h"
 
 #include <QDebug>
@@ -36,6 +37,7 @@ int32_t ShownIndex(const SearchResultRow& row) { return row.Tag().toInt(); }
 SearchResultList::SearchResultList(QWidget* parent)
     : ScrollingListOf(parent), m_items(std::make_shared<NoItems>()), m_focusLook(*this, [this] { UpdateRowFocus(); }) {
     setFocusPolicy(Qt::StrongFocus);
+    WatchKeyRepetition();
     PrepareRow(*m_rows.front());
     m_vertScroll->SetThumbFilter(true);
     m_vertScroll->SetArrows(FlatScrollBar::Down);
@@ -56,8 +58,10 @@ StoredItemRef SearchResultList::SelectedItem() const {
 }
 
 SearchResultList::Place SearchResultList::CurrentPlace() const {
-    if (m_selectedIndex == 0) return {};
-    return {m_shownSelection ? m_shownSelection : SelectedItem(), m_selectedIndex, m_vertScroll->Value()};
+    StoredItemRef item = m_shownSelection;
+    if (!item && IsValidIndex(m_selectedIndex)) item = m_items->ItemAt(m_selectedIndex - 1);
+    if (!item) return {};
+    return {item, m_selectedIndex, m_vertScroll->Value()};
 }
 
 void SearchResultList::Restore(const Place& place) {
@@ -305,7 +309,7 @@ void SearchResultList::DoubleClickRow(int row) {
 
 void SearchResultList::keyPressEvent(QKeyEvent* event) {
     if (KeyCodeOf(*event) != KeyCode::Enter) return ScrollingListOf::keyPressEvent(event);
-    if (event->isAutoRepeat()) return;  // an Enter held since the search must not open the first item
+    if (IsRepetition(*event)) return;  // an Enter held since the search must not open the first item
     Guard([this] {
         if (const StoredItemRef item = SelectedItem()) emit ItemOpenRequest(item);
     });

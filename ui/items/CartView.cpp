@@ -259,7 +259,8 @@ bool CartView::ValidateForm() {
             MessageStyle::Critical, "No items to transfer");
         return false;
     }
-    if (!m_location->SelectedLocation())
+    // The location of before must not be taken for the one that was typed.
+    if (m_location->TakeDroppedText() || !m_location->SelectedLocation())
         return ReportFault("Please specify where this evidence is going.", "Missing destination", m_location);
     if (m_receivedFrom->Value().HasNoValue())
         return ReportFault("Please specify the officer or employee who is transferring this evidence.",
@@ -290,8 +291,16 @@ bool CartView::TransferItems() {
     const std::shared_ptr<TransferData> details = MakeTransferData();
     if (m_cartStore->GetTransactionType() == TransactionType::Dispose) {
         const QPointer<CartView> self(this);
+        const std::shared_ptr<const CartItems> items = m_cartStore->GetItems();
+        const int32_t count = items->Count();
         details->FinalDisposition = GetDialogs().GetFinalDisposition();
         if (!self || !details->FinalDisposition) return false;
+        if (m_cartStore->GetItems() != items || items->Count() != count ||
+            m_cartStore->GetTransactionType() != TransactionType::Dispose) {
+            Raise(
+                ErrorNumber::General, "CartView.TransferItems",
+                "The batch was changed while its final disposition was being entered. Check the items and try again.");
+        }
     }
     GetActions().ProcessTransaction(details);
     return true;

@@ -129,6 +129,8 @@ void frmAddEditLocation::Save() {
         TrySetFocus(m_txtName);
         Raise(ErrorNumber::General, "frmAddEditLocation.Save", "You must enter a location name.");
     }
+    // The container of before must not be taken for the one that was typed.
+    if (m_cboLocation->TakeDroppedText()) return TrySetFocus(m_cboLocation);
     StorageLocationRef parent = m_cboLocation->SelectedLocation();
     if (!parent) parent = GetStorageLocationStatic().GetRoot(m_parent->LocationType());
     if (!m_location) m_location = parent->CreateSubLocation(name);

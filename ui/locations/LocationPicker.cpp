@@ -71,6 +71,8 @@ void LocationPicker::SetSelectedLocation(const StorageLocationRef& value) {
     Select(noneIndex);
 }
 
+bool LocationPicker::TakeDroppedText() { return m_cboLocations->TakeDroppedText(); }
+
 void LocationPicker::Select(int index) {
     const QScopedValueRollback<bool> selecting(m_isSelecting, true);
     m_cboLocations->SetListIndex(index);

@@ -34,6 +34,10 @@ public:
     StorageLocationRef SelectedLocation() const;
     void SetSelectedLocation(const StorageLocationRef& value);
 
+    // Whether the user typed a text that is no location, and then left the field by mouse, or is still in it. The
+    // location of before is shown again. A second call returns false.
+    bool TakeDroppedText();
+
     QFont Font() const { return font(); }
     void SetFont(const QFont& font) { setFont(font); }
     void SetAccessibleCaption(const QString& name);

@@ -100,7 +100,11 @@ EvidenceUI::EvidenceUI(const ShellViews& views, QWidget* parent)
     m_controls.insert(m_controls.end(), {m_titleBar, m_content, m_infobar, m_toastMessage, m_viewHolder});
 }
 
-EvidenceUI::~EvidenceUI() { LeaveShow(); }
+EvidenceUI::~EvidenceUI() {
+    // The focus moves once more when the children are destroyed.
+    disconnect(qApp, nullptr, this, nullptr);
+    LeaveShow();
+}
 
 void EvidenceUI::BuildFrame() {
     m_titleBar = new FlatTitleBar(this);

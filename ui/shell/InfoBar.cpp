@@ -13,6 +13,7 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <QPointer>
 
 namespace quellbrook {
 
@@ -108,7 +109,9 @@ void InfoBar::Update() {
     const bool changed = m_selected->Caption() != status;
     m_selected->SetCaption(status);
     setAccessibleName(status);  // before it appears, since a screen reader reads an alert when it appears
+    const QPointer<InfoBar> self(this);
     if (!ShouldShow() && isAncestorOf(window()->focusWidget())) emit LosesFocus();
+    if (!self) return;
     setVisible(ShouldShow());
     if (changed) Announce();
 }

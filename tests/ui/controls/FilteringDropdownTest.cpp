@@ -48,6 +48,11 @@ protected:
                           m_window.mapFromGlobal(widget.mapToGlobal(at)));
         ServeEvents();  // a press that closes the list is sent again
     }
+    // The platform of the tests does not send a press that closes the list again.
+    void LeaveByMouse() {
+        m_dropdown.List()->hide();
+        ClickAt(m_next, QPoint(20, 18));
+    }
     void ClickText() { ClickAt(*m_box, QPoint(20, 18)); }
 
     bool IsOpen() const { return m_dropdown.List()->isVisible(); }
@@ -263,6 +268,50 @@ TEST_F(FilteringDropdownTest, LeavingKeepsTheChoiceUnlessTheTextIsThatOfOneEntry
     TypeText("CRIME lab");
     Key(Qt::Key_Tab);
     ExpectChoice(1, 1);
+}
+
+TEST_F(FilteringDropdownTest, ATextThatIsDroppedByAClickElsewhereIsToldOnce) {
+    TypeText("bio");
+    LeaveByMouse();
+    ExpectChoice(1, 0);
+    EXPECT_TRUE(m_dropdown.TakeDroppedText());
+    EXPECT_FALSE(m_dropdown.TakeDroppedText());
+
+    m_dropdown.setFocus(Qt::TabFocusReason);
+    TypeText("biox");
+    EXPECT_TRUE(m_dropdown.TakeDroppedText()) << "while the text is still there";
+    ExpectChoice(1, 0);
+
+    TypeText("biox");
+    Key(Qt::Key_Tab);
+    EXPECT_FALSE(m_dropdown.TakeDroppedText()) << "the user has seen the choice again";
+    m_dropdown.setFocus(Qt::TabFocusReason);
+    TypeText("bio");
+    LeaveByMouse();
+    m_dropdown.setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(m_dropdown.TakeDroppedText());
+    m_dropdown.SetListIndex(2);
+    TypeText("crime lab");
+    EXPECT_FALSE(m_dropdown.TakeDroppedText()) << "an entry";
+    EXPECT_EQ(m_dropdown.ListIndex(), 1);
+}
+
+TEST_F(FilteringDropdownTest, ArrowKeysChooseNothingAfterATextThatMatchesNothing) {
+    TypeText("biox");
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp}) Key(key);
+    EXPECT_EQ(m_dropdown.ListIndex(), 1);
+    EXPECT_EQ(m_clicks, 0);
+    EXPECT_EQ(Text(), "biox");
+}
+
+TEST_F(FilteringDropdownTest, EnterWithoutAChoiceChoosesNothing) {
+    m_dropdown.SetListIndex(-1);
+    m_clicks = 0;
+    Key(Qt::Key_F4);
+    ASSERT_TRUE(IsOpen());
+    Key(Qt::Key_Return);
+    EXPECT_EQ(m_dropdown.ListIndex(), -1);
+    EXPECT_EQ(m_clicks, 0);
 }
 
 TEST_F(FilteringDropdownTest, LeavingWithTheTextOfTwoEntriesKeepsTheChoice) {

@@ -195,5 +195,25 @@ TEST_F(SearchResultListTest, TheWheelScrolls) {
     EXPECT_EQ(Bar()->Value(), 0);
 }
 
+TEST_F(SearchResultListTest, TheSelectionOfAListThatShrankWhileItWasOutOfSightIsForgotten) {
+    class LiveItems : public ItemVector {
+    public:
+        explicit LiveItems(const ItemVector& items) : ItemVector(items) {}
+        int32_t count = 40;
+        int32_t Count() const override { return count; }
+        StoredItemRef ItemAt(int32_t index) const override {
+            if (index >= count) Raise(ErrorNumber::SubscriptOutOfRange, "LiveItems");
+            return ItemVector::ItemAt(index);
+        }
+    };
+    const auto items = std::make_shared<LiveItems>(*MakeItems(40));
+    m_list->SetItems(items);
+    Press(m_list, Qt::Key_End);
+    Bar()->SetValue(0);
+    Press(m_list, Qt::Key_Up);
+    items->count = 10;
+    EXPECT_NO_THROW(m_list->CurrentPlace());
+}
+
 }  // namespace
 }  // namespace quellbrook::testing

@@ -160,5 +160,32 @@ TEST_F(CartViewDisposalTest, OnlyADisposalAsksForADisposition) {
     EXPECT_EQ(ToInt32(m_database.QueryValue("SELECT COUNT(*) FROM Property WHERE HasFinalDisposition <> 0")), 0);
 }
 
+TEST_F(CartViewDisposalTest, ABatchThatChangesBehindTheDialogIsNotDisposedOf) {
+    for (const bool replaced : {false, true}) {
+        BeginDisposal({m_laptop, m_bar});
+        const std::string before = m_database.Snapshot();
+        bool wasOpen = false;
+        WhileFormOpen<frmFinalDisposition>([&](frmFinalDisposition& form) {
+            wasOpen = true;
+            if (replaced) {
+                GetActions().CancelTransaction();
+                GetActions().BeginTransaction(TransactionType::SignOut, ListOf({m_laptop, m_bar}));
+            } else {
+                GetActions().RemoveFromCart(m_bar);
+            }
+            Save(form, "");
+        });
+        Transfer()->Click();
+        EXPECT_TRUE(wasOpen);
+        EXPECT_EQ(m_database.Snapshot(), before);
+        const auto messages = m_screen.TakeMessages();
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].prompt.find("The batch was changed while its final disposition was being entered."),
+                  std::string::npos)
+            << messages[0].prompt;
+        GetActions().CancelTransaction();
+    }
+}
+
 }  // namespace
 }  // namespace quellbrook::testing

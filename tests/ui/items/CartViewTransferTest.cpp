@@ -60,6 +60,30 @@ TEST_F(CartViewTest, FaultsAreReportedInOrderAndTheFieldGetsTheFocus) {
     EXPECT_TRUE(IsCurrent());
 }
 
+TEST_F(CartViewTest, ATypedDestinationThatWasNotChosenIsNotTransferredToTheOneOfBefore) {
+    BeginSignOut();
+    FillForm(crimeLab);
+    const std::string before = m_database.Snapshot();
+    const auto clickTransfer = [this] {
+        QTest::mouseClick(m_window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          m_window.mapFromGlobal(Transfer()->mapToGlobal(Transfer()->rect().center())));
+        ServeEvents();
+    };
+    for (const char* text : {"forensics", "nowhere"}) {
+        Destination()->setFocus(Qt::TabFocusReason);
+        SendText(m_window, text);
+        Destination()->findChild<FlatDropdown*>()->List()->hide();  // as the press does on a real platform
+        clickTransfer();
+        EXPECT_EQ(m_screen.TakeMessages(), Messages{NoDestination}) << text;
+        EXPECT_EQ(m_database.Snapshot(), before) << text;
+        EXPECT_TRUE(IsCurrent());
+    }
+    EXPECT_EQ(Destination()->SelectedLocation()->ID(), crimeLab);
+    clickTransfer();
+    EXPECT_EQ(m_screen.TakeMessages(), Messages{});
+    EXPECT_NE(m_database.Snapshot(), before);
+}
+
 TEST_F(CartViewTest, ATransferWritesOneRowForEachItemAndGoesBack) {
     const StoredItemRef car = AddVehicle("KTR4821", shelf);
     Begin(TransactionType::SignOut, {m_bar, car});
