@@ -159,6 +159,8 @@ void FilteringBox::focusInEvent(QFocusEvent* event) {
         m_hasDroppedText = false;
         m_byKeyboard = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
         StartOver();
+    } else if (event->reason() == Qt::ActiveWindowFocusReason && !IsTyping()) {
+        StartOver();  // it may have got the focus behind a message
     }
     ShowEdit();
 }

@@ -129,6 +129,8 @@ void CategorizedSearchResults::Search(const std::string& text) {
     AddCategory("Description", StoredItemSearch().WithDescription("*" + text + "*").Execute());
 }
 
+void CategorizedSearchResults::Refresh() { m_searchResults->DisplayVisibleItems(); }
+
 bool CategorizedSearchResults::IsCovered() const { return m_grpSearching->IsShown(); }
 
 void CategorizedSearchResults::ExecuteQueryInPlace(const std::string& text) {

@@ -34,6 +34,8 @@ public:
     void ExecuteQuery(const std::string& text);
     // Does the same, but keeps the category, the selection and the scroll position where it can.
     void ExecuteQueryInPlace(const std::string& text);
+    // Shows what the items have read again since, such as their status after a transfer. Runs no search.
+    void Refresh();
     // Whether a search has failed and none has ended since.
     bool IsCovered() const;
 

@@ -185,7 +185,11 @@ void EvidenceExplorer::Shown() {
 
 void EvidenceExplorer::m_cartStore_OnChange() { m_picInfobar->EnableByRights(*m_cartstore); }
 
-void EvidenceExplorer::Refresh() { RefreshContents(&LocationView::Refresh); }
+void EvidenceExplorer::Refresh() {
+    const QPointer<EvidenceExplorer> self(this);
+    RefreshContents(&LocationView::Refresh);
+    if (self && m_searchResultPane->IsShown()) m_searchResultPane->Refresh();
+}
 
 void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
     const StorageLocationRef location = SelectedLocation();
@@ -284,14 +288,16 @@ QScopeGuard<std::function<void()>> EvidenceExplorer::KeepFocus() {
     const bool isOnTheRight = active && active != m_locationPane && active != m_grpSearch;
     const QPointer<QWidget> focused(isOnTheRight ? window()->focusWidget() : nullptr);
     return qScopeGuard(std::function<void()>([self = QPointer<EvidenceExplorer>(this), isOnTheRight, focused] {
-        if (self && isOnTheRight && self->window()->focusWidget() != focused) self->ReturnFocus();
+        // In an inactive window, a control that is hidden remains the focus widget.
+        const bool isKept = focused && focused->isVisible() && focused->isEnabled();
+        if (self && isOnTheRight && !(isKept && self->window()->focusWidget() == focused)) self->ReturnFocus();
     }));
 }
 
 void EvidenceExplorer::ReturnFocus() {
     QWidget* pane = m_itemPane;
     if (m_searchResultPane->IsShown()) pane = m_searchResultPane;
-    if (ActiveChild() == pane) return;
+    if (ActiveChild() == pane && window()->focusWidget()->isVisible()) return;
     const bool isUsable = pane->isEnabled() && !(pane == m_searchResultPane && m_searchResultPane->IsCovered());
     TrySetFocus(isUsable ? pane : m_locationPane);
 }

@@ -206,8 +206,9 @@ ObjectRef LocationView::ObjectOf(int row) const { return m_rowObjects.Item(ToUtf
 
 std::shared_ptr<ObjectVector> LocationView::SelectedItems() const {
     auto selected = std::make_shared<ObjectVector>();
-    for (int row = 0; row < m_itemPane->RowCount(); ++row)
-        if (m_itemPane->RowSelected(row)) selected->Add(ObjectOf(row));
+    int row = 0;  // the objects are in the order of the rows
+    for (const ObjectRef& object : m_rowObjects)
+        if (m_itemPane->RowSelected(row++)) selected->Add(object);
     return selected;
 }
 

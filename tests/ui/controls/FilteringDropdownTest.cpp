@@ -345,6 +345,17 @@ TEST_F(FilteringDropdownTest, TheTextSurvivesAVisitToAnotherWindow) {
     ExpectChoice(1, 0);
 }
 
+TEST_F(FilteringDropdownTest, TypingReplacesTheTextOfAFieldThatGotTheFocusBehindAMessage) {
+    m_next.setFocus();
+    QWidget message;
+    ShowActive(message);
+    m_dropdown.setFocus();
+    message.close();
+    ShowActive(m_window);
+    TypeText("bio");
+    EXPECT_EQ(Text(), "bio");
+}
+
 TEST_F(FilteringDropdownTest, TheTextIsSelectedWhenTheFieldIsEntered) {
     EXPECT_EQ(m_box->lineEdit()->selectedText(), "Crime Lab");
     Key(Qt::Key_End);

@@ -5,6 +5,7 @@
 #include "ui/controls/FlatTextbox.h"
 #include "ui/explorer/CategorizedSearchResults.h"
 #include "ui/explorer/SearchResultList.h"
+#include "ui/explorer/SearchResultRow.h"
 
 #include <QLineEdit>
 
@@ -101,6 +102,20 @@ TEST_F(EvidenceExplorerSearchTest, AScanOfALocationLeavesTheResultsAndKeepsTheFo
     EXPECT_FALSE(m_results->IsShown());
     EXPECT_TRUE(m_list->Tree()->hasFocus());
     EXPECT_EQ(m_box->Text(), "E-1");
+}
+
+TEST_F(EvidenceExplorerSearchTest, ResultsShowWhereATransferHasMovedThem) {
+    Search("E-1");
+    const auto location = [this] {
+        return Find<Label>(*m_resultList->Rows().front(), "lblLocation")->Caption().toStdString();
+    };
+    ASSERT_EQ(location(), "Shelf A");
+    GetActions().BeginTransaction(TransactionType::Move, m_explorer->GetSelectedObjects());
+    m_explorer->hide();
+    m_database.AddCustodyRow(StoredItemTypes::Property, m_first, m_empty);
+    GetActions().CancelTransaction();
+    m_explorer->show();
+    EXPECT_EQ(location(), "Empty Shelf");
 }
 
 TEST_F(EvidenceExplorerSearchTest, NothingFoundLeavesTheFocusInTheBox) {

@@ -4,6 +4,7 @@
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/common/Dialogs.h"
 #include "ui/controls/FlatButton.h"
+#include "ui/controls/FlatTextbox.h"
 #include "ui/controls/Link.h"
 #include "ui/locations/LocationEditor.h"
 
@@ -133,6 +134,21 @@ TEST_F(ExplorerHeadingTest, TheSelectedLocationIsDeletedAfterAQuestion) {
     EXPECT_EQ(m_screen.TakeMessages().at(0).prompt, "Are you sure you want to delete this location ('Empty Shelf')?");
     EXPECT_EQ(LocationOf(m_empty), nullptr);
     EXPECT_EQ(Title(), "Sign-In Locations");
+}
+
+TEST_F(ExplorerHeadingTest, AfterACreationTheFocusIsInTheTree) {
+    Show();
+    GetDialogs().SetParent(std::make_shared<WindowReference>(m_window.get()));
+    LinkNamed("lnkAddLocation")->setFocus();
+    QTimer::singleShot(0, qApp, [] {
+        auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
+        ASSERT_NE(form, nullptr);
+        Find<FlatTextbox>(*form, "txtName")->SetText("Crate");
+        Find<FlatButton>(*form, "btnSave")->Click();
+    });
+    LinkNamed("lnkAddLocation")->Click();
+    EXPECT_EQ(Title(), "Crate");
+    EXPECT_EQ(m_window->focusWidget(), m_widget) << m_window->focusWidget()->objectName().toStdString();
 }
 
 TEST_F(ExplorerHeadingTest, TheLocationOfTheQuestionIsDeletedEvenIfAnotherOneIsSelectedMeanwhile) {
