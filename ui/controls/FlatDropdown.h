@@ -31,8 +31,8 @@ public:
     void SetListIndex(int index);
     void SetAccessibleCaption(const QString& name);
     void SetPlaceholder(const QString& text);  // shown while nothing is selected
-    // While it filters: whether the user typed a text that is no entry, and then left the field by mouse, or is still
-    // in it. The choice of before is shown again. A second call returns false.
+    // For a dropdown that filters: whether the user typed a text that matches no single entry and either left the field
+    // with the mouse or is still editing it. Restores the text of the current choice. Returns true only once.
     bool TakeDroppedText();
     QComboBox* Box() const;
     QAbstractItemView* List() const;  // the list that opens

@@ -14,7 +14,7 @@
 #include "ui/controls/Link.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/explorer/SearchResultList.h"
-#include "ui/items/BackKeys.h"
+#include "ui/items/GoBack.h"
 #include "ui/locations/LocationPicker.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
@@ -33,7 +33,7 @@ namespace {
 
 constexpr float OuterMargin = 240, ButtonGap = 135;
 // Pixels.
-constexpr int TitleAreaHeight = 56, TitleTop = 14, CloseIconSize = 24, CloseHeight = 40;
+constexpr int TitleAreaHeight = 56, TitleTop = 14, CloseHeight = 40;
 constexpr int FormWidth = 360, FirstCaptionTop = 16, CaptionToField = 26, CaptionToCaption = 82;
 constexpr int TightCaptionToCaption = CaptionToField + Theme::FieldHeight + 2;
 constexpr int TransferWidth = 112, CancelWidth = 96;
@@ -99,13 +99,7 @@ void CartView::BuildTitleArea() {
     m_title->SetType(Theme::Type::Title);
     m_title->SetCaption("Transfer Evidence");
     m_title->Move(OuterMargin, ToTwips(TitleTop));
-    m_close = new Link(m_titleArea);
-    m_close->setObjectName("lnkClose");
-    m_close->SetIcon("close", CloseIconSize);
-    m_close->SetHeight(ToTwips(CloseHeight));
-    m_close->SetQuiet(true);
-    m_close->SetAccessibleCaption("Close");
-    connect(m_close, &Link::Clicked, this, [] { Guard([] { GetActions().GoBack(); }); });
+    m_close = AddCloseLink(m_titleArea, CloseHeight);
 }
 
 void CartView::BuildFormPanel() {

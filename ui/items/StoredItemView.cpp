@@ -9,7 +9,7 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
-#include "ui/items/BackKeys.h"
+#include "ui/items/GoBack.h"
 #include "ui/items/TrackingList.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
@@ -27,7 +27,7 @@ namespace {
 constexpr float OuterMargin = 240, FieldGap = 120;
 // Pixels.
 constexpr int TitleAreaHeight = 76, SpacerHeight = 8, HeadingLeft = 20, HeadingTop = 14, StatusTop = 48;
-constexpr int OpenLinkTop = 18, CloseIconSize = 24, CloseHeight = 48;
+constexpr int OpenLinkTop = 18, CloseHeight = 48;
 constexpr int TabsLeft = 12, FirstTabIndent = 4, TabsHeader = 40;
 
 // As wide as its text, up to this right edge.
@@ -74,13 +74,7 @@ void StoredItemView::BuildHeading() {
     m_openLink->SetIcon("open");
     m_openLink->SetCaption("Open in Tessarine...");
     connect(m_openLink, &Link::Clicked, this, [this] { OpenRecord(); });
-    m_close = new Link(m_titleArea);
-    m_close->setObjectName("lnkClose");
-    m_close->SetIcon("close", CloseIconSize);
-    m_close->SetHeight(ToTwips(CloseHeight));
-    m_close->SetQuiet(true);
-    m_close->SetAccessibleCaption("Close");
-    connect(m_close, &Link::Clicked, this, [] { Guard([] { GetActions().GoBack(); }); });
+    m_close = AddCloseLink(m_titleArea, CloseHeight);
     m_spacer = new GroupBox(this);
     m_spacer->setObjectName("spacer");
     m_spacer->SetHeight(ToTwips(SpacerHeight));

@@ -16,7 +16,7 @@
 #include "ui/controls/Link.h"
 #include "ui/controls/ListView.h"
 #include "ui/explorer/StatePanel.h"
-#include "ui/items/BackKeys.h"
+#include "ui/items/GoBack.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
@@ -36,7 +36,7 @@ namespace {
 constexpr float OuterMargin = 240, CountGap = 60, ColumnSlack = 240;
 constexpr float DisplayIdShare = 0.2f, DescriptionShare = 0.4f;
 // Pixels.
-constexpr int TitleAreaHeight = 56, TitleTop = 14, CloseIconSize = 24, CloseHeight = 40;
+constexpr int TitleAreaHeight = 56, TitleTop = 14, CloseHeight = 40;
 constexpr int SearchGroupHeight = 112, SearchTop = 28, SearchWidth = 352, FilterLeft = 360, FilterWidth = 160;
 constexpr int SearchButtonTop = 76, SearchButtonWidth = 128;
 constexpr int ResultsTop = 180, HeaderTop = 8, SeparatorTop = 32, ListTop = 33;
@@ -95,13 +95,7 @@ void SubmitEvidenceView::BuildTitleArea() {
     title->SetType(Theme::Type::Title);
     title->SetCaption("Check in New Evidence");
     title->Move(OuterMargin, ToTwips(TitleTop));
-    m_close = new Link(m_titleArea);
-    m_close->setObjectName("lnkClose");
-    m_close->SetIcon("close", CloseIconSize);
-    m_close->SetHeight(ToTwips(CloseHeight));
-    m_close->SetQuiet(true);
-    m_close->SetAccessibleCaption("Close");
-    connect(m_close, &Link::Clicked, this, [] { Guard([] { GetActions().GoBack(); }); });
+    m_close = AddCloseLink(m_titleArea, CloseHeight);
 }
 
 void SubmitEvidenceView::BuildSearch() {

@@ -34,8 +34,8 @@ public:
     StorageLocationRef SelectedLocation() const;
     void SetSelectedLocation(const StorageLocationRef& value);
 
-    // Whether the user typed a text that is no location, and then left the field by mouse, or is still in it. The
-    // location of before is shown again. A second call returns false.
+    // Whether the user typed a text that matches no single location and either left the field with the mouse or is
+    // still editing it. Restores the text of the selected location. Returns true only once.
     bool TakeDroppedText();
 
     QFont Font() const { return font(); }
