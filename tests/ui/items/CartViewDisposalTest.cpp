@@ -85,11 +85,14 @@ TEST_F(CartViewDisposalTest, WithoutNotesTheDisposalNoteIsEmpty) {
 TEST_F(CartViewDisposalTest, ACanceledDispositionWritesNothingAndKeepsTheBatch) {
     BeginDisposal({m_laptop});
     const std::string before = m_database.Snapshot();
-    WhileFormOpen<frmFinalDisposition>([](frmFinalDisposition& form) {
+    bool wasOpen = false;
+    WhileFormOpen<frmFinalDisposition>([&](frmFinalDisposition& form) {
+        wasOpen = true;
         Find<FlatTextArea>(form, "notesField")->SetText("Court order");
         Find<FlatButton>(form, "btnCancel")->Click();
     });
     Click(Transfer());
+    EXPECT_TRUE(wasOpen);
     ExpectKept(before);
     EXPECT_TRUE(m_screen.Messages().empty());
 }
@@ -142,6 +145,7 @@ TEST_F(CartViewDisposalTest, AViewThatIsDestroyedBehindTheDialogTransfersNothing
         Save(form, "Court order");
     });
     Transfer()->Click();
+    EXPECT_EQ(m_view, nullptr) << "the dialog was open";
     EXPECT_EQ(m_database.Snapshot(), before);
     EXPECT_TRUE(IsCurrent());
     EXPECT_TRUE(Cart()->IsItemInCart(m_laptop));
