@@ -15,6 +15,7 @@
 #include "ui/controls/Line.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/ListView.h"
+#include "ui/controls/PictureBox.h"
 #include "ui/controls/StatusTag.h"
 #include "ui/controls/TessarineDropdown.h"
 #include "ui/explorer/CategorizedSearchResults.h"
@@ -25,6 +26,8 @@
 #include "ui/explorer/SearchResultRow.h"
 #include "ui/items/ActionTag.h"
 #include "ui/items/CartView.h"
+#include "ui/items/PropertyDetails.h"
+#include "ui/items/StoredItemMenu.h"
 #include "ui/items/StoredItemView.h"
 #include "ui/items/SubmitEvidenceView.h"
 #include "ui/items/TrackingList.h"
@@ -74,6 +77,9 @@ ControlLoader::ControlLoader() {
     Add<TessarineDropdown>("TessarineDropdown");
     Add<Toast>("Toast");
     Add<TrackingList>("TrackingList");
+    Add<PropertyDetails>("PropertyDetails");
+    Add<StoredItemMenu>("StoredItemMenu");
+    Add<PictureBox>("PictureBox");
     Add<TrackingResult>("TrackingResult");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ActionTypes.h"
 #include "core/Dispatcher.h"
 
 #include <functional>
@@ -33,6 +34,14 @@ public:
         std::vector<std::string> types;
         for (const Action& action : actions) types.push_back(action.ActionType);
         return types;
+    }
+
+    // The notifications shown to the user.
+    std::vector<std::string> Notices() const {
+        std::vector<std::string> notices;
+        for (const Action& action : actions)
+            if (action.ActionType == ActionTypes::NOTIFY_USER) notices.push_back(ToText(action.Payload));
+        return notices;
     }
 
     std::vector<Action> actions;

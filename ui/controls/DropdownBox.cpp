@@ -5,6 +5,7 @@
 #include "ui/style/TextBlock.h"
 #include "ui/style/Theme.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
@@ -70,7 +71,7 @@ void DropdownBox::SetUp(QListView& list) {
 
 // A frame takes its color from the window's text color.
 void DropdownBox::SetFrameColor(QWidget& framed) {
-    QPalette palette = QGuiApplication::palette();
+    QPalette palette = QApplication::palette();
     palette.setColor(QPalette::WindowText, Theme::Get(Theme::Color::FieldBorder));
     framed.setPalette(palette);
 }

@@ -1,7 +1,5 @@
-#include "base/FormatCount.h"
 #include "base/Screen.h"
-#include "core/Actions.h"
-#include "host/HostServices.h"
+#include "ui/common/PrintReport.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/platform/Guard.h"
 
@@ -12,11 +10,6 @@ namespace {
 void PrintBarcodeLabelOf(const ObjectRef& object) {
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(object)) location->PrintBarcodeLabel();
     if (const auto item = std::dynamic_pointer_cast<StoredItem>(object)) item->PrintBarcodeLabel();
-}
-
-void ReportPrinted(int32_t count) {
-    GetActions().NotifyUser("Sent " + FormatCount(count, "%d label", "%d labels") + " " +
-                            HostServices::Current().Printer().Destination() + ".");
 }
 
 }  // namespace
@@ -31,7 +24,7 @@ void EvidenceExplorer::PrintLabelsOf(const ObjectList& objects) {
             for (; printed < objects.Count(); ++printed) PrintBarcodeLabelOf(objects.At(printed));
         },
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
-    if (printed > 0) Guard([=] { ReportPrinted(printed); });
+    if (printed > 0) Guard([=] { ReportPrintedLabels(printed); });
 }
 
 }  // namespace quellbrook

@@ -10,13 +10,14 @@
 #include "ui/controls/Link.h"
 #include "ui/controls/StatusTag.h"
 #include "ui/items/GoBack.h"
+#include "ui/items/PropertyDetails.h"
+#include "ui/items/StoredItemMenu.h"
 #include "ui/items/TrackingList.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
 #include <QKeyEvent>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -37,11 +38,13 @@ void FitInto(Label& label, float right) {
 
 }  // namespace
 
-StoredItemView::StoredItemView(QWidget* parent) : View(parent) {
+StoredItemView::StoredItemView(QWidget* parent) : View(parent), m_menu(new StoredItemMenu(this)) {
+    m_menu->setObjectName("menu");
     BuildHeading();
     BuildTabs();
     m_tabs->SetTabIndex(0);
-    for (GroupBox* docked : {m_titleArea, m_spacer}) docked->SetAlign(Alignment::Top);
+    for (Control* docked : std::initializer_list<Control*>{m_menu, m_titleArea, m_spacer})
+        docked->SetAlign(Alignment::Top);
 }
 
 void StoredItemView::BuildHeading() {
@@ -85,7 +88,7 @@ void StoredItemView::BuildTabs() {
     m_tabs = new FlatTabs(this);
     m_tabs->SetIndent(ToTwips(FirstTabIndent));
     m_tabs->setObjectName("tabs");
-    m_tabs->Move(ToTwips(TabsLeft), ToTwips(TitleAreaHeight + SpacerHeight));
+    m_tabs->SetLeft(ToTwips(TabsLeft));
     int index = 0;
     for (const char* caption : {"Details", "Chain of Custody"}) {
         FlatTabPage* page = m_tabs->AddTab(caption);
@@ -93,6 +96,9 @@ void StoredItemView::BuildTabs() {
         page->SetIndex(index++);
     }
     m_tabs->SetAccessibleCaption(tr("Item"));
+    m_propertyDetails = new PropertyDetails(m_tabs->Page(0));
+    m_propertyDetails->setObjectName("propertyDetails");
+    m_propertyDetails->hide();
     m_tracking = new TrackingList(m_tabs->Page(1));
     m_tracking->setObjectName("tracking");
     m_tracking->setAccessibleName(m_tabs->Caption(1));
@@ -103,18 +109,19 @@ void StoredItemView::Show(const std::shared_ptr<Dictionary>& viewParameters) {
 }
 
 void StoredItemView::LoadItem(const StoredItemRef& item) {
-    const QPointer<StoredItemView> self(this);
-    const uint32_t load = ++m_loads;
     m_tabs->SetSelectedIndex(0);
     SetStatusTag(*m_status, *item);
     m_id->SetCaption(ToQString(item->DisplayID()));
     m_description->SetCaption(ToQString(item->Description()));
     SetLocationLabel(*m_location, *item);
-    m_tracking->SetItem(item);
-    // The message loop ran while the chain was built, so the view may be gone or another item may have been loaded.
-    if (!self || load != m_loads) return;
+    const bool isProperty = item->ItemType() == StoredItemTypes::Property;
+    if (isProperty) m_propertyDetails->SetItem(item);
+    m_propertyDetails->setVisible(isProperty);
+    m_menu->SetItem(item);
     m_item = item;
     LayoutView();
+    // Last, since events run while the chain is built: no command may act on the item before.
+    m_tracking->SetItem(item);
 }
 
 void StoredItemView::OpenRecord() {
@@ -136,11 +143,13 @@ void StoredItemView::LayoutView() {
         FitInto(*m_description, headingRight);
         m_location->Move(m_status->Right() + FieldGap, m_status->TextTop());
         m_openGroup->SetLeft(m_description->Right() + FieldGap);
+        m_tabs->SetTop(m_spacer->Bottom());
         m_tabs->SetWidth(Width() - m_tabs->Left());
         m_tabs->SetHeight(Height() - m_tabs->Top());
         m_headingRule->Move(0, m_tabs->Top() + ToTwips(TabsHeader - 1), Width(), TwipsPerPixel);
-        const FlatTabPage* page = m_tabs->Page(1);
-        m_tracking->Move(0, 0, page->ClientWidth(), page->ClientHeight());
+        const FlatTabPage* page = m_tabs->Page(0);
+        for (Control* content : std::initializer_list<Control*>{m_propertyDetails, m_tracking})
+            content->Move(0, 0, page->ClientWidth(), page->ClientHeight());
     });
 }
 

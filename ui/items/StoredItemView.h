@@ -11,10 +11,12 @@ class GroupBox;
 class Label;
 class Line;
 class Link;
+class PropertyDetails;
 class StatusTag;
+class StoredItemMenu;
 class TrackingList;
 
-// The full page of one stored item: its heading, and tabs with its details and its chain of custody.
+// The full page of one stored item: its commands, its heading, and tabs with its details and its chain of custody.
 class StoredItemView : public View, public AppView {
     Q_OBJECT
 
@@ -38,7 +40,7 @@ private:
     void OpenRecord();
 
     StoredItemRef m_item;
-    uint32_t m_loads = 0;
+    StoredItemMenu* m_menu;
     GroupBox* m_titleArea = nullptr;
     Label* m_id = nullptr;
     Label* m_description = nullptr;
@@ -50,6 +52,7 @@ private:
     GroupBox* m_spacer = nullptr;
     Line* m_headingRule = nullptr;
     FlatTabs* m_tabs = nullptr;
+    PropertyDetails* m_propertyDetails = nullptr;
     TrackingList* m_tracking = nullptr;
 };
 

@@ -1,4 +1,3 @@
-#include "core/ActionTypes.h"
 #include "data/BarcodeText.h"
 #include "tests/support/Callbacks.h"
 #include "tests/support/LabelServices.h"
@@ -31,14 +30,6 @@ protected:
         return texts;
     }
 
-    // The notifications shown to the user.
-    std::vector<std::string> Notices() const {
-        std::vector<std::string> notices;
-        for (const Action& action : m_actions->actions)
-            if (action.ActionType == ActionTypes::NOTIFY_USER) notices.push_back(ToText(action.Payload));
-        return notices;
-    }
-
     LabelServices m_labels;
     std::shared_ptr<RecordingCallback> m_actions = std::make_shared<RecordingCallback>();
 };
@@ -48,7 +39,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsALabelOfEverySelectedItem) {
     EXPECT_THAT(PrintedBarcodes(),
                 ::testing::UnorderedElementsAre(MakeBarcodeText("L", m_bin), MakeBarcodeText("P", m_first),
                                                 MakeBarcodeText("P", m_second)));
-    EXPECT_THAT(Notices(), ElementsAre("Sent 3 labels to the printer 'Front Desk'."));
+    EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 3 labels to the printer 'Front Desk'."));
     EXPECT_THAT(m_screen.TakeMessages(), ::testing::IsEmpty());
 }
 
@@ -57,7 +48,7 @@ TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
     m_window->setFocus();
     Print();
     EXPECT_THAT(PrintedBarcodes(), ElementsAre(MakeBarcodeText("L", m_shelf)));
-    EXPECT_THAT(Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
+    EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
@@ -70,14 +61,14 @@ TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
     EXPECT_THAT(messages[0].prompt, ::testing::EndsWith(": Out of labels."));
     EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
     EXPECT_EQ(messages[0].title, "Error");
-    EXPECT_THAT(Notices(), ElementsAre()) << "no label was printed";
+    EXPECT_THAT(m_actions->Notices(), ElementsAre()) << "no label was printed";
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureAfterTheFirstLabelSaysHowManyWerePrinted) {
     m_labels.printer->refuseAfter = 2;
     PrintAll();
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
-    EXPECT_THAT(Notices(), ElementsAre("Sent 2 labels to the printer 'Front Desk'."));
+    EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 2 labels to the printer 'Front Desk'."));
 }
 
 }  // namespace

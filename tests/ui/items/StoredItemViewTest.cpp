@@ -66,7 +66,35 @@ TEST_F(StoredItemViewTest, AVehicleShowsItsHeadingAndABlankDetailsPage) {
     EXPECT_EQ(LabelOf("lblID")->Caption(), "KTR4821 (OR)");
     EXPECT_EQ(Tracking()->Rows().front()->IsShown(), true);
     EXPECT_EQ(Tabs()->SelectedIndex(), 0);
-    for (const Control* child : Tabs()->Page(0)->findChildren<Control*>()) EXPECT_FALSE(child->IsShown());
+    for (const Control* child : Tabs()->Page(0)->findChildren<Control*>()) EXPECT_FALSE(child->isVisible());
+}
+
+TEST_F(StoredItemViewTest, APropertyShowsItsDetails) {
+    Open(AddVehicle("KTR4821", shelf));
+    Open(m_laptop);
+    EXPECT_TRUE(Named("propertyDetails")->isVisible());
+    EXPECT_EQ(Find<Label>(*m_view, "lblCategory")->Caption(), "Electronics");
+    EXPECT_EQ(Named("propertyDetails")->size(), Tabs()->Page(0)->size());
+    EXPECT_EQ(Named("propertyDetails")->pos(), QPoint(0, 0));
+}
+
+TEST_F(StoredItemViewTest, TheMenuServesTheItemOnShow) {
+    Open(m_laptop);
+    const StoredItemRef vehicle = AddVehicle("KTR4821", shelf);
+    Open(vehicle);
+    Click(FindAll<Link>(*m_view, "lnkMenu").at(TransactionType::Move));
+    ASSERT_EQ(Cart()->GetItems()->Count(), 1);
+    EXPECT_EQ(Cart()->GetItems()->ItemAt(0), vehicle);
+    EXPECT_TRUE(Named("lnkUndo")->isVisible());
+}
+
+TEST_F(StoredItemViewTest, WhileAChainIsBuiltTheCommandsServeTheNewItem) {
+    Open(AddProperty("E-2", "Pry bar", aisle));
+    for (int i = 0; i < 12; ++i) m_database.AddCustodyRow(StoredItemTypes::Property, m_laptop->ID(), shelf);
+    QTimer::singleShot(0, m_view, [&] { Click(FindAll<Link>(*m_view, "lnkMenu").at(TransactionType::Move)); });
+    Open(m_laptop);
+    ASSERT_EQ(Cart()->GetItems()->Count(), 1);
+    EXPECT_EQ(Cart()->GetItems()->ItemAt(0), m_laptop);
 }
 
 TEST_F(StoredItemViewTest, EveryItemStartsOnDetails) {
@@ -106,8 +134,9 @@ TEST_F(StoredItemViewTest, PartsAreLaidOutAtTwoSizes) {
         m_view->Move(0, 0, ToTwips(size.width()), ToTwips(size.height()));
         EXPECT_EQ(Named("lnkClose")->Left(), m_view->Width() - Named("lnkClose")->Width() - 240);
         EXPECT_EQ(Named("lnkClose")->Top(), 0);
-        EXPECT_EQ(Named("picTitleArea")->geometry(), QRect(0, 0, size.width(), 76));
-        EXPECT_EQ(Named("spacer")->Top(), Named("picTitleArea")->Height());
+        EXPECT_EQ(Named("menu")->geometry(), QRect(0, 0, size.width(), 44));
+        EXPECT_EQ(Named("picTitleArea")->geometry(), QRect(0, 44, size.width(), 76));
+        EXPECT_EQ(Named("spacer")->Top(), Named("picTitleArea")->Bottom());
         EXPECT_EQ(LabelOf("lblDescription")->Left(), LabelOf("lblID")->Right() + 120);
         EXPECT_EQ(LabelOf("lblLocation")->Left(), Named("tagStatus")->Right() + 120);
         EXPECT_EQ(LabelOf("lblLocation")->Top(), Find<StatusTag>(*m_view, "tagStatus")->TextTop());
@@ -275,10 +304,12 @@ TEST_F(StoredItemViewTest, TheViewCanBeDestroyedWhileAChainIsBuilt) {
 }
 
 TEST_F(StoredItemViewTest, TheTabsComeFirstInTheTabOrder) {
-    Open(m_laptop);
-    EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "lnkOpenInTessarine", "lnkClose"}));
+    Open(AddProperty("E-2", "Pry bar", crimeLab));
+    EXPECT_EQ(TabOrder(*m_view),
+              (std::vector<std::string>{"tabs", "lnkMenu", "lnkMenu", "lnkOpenInTessarine", "lnkClose"}));
     Tabs()->SetSelectedIndex(1);
-    EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "searchResult", "lnkOpenInTessarine", "lnkClose"}));
+    EXPECT_EQ(TabOrder(*m_view), (std::vector<std::string>{"tabs", "searchResult", "lnkMenu", "lnkMenu",
+                                                           "lnkOpenInTessarine", "lnkClose"}));
 }
 
 TEST_F(StoredItemViewTest, MarkupInAnItemIsShownAsPlainText) {

@@ -1,0 +1,260 @@
+#include "ui/items/PropertyDetails.h"
+
+#include "base/Error.h"
+#include "base/FormatCount.h"
+#include "data/BarcodeText.h"
+#include "host/HostServices.h"
+#include "ui/controls/FontIcon.h"
+#include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
+#include "ui/controls/Line.h"
+#include "ui/controls/PictureBox.h"
+#include "ui/platform/Pictures.h"
+#include "ui/platform/Strings.h"
+#include "ui/platform/Twips.h"
+#include "ui/style/FocusRing.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace quellbrook {
+
+namespace {
+
+// Pixels.
+constexpr int PageLeft = 8, PageMargin = 20, BlockGap = 26, WidestBlock = 560, NarrowestBlock = 320;
+constexpr int IconSize = 20, RuleTop = 28, FirstFieldTop = 32, FieldHeight = 28, FieldTop = 4;
+constexpr int CaptionLeft = 28, ValueLeft = 160;
+constexpr int BarcodeHeight = 60, PictureGap = 4, PictureSize = 300;
+
+const char* const Unknown = "N/A";
+
+bool IsUnknown(const TaggedValue& number) { return number.HasNoValue() || ToDouble(number) == 0; }
+
+std::string QuantityText(const TaggedValue& quantity) {
+    if (IsUnknown(quantity)) return Unknown;
+    const double count = ToDouble(quantity);
+    return FormatNumber(count) + (count > 1 ? " units" : "");
+}
+
+QString ValueText(const TaggedValue& value) {
+    if (IsUnknown(value)) return Unknown;
+    return ToQString(HostServices::Current().Formats().currency)
+        .replace("%d", QLocale().toString(ToDouble(value), 'f', 2));
+}
+
+// The barcode's text without its start and end character.
+QString KeyText(const StoredItem& item) {
+    const std::string text = MakeBarcodeText(item.ItemTypeCode(), item.ID());
+    return ToQString(std::string_view(text).substr(1, text.size() - 2));
+}
+
+}  // namespace
+
+PropertyDetails::PropertyDetails(QWidget* parent)
+    : Control(parent), m_area(new QScrollArea(this)), m_page(new GroupBox) {
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setFocusPolicy(Qt::NoFocus);
+    m_area->setAccessibleName(tr("Details"));
+    m_area->installEventFilter(this);
+    FocusRing::Show(m_area);
+    m_page->setObjectName("page");
+    m_page->SetBackColor(Theme::Color::Window);
+    BuildBlocks();
+    BuildPictures();
+    m_area->setWidget(m_page);
+}
+
+void PropertyDetails::BuildBlocks() {
+    m_blocks.reserve(3);
+    Block& basic = AddBlock("picBasicInfo", "BASIC INFORMATION", "basic");
+    m_quantity = AddField(basic, "Quantity:", "lblQuantity", "picQuantity");
+    m_value = AddField(basic, "Value ($):", "lblValue", "picValue");
+    m_category = AddField(basic, "Category:", "lblCategory", "picCategory");
+    Block& makeInfo = AddBlock("picMakeInfo", "IDENTIFIERS", "identifiers");
+    m_make = AddField(makeInfo, "Manufacturer:", "lblMake", "picMake");
+    m_model = AddField(makeInfo, "Model:", "lblModel", "picModel");
+    m_serialNumber = AddField(makeInfo, "Serial #:", "lblSerialNumber", "picSerialNumber");
+    Block& notes = AddBlock("picNotes", "NOTES", "notes");
+    AddField(notes, "Manufacturer:", "lblNotes", "picNotesLine").value->SetCaption(Unknown);
+}
+
+PropertyDetails::Block& PropertyDetails::AddBlock(const char* name, const char* caption, const char* iconName) {
+    Block& block = m_blocks.emplace_back();
+    block.box = new GroupBox(m_page);
+    block.box->setObjectName(name);
+    auto* icon = new FontIcon(block.box);
+    icon->setObjectName("imgIcon");
+    icon->SetIcon(iconName, IconSize);
+    icon->SetForeColor(Theme::Color::GrayText);
+    auto* label = new Label(block.box);
+    label->setObjectName("lblCaption");
+    label->SetType(Theme::Type::LinkText);
+    label->SetForeColor(Theme::Color::GrayText);
+    label->SetCaption(caption);
+    label->SetLeft(ToTwips(CaptionLeft));
+    auto* rule = new Line(block.box);
+    rule->setObjectName("lnCaption");
+    rule->Move(0, ToTwips(RuleTop), 0, TwipsPerPixel);
+    return block;
+}
+
+PropertyDetails::Field PropertyDetails::AddField(Block& block, const char* caption, const char* valueName,
+                                                 const char* lineName) {
+    Field field;
+    field.line = new GroupBox(block.box);
+    field.line->setObjectName(lineName);
+    field.line->Move(0, ToTwips(FirstFieldTop + FieldHeight * static_cast<int>(block.fields.size())));
+    field.line->SetHeight(ToTwips(FieldHeight));
+    auto* label = new Label(field.line);
+    label->setObjectName("lblField");
+    label->SetForeColor(Theme::Color::GrayText);
+    label->SetCaption(caption);
+    label->Move(ToTwips(CaptionLeft), ToTwips(FieldTop));
+    field.value = new Label(field.line);
+    field.value->setObjectName(valueName);
+    field.value->SetOneLine(true);
+    field.value->setAccessibleDescription(caption);
+    field.value->Move(ToTwips(ValueLeft), ToTwips(FieldTop));
+    block.fields.push_back(field);
+    return field;
+}
+
+void PropertyDetails::BuildPictures() {
+    m_barcode = new PictureBox(m_page);
+    m_barcode->setObjectName("imgBarcode");
+    m_key = new Label(m_page);
+    m_key->setObjectName("lblBarcode");
+    m_key->SetType(Theme::Type::Hint);
+    m_key->SetForeColor(Theme::Color::GrayText);
+    m_key->SetTextAlignment(Qt::AlignHCenter);
+    m_thumbnail = new PictureBox(m_page);
+    m_thumbnail->setObjectName("imgThumbnail");
+    m_noThumbnail = new Label(m_page);
+    m_noThumbnail->setObjectName("lblNoThumbnail");
+    m_noThumbnail->SetForeColor(Theme::Color::GrayText);
+    m_noThumbnail->SetWordWrap(true);
+    m_noThumbnail->SetWidth(ToTwips(PictureSize));
+}
+
+void PropertyDetails::SetItem(const StoredItemRef& item) {
+    Require(item, "propertyDetails.SetItem");
+    m_quantity.value->SetCaption(ToQString(QuantityText(item->Quantity())));
+    m_value.value->SetCaption(ValueText(item->Value()));
+    const std::string category = item->CategoryName();
+    m_category.value->SetCaption(category.empty() ? QString(Unknown) : ToQString(category));
+    ShowIdentifiers(*item);
+    ShowPictures(*item);
+    m_area->verticalScrollBar()->setValue(0);
+    Layout();
+}
+
+void PropertyDetails::ShowIdentifiers(const StoredItem& item) {
+    const auto show = [](const Field& field, const std::string& text) {
+        field.value->SetCaption(ToQString(text));
+        field.line->setVisible(!text.empty());
+    };
+    show(m_make, item.Make());
+    show(m_model, item.Model());
+    show(m_serialNumber, item.SerialNumber());
+    float top = m_make.line->Top();
+    if (m_make.line->IsShown()) top += m_make.line->Height();
+    m_model.line->SetTop(top);
+    if (m_model.line->IsShown()) top += m_model.line->Height();
+    m_serialNumber.line->SetTop(top);
+    const bool isAnyKnown = m_make.line->IsShown() || m_model.line->IsShown() || m_serialNumber.line->IsShown();
+    m_make.line->parentWidget()->setVisible(isAnyKnown);
+}
+
+void PropertyDetails::ShowPictures(const StoredItem& item) {
+    m_barcode->SetImage(ToImage(item.GetBarcodeImage(ToTwips(BarcodeHeight))));
+    m_key->SetCaption(KeyText(item));
+    m_barcode->setAccessibleName(tr("Barcode %1").arg(m_key->Caption()));
+    m_thumbnail->setAccessibleName(tr("Picture of %1").arg(ToQString(item.DisplayID())));
+    std::optional<Picture> picture;
+    std::string failure;
+    try {
+        picture = item.Thumbnail();
+    } catch (...) {
+        failure = CurrentError().Description();
+    }
+    m_thumbnail->SetImage(picture ? ToImage(*picture) : QImage(), QSize(PictureSize, PictureSize));
+    m_thumbnail->setVisible(picture.has_value());
+    m_noThumbnail->SetCaption(ToQString(failure));
+    m_noThumbnail->setVisible(!failure.empty());
+}
+
+void PropertyDetails::Layout() {
+    m_area->setGeometry(rect());
+    int width = m_area->width();
+    int height = LayoutPage(width);
+    const bool overflows = height > m_area->height();
+    if (overflows) {
+        width -= m_area->verticalScrollBar()->sizeHint().width();
+        height = LayoutPage(width);
+    }
+    m_page->Move(m_page->Left(), m_page->Top(), ToTwips(width), ToTwips(std::max(height, m_area->height())));
+    m_area->setFocusPolicy(overflows ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+// Returns the height of the page.
+int PropertyDetails::LayoutPage(int width) {
+    const int picturesWidth = std::max(m_barcode->width(), PictureSize);
+    const int beside = width - PageLeft - picturesWidth - 2 * PageMargin;
+    const bool arePicturesBeside = beside >= NarrowestBlock;
+    const int blocksBottom =
+        PlaceBlocks(std::clamp(arePicturesBeside ? beside : width - PageLeft - PageMargin, 0, WidestBlock));
+    const int picturesBottom = arePicturesBeside ? PlacePictures(width - PageMargin - picturesWidth, PageMargin)
+                                                 : PlacePictures(PageLeft, blocksBottom);
+    return std::max(blocksBottom, picturesBottom);
+}
+
+// Returns the top for what follows.
+int PropertyDetails::PlaceBlocks(int width) {
+    int top = PageMargin;
+    for (const Block& block : m_blocks) {
+        if (!block.box->IsShown()) continue;
+        int fields = 0;
+        for (const Field& field : block.fields) {
+            if (field.line->IsShown()) ++fields;
+            field.line->SetWidth(ToTwips(width));
+            field.value->SetWidth(
+                ToTwips(std::clamp(width - ValueLeft, 0, std::max(0, field.value->sizeHint().width()))));
+        }
+        const int height = FirstFieldTop + FieldHeight * fields;
+        block.box->Move(ToTwips(PageLeft), ToTwips(top), ToTwips(width), ToTwips(height));
+        block.box->findChild<Line*>()->SetWidth(ToTwips(width));
+        top += height + BlockGap;
+    }
+    return top;
+}
+
+// Returns the top for what follows.
+int PropertyDetails::PlacePictures(int left, int top) {
+    m_barcode->Move(ToTwips(left), ToTwips(top));
+    const auto center = [this](Control& control, float at) {
+        control.Move(m_barcode->Left() + (m_barcode->Width() - control.Width()) / 2, at);
+    };
+    center(*m_key, m_barcode->Bottom() + ToTwips(PictureGap));
+    center(*m_thumbnail, m_key->Bottom() + ToTwips(PageMargin));
+    center(*m_noThumbnail, m_thumbnail->Top());
+    const float bottom = m_thumbnail->IsShown()     ? m_thumbnail->Bottom()
+                         : m_noThumbnail->IsShown() ? m_noThumbnail->Bottom()
+                                                    : m_key->Bottom();
+    return ToPixels(bottom) + PageMargin;
+}
+
+// The scroll area takes every arrow key.
+bool PropertyDetails::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !(static_cast<QKeyEvent*>(event)->modifiers() & Qt::AltModifier))
+        return Control::eventFilter(watched, event);
+    event->ignore();
+    return true;
+}
+
+}  // namespace quellbrook
