@@ -114,14 +114,13 @@ void StoredItemView::LoadItem(const StoredItemRef& item) {
     m_id->SetCaption(ToQString(item->DisplayID()));
     m_description->SetCaption(ToQString(item->Description()));
     SetLocationLabel(*m_location, *item);
+    m_tracking->SetItem(item);
     const bool isProperty = item->ItemType() == StoredItemTypes::Property;
     if (isProperty) m_propertyDetails->SetItem(item);
     m_propertyDetails->setVisible(isProperty);
     m_menu->SetItem(item);
     m_item = item;
     LayoutView();
-    // Last, since events run while the chain is built: no command may act on the item before.
-    m_tracking->SetItem(item);
 }
 
 void StoredItemView::OpenRecord() {

@@ -7,9 +7,6 @@
 #include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 
-#include <QCoreApplication>
-#include <QPointer>
-
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +15,7 @@ namespace quellbrook {
 namespace {
 
 constexpr int MaxScroll = 32767;
-constexpr int RowsBetweenYields = 10;
+constexpr int RowsInATurn = 10;
 
 int Rounded(float twips) { return static_cast<int>(std::nearbyint(twips)); }
 
@@ -28,6 +25,8 @@ TrackingList::TrackingList(QWidget* parent) : ScrollingListOf(parent) {
     m_noAccess = AddPanel("picNoAccess", "secured", "You can't view this data.",
                           "You do not have the appropriate permissions to view chain-of-custody information.");
     WatchRow(m_rows.front());
+    m_nextTurn.setSingleShot(true);
+    connect(&m_nextTurn, &QTimer::timeout, this, [this] { Guard([this] { BuildRows(); }); });
 }
 
 void TrackingList::WatchRow(TrackingResult* row) {
@@ -40,28 +39,24 @@ void TrackingList::SetItem(const StoredItemRef& item) {
 
 void TrackingList::SetRecords(std::shared_ptr<const TrackingRecordList> records) {
     if (!records) Raise(ErrorNumber::General, "TrackingList.SetRecords", "Results cannot be Nothing");
-    if (m_isYielding) {
-        m_pendingRecords = std::move(records);
-        return;
-    }
     m_records = std::move(records);
-    Rebuild();
+    Clear();
+    m_noResults->setVisible(m_records->empty());
+    const bool mayView = GetUser().Can(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
+    m_noAccess->setVisible(!mayView);
+    m_noAccess->raise();
+    if (mayView) BuildRows();
 }
 
-void TrackingList::Rebuild() {
+void TrackingList::Clear() {
+    m_nextTurn.stop();
+    m_built = 0;
     UnloadRows();
     m_rows.front()->SetTabIndex(0);
     m_rows.front()->SetTabStop(true);
     m_container->SetHeight(ClientHeight());
     m_vertScroll->hide();
     m_vertScroll->SetValue(0);
-    m_noResults->setVisible(m_records->empty());
-    const bool mayView = GetUser().Can(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
-    m_noAccess->setVisible(!mayView);
-    m_noAccess->raise();
-    if (mayView && !BuildRows()) return;
-    m_container->SetHeight(BottomOfRows());
-    UpdateScrollBar();
 }
 
 TrackingResult& TrackingList::AddRow() {
@@ -73,35 +68,23 @@ TrackingResult& TrackingList::AddRow() {
     return *row;
 }
 
-// False if another chain has replaced this one or the list has been destroyed.
-bool TrackingList::BuildRows() {
-    const std::shared_ptr<const TrackingRecordList> records = m_records;
-    int built = 0;
-    for (const std::shared_ptr<TrackingRecord>& record : *records) {
-        TrackingResult& row = built == 0 ? *m_rows.front() : AddRow();
-        row.SetItem(record);
-        if (++built % RowsBetweenYields > 0) continue;
-        ShowRows(built - RowsBetweenYields, built);
-        if (!Yield()) return false;
+// Adds the next rows. A chain with a record that cannot be read shows none, since a part of it would mislead.
+void TrackingList::BuildRows() {
+    const size_t first = m_built;
+    const size_t end = std::min(m_records->size(), first + RowsInATurn);
+    try {
+        for (; m_built < end; ++m_built) {
+            TrackingResult& row = m_built == 0 ? *m_rows.front() : AddRow();
+            row.SetItem((*m_records)[m_built]);
+        }
+    } catch (...) {
+        Clear();
+        throw;
     }
-    ShowRows(0, built);
-    return true;
-}
-
-bool TrackingList::Yield() {
-    const QPointer<TrackingList> self(this);
-    m_isYielding = true;
-    QCoreApplication::processEvents();
-    if (!self) return false;
-    m_isYielding = false;
-    if (!m_pendingRecords) return true;
-    m_records = std::exchange(m_pendingRecords, nullptr);
-    Rebuild();
-    return false;
-}
-
-void TrackingList::ShowRows(int from, int to) {
-    for (int i = from; i < to; ++i) RowNo(i).show();
+    for (size_t i = first; i < end; ++i) m_rows[i]->show();
+    m_container->SetHeight(BottomOfRows());
+    UpdateScrollBar();
+    if (m_built < m_records->size()) m_nextTurn.start();
 }
 
 float TrackingList::BottomOfRows() const { return m_rows.back()->Bottom(); }

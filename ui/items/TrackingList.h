@@ -5,12 +5,14 @@
 #include "ui/explorer/ScrollingList.h"
 #include "ui/items/TrackingResult.h"
 
+#include <QTimer>
+
 #include <memory>
 
 namespace quellbrook {
 
-// The chain of custody of one item, one row for each record in a tall panel that scrolls. Rows are built ten at a time,
-// with the message loop running in between. Arrow and page keys, Home and End move the focus between the rows. A user
+// The chain of custody of one item, one row for each record in a tall panel that scrolls. Rows appear ten at a time,
+// in successive turns of the message loop. Arrow and page keys, Home and End move the focus between the rows. A user
 // without the right to view chains of custody sees no rows.
 class TrackingList : public ScrollingListOf<TrackingResult> {
     Q_OBJECT
@@ -19,10 +21,9 @@ public:
     explicit TrackingList(QWidget* parent = nullptr);
     std::string TypeName() const override { return "TrackingList"; }
 
-    // Reads the item's chain and shows it. If another chain is still being built, this one replaces it at the next turn
-    // of the message loop.
+    // Reads the item's chain and shows it. It replaces a chain that is still being built.
     void SetItem(const StoredItemRef& item);
-    // Error 5 for null.
+    // Error 5 for null. Rethrows errors of the first ten records; a later one is reported. The list is then empty.
     void SetRecords(std::shared_ptr<const TrackingRecordList> records);
 
     // The record of the row that has the focus; null if no control of the list has the focus.
@@ -48,19 +49,17 @@ protected:
 
 private:
     void WatchRow(TrackingResult* row);
+    void Clear();
     TrackingResult& AddRow();
-    void Rebuild();
-    bool BuildRows();
-    bool Yield();
-    void ShowRows(int from, int to);
+    void BuildRows();
     void UpdateScrollBar();
     float BottomOfRows() const;
     void FocusRow(int row);
     void Row_GotFocus(TrackingResult* row);
 
     std::shared_ptr<const TrackingRecordList> m_records = std::make_shared<TrackingRecordList>();
-    bool m_isYielding = false;
-    std::shared_ptr<const TrackingRecordList> m_pendingRecords;
+    size_t m_built = 0;  // the records that have rows
+    QTimer m_nextTurn;
     StatePanel* m_noAccess;
 };
 

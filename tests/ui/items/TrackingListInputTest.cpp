@@ -90,7 +90,7 @@ TEST_F(TrackingListTest, TabIsRefusedWhileAnArrowIsHeldAtTheEnd) {
 }
 
 TEST_F(TrackingListTest, AFocusedRowScrollsIntoViewByTheLeastMovement) {
-    m_list->SetRecords(Records(12));
+    Show(Records(12));
     Row(4).setFocus();
     EXPECT_EQ(Bar()->Value(), 0);
     Row(5).setFocus();
@@ -105,7 +105,7 @@ TEST_F(TrackingListTest, AFocusedRowScrollsIntoViewByTheLeastMovement) {
 }
 
 TEST_F(TrackingListTest, ARowBeyondTheRangeBringsTheListToItsEnd) {
-    m_list->SetRecords(Records(60));
+    Show(Records(60));
     Row(59).setFocus();
     EXPECT_EQ(Bar()->Value(), 32767);
 }
@@ -163,7 +163,7 @@ TEST_F(TrackingListTest, ADoubleClickRequestsToOpenTheRecord) {
 }
 
 TEST_F(TrackingListTest, TheWheelScrolls) {
-    m_list->SetRecords(Records(12));
+    Show(Records(12));
     Turn(Container(), -120);
     EXPECT_EQ(Bar()->Value(), QApplication::wheelScrollLines() * 1140);
 }

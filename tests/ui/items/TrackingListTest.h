@@ -61,6 +61,12 @@ protected:
         return records;
     }
 
+    // Returns when every record has its row.
+    void Show(const std::shared_ptr<const TrackingRecordList>& records) {
+        m_list->SetRecords(records);
+        while (m_list->Rows().size() < records->size()) ServeEvents();
+    }
+
     FlatScrollBar* Bar() { return Find<FlatScrollBar>(*m_list, "vertScroll"); }
     GroupBox* Container() { return Find<GroupBox>(*m_list, "picContainer"); }
     StatePanel* Empty() { return Find<StatePanel>(*m_list, "picNoResults"); }
