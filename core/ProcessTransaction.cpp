@@ -41,7 +41,12 @@ std::optional<std::string> Commit(const std::shared_ptr<TransferData>& xfer, std
 }  // namespace
 
 void Actions::ProcessTransaction(std::shared_ptr<TransferData> xfer) {
-    LoadingStarted();
+    try {
+        LoadingStarted();
+    } catch (...) {
+        Attempt([&] { LoadingFinished(); });
+        throw;
+    }
     std::shared_ptr<const CartItems> items;
     const std::optional<std::string> failure = Commit(xfer, items);
 

@@ -314,7 +314,8 @@ TEST_F(ProcessTransaction, AFailureToStartLoadingIsThrownAndNothingIsWritten) {
     FailAt("LOADING_STARTED");
     const Error error = RaisedBy([&] { GetActions().ProcessTransaction(MakeTransfer()); });
     EXPECT_EQ(error.Number(), 99);
-    EXPECT_EQ(m_seen->Types(), Types{"LOADING_STARTED"});
+    EXPECT_EQ(m_seen->Types(), (Types{"LOADING_STARTED", "LOADING_FINISHED"}));
+    EXPECT_FALSE(m_stores.Loading->IsLoading());
     EXPECT_EQ(m_stores.Cart->GetItems()->Count(), 1);
     EXPECT_EQ(m_database.Snapshot(), before);
 }

@@ -14,6 +14,7 @@ public:
     // Also sets the accessible name, unless SetAccessibleCaption set another.
     void SetCaption(const QString& caption);
     void SetAccessibleCaption(const QString& name);
+    const QString& IconName() const { return m_icon; }
     void SetIcon(const QString& iconName, int size = 18);  // size in pixels
 
     // Acts as a click; does nothing while disabled.
@@ -30,7 +31,6 @@ protected:
 
     bool IsHovered() const { return m_hovered; }
     bool IsPressed() const { return m_pressed && m_hovered; }
-    const QString& IconName() const { return m_icon; }
     int IconSize() const { return m_icon.isEmpty() ? 0 : m_iconSize; }
 
     void enterEvent(QEnterEvent* event) override;

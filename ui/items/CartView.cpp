@@ -26,6 +26,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace quellbrook {
 
@@ -59,6 +60,13 @@ bool ReportFault(const char* message, const char* title, QWidget* field) {
     ShowMessage(message, MessageStyle::Critical, title);
     if (wanted) TrySetFocus(wanted);
     return false;
+}
+
+std::vector<StoredItemRef> ItemsOf(const CartStore& cart) {
+    const std::shared_ptr<const CartItems> batch = cart.GetItems();
+    std::vector<StoredItemRef> items;
+    for (int32_t i = 0; i < batch->Count(); ++i) items.push_back(batch->ItemAt(i));
+    return items;
 }
 
 std::string RemovalQuestion(StoredItem& item) {
@@ -191,13 +199,15 @@ void CartView::BuildMenu() {
 
 void CartView::Shown() {
     if (m_shown) return;
-    m_shown = true;
+    const QPointer<CartView> self(this);
     RefreshFromStore();
+    if (self) m_shown = true;
 }
 
 void CartView::OpenItem(const StoredItemRef& item) {
-    m_returnsToList = true;
+    const QPointer<CartView> self(this);
     GetActions().OpenStoredItem(item);
+    if (self) m_returnsToList = true;
 }
 
 QWidget* CartView::FirstFocus() {
@@ -214,6 +224,7 @@ void CartView::CartStore_OnChange() {
 }
 
 void CartView::RefreshFromStore() {
+    const QPointer<CartView> self(this);
     ShowTransactionType(m_cartStore->GetTransactionType());
     const std::shared_ptr<const CartItems> items = m_cartStore->GetItems();
     m_itemCount->SetCaption(QString(" (%1)").arg(items->Count()));
@@ -221,6 +232,7 @@ void CartView::RefreshFromStore() {
     const SearchResultList::Place place = m_itemList->CurrentPlace();
     m_itemList->SetItems(items);
     if (m_cartStore->IsItemInCart(place.item)) m_itemList->Restore(place);
+    if (!self) return;  // a row that could not be read was reported
     // The list has taken the focus. Not TrySetFocus, which counts its calls: a batch can have hundreds of scans.
     if (focused && m_formPanel->isAncestorOf(focused)) focused->setFocus();
     LayoutControls();
@@ -285,12 +297,10 @@ bool CartView::TransferItems() {
     const std::shared_ptr<TransferData> details = MakeTransferData();
     if (m_cartStore->GetTransactionType() == TransactionType::Dispose) {
         const QPointer<CartView> self(this);
-        const std::shared_ptr<const CartItems> items = m_cartStore->GetItems();
-        const int32_t count = items->Count();
+        const std::vector<StoredItemRef> items = ItemsOf(*m_cartStore);
         details->FinalDisposition = GetDialogs().GetFinalDisposition();
         if (!self || !details->FinalDisposition) return false;
-        if (m_cartStore->GetItems() != items || items->Count() != count ||
-            m_cartStore->GetTransactionType() != TransactionType::Dispose) {
+        if (ItemsOf(*m_cartStore) != items || m_cartStore->GetTransactionType() != TransactionType::Dispose) {
             Raise(
                 ErrorNumber::General, "CartView.TransferItems",
                 "The batch was changed while its final disposition was being entered. Check the items and try again.");
@@ -316,7 +326,7 @@ void CartView::RemoveItem_Click() {
         return;
     if (!self) return;
     GetActions().RemoveFromCart(item);
-    if (GetStores().Cart->IsEmpty()) GetActions().GoBack();
+    if (self && m_cartStore->IsEmpty()) GetActions().GoBack();
 }
 
 void CartView::keyPressEvent(QKeyEvent* event) {

@@ -22,7 +22,9 @@
 #include "ui/platform/Twips.h"
 
 #include <QAccessible>
+#include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QStringList>
 #include <QStyle>
 #include <QTreeWidget>
@@ -156,6 +158,8 @@ void SubmitEvidenceView::BuildList() {
     connect(m_list, &ListView::MouseDown, this, [showHand](int, const QPoint& at) { showHand(at); });
     connect(m_list, &ListView::MouseMove, this, showHand);
     connect(m_list, &ListView::MouseUp, this, [showHand](int, const QPoint& at) { showHand(at); });
+    connect(tree->horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { Guard([this] { BuildColumnHeaders(); }); });
     connect(m_list, &ListView::RowToggled, this,
             [this](int row, bool checked) { Guard([&] { SetRowSelected(row, checked); }); });
 }
@@ -214,7 +218,7 @@ void SubmitEvidenceView::AddColumns() {
 }
 
 void SubmitEvidenceView::BuildColumnHeaders() {
-    float left = m_list->Left();
+    float left = m_list->Left() - ToTwips(m_list->Tree()->header()->offset());
     for (int column = 1; column < m_list->ColumnCount(); ++column) {
         const QString caption = m_list->ColumnCaption(column);
         if (column == static_cast<int>(m_headers.size())) {

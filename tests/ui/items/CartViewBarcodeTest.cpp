@@ -1,6 +1,7 @@
 #include "core/ActionTypes.h"
 #include "data/BarcodeText.h"
 #include "tests/support/Callbacks.h"
+#include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/ui/Scanner.h"
 #include "tests/ui/items/CartViewTest.h"
 
@@ -27,13 +28,6 @@ protected:
         EXPECT_EQ(m_timers.Tick(1), 1) << "no scan was delivered";
         m_clock.Advance(150);
     }
-    std::vector<TaggedValue> Notices() const {
-        std::vector<TaggedValue> notices;
-        for (const Action& action : m_actions->actions) {
-            if (action.ActionType == ActionTypes::NOTIFY_USER) notices.push_back(action.Payload);
-        }
-        return notices;
-    }
     static std::vector<std::string> BatchIds() {
         std::vector<std::string> ids;
         const auto items = GetStores().Cart->GetItems();
@@ -49,7 +43,33 @@ TEST_F(CartViewBarcodeTest, AnItemsBarcodeAddsItToTheBatch) {
     ScanAndWait("P", phone->ID());
     EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02", "2026-0417-04"));
     EXPECT_EQ(Text("lblItemCount"), " (3)");
-    EXPECT_THAT(Notices(), ElementsAre(TaggedValue("Added 1 item ('Telephone') scanned from barcode")));
+    EXPECT_THAT(m_actions->Notices(), ElementsAre("Added 1 item ('Telephone') scanned from barcode"));
+    EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
+}
+
+TEST_F(CartViewBarcodeTest, AVehiclesBarcodeAddsItToTheBatch) {
+    m_database.NumberVehiclesApart();
+    const StoredItemRef car = AddVehicle("KTR4821", shelf);
+    ScanAndWait("V", car->ID());
+    EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02", car->DisplayID()));
+    EXPECT_THAT(m_actions->Notices(), ElementsAre("Added 1 item ('" + car->Description() + "') scanned from barcode"));
+}
+
+TEST_F(CartViewBarcodeTest, AScanThatFailsIsUnexpectedAndChangesNothing) {
+    std::vector<std::string> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Description()); };
+    Scan("Pabc");
+    EXPECT_EQ(m_timers.Tick(1), 1);
+    m_clock.Advance(150);
+    EXPECT_EQ(reported.size(), 1u);
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    ScanAndWait("P", m_bar->ID());
+    ASSERT_EQ(reported.size(), 2u);
+    EXPECT_EQ(reported[1], "The link is down.");
+    EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02"));
+    EXPECT_THAT(m_actions->Notices(), IsEmpty());
     EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
 }
 
@@ -57,8 +77,8 @@ TEST_F(CartViewBarcodeTest, AnItemOfTheBatchIsNotAddedTwice) {
     ScanAndWait("P", m_bar->ID());
     ScanAndWait("P", m_bar->ID());
     EXPECT_THAT(BatchIds(), ElementsAre("2026-0417-03", "2026-0417-02"));
-    const TaggedValue notice("Added 1 item ('Pry bar') scanned from barcode");
-    EXPECT_THAT(Notices(), ElementsAre(notice, notice));
+    const std::string notice("Added 1 item ('Pry bar') scanned from barcode");
+    EXPECT_THAT(m_actions->Notices(), ElementsAre(notice, notice));
 }
 
 TEST_F(CartViewBarcodeTest, WhateverElseIsScannedIsReported) {
@@ -70,7 +90,7 @@ TEST_F(CartViewBarcodeTest, WhateverElseIsScannedIsReported) {
         "Item Not Found"};
     EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(message, message, message));
     EXPECT_EQ(BatchIds().size(), 2u);
-    EXPECT_THAT(Notices(), IsEmpty());
+    EXPECT_THAT(m_actions->Notices(), IsEmpty());
 }
 
 TEST_F(CartViewBarcodeTest, AScanChoosesNothingInAField) {

@@ -5,6 +5,7 @@
 #include "ui/controls/FlatTextArea.h"
 #include "ui/items/FinalDisposition.h"
 
+#include <functional>
 #include <utility>
 
 namespace quellbrook::testing {
@@ -165,22 +166,27 @@ TEST_F(CartViewDisposalTest, OnlyADisposalAsksForADisposition) {
 }
 
 TEST_F(CartViewDisposalTest, ABatchThatChangesBehindTheDialogIsNotDisposedOf) {
-    for (const bool replaced : {false, true}) {
+    const std::function<void()> changes[] = {
+        [this] { GetActions().RemoveFromCart(m_bar); },
+        [this] {
+            GetActions().CancelTransaction();
+            GetActions().BeginTransaction(TransactionType::SignOut, ListOf({m_laptop, m_bar}));
+        },
+        [this] {
+            GetActions().RemoveFromCart(m_bar);
+            GetActions().AddToCart(ListOf({AddProperty("E-2", "Camera", shelf)}));
+        },
+    };
+    for (const std::function<void()>& change : changes) {
         BeginDisposal({m_laptop, m_bar});
-        const std::string before = m_database.Snapshot();
-        bool wasOpen = false;
+        std::string before;
         WhileFormOpen<frmFinalDisposition>([&](frmFinalDisposition& form) {
-            wasOpen = true;
-            if (replaced) {
-                GetActions().CancelTransaction();
-                GetActions().BeginTransaction(TransactionType::SignOut, ListOf({m_laptop, m_bar}));
-            } else {
-                GetActions().RemoveFromCart(m_bar);
-            }
+            change();
+            before = m_database.Snapshot();
             Save(form, "");
         });
         Transfer()->Click();
-        EXPECT_TRUE(wasOpen);
+        EXPECT_FALSE(before.empty());
         EXPECT_EQ(m_database.Snapshot(), before);
         const auto messages = m_screen.TakeMessages();
         ASSERT_EQ(messages.size(), 1u);

@@ -1,6 +1,7 @@
 #include "tests/ui/items/CartViewTest.h"
 
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
 #include "ui/controls/Line.h"
 
 namespace quellbrook::testing {
@@ -78,6 +79,28 @@ TEST_F(CartViewTest, TheFirstShowRefreshesAndLaterOnesDoNot) {
     m_view->show();
     EXPECT_EQ(From()->Value(), TaggedValue(11));
     EXPECT_NE(Destination()->SelectedLocation(), nullptr);
+}
+
+TEST_F(CartViewTest, AFirstShowThatFailsIsRepeated) {
+    GetActions().BeginTransaction(TransactionType::SignOut, ListOf({m_laptop}));
+    ShowActive(m_window);
+    auto* late = new CartView(&m_window);
+    late->Move(0, 0, ToTwips(1280), ToTwips(760));
+    m_laptop->Refresh();
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    late->show();
+    EXPECT_EQ(RaisedBy([&] { late->RaiseShowError(); }).Description(), "The link is down.");
+    late->hide();
+    late->show();
+    late->RaiseShowError();
+    EXPECT_EQ(Find<Label>(*late, "lblItemCount")->Caption(), " (1)");
+    EXPECT_EQ(Find<SearchResultList>(*late, "itemList")->SelectedItem(), m_laptop);
+    Find<TessarineDropdown>(*late, "receivedFromField")->SetValue(11);
+    late->hide();
+    late->show();
+    EXPECT_EQ(Find<TessarineDropdown>(*late, "receivedFromField")->Value(), TaggedValue(11));
 }
 
 TEST_F(CartViewTest, AFirstShowWithoutATransactionShowsAnEmptyBatch) {

@@ -177,6 +177,30 @@ TEST_F(SubmitEvidenceViewLayoutTest, OnlyWholeRowsAreShownAboveAHorizontalScroll
     EXPECT_LT(List()->geometry().bottom(), Named("grpBottomBar")->y());
 }
 
+TEST_F(SubmitEvidenceViewLayoutTest, TheCaptionsFollowAHorizontalScroll) {
+    const StoredItemRef item = AddUntracked("M-40", "With many incidents");
+    LinkIncident(item, "2026-0777", Null());
+    for (int i = 0; i < 9; ++i) LinkIncident(item, "2026-0700-" + std::to_string(i), Null());
+    Search(NumberSearchTypes::IncidentId, "2026-0777");
+    Resize(QSize(900, 760));
+    ServeEvents();
+    QScrollBar* bar = Tree()->horizontalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    for (const int offset : {bar->maximum(), 0}) {
+        bar->setValue(offset);
+        for (int column = 1; column < 7; ++column) {
+            const Label& header = *FindAll<Label>(*m_view, "lblHeader")[static_cast<size_t>(column)];
+            EXPECT_EQ(header.x(), List()->x() + Tree()->columnViewportPosition(column)) << offset << ", " << column;
+        }
+    }
+}
+
+TEST_F(SubmitEvidenceViewLayoutTest, TheColumnsHaveTheirKeys) {
+    const char* keys[] = {"select_field", "padding_left", "icon",         "display_id",
+                          "desc",         "incident_ids", "padding_right"};
+    for (int column = 0; column < 7; ++column) EXPECT_EQ(List()->ColumnIndex(keys[column]), column);
+}
+
 TEST_F(SubmitEvidenceViewLayoutTest, NothingOverlapsOrIsCutOff) {
     AddItems(40);
     m_view->setAccessibleName("Submit Evidence");  // the shell's

@@ -139,6 +139,7 @@ TEST_F(SubmitEvidenceViewTest, AClickOnACheckMarkTicksTheRow) {
     EXPECT_EQ(Text("lblSelectedCount"), "1 item selected");
     EXPECT_EQ(SelectAll()->toolTip(), "Unselect All");
     EXPECT_EQ(SelectAll()->accessibleName(), "Unselect All");
+    EXPECT_EQ(SelectAll()->IconName(), "selected");
     EXPECT_TRUE(Submit()->isEnabled());
     Tick("2026-0431-01");
     EXPECT_EQ(Text("lblSelectedCount"), "2 items selected");
@@ -148,6 +149,7 @@ TEST_F(SubmitEvidenceViewTest, AClickOnACheckMarkTicksTheRow) {
     EXPECT_EQ(List()->RowIcon(row), "unselected");
     EXPECT_EQ(Text("lblSelectedCount"), "0 items selected");
     EXPECT_EQ(SelectAll()->toolTip(), "Select All");
+    EXPECT_EQ(SelectAll()->IconName(), "unselected");
     EXPECT_FALSE(Submit()->isEnabled());
 }
 
@@ -219,6 +221,11 @@ TEST_F(SubmitEvidenceViewTest, TheMarkBelowTheListRemembersOnlyItsOwnClicks) {
     SearchIncident();
     Click(SelectAll());
     EXPECT_EQ(Text("lblSelectedCount"), "3 items selected");
+    m_view->Show(nullptr);
+    SearchIncident();
+    Tick("2026-0431-02");
+    Click(SelectAll());
+    EXPECT_EQ(Text("lblSelectedCount"), "0 items selected") << "another visit does not reset it";
 }
 
 TEST_F(SubmitEvidenceViewTest, AfterAnotherSearchTheBottomBarStaysUntilARowIsTicked) {
@@ -228,6 +235,7 @@ TEST_F(SubmitEvidenceViewTest, AfterAnotherSearchTheBottomBarStaysUntilARowIsTic
     EXPECT_FALSE(List()->RowChecked(0));
     EXPECT_EQ(Text("lblSelectedCount"), "1 item selected");
     EXPECT_EQ(SelectAll()->toolTip(), "Unselect All");
+    EXPECT_EQ(SelectAll()->IconName(), "selected");
     EXPECT_TRUE(Submit()->isEnabled());
     Click(Submit());
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::SignIn);
