@@ -26,6 +26,8 @@ void MeasureRelations(Baseline& baseline, std::vector<Result>& results);
 void MeasureShell(bool quick, Baseline& baseline, std::vector<Result>& results);
 // What the user waits for in the explorer of a visible shell.
 void MeasureExplorer(QWidget& shell, Baseline& baseline, std::vector<Result>& results);
+// How long the rows of a chain of custody keep the message loop from running.
+void MeasureChainOnScreen(std::vector<Result>& results);
 // The cost of the keyboard hook for an event that is not a key. Requires an application without a hook.
 void MeasureKeyHook(std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.

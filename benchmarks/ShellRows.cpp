@@ -142,6 +142,7 @@ void MeasureShell(bool quick, Baseline& baseline, std::vector<Result>& results) 
             results);
         GetActions().CancelTransaction();
         MeasureExplorer(*shell, baseline, results);
+        MeasureChainOnScreen(results);
     }
     environment.reset();
     Shutdown();
