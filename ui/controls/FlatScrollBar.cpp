@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 
 namespace quellbrook {
@@ -91,8 +90,7 @@ void FlatScrollBar::TurnWheel(int angleDelta) {
     const int lines = std::max(1, QApplication::wheelScrollLines());
     const int steps = m_wheelRest * lines / Notch;
     m_wheelRest -= steps * Notch / lines;
-    const int change = steps > 0 ? -SmallChange() : SmallChange();
-    for (int step = 0; step < std::abs(steps); ++step) m_bar->setValue(Value() + change);
+    m_bar->setValue(Value() - steps * SmallChange());
 }
 
 void FlatScrollBar::Layout() { m_bar->setGeometry(rect()); }

@@ -40,7 +40,8 @@ public:
     // While that filter is active, "Bottom" (code 7) scrolls to the top. Initially off.
     void SetThumbFilter(bool filter) { m_thumbFilter = filter; }
 
-    // One notch scrolls by the system's number of wheel lines, each a small change, within the range.
+    // One notch scrolls by the system's number of wheel lines, each a small change, within the range. Changed is raised
+    // once.
     void TurnWheel(int angleDelta);
 
 signals:

@@ -65,7 +65,7 @@ SearchResultList::Place SearchResultList::CurrentPlace() const {
 }
 
 void SearchResultList::Restore(const Place& place) {
-    if (!place.item || m_items->IsEmpty()) return;
+    if (!place.item || m_items->IsEmpty() || !m_rows.front()->IsShown()) return;
     const QPointer<SearchResultList> self(this);
     m_selectedIndex = IndexOf(place);
     m_shownSelection = m_items->ItemAt(m_selectedIndex - 1);
@@ -104,6 +104,7 @@ void SearchResultList::ClearRows() {
     m_shownSelection = nullptr;
     for (int i = 1; i < RowCount(); ++i) RowNo(i).Retire();
     UnloadRows();
+    Forget(*m_rows.front());
     m_vertScroll->hide();
     const QSignalBlocker quiet(m_vertScroll);  // there is nothing to show yet
     m_vertScroll->SetValue(0);
@@ -130,6 +131,7 @@ void SearchResultList::ShowRows(Fill fill) {
         FillRows(fill);
     } catch (...) {
         const Error error = CurrentError();
+        HideUnfilledRows();
         Raise(error.Number(), "SearchResultList.DisplayVisibleItems", "DisplayVisibleItems: " + error.Description());
     }
 }
@@ -145,12 +147,29 @@ void SearchResultList::FillRows(Fill fill) {
         SearchResultRow& row = RowNo(i);
         if (i > 0) top = RowNo(i - 1).Bottom();
         row.Move(0, top);
+        row.SetTag(QString());
         if (fill == Fill::All || row.Item() != item || !row.IsUpToDate()) row.SetItem(item);
         row.SetTag(QString::number(first + i));
     }
     for (int32_t i = 0; i < RowCount(); ++i) RowNo(i).setVisible(i < rows);
     UpdateRowFocus();
-    update();
+    repaint();
+}
+
+// A row that could not be filled shows the fields of one item and has another.
+void SearchResultList::HideUnfilledRows() {
+    for (int i = 0; i < RowCount(); ++i) {
+        SearchResultRow& row = RowNo(i);
+        row.Move(0, RowHeight() * static_cast<float>(i));
+        if (ShownIndex(row) != FirstVisibleIndex() + i) Forget(row);
+    }
+    UpdateRowFocus();
+}
+
+void SearchResultList::Forget(SearchResultRow& row) {
+    row.SetTag(QString());
+    if (row.Focused()) row.SetFocused(false);
+    row.hide();
 }
 
 void SearchResultList::PrepareRow(SearchResultRow& row) {
@@ -242,14 +261,19 @@ bool SearchResultList::IsValidIndex(int32_t index) const { return index >= 1 && 
 
 void SearchResultList::SelectRow(const SearchResultRow& row) { SelectIndex(ShownIndex(row)); }
 
-void SearchResultList::MoveSelection(int delta) { SelectIndex(m_selectedIndex + delta); }
+void SearchResultList::MoveSelection(int delta) {
+    if (m_selectedIndex > 0 || m_rows.front()->IsShown()) SelectIndex(m_selectedIndex + delta);
+}
 
+// Scrolling may report that a row cannot be read, and the report may destroy the list.
 void SearchResultList::SelectIndex(int32_t index) {
     if (IsValidIndex(index)) {
+        const QPointer<SearchResultList> self(this);
         if (index != m_selectedIndex) m_shownSelection = nullptr;
         m_selectedIndex = index;
         if (index > FirstVisibleIndex() + VisibleRowCount() - 1) ScrollDown();
-        if (index < FirstVisibleIndex()) ScrollUp();
+        if (self && index < FirstVisibleIndex()) ScrollUp();
+        if (!self) return;
         if (isVisible() && isEnabled()) setFocus();
         UpdateRowFocus();
     }
@@ -265,8 +289,9 @@ void SearchResultList::ScrollTo(int32_t index) {
 }
 
 void SearchResultList::SelectPosition(int position) {
+    const QPointer<SearchResultList> self(this);
     ScrollTo(position + 1);
-    SelectIndex(position + 1);
+    if (self) SelectIndex(position + 1);
 }
 
 void SearchResultList::ScrollUp() { SetScrollValue(m_vertScroll->Value() - 1); }
@@ -298,11 +323,14 @@ void SearchResultList::EnsureSelectionVisible() {
 }
 
 void SearchResultList::ClickRow(int row, int button) {
+    if (!RowNo(row).IsShown()) return;
+    const QPointer<SearchResultList> self(this);
     if (button & (MouseButton::Left | MouseButton::Right)) SelectRow(RowNo(row));
-    if (button & MouseButton::Right) OfferContextMenu();
+    if (self && button & MouseButton::Right) OfferContextMenu();
 }
 
 void SearchResultList::DoubleClickRow(int row) {
+    if (!RowNo(row).IsShown()) return;
     const StoredItemRef item = RowNo(row).Item();
     emit ItemOpenRequest(item);
 }
@@ -310,6 +338,7 @@ void SearchResultList::DoubleClickRow(int row) {
 void SearchResultList::keyPressEvent(QKeyEvent* event) {
     if (KeyCodeOf(*event) != KeyCode::Enter) return ScrollingListOf::keyPressEvent(event);
     if (IsRepetition(*event)) return;  // an Enter held since the search must not open the first item
+    if (m_selectedIndex == 0) return;  // the list is empty, or no row of it could be read
     Guard([this] {
         if (const StoredItemRef item = SelectedItem()) emit ItemOpenRequest(item);
     });

@@ -37,7 +37,8 @@ public:
     Place CurrentPlace() const;
     void Restore(const Place& place);
 
-    // Fills the visible rows. Rethrows errors with "DisplayVisibleItems: " before their description.
+    // Fills the visible rows. Rethrows errors with "DisplayVisibleItems: " before their description; then the rows that
+    // it did not reach are hidden unless they already show their item.
     void DisplayVisibleItems();
 
     // The list's height in rows plus one half, rounded half to even.
@@ -71,6 +72,8 @@ private:
     void RotateRows();
     void FillRows(Fill fill);
     void ShowRows(Fill fill);
+    void HideUnfilledRows();
+    void Forget(SearchResultRow& row);
     void UpdateRowFocus();
     void UpdateScrollBar();
     void ShowScrollPosition();

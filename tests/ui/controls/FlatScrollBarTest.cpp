@@ -149,7 +149,7 @@ protected:
 TEST_F(WheelTest, OneNotchScrollsByTheSystemsWheelLines) {
     m_bar.TurnWheel(-120);
     EXPECT_EQ(m_bar.Value(), 53);
-    EXPECT_EQ(m_changes, 3);
+    EXPECT_EQ(m_changes, 1) << "a list fills its rows once";
     m_bar.TurnWheel(120);
     EXPECT_EQ(m_bar.Value(), 50);
     m_bar.SetSmallChange(10);

@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -220,6 +222,44 @@ TEST_F(CategorizedSearchResultsTest, AFailureInACategoryIsReportedAndTheCategory
     EXPECT_EQ(m_screen.TakeMessages(), expected);
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     EXPECT_THAT(Categories(), ElementsAre("Property ID (1)", "* Case Number (1)"));
+}
+
+// The sixth statement of a search reads what the first row shows.
+TEST_F(CategorizedSearchResultsTest, AResultThatCannotBeShownIsNeitherOpenedNorOffered) {
+    int requests = 0;
+    QObject::connect(m_results, &CategorizedSearchResults::ItemOpenRequest, m_results, [&] { ++requests; });
+    QObject::connect(m_results, &CategorizedSearchResults::ItemContextMenu, m_results, [&] { ++requests; });
+    const auto failAt = [this](int statement) {
+        const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(engine);
+        engine->FailAtStatement(statement, lostServer);
+    };
+    const std::vector<std::function<void()>> failures = {
+        [&] {
+            failAt(6);
+            m_results->ExecuteQueryInPlace("26-100");
+        },
+        [&] {
+            failAt(6);
+            m_results->ExecuteQuery("26-100");
+        },
+        [&] {
+            failAt(1);
+            Choose(1);
+        },
+    };
+    for (size_t i = 0; i < failures.size(); ++i) {
+        SCOPED_TRACE(i);
+        m_results->ExecuteQuery("26-100");
+        failures[i]();
+        EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+        EXPECT_THAT(Shown(), IsEmpty());
+        m_list->setFocus();
+        Press(m_list, Qt::Key_Return);
+        RightClick(Find<GroupBox>(*m_list, "picContainer"), {300, 50});
+        DoubleClick(Find<GroupBox>(*m_list, "picContainer"), {300, 50});
+        EXPECT_EQ(requests, 0);
+    }
 }
 
 TEST_F(CategorizedSearchResultsTest, MayBeDestroyedWhileAFailureIsReported) {

@@ -195,6 +195,22 @@ TEST_F(SearchResultListTest, TheWheelScrolls) {
     EXPECT_EQ(Bar()->Value(), 0);
 }
 
+TEST_F(SearchResultListTest, AScrollRepaintsTheListAtOnce) {
+    class PaintCounter : public QObject {
+    public:
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint;
+            return false;
+        }
+    } paints;
+    m_list->SetItems(MakeItems(30));
+    ServeEvents();
+    m_list->installEventFilter(&paints);
+    Bar()->SetValue(1);
+    EXPECT_EQ(paints.count, 1);
+}
+
 TEST_F(SearchResultListTest, TheSelectionOfAListThatShrankWhileItWasOutOfSightIsForgotten) {
     class LiveItems : public ItemVector {
     public:

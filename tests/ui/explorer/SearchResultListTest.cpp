@@ -1,6 +1,5 @@
 #include "tests/ui/explorer/SearchResultListTest.h"
 
-#include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/View.h"
@@ -184,78 +183,6 @@ TEST_F(SearchResultListTest, RowsTakeTheWidthLeftOfTheBar) {
         EXPECT_EQ(Row(1).width(), width - Bar()->width());
         EXPECT_EQ(Bar()->geometry(), QRect(width - Bar()->width(), 0, Bar()->width(), m_list->height()));
     }
-}
-
-TEST_F(SearchResultListTest, AFailureOfAnItemReachesTheParent) {
-    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-    m_database.Install(faults);
-    auto items = MakeItems(3);
-    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
-    const Error error = RaisedBy([&] { m_list->SetItems(items); });
-    EXPECT_EQ(error.Number(), 7);
-    EXPECT_EQ(error.Source(), "SearchResultList.DisplayVisibleItems");
-    EXPECT_EQ(error.Description(), "DisplayVisibleItems: The link is down.");
-    EXPECT_TRUE(m_screen.Messages().empty());
-}
-
-TEST_F(SearchResultListTest, AFailureWhileResizingIsSwallowed) {
-    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-    m_database.Install(faults);
-    m_list->SetItems(MakeItems(3));
-    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
-    SetHeightInRows(6);
-    EXPECT_TRUE(faults->HasStruck());
-    EXPECT_TRUE(m_screen.Messages().empty());
-}
-
-class DeadEngine : public Engine {
-public:
-    explicit DeadEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}
-    std::unique_ptr<Connection> Open() override { Raise(7, "Engine", "The link is down."); }
-    bool WasCommitted(const std::string&) override { Raise(7, "Engine", "The link is down."); }
-    const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
-
-private:
-    std::shared_ptr<Engine> m_inner;
-};
-
-TEST_F(SearchResultListTest, AFailureWhileAScrolledListGrowsIsSwallowed) {
-    class BrokenItems : public ItemVector {
-    public:
-        explicit BrokenItems(const ItemVector& items) : ItemVector(items) {}
-        bool isBroken = false;
-        StoredItemRef ItemAt(int32_t index) const override {
-            if (isBroken) Raise(4711, "BrokenItems", "The link is down.");
-            return ItemVector::ItemAt(index);
-        }
-    };
-    std::vector<Error> reported;
-    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error); };
-    const auto items = std::make_shared<BrokenItems>(*MakeItems(20));
-    m_list->SetItems(items);
-    Bar()->SetValue(Bar()->Max());
-    items->isBroken = true;
-    SetHeightInRows(8);
-    EXPECT_TRUE(reported.empty());
-    items->isBroken = false;
-    SetHeightInRows(4);
-    ExpectRowsInOrder(*items);
-}
-
-TEST_F(SearchResultListTest, OnlyOneRowReportsThatItemsCannotBeRefreshed) {
-    m_list->SetItems(MakeItems(4));
-    const auto engine = m_database.GetEngine();
-    m_database.Install(std::make_shared<DeadEngine>(engine));
-    for (int change = 1; change <= 2; ++change) {
-        m_log.Announce("Engine");
-        Cart()->OnChange();
-        EXPECT_EQ(m_screen.TakeMessages(),
-                  (std::vector<RecordingScreen::Message>{{"The link is down.", 16, "Unexpected Error"}}));
-        ServeEvents();
-    }
-    m_database.Install(engine);
-    Cart()->OnChange();
-    EXPECT_TRUE(m_screen.Messages().empty());
 }
 
 TEST_F(SearchResultListTest, NewItemsStartAtTheTop) {

@@ -21,15 +21,20 @@ class SearchResultListTest : public SmallDepartment {
 protected:
     SearchResultListTest() {
         m_window.resize(800, 700);
-        m_list = new SearchResultList(&m_window);
-        m_list->setObjectName("list");
+        MakeList();
         m_other = new FlatTextbox(&m_window);
         m_other->setObjectName("other");
         m_other->Move(ToTwips(0), ToTwips(600), ToTwips(100), ToTwips(36));
-        SetHeightInRows(4);
         ShowActive(m_window);
     }
 
+    // A list of four rows.
+    void MakeList() {
+        m_list = new SearchResultList(&m_window);
+        m_list->setObjectName("list");
+        SetHeightInRows(4);
+        m_list->show();
+    }
     void SetHeightInRows(double rows) { m_list->Move(0, 0, ToTwips(700), ToTwips(rows * RowPixels)); }
     void Hold(int keyCode) {
         m_environment->isKeyDown = [keyCode](int key) { return key == keyCode; };
