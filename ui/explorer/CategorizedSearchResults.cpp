@@ -104,6 +104,7 @@ void CategorizedSearchResults::ExecuteQuery(const std::string& text) {
     const QPointer<CategorizedSearchResults> self(this);
     m_grpSearching->show();
     m_grpSearching->raise();
+    ShowResults(true);
     SetMousePointer(MousePointer::Hourglass);
     repaint();
     Search(text);
@@ -124,9 +125,17 @@ void CategorizedSearchResults::Search(const std::string& text) {
     ClearCategories();
     m_lblHeader->SetCaption("");
     m_lblResultCount->SetCaption("");
+    auto hideResults = qScopeGuard([this] { ShowResults(false); });
     for (const NumberCategory& category : numberCategories)
         AddCategory(category.name, StoredItemSearch().WithNumber(category.numberType, text).Execute());
     AddCategory("Description", StoredItemSearch().WithDescription("*" + text + "*").Execute());
+    hideResults.dismiss();
+}
+
+// Keys must not reach what is under the cover.
+void CategorizedSearchResults::ShowResults(bool visible) {
+    m_picHeader->setVisible(visible);
+    m_searchResults->setVisible(visible);
 }
 
 void CategorizedSearchResults::Refresh() { m_searchResults->DisplayVisibleItems(); }

@@ -59,6 +59,7 @@ private:
     void MakeHeader();
     void MakeCover();
     void Search(const std::string& text);
+    void ShowResults(bool visible);
     void ClearCategories();
     void AddCategory(const std::string& name, std::shared_ptr<StoredItemList> results);
     QAction* LoadMenuEntry();

@@ -68,6 +68,11 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     m_grpLoading->repaint();
 }
 
+// After a failure, the pointer waits for a display or a search that does not come any more.
+EvidenceExplorer::~EvidenceExplorer() {
+    if (!IsInsideDesigner()) SetMousePointer(MousePointer::Default);
+}
+
 void EvidenceExplorer::MakeLeftColumn() {
     m_picLeftPanel = new GroupBox(this);
     m_picLeftPanel->setObjectName("picLeftPanel");

@@ -36,6 +36,7 @@ class EvidenceExplorer : public View {
 
 public:
     explicit EvidenceExplorer(QWidget* parent = nullptr);
+    ~EvidenceExplorer() override;
     std::string TypeName() const override { return "EvidenceExplorer"; }
 
     const StorageLocationRef& SelectedLocation() const;

@@ -81,19 +81,16 @@ void EvidenceExplorer::SearchAgain() {
     const auto keepFocus = KeepFocus();
     Guard([this] { m_searchResultPane->ExecuteQueryInPlace(m_searchText); }, ReportSearchError);
     if (!self) return;
-    if (m_searchResultPane->IsCovered()) {
-        // A key must not act on results that cannot be seen.
-        if (ActiveChild() == m_searchResultPane) TrySetFocus(m_locationPane);
-        return;
-    }
+    if (m_searchResultPane->IsCovered()) return;
     ShowSearchHeading();
     // Filling the list has moved the focus to it.
     if (focused && window()->focusWidget() != focused) TrySetFocus(focused);
 }
 
 void EvidenceExplorer::GoToSearchBox() {
+    const QPointer<EvidenceExplorer> self(this);
     TrySetFocus(m_search);
-    m_search->SelectAll();
+    if (self) m_search->SelectAll();
 }
 
 }  // namespace quellbrook

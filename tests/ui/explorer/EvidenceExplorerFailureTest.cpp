@@ -215,6 +215,7 @@ TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileTheTreeReportsAFocusLoo
     m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
     m_tree->Refresh();
     EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
 TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileItsMenuReportsAFocusLoop) {

@@ -1,5 +1,6 @@
 #include "data/BarcodeText.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/ui/FocusCalls.h"
 #include "tests/support/ui/Scanner.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/controls/FlatTextbox.h"
@@ -15,6 +16,7 @@ namespace quellbrook::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsSupersetOf;
 
 const Error lostServer(4711, "Engine.Query", "The server is gone.");
 
@@ -34,6 +36,10 @@ protected:
         Edit()->setFocus();
         m_box->SetText(text);
         Press(Edit(), Qt::Key_Return);
+    }
+    // An incident with this case number.
+    void LinkCaseNumber(int32_t item, const std::string& number) {
+        m_database.LinkIncident(StoredItemTypes::Property, item, m_database.AddIncident("I-7", number));
     }
     bool IsShown(const char* name) const { return Find<Control>(*m_explorer, name)->IsShown(); }
 
@@ -200,6 +206,7 @@ TEST_F(EvidenceExplorerSearchTest, F5AfterAFailureRepeatsTheSearchThatFailed) {
         EXPECT_EQ(Subtitle(), "Showing stored items matching 'E-2'");
         EXPECT_EQ(m_results->SelectedItem()->ID(), m_second);
         EXPECT_FALSE(m_results->IsCovered());
+        EXPECT_TRUE(Edit()->hasFocus());
     }
 }
 
@@ -215,6 +222,32 @@ TEST_F(EvidenceExplorerSearchTest, AFailureOfF5IsASearchErrorAndTheCoveredResult
     EXPECT_EQ(m_screen.TakeMessages(), expected);
     EXPECT_TRUE(m_results->IsCovered());
     EXPECT_TRUE(m_widget->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, TabDoesNotReachTheResultsBelowTheCoverOfAFailedSearch) {
+    LinkCaseNumber(m_second, "E-1");
+    Search("E-1");
+    ASSERT_THAT(TabOrder(*m_window), IsSupersetOf({"lnkMoreResults", "searchResults"}));
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAtStatement(3, lostServer);
+    Search("E-1");
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_THAT(TabOrder(*m_window), ElementsAre("search", "TreeView", "btnAddEvidence"));
+    Search("E-1");
+    EXPECT_THAT(TabOrder(*m_window), IsSupersetOf({"lnkMoreResults", "searchResults"}));
+    EXPECT_TRUE(m_resultList->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, ThePointerIsRestoredIfTheExplorerGoesAfterAFailedSearch) {
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAtStatement(2, lostServer);
+    Search("E-1");
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    ASSERT_EQ(GetMousePointer(), MousePointer::Hourglass);
+    m_window.reset();
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
 TEST_F(EvidenceExplorerSearchTest, F5SearchesAgainAndKeepsTheFocus) {
@@ -248,6 +281,26 @@ TEST_F(EvidenceExplorerSearchTest, F5InTheBoxKeepsTheTypedText) {
     EXPECT_EQ(m_box->Text(), "half a te");
     EXPECT_TRUE(Edit()->hasFocus());
     EXPECT_EQ(m_list->RowCount(), 4);
+}
+
+TEST_F(EvidenceExplorerSearchTest, F5InTheBoxRepeatsTheSearchOnShow) {
+    Search("bicycle");
+    Edit()->setFocus();
+    m_box->SetText("half a te");
+    AddItem("E-3", m_shelf);
+    Press(Edit(), Qt::Key_F5);
+    EXPECT_EQ(Find<Label>(*m_results, "lblResultCount")->Caption(), "3 Results");
+    EXPECT_EQ(Subtitle(), "Showing stored items matching 'bicycle'");
+    EXPECT_EQ(m_box->Text(), "half a te");
+    EXPECT_TRUE(Edit()->hasFocus());
+}
+
+TEST_F(EvidenceExplorerSearchTest, TheExplorerMayGoWhileCtrlFReportsAFocusLoop) {
+    UseUpFocusCalls(m_screen);
+    m_screen.WhileMessageOpen = [this](const RecordingScreen::Message&) { m_window.reset(); };
+    Press(m_list->Tree(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_window, nullptr);
 }
 
 TEST_F(EvidenceExplorerSearchTest, CtrlFGoesToTheBoxAndSelectsItsText) {
