@@ -14,6 +14,7 @@ public:
     // The list that opens.
     virtual QAbstractItemView* List() const { return view(); }
     virtual bool TakeDroppedText() { return false; }  // see FlatDropdown
+    virtual void ForgetDroppedText() {}
     void showPopup() override;
 
 protected:

@@ -16,6 +16,7 @@ public:
 
     QAbstractItemView* List() const override;
     bool TakeDroppedText() override;
+    void ForgetDroppedText() override { m_hasDroppedText = false; }
     // Lists every entry.
     void showPopup() override;
     void hidePopup() override;

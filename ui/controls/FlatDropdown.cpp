@@ -48,6 +48,7 @@ void FlatDropdown::RaiseClicked() {
 
 void FlatDropdown::Clear() {
     const QSignalBlocker quiet(m_box);
+    m_box->ForgetDroppedText();
     m_box->clear();
 }
 
@@ -65,6 +66,7 @@ int FlatDropdown::ListIndex() const { return m_box->currentIndex(); }
 
 void FlatDropdown::SetListIndex(int index) {
     if (index < -1 || index >= Count()) Raise(ErrorNumber::InvalidPropertyValue, "FlatDropdown.ListIndex");
+    m_box->ForgetDroppedText();
     if (index == ListIndex()) return;
     const QPointer<FlatDropdown> self(this);
     m_box->setCurrentIndex(index);

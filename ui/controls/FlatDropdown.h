@@ -32,7 +32,8 @@ public:
     void SetAccessibleCaption(const QString& name);
     void SetPlaceholder(const QString& text);  // shown while nothing is selected
     // For a dropdown that filters: whether the user typed a text that matches no single entry and either left the field
-    // with the mouse or is still editing it. Restores the text of the current choice. Returns true only once.
+    // with the mouse or is still editing it. Restores the text of the current choice. Returns true only once, and false
+    // after Clear and SetListIndex.
     bool TakeDroppedText();
     QComboBox* Box() const;
     QAbstractItemView* List() const;  // the list that opens

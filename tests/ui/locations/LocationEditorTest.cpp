@@ -370,6 +370,17 @@ TEST_F(LocationEditorTest, ATextThatIsNoContainerIsNotSaved) {
     EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
 }
 
+TEST_F(LocationEditorTest, ATextThatWasGivenUpWithItsCategoryDoesNotStopSave) {
+    Edit(m_tree.bin);
+    Container()->setFocus();
+    SendText(*m_form, "garage");
+    Category()->Box()->setFocus(Qt::MouseFocusReason);
+    Choose(Types::External);
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 4 /0/");
+}
+
 TEST_F(LocationEditorTest, CancelChangesNothing) {
     Edit(m_tree.bin);
     SetName("Other");
