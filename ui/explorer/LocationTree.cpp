@@ -236,14 +236,16 @@ void LocationTree::RefreshInPlace() {
     QHash<QString, bool> expanded;
     for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
         expanded.insert(node.key(), node.value()->isExpanded());
-    const int scroll = m_treeView->verticalScrollBar()->value();
+    const int down = m_treeView->verticalScrollBar()->value();
+    const int across = m_treeView->horizontalScrollBar()->value();
     const QPointer<LocationTree> self(this);
     Refresh();
     if (!self) return;
     for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node)
         node.value()->setExpanded(expanded.value(node.key(), node.value()->isExpanded()));
     m_treeView->doItemsLayout();
-    m_treeView->verticalScrollBar()->setValue(scroll);
+    m_treeView->verticalScrollBar()->setValue(down);
+    m_treeView->horizontalScrollBar()->setValue(across);
 }
 
 void LocationTree::SetSelectedLocation(const StorageLocationRef& location) {

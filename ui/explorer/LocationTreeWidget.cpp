@@ -179,12 +179,14 @@ void LocationTreeWidget::selectionChanged(const QItemSelection& selected, const 
 void LocationTreeWidget::keyPressEvent(QKeyEvent* event) {
     Guard([this, event] {
         if (SendMenuKey(*this, *event)) return;
-        const QTreeWidgetItem* before = currentItem();
+        const QList<QTreeWidgetItem*> before = selectedItems();
         {
             const QScopedValueRollback<bool> quiet(m_isQuiet, true);
             QTreeWidget::keyPressEvent(event);
         }
-        if (currentItem() != before) EmitChosen();
+        if (selectedItems() == before) return;
+        if (selectedItems().isEmpty()) return SelectQuietly(before.constFirst());  // Ctrl+Space
+        EmitChosen();
     });
 }
 

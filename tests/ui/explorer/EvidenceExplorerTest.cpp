@@ -254,6 +254,18 @@ TEST_F(EvidenceExplorerTest, F5KeepsTheExpandedNodesAndTheScrollPositions) {
     EXPECT_EQ(m_list->Tree()->verticalScrollBar()->value(), 200);
 }
 
+TEST_F(EvidenceExplorerTest, F5KeepsTheSidewaysPositionOfTheTree) {
+    int32_t container = m_bin;
+    for (int level = 1; level <= 20; ++level) container = AddLocation("Level " + std::to_string(level), container);
+    Show(m_shelf);
+    NodeCenter("Level 20");
+    ServeEvents();
+    m_widget->horizontalScrollBar()->setValue(100);
+    ASSERT_EQ(m_widget->horizontalScrollBar()->value(), 100);
+    Press(m_widget, Qt::Key_F5);
+    EXPECT_EQ(m_widget->horizontalScrollBar()->value(), 100);
+}
+
 TEST_F(EvidenceExplorerTest, F5ShowsTheParentOfALocationThatWasDeletedElsewhere) {
     Show(m_bin);
     m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {m_bin});

@@ -177,6 +177,17 @@ TEST_F(LocationTreeTest, ArrowKeysSelectLikeAClick) {
     EXPECT_THAT(TakeSelected(), ElementsAre("Aisle 1"));
 }
 
+TEST_F(LocationTreeTest, CtrlSpaceKeepsTheSelectedNode) {
+    Show();
+    ClickNode("Vault");
+    TakeSelected();
+    Press(m_widget, Qt::Key_Space, Qt::ControlModifier);
+    ASSERT_EQ(m_widget->selectedItems().size(), 1);
+    EXPECT_EQ(m_widget->selectedItems().front()->text(0), "Vault");
+    EXPECT_THAT(TakeSelected(), IsEmpty());
+    EXPECT_EQ(m_tree->SelectedLocation()->ID(), m_vault);
+}
+
 TEST_F(LocationTreeTest, TypingANameSelectsIt) {
     Show();
     m_widget->setFocus();
