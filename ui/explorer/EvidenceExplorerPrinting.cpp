@@ -21,7 +21,12 @@ void EvidenceExplorer::PrintLabelsOf(const ObjectList& objects) {
     int32_t printed = 0;
     Guard(
         [&] {
-            for (; printed < objects.Count(); ++printed) PrintBarcodeLabelOf(objects.At(printed));
+            for (int32_t i = 0; i < objects.Count(); ++i) {
+                const ObjectRef object = objects.At(i);
+                if (!object) continue;
+                PrintBarcodeLabelOf(object);
+                ++printed;
+            }
         },
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
     if (printed > 0) Guard([=] { ReportPrintedLabels(printed); });

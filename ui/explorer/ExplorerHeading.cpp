@@ -107,9 +107,11 @@ float ExplorerHeading::PlaceLinks() {
     m_btnAddEvidence->SetLeft(Width() - m_btnAddEvidence->Width() - buttonInset);
     m_print.group->SetLeft(m_btnAddEvidence->Left() - linkGap - m_print.group->Width());
     const float right = m_print.group->IsShown() ? m_print.group->Left() : m_btnAddEvidence->Left();
-    float beside = 0;
-    for (const LinkGroup& part : {m_edit, m_delete, m_add})
-        if (part.group->IsShown()) beside += part.group->Width() + (beside > 0 ? linkGap : linksGap);
+    // "Delete" keeps its place while "Edit" is hidden.
+    const float edit = linksGap + m_edit.group->Width();
+    float beside = m_edit.group->IsShown() ? edit : 0;
+    if (m_delete.group->IsShown()) beside = edit + linkGap + m_delete.group->Width();
+    if (m_add.group->IsShown()) beside = linksGap + m_add.group->Width();
     return right - beside - rightInset;
 }
 

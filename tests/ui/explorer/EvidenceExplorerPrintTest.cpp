@@ -2,6 +2,7 @@
 #include "tests/support/Callbacks.h"
 #include "tests/support/LabelServices.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
+#include "ui/explorer/ExplorerHeading.h"
 
 #include <gmock/gmock.h>
 
@@ -49,6 +50,13 @@ TEST_F(EvidenceExplorerPrintTest, PrintsTheLabelOfASelectedLocation) {
     Print();
     EXPECT_THAT(PrintedBarcodes(), ElementsAre(MakeBarcodeText("L", m_shelf)));
     EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
+}
+
+TEST_F(EvidenceExplorerPrintTest, NoLocationGivesNoLabel) {
+    m_explorer->SetSelectedLocation(nullptr);
+    emit Find<ExplorerHeading>(*m_explorer, "picInfobar")->PrintRequested();
+    EXPECT_THAT(PrintedBarcodes(), ElementsAre());
+    EXPECT_THAT(m_actions->Notices(), ElementsAre());
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {

@@ -210,6 +210,13 @@ TEST_F(ExplorerHeadingTest, LinksFollowTheTitleAndTheButtonIsAtTheRight) {
     EXPECT_GT(RectOf("grpEditLocation").left(), before);
 }
 
+TEST_F(ExplorerHeadingTest, DeleteAloneLeavesTheOtherLinksFree) {
+    Revoke(GetPermissions().EDIT_STORAGE_LOCATIONS());
+    Show(AddLocation(std::string(300, 'W')));
+    ASSERT_THAT(Links(), ElementsAre("DeleteLocation", "PrintLocationBarcode"));
+    EXPECT_LT(RectOf("grpDeleteLocation").right(), RectOf("grpPrintLocationBarcode").left());
+}
+
 TEST_F(ExplorerHeadingTest, InANarrowWindowTheLinksAreIcons) {
     ShowShelf();
     m_explorer->SetSelectedLocation(LocationOf(AddLocation("Refrigerated Storage, Annex")));
