@@ -4,6 +4,7 @@
 #include "app/Termination.h"
 #include "demo/tour/ExplorerScenario.h"
 #include "demo/tour/IntakeScenario.h"
+#include "demo/tour/ItemScenario.h"
 #include "demo/tour/TourPlayer.h"
 #include "demo/tour/TransferScenario.h"
 
@@ -22,6 +23,7 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
     PlanExplorerScenario(player);
     PlanTransferScenario(player);
     PlanIntakeScenario(player);
+    PlanItemScenario(player);
     player.Start();
     QApplication::exec();
     if (termination.IsRequested()) return Termination::ExitCode;

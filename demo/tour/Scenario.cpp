@@ -108,6 +108,13 @@ void Scenario::PickByKeys(const QString& path, const QString& beginning, const Q
     ExpectChosen(path, entry);
 }
 
+void Scenario::FillForm(const Officer& from, const Officer& by, const QString& destination, const QString& reason) {
+    PickByKeys("cart/receivedFromField", from.beginning, from.entry);
+    PickByKeys("cart/receivedByField", by.beginning, by.entry);
+    PickByKeys("cart/locationField", destination.section(QStringLiteral(" \u00BB "), -1), destination);
+    PickByMouse("cart/reasonField", reason);
+}
+
 void Scenario::ExpectChosen(const QString& path, const QString& entry) {
     m_player.Expect(
         "Chosen in " + path, [path] { return ChosenIn(path); }, entry);

@@ -4,6 +4,13 @@
 
 namespace quellbrook {
 
+// An entry of the dropdowns of officers, and what to type to reach it.
+struct Officer {
+    QString beginning, entry;
+};
+inline const Officer Technician{QStringLiteral("Raman"), QStringLiteral("Raman, Priya (Evidence Technician)")};
+inline const Officer Analyst{QStringLiteral("Brandt"), QStringLiteral("Brandt, Tomas (Forensic Analyst)")};
+
 // Base class of the tour's scenarios: moves that several of them need. Paths are those of tour::Find.
 class Scenario {
 protected:
@@ -24,6 +31,8 @@ protected:
     void PickByMouse(const QString& path, const QString& entry);
     // Opens the dropdown, types the start of the entry and presses Enter.
     void PickByKeys(const QString& path, const QString& beginning, const QString& entry);
+    // Fills the form of a batch. The first officer hands over, the second receives.
+    void FillForm(const Officer& from, const Officer& by, const QString& destination, const QString& reason);
     void ExpectChosen(const QString& path, const QString& entry);
     // Waits for the first value that the query gives on a separate connection.
     void ExpectStored(const QString& what, const std::string& query, const QString& expected);

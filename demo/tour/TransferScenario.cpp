@@ -92,10 +92,8 @@ private:
         m_player.Step("form-filled");
         Click("the button OK", "grpButtons/button");
         m_player.Wait("The message is closed", [] { return QApplication::activeModalWidget() == nullptr; });
-        PickByMouse("cart/locationField", QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints");
-        PickByKeys("cart/receivedFromField", "Raman", "Raman, Priya (Evidence Technician)");
-        PickByKeys("cart/receivedByField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
-        PickByMouse("cart/reasonField", "Laboratory analysis");
+        FillForm(Technician, Analyst, QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints",
+                 "Laboratory analysis");
         Transfer("signed-out", "Sign Out", "Latent Prints", 3);
         m_player.Step("at-the-lab");
         OpenLocation({"Crime Lab", "Latent Prints"});
@@ -106,10 +104,8 @@ private:
         OpenForm("form-sign-in", "Sign In Evidence");
         VisitAnotherTab("form-sign-in-again", "cart");
         m_player.Step("form-sign-in-filled");
-        PickByKeys("cart/receivedFromField", "Brandt", "Brandt, Tomas (Forensic Analyst)");
-        PickByKeys("cart/receivedByField", "Raman", "Raman, Priya (Evidence Technician)");
-        PickByMouse("cart/locationField", QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2");
-        PickByMouse("cart/reasonField", "Returned from analysis");
+        FillForm(Analyst, Technician, QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2",
+                 "Returned from analysis");
         Transfer("signed-in", "Sign In", "Row 2", 6);
         m_player.Step("back-in-storage");
         OpenLocation({"Row 2"});
