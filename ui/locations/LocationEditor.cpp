@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "data/StorageLocationStatic.h"
 #include "ui/common/ViewHelpers.h"
+#include "ui/controls/Activation.h"
 #include "ui/controls/FlatDropdown.h"
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/Label.h"
@@ -22,7 +23,8 @@ namespace {
 // Pixels.
 constexpr int FormWidth = 480, FormHeight = 396;
 constexpr int FirstField = 56, FieldPitch = 92, FieldToHint = 4;
-constexpr int EnterKey = 13;
+
+void ShowError(const std::string& description) { ShowMessage(description, MessageStyle::Critical, "Error"); }
 
 }  // namespace
 
@@ -56,7 +58,7 @@ void frmAddEditLocation::BuildFields() {
     m_cboType = AddFieldWithHint(new FlatDropdown(this), 2, "cboType", "Category",
                                  "The type of location, which determines how it is treated.");
     connect(m_txtName, &FlatTextbox::KeyPressed, this, [this](int key) {
-        if (key == EnterKey) btnSave_Click();
+        if (key == KeyCode::Enter) btnSave_Click();
     });
     connect(m_cboType, &FlatDropdown::Clicked, this, [this] { Guard([this] { cboType_Click(); }); });
 }
@@ -75,7 +77,7 @@ void frmAddEditLocation::SetLocation(const StorageLocationRef& sl) {
 
 void frmAddEditLocation::OnLoad() {
     FillCategories();
-    FillFields();
+    Guard([this] { FillFields(); }, [this](const Error& error) { m_fieldError = error.Description(); });
 }
 
 void frmAddEditLocation::showEvent(QShowEvent* event) {
@@ -84,6 +86,9 @@ void frmAddEditLocation::showEvent(QShowEvent* event) {
         SetMousePointer(MousePointer::Default);
         if (m_initialized) return;
         m_initialized = true;
+        if (!m_fieldError.empty())
+            QMetaObject::invokeMethod(
+                this, [this] { Guard([this] { ShowError(m_fieldError); }); }, Qt::QueuedConnection);
         TrySetFocus(m_txtName);
     });
 }
@@ -117,8 +122,7 @@ void frmAddEditLocation::cboType_Click() {
 }
 
 void frmAddEditLocation::btnSave_Click() {
-    Guard([this] { Save(); },
-          [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+    Guard([this] { Save(); }, [](const Error& error) { ShowError(error.Description()); });
 }
 
 // What was written before a failure remains.

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <string>
+
 namespace quellbrook {
 
 class FlatDropdown;
@@ -12,7 +14,8 @@ class FlatTextbox;
 class LocationPicker;
 
 // The dialog that adds or edits a location: its name, container and category. For a single use: call SetParent to add,
-// or SetLocation to edit, show it with ShowFormCentered, then read Canceled and Location.
+// or SetLocation to edit, show it with ShowFormCentered, then read Canceled and Location. If a field cannot be filled,
+// the form shows the error and stays open.
 class frmAddEditLocation : public FlatForm {
     Q_OBJECT
 
@@ -41,6 +44,7 @@ private:
     void Save();
 
     bool m_saved = false;
+    std::string m_fieldError;     // why the fields could not be filled; shown once the form is open
     StorageLocationRef m_parent;  // the container at first; after a change of the category, its root
     StorageLocationRef m_location;
     bool m_initialized = false;

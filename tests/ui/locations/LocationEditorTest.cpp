@@ -398,14 +398,50 @@ TEST_F(LocationEditorTest, ALocationThatWasDeletedElsewhereIsReported) {
     ExpectError("The current location has been deleted.");
 }
 
-TEST_F(LocationEditorTest, AnUncategorizedLocationCannotBeEdited) {
+TEST_F(LocationEditorTest, TheFormOfAnUncategorizedLocationSaysThatItHasNoContainers) {
     const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
     GetStorageLocationStatic().Refresh();
-    frmAddEditLocation form;
-    form.SetLocation(m_tree.Find(loose));
-    const Error error = RaisedBy([&] { form.EnsureLoaded(); });
-    EXPECT_EQ(error.Number(), ErrorNumber::General);
-    EXPECT_EQ(error.Description(), "cboLocation has not been loaded yet. Call LoadLocations first.");
+    const std::string reason = "cboLocation has not been loaded yet. Call LoadLocations first.";
+    Edit(loose);
+    ExpectError(reason);
+    EXPECT_EQ(Title(), "Edit Storage Location");
+    EXPECT_EQ(NameField()->Text(), "Loose");
+    EXPECT_EQ(Category()->ListIndex(), -1);
+    Press("btnSave");
+    ExpectError(reason);
+    Choose(Types::Internal);
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(loose), "Loose 2 /0/");
+}
+
+TEST_F(LocationEditorTest, TheFormOfAnUncategorizedLocationOpensBeforeItsMessage) {
+    const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
+    GetStorageLocationStatic().Refresh();
+    bool visible = false;
+    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) {
+        visible = QApplication::activeModalWidget() && QApplication::activeModalWidget()->isVisible();
+    };
+    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) { ServeEvents(); });
+    EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(loose)));
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_TRUE(visible);
+}
+
+TEST_F(LocationEditorTest, WithADisabledContainerALocationIsSavedAtTheTopOfItsCategory) {
+    m_database.Execute("UPDATE StorageLocation SET ActiveFlag = 0 WHERE IdNo = ?", {m_tree.shelf});
+    GetStorageLocationStatic().Refresh();
+    Edit(m_tree.box);
+    EXPECT_EQ(ContainerText(), "(None)");
+    SetName("Carton");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.box), "Carton 2 /0/");
+    Add(m_tree.Find(m_tree.shelf));
+    SetName("Crate");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_form->Location()->ID()), "Crate 2 /0/");
 }
 
 TEST_F(LocationEditorTest, NothingCannotBeEditedOrAddedTo) {
