@@ -107,6 +107,9 @@ void EvidenceExplorer::ConnectPanes() {
         // A tree that is read again during a search has no selection to show.
         if (location || !m_searchResultPane->IsShown()) DisplayCurrentLocation();
     });
+    m_locationPane->ClickedAgain.connect([this] {
+        if (!m_itemPane->Location()) DisplayCurrentLocation();  // it could not be read
+    });
     m_locationPane->GetContextMenu.connect([this](QMenu*& contextMenu, QAction*& defaultMenu) {
         OfferMenu(MenuSource::LocationPane, m_locationPane, contextMenu, defaultMenu);
     });
@@ -338,7 +341,9 @@ void EvidenceExplorer::PrepareActionMenu(MenuSource source, QWidget* pane) {
     if (ActiveChild() != pane) TrySetFocus(pane);
     if (!self) return;
     const std::vector<SelectedObject> selection = DescribeSelection(*GetSelectedObjects(), *m_cartstore);
-    m_mnuItems->Apply(ApplyMenuRules(source, selection, ReadMenuRights(GetUser())));
+    MenuRights rights = ReadMenuRights(GetUser());
+    if (!GetContextLocation()) rights.addStorageLocations = false;  // a new location needs a container
+    m_mnuItems->Apply(ApplyMenuRules(source, selection, rights));
 }
 
 void EvidenceExplorer::OfferMenu(MenuSource source, QWidget* pane, QMenu*& contextMenu, QAction*& defaultMenu) {

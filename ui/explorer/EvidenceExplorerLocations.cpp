@@ -9,11 +9,12 @@
 
 namespace quellbrook {
 
-// The location that the commands New, Edit and Delete mean: the selected one, or the displayed one if nothing is
+// The location that the commands New, Edit and Delete mean: the selected one, or the one of the heading if nothing is
 // selected. Null for several objects or an item.
 StorageLocationRef EvidenceExplorer::GetContextLocation() const {
     const std::shared_ptr<ObjectVector> selected = GetSelectedObjects();
-    if (selected->Count() == 0) return m_itemPane->Location();
+    // After a failure, the pane shows no location.
+    if (selected->Count() == 0) return m_itemPane->Location() ? m_itemPane->Location() : SelectedLocation();
     return selected->Count() == 1 ? std::dynamic_pointer_cast<StorageLocation>(selected->At(0)) : nullptr;
 }
 

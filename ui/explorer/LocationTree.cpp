@@ -278,9 +278,15 @@ StorageLocationRef LocationTree::DropHighlightLocation() const {
 
 void LocationTree::OnLeftReleased(QTreeWidgetItem* node) {
     if (m_treeView->DropHighlight()) return;
-    if (node) return SetSelectedLocation(LocationOf(node));
+    if (node) return OnClicked(LocationOf(node));
     QTreeWidgetItem* selected = m_selectedLocation ? m_nodes.value(KeyOf(*m_selectedLocation)) : nullptr;
     if (m_treeView->currentItem() != selected) m_treeView->SelectQuietly(selected);
+}
+
+void LocationTree::OnClicked(const StorageLocationRef& location) {
+    const bool again = location && m_selectedLocation && m_selectedLocation->IsSame(location.get());
+    SetSelectedLocation(location);
+    if (again) ClickedAgain();
 }
 
 void LocationTree::OnRightPressed(QTreeWidgetItem* node) {

@@ -38,6 +38,8 @@ public:
 
     // Raised when the selection changes, except to null, and on every Refresh, then possibly with null.
     Event<StorageLocationRef> LocationSelected;
+    // The user clicked the selected location, which stays selected.
+    Event<> ClickedAgain;
     Event<> DblClick;
     // The receiver sets the menu and its default entry, both initially null. The menu is for DropHighlightLocation, or
     // for SelectedLocation if the keyboard opened it.
@@ -96,6 +98,7 @@ private:
     StorageLocationRef LocationOf(const QTreeWidgetItem* node) const;
 
     void OnLeftReleased(QTreeWidgetItem* node);
+    void OnClicked(const StorageLocationRef& location);
     void OnRightPressed(QTreeWidgetItem* node);
     void OnRightReleased(QTreeWidgetItem* node);
     void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);

@@ -99,6 +99,21 @@ TEST_F(EvidenceExplorerFailureTest, AnotherLocationIsShownAfterAFailure) {
     EXPECT_EQ(m_list->RowCount(), 3);
 }
 
+TEST_F(EvidenceExplorerFailureTest, AClickOnTheSelectedNodeShowsTheLocationAgain) {
+    Show();
+    const QPoint node = NodeCenter("Shelf A");
+    FailAtQuery(1);
+    Click(m_widget->viewport(), node);
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    ExpectNothingShown("Shelf A", "The server is gone.");
+    Click(m_widget->viewport(), node);
+    EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
+    EXPECT_EQ(m_list->RowCount(), 3);
+    AddItem("E-3", m_shelf);
+    Click(m_widget->viewport(), node);
+    EXPECT_EQ(m_list->RowCount(), 3) << "a location on show is not read again";
+}
+
 TEST_F(EvidenceExplorerFailureTest, TheNextRefreshShowsTheLocationAgain) {
     Show();
     const StorageLocationRef shelf = LocationOf(m_shelf);

@@ -1,4 +1,5 @@
 #include "tests/support/FakeSession.h"
+#include "tests/support/FaultInjectingEngine.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/common/Dialogs.h"
 #include "ui/controls/FlatButton.h"
@@ -92,6 +93,45 @@ TEST_F(EvidenceExplorerLocationsTest, WithNothingSelectedTheNewLocationIsInTheOn
     AnswerDialog("Crate");
     Run(MenuEntry::NewLocation);
     EXPECT_EQ(m_explorer->SelectedLocation()->Parent()->ID(), m_shelf);
+}
+
+TEST_F(EvidenceExplorerLocationsTest, AfterAFailedLoadTheNewLocationIsInTheOneOfTheHeading) {
+    ShowShelf();
+    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAtStatement(1, Error(4711, "Engine.Query", "The server is gone."));
+    EXPECT_THROW(m_explorer->Refresh(), Error);
+    ASSERT_EQ(m_view->Location(), nullptr);
+    m_list->Tree()->setFocus();
+    EXPECT_THAT(BlankMenu(), Contains("New"));
+    AnswerDialog("Crate");
+    Run(MenuEntry::NewLocation);
+    EXPECT_THAT(m_titles, ElementsAre("Add New Storage Location"));
+    EXPECT_EQ(m_explorer->SelectedLocation()->Parent()->ID(), m_shelf);
+}
+
+TEST_F(EvidenceExplorerLocationsTest, WithoutALocationTheMenuDoesNotOfferNew) {
+    ShowShelf();
+    m_explorer->SetSelectedLocation(nullptr);
+    EXPECT_THAT(BlankMenu(), ElementsAre("-", "Select All"));
+}
+
+TEST_F(EvidenceExplorerLocationsTest, SeveralRowsAreNoContextForACommand) {
+    const int32_t second = AddLocation("Bin 2", m_shelf);
+    ShowShelf();
+    ClickRow("Bin 1");
+    ClickRow("Bin 2", Qt::ControlModifier);
+    ASSERT_EQ(SelectedObjects().size(), 2u);
+    Run(MenuEntry::NewLocation);
+    EXPECT_THAT(TakeUnexpected(), ElementsAre("SetParent: sl cannot be Nothing"));
+    Run(MenuEntry::EditLocation);
+    EXPECT_THAT(TakeUnexpected(), ElementsAre("SetLocation: sl cannot be Nothing"));
+    Run(MenuEntry::DeleteLocation);
+    const std::vector<RecordingScreen::Message> expected = {
+        {ErrorText(ErrorNumber::NullObject), MessageStyle::Critical, "Error"}};
+    EXPECT_EQ(m_screen.TakeMessages(), expected);
+    EXPECT_NE(LocationOf(m_bin), nullptr);
+    EXPECT_NE(LocationOf(second), nullptr);
 }
 
 TEST_F(EvidenceExplorerLocationsTest, ANewLocationFromTheListGivesTheFocusToTheTree) {
