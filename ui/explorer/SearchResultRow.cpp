@@ -116,6 +116,11 @@ void SearchResultRow::SetItem(const StoredItemRef& item) {
     UpdateCartState();
 }
 
+void SearchResultRow::SetSelected(bool selected) {
+    m_selected = selected;
+    update();
+}
+
 void SearchResultRow::SetFocused(bool focused) {
     m_focused = focused;
     ApplyColors();
@@ -166,12 +171,16 @@ void SearchResultRow::ApplyColors() {
     update();
 }
 
+QColor SearchResultRow::Background() const {
+    if (m_focused) return Theme::Get(Theme::Color::Highlight);
+    if (m_selected) return Theme::Get(Theme::Color::SelectedInactive);
+    return m_inCart ? Theme::BatchTint() : Theme::Get(Theme::Color::Window);
+}
+
 void SearchResultRow::paintEvent(QPaintEvent*) {
     GuardPainting([this] {
         QPainter painter(this);
-        painter.fillRect(rect(), m_focused  ? Theme::Get(Theme::Color::Highlight)
-                                 : m_inCart ? Theme::BatchTint()
-                                            : Theme::Get(Theme::Color::Window));
+        painter.fillRect(rect(), Background());
         if (m_inCart) painter.fillRect(0, 0, BatchBarWidth, height(), Theme::Get(Theme::Color::Accent));
         PaintDivider(painter);
     });

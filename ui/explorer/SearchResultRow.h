@@ -35,6 +35,9 @@ public:
     // False after the row has refreshed its item, until SetItem fills the fields again.
     bool IsUpToDate() const { return m_upToDate; }
 
+    // Whether the row is the selected one of its list. It is gray while it is not Focused.
+    bool Selected() const { return m_selected; }
+    void SetSelected(bool selected);
     // True for the selected row of a list that has the focus. Setting it repaints.
     bool Focused() const { return m_focused; }
     void SetFocused(bool focused);
@@ -64,11 +67,13 @@ private:
     void LayoutFields();
     void UpdateCartState();
     void ApplyColors();
+    QColor Background() const;
     void PaintDivider(QPainter& painter) const;
     void CartStore_OnChange();
 
     StoredItemRef m_item;
     ErrorReport m_refreshReport = ReportUnexpected;
+    bool m_selected = false;
     bool m_focused = false;
     bool m_inCart = false;
     bool m_upToDate = false;

@@ -1,6 +1,7 @@
 #include "tests/ui/explorer/SearchResultListTest.h"
 
 #include "ui/common/ViewHelpers.h"
+#include "ui/style/Theme.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -128,6 +129,20 @@ TEST_F(SearchResultListTest, WithoutTheFocusNoRowIsHighlightedButTheSelectionSta
     m_list->clearFocus();
     EXPECT_EQ(HighlightedRow(), -1);
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
+}
+
+TEST_F(SearchResultListTest, WithoutTheFocusTheSelectedRowIsGray) {
+    const auto background = [this](int row) { return PixelAt(Grab(*Container()), {600, row * RowPixels + 50}); };
+    m_list->SetItems(MakeItems(9));
+    Press(m_list, Qt::Key_Down);
+    TrySetFocus(m_other);
+    EXPECT_EQ(background(0), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(background(1), Theme::Get(Theme::Color::SelectedInactive));
+    Bar()->SetValue(1);
+    EXPECT_EQ(background(0), Theme::Get(Theme::Color::SelectedInactive));
+    EXPECT_EQ(background(1), Theme::Get(Theme::Color::Window));
+    m_list->setFocus();
+    EXPECT_EQ(background(0), Theme::Get(Theme::Color::Highlight));
 }
 
 TEST_F(SearchResultListTest, AWindowInFrontDoesNotClearTheHighlight) {

@@ -215,6 +215,19 @@ TEST_F(SearchResultRowTest, BackgroundAndIconFollowFocusAndBatch) {
     EXPECT_EQ(Icon(), "marked");
 }
 
+TEST_F(SearchResultRowTest, ASelectedRowWithoutTheFocusIsGray) {
+    m_row.SetItem(m_laptop);
+    m_row.SetSelected(true);
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::SelectedInactive));
+    AddToBatch(m_laptop);
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::SelectedInactive));
+    m_row.SetFocused(true);
+    EXPECT_EQ(Background(), Theme::Get(Theme::Color::Highlight));
+    m_row.SetFocused(false);
+    m_row.SetSelected(false);
+    EXPECT_EQ(Background(), Theme::BatchTint());
+}
+
 TEST_F(SearchResultRowTest, RowTurnsPaleWhenItsItemEntersTheBatchAndBackWhenItLeaves) {
     m_row.SetItem(m_laptop);
     AddToBatch(m_laptop);
