@@ -32,6 +32,7 @@ Q_LOGGING_CATEGORY(trace, "quellbrook.explorer")
 constexpr int iconImageSize = 30;
 constexpr double rowFactor = 1.2;
 constexpr int iconColumn = 0;
+constexpr int leastDescription = 200;  // pixels
 
 const QString markedIcon = "marked";
 const QString tagIcon = "tag";
@@ -264,6 +265,9 @@ void LocationView::Layout() {
     m_itemPane->Move(0, 0, Width(), Height());
     CenterInContainer(*m_picNoItems, *m_itemPane, Center::Vertically | Center::Horizontally);
     SizeLastColumn(*m_itemPane);
+    const int description = m_itemPane->ColumnIndex("description");
+    if (m_itemPane->ColumnWidth(description) < ToTwips(leastDescription))
+        m_itemPane->SetColumnWidth(description, ToTwips(leastDescription));
 }
 
 QColor LocationView::BackColor() const { return m_backColor.value_or(palette().color(QPalette::Base)); }

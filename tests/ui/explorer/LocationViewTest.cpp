@@ -8,6 +8,8 @@
 #include "ui/platform/Twips.h"
 #include "ui/style/Theme.h"
 
+#include <QScrollBar>
+
 #include <gmock/gmock.h>
 
 namespace quellbrook::testing {
@@ -92,6 +94,28 @@ TEST_F(LocationViewTest, TheDescriptionIsFiftyLettersWideWhereTheViewIsTooNarrow
     const int scrollBar = narrow.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const int fifty = ToPixels(narrow.List()->TextWidth(QString(50, 'W')));
     EXPECT_EQ(ToPixels(narrow.List()->ColumnWidth(3)), fifty - scrollBar);
+}
+
+TEST_F(LocationViewTest, InANarrowViewTheListScrollsSidewaysToTheDescription) {
+    Show(m_shelf);
+    m_view->resize(560, 400);
+    ServeEvents();
+    EXPECT_EQ(ToPixels(m_list->ColumnWidth(descriptionColumn)), 200);
+    EXPECT_GT(m_list->Tree()->horizontalScrollBar()->maximum(), 0);
+    m_view->resize(1000, 400);
+    ServeEvents();
+    EXPECT_GT(ToPixels(m_list->ColumnWidth(descriptionColumn)), 200);
+    EXPECT_EQ(m_list->Tree()->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(LocationViewTest, ThePointerIsTheHourglassWhileAllRowsAreSelected) {
+    Show(m_shelf);
+    std::vector<int> pointers;
+    QObject::connect(m_list->Tree(), &QTreeWidget::itemSelectionChanged, m_list,
+                     [&] { pointers.push_back(GetMousePointer()); });
+    m_view->SelectAll();
+    EXPECT_THAT(pointers, ElementsAre(MousePointer::Hourglass));
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
 TEST_F(LocationViewTest, RowsAreAsHighAsThePaddedIcon) {
