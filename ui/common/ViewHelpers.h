@@ -41,7 +41,7 @@ inline constexpr int Vertically = 1, Horizontally = 2;
 void CenterInContainer(Control& control, const Control& container, int flags);
 
 // Opens the menu at the pointer, or at this position on the screen, and returns after it has closed. The default entry,
-// if set and enabled, is bold. Ignores a null menu.
+// if set and enabled, is bold. A letter highlights the next entry that begins with it. Ignores a null menu.
 void ShowContextMenu(QWidget* owner, QMenu* contextMenu, QAction* defaultMenu,
                      const std::optional<QPoint>& at = std::nullopt);
 // Where a menu that a key has opened belongs, on the screen: below a row, inside its list. The row is in the list's

@@ -188,6 +188,33 @@ TEST(ShowContextMenu, TheDefaultEntryIsBoldIfItIsEnabled) {
     EXPECT_EQ(popUp(nullptr), nullptr);
 }
 
+TEST(ShowContextMenu, ALetterHighlightsTheNextEntryThatBeginsWithIt) {
+    QWidget owner;
+    QMenu menu;
+    menu.addAction("Print");
+    menu.addSeparator();
+    menu.addAction("Select All");
+    menu.addAction("Send")->setVisible(false);
+    menu.addAction("Sort")->setEnabled(false);
+    QMenu* newMenu = menu.addMenu("New");
+    newMenu->addAction("Folder");
+    newMenu->addAction("Location");
+    menu.addAction("Sign out");
+    std::vector<std::string> active;
+    QTimer::singleShot(0, &menu, [&] {
+        for (const auto key : {Qt::Key_S, Qt::Key_S, Qt::Key_S, Qt::Key_X, Qt::Key_N}) {
+            QTest::keyClick(&menu, key);
+            active.push_back(menu.activeAction() ? ToUtf8(menu.activeAction()->text()) : "");
+        }
+        QTest::keyClick(newMenu, Qt::Key_L);
+        active.push_back(newMenu->activeAction() ? ToUtf8(newMenu->activeAction()->text()) : "");
+        menu.close();
+    });
+    ShowContextMenu(&owner, &menu, nullptr);
+    EXPECT_EQ(active,
+              (std::vector<std::string>{"Select All", "Sign out", "Select All", "Select All", "New", "Location"}));
+}
+
 TEST(ShowContextMenu, WithoutAMenuNothingHappens) {
     QWidget owner;
     QAction action("Open");
