@@ -5,6 +5,7 @@
 #include "host/HostServices.h"
 #include "host/HostSession.h"
 
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -22,6 +23,7 @@ public:
     std::set<std::pair<std::string, int16_t>> rights;   // used while grantsAll is false
     std::set<std::pair<std::string, int16_t>> revoked;  // always used
     int questions = 0;                                  // calls of HasPermission
+    std::function<void()> atQuestion;                   // runs in each of them
     std::vector<std::string> domains;                   // one for each Login
 
     std::string Username() const override { return username; }
@@ -35,6 +37,7 @@ public:
 
     bool HasPermission(const std::string& moduleKey, int16_t value) override {
         ++questions;
+        if (atQuestion) atQuestion();
         const std::pair<std::string, int16_t> right(moduleKey, value);
         return revoked.count(right) == 0 && (grantsAll || rights.count(right) > 0);
     }

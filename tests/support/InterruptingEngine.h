@@ -8,32 +8,45 @@
 
 namespace quellbrook::testing {
 
-// Wraps an engine and simulates another workstation: runs a function once, just before the next transaction begins.
+// Wraps an engine and simulates another workstation, or observes a screen that waits for the database: runs a function
+// once, just before the next transaction begins or the next statement is executed.
 class InterruptingEngine : public Engine {
 public:
     explicit InterruptingEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}
 
-    void BeforeTransaction(std::function<void()> interruption) { *m_interruption = std::move(interruption); }
+    void BeforeTransaction(std::function<void()> interruption) {
+        m_interruptions->transaction = std::move(interruption);
+    }
+    void BeforeStatement(std::function<void()> interruption) { m_interruptions->statement = std::move(interruption); }
 
     std::unique_ptr<Connection> Open() override {
-        return std::make_unique<InterruptedConnection>(m_inner->Open(), m_interruption);
+        return std::make_unique<InterruptedConnection>(m_inner->Open(), m_interruptions);
     }
     bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
     const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
 
 private:
-    using Interruption = std::shared_ptr<std::function<void()>>;
+    struct Interruptions {
+        std::function<void()> transaction;
+        std::function<void()> statement;
+    };
+
+    static void Run(std::function<void()>& interruption) {
+        if (const auto run = std::exchange(interruption, nullptr)) run();
+    }
 
     class InterruptedConnection : public Connection {
     public:
-        InterruptedConnection(std::unique_ptr<Connection> inner, Interruption interruption)
-            : m_inner(std::move(inner)), m_interruption(std::move(interruption)) {}
+        InterruptedConnection(std::unique_ptr<Connection> inner, std::shared_ptr<Interruptions> interruptions)
+            : m_inner(std::move(inner)), m_interruptions(std::move(interruptions)) {}
 
         void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
                    const RowReceiver& receiver) override {
+            Run(m_interruptions->statement);
             m_inner->Query(sql, parameters, receiver);
         }
         void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
+            Run(m_interruptions->statement);
             m_inner->Execute(sql, parameters);
         }
         std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
@@ -41,7 +54,7 @@ private:
         }
         int32_t LastIdentity() override { return m_inner->LastIdentity(); }
         void Begin() override {
-            if (const auto interruption = std::exchange(*m_interruption, nullptr)) interruption();
+            Run(m_interruptions->transaction);
             m_inner->Begin();
         }
         void Commit() override { m_inner->Commit(); }
@@ -52,11 +65,11 @@ private:
 
     private:
         std::unique_ptr<Connection> m_inner;
-        Interruption m_interruption;
+        std::shared_ptr<Interruptions> m_interruptions;
     };
 
     std::shared_ptr<Engine> m_inner;
-    Interruption m_interruption = std::make_shared<std::function<void()>>();
+    std::shared_ptr<Interruptions> m_interruptions = std::make_shared<Interruptions>();
 };
 
 }  // namespace quellbrook::testing

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -71,6 +73,15 @@ TEST_F(EvidenceExplorerMenuTest, AMenuOfSeveralItemsCountsThemAndHasNoDefaultEnt
     });
     EXPECT_THAT(entries, ElementsAre("Open", "Open in Tessarine...", "-", "Print barcode labels (2 items)", "-",
                                      "Sign out  2 items", "Move  2 items", "Dispose 2 items"));
+}
+
+TEST_F(EvidenceExplorerMenuTest, ThePointerIsTheHourglassWhileTheRightsAreRead) {
+    Show(m_shelf);
+    std::set<int> pointers;
+    m_session->atQuestion = [&] { pointers.insert(GetMousePointer()); };
+    RowMenu("E-1", [this](QMenu&) { m_session->atQuestion = nullptr; });
+    EXPECT_THAT(pointers, ElementsAre(MousePointer::Hourglass));
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
 TEST_F(EvidenceExplorerMenuTest, AMemberOfTheBatchCanOnlyBeUnchecked) {
@@ -141,6 +152,11 @@ TEST_F(EvidenceExplorerMenuTest, TransferCommandsBeginABatchOfTheirType) {
 
     RowMenu("E-1", Choose(MenuEntry::Move));
     EXPECT_EQ(GetStores().Cart->GetTransactionType(), 3);
+    EXPECT_THAT(BatchIds(), ElementsAre("E-1", "E-2"));
+    GetActions().CancelTransaction();
+
+    RowMenu("E-2", Choose(MenuEntry::Dispose));
+    EXPECT_EQ(GetStores().Cart->GetTransactionType(), 4);
     EXPECT_THAT(BatchIds(), ElementsAre("E-1", "E-2"));
 }
 

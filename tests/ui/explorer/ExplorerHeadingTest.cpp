@@ -127,6 +127,51 @@ TEST_F(ExplorerHeadingTest, EditAndCreateOpenTheDialog) {
     EXPECT_THAT(m_dialogs, ElementsAre("Edit Storage Location", "Add New Storage Location"));
 }
 
+TEST_F(ExplorerHeadingTest, ASavedEditIsShownInTheTreeAndTheHeading) {
+    ShowShelf();
+    QTimer::singleShot(0, qApp, [] {
+        auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
+        ASSERT_NE(form, nullptr);
+        Find<FlatTextbox>(*form, "txtName")->SetText("Rack");
+        Find<FlatButton>(*form, "btnSave")->Click();
+    });
+    LinkNamed("lnkEditLocation")->Click();
+    EXPECT_EQ(Title(), "Rack");
+    ASSERT_TRUE(m_widget->currentItem());
+    EXPECT_EQ(m_widget->currentItem()->text(0), "Rack");
+    EXPECT_EQ(m_view->Location()->Name(), "Rack");
+}
+
+TEST_F(ExplorerHeadingTest, TheExplorerMayGoBehindADialogThatALinkHasOpened) {
+    const auto pressAndSave = [this](const char* link) {
+        QTimer::singleShot(0, qApp, [this, link] {
+            auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
+            ASSERT_NE(form, nullptr);
+            delete m_explorer;
+            Find<FlatTextbox>(*form, "txtName")->SetText(link);
+            Find<FlatButton>(*form, "btnSave")->Click();
+            form->close();
+        });
+        const QPointer<EvidenceExplorer> explorer(m_explorer);
+        Press(LinkNamed(link), Qt::Key_Return);
+        EXPECT_EQ(explorer, nullptr) << link;
+    };
+    ShowShelf();
+    pressAndSave("lnkEditLocation");
+    EXPECT_EQ(LocationOf(m_shelf)->Name(), "lnkEditLocation");
+    ShowShelf();
+    m_explorer->SetSelectedLocation(Root(StorageLocationTypes::Internal));
+    pressAndSave("lnkAddLocation");
+    ShowShelf();
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    m_screen.WhileMessageOpen = [this](const auto&) { delete m_explorer; };
+    const QPointer<EvidenceExplorer> explorer(m_explorer);
+    Click(LinkNamed("lnkDeleteLocation"));
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(explorer, nullptr);
+    EXPECT_NE(LocationOf(m_shelf), nullptr);
+}
+
 TEST_F(ExplorerHeadingTest, TheSelectedLocationIsDeletedAfterAQuestion) {
     Show(m_empty);
     m_screen.AnswerNext(MessageAnswer::Yes);

@@ -176,6 +176,16 @@ TEST_F(LocationTreeTest, TheMenuKeysOpenTheMenuBelowTheSelectedNode) {
     EXPECT_EQ(m_menusFor.size(), 2u);
 }
 
+TEST_F(LocationTreeTest, ItsOwnMenuHasItsEntriesInOrder) {
+    Make();
+    std::vector<std::string> entries;
+    for (const QAction* entry : m_tree->LocationMenu()->actions())
+        entries.push_back(entry->objectName().toStdString() + ": " +
+                          (entry->isSeparator() ? "-" : entry->text().toStdString()));
+    EXPECT_THAT(entries, ElementsAre("mnuExpandCollapse: Expand/Collapse", "mnuSeparator: -",
+                                     "mnuPrint: Print Barcode Label", "mnuEdit: Edit This Location"));
+}
+
 TEST_F(LocationTreeTest, ItsOwnMenuExpandsAndCollapses) {
     Show();
     m_menu = m_tree->LocationMenu();
