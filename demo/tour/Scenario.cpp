@@ -1,5 +1,7 @@
 #include "demo/tour/Scenario.h"
 
+#include "demo/sample/SampleDepartment.h"
+
 #include <QAbstractItemView>
 #include <QMenu>
 
@@ -41,6 +43,29 @@ void Scenario::Click(const QString& what, const QString& path) {
 void Scenario::ExpectText(const QString& what, const QString& path, const QString& expected) {
     m_player.Expect(
         what, [path] { return TextOf(path); }, expected);
+}
+
+void Scenario::LogIn() {
+    const SampleAccount& account = SampleAccounts().front();
+    m_player.Step("login");
+    m_player.Wait("The window is open and active", [&window = m_player.Window()] { return window.isActiveWindow(); });
+    m_player.Expect(
+        "The window's title", [&window = m_player.Window()] { return window.windowTitle(); },
+        QStringLiteral("Quellbrook - ") + SampleNames::AgencyName);
+    ExpectText("The login form shows the account", "loginForm/account0", QString::fromStdString(account.username));
+    Click("the field for the user name", "loginForm/username");
+    m_player.Type(QString::fromStdString(account.username));
+    m_player.Press("Tab");
+    m_player.Type(QString::fromStdString(account.password));
+    ExpectText("The user name typed", "loginForm/username", QString::fromStdString(account.username));
+    m_player.Wait("The password is typed", [account] {
+        return TextOf(QStringLiteral("loginForm/password")) == QString::fromStdString(account.password);
+    });
+
+    m_player.Step("explorer");
+    Click("the button Log In", "loginForm/logIn");
+    ExpectText("The user shown", "loggedInAs", QString::fromStdString(account.username));
+    ExpectText("The displayed location", "explorer/lblTitle", "Sign-In Locations");
 }
 
 void Scenario::OpenLocation(const QStringList& names) {

@@ -19,6 +19,8 @@ protected:
 
     void Click(const QString& what, const QString& path);
     void ExpectText(const QString& what, const QString& path, const QString& expected);
+    // Logs in as the first account of the sample, in two steps.
+    void LogIn();
     // Opens the locations from the outermost inward. The arrow key expands a container.
     void OpenLocation(const QStringList& names);
     // Shows another tab of the host and comes back to the view.

@@ -1,0 +1,133 @@
+#include "tests/desktop/workstations/WorkstationScenario.h"
+
+#include "base/Error.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace quellbrook::testing {
+
+namespace {
+
+using namespace tour;
+
+const std::vector<QString> items = {"2026-0388-07", "2026-0388-08", "2026-0388-09",
+                                    "2026-0388-10", "2026-0350-02", "2026-0417-03"};
+const std::vector<Officer> officers = {Technician, Analyst};
+const std::vector<QString> reasons = {"Case closed", "Court order", "Laboratory analysis"};
+
+struct Task {
+    QString link, form;
+    std::vector<QString> locations;
+};
+const std::vector<Task> tasks = {
+    {"SIGN THIS ITEM OUT", "Sign Out Evidence", {"Municipal Court", "Officer Custody", "Prosecutor's Office"}},
+    {"SIGN THIS ITEM IN", "Sign In Evidence", {"Refrigerated Storage", "Intake Lockers"}},
+    {"MOVE THIS ITEM", "Move Evidence", {"Refrigerated Storage", "Intake Lockers"}},
+};
+
+QWidget* LinkWith(const QString& caption) {
+    QWidget* view = Find(QStringLiteral("itemView"));
+    if (!view) return nullptr;
+    for (QWidget* link : view->findChildren<QWidget*>(QStringLiteral("lnkMenu")))
+        if (TextOf(link) == caption && link->isVisible()) return link;
+    return nullptr;
+}
+
+QString MessageTitle() {
+    return QApplication::activeModalWidget() ? TextOf(QStringLiteral("grpTitlebar/lblTitle")) : QString();
+}
+
+}  // namespace
+
+WorkstationScenario::WorkstationScenario(TourPlayer& player, uint32_t seed, int rounds, const std::string& reportPath)
+    : Scenario(player), m_random(seed), m_left(rounds), m_report(reportPath) {
+    QObject::connect(&m_focusLoops, &QTimer::timeout, [this] { AnswerFocusLoop(); });
+    m_focusLoops.start(100);
+}
+
+void WorkstationScenario::Plan() {
+    LogIn();
+    m_player.Step("rounds");
+    m_player.Do([this] { PlanRound(); });
+}
+
+void WorkstationScenario::PlanRound() {
+    if (m_left-- == 0) return;
+    m_round = {AnyOf(items), {}, AnyOf(officers), AnyOf(officers), {}, AnyOf(reasons)};
+    m_player.Scan([&kept = m_player.Rows(), item = m_round.item] {
+        const QString select = "SELECT PropertyNo FROM Property WHERE PropertyID = '" + item + "'";
+        const std::string key = ToTextOrEmpty(kept.Ask(select.toStdString()));
+        return QStringLiteral("P%1").arg(QString::fromStdString(key), 10, QLatin1Char('0'));
+    });
+    m_player.Wait("The item " + m_round.item + " is open",
+                  [this] { return TextOf(QStringLiteral("itemView/lblID")) == m_round.item; });
+    m_player.Do([this] { BeginTask(); });
+}
+
+void WorkstationScenario::BeginTask() {
+    std::vector<Task> offered;
+    for (const Task& task : tasks)
+        if (LinkWith(task.link)) offered.push_back(task);
+    const Task task = AnyOf(offered);
+    m_round.caption = task.form;
+    m_round.location = AnyOf(task.locations);
+    m_player.Click("the link " + task.link, [link = task.link] { return SpotOf(LinkWith(link)); });
+    m_player.Wait("The item is pending", [] { return Find(QStringLiteral("itemView/lnkUndo")) != nullptr; });
+    Click("the button Finish", "infobar/btnComplete");
+    m_player.Wait("The form " + task.form + " is open",
+                  [this] { return TextOf(QStringLiteral("cart/lblTitle")) == m_round.caption; });
+    FillAndTransfer();
+}
+
+void WorkstationScenario::FillAndTransfer() {
+    PickByKeys("cart/receivedFromField", m_round.from.beginning, m_round.from.entry);
+    PickByKeys("cart/receivedByField", m_round.by.beginning, m_round.by.entry);
+    PickByKeys("cart/locationField", m_round.location, m_round.location);
+    PickByKeys("cart/reasonField", m_round.reason, m_round.reason);
+    m_player.Press("Tab");
+    m_player.Press("Tab");
+    m_player.Wait("The main button has the focus", [] {
+        const QWidget* focused = QApplication::focusWidget();
+        return focused && focused->objectName() == QLatin1String("btnTransfer");
+    });
+    m_player.Press("Return");
+    m_player.Wait(
+        "The transfer has ended",
+        [] {
+            const QString title = MessageTitle();
+            if (!title.isEmpty()) return title != QLatin1String("Focus Loop Detected!");
+            return Find(QStringLiteral("itemView")) && !Find(QStringLiteral("cart"));
+        },
+        [] { return MessageTitle(); });
+    m_player.Do([this] { ReadOutcome(); });
+}
+
+void WorkstationScenario::ReadOutcome() {
+    const QString title = MessageTitle();
+    const bool refused = title == QLatin1String("Evidence transfer failed!");
+    const QStringList fields = {refused ? "refused" : "done", m_round.item,     m_round.from.beginning,
+                                m_round.by.beginning,         m_round.location, m_round.reason};
+    m_report << fields.join('|').toStdString() << std::endl;
+    if (refused) {
+        m_player.Press("Return");
+    } else if (!title.isEmpty()) {
+        Raise(ErrorNumber::General, "WorkstationScenario", "An unexpected message: " + title.toStdString());
+    }
+    m_player.Wait("The page of the item is back", [] {
+        return Find(QStringLiteral("itemView")) && !Find(QStringLiteral("cart")) && !QApplication::activeModalWidget();
+    });
+    m_player.Press("Escape");
+    m_player.Wait("The explorer is back", [] { return Find(QStringLiteral("explorer")) != nullptr; });
+    m_player.Do([this] { PlanRound(); });
+}
+
+void WorkstationScenario::AnswerFocusLoop() {
+    if (MessageTitle() != QLatin1String("Focus Loop Detected!")) return;
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        QApplication::postEvent(QApplication::activeModalWidget(),
+                                new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")));
+}
+
+}  // namespace quellbrook::testing
