@@ -3,6 +3,7 @@
 #include "app/scanner/PrinterChoice.h"
 #include "base/Screen.h"
 #include "core/Actions.h"
+#include "core/Stores.h"
 #include "data/StorageLocationStatic.h"
 #include "demo/tour/WindowInspector.h"
 #include "tests/app/MainWindowTest.h"
@@ -36,6 +37,8 @@ std::vector<MeantFault> Meant() {
         {Overlap, "searchResult/Label2", "searchResult/Label3", "lines are closer than their boxes are high"},
         {Overlap, "lblRelatedIncidents", "lblRelatedCases", "lines are closer than their boxes are high"},
         {Overlap, "itemView/quellbrook::Line", "itemView/tabs", "the rule under the captions runs the whole width"},
+        {Overlap, "menu/shpMessage", "", "the strip is the background of its texts"},
+        {Overlap, "menu/shpStatus", "", "the block is the background of the status"},
         {Overlap, "explorer/picLeftPanel", "explorer/grpSearch", "the panel is the background of the left column"},
         {Overlap, "explorer/picLeftPanel", "explorer/LocationPane", "the panel is the background of the left column"},
         {Overlap, "hostTabs/ScrollLeftButton", "hostTabs/ScrollRightButton", "the arrows share one pixel"},
@@ -187,6 +190,14 @@ TEST_P(EveryView, TheCheckIn) {
 
 TEST_P(EveryView, AnItem) {
     OpenItem();
+    Walk();
+}
+
+TEST_P(EveryView, AnItemThatIsPending) {
+    BeginBatch(TransactionType::Move);
+    GetActions().OpenStoredItem(GetStores().Cart->GetItems()->ItemAt(0));
+    ServeEvents();
+    EXPECT_TRUE(Find(*m_window, "lnkUndo")->isVisible());
     Walk();
 }
 
