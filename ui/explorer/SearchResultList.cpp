@@ -204,7 +204,7 @@ void SearchResultList::UpdateRowFocus() {
         if (row->Tag().isEmpty()) continue;
         const bool selected = ShownIndex(*row) == m_selectedIndex;
         if (selected) m_shownSelection = row->Item();
-        if (row->Selected() != selected) row->SetSelected(selected);
+        row->SetSelected(selected);
         const bool focused = selected && m_focusLook.IsFocused();
         if (row->Focused() != focused) row->SetFocused(focused);
     }

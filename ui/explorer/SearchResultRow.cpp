@@ -117,6 +117,7 @@ void SearchResultRow::SetItem(const StoredItemRef& item) {
 }
 
 void SearchResultRow::SetSelected(bool selected) {
+    if (m_selected == selected) return;
     m_selected = selected;
     update();
 }
@@ -173,8 +174,8 @@ void SearchResultRow::ApplyColors() {
 
 QColor SearchResultRow::Background() const {
     if (m_focused) return Theme::Get(Theme::Color::Highlight);
-    if (m_selected) return Theme::Get(Theme::Color::SelectedInactive);
-    return m_inCart ? Theme::BatchTint() : Theme::Get(Theme::Color::Window);
+    if (m_inCart) return Theme::BatchTint();
+    return Theme::Get(m_selected ? Theme::Color::SelectedInactive : Theme::Color::Window);
 }
 
 void SearchResultRow::paintEvent(QPaintEvent*) {

@@ -35,8 +35,7 @@ public:
     // False after the row has refreshed its item, until SetItem fills the fields again.
     bool IsUpToDate() const { return m_upToDate; }
 
-    // Whether the row is the selected one of its list. It is gray while it is not Focused.
-    bool Selected() const { return m_selected; }
+    // Whether the row is the selected one of its list. It is gray while it is neither Focused nor in the batch.
     void SetSelected(bool selected);
     // True for the selected row of a list that has the focus. Setting it repaints.
     bool Focused() const { return m_focused; }
