@@ -125,9 +125,10 @@ void WorkstationScenario::ReadOutcome() {
 
 void WorkstationScenario::AnswerFocusLoop() {
     if (MessageTitle() != QLatin1String("Focus Loop Detected!")) return;
+    QWidget* button = QApplication::activeModalWidget()->focusWidget();
+    if (!button) return;
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
-        QApplication::postEvent(QApplication::activeModalWidget(),
-                                new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")));
+        QApplication::postEvent(button, new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")));
 }
 
 }  // namespace quellbrook::testing
