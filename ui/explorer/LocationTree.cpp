@@ -2,11 +2,11 @@
 
 #include "base/Screen.h"
 #include "core/Stores.h"
+#include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
 #include "ui/explorer/LocationTreeWidget.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
 #include "ui/platform/Strings.h"

@@ -1,8 +1,8 @@
 #include "ui/common/PropertyBag.h"
+#include "ui/common/StatePanel.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/explorer/LocationTree.h"
 #include "ui/explorer/LocationTreeWidget.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/style/Theme.h"
 

@@ -1,12 +1,12 @@
 #include "ui/explorer/ScrollingList.h"
 
 #include "base/Environment.h"
+#include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/MouseEvents.h"
 #include "ui/explorer/ListPlaceholder.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
 

@@ -1,10 +1,10 @@
 #include "ui/explorer/SearchResultList.h"
 
+#include "ui/common/StatePanel.h"
 #include "ui/controls/Activation.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/MouseEvents.h"
 #include "ui/controls/View.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/KeyRepetition.h"
 #include "ui/platform/Strings.h"

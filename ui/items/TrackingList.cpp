@@ -1,10 +1,10 @@
 #include "ui/items/TrackingList.h"
 
 #include "access/User.h"
+#include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/MouseEvents.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Guard.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "ui/shell/LoadingView.h"
 
+#include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Label.h"
-#include "ui/explorer/StatePanel.h"
 
 namespace quellbrook {
 

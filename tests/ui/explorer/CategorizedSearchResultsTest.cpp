@@ -3,12 +3,12 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/ui/explorer/ExplorerTest.h"
+#include "ui/common/StatePanel.h"
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/Link.h"
 #include "ui/explorer/SearchResultList.h"
-#include "ui/explorer/StatePanel.h"
 
 #include <gmock/gmock.h>
 

@@ -3,13 +3,13 @@
 #include "base/Environment.h"
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/common/StatePanel.h"
 #include "ui/controls/FlatScrollBar.h"
 #include "ui/controls/FlatTextbox.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
 #include "ui/explorer/SearchResultList.h"
 #include "ui/explorer/SearchResultRow.h"
-#include "ui/explorer/StatePanel.h"
 #include "ui/platform/Twips.h"
 
 namespace quellbrook::testing {

@@ -1,4 +1,4 @@
-#include "ui/explorer/StatePanel.h"
+#include "ui/common/StatePanel.h"
 
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Label.h"

@@ -1,4 +1,4 @@
-#include "ui/explorer/StatePanel.h"
+#include "ui/common/StatePanel.h"
 
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
