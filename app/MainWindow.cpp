@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QScopeGuard>
 #include <QShowEvent>
 #include <QStackedWidget>
 #include <QUrl>
@@ -104,6 +105,9 @@ void MainWindow::LogIn(const QString& username, const QString& password) {
 
 void MainWindow::EnterEvidence() {
     SetDialogParent(this);
+    // The wizard leaves this window usable, but nobody can log in a second time.
+    m_login->setEnabled(false);
+    const auto enableLogin = qScopeGuard([this] { m_login->setEnabled(true); });
     const bool entered = InitializeQuellbrook();
     SetDialogParent(this);  // the wizard may have set its own form
     if (!entered) return;

@@ -7,6 +7,7 @@
 #include "ui/accessibility/Accessibility.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
+#include "ui/locations/SetupLocationsForm.h"
 #include "ui/platform/Repaint.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/style/FlatStyle.h"
@@ -24,6 +25,13 @@ namespace {
 int startups = 0;
 std::unique_ptr<EnvironmentScope> installed;
 
+Environment EnvironmentWithWizard() {
+    static WizardScreen screen;
+    Environment environment = WidgetEnvironment();
+    environment.screen = &screen;
+    return environment;
+}
+
 void PauseForLock(std::chrono::milliseconds time) {
     constexpr std::chrono::milliseconds noticeable(50);
     if (time >= noticeable) RepaintWindows();
@@ -35,7 +43,7 @@ void PauseForLock(std::chrono::milliseconds time) {
 void Startup() {
     if (startups == 0) {
         InstallAccessibility();
-        installed = std::make_unique<EnvironmentScope>(WidgetEnvironment());
+        installed = std::make_unique<EnvironmentScope>(EnvironmentWithWizard());
         SetLockPause(PauseForLock);
     }
     ++startups;

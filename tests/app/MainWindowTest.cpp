@@ -135,6 +135,22 @@ TEST_F(MainWindowTest, ATourDoesNotBeginAfterASignal) {
     EXPECT_FALSE(QDir(pictures).exists());
 }
 
+TEST_F(MainWindowTest, NobodyLogsInASecondTimeWhileTheWizardIsOpen) {
+    m_database->exec("UPDATE StorageLocation SET Type = 1 WHERE Name = 'Refrigerated Storage'");
+    WizardScript script;
+    script.completed = false;
+    script.whileOpen = [&] {
+        EXPECT_FALSE(Find(*m_window, "logIn")->isEnabled());
+        EXPECT_TRUE(m_window->isEnabled());
+        LogIn(SampleAccounts()[0]);
+    };
+    m_screen.AddWizard(script);
+    LogIn(SampleAccounts()[0]);
+    EXPECT_EQ(m_screen.WizardsShown(), 1);
+    EXPECT_TRUE(Find(*m_window, "logIn")->isEnabled());
+    EXPECT_TRUE(Find(*m_window, "password")->hasFocus() || Find(*m_window, "username")->hasFocus());
+}
+
 TEST_F(MainWindowTest, TheWindowIsTheDialogsParentAgainAfterTheWizard) {
     m_database->exec(
         "INSERT INTO StorageLocation (Name, Type, Path, DateEntered, LastUpdated) VALUES ('Unknown', 1, "

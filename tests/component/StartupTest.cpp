@@ -7,6 +7,7 @@
 #include "tests/support/RecordingErrorLog.h"
 #include "tests/support/TestDatabase.h"
 #include "ui/common/Dialogs.h"
+#include "ui/locations/SetupLocationsForm.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -82,6 +83,12 @@ TEST(StartupTest, WindowsArePaintedWhileAnotherWorkstationHasTheDatabase) {
     EXPECT_EQ(paintsOfAWait(), 1);
     Shutdown();
     EXPECT_EQ(paintsOfAWait(), 0);
+}
+
+TEST(StartupTest, TheScreenHasTheWizard) {
+    Startup();
+    EXPECT_NE(dynamic_cast<WizardScreen*>(&GetScreen()), nullptr);
+    Shutdown();
 }
 
 TEST(StartupTest, ShutdownForgetsTheDialogParent) {

@@ -33,6 +33,7 @@
 #include "ui/items/TrackingList.h"
 #include "ui/items/TrackingResult.h"
 #include "ui/locations/LocationPicker.h"
+#include "ui/locations/SetupLocationsWizard.h"
 #include "ui/shell/EvidenceUI.h"
 #include "ui/shell/InfoBar.h"
 #include "ui/shell/LoadingView.h"
@@ -71,6 +72,7 @@ ControlLoader::ControlLoader() {
     Add<CategorizedSearchResults>("CategorizedSearchResults");
     Add<SearchResultList>("SearchResultList");
     Add<SearchResultRow>("SearchResultRow");
+    Add<SetupLocationsWizard>("SetupLocationsWizard");
     Add<StatusTag>("StatusTag");
     Add<StoredItemView>("StoredItemView");
     Add<SubmitEvidenceView>("SubmitEvidenceView");

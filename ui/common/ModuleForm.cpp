@@ -3,6 +3,7 @@
 #include "ui/platform/Guard.h"
 
 #include <QCloseEvent>
+#include <QPointer>
 
 namespace quellbrook {
 
@@ -33,8 +34,9 @@ void ModuleForm::reject() {
 }
 
 void ModuleForm::closeEvent(QCloseEvent* event) {
+    const QPointer<ModuleForm> self(this);
     if (isVisible()) Guard([this] { OnCancel(); });
-    event->setAccepted(!isVisible());
+    event->setAccepted(!self || !isVisible());
 }
 
 }  // namespace quellbrook
