@@ -40,7 +40,7 @@ std::optional<std::string> DepartmentPath(const Options& options, const std::str
 }
 
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
-    const SampleOptions sample{options.size.value_or(0)};
+    const SampleOptions sample{options.size.value_or(0), options.uncategorized};
     Department department;
     if (const auto path = DepartmentPath(options, dataDirectory)) {
         department.path = *path;

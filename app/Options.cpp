@@ -20,6 +20,9 @@ constexpr OptionDefinition definitions[] = {
     {"database", "sqlite:PATH", "Open the department in this database file."},
     {"size", "N", "Open a generated department of N items, up to 2000000. It is created on first use."},
     {"fresh", nullptr, "Work on a scratch copy that is deleted afterwards."},
+    {"uncategorized", nullptr,
+     "With --fresh or --tour: work on a small department whose locations have no category yet. The first log-in opens "
+     "the wizard that categorizes them."},
     {"user", "NAME", "Log in as this user. Only the password is requested."},
     {"tour", "DIR",
      "Play one transfer on a scratch copy of the sample with real key and mouse events. Write a picture of each step "
@@ -108,12 +111,16 @@ std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser, std::opt
 void CheckCombination(const Options& options) {
     const bool opensRecord = options.record || options.refusedRecord;
     const bool opensDepartment = options.databasePath || options.user || options.size || options.tourDirectory ||
-                                 opensRecord || options.fresh || options.registerScheme || options.verify ||
-                                 options.repair;
+                                 opensRecord || options.fresh || options.uncategorized || options.registerScheme ||
+                                 options.verify || options.repair;
     if ((options.gallery || options.galleryDirectory) && opensDepartment)
         Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
     if (options.databasePath && (options.fresh || options.size))
         Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
+    if (options.uncategorized && (options.size || !(options.fresh || options.tourDirectory)))
+        Refuse(
+            "--uncategorized selects another sample. It needs --fresh or --tour, and it can't be combined with "
+            "--size.");
     if (options.registerScheme && (options.fresh || options.user || options.tourDirectory || opensRecord))
         Refuse("--register opens nothing. It can only be combined with --database or --size.");
     if ((options.verify || options.repair) &&
@@ -140,6 +147,7 @@ Options ParseOptions(const QStringList& arguments) {
     options.galleryDirectory = ValueOf(parser, "gallery-pictures");
     options.record = RecordOf(parser, options.refusedRecord);
     options.fresh = parser.isSet(QStringLiteral("fresh"));
+    options.uncategorized = parser.isSet(QStringLiteral("uncategorized"));
     options.gallery = parser.isSet(QStringLiteral("gallery"));
     options.registerScheme = parser.isSet(QStringLiteral("register"));
     options.verify = parser.isSet(QStringLiteral("verify"));

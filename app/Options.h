@@ -21,6 +21,7 @@ struct Options {
     std::optional<RecordAddress> record;
     std::optional<Error> refusedRecord;  // why the address of a record is refused; shown on the screen
     bool fresh = false;
+    bool uncategorized = false;
     bool gallery = false;
     bool registerScheme = false;
     bool verify = false;

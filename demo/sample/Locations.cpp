@@ -150,6 +150,33 @@ LocationTree MakeSmallTree() {
     return tree;
 }
 
+LocationTree MakeUncategorizedTree() {
+    LocationTree tree;
+    AddEntries(tree, Unassigned,
+               {{0, "Auction"},
+                {0, "Circuit Court"},
+                {1, "Clerk Vault"},
+                {0, "Crime Lab"},
+                {1, "Digital Forensics"},
+                {0, "Destroyed"},
+                {0, "Detective Bureau"},
+                {0, "Evidence Room"},
+                {1, "Aisle 1"},
+                {2, "Shelf 1A"},
+                {2, "Shelf 1B"},
+                {1, "Aisle 2"},
+                {2, "Shelf 2A"},
+                {0, "Impound Lot"},
+                {0, "Intake Lockers"},
+                {0, "Officer Custody"},
+                {0, "Prosecutor's Office"},
+                {0, "Records Annex", false},
+                {0, "Refrigerated Storage"},
+                {0, "Returned to Owner"},
+                {0, "Unknown (2014 import)"}});
+    return tree;
+}
+
 int32_t LocationsFor(int32_t items) { return std::clamp(items / 20, 100, 5000); }
 
 LargeTree MakeLargeTree(int32_t locations) {

@@ -25,6 +25,8 @@ private:
 
 // The sixty locations of the sample department.
 LocationTree MakeSmallTree();
+// Twenty-one uncategorized locations on three levels, each with a name of its own.
+LocationTree MakeUncategorizedTree();
 
 // The number of locations of a generated department: one per twenty items, between 100 and 5,000.
 int32_t LocationsFor(int32_t items);

@@ -12,7 +12,7 @@ namespace quellbrook::sample {
 // The rows of a department that DepartmentWriter writes. An empty text becomes NULL, except for a property's identifier
 // that is present.
 
-inline constexpr int32_t Internal = 2, External = 4, Disposal = 8, Other = 16;
+inline constexpr int32_t Unassigned = 1, Internal = 2, External = 4, Disposal = 8, Other = 16;
 
 struct Location {
     int32_t id = 0;

@@ -94,7 +94,9 @@ void Fill(const std::string& path, const SampleOptions& options, const SamplePro
     sample::DepartmentWriter writer(path);
     WriteHostTables(writer);
     const SampleProgress rows = sample::PartOf(progress, 0, 55);
-    if (options.items > 0) {
+    if (options.uncategorized) {
+        WriteUncategorizedDepartment(writer, rows);
+    } else if (options.items > 0) {
         WriteLargeDepartment(writer, options.items, rows);
     } else {
         WriteSmallDepartment(writer, rows);

@@ -15,6 +15,8 @@ struct SampleOptions {
     // scripts; items without a location, category, identifier, state code or quantity; items linked twice to an
     // incident; locations out of use that contain others; pictures filed incorrectly.
     int32_t items = 0;
+    // Instead, a small department whose locations are all uncategorized.
+    bool uncategorized = false;
 };
 
 namespace SampleNames {

@@ -138,6 +138,16 @@ TEST_F(OpenDepartmentTest, AScratchCopyIsDeletedAfterwards) {
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(path).parent_path()));
 }
 
+TEST_F(OpenDepartmentTest, AFreshUncategorizedDepartmentHasNoCategories) {
+    Options options;
+    options.fresh = true;
+    options.uncategorized = true;
+    const Department department = OpenDepartment(options, InScratch("data"), {});
+    SQLite::Database file(department.path);
+    EXPECT_EQ(file.execAndGet("SELECT COUNT(*) FROM StorageLocation WHERE Type <> 1").getInt(), 0);
+    EXPECT_EQ(file.execAndGet("SELECT COUNT(*) FROM StorageLocation").getInt(), 21);
+}
+
 TEST_F(OpenDepartmentTest, ATerminationCancelsTheCreation) {
     const Termination termination;
     std::raise(SIGTERM);

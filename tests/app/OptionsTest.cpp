@@ -44,7 +44,8 @@ TEST(Options, TheGalleryCombinesWithNoOtherOption) {
     EXPECT_EQ(Parsed({"--gallery-pictures", "out"}).galleryDirectory, "out");
     EXPECT_EQ(Parsed({"--gallery", "--gallery-pictures=out"}).galleryDirectory, "out");
     const std::string alone = "The gallery shows controls, not a department. It can't be combined with other options.";
-    for (const char* other : {"--fresh", "--user=clerk", "--size=5", "--tour=out", "--database=sqlite:a"}) {
+    for (const char* other :
+         {"--fresh", "--uncategorized", "--user=clerk", "--size=5", "--tour=out", "--database=sqlite:a"}) {
         EXPECT_EQ(Refusal({"--gallery", other}), alone) << other;
         EXPECT_EQ(Refusal({other, "--gallery-pictures=out"}), alone) << other;
     }
@@ -91,6 +92,18 @@ TEST(Options, ConflictingOptionsAreRefused) {
         EXPECT_EQ(Refusal({"--tour", "out", other}), tour) << other;
 }
 
+TEST(Options, TheUncategorizedSampleIsAlwaysAScratchCopy) {
+    EXPECT_TRUE(Parsed({"--fresh", "--uncategorized"}).uncategorized);
+    EXPECT_TRUE(Parsed({"--tour=out", "--uncategorized"}).uncategorized);
+    EXPECT_FALSE(Parsed({"--fresh"}).uncategorized);
+    const std::string sentence =
+        "--uncategorized selects another sample. It needs --fresh or --tour, and it can't be combined with --size.";
+    EXPECT_EQ(Refusal({"--uncategorized"}), sentence);
+    EXPECT_EQ(Refusal({"--uncategorized", "--fresh", "--size=5"}), sentence);
+    EXPECT_EQ(Refusal({"--uncategorized", "--database=sqlite:a"}), sentence);
+    EXPECT_EQ(Refusal({"--uncategorized", "--verify"}), sentence);
+}
+
 TEST(Options, ARecordAddressNeedsNoOption) {
     EXPECT_EQ(Parsed({"tessarine://miproperty/open/42"}).record, (RecordAddress{RecordKind::Property, 42}));
     const Options options = Parsed({"--database=sqlite:a", "TESSARINE://mivehicle/open/7/", "--user", "clerk"});
@@ -122,8 +135,8 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text : {"--database <sqlite:PATH>", "--size <N>", "--fresh", "--user <NAME>", "--tour <DIR>",
-                             "--gallery ", "--gallery-pictures <DIR>", "--register",
+    for (const char* text : {"--database <sqlite:PATH>", "--size <N>", "--fresh", "--uncategorized", "--user <NAME>",
+                             "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
                              "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;
 }
