@@ -42,7 +42,8 @@ int ShowDepartment(const Options& options, const Department& department, const T
     if (options.user) user = QString::fromStdString(*options.user);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
     if (options.tourDirectory)
-        return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path, termination);
+        return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path, termination,
+                        options.uncategorized ? TourRoad::Categorization : TourRoad::Transfer);
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);
     RestoreWindowSize(window, WindowSizeFile());

@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/Termination.h"
+#include "demo/tour/CategorizationScenario.h"
 #include "demo/tour/ExplorerScenario.h"
 #include "demo/tour/IntakeScenario.h"
 #include "demo/tour/ItemScenario.h"
@@ -13,17 +14,21 @@
 namespace quellbrook {
 
 int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
-             const Termination& termination) {
+             const Termination& termination, TourRoad road) {
     if (termination.IsRequested()) return Termination::ExitCode;
     constexpr int keyPause = 2000;  // milliseconds
     window.showMaximized();
     // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
     QApplication::setKeyboardInputInterval(keyPause);
     TourPlayer player(window, directory, databasePath);
-    PlanExplorerScenario(player);
-    PlanTransferScenario(player);
-    PlanIntakeScenario(player);
-    PlanItemScenario(player);
+    if (road == TourRoad::Categorization) {
+        PlanCategorizationScenario(player);
+    } else {
+        PlanExplorerScenario(player);
+        PlanTransferScenario(player);
+        PlanIntakeScenario(player);
+        PlanItemScenario(player);
+    }
     player.Start();
     QApplication::exec();
     if (termination.IsRequested()) return Termination::ExitCode;

@@ -19,7 +19,9 @@ protected:
 
     void Click(const QString& what, const QString& path);
     void ExpectText(const QString& what, const QString& path, const QString& expected);
-    // Logs in as the first account of the sample, in two steps.
+    // Types the name and the password of the first account of the sample, in a step of its own.
+    void FillLoginForm();
+    // Logs in as that account, in two steps.
     void LogIn();
     // Opens the locations from the outermost inward. The arrow key expands a container.
     void OpenLocation(const QStringList& names);
