@@ -3,7 +3,8 @@
 Usage: accessibility.py PROGRAM USER PASSWORD
 Starts the program on the sample department of the folders in the environment, which the caller keeps scratch. Logs in,
 opens a location, prints a label, begins to sign an item out, reads a chain of custody, and starts the program a second
-time with a record's address. Prints a line for each thing found; exits with 1 at the first that does not appear.
+time with a record's address. Then begins to categorize the locations of a department without categories. Prints a line
+for each thing found; exits with 1 at the first that does not appear.
 """
 
 import os
@@ -76,6 +77,29 @@ def walk(user, password):
     heard.expect("selected", second.name)
 
 
+def categorize(user, password):
+    heard = Heard()
+    fill("User name", "text", user)
+    fill("Password", "password text", password)
+    do(find("push button", "Log In"), "Press")
+    heard.expect("dialog", "Quellbrook - Categorize Storage Locations")
+    find("label", "Which of These Locations are Disposal Locations?")
+    locations = find("tree", "Locations")
+    find("table cell", "Auction, not checked", locations)
+    press("space")
+    find("table cell", "Auction, checked", locations)
+    find("label", "1 location selected")
+    find("link", "Select All")
+    press("Return")
+    find("label", "Which of These Locations are Sign-Out Locations?")
+    do(find("push button", "BACK"), "Press")
+    find("table cell", "Auction, checked", locations)
+    press("Escape")
+    heard.expect("dialog", "Exit Now?")
+    do(find("push button", "No"), "Press")
+    find("push button", "NEXT")
+
+
 def start_again(path):
     """The running program shows the record; the second one has nothing left to do."""
     subprocess.run([path, "tessarine://miproperty/open/1"], check=True, timeout=PATIENCE)
@@ -89,6 +113,12 @@ def main():
     try:
         walk(user, password)
         start_again(path)
+    finally:
+        process.terminate()
+        process.wait()
+    process = subprocess.Popen([path, "--fresh", "--uncategorized"])
+    try:
+        categorize(user, password)
     finally:
         process.terminate()
         process.wait()

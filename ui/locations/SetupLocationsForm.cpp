@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -46,13 +48,14 @@ frmSetupLocationsWizard::frmSetupLocationsWizard(QWidget* parent)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-// In the middle, with the title bar on the screen.
+// In the middle of the screen. On one that is too small, the title bar and the upper left corner are visible.
 void frmSetupLocationsWizard::FitScreen() {
     const QRect available = screen()->availableGeometry();
     const QSize room = available.size() - QSize(RoomForFrame, RoomForFrame);
-    setMinimumSize(SmallestSize.boundedTo(room));
-    resize(PreferredSize.boundedTo(room));
-    move(available.center() - rect().center() - QPoint(0, RoomForFrame / 2));
+    setMinimumSize(SmallestSize);
+    resize(PreferredSize.boundedTo(room).expandedTo(SmallestSize));
+    const QPoint centered = available.center() - rect().center() - QPoint(0, RoomForFrame / 2);
+    move(std::max(centered.x(), available.left()), std::max(centered.y(), available.top()));
 }
 
 void frmSetupLocationsWizard::OnLoad() { GetDialogs().SetParent(std::make_shared<WindowReference>(this)); }
