@@ -11,6 +11,24 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
+// Notes the mouse pointer at the time of its first query.
+class PointerNotingEngine : public Engine {
+public:
+    explicit PointerNotingEngine(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {}
+
+    std::unique_ptr<Connection> Open() override {
+        pointer = GetMousePointer();
+        return m_inner->Open();
+    }
+    bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
+    const Dialect& GetDialect() const override { return m_inner->GetDialect(); }
+
+    int pointer = -1;
+
+private:
+    std::shared_ptr<Engine> m_inner;
+};
+
 TEST_F(SetupLocationsWizardTest, HasAPageForEachCategory) {
     m_database.Execute("DELETE FROM StorageLocation WHERE Name <> 'Locker'");
     Open();
@@ -256,6 +274,21 @@ TEST_F(SetupLocationsWizardTest, AFailureToLoadTheNextPageIsShownAndBackLoadsAga
     EXPECT_THAT(Ticked(), ElementsAre("Auction"));
     Next();
     EXPECT_EQ(List()->RowCount(), 9);
+}
+
+TEST_F(SetupLocationsWizardTest, ThePointerIsAnHourglassWhileLocationsAreLoadedAndMoved) {
+    auto engine = std::make_shared<PointerNotingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    Open();
+    EXPECT_EQ(engine->pointer, MousePointer::Hourglass);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
+    Click(SelectAll());
+    Next();
+    engine = std::make_shared<PointerNotingEngine>(m_database.GetEngine());
+    m_database.Install(engine);
+    Next();
+    EXPECT_EQ(engine->pointer, MousePointer::Hourglass);
+    EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
 TEST_F(SetupLocationsWizardTest, TheFocusIsInTheListOnEachPageWithItsFirstRowCurrent) {
