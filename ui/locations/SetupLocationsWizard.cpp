@@ -283,7 +283,8 @@ void SetupLocationsWizard::RequireAllTicked() const {
           "categories.");
 }
 
-// The reload makes a second attempt see what the first has moved.
+// The reload makes a second attempt see what the first has moved. A location that was deleted meanwhile needs no
+// category.
 void SetupLocationsWizard::WriteCategories() const {
     SetMousePointer(MousePointer::Hourglass);
     const auto restorePointer = qScopeGuard([] { SetMousePointer(MousePointer::Default); });
@@ -292,8 +293,7 @@ void SetupLocationsWizard::WriteCategories() const {
         locations.Refresh();
         for (const Types type : {Types::DisposalLocation, Types::External, Types::Internal, Types::Other}) {
             for (const int32_t id : m_selections.at(type)) {
-                const StorageLocationRef location = locations.FindByID(id);
-                Require(location, "SetupLocationsWizard.WriteCategories")->Move(locations.GetRoot(type));
+                if (const StorageLocationRef location = locations.FindByID(id)) location->Move(locations.GetRoot(type));
             }
         }
     } catch (...) {
