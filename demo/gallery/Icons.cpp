@@ -5,6 +5,7 @@
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Label.h"
+#include "ui/controls/PictureBox.h"
 #include "ui/platform/Twips.h"
 
 namespace quellbrook::gallery {
@@ -12,7 +13,7 @@ namespace quellbrook::gallery {
 namespace {
 
 constexpr int CardWidth = 140, CardHeight = 112;
-constexpr int SmallSize = 24, LargeSize = 48;
+constexpr int SmallSize = 24, LargeSize = 48, PictureSize = 96;
 constexpr int SmallLeft = 17, LargeLeft = 57, IconsCenter = 37, NameTop = 73;
 
 Theme::Color ColorOf(const QString& icon) {
@@ -52,6 +53,17 @@ Specimen IconSpecimen(const QString& name, const QString& variant, const std::ve
     return icon;
 }
 
+Specimen PictureSpecimen(const QString& variant, const QSize& largest) {
+    const auto make = [=](QWidget* parent) {
+        auto* picture = new PictureBox(parent);
+        picture->setAccessibleName(QObject::tr("A location"));
+        const QPixmap pixmap = Icons::Pixmap(QStringLiteral("location"), PictureSize, Qt::black, 1);
+        picture->SetImage(pixmap.toImage(), largest);
+        return picture;
+    };
+    return {QStringLiteral("PictureBox"), variant, make};
+}
+
 }  // namespace
 
 Section* MakeIcons(QWidget* parent) {
@@ -62,6 +74,9 @@ Section* MakeIcons(QWidget* parent) {
         QStringLiteral("FontIcon"), QString(),
         {IconSpecimen(QStringLiteral("location"), QString(), {State::Normal, State::Disabled, State::Empty}),
          IconSpecimen(QStringLiteral("busy"), QObject::tr("busy: rotates while visible"), {State::Normal})});
+    section->AddVariants(QStringLiteral("PictureBox"), QString(),
+                         {PictureSpecimen(QObject::tr("its own size, transparent pixels in white"), QSize()),
+                          PictureSpecimen(QObject::tr("reduced"), QSize(LargeSize, LargeSize))});
     std::vector<QWidget*> cards;
     for (const QString& name : Icons::Names()) cards.push_back(MakeCard(section, name));
     section->AddWidgets(cards);

@@ -52,7 +52,8 @@ const std::map<QString, std::set<State>> Listed = {
     {"FlatTitleBar", {State::Normal, State::Empty}},
     {"GroupBox", {State::Normal}},
     {"Line", {State::Normal}},
-    {"FontIcon", {State::Normal, State::Disabled, State::Empty}}};
+    {"FontIcon", {State::Normal, State::Disabled, State::Empty}},
+    {"PictureBox", {State::Normal}}};
 
 // The class names of ui/controls.
 std::set<std::string> ControlTypes() {
