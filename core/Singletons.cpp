@@ -46,7 +46,8 @@ bool Singletons::InitializeQuellbrook() {
     }
     DiscardDispatcher();
     DiscardStores();
-    std::unique_ptr<SetupWizard> wizard;  // the parent of the messages below
+    GetStorageLocationStatic().Refresh();  // somebody else may have categorized locations since the last login
+    std::unique_ptr<SetupWizard> wizard;   // the parent of the messages below
     while (HasUncategorizedLocations()) {
         if (!MayCategorize()) return false;
         wizard = GetScreen().RunSetupWizard();

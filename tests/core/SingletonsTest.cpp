@@ -76,6 +76,15 @@ TEST_F(AccessGate, UncategorizedLocationsWithoutTheEditRightRefuseTheUser) {
     EXPECT_EQ(m_session->questions, 1) << "the item rights are not asked until the root is empty";
 }
 
+TEST_F(AccessGate, LocationsCategorizedElsewhereSinceTheLastLoginOpenTheModule) {
+    m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
+    m_session->GrantNothing();
+    m_session->Grant(GetPermissions().VIEW_PROPERTY());
+    EXPECT_EQ(RunAndExpect(false), std::vector{PermissionRequired});
+    m_database.Execute("UPDATE StorageLocation SET Type = 2");
+    EXPECT_TRUE(RunAndExpect(true).empty());
+}
+
 TEST_F(AccessGate, TheWizardIsWaitedForAndItsCompletionOpensTheModule) {
     m_database.AddLocation("Old shelf", StorageLocationTypes::Unassigned);
     m_screen.AddWizard({.whileOpen = [&] { Categorize("Old shelf"); }});

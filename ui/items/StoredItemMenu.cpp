@@ -180,6 +180,7 @@ void StoredItemMenu::Layout() { LayoutMenu(); }
 void StoredItemMenu::lnkMenu_Click(int index) {
     Guard(
         [this, index] {
+            Require(m_item, "StoredItemMenu.lnkMenu_Click");
             if (index == 0) {
                 m_item->PrintBarcodeLabel();
                 ReportPrintedLabels(1);
@@ -193,7 +194,7 @@ void StoredItemMenu::lnkMenu_Click(int index) {
 }
 
 void StoredItemMenu::lnkUndo_Click() {
-    const StoredItemRef item = m_item;
+    const StoredItemRef item = Require(m_item, "StoredItemMenu.lnkUndo_Click");
     const int32_t answer =
         ShowMessage("Are you sure you want to remove this item from the current evidence transfer batch?",
                     MessageStyle::YesNoQuestion, "Remove this item from the current batch?");

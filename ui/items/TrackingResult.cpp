@@ -49,9 +49,7 @@ TrackingResult::TrackingResult(QWidget* parent) : Control(parent) {
     AddLabel("Label2", "To", ToLeft, SecondLine, false);
     m_to = AddLabel("lblTo", "To", NameLeft, SecondLine, true);
     m_location = AddLabel("lblLocation", "Location", 0, FirstLine, true);
-    m_location->SetTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_reason = AddLabel("lblReason", "Reason", 0, SecondLine, false);
-    m_reason->SetTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_separator = new Line(this);
     m_separator->setObjectName("lnSeparator");
     SetHeight(RowHeight);

@@ -185,6 +185,7 @@ void SetupLocationsWizard::LoadList() {
         AddSubtree(*GetStorageLocationStatic().GetRoot(Types::Unassigned), std::string());
     } catch (...) {
         const Error error = CurrentError();
+        UpdateCount();
         Raise(error.Number(), error.Source(), "Error loading locations: " + error.Description());
     }
     m_list->ClearSelection();

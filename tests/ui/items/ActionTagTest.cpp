@@ -4,6 +4,8 @@
 #include "ui/platform/Twips.h"
 #include "ui/style/Theme.h"
 
+#include <QAccessible>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -12,6 +14,7 @@ TEST(ActionTag, AShortCaptionIsOneLine) {
     tag.SetWidth(1380);
     tag.SetCaption("Signed Out");
     EXPECT_EQ(tag.Lines(), QStringList{"Signed Out"});
+    EXPECT_EQ(tag.AccessibleRole(), QAccessible::StaticText);
     EXPECT_EQ(tag.height(), 20);
     EXPECT_EQ(tag.width(), 92);
 }

@@ -11,6 +11,7 @@
 #include "ui/platform/Pictures.h"
 #include "ui/platform/Twips.h"
 
+#include <QLocale>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -20,6 +21,7 @@ namespace {
 class PropertyDetailsTest : public SmallDepartment {
 protected:
     PropertyDetailsTest() {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
         HostServices::Current().SetThumbnails(m_thumbnails);
         m_environment->loadPicture = [this](const std::string&) { return m_picture; };
         m_window.resize(1200, 600);
@@ -28,6 +30,7 @@ protected:
         ShowActive(m_window);
     }
     ~PropertyDetailsTest() override {
+        QLocale::setDefault(QLocale::system());
         HostServices::Current().SetThumbnails(nullptr);
         HostServices::Current().SetFormats({});
     }
@@ -105,6 +108,9 @@ TEST_F(PropertyDetailsTest, AValueIsInTheHostsCurrency) {
     HostServices::Current().SetFormats(formats);
     Show({.PropertyValue = 12.25});
     EXPECT_EQ(Text("lblValue"), "12.25 EUR");
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    Show({.PropertyValue = 1234567.5});
+    EXPECT_EQ(Text("lblValue"), "1.234.567,50 EUR");
 }
 
 TEST_F(PropertyDetailsTest, AnUnknownCategoryIsNotAvailable) {
@@ -199,13 +205,15 @@ TEST_F(PropertyDetailsTest, ThePicturesAreBesideTheBlocksAndBelowThemInANarrowPa
         EXPECT_GT(PlaceOf("imgBarcode").left(), PlaceOf("picBasicInfo").right() + 19) << width;
         EXPECT_LE(PlaceOf("imgBarcode").right(), width - 20) << width;
     }
-    m_details->SetWidth(ToTwips(600));
+    m_details->SetWidth(ToTwips(500));
     m_details->SetHeight(ToTwips(400));
     ServeEvents();
     EXPECT_EQ(PlaceOf("imgBarcode").left(), 8);
     EXPECT_GT(PlaceOf("imgBarcode").top(), PlaceOf("picNotes").bottom());
     ASSERT_TRUE(Area()->verticalScrollBar()->isVisible());
-    EXPECT_EQ(PlaceOf("picBasicInfo").right() + 21, 600 - Area()->verticalScrollBar()->width());
+    EXPECT_EQ(PlaceOf("picBasicInfo").right() + 21, 500 - Area()->verticalScrollBar()->width());
+    Area()->verticalScrollBar()->setValue(Area()->verticalScrollBar()->maximum());
+    EXPECT_EQ(PlaceOf("imgThumbnail").bottom() + 21, 400);
 }
 
 TEST_F(PropertyDetailsTest, ALongTextEndsAtTheBlock) {

@@ -222,6 +222,49 @@ TEST_F(StoredItemMenuTest, AFailureToBeginATransactionIsReported) {
     EXPECT_EQ(message.title, "Error");
 }
 
+TEST_F(StoredItemMenuTest, WithoutAnItemEachCommandIsAnError) {
+    m_menu->hide();
+    auto* bar = new StoredItemMenu(&m_window);
+    bar->SetWidth(ToTwips(1280));
+    bar->show();
+    const RecordingScreen::Message message{ErrorText(ErrorNumber::NullObject), 16, "Error"};
+    for (Link* link : FindAll<Link>(*bar, "lnkMenu")) {
+        link->Click();
+        EXPECT_THAT(m_screen.TakeMessages(), ElementsAre(message));
+    }
+    std::vector<int32_t> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Number()); };
+    Find<Link>(*bar, "lnkUndo")->Click();
+    EXPECT_THAT(reported, ElementsAre(ErrorNumber::NullObject));
+    EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
+}
+
+TEST_F(StoredItemMenuTest, FollowsTheStoresOfTheLatestItem) {
+    Begin(TransactionType::SignOut, {m_laptop});
+    const std::shared_ptr<CartStore> old = Cart();
+    DiscardDispatcher();
+    DiscardStores();
+    GetStores();
+    m_menu->SetItem(m_laptop);
+    EXPECT_FALSE(IsStripShown());
+    Begin(TransactionType::Move, {m_laptop});
+    EXPECT_EQ(Text("lblStatus"), "MOVE PENDING");
+}
+
+TEST_F(StoredItemMenuTest, AFailureToRemoveIsUnexpected) {
+    Begin(TransactionType::SignOut, {m_laptop, m_other});
+    GetDispatcher()->Register(std::make_shared<FunctionCallback>("Failing", [](const Action& action) {
+        if (action.ActionType == ActionTypes::CART_REMOVE_ITEMS) Raise(ErrorNumber::General, "Failing", "Not now.");
+    }));
+    std::vector<std::string> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Description()); };
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Click(Undo());
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_THAT(reported[0], ::testing::HasSubstr("Not now."));
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u) << "the question alone";
+}
+
 TEST_F(StoredItemMenuTest, RefusesNoItem) {
     EXPECT_EQ(RaisedBy([&] { m_menu->SetItem(nullptr); }).Number(), ErrorNumber::NullObject);
 }

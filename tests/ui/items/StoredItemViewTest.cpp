@@ -2,6 +2,7 @@
 
 #include "base/Environment.h"
 #include "core/Actions.h"
+#include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
@@ -16,6 +17,7 @@
 
 #include <QFocusFrame>
 #include <QMenu>
+#include <QScrollArea>
 #include <QTabBar>
 
 namespace quellbrook::testing {
@@ -61,6 +63,7 @@ TEST_F(StoredItemViewTest, ShowsTheItemsHeadingAndChain) {
 }
 
 TEST_F(StoredItemViewTest, AVehicleShowsItsHeadingAndABlankDetailsPage) {
+    Open(m_laptop);
     Open(AddVehicle("KTR4821", shelf));
     EXPECT_EQ(LabelOf("lblID")->Caption(), "KTR4821 (OR)");
     EXPECT_EQ(Tracking()->Rows().front()->IsShown(), true);
@@ -75,6 +78,23 @@ TEST_F(StoredItemViewTest, APropertyShowsItsDetails) {
     EXPECT_EQ(Find<Label>(*m_view, "lblCategory")->Caption(), "Electronics");
     EXPECT_EQ(Named("propertyDetails")->size(), Tabs()->Page(0)->size());
     EXPECT_EQ(Named("propertyDetails")->pos(), QPoint(0, 0));
+}
+
+TEST_F(StoredItemViewTest, AfterAFailureTheCommandsServeTheItemBefore) {
+    std::vector<std::string> commands;
+    m_environment->runCommand = [&](const std::string& command) { commands.push_back(command); };
+    Open(m_laptop);
+    const StoredItemRef other = AddProperty("E-2", "Pry bar", aisle);
+    auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+    m_database.Install(faults);
+    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+    EXPECT_EQ(RaisedBy([&] { Open(other); }).Description(), "The link is down.");
+    Click(Named("lnkOpenInTessarine"));
+    EXPECT_EQ(commands,
+              std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" + std::to_string(m_laptop->ID())});
+    Click(FindAll<Link>(*m_view, "lnkMenu").at(TransactionType::Move));
+    ASSERT_EQ(Cart()->GetItems()->Count(), 1);
+    EXPECT_EQ(Cart()->GetItems()->ItemAt(0), m_laptop);
 }
 
 TEST_F(StoredItemViewTest, TheMenuServesTheItemOnShow) {
@@ -232,16 +252,20 @@ TEST_F(StoredItemViewTest, EscapeAndAltLeftGoBackFromEveryControl) {
     GetActions().NavigateTo(ViewNames::Explorer, nullptr);
     Open(m_laptop);
     Tabs()->SetSelectedIndex(1);
+    m_view->SetHeight(ToTwips(300));  // the details scroll
+    QWidget* const details = Named("propertyDetails")->findChild<QScrollArea*>();
     const std::vector<QWidget*> controls = {Tabs()->Bar(), Tracking()->Rows().front(), Named("lnkOpenInTessarine"),
-                                            Named("lnkClose")};
+                                            Named("lnkClose"), details};
     for (QWidget* control : controls) {
         for (const bool withEscape : {true, false}) {
             GetActions().OpenStoredItem(m_laptop);
+            if (control == details) Tabs()->SetSelectedIndex(0);
             control->setFocus();
+            ASSERT_TRUE(control->hasFocus()) << control->objectName().toStdString();
             Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
             EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer)
                 << control->objectName().toStdString() << " " << withEscape;
-            EXPECT_EQ(Tabs()->SelectedIndex(), 1);
+            EXPECT_EQ(Tabs()->SelectedIndex(), control == details ? 0 : 1);
         }
     }
 }

@@ -268,6 +268,7 @@ TEST_F(SetupLocationsWizardTest, AFailureToLoadTheNextPageIsShownAndBackLoadsAga
     ExpectError("Error loading locations: The link is down.");
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     EXPECT_EQ(Text("lblPrompt"), "Which of These Locations are Sign-Out Locations?");
+    EXPECT_EQ(Text("lblCount"), "0 locations selected");
     EXPECT_FALSE(IsShown("btnNext"));
     Back();
     EXPECT_TRUE(IsShown("btnNext"));
