@@ -13,7 +13,6 @@ using namespace tour;
 
 const QString cash = QStringLiteral("2026-0431-06");
 const QString note = QStringLiteral("Returned by order 26-204.");
-const QString arrow = QStringLiteral(" \u00BB ");
 
 // One row of the chain as it is stored. Add the number of the row.
 constexpr const char* stepOfCash =
@@ -31,14 +30,6 @@ constexpr const char* stateOfCash =
     "SELECT CurrTrackSeq || ', ' || HasFinalDisposition || ', ' || d.Description || ', ' || DisposalNote AS State FROM "
     "Property p INNER JOIN CodeTable d ON d.Code = p.CurrStatusNo AND d.Description = 'Returned to Owner' WHERE "
     "p.PropertyID = '2026-0431-06'";
-
-QWidget* LinkWith(const QString& caption) {
-    QWidget* view = Find(QStringLiteral("itemView"));
-    if (!view) return nullptr;
-    for (QWidget* link : view->findChildren<QWidget*>(QStringLiteral("lnkMenu")))
-        if (TextOf(link) == caption && link->isVisible()) return link;
-    return nullptr;
-}
 
 class ItemScenario : Scenario {
 public:
@@ -68,7 +59,7 @@ private:
     // Begins a batch with the item by a link of its page.
     void Begin(const QString& stepName, const QString& link, const QString& status) {
         m_player.Step(stepName);
-        m_player.Click("the link " + link, [link] { return SpotOf(LinkWith(link)); });
+        m_player.Click("the link " + link, [link] { return SpotOf(ItemLink(link)); });
         ExpectText("What is pending", "itemView/lblStatus", status);
     }
 
@@ -82,7 +73,7 @@ private:
                    "Are you sure you want to remove this item from the current evidence transfer batch?");
         m_player.Step("item-undone");
         m_player.Press("y");
-        m_player.Wait("The links are back", [] { return LinkWith(QStringLiteral("SIGN THIS ITEM OUT")) != nullptr; });
+        m_player.Wait("The links are back", [] { return ItemLink(QStringLiteral("SIGN THIS ITEM OUT")) != nullptr; });
     }
 
     void Complete(const QString& stepName, const QString& title, const Officer& from, const Officer& by,
@@ -103,14 +94,14 @@ private:
 
     void SignOut() {
         Begin("item-sign-out", "SIGN THIS ITEM OUT", "SIGN OUT PENDING");
-        Complete("item-signed-out", "Sign Out Evidence", Technician, Analyst, "Crime Lab" + arrow + "Latent Prints",
-                 "Laboratory analysis");
+        Complete("item-signed-out", "Sign Out Evidence", Technician, Analyst,
+                 PathInDropdown("Crime Lab", "Latent Prints"), "Laboratory analysis");
         ExpectPlace("Signed Out", "Crime Lab > Latent Prints");
     }
 
     void SignIn() {
         Begin("item-sign-in", "SIGN THIS ITEM IN", "SIGN IN PENDING");
-        Complete("item-signed-in", "Sign In Evidence", Analyst, Technician, "Impound Lot" + arrow + "Row 2",
+        Complete("item-signed-in", "Sign In Evidence", Analyst, Technician, PathInDropdown("Impound Lot", "Row 2"),
                  "Returned from analysis");
         ExpectPlace("In Storage", "Impound Lot > Row 2");
     }

@@ -45,6 +45,22 @@ void Scenario::ExpectText(const QString& what, const QString& path, const QStrin
         what, [path] { return TextOf(path); }, expected);
 }
 
+QWidget* Scenario::ItemLink(const QString& caption) {
+    QWidget* view = Find(QStringLiteral("itemView"));
+    if (!view) return nullptr;
+    for (QWidget* link : view->findChildren<QWidget*>(QStringLiteral("lnkMenu")))
+        if (TextOf(link) == caption && link->isVisible()) return link;
+    return nullptr;
+}
+
+void Scenario::ScanProperty(const QString& identifier) {
+    m_player.Scan([&kept = m_player.Rows(), identifier] {
+        const QString select = "SELECT PropertyNo FROM Property WHERE PropertyID = '" + identifier + "'";
+        const std::string key = ToTextOrEmpty(kept.Ask(select.toStdString()));
+        return QStringLiteral("P%1").arg(QString::fromStdString(key), 10, QLatin1Char('0'));
+    });
+}
+
 void Scenario::FillLoginForm() {
     const SampleAccount& account = SampleAccounts().front();
     m_player.Step("login");
@@ -139,7 +155,7 @@ void Scenario::PickByKeys(const QString& path, const QString& beginning, const Q
 void Scenario::FillForm(const Officer& from, const Officer& by, const QString& destination, const QString& reason) {
     PickByKeys("cart/receivedFromField", from.beginning, from.entry);
     PickByKeys("cart/receivedByField", by.beginning, by.entry);
-    PickByKeys("cart/locationField", destination.section(QStringLiteral(" \u00BB "), -1), destination);
+    PickByKeys("cart/locationField", destination.section(PathInDropdown({}, {}), -1), destination);
     PickByMouse("cart/reasonField", reason);
 }
 

@@ -11,6 +11,11 @@ struct Officer {
 inline const Officer Technician{QStringLiteral("Raman"), QStringLiteral("Raman, Priya (Evidence Technician)")};
 inline const Officer Analyst{QStringLiteral("Brandt"), QStringLiteral("Brandt, Tomas (Forensic Analyst)")};
 
+// A location below another one, as dropdowns show it.
+inline QString PathInDropdown(const QString& container, const QString& location) {
+    return container + QStringLiteral(" \u00BB ") + location;
+}
+
 // Base class of the tour's scenarios: moves that several of them need. Paths are those of tour::Find.
 class Scenario {
 protected:
@@ -19,6 +24,10 @@ protected:
 
     void Click(const QString& what, const QString& path);
     void ExpectText(const QString& what, const QString& path, const QString& expected);
+    // The link of the item's page with this caption; null if it is not visible.
+    static QWidget* ItemLink(const QString& caption);
+    // Scans the barcode of the property with this identifier.
+    void ScanProperty(const QString& identifier);
     // Types the name and the password of the first account of the sample, in a step of its own.
     void FillLoginForm();
     // Logs in as that account, in two steps.

@@ -50,11 +50,7 @@ public:
 private:
     void ScanItem() {
         m_player.Step("scanned-item");
-        m_player.Scan([&kept = m_player.Rows()] {
-            const QString select = "SELECT PropertyNo FROM Property WHERE PropertyID = '" + suitcase + "'";
-            const std::string key = ToTextOrEmpty(kept.Ask(select.toStdString()));
-            return QStringLiteral("P%1").arg(QString::fromStdString(key), 10, QLatin1Char('0'));
-        });
+        ScanProperty(suitcase);
         ExpectText("The item opened by its barcode", "itemView/lblID", suitcase);
         ExpectText("Where it is", "itemView/lblLocation", "Impound Lot > Row 2");
     }
@@ -92,8 +88,7 @@ private:
         m_player.Step("form-filled");
         Click("the button OK", "grpButtons/button");
         m_player.Wait("The message is closed", [] { return QApplication::activeModalWidget() == nullptr; });
-        FillForm(Technician, Analyst, QStringLiteral("Crime Lab ") + QChar(0xBB) + " Latent Prints",
-                 "Laboratory analysis");
+        FillForm(Technician, Analyst, PathInDropdown("Crime Lab", "Latent Prints"), "Laboratory analysis");
         Transfer("signed-out", "Sign Out", "Latent Prints", 3);
         m_player.Step("at-the-lab");
         OpenLocation({"Crime Lab", "Latent Prints"});
@@ -104,8 +99,7 @@ private:
         OpenForm("form-sign-in", "Sign In Evidence");
         VisitAnotherTab("form-sign-in-again", "cart");
         m_player.Step("form-sign-in-filled");
-        FillForm(Analyst, Technician, QStringLiteral("Impound Lot ") + QChar(0xBB) + " Row 2",
-                 "Returned from analysis");
+        FillForm(Analyst, Technician, PathInDropdown("Impound Lot", "Row 2"), "Returned from analysis");
         Transfer("signed-in", "Sign In", "Row 2", 6);
         m_player.Step("back-in-storage");
         OpenLocation({"Row 2"});

@@ -59,8 +59,8 @@ public:
 enum class Loop { MessageDialog, PromptOfAView, FailedTransfer, MissingView, Form, ContextMenu, GateWait, ChainBuild };
 enum class Event { Scan, ToastTicks, ViewChange, LogOut, HostCloses };
 
-// Runs an event during each kind of nested loop: nothing crashes, no event is lost, and the loop ends when the user
-// ends it.
+// Runs an event during each kind of nested loop, and while a chain of custody is being built: nothing crashes, no event
+// is lost, and the loop ends when the user ends it.
 class NestedLoops : public MainWindowTest, public ::testing::WithParamInterface<std::tuple<Loop, Event>> {
 protected:
     void SetUp() override {

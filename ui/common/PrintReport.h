@@ -4,7 +4,7 @@
 
 namespace quellbrook {
 
-// Tells the user how many labels were sent, and to which printer or folder.
+// Shows the user how many labels were sent, and to which printer or folder.
 void ReportPrintedLabels(int32_t count);
 
 }  // namespace quellbrook

@@ -20,6 +20,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <array>
 
 namespace quellbrook {
 
@@ -71,21 +72,20 @@ PropertyDetails::PropertyDetails(QWidget* parent)
 }
 
 void PropertyDetails::BuildBlocks() {
-    m_blocks.reserve(3);
-    Block& basic = AddBlock("picBasicInfo", "BASIC INFORMATION", "basic");
-    m_quantity = AddField(basic, "Quantity:", "lblQuantity", "picQuantity");
-    m_value = AddField(basic, "Value ($):", "lblValue", "picValue");
-    m_category = AddField(basic, "Category:", "lblCategory", "picCategory");
-    Block& makeInfo = AddBlock("picMakeInfo", "IDENTIFIERS", "identifiers");
-    m_make = AddField(makeInfo, "Manufacturer:", "lblMake", "picMake");
-    m_model = AddField(makeInfo, "Model:", "lblModel", "picModel");
-    m_serialNumber = AddField(makeInfo, "Serial #:", "lblSerialNumber", "picSerialNumber");
-    Block& notes = AddBlock("picNotes", "NOTES", "notes");
-    AddField(notes, "Manufacturer:", "lblNotes", "picNotesLine").value->SetCaption(Unknown);
+    m_basicInfo = MakeBlock("picBasicInfo", "BASIC INFORMATION", "basic");
+    m_quantity = AddField(m_basicInfo, "Quantity:", "lblQuantity", "picQuantity");
+    m_value = AddField(m_basicInfo, "Value ($):", "lblValue", "picValue");
+    m_category = AddField(m_basicInfo, "Category:", "lblCategory", "picCategory");
+    m_makeInfo = MakeBlock("picMakeInfo", "IDENTIFIERS", "identifiers");
+    AddField(m_makeInfo, "Manufacturer:", "lblMake", "picMake");
+    AddField(m_makeInfo, "Model:", "lblModel", "picModel");
+    AddField(m_makeInfo, "Serial #:", "lblSerialNumber", "picSerialNumber");
+    m_notes = MakeBlock("picNotes", "NOTES", "notes");
+    AddField(m_notes, "Manufacturer:", "lblNotes", "picNotesLine")->SetCaption(Unknown);
 }
 
-PropertyDetails::Block& PropertyDetails::AddBlock(const char* name, const char* caption, const char* iconName) {
-    Block& block = m_blocks.emplace_back();
+PropertyDetails::Block PropertyDetails::MakeBlock(const char* name, const char* caption, const char* iconName) {
+    Block block;
     block.box = new GroupBox(m_page);
     block.box->setObjectName(name);
     auto* icon = new FontIcon(block.box);
@@ -98,31 +98,29 @@ PropertyDetails::Block& PropertyDetails::AddBlock(const char* name, const char* 
     label->SetForeColor(Theme::Color::GrayText);
     label->SetCaption(caption);
     label->SetLeft(ToTwips(CaptionLeft));
-    auto* rule = new Line(block.box);
-    rule->setObjectName("lnCaption");
-    rule->Move(0, ToTwips(RuleTop), 0, TwipsPerPixel);
+    block.rule = new Line(block.box);
+    block.rule->setObjectName("lnCaption");
+    block.rule->Move(0, ToTwips(RuleTop), 0, TwipsPerPixel);
     return block;
 }
 
-PropertyDetails::Field PropertyDetails::AddField(Block& block, const char* caption, const char* valueName,
-                                                 const char* lineName) {
-    Field field;
-    field.line = new GroupBox(block.box);
-    field.line->setObjectName(lineName);
-    field.line->Move(0, ToTwips(FirstFieldTop + FieldHeight * static_cast<int>(block.fields.size())));
-    field.line->SetHeight(ToTwips(FieldHeight));
-    auto* label = new Label(field.line);
+Label* PropertyDetails::AddField(Block& block, const char* caption, const char* valueName, const char* lineName) {
+    auto* line = new GroupBox(block.box);
+    line->setObjectName(lineName);
+    line->Move(0, ToTwips(FirstFieldTop + FieldHeight * static_cast<int>(block.fields.size())));
+    line->SetHeight(ToTwips(FieldHeight));
+    auto* label = new Label(line);
     label->setObjectName("lblField");
     label->SetForeColor(Theme::Color::GrayText);
     label->SetCaption(caption);
     label->Move(ToTwips(CaptionLeft), ToTwips(FieldTop));
-    field.value = new Label(field.line);
-    field.value->setObjectName(valueName);
-    field.value->SetOneLine(true);
-    field.value->setAccessibleDescription(caption);
-    field.value->Move(ToTwips(ValueLeft), ToTwips(FieldTop));
-    block.fields.push_back(field);
-    return field;
+    auto* value = new Label(line);
+    value->setObjectName(valueName);
+    value->SetOneLine(true);
+    value->setAccessibleDescription(caption);
+    value->Move(ToTwips(ValueLeft), ToTwips(FieldTop));
+    block.fields.push_back({line, value});
+    return value;
 }
 
 void PropertyDetails::BuildPictures() {
@@ -144,10 +142,10 @@ void PropertyDetails::BuildPictures() {
 
 void PropertyDetails::SetItem(const StoredItemRef& item) {
     Require(item, "propertyDetails.SetItem");
-    m_quantity.value->SetCaption(ToQString(QuantityText(item->Quantity())));
-    m_value.value->SetCaption(ValueText(item->Value()));
+    m_quantity->SetCaption(ToQString(QuantityText(item->Quantity())));
+    m_value->SetCaption(ValueText(item->Value()));
     const std::string category = item->CategoryName();
-    m_category.value->SetCaption(category.empty() ? QString(Unknown) : ToQString(category));
+    m_category->SetCaption(category.empty() ? QString(Unknown) : ToQString(category));
     ShowIdentifiers(*item);
     ShowPictures(*item);
     m_area->verticalScrollBar()->setValue(0);
@@ -155,20 +153,16 @@ void PropertyDetails::SetItem(const StoredItemRef& item) {
 }
 
 void PropertyDetails::ShowIdentifiers(const StoredItem& item) {
-    const auto show = [](const Field& field, const std::string& text) {
-        field.value->SetCaption(ToQString(text));
-        field.line->setVisible(!text.empty());
-    };
-    show(m_make, item.Make());
-    show(m_model, item.Model());
-    show(m_serialNumber, item.SerialNumber());
-    float top = m_make.line->Top();
-    if (m_make.line->IsShown()) top += m_make.line->Height();
-    m_model.line->SetTop(top);
-    if (m_model.line->IsShown()) top += m_model.line->Height();
-    m_serialNumber.line->SetTop(top);
-    const bool isAnyKnown = m_make.line->IsShown() || m_model.line->IsShown() || m_serialNumber.line->IsShown();
-    m_make.line->parentWidget()->setVisible(isAnyKnown);
+    const std::array texts = {item.Make(), item.Model(), item.SerialNumber()};
+    float top = m_makeInfo.fields.front().line->Top();
+    for (size_t i = 0; i < texts.size(); ++i) {
+        const Field& field = m_makeInfo.fields[i];
+        field.value->SetCaption(ToQString(texts[i]));
+        field.line->setVisible(!texts[i].empty());
+        field.line->SetTop(top);
+        if (field.line->IsShown()) top += field.line->Height();
+    }
+    m_makeInfo.box->setVisible(std::any_of(texts.begin(), texts.end(), [](const auto& text) { return !text.empty(); }));
 }
 
 void PropertyDetails::ShowPictures(const StoredItem& item) {
@@ -217,7 +211,8 @@ int PropertyDetails::LayoutPage(int width) {
 // Returns the top for what follows.
 int PropertyDetails::PlaceBlocks(int width) {
     int top = PageMargin;
-    for (const Block& block : m_blocks) {
+    for (const Block* each : {&m_basicInfo, &m_makeInfo, &m_notes}) {
+        const Block& block = *each;
         if (!block.box->IsShown()) continue;
         int fields = 0;
         for (const Field& field : block.fields) {
@@ -228,7 +223,7 @@ int PropertyDetails::PlaceBlocks(int width) {
         }
         const int height = FirstFieldTop + FieldHeight * fields;
         block.box->Move(ToTwips(PageLeft), ToTwips(top), ToTwips(width), ToTwips(height));
-        block.box->findChild<Line*>()->SetWidth(ToTwips(width));
+        block.rule->SetWidth(ToTwips(width));
         top += height + BlockGap;
     }
     return top;

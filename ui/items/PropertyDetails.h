@@ -11,6 +11,7 @@ namespace quellbrook {
 
 class GroupBox;
 class Label;
+class Line;
 class PictureBox;
 
 // The details of one piece of property: its fields in blocks, without those that are unknown, and beside or below them
@@ -36,11 +37,12 @@ private:
     };
     struct Block {
         GroupBox* box = nullptr;
+        Line* rule = nullptr;
         std::vector<Field> fields;
     };
 
-    Block& AddBlock(const char* name, const char* caption, const char* iconName);
-    Field AddField(Block& block, const char* caption, const char* valueName, const char* lineName);
+    Block MakeBlock(const char* name, const char* caption, const char* iconName);
+    Label* AddField(Block& block, const char* caption, const char* valueName, const char* lineName);
     void BuildBlocks();
     void BuildPictures();
     void ShowIdentifiers(const StoredItem& item);
@@ -51,8 +53,10 @@ private:
 
     QScrollArea* m_area;
     GroupBox* m_page;
-    std::vector<Block> m_blocks;
-    Field m_quantity, m_value, m_category, m_make, m_model, m_serialNumber;
+    Block m_basicInfo, m_makeInfo, m_notes;
+    Label* m_quantity = nullptr;
+    Label* m_value = nullptr;
+    Label* m_category = nullptr;
     PictureBox* m_barcode = nullptr;
     Label* m_key = nullptr;
     PictureBox* m_thumbnail = nullptr;

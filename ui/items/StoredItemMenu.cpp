@@ -63,6 +63,7 @@ void StoredItemMenu::BuildLinks() {
         link->setObjectName("lnkMenu");
         link->SetIcon(Links[index].icon);
         link->SetCaption(Links[index].caption);
+        link->hide();
         connect(link, &Link::Clicked, this, [this, index] { lnkMenu_Click(static_cast<int>(index)); });
     }
     setTabOrder(m_lnkMenu.back(), m_lnkMenu.front());
@@ -134,7 +135,7 @@ void StoredItemMenu::ShowLinks() {
     }
 }
 
-// A click replaces the link that had the focus by the status strip, or the reverse.
+// A click hides the link that had the focus and shows the status strip, or vice versa.
 void StoredItemMenu::KeepFocus(const QWidget* focused) {
     if (!isAncestorOf(focused) || focused->isVisible()) return;
     for (Link* link : {m_lnkUndo, m_lnkMenu[1], m_lnkMenu[2], m_lnkMenu[3], m_lnkMenu[4], m_lnkMenu[0]})
@@ -178,19 +179,21 @@ void StoredItemMenu::LayoutStatusStrip() {
 void StoredItemMenu::Layout() { LayoutMenu(); }
 
 void StoredItemMenu::lnkMenu_Click(int index) {
+    bool hasPrinted = false;
     Guard(
-        [this, index] {
-            Require(m_item, "StoredItemMenu.lnkMenu_Click");
+        [this, index, &hasPrinted] {
+            const StoredItemRef item = Require(m_item, "StoredItemMenu.lnkMenu_Click");
             if (index == 0) {
-                m_item->PrintBarcodeLabel();
-                ReportPrintedLabels(1);
+                item->PrintBarcodeLabel();
+                hasPrinted = true;
             } else {
                 auto items = std::make_shared<ObjectVector>();
-                items->Add(m_item);
+                items->Add(item);
                 GetActions().BeginTransaction(index, std::move(items));
             }
         },
         [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+    if (hasPrinted) Guard([] { ReportPrintedLabels(1); });
 }
 
 void StoredItemMenu::lnkUndo_Click() {

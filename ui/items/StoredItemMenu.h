@@ -13,7 +13,7 @@ class Line;
 class Link;
 
 // The command bar of one item. Outside the batch it offers the tasks that are allowed for the item; in the batch it
-// tells what is pending for it, with a link that takes it out. A link carries its own icon.
+// shows what is pending and a link that removes the item.
 class StoredItemMenu : public Control {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     explicit StoredItemMenu(QWidget* parent = nullptr);
     std::string TypeName() const override { return "StoredItemMenu"; }
 
-    // Also follows the batch from now on. Error 91 for null.
+    // From then on, follows changes of the batch. Error 91 for null.
     void SetItem(const StoredItemRef& item);
 
 protected:

@@ -27,14 +27,6 @@ const std::vector<Task> tasks = {
     {"MOVE THIS ITEM", "Move Evidence", {"Refrigerated Storage", "Intake Lockers"}},
 };
 
-QWidget* LinkWith(const QString& caption) {
-    QWidget* view = Find(QStringLiteral("itemView"));
-    if (!view) return nullptr;
-    for (QWidget* link : view->findChildren<QWidget*>(QStringLiteral("lnkMenu")))
-        if (TextOf(link) == caption && link->isVisible()) return link;
-    return nullptr;
-}
-
 QString MessageTitle() {
     return QApplication::activeModalWidget() ? TextOf(QStringLiteral("grpTitlebar/lblTitle")) : QString();
 }
@@ -56,11 +48,7 @@ void WorkstationScenario::Plan() {
 void WorkstationScenario::PlanRound() {
     if (m_left-- == 0) return;
     m_round = {AnyOf(items), {}, AnyOf(officers), AnyOf(officers), {}, AnyOf(reasons)};
-    m_player.Scan([&kept = m_player.Rows(), item = m_round.item] {
-        const QString select = "SELECT PropertyNo FROM Property WHERE PropertyID = '" + item + "'";
-        const std::string key = ToTextOrEmpty(kept.Ask(select.toStdString()));
-        return QStringLiteral("P%1").arg(QString::fromStdString(key), 10, QLatin1Char('0'));
-    });
+    ScanProperty(m_round.item);
     m_player.Wait("The item " + m_round.item + " is open",
                   [this] { return TextOf(QStringLiteral("itemView/lblID")) == m_round.item; });
     m_player.Do([this] { BeginTask(); });
@@ -69,11 +57,13 @@ void WorkstationScenario::PlanRound() {
 void WorkstationScenario::BeginTask() {
     std::vector<Task> offered;
     for (const Task& task : tasks)
-        if (LinkWith(task.link)) offered.push_back(task);
+        if (ItemLink(task.link)) offered.push_back(task);
+    if (offered.empty())
+        Raise(ErrorNumber::General, "WorkstationScenario", "Nothing is offered for " + m_round.item.toStdString());
     const Task task = AnyOf(offered);
     m_round.caption = task.form;
     m_round.location = AnyOf(task.locations);
-    m_player.Click("the link " + task.link, [link = task.link] { return SpotOf(LinkWith(link)); });
+    m_player.Click("the link " + task.link, [link = task.link] { return SpotOf(ItemLink(link)); });
     m_player.Wait("The item is pending", [] { return Find(QStringLiteral("itemView/lnkUndo")) != nullptr; });
     Click("the button Finish", "infobar/btnComplete");
     m_player.Wait("The form " + task.form + " is open",

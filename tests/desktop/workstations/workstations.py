@@ -3,7 +3,8 @@
 Usage: workstations.py PROGRAM SCRIPTS ROUNDS
 PROGRAM is the workstation; SCRIPTS is a shell file that defines with_x_server. Each program runs ROUNDS transfers on an
 X server of its own. Then the database must hold exactly the custody rows of the transfers that were reported as done:
-no gap, no double, no row that contradicts the one before it. At least one batch must have been refused as stale.
+no gap, no double, no row that contradicts the one before it. In many rounds, at least one batch must have been refused
+as stale.
 """
 
 import collections
@@ -14,6 +15,8 @@ import sys
 import tempfile
 
 STORED, OUT = 2, 4
+MANY_ROUNDS = 100
+SECONDS_FOR_A_ROUND = 30
 KINDS = {"Municipal Court": OUT, "Officer Custody": OUT, "Prosecutor's Office": OUT, "Refrigerated Storage": STORED,
          "Intake Lockers": STORED}
 CHAINS = """
@@ -38,7 +41,7 @@ def work(program, scripts, database, rounds, folder):
     programs = [subprocess.Popen(["bash", "-c", f'source "{scripts}"; with_x_server "$@"', "with_x_server", program,
                                   database, str(seed), str(rounds), report])
                 for seed, report in zip((1, 2), reports)]
-    if any([each.wait() != 0 for each in programs]):
+    if any([each.wait(SECONDS_FOR_A_ROUND * rounds) != 0 for each in programs]):
         sys.exit("A program failed.")
     return [line.rstrip("\n").split("|") for report in reports for line in open(report, encoding="utf-8")]
 
@@ -69,7 +72,7 @@ def verify(before, after, outcomes, rounds):
         faults.append(f"written but not reported {written - done}, reported but not written {done - written}")
     if len(outcomes) != 2 * rounds:
         faults.append(f"{len(outcomes)} of {2 * rounds} transfers were reported")
-    if refused == 0:
+    if refused == 0 and rounds >= MANY_ROUNDS:
         faults.append("no batch was stale")
     print(f"{len(outcomes)} transfers: {sum(done.values())} done, {refused} refused")
     if faults:

@@ -190,12 +190,49 @@ TEST_F(StoredItemMenuTest, TheBarCanBeDestroyedWhileTheQuestionIsOpen) {
     EXPECT_TRUE(Cart()->IsEmpty());
 }
 
-TEST_F(StoredItemMenuTest, PrintingSaysWhereTheLabelWent) {
+TEST_F(StoredItemMenuTest, PrintingShowsWhereTheLabelWent) {
     LabelServices labels;
     Click(LinkNo(0));
     ASSERT_EQ(labels.printer->labels.size(), 1u);
     EXPECT_EQ(labels.printer->labels[0].barcodes.at(0).text, MakeBarcodeText("P", m_laptop->ID()));
     EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
+}
+
+TEST_F(StoredItemMenuTest, TheBarCanBeDestroyedWhileItPrints) {
+    class DestroyingPrinter : public LabelPrinter {
+    public:
+        explicit DestroyingPrinter(std::function<void()> destroy) : m_destroy(std::move(destroy)) {}
+        void Print(const FilledLabel&) override {
+            m_destroy();
+            Raise(ErrorNumber::General, "DestroyingPrinter", "Out of labels.");
+        }
+        std::string Destination() const override { return "nowhere"; }
+
+    private:
+        std::function<void()> m_destroy;
+    };
+    LabelServices labels;
+    HostServices::Current().SetPrinter(std::make_shared<DestroyingPrinter>([this] {
+        delete std::exchange(m_menu, nullptr);
+        m_laptop.reset();
+    }));
+    LinkNo(0)->Click();
+    ASSERT_EQ(m_screen.Messages().size(), 1u);
+    EXPECT_EQ(m_screen.TakeMessages().front().prompt,
+              "Error printing barcode label for property '2026-0417-03': Out of labels.");
+}
+
+TEST_F(StoredItemMenuTest, AFailureToReportAPrintedLabelIsNoFailureToPrint) {
+    LabelServices labels;
+    GetDispatcher()->Register(std::make_shared<FunctionCallback>("Failing", [](const Action& action) {
+        if (action.ActionType == ActionTypes::NOTIFY_USER) Raise(ErrorNumber::General, "Failing", "No toast today.");
+    }));
+    int reported = 0;
+    m_environment->reportUnexpected = [&](const Error&) { ++reported; };
+    Click(LinkNo(0));
+    EXPECT_EQ(labels.printer->labels.size(), 1u);
+    EXPECT_EQ(reported, 1);
+    EXPECT_TRUE(m_screen.Messages().empty());
 }
 
 TEST_F(StoredItemMenuTest, AFailureToPrintIsReported) {
@@ -344,7 +381,7 @@ TEST_F(StoredItemMenuTest, PrintingIsTheLastTabStop) {
     EXPECT_THAT(order, ElementsAre(Undo(), LinkNo(1), LinkNo(2), LinkNo(3), LinkNo(4), LinkNo(0)));
 }
 
-TEST_F(StoredItemMenuTest, InADesignerItShowsItsCaptions) {
+TEST_F(StoredItemMenuTest, ABarWithoutAnItemHasTheCaptionsOfItsDesign) {
     StoredItemMenu menu;
     EXPECT_EQ(Find<Label>(menu, "lblStatus")->Caption(), "Unknown");
     EXPECT_EQ(Find<Label>(menu, "lblMessage")->Caption(), "This item is part of an in-progress evidence transfer.");
