@@ -39,8 +39,13 @@ void LocationPicker::LoadLocations(StorageLocationTypes locationType) {
     if (IsInsideDesigner()) return;
     const QScopedValueRollback<bool> selecting(m_isSelecting, true);
     m_cboLocations->Clear();
-    m_cboLocations->AddItem("(None)", 0);
-    AddSubtree(*m_locationStore->GetRootLocation(locationType));
+    try {
+        m_cboLocations->AddItem("(None)", 0);
+        AddSubtree(*m_locationStore->GetRootLocation(locationType));
+    } catch (...) {
+        m_cboLocations->Clear();
+        throw;
+    }
     Layout();
     m_cboLocations->SetListIndex(noneIndex);
 }

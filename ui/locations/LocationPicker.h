@@ -24,9 +24,9 @@ public:
     std::string TypeName() const override { return "LocationPicker"; }
 
     // Lists "(None)" and, depth first, every enabled location below the category's root whose containers are all
-    // enabled. Selects "(None)". Does nothing inside a form designer.
+    // enabled. Selects "(None)". After a failure the list is empty. Does nothing inside a form designer.
     void LoadLocations(StorageLocationTypes locationType);
-    // True until LoadLocations has run.
+    // True until LoadLocations has succeeded.
     bool IsEmpty() const;
 
     // Null for "(None)" or if the location has been deleted. Setting null, a root or a location that is not in the list

@@ -19,9 +19,9 @@ namespace {
 constexpr float Inset = 480;
 // Pixels.
 constexpr QSize PreferredSize(1080, 720), SmallestSize(640, 520);
-constexpr int RoomForFrame = 40;
+constexpr int FrameAllowance = 40;
 
-// Owns the form, unless somebody else has destroyed it.
+// Owns the form, which others may destroy first.
 class FormResult : public SetupWizard {
 public:
     explicit FormResult(frmSetupLocationsWizard* form) : m_form(form) {}
@@ -48,14 +48,19 @@ frmSetupLocationsWizard::frmSetupLocationsWizard(QWidget* parent)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-// In the middle of the screen. On one that is too small, the title bar and the upper left corner are visible.
+QRect frmSetupLocationsWizard::GeometryOn(const QRect& available) {
+    const QSize usable = available.size() - QSize(FrameAllowance, FrameAllowance);
+    QRect form(QPoint(), PreferredSize.boundedTo(usable).expandedTo(SmallestSize));
+    form.moveCenter(available.center() - QPoint(0, FrameAllowance / 2));
+    form.moveTo(std::max(form.left(), available.left()), std::max(form.top(), available.top()));
+    return form;
+}
+
 void frmSetupLocationsWizard::FitScreen() {
-    const QRect available = screen()->availableGeometry();
-    const QSize room = available.size() - QSize(RoomForFrame, RoomForFrame);
+    const QRect form = GeometryOn(screen()->availableGeometry());
     setMinimumSize(SmallestSize);
-    resize(PreferredSize.boundedTo(room).expandedTo(SmallestSize));
-    const QPoint centered = available.center() - rect().center() - QPoint(0, RoomForFrame / 2);
-    move(std::max(centered.x(), available.left()), std::max(centered.y(), available.top()));
+    resize(form.size());
+    move(form.topLeft());
 }
 
 void frmSetupLocationsWizard::OnLoad() { GetDialogs().SetParent(std::make_shared<WindowReference>(this)); }
@@ -77,7 +82,9 @@ void frmSetupLocationsWizard::wizard_Completed() {
 
 // An application that quits closes every window. This one then closes without a question.
 bool frmSetupLocationsWizard::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Quit && isVisible()) done(Rejected);
+    Guard([&] {
+        if (event->type() == QEvent::Quit && isVisible()) done(Rejected);
+    });
     return ModuleForm::eventFilter(watched, event);
 }
 

@@ -4,12 +4,14 @@
 #include "ui/common/Dialogs.h"
 #include "ui/common/WidgetScreen.h"
 
+#include <QRect>
+
 namespace quellbrook {
 
 class SetupLocationsWizard;
 
 // The window of the wizard that categorizes locations. Asks before the user closes it; code closes it with done().
-// It is the parent of the module's dialogs from its loading on.
+// Once loaded, it is the parent of the module's dialogs.
 class frmSetupLocationsWizard : public ModuleForm {
     Q_OBJECT
 
@@ -17,6 +19,10 @@ public:
     explicit frmSetupLocationsWizard(QWidget* parent = nullptr);
 
     bool Completed() const { return m_completed; }
+
+    // Position (of the frame) and size (without it) that center the form in the available part of a screen. On a screen
+    // that is too small, the title bar and the upper left corner are visible.
+    static QRect GeometryOn(const QRect& available);
 
 protected:
     void OnLoad() override;

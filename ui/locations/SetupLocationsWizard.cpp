@@ -59,7 +59,7 @@ std::vector<WizardPage> MakePages() {
     };
 }
 
-std::string KeyOf(const StorageLocation& location) { return std::to_string(location.ID()).insert(0, 1, 'L'); }
+std::string KeyOf(const StorageLocation& location) { return "L" + std::to_string(location.ID()); }
 int32_t IdOf(const QString& key) { return key.mid(1).toInt(); }
 
 Label* AddText(QWidget* parent, const char* name, Theme::Type type) {
@@ -163,21 +163,27 @@ void SetupLocationsWizard::Shown() {
 WizardPage& SetupLocationsWizard::Page() { return m_pages.at(static_cast<size_t>(m_pageIndex)); }
 const WizardPage& SetupLocationsWizard::Page() const { return m_pages.at(static_cast<size_t>(m_pageIndex)); }
 
-void SetupLocationsWizard::ShowPage() {
+void SetupLocationsWizard::ShowTexts() {
     ShowLinkCaption();
     m_prompt->SetCaption(Page().Prompt);
     m_hintText->SetCaption(Page().HintText);
     m_back->setVisible(m_pageIndex >= 1);
     Layout();
+}
+
+void SetupLocationsWizard::ShowPage() {
+    ShowTexts();
     LoadList();
     UpdateCount();
     m_next->SetCaption(IsFinishingPage() ? "FINISH" : "NEXT");
     FocusPage();
 }
 
-// After a failure the button for the next page stays hidden, since the list is incomplete.
+// After a failure the list is empty, and the button for the next page stays hidden.
 void SetupLocationsWizard::LoadList() {
     m_next->hide();
+    m_noLocations->hide();
+    m_list->show();
     SetMousePointer(MousePointer::Hourglass);
     const auto restorePointer = qScopeGuard([] { SetMousePointer(MousePointer::Default); });
     try {
@@ -185,6 +191,7 @@ void SetupLocationsWizard::LoadList() {
         AddSubtree(*GetStorageLocationStatic().GetRoot(Types::Unassigned), std::string());
     } catch (...) {
         const Error error = CurrentError();
+        m_list->ClearRows();
         UpdateCount();
         Raise(error.Number(), error.Source(), "Error loading locations: " + error.Description());
     }
@@ -194,7 +201,8 @@ void SetupLocationsWizard::LoadList() {
     m_next->show();
 }
 
-// The sublocations of a location that is ticked on another page move with it.
+// Sublocations of a location that is ticked on another page are not listed: they move with it unless they are ticked
+// themselves.
 void SetupLocationsWizard::AddSubtree(const StorageLocation& location, const std::string& path) {
     for (const StorageLocationRef& sub : location.SubLocations()) {
         if (IsTickedElsewhere(KeyOf(*sub))) continue;
@@ -286,7 +294,7 @@ void SetupLocationsWizard::RequireAllTicked() const {
 
 // The reload makes a second attempt see what the first has moved. A location that was deleted meanwhile needs no
 // category.
-void SetupLocationsWizard::WriteCategories() const {
+void SetupLocationsWizard::WriteCategories() {
     SetMousePointer(MousePointer::Hourglass);
     const auto restorePointer = qScopeGuard([] { SetMousePointer(MousePointer::Default); });
     try {
@@ -306,7 +314,14 @@ void SetupLocationsWizard::WriteCategories() const {
 void SetupLocationsWizard::btnBack_Click() {
     if (m_pageIndex < 1) return;
     --m_pageIndex;
-    ShowPage();
+    try {
+        ShowPage();
+    } catch (...) {
+        ++m_pageIndex;  // the first page has no button for a second attempt
+        ShowTexts();
+        TrySetFocus(m_back);
+        throw;
+    }
 }
 
 void SetupLocationsWizard::lnkSelectAll_Click() {

@@ -28,8 +28,8 @@ struct WizardPage {
 };
 
 // Lets the user categorize the uncategorized locations, one category per page. Nothing is written before FINISH.
-// Locations move one by one, each in its own transaction, and those moved before a failure stay where they are. What is
-// ticked ends up at the top of its category; what is not ticked stays in its container.
+// Each location moves in its own transaction; moves made before a failure are kept. Ticked locations move to the top of
+// their category; unticked sublocations stay in their container.
 class SetupLocationsWizard : public View {
     Q_OBJECT
 
@@ -54,8 +54,9 @@ private:
     void BuildNoLocations();
     void BuildButtons();
 
-    WizardPage& Page();  // the one on show
+    WizardPage& Page();  // the current page
     const WizardPage& Page() const;
+    void ShowTexts();
     void ShowPage();
     void LoadList();
     void AddSubtree(const StorageLocation& location, const std::string& path);
@@ -71,7 +72,7 @@ private:
     bool IsFinishingPage() const;
     void GoNext();
     void RequireAllTicked() const;
-    void WriteCategories() const;
+    void WriteCategories();
 
     void btnNext_Click();
     void btnBack_Click();

@@ -1,104 +1,18 @@
-#include "ui/locations/LocationEditor.h"
+#include "tests/ui/locations/LocationEditorTest.h"
 
 #include "base/Error.h"
-#include "data/StorageLocationStatic.h"
-#include "tests/support/DatabaseTest.h"
-#include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
-#include "tests/support/TestLocations.h"
 #include "tests/support/ui/GeometryWalk.h"
-#include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/WhileFormOpen.h"
-#include "tests/support/ui/Widgets.h"
-#include "ui/controls/FlatButton.h"
-#include "ui/controls/FlatDropdown.h"
-#include "ui/controls/FlatTextbox.h"
-#include "ui/controls/Label.h"
-#include "ui/locations/LocationPicker.h"
 #include "ui/platform/MousePointer.h"
-#include "ui/platform/Strings.h"
 
 #include <QAbstractItemView>
-#include <QComboBox>
-
-#include <gmock/gmock.h>
-
-#include <memory>
 
 namespace quellbrook::testing {
 namespace {
 
-using Types = StorageLocationTypes;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-
-class LocationEditorTest : public DatabaseTest {
-protected:
-    LocationEditorTest() {
-        m_window.resize(800, 600);
-        ShowActive(m_window);
-        GetDialogs().SetParent(std::make_shared<WindowReference>(&m_window));
-    }
-    ~LocationEditorTest() override { GetDialogs().SetParent(nullptr); }
-
-    void Edit(int32_t id) {
-        m_form = std::make_unique<frmAddEditLocation>();
-        m_form->SetLocation(m_tree.Find(id));
-        Open();
-    }
-    void Add(const StorageLocationRef& parent) {
-        m_form = std::make_unique<frmAddEditLocation>();
-        m_form->SetParent(parent);
-        Open();
-    }
-    void Open() {
-        m_form->EnsureLoaded();
-        ShowActive(*m_form);
-    }
-
-    FlatTextbox* NameField() const { return Find<FlatTextbox>(*m_form, "txtName"); }
-    LocationPicker* Container() const { return Find<LocationPicker>(*m_form, "cboLocation"); }
-    FlatDropdown* Category() const { return Find<FlatDropdown>(*m_form, "cboType"); }
-    std::string Title() const { return ToUtf8(Find<Label>(*m_form, "lblTitle")->Caption()); }
-    void SetName(const QString& name) const { NameField()->SetText(name); }
-    std::string ContainerText() const { return ToUtf8(Container()->findChild<QComboBox*>()->currentText()); }
-    void Key(Qt::Key key) const { SendKey(*m_form, key); }
-    void Choose(Types type) const {
-        for (int i = 0; i < Category()->Count(); ++i)
-            if (Category()->ItemData(i) == static_cast<int32_t>(type)) Category()->SetListIndex(i);
-    }
-    void Press(const char* button) const { Find<FlatButton>(*m_form, button)->Click(); }
-    std::vector<std::string> Categories() const {
-        std::vector<std::string> texts;
-        for (int i = 0; i < Category()->Count(); ++i) texts.push_back(ToUtf8(Category()->ItemText(i)));
-        return texts;
-    }
-    int32_t ContainerId() const {
-        const StorageLocationRef container = Container()->SelectedLocation();
-        return container ? container->ID() : 0;
-    }
-
-    void ExpectSaved() const {
-        EXPECT_THAT(m_screen.Messages(), IsEmpty());
-        EXPECT_FALSE(m_form->isVisible());
-        EXPECT_FALSE(m_form->Canceled());
-    }
-    // The form stays open.
-    void ExpectError(const std::string& text) {
-        const auto messages = m_screen.TakeMessages();
-        ASSERT_EQ(messages.size(), 1u);
-        EXPECT_THAT(messages[0].prompt, HasSubstr(text));
-        EXPECT_EQ(messages[0].title, "Error");
-        EXPECT_EQ(messages[0].buttons, 16);
-        EXPECT_TRUE(m_form->isVisible());
-        EXPECT_TRUE(m_form->Canceled());
-    }
-
-    TestLocations m_tree{m_database};
-    QWidget m_window;
-    std::unique_ptr<frmAddEditLocation> m_form;
-};
 
 TEST_F(LocationEditorTest, AnAdditionStartsInTheContainerWithAnEmptyName) {
     Add(m_tree.Find(m_tree.shelf));
@@ -317,21 +231,6 @@ TEST_F(LocationEditorTest, ALocationCannotBeItsOwnContainer) {
     }
 }
 
-TEST_F(LocationEditorTest, AFailureOfTheDatabaseIsReportedAndTheEntriesStay) {
-    const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
-    m_database.Install(engine);
-    Edit(m_tree.bin);
-    SetName("Tub");
-    engine->FailAtStatement(1, Error(ErrorNumber::General, "Test", "The disk is full."));
-    Press("btnSave");
-    ExpectError("Could not rename location 'Tub'. \r\n\r\nThe disk is full.");
-    EXPECT_EQ(NameField()->Text(), "Tub");
-    Press("btnSave");
-    ExpectSaved();
-    EXPECT_EQ(m_tree.Row(m_tree.bin), "Tub 2 /0/1/");
-    m_database.Install(m_database.GetEngine());
-}
-
 TEST_F(LocationEditorTest, EnterInTheContainerChoosesAndDoesNotSave) {
     Edit(m_tree.bin);
     Container()->setFocus();
@@ -388,44 +287,6 @@ TEST_F(LocationEditorTest, CancelChangesNothing) {
     EXPECT_FALSE(m_form->isVisible());
     EXPECT_TRUE(m_form->Canceled());
     EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
-}
-
-TEST_F(LocationEditorTest, ALocationThatWasDeletedElsewhereIsReported) {
-    Edit(m_tree.bin);
-    m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = 4");
-    SetName("Tub");
-    Press("btnSave");
-    ExpectError("The current location has been deleted.");
-}
-
-TEST_F(LocationEditorTest, TheFormOfAnUncategorizedLocationSaysThatItHasNoContainers) {
-    const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
-    GetStorageLocationStatic().Refresh();
-    const std::string reason = "cboLocation has not been loaded yet. Call LoadLocations first.";
-    Edit(loose);
-    ExpectError(reason);
-    EXPECT_EQ(Title(), "Edit Storage Location");
-    EXPECT_EQ(NameField()->Text(), "Loose");
-    EXPECT_EQ(Category()->ListIndex(), -1);
-    Press("btnSave");
-    ExpectError(reason);
-    Choose(Types::Internal);
-    Press("btnSave");
-    ExpectSaved();
-    EXPECT_EQ(m_tree.Row(loose), "Loose 2 /0/");
-}
-
-TEST_F(LocationEditorTest, TheFormOfAnUncategorizedLocationOpensBeforeItsMessage) {
-    const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
-    GetStorageLocationStatic().Refresh();
-    bool visible = false;
-    m_screen.WhileMessageOpen = [&](const RecordingScreen::Message&) {
-        visible = QApplication::activeModalWidget() && QApplication::activeModalWidget()->isVisible();
-    };
-    WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) { ServeEvents(); });
-    EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(loose)));
-    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
-    EXPECT_TRUE(visible);
 }
 
 TEST_F(LocationEditorTest, WithADisabledContainerALocationIsSavedAtTheTopOfItsCategory) {
@@ -498,7 +359,7 @@ TEST_F(LocationEditorTest, ThePointerIsTheHourglassUntilTheDialogAppears) {
     EXPECT_THAT(before.pointers, ElementsAre(MousePointer::Hourglass, MousePointer::Hourglass));
 }
 
-TEST_F(LocationEditorTest, TheDialogTellsWhetherTheUserSaved) {
+TEST_F(LocationEditorTest, TheDialogReturnsWhetherTheUserSaved) {
     WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation& form) { Find<FlatButton>(form, "btnSave")->Click(); });
     EXPECT_TRUE(GetDialogs().EditLocation(m_tree.Find(m_tree.room)));
 }

@@ -2,6 +2,7 @@
 
 #include "core/Singletons.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/RaisedBy.h"
 #include "tests/support/ui/GeometryWalk.h"
 #include "tests/support/ui/ScaledProcess.h"
 #include "tests/ui/locations/SetupLocationsWizardTest.h"
@@ -62,16 +63,21 @@ TEST_F(SetupLocationsFormTest, TheWizardIsInsetByTheSameDistanceOnEverySide) {
     }
 }
 
-TEST_F(SetupLocationsFormTest, IsInTheMiddleOfTheScreenAndCanBeResized) {
+TEST_F(SetupLocationsFormTest, IsCenteredOnTheScreenAndLeavesSpaceForItsFrame) {
+    EXPECT_EQ(frmSetupLocationsWizard::GeometryOn(QRect(0, 0, 1920, 1080)), QRect(420, 160, 1080, 720));
+    EXPECT_EQ(frmSetupLocationsWizard::GeometryOn(QRect(1920, 30, 1024, 640)), QRect(1940, 30, 984, 600));
+}
+
+TEST_F(SetupLocationsFormTest, OnAScreenThatIsTooSmallItsUpperLeftCornerIsVisible) {
+    EXPECT_EQ(frmSetupLocationsWizard::GeometryOn(QRect(50, 30, 600, 400)), QRect(50, 30, 640, 520));
+}
+
+TEST_F(SetupLocationsFormTest, HasTheGeometryForItsScreenAndCanBeResized) {
     OpenForm();
-    const QRect available = m_form->screen()->availableGeometry();
     const QSize smallest(640, 520);
-    if (available.width() > 700 && available.height() > 600) {
-        EXPECT_TRUE(available.contains(m_form->frameGeometry()));
-        EXPECT_NEAR(m_form->geometry().center().x(), available.center().x(), 4);  // the window has a frame
-    }
-    EXPECT_GE(m_form->x(), available.left());
-    EXPECT_GE(m_form->y(), available.top());
+    const QRect expected = frmSetupLocationsWizard::GeometryOn(m_form->screen()->availableGeometry());
+    EXPECT_EQ(m_form->pos(), expected.topLeft());
+    EXPECT_EQ(m_form->size(), expected.size());
     EXPECT_EQ(m_form->minimumSize(), smallest);
     m_form->resize(10, 10);
     EXPECT_EQ(m_form->size(), smallest);
@@ -329,11 +335,14 @@ TEST_F(GateTest, TheHostMayLogOutWhileTheQuestionIsOpen) {
     Later([this](frmSetupLocationsWizard& form) {
         InDialog([](frmModal& dialog) {
             HostServices::Current().SetSession(nullptr);
-            Answer(dialog, 0);
+            Answer(dialog, 1);
         });
         form.close();
+        ASSERT_TRUE(form.isVisible());
+        Complete();
     });
-    EXPECT_FALSE(RunGate());
+    EXPECT_EQ(RaisedBy([] { RunGate(); }).Number(), ErrorNumber::NullObject);
+    EXPECT_EQ(Stored()[0], "Auction 8 /0/");
 }
 
 TEST_F(GateTest, QuittingTheApplicationClosesTheWizardWithoutAQuestion) {

@@ -22,7 +22,7 @@ protected:
     float GapBelow(const char* upper, const char* lower) { return Named(lower)->Top() - Named(upper)->Bottom(); }
 };
 
-TEST_F(WizardLayoutTest, TheTextsStandBelowEachOtherAtFixedDistances) {
+TEST_F(WizardLayoutTest, TheTextsAreBelowEachOtherAtFixedDistances) {
     AtEachSize([this] {
         for (int page = 0; page < 4; ++page) {
             EXPECT_EQ(Named("lblTitle")->Top(), 0);
@@ -47,7 +47,7 @@ TEST_F(WizardLayoutTest, ALongHintPushesTheListDown) {
     EXPECT_GT(List()->Height(), ToTwips(List()->RowHeight()));
 }
 
-TEST_F(WizardLayoutTest, TheButtonsStandAtTheBottomRight) {
+TEST_F(WizardLayoutTest, TheButtonsAreAtTheBottomRight) {
     AtEachSize([this] {
         EXPECT_EQ(Named("btnNext")->Right(), m_wizard->Width());
         EXPECT_EQ(Named("btnNext")->Bottom(), m_wizard->Height());

@@ -277,6 +277,40 @@ TEST_F(SetupLocationsWizardTest, AFailureToLoadTheNextPageIsShownAndBackLoadsAga
     EXPECT_EQ(List()->RowCount(), 9);
 }
 
+TEST_F(SetupLocationsWizardTest, AfterAFailureToGoBackNoListIsOfferedAndBackCanBePressedAgain) {
+    std::vector<std::string> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Description()); };
+    for (const bool allTicked : {true, false}) {
+        SCOPED_TRACE(allTicked);
+        Open();
+        if (allTicked)
+            Click(SelectAll());
+        else
+            Tick(auction);
+        const Names ticked = Ticked();
+        Next();
+        ASSERT_EQ(IsShown("picNoLocations"), allTicked);
+        auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
+        m_database.Install(faults);
+        HostLocationData::Discard();
+        faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+        reported.clear();
+        Back();
+        EXPECT_THAT(reported, ElementsAre("Error loading locations: The link is down."));
+        EXPECT_FALSE(IsShown("picNoLocations"));
+        EXPECT_THAT(Rows(), IsEmpty());
+        EXPECT_EQ(Text("lblCount"), "0 locations selected");
+        EXPECT_EQ(Text("lblPrompt"), "Which of These Locations are Sign-Out Locations?");
+        EXPECT_FALSE(IsShown("btnNext"));
+        ASSERT_TRUE(Named("btnBack")->hasFocus());
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Text("lblPrompt"), "Which of These Locations are Disposal Locations?");
+        EXPECT_EQ(Ticked(), ticked);
+        EXPECT_TRUE(IsShown("btnNext"));
+        EXPECT_FALSE(IsShown("btnBack"));
+    }
+}
+
 TEST_F(SetupLocationsWizardTest, ThePointerIsAnHourglassWhileLocationsAreLoadedAndMoved) {
     auto engine = std::make_shared<PointerNotingEngine>(m_database.GetEngine());
     m_database.Install(engine);
@@ -349,7 +383,7 @@ TEST_F(SetupLocationsWizardTest, TabGoesFromTheListToTheLinkToTheButtons) {
     EXPECT_EQ(TabOrder(*m_wizard), (std::vector<std::string>{"lvwLocations", "lnkSelectAll", "btnBack", "btnNext"}));
 }
 
-TEST_F(SetupLocationsWizardTest, ARowTellsItsPath) {
+TEST_F(SetupLocationsWizardTest, ARowDescribesItsPath) {
     const int32_t twin = Add(" Shelf A", aisle2);
     Open();
     const std::vector<std::pair<int32_t, QString>> paths = {

@@ -148,7 +148,7 @@ TEST_F(WizardWritingTest, ALocationDeletedElsewhereNeedsNoCategory) {
     EXPECT_TRUE(m_database.QueryRows("SELECT 1 FROM StorageLocation WHERE Type = 1").empty());
 }
 
-TEST_F(WizardWritingTest, TwoLocationsOfOneNameDoNotFitIntoOneCategory) {
+TEST_F(WizardWritingTest, TwoLocationsWithTheSameNameDoNotFitIntoOneCategory) {
     Add("Shelf A", aisle2);
     Open();
     Click(SelectAll());
