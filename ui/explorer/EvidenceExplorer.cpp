@@ -68,9 +68,10 @@ EvidenceExplorer::EvidenceExplorer(QWidget* parent) : View(parent) {
     m_grpLoading->repaint();
 }
 
-// After a failure, the pointer waits for a display or a search that does not come any more.
+// A failed display or search leaves the hourglass for the next attempt, which will not come.
 EvidenceExplorer::~EvidenceExplorer() {
-    if (!IsInsideDesigner()) SetMousePointer(MousePointer::Default);
+    if (m_grpLoading->IsShown() || m_locationPane->IsCovered() || m_searchResultPane->IsCovered())
+        SetMousePointer(MousePointer::Default);
 }
 
 void EvidenceExplorer::MakeLeftColumn() {

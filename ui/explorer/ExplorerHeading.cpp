@@ -109,9 +109,13 @@ float ExplorerHeading::PlaceLinks() {
     const float right = m_print.group->IsShown() ? m_print.group->Left() : m_btnAddEvidence->Left();
     // "Delete" keeps its place while "Edit" is hidden.
     const float edit = linksGap + m_edit.group->Width();
-    float beside = m_edit.group->IsShown() ? edit : 0;
-    if (m_delete.group->IsShown()) beside = edit + linkGap + m_delete.group->Width();
-    if (m_add.group->IsShown()) beside = linksGap + m_add.group->Width();
+    float beside = 0;
+    if (m_add.group->IsShown())  // instead of "Edit" and "Delete"
+        beside = linksGap + m_add.group->Width();
+    else if (m_delete.group->IsShown())
+        beside = edit + linkGap + m_delete.group->Width();
+    else if (m_edit.group->IsShown())
+        beside = edit;
     return right - beside - rightInset;
 }
 

@@ -127,6 +127,8 @@ void LocationTree::ConnectTree() {
     });
 }
 
+bool LocationTree::IsCovered() const { return m_picLoading->IsShown(); }
+
 void LocationTree::Shown() {
     if (m_isLoaded) return;
     m_isLoaded = true;
@@ -149,7 +151,7 @@ void LocationTree::LoadLocations(const StorageLocationRef& selected, bool raises
         m_treeView->show();
         const QPointer<LocationTree> self(this);
         if (hadFocus) TrySetFocus(m_treeView);
-        if (!self) return;
+        if (!self) return SetMousePointer(MousePointer::Default);
         const StorageLocationRef location = selected ? selected : m_locationStore->GetSelectedLocation();
         if (raisesSelection)
             SetSelectedLocation(location);

@@ -52,6 +52,8 @@ public:
     StorageLocationRef DropHighlightLocation() const;
     // Reads the hierarchy again; the parent replaces a selected location that has been deleted.
     void Refresh();
+    // Whether the loading message covers the tree: during a load, and after one that failed.
+    bool IsCovered() const;
     // Refreshes and restores the scroll position, and for each node of before whether it is expanded.
     void RefreshInPlace();
 

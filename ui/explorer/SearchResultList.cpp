@@ -156,7 +156,7 @@ void SearchResultList::FillRows(Fill fill) {
     repaint();
 }
 
-// A row that could not be filled shows the fields of one item and has another.
+// A row that could not be filled may show another item's text.
 void SearchResultList::HideUnfilledRows() {
     for (int i = 0; i < RowCount(); ++i) {
         SearchResultRow& row = RowNo(i);
@@ -264,18 +264,32 @@ bool SearchResultList::IsValidIndex(int32_t index) const { return index >= 1 && 
 void SearchResultList::SelectRow(const SearchResultRow& row) { SelectIndex(ShownIndex(row)); }
 
 void SearchResultList::MoveSelection(int delta) {
-    if (m_selectedIndex > 0 || m_rows.front()->IsShown()) SelectIndex(m_selectedIndex + delta);
+    if (m_selectedIndex == 0 && !m_rows.front()->IsShown()) return;
+    if (IsUnread(m_selectedIndex + delta)) ShowRows(Fill::Changed);
+    SelectIndex(m_selectedIndex + delta);
 }
 
-// Scrolling may report that a row cannot be read, and the report may destroy the list.
+// Whether the index is inside the view and the row for it could not be filled.
+bool SearchResultList::IsUnread(int32_t index) const {
+    const int32_t row = index - FirstVisibleIndex();
+    return row >= 0 && row < RowsToDisplay() && (row >= RowCount() || ShownIndex(RowNo(row)) != index);
+}
+
+// Scrolling may report that a row cannot be read, and the report may destroy the list or show other items.
 void SearchResultList::SelectIndex(int32_t index) {
     if (IsValidIndex(index)) {
         const QPointer<SearchResultList> self(this);
+        const auto items = m_items;
+        const Place before{m_shownSelection, m_selectedIndex};
         if (index != m_selectedIndex) m_shownSelection = nullptr;
         m_selectedIndex = index;
         if (index > FirstVisibleIndex() + VisibleRowCount() - 1) ScrollDown();
         if (self && index < FirstVisibleIndex()) ScrollUp();
         if (!self) return;
+        if (m_items == items && m_selectedIndex == index && IsUnread(index)) {
+            m_selectedIndex = before.index;
+            m_shownSelection = before.item;
+        }
         if (isVisible() && isEnabled()) setFocus();
         UpdateRowFocus();
     }
@@ -292,6 +306,7 @@ void SearchResultList::ScrollTo(int32_t index) {
 
 void SearchResultList::SelectPosition(int position) {
     const QPointer<SearchResultList> self(this);
+    if (IsUnread(position + 1)) ShowRows(Fill::Changed);
     ScrollTo(position + 1);
     if (self) SelectIndex(position + 1);
 }
@@ -340,7 +355,7 @@ void SearchResultList::DoubleClickRow(int row) {
 void SearchResultList::keyPressEvent(QKeyEvent* event) {
     if (KeyCodeOf(*event) != KeyCode::Enter) return ScrollingListOf::keyPressEvent(event);
     if (IsRepetition(*event)) return;  // an Enter held since the search must not open the first item
-    if (m_selectedIndex == 0) return;  // the list is empty, or no row of it could be read
+    if (m_selectedIndex == 0 || IsUnread(m_selectedIndex)) return;
     Guard([this] {
         if (const StoredItemRef item = SelectedItem()) emit ItemOpenRequest(item);
     });

@@ -38,7 +38,7 @@ public:
     void Restore(const Place& place);
 
     // Fills the visible rows. Rethrows errors with "DisplayVisibleItems: " before their description; then the rows that
-    // it did not reach are hidden unless they already show their item.
+    // could not be filled are hidden.
     void DisplayVisibleItems();
 
     // The list's height in rows plus one half, rounded half to even.
@@ -82,6 +82,7 @@ private:
     int32_t RowsToDisplay() const;
 
     bool IsValidIndex(int32_t index) const;
+    bool IsUnread(int32_t index) const;
     void SelectRow(const SearchResultRow& row);
     void SelectIndex(int32_t index);
     int32_t IndexOf(const Place& place) const;

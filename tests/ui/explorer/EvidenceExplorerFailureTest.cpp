@@ -111,7 +111,7 @@ TEST_F(EvidenceExplorerFailureTest, AClickOnTheSelectedNodeShowsTheLocationAgain
     EXPECT_EQ(m_list->RowCount(), 3);
     AddItem("E-3", m_shelf);
     Click(m_widget->viewport(), node);
-    EXPECT_EQ(m_list->RowCount(), 3) << "a location on show is not read again";
+    EXPECT_EQ(m_list->RowCount(), 3) << "the displayed location is not read again";
 }
 
 TEST_F(EvidenceExplorerFailureTest, TheNextRefreshShowsTheLocationAgain) {

@@ -250,6 +250,13 @@ TEST_F(EvidenceExplorerSearchTest, ThePointerIsRestoredIfTheExplorerGoesAfterAFa
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
+TEST_F(EvidenceExplorerSearchTest, ThePointerOfAnotherPartStaysWhenTheExplorerGoes) {
+    Search("E-1");
+    SetMousePointer(MousePointer::Hourglass);
+    m_window.reset();
+    EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
+}
+
 TEST_F(EvidenceExplorerSearchTest, F5SearchesAgainAndKeepsTheFocus) {
     Search("bicycle");
     AddItem("E-3", m_shelf);

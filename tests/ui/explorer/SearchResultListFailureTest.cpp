@@ -146,6 +146,10 @@ TEST_F(SearchResultListFailureTest, AFirstRowThatCannotBeReadLeavesTheOthersInPl
     Bar()->SetValue(1);
     EXPECT_EQ(m_reported.size(), 1u);
     EXPECT_EQ(ShownPositions(*items), (std::vector<int>{1, 2, 3}));
+    int opened = 0;
+    QObject::connect(m_list, &SearchResultList::ItemOpenRequest, m_list, [&](const StoredItemRef&) { ++opened; });
+    Press(m_list, Qt::Key_Return);
+    EXPECT_EQ(opened, 0);
     Click(Container(), CenterOfRow(0));
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(1));
     EXPECT_EQ(HighlightedRow(), -1);
@@ -153,6 +157,24 @@ TEST_F(SearchResultListFailureTest, AFirstRowThatCannotBeReadLeavesTheOthersInPl
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
     EXPECT_EQ(ShownPositions(*items), (std::vector<int>{0, 1, 2, 3}));
     EXPECT_EQ(HighlightedRow(), 0);
+}
+
+TEST_F(SearchResultListFailureTest, ARowThatCannotBeReadIsNotSelectedByAKeyAndTheKeyTriesAgain) {
+    RecordReports();
+    for (const auto key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End}) {
+        SCOPED_TRACE(key);
+        m_reported.clear();
+        m_database.Install(m_database.GetEngine());
+        const auto items = MakeItems(9);
+        m_list->SetItems(items);
+        for (int i = 0; i < 3; ++i) Press(m_list, Qt::Key_Down);
+        FailNext();
+        Press(m_list, key);
+        EXPECT_EQ(m_reported.size(), 1u);
+        EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(3));
+        Press(m_list, key);
+        EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(key == Qt::Key_Down ? 4 : key == Qt::Key_End ? 8 : 7));
+    }
 }
 
 TEST_F(SearchResultListFailureTest, AfterAJumpTheRowsThatWereReadStay) {
