@@ -4,6 +4,7 @@
 #include "base/Error.h"
 #include "base/Text.h"
 #include "host/ColorTool.h"
+#include "ui/common/FirstLetterKeys.h"
 #include "ui/common/ItemStatus.h"
 #include "ui/controls/Control.h"
 #include "ui/controls/Label.h"
@@ -14,7 +15,6 @@
 
 #include <QCoreApplication>
 #include <QCursor>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QResizeEvent>
 #include <QStyle>
@@ -44,37 +44,6 @@ std::string TypeNameOf(const QObject& object) {
 [[noreturn]] void RaiseCannotOpen() {
     Raise(ErrorNumber::General, "UI.OpenInHost", "Cannot open this type of object in Tessarine.");
 }
-
-// Lets a letter highlight the next entry of a menu, or of its submenus, that begins with it.
-class FirstLetterKeys : public QObject {
-public:
-    explicit FirstLetterKeys(QMenu& menu) {
-        menu.installEventFilter(this);
-        for (const QAction* entry : menu.actions())
-            if (entry->menu()) entry->menu()->installEventFilter(this);
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* menu = qobject_cast<QMenu*>(watched);
-        if (!menu || event->type() != QEvent::KeyPress) return false;
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        const bool isLetter = key.text().size() == 1 && key.text().front().isLetterOrNumber();
-        QAction* next = isLetter && !(key.modifiers() & Qt::AltModifier) ? NextEntry(*menu, key.text()) : nullptr;
-        if (next) menu->setActiveAction(next);
-        return next != nullptr;
-    }
-
-private:
-    static QAction* NextEntry(const QMenu& menu, const QString& letter) {
-        QList<QAction*> entries = menu.actions();
-        std::rotate(entries.begin(), entries.begin() + entries.indexOf(menu.activeAction()) + 1, entries.end());
-        const auto next = std::find_if(entries.cbegin(), entries.cend(), [&](const QAction* entry) {
-            return entry->isVisible() && entry->isEnabled() && entry->text().startsWith(letter, Qt::CaseInsensitive);
-        });
-        return next == entries.cend() ? nullptr : *next;
-    }
-};
 
 const char* ModuleWord(StoredItemTypes itemType) {
     switch (itemType) {
