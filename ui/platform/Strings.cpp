@@ -1,5 +1,9 @@
 #include "ui/platform/Strings.h"
 
+#include <QStringList>
+
+#include <algorithm>
+
 namespace quellbrook {
 
 QString ToQString(std::string_view text) {
@@ -18,9 +22,14 @@ QString EscapeMnemonic(const QString& caption) {
 
 QString PlainTooltip(const QString& text) {
     if (text.isEmpty()) return QString();
+    // Qt wraps even short lines into a narrow column.
+    constexpr qsizetype longestUnwrapped = 80;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    const bool wraps =
+        std::any_of(lines.begin(), lines.end(), [](const QString& line) { return line.size() > longestUnwrapped; });
     QString escaped = text.toHtmlEscaped();
     escaped.replace(QLatin1Char('\n'), QLatin1String("<br>"));
-    return QLatin1String("<span style=\"white-space:pre-wrap\">") + escaped + QLatin1String("</span>");
+    return QStringLiteral("<div style=\"white-space:%1\">%2</div>").arg(wraps ? "pre-wrap" : "pre", escaped);
 }
 
 }  // namespace quellbrook

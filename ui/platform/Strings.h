@@ -14,7 +14,8 @@ std::string ToUtf8(const QString& text);
 // For captions with mnemonics (menus, tabs, buttons): doubles "&", so that it is displayed literally.
 QString EscapeMnemonic(const QString& caption);
 
-// For tooltips, which interpret markup: escapes the text, so that it is displayed literally.
+// For tooltips, which interpret markup: escapes the text, so that it is displayed literally. Lines of up to 80
+// characters are not wrapped.
 QString PlainTooltip(const QString& text);
 
 }  // namespace quellbrook

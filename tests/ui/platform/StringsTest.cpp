@@ -3,6 +3,7 @@
 #include "ui/controls/Label.h"
 #include "ui/platform/Strings.h"
 
+#include <QLabel>
 #include <QTextDocument>
 
 namespace quellbrook::testing {
@@ -36,6 +37,20 @@ TEST(Strings, TooltipsShowExactlyTheseCharacters) {
     lines.setHtml(PlainTooltip("one\ntwo"));
     EXPECT_EQ(lines.toPlainText(), "one\ntwo");
     EXPECT_TRUE(PlainTooltip("").isEmpty());
+}
+
+TEST(Strings, OnlyTooltipsWithLongLinesAreWrapped) {
+    const auto linesOf = [](const QString& tooltip) {
+        QLabel label(tooltip);
+        label.setTextFormat(Qt::RichText);
+        label.setWordWrap(true);
+        return label.sizeHint().height() / label.fontMetrics().height();
+    };
+    EXPECT_EQ(linesOf(PlainTooltip("Audio recording, sleeve marked <b>LIVE</b> & numbered")), 1);
+    EXPECT_EQ(linesOf(PlainTooltip("Audio recording, sleeve marked\n<b>LIVE</b> & numbered")), 2);
+    EXPECT_GT(linesOf(PlainTooltip("The text has more than eighty characters, and each of its words is "
+                                   "needed, so it does not fit into one line of a tooltip.")),
+              1);
 }
 
 }  // namespace
