@@ -306,20 +306,6 @@ TEST_F(ShellLifecycle, AViewShownAgainFillsTheContentOfANewSize) {
     EXPECT_EQ(m_explorer->geometry(), QRect(0, 0, 1000, 660));
 }
 
-TEST_F(ShellLifecycle, AfterAnotherGateRunTheShellStartsInTheExplorerAndLeavesTheOldStores) {
-    Start();
-    GetActions().NavigateTo("cart", nullptr);
-    const StoresRecord old = GetStores();
-    m_shell->hide();
-    DiscardDispatcher();
-    DiscardStores();
-    m_shell->show();
-    EXPECT_EQ(GetStores().View->ViewName(), "explorer");
-    EXPECT_EQ(OnShow().back(), "explorer");
-    old.View->Handle({"VIEW_NAVIGATE_TO", std::make_shared<ViewState>("itemView", nullptr)});
-    EXPECT_EQ(OnShow().back(), "explorer");
-}
-
 TEST_F(ShellLifecycle, AChangeBeforeAnotherGateRunIsForgotten) {
     Start();
     m_shell->hide();
