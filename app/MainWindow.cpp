@@ -105,7 +105,7 @@ void MainWindow::LogIn(const QString& username, const QString& password) {
 
 void MainWindow::EnterEvidence() {
     SetDialogParent(this);
-    // The wizard leaves this window usable, but nobody can log in a second time.
+    // The wizard leaves this window usable, so disable a second login.
     m_login->setEnabled(false);
     const auto enableLogin = qScopeGuard([this] { m_login->setEnabled(true); });
     const bool entered = InitializeQuellbrook();

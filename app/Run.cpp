@@ -43,7 +43,7 @@ int ShowDepartment(const Options& options, const Department& department, const T
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
     if (options.tourDirectory)
         return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path, termination,
-                        options.uncategorized ? TourRoad::Categorization : TourRoad::Transfer);
+                        options.uncategorized ? TourScenario::Categorization : TourScenario::Department);
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);
     RestoreWindowSize(window, WindowSizeFile());

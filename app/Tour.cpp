@@ -14,14 +14,14 @@
 namespace quellbrook {
 
 int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
-             const Termination& termination, TourRoad road) {
+             const Termination& termination, TourScenario scenario) {
     if (termination.IsRequested()) return Termination::ExitCode;
     constexpr int keyPause = 2000;  // milliseconds
     window.showMaximized();
     // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
     QApplication::setKeyboardInputInterval(keyPause);
     TourPlayer player(window, directory, databasePath);
-    if (road == TourRoad::Categorization) {
+    if (scenario == TourScenario::Categorization) {
         PlanCategorizationScenario(player);
     } else {
         PlanExplorerScenario(player);

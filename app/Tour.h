@@ -9,11 +9,12 @@ namespace quellbrook {
 class MainWindow;
 class Termination;
 
-enum class TourRoad { Transfer, Categorization };
+// The work of a department, or the wizard that categorizes locations.
+enum class TourScenario { Department, Categorization };
 
-// Shows the window, plays this road in it and writes the pictures to the directory. Returns the exit code: 0; 1 if
+// Shows the window, plays the scenario in it and writes the pictures to the directory. Returns the exit code: 0; 1 if
 // a step fails; 143 after a signal.
 int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
-             const Termination& termination, TourRoad road = TourRoad::Transfer);
+             const Termination& termination, TourScenario scenario = TourScenario::Department);
 
 }  // namespace quellbrook

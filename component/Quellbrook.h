@@ -30,8 +30,8 @@ void ShowFocusRing(QWidget* control);
 void SetDialogParent(QWidget* window);
 
 // The access gate: returns whether the session's user may enter, after showing a refused user the reason. Drops the
-// batch and the view history of an earlier login. Destroy the EvidenceUI of that login before: its views would go on
-// showing the batch that was dropped.
+// batch and the view history of an earlier login. First destroy the EvidenceUI of that login; its views would keep
+// showing the dropped batch.
 bool InitializeQuellbrook();
 
 // The number of items in the open batch; 0 without a batch. A host asks the user before it logs out or ends with an

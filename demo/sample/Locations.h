@@ -25,7 +25,7 @@ private:
 
 // The sixty locations of the sample department.
 LocationTree MakeSmallTree();
-// Twenty-one uncategorized locations on three levels, each with a name of its own.
+// Twenty-one uncategorized locations on three levels with unique names.
 LocationTree MakeUncategorizedTree();
 
 // The number of locations of a generated department: one per twenty items, between 100 and 5,000.

@@ -135,7 +135,7 @@ TEST_F(MainWindowTest, ATourDoesNotBeginAfterASignal) {
     EXPECT_FALSE(QDir(pictures).exists());
 }
 
-TEST_F(MainWindowTest, NobodyLogsInASecondTimeWhileTheWizardIsOpen) {
+TEST_F(MainWindowTest, TheLoginFormIsDisabledWhileTheWizardIsOpen) {
     m_database->exec("UPDATE StorageLocation SET Type = 1 WHERE Name = 'Refrigerated Storage'");
     WizardScript script;
     script.completed = false;

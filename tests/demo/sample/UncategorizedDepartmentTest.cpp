@@ -29,8 +29,8 @@ TEST(UncategorizedDepartment, HasTwentyOneLocationsOnThreeLevelsWithoutACategory
         3);
 }
 
-// Two locations of one name could not both move to the top of one category.
-TEST(UncategorizedDepartment, EachLocationHasANameOfItsOwn) {
+// Two locations with the same name could not both move to the top of one category.
+TEST(UncategorizedDepartment, LocationsHaveUniqueNames) {
     EXPECT_EQ(TheDepartment().Number("SELECT COUNT(DISTINCT LOWER(Name)) FROM StorageLocation"), 21);
 }
 
