@@ -2,6 +2,7 @@
 
 #include "base/Screen.h"
 #include "core/Stores.h"
+#include "ui/common/PrintReport.h"
 #include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
@@ -96,8 +97,10 @@ void LocationTree::MakeMenu() {
     print->setObjectName("mnuPrint");
     m_mnuLocation->addAction("Edit This Location")->setObjectName("mnuEdit");
     connect(print, &QAction::triggered, this, [this] {
-        Guard([this] { PrintLabel(); },
+        bool hasPrinted = false;
+        Guard([&] { hasPrinted = PrintLabel(); },
               [](const Error& error) { ShowMessage(error.Description(), MessageStyle::Critical, "Error"); });
+        if (hasPrinted) Guard([] { ReportPrintedLabels(1); });
     });
     connect(m_mnuLocation, &QMenu::aboutToShow, this, [this] { Guard([this] { PrepareLocationMenu(); }); });
     connect(m_mnuExpandCollapse, &QAction::triggered, this, [this] {
@@ -318,10 +321,13 @@ QTreeWidgetItem* LocationTree::MenuNode() const {
     return m_treeView->DropHighlight() ? m_treeView->DropHighlight() : m_treeView->currentItem();
 }
 
-void LocationTree::PrintLabel() const {
+// Returns whether there was a location with a label.
+bool LocationTree::PrintLabel() const {
     const QTreeWidgetItem* node = MenuNode();
     const StorageLocationRef location = node ? LocationOf(node) : nullptr;
-    if (location && !location->IsRoot()) location->PrintBarcodeLabel();
+    if (!location || location->IsRoot()) return false;
+    location->PrintBarcodeLabel();
+    return true;
 }
 
 void LocationTree::PrepareLocationMenu() {

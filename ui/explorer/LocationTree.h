@@ -105,7 +105,7 @@ private:
     void OnRightReleased(QTreeWidgetItem* node);
     void OfferContextMenu(const std::optional<QPoint>& at = std::nullopt);
     void PrepareLocationMenu();
-    void PrintLabel() const;
+    bool PrintLabel() const;
     QTreeWidgetItem* MenuNode() const;
 
     void ApplyFrame();

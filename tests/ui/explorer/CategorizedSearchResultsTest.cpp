@@ -2,6 +2,7 @@
 
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ui/PaintCounter.h"
 #include "tests/ui/explorer/ExplorerTest.h"
 #include "ui/common/StatePanel.h"
 #include "ui/controls/FontIcon.h"
@@ -178,15 +179,7 @@ TEST_F(CategorizedSearchResultsTest, TheTextIsPassedOnAsTyped) {
 }
 
 TEST_F(CategorizedSearchResultsTest, TheCoverIsPaintedBeforeTheFirstSearch) {
-    class PaintCounter : public QObject {
-    public:
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint;
-            return false;
-        }
-    } paints;
-    Find<GroupBox>(*m_results, "grpSearching")->installEventFilter(&paints);
+    PaintCounter paints(*Find<GroupBox>(*m_results, "grpSearching"));
     const auto engine = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(engine);
     engine->FailAtStatement(1, lostServer);

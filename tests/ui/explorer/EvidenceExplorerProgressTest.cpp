@@ -1,4 +1,5 @@
 #include "tests/support/InterruptingEngine.h"
+#include "tests/support/ui/PaintCounter.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
 #include "ui/explorer/CategorizedSearchResults.h"
 
@@ -10,16 +11,6 @@ namespace {
 // What the screen shows while the database works.
 class EvidenceExplorerProgressTest : public ExplorerWindowTest {
 protected:
-    class PaintCounter : public QObject {
-    public:
-        int count = 0;
-        std::function<bool()> counts = [] { return true; };
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint && counts();
-            return false;
-        }
-    };
-
     EvidenceExplorerProgressTest() {
         m_database.Install(m_engine);
         Show();

@@ -1,4 +1,5 @@
 #include "data/BarcodeText.h"
+#include "tests/support/Callbacks.h"
 #include "tests/support/LabelServices.h"
 #include "tests/ui/explorer/LocationTreeTest.h"
 
@@ -32,7 +33,9 @@ TEST_F(LocationTreeTest, ARightClickOnARootRequestsItsMenu) {
 
 TEST_F(LocationTreeTest, ItsOwnMenuPrintsTheLabelOfTheNode) {
     LabelServices labels;
+    const auto actions = std::make_shared<RecordingCallback>();
     Show();
+    GetDispatcher()->Register(actions);
     ClickNode("Vault");
     auto* print = m_tree->LocationMenu()->findChild<QAction*>("mnuPrint");
     ASSERT_NE(print, nullptr);
@@ -57,6 +60,7 @@ TEST_F(LocationTreeTest, ItsOwnMenuPrintsTheLabelOfTheNode) {
     EXPECT_THAT(messages[0].prompt, ::testing::HasSubstr("Out of paper."));
     EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
     EXPECT_EQ(messages[0].title, "Error");
+    EXPECT_THAT(actions->Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
 }
 
 TEST_F(LocationTreeTest, ARightClickOnEmptySpaceRequestsNoMenu) {

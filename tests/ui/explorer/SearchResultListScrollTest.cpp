@@ -1,3 +1,4 @@
+#include "tests/support/ui/PaintCounter.h"
 #include "tests/ui/explorer/SearchResultListTest.h"
 
 namespace quellbrook::testing {
@@ -196,17 +197,9 @@ TEST_F(SearchResultListTest, TheWheelScrolls) {
 }
 
 TEST_F(SearchResultListTest, AScrollRepaintsTheListAtOnce) {
-    class PaintCounter : public QObject {
-    public:
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint;
-            return false;
-        }
-    } paints;
     m_list->SetItems(MakeItems(30));
     ServeEvents();
-    m_list->installEventFilter(&paints);
+    const PaintCounter paints(*m_list);
     Bar()->SetValue(1);
     EXPECT_EQ(paints.count, 1);
 }

@@ -7,6 +7,7 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/FocusCalls.h"
+#include "tests/support/ui/PaintCounter.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/View.h"
 #include "ui/platform/MousePointer.h"
@@ -56,19 +57,6 @@ public:
 
     std::function<void()> onShow;
     std::vector<std::shared_ptr<Dictionary>> parameters;
-};
-
-// Counts the paint events of one widget.
-class PaintCounter : public QObject {
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) ++count;
-        return false;
-    }
 };
 
 // A shell with fake views in a host window; hidden until Start.
