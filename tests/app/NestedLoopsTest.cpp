@@ -12,14 +12,13 @@
 #include "tests/support/ui/Scanner.h"
 #include "ui/common/Dialogs.h"
 #include "ui/common/ViewHelpers.h"
-#include "ui/common/WidgetScreen.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/ListView.h"
 #include "ui/explorer/EvidenceExplorer.h"
 #include "ui/explorer/LocationView.h"
+#include "ui/locations/SetupLocationsForm.h"
 #include "ui/platform/Guard.h"
 
-#include <QEventLoop>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
@@ -31,18 +30,11 @@
 namespace quellbrook::testing {
 namespace {
 
-// The real WidgetScreen with a wizard that runs until a test ends it. Records plain messages instead of showing them.
-class ScreenWithWizard : public WidgetScreen {
+// The component's screen, but records plain messages instead of showing them.
+class ScreenWithPlainMessages : public WizardScreen {
 public:
     void ShowPlainMessage(const std::string& text, const std::string&) override { plainMessages.push_back(text); }
-    std::unique_ptr<SetupWizard> RunSetupWizard() override {
-        struct CompletedWizard : SetupWizard {
-            bool Completed() const override { return true; }
-        };
-        loop.exec();
-        return std::make_unique<CompletedWizard>();
-    }
-    QEventLoop loop;
+
     std::vector<std::string> plainMessages;
 };
 
@@ -172,13 +164,25 @@ protected:
         case Loop::ContextMenu:
             if (m_menu) m_menu->close();
             return;
-        case Loop::GateWait:
-            m_database->exec("UPDATE StorageLocation SET Type = 16 WHERE Type = 1");
-            HostLocationData().Reload();
-            m_widgetScreen.loop.quit();
-            return;
+        case Loop::GateWait: return CompleteWizard();
         case Loop::ChainBuild: return;
         }
+    }
+
+    static QWidget* Wizard() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == "frmSetupLocationsWizard") return window;
+        return nullptr;
+    }
+
+    // Ticks the one location on the first page. The second page has nothing left to tick.
+    static void CompleteWizard() {
+        const QPointer<QWidget> wizard = Wizard();
+        ASSERT_NE(wizard, nullptr);
+        Click(Find(*wizard, "lnkSelectAll"));
+        Click(Find(*wizard, "btnNext"));
+        Click(Find(*wizard, "btnNext"));
+        EXPECT_FALSE(wizard && wizard->isVisible());
     }
 
     static void ClickInDialog(size_t button) {
@@ -226,7 +230,7 @@ protected:
     // At the gate there is no listener yet, and the page of an item has none.
     void ScanItem(const StoredItem& item) {
         ServeEvents();
-        ASSERT_EQ(QApplication::activeWindow(), HasDialog() ? QApplication::activeModalWidget() : m_window.get());
+        ASSERT_EQ(QApplication::activeWindow(), ExpectedActiveWindow());
         if (m_form) m_form->field->setFocus();
         TypeAsScanner(MakeBarcodeText("P", item.ID()));
         const bool hasListener = TheLoop() != Loop::GateWait && TheLoop() != Loop::ChainBuild;
@@ -234,6 +238,11 @@ protected:
         if (!m_form) return;
         EXPECT_EQ(m_form->field->text(), "");
         EXPECT_TRUE(m_form->field->hasFocus());
+    }
+
+    QWidget* ExpectedActiveWindow() const {
+        if (TheLoop() == Loop::GateWait) return Wizard();
+        return HasDialog() ? QApplication::activeModalWidget() : m_window.get();
     }
 
     // A dialog is the active window.
@@ -247,7 +256,7 @@ protected:
         return widget && widget->isVisible();
     }
 
-    ScreenWithWizard m_widgetScreen;
+    ScreenWithPlainMessages m_widgetScreen;
     std::optional<ManualTimers> m_timers;
     QPointer<PlainForm> m_form;
     QPointer<QMenu> m_menu;
