@@ -50,6 +50,7 @@ TrackingResult::TrackingResult(QWidget* parent) : Control(parent) {
     m_to = AddLabel("lblTo", "To", NameLeft, SecondLine, true);
     m_location = AddLabel("lblLocation", "Location", 0, FirstLine, true);
     m_reason = AddLabel("lblReason", "Reason", 0, SecondLine, false);
+    for (Label* label : {m_location, m_reason}) label->SetTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_separator = new Line(this);
     m_separator->setObjectName("lnSeparator");
     SetHeight(RowHeight);

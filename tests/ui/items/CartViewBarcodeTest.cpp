@@ -73,6 +73,19 @@ TEST_F(CartViewBarcodeTest, AScanThatFailsIsUnexpectedAndChangesNothing) {
     EXPECT_THAT(m_screen.TakeMessages(), IsEmpty());
 }
 
+TEST_F(CartViewBarcodeTest, AnItemThatCannotBeAddedIsNotAnnounced) {
+    const StoredItemRef phone = AddProperty("2026-0417-04", "Telephone", shelf);
+    GetDispatcher()->Register(std::make_shared<FunctionCallback>("Failing", [](const Action& action) {
+        if (action.ActionType == ActionTypes::CART_ADD_ITEMS)
+            Raise(ErrorNumber::General, "Failing", "The batch is full.");
+    }));
+    int reported = 0;
+    m_environment->reportUnexpected = [&](const Error&) { ++reported; };
+    ScanAndWait("P", phone->ID());
+    EXPECT_EQ(reported, 1);
+    EXPECT_THAT(m_actions->Notices(), IsEmpty());
+}
+
 TEST_F(CartViewBarcodeTest, AnItemOfTheBatchIsNotAddedTwice) {
     ScanAndWait("P", m_bar->ID());
     ScanAndWait("P", m_bar->ID());

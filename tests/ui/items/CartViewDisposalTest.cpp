@@ -63,8 +63,10 @@ TEST_F(CartViewDisposalTest, WritesTheCustodyRowsTheNoteAndTheStatusOfEveryItem)
     const StoredItemRef car = AddVehicle("KTR4821", shelf);
     BeginDisposal({m_bar, car});
     m_clock.Set(DateTime::FromParts({2026, 11, 20, 13, 14, 15, 123}));
-    WhileFormOpen<frmFinalDisposition>(
-        [](frmFinalDisposition& form) { Save(form, "Owner's receipt:\nnumber 7; 'signed'"); });
+    WhileFormOpen<frmFinalDisposition>([this](frmFinalDisposition& form) {
+        m_clock.Advance(60'000);  // the time of the click counts
+        Save(form, "Owner's receipt:\nnumber 7; 'signed'");
+    });
     Click(Transfer());
     EXPECT_TRUE(m_screen.Messages().empty());
     ExpectDisposed("Property", m_bar, "Owner's receipt:\r\nnumber 7; 'signed'");

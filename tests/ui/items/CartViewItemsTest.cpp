@@ -24,6 +24,7 @@ TEST_F(CartViewTest, EscapeAndAltLeftGoBackAndLeaveTheBatchOpen) {
         for (const bool withEscape : {true, false}) {
             GetActions().NavigateTo(ViewNames::Cart, nullptr);
             control->setFocus();
+            ASSERT_TRUE(HasFocus(control)) << control->objectName().toStdString();
             Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
             EXPECT_FALSE(IsCurrent()) << control->objectName().toStdString() << " " << withEscape;
         }
@@ -128,6 +129,14 @@ TEST_F(CartViewTest, RemovingAsksAndRemovesTheItem) {
     EXPECT_EQ(Text("lblItemCount"), " (1)");
     EXPECT_EQ(List()->SelectedItem(), m_bar);
     EXPECT_TRUE(IsCurrent());
+}
+
+TEST_F(CartViewTest, RemovingWithoutASelectedItemIsUnexpected) {
+    std::vector<int32_t> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Number()); };
+    Entry("mnuRemove")->trigger();
+    EXPECT_EQ(reported, std::vector<int32_t>{ErrorNumber::NullObject});
+    EXPECT_TRUE(m_screen.Messages().empty());
 }
 
 TEST_F(CartViewTest, TheQuestionNamesAVehicle) {

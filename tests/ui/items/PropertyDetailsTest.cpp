@@ -6,6 +6,7 @@
 #include "tests/support/RecordingThumbnails.h"
 #include "tests/support/ui/SmallDepartment.h"
 #include "tests/support/ui/Widgets.h"
+#include "ui/controls/FontIcon.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/PictureBox.h"
 #include "ui/platform/Pictures.h"
@@ -59,6 +60,17 @@ protected:
     QWidget m_window;
     PropertyDetails* m_details = nullptr;
 };
+
+TEST_F(PropertyDetailsTest, EachBlockHasItsIconBesideItsCaption) {
+    Show({});
+    QStringList names;
+    for (const FontIcon* icon : FindAll<FontIcon>(*m_details, "imgIcon")) {
+        names += icon->IconName();
+        QWidget* block = icon->parentWidget();
+        EXPECT_LT(icon->Right(), Find<Label>(*block, "lblCaption")->Left());
+    }
+    EXPECT_EQ(names, (QStringList{"basic", "identifiers", "notes"}));
+}
 
 TEST_F(PropertyDetailsTest, ShowsTheFields) {
     Show({.CategoryNo = 5,

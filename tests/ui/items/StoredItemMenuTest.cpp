@@ -257,6 +257,7 @@ TEST_F(StoredItemMenuTest, AFailureToBeginATransactionIsReported) {
     EXPECT_THAT(message.prompt, ::testing::HasSubstr("No batch today."));
     EXPECT_EQ(message.buttons, 16);
     EXPECT_EQ(message.title, "Error");
+    EXPECT_FALSE(IsStripShown());
 }
 
 TEST_F(StoredItemMenuTest, WithoutAnItemEachCommandIsAnError) {
@@ -278,7 +279,6 @@ TEST_F(StoredItemMenuTest, WithoutAnItemEachCommandIsAnError) {
 
 TEST_F(StoredItemMenuTest, FollowsTheStoresOfTheLatestItem) {
     Begin(TransactionType::SignOut, {m_laptop});
-    const std::shared_ptr<CartStore> old = Cart();
     DiscardDispatcher();
     DiscardStores();
     GetStores();

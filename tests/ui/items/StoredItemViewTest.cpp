@@ -62,6 +62,13 @@ TEST_F(StoredItemViewTest, ShowsTheItemsHeadingAndChain) {
     EXPECT_EQ(Find<Label>(*Tracking()->Rows().front(), "lblTo")->Caption(), "Raman, Priya");
 }
 
+TEST_F(StoredItemViewTest, BeforeTheFirstItemTheHeadingShowsItsCaptions) {
+    EXPECT_EQ(LabelOf("lblID")->Caption(), "Identifier");
+    EXPECT_EQ(LabelOf("lblDescription")->Caption(), "Description");
+    EXPECT_EQ(Find<StatusTag>(*m_view, "tagStatus")->Caption(), "Unknown");
+    EXPECT_EQ(LabelOf("lblLocation")->Caption(), "Location");
+}
+
 TEST_F(StoredItemViewTest, AVehicleShowsItsHeadingAndABlankDetailsPage) {
     Open(m_laptop);
     Open(AddVehicle("KTR4821", shelf));

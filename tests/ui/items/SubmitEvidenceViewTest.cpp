@@ -84,6 +84,7 @@ TEST_F(SubmitEvidenceViewTest, FindsItemsThatAreNotInStorageByEachNumber) {
     const std::tuple<Types, const char*, std::vector<QString>> searches[] = {
         {Types::PropertyID, "2026-0431-02", {"2026-0431-02"}},
         {Types::PropertyID, "2026-0431-09", {}},
+        {Types::PropertyID, " 2026-0431-02", {}},
         {Types::VehicleTag, "LVN2077*", {"LVN2077 (OR)"}},
         {Types::IncidentId, "2026-0388", {"LVN2077 (OR)"}},
         {Types::CaseNumber, "C-26-1182", {"2026-0431-01", "2026-0431-02", "LVN2077 (OR)"}},
@@ -177,8 +178,11 @@ TEST_F(SubmitEvidenceViewTest, TheHandCursorIsOverTheCheckMarksOnly) {
     EXPECT_EQ(moveTo(CellOf(0, Description).center()), Qt::ArrowCursor);
     EXPECT_EQ(moveTo(CellOf(2, CheckMark).center()), Qt::PointingHandCursor);
     EXPECT_EQ(moveTo(CellOf(2, CheckMark).center() + QPoint(0, 60)), Qt::ArrowCursor) << "below the rows";
-    Tick("2026-0431-01");
-    EXPECT_EQ(Tree()->viewport()->cursor().shape(), Qt::PointingHandCursor);
+    for (const auto& button : {MousePress, MouseRelease}) {
+        Tree()->viewport()->unsetCursor();
+        button(Tree()->viewport(), CellOf(0, CheckMark).center(), Qt::LeftButton);
+        EXPECT_EQ(Tree()->viewport()->cursor().shape(), Qt::PointingHandCursor);
+    }
     EXPECT_EQ(SelectAll()->cursor().shape(), Qt::PointingHandCursor);
 }
 
@@ -282,6 +286,15 @@ TEST_F(SubmitEvidenceViewTest, TheViewCanBeDestroyedWhileItSubmits) {
     EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Cart);
 }
 
+TEST_F(SubmitEvidenceViewTest, TheViewCanBeDestroyedWhenTheBatchBegins) {
+    SearchIncident();
+    Click(SelectAll());
+    const Subscription changed = Cart()->OnChange.connect([this] { delete std::exchange(m_view, nullptr); });
+    Click(Submit());
+    EXPECT_EQ(m_view, nullptr);
+    EXPECT_EQ(Cart()->GetItems()->Count(), 3);
+}
+
 TEST_F(SubmitEvidenceViewTest, CloseGoesBackWithoutATransaction) {
     SearchIncident();
     Tick("2026-0431-01");
@@ -299,6 +312,8 @@ TEST_F(SubmitEvidenceViewTest, EscapeAndAltLeftGoBackFromEveryControl) {
         for (const bool withEscape : {true, false}) {
             GetActions().NavigateTo(ViewNames::SubmitNewEvidence, nullptr);
             control->setFocus();
+            const QWidget* focused = QApplication::focusWidget();
+            ASSERT_TRUE(focused == control || control->isAncestorOf(focused)) << control->objectName().toStdString();
             Press(withEscape ? Qt::Key_Escape : Qt::Key_Left, withEscape ? Qt::NoModifier : Qt::AltModifier);
             EXPECT_EQ(GetStores().View->ViewName(), ViewNames::Explorer)
                 << control->objectName().toStdString() << " " << withEscape;

@@ -193,6 +193,14 @@ TEST_F(TrackingListTest, AnOverflowOfLessThanARowScrollsByTheTwip) {
     EXPECT_EQ(Bar()->geometry(), QRect(800 - Bar()->width(), 0, Bar()->width(), 4 * RowPixels - 30));
 }
 
+TEST_F(TrackingListTest, AnOverflowOfOneRowScrollsByTheRow) {
+    Resize(800, 4 * RowPixels);
+    m_list->SetRecords(Records(5));
+    EXPECT_EQ(Bar()->Max(), 1140);
+    EXPECT_EQ(Bar()->SmallChange(), 1140);
+    EXPECT_EQ(Bar()->LargeChange(), 1140);
+}
+
 TEST_F(TrackingListTest, ALargerOverflowScrollsByTheRow) {
     Show(Records(12));
     EXPECT_EQ(Bar()->Max(), 12 * 1140 - 400 * 15);

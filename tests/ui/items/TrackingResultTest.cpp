@@ -157,6 +157,32 @@ TEST_F(TrackingResultTest, ALongLocationAndReasonLeaveTheNamesTheirSpace) {
     EXPECT_EQ(TooltipAt(LabelOf("lblLocation"), QPoint(5, 5)), "");
 }
 
+TEST_F(TrackingResultTest, ALocationAndAReasonThatAreCutEndAtTheRightMargin) {
+    const int32_t building = m_database.AddLocation(std::string(300, 'W'), StorageLocationTypes::Internal);
+    m_database.AddCode(CodeTable::CustodyReason, 3, std::string(300, 'W'));
+    ShowActive(m_row);
+    for (int width = 700; width < 720; ++width) {
+        m_row.SetWidth(ToTwips(width));
+        Show({.CustodyReasonNo = 3, .StorageLocNo = building});
+        for (const char* name : {"lblLocation", "lblReason"}) {
+            const QImage text = Grab(*LabelOf(name));
+            int last = 0;
+            for (int y = 0; y < text.height(); ++y)
+                for (int x = last; x < text.width(); ++x)
+                    if (text.pixel(x, y) != text.pixel(text.width() - 1, 0)) last = x;
+            EXPECT_GT(last, text.width() - 4) << name << " " << width;
+        }
+    }
+}
+
+TEST_F(TrackingResultTest, BeforeTheFirstRecordARowShowsItsCaptions) {
+    for (const auto& [name, caption] :
+         {std::pair("lblDate", "Date"), std::pair("lblTime", "Time"), std::pair("lblFrom", "From"),
+          std::pair("lblTo", "To"), std::pair("lblLocation", "Location"), std::pair("lblReason", "Reason")})
+        EXPECT_EQ(Text(name), caption);
+    EXPECT_EQ(Find<ActionTag>(m_row, "tagStatus")->Caption(), "Unknown");
+}
+
 TEST_F(TrackingResultTest, ALongNameAndALongLocationShareTheSpace) {
     m_database.AddPerson(13, std::string(300, 'x'));
     const int32_t building = m_database.AddLocation(std::string(300, 'x'), StorageLocationTypes::Internal);

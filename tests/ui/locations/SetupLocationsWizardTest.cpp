@@ -1,6 +1,7 @@
 #include "tests/ui/locations/SetupLocationsWizardTest.h"
 
 #include "tests/support/FaultInjectingEngine.h"
+#include "ui/controls/FontIcon.h"
 #include "ui/platform/Guard.h"
 #include "ui/platform/MousePointer.h"
 
@@ -83,6 +84,7 @@ TEST_F(SetupLocationsWizardTest, WithoutUncategorizedLocationsTheFirstPageFinish
     Open();
     EXPECT_TRUE(IsShown("picNoLocations"));
     EXPECT_FALSE(IsShown("lvwLocations"));
+    EXPECT_EQ(Find<FontIcon>(*m_wizard, "Label1")->IconName(), "check");
     EXPECT_EQ(Text("Label3"), "All Locations Assigned");
     EXPECT_EQ(Text("Label2"), "All of your storage locations have been assigned to a valid storage category.");
     EXPECT_EQ(Caption("btnNext"), "FINISH");
@@ -244,14 +246,17 @@ TEST_F(SetupLocationsWizardTest, NothingIsWrittenBeforeTheEnd) {
 }
 
 TEST_F(SetupLocationsWizardTest, AFailureToLoadTheFirstPageIsReported) {
-    std::vector<std::string> reported;
-    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error.Description()); };
+    std::vector<Error> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error); };
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
     faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
     Open();
     ServeEvents();
-    EXPECT_THAT(reported, ElementsAre("Error loading locations: The link is down."));
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_EQ(reported[0].Number(), 7);
+    EXPECT_EQ(reported[0].Source(), "Engine");
+    EXPECT_EQ(reported[0].Description(), "Error loading locations: The link is down.");
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
     EXPECT_FALSE(IsShown("btnNext"));
 }
