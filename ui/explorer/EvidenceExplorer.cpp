@@ -108,9 +108,7 @@ void EvidenceExplorer::ConnectPanes() {
         // A tree that is read again during a search has no selection to show.
         if (location || !m_searchResultPane->IsShown()) DisplayCurrentLocation();
     });
-    m_locationPane->ClickedAgain.connect([this] {
-        if (!m_itemPane->Location()) DisplayCurrentLocation();  // it could not be read
-    });
+    m_locationPane->ClickedAgain.connect([this] { DisplayUnlessShown(SelectedLocation()); });
     m_locationPane->GetContextMenu.connect([this](QMenu*& contextMenu, QAction*& defaultMenu) {
         OfferMenu(MenuSource::LocationPane, m_locationPane, contextMenu, defaultMenu);
     });
@@ -183,8 +181,16 @@ void EvidenceExplorer::Bind(MenuEntry entry, std::function<void()> command) {
 const StorageLocationRef& EvidenceExplorer::SelectedLocation() const { return m_locationPane->SelectedLocation(); }
 
 void EvidenceExplorer::SetSelectedLocation(const StorageLocationRef& location) {
+    if (DisplayUnlessShown(location)) return;
     m_locationPane->SetSelectedLocation(location);
     if (!location) DisplayCurrentLocation();
+}
+
+bool EvidenceExplorer::DisplayUnlessShown(const StorageLocationRef& location) {
+    const StorageLocationRef selected = SelectedLocation();
+    if (!location || !selected || !selected->IsSame(location.get()) || m_itemPane->Location()) return false;
+    DisplayCurrentLocation();
+    return true;
 }
 
 void EvidenceExplorer::Shown() {
@@ -219,6 +225,7 @@ void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
 void EvidenceExplorer::OpenItemRequest(const ObjectRef& item) {
     const QPointer<EvidenceExplorer> self(this);
     if (const auto location = std::dynamic_pointer_cast<StorageLocation>(item)) {
+        if (DisplayUnlessShown(location)) return;
         const auto keepFocus = KeepFocus();
         try {
             m_itemPane->SetLocation(location);

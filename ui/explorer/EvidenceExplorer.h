@@ -76,6 +76,8 @@ private:
     void MakeBarcodeListener();
 
     void DisplayCurrentLocation();
+    // Displays the location if it is selected but could not be read. Otherwise returns false.
+    bool DisplayUnlessShown(const StorageLocationRef& location);
     void DisplayNoLocation();
     void DisplayLocation(const StorageLocationRef& location, int& step);
     void ShowCounts(StorageLocation& location);

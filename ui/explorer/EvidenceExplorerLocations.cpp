@@ -22,7 +22,8 @@ void EvidenceExplorer::RefreshPanes() {
     const QPointer<EvidenceExplorer> self(this);
     const auto keepFocus = KeepFocus();
     m_locationPane->Refresh();
-    if (self) RefreshContents(&LocationView::Refresh);
+    // A pane that shows no location has failed just now, and has reported it.
+    if (self && m_itemPane->Location()) RefreshContents(&LocationView::Refresh);
 }
 
 void EvidenceExplorer::PromptAddLocation(const StorageLocationRef& parent) {

@@ -226,6 +226,7 @@ void SearchResultList::UpdateScrollBar() {
         } else {
             m_vertScroll->hide();
             m_vertScroll->SetValue(0);
+            ShowScrollPosition();  // a row that was clipped may have moved the container
         }
         if (m_vertScroll->Value() != before) ShowScrollPosition();
     });

@@ -89,6 +89,7 @@ TEST_F(CategorizedSearchResultsTest, ANumberOfTwoKindsGivesTwoCategoriesAndShows
     EXPECT_EQ(Text("lblResultCount"), "1 Result");
     EXPECT_THAT(Shown(), ElementsAre("26-100"));
     EXPECT_TRUE(IsShown("lnkMoreResults"));
+    EXPECT_EQ(Find<Link>(*m_results, "lnkMoreResults")->Caption(), "More Results");
     EXPECT_TRUE(IsShown("imgDownArrow"));
     EXPECT_EQ(Find<FontIcon>(*m_results, "imgDownArrow")->IconName(), "chevron");
     EXPECT_EQ(m_results->SelectedItem()->ID(), m_first);
@@ -185,6 +186,9 @@ TEST_F(CategorizedSearchResultsTest, TheCoverIsPaintedBeforeTheFirstSearch) {
     engine->FailAtStatement(1, lostServer);
     EXPECT_EQ(RaisedBy([&] { m_results->ExecuteQuery("26-100"); }).Number(), 4711);
     EXPECT_EQ(paints.count, 1);
+    const auto* message = Find<StatePanel>(*m_results, "grpMessage");
+    EXPECT_EQ(message->Title()->Caption(), "Searching...");
+    EXPECT_EQ(message->Sentence()->Caption(), "Please wait. This may take a few moments. ");
 }
 
 TEST_F(CategorizedSearchResultsTest, AFailedSearchStaysCoveredUntilTheNextOne) {

@@ -114,6 +114,49 @@ TEST_F(EvidenceExplorerFailureTest, AClickOnTheSelectedNodeShowsTheLocationAgain
     EXPECT_EQ(m_list->RowCount(), 3) << "the displayed location is not read again";
 }
 
+TEST_F(EvidenceExplorerFailureTest, OpeningTheSelectedNodeShowsTheLocationAgain) {
+    const std::function<void()> attempts[] = {
+        [this] { NodeMenu("Shelf A", Choose(MenuEntry::Open)); },
+        [this] { m_explorer->SetSelectedLocation(LocationOf(m_shelf)); },
+    };
+    for (const auto& attempt : attempts) {
+        Show();
+        const StorageLocationRef shelf = LocationOf(m_shelf);
+        FailAtQuery(1);
+        m_explorer->SetSelectedLocation(shelf);
+        EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+        attempt();
+        EXPECT_EQ(Title(), "Shelf A");
+        EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
+        EXPECT_EQ(m_list->RowCount(), 3);
+    }
+}
+
+TEST_F(EvidenceExplorerFailureTest, AnOutageDuringADeletionIsReportedOnce) {
+    bool struck = true;
+    int failures = 0;
+    for (int n = 1; struck; ++n) {
+        struck = false;
+        const std::string name = "Crate " + std::to_string(n);
+        AddLocation(name, m_shelf);
+        Show(m_shelf);
+        ClickRow(QString::fromStdString(name));
+        FailAtQuery(n);
+        m_screen.WhileMessageOpen = [&](const RecordingScreen::Message& message) {
+            if (message.buttons == MessageStyle::YesNoQuestion) return;
+            struck = true;
+            m_engine->FailAtStatement(1, lostServer);  // the outage lasts
+        };
+        m_screen.AnswerNext(MessageAnswer::Yes);
+        m_explorer->Menu()->Entry(MenuEntry::DeleteLocation)->trigger();
+        EXPECT_EQ(m_screen.TakeMessages().size(), struck ? 2u : 1u) << n;
+        EXPECT_THAT(TakeUnexpected(), IsEmpty()) << n;
+        failures += struck;
+        m_engine->Disarm();
+    }
+    EXPECT_GT(failures, 4);
+}
+
 TEST_F(EvidenceExplorerFailureTest, TheNextRefreshShowsTheLocationAgain) {
     Show();
     const StorageLocationRef shelf = LocationOf(m_shelf);

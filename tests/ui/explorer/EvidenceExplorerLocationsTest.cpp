@@ -244,8 +244,11 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationInUseIsNotDeleted) {
     m_widget->setFocus();
     const auto nodes = NodeNames();
     m_screen.WhileMessageOpen = [this](const auto& message) {
-        if (message.buttons == yesNoQuestion) m_database.AddLocation("Annex", StorageLocationTypes::Internal);
+        if (message.buttons != yesNoQuestion) return;
+        m_database.AddLocation("Annex", StorageLocationTypes::Internal);
+        AddItem("E-9", m_shelf);
     };
+    const auto rows = RowNames();
     m_screen.AnswerNext(MessageAnswer::Yes);
     Run(MenuEntry::DeleteLocation);
     const auto messages = m_screen.TakeMessages();
@@ -255,6 +258,7 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationInUseIsNotDeleted) {
                                         "sublocations) is currently in use.",
                                         16, "Error"}));
     EXPECT_EQ(NodeNames(), nodes) << "neither pane is read again";
+    EXPECT_EQ(RowNames(), rows);
     EXPECT_EQ(Title(), "Shelf A");
 }
 

@@ -77,6 +77,13 @@ TEST_F(EvidenceExplorerSearchTest, EnterInAnEmptyBoxDoesNothing) {
     EXPECT_TRUE(Edit()->hasFocus());
 }
 
+TEST_F(EvidenceExplorerSearchTest, BlanksAreSearchedAsTheyAreTyped) {
+    for (const char* text : {" E-1 ", " "}) {
+        Search(text);
+        EXPECT_EQ(Subtitle(), std::string("Showing stored items matching '") + text + "'");
+    }
+}
+
 TEST_F(EvidenceExplorerSearchTest, AHeldEnterSearchesOnceAndOpensNothing) {
     Edit()->setFocus();
     m_box->SetText("E-1");

@@ -55,6 +55,11 @@ protected:
 TEST_F(ExplorerHeadingTest, ALocationCanBeEditedDeletedAndPrinted) {
     ShowShelf();
     EXPECT_THAT(Links(), ElementsAre("EditLocation", "DeleteLocation", "PrintLocationBarcode"));
+    for (const auto& [name, caption] :
+         {std::pair("lnkEditLocation", "Edit"), std::pair("lnkDeleteLocation", "Delete"),
+          std::pair("lnkAddLocation", "Create Location"), std::pair("lnkPrintLocationBarcode", "Print Location Label")})
+        EXPECT_EQ(Find<Link>(*m_explorer, name)->Caption(), caption);
+    EXPECT_EQ(Find<FlatButton>(*m_explorer, "btnAddEvidence")->Caption(), "Add Evidence");
 }
 
 TEST_F(ExplorerHeadingTest, ARootTakesNewLocations) {

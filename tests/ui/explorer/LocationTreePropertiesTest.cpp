@@ -52,9 +52,17 @@ TEST_F(LocationTreeTest, NodesLoadedAfterwardsHaveTheColorsSet) {
 
 TEST_F(LocationTreeTest, AppearanceAndBorderStyleFrameTheTree) {
     Make();
+    const auto isCoverFramed = [this] {
+        auto* cover = Find<GroupBox>(*m_tree, "picLoading");
+        cover->resize(100, 100);
+        const QImage image = Grab(*cover);
+        return image.pixel(0, 50) != image.pixel(5, 5);
+    };
     EXPECT_EQ(m_widget->frameShape(), QFrame::StyledPanel);
+    EXPECT_TRUE(isCoverFramed());
     m_tree->SetAppearance(0);
     EXPECT_EQ(m_widget->frameShape(), QFrame::Box);
+    EXPECT_FALSE(isCoverFramed());
     m_tree->SetBorderStyle(0);
     EXPECT_EQ(m_widget->frameShape(), QFrame::NoFrame);
 }

@@ -198,7 +198,11 @@ TEST_F(LocationTreeTest, AFailedLoadIsRaisedAndKeepsTheTreeHidden) {
         EXPECT_EQ(error.Description(), "LoadLocations: Error loading storage locations - The server is gone.");
     }
     EXPECT_FALSE(m_widget->isVisible());
-    EXPECT_TRUE(Find<GroupBox>(*m_tree, "picLoading")->isVisible());
+    auto* cover = Find<GroupBox>(*m_tree, "picLoading");
+    EXPECT_TRUE(cover->isVisible());
+    EXPECT_EQ(cover->geometry(), m_tree->rect());
+    const QPoint center = Find<GroupBox>(*cover, "picLoadingMessage")->geometry().center();
+    EXPECT_LE((center - cover->rect().center()).manhattanLength(), 2);
     EXPECT_EQ(Find<Label>(*m_tree, "lblLoadTitle")->Caption(), "Loading Locations");
     EXPECT_EQ(Find<Label>(*m_tree, "lblLoadMessage")->Caption(), "Please wait a moment...");
     EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);

@@ -1,5 +1,7 @@
 #include "tests/ui/explorer/LocationViewTest.h"
 
+#include "ui/platform/MousePointer.h"
+
 #include <QContextMenuEvent>
 
 #include <gmock/gmock.h>
@@ -32,8 +34,12 @@ TEST_F(LocationViewTest, ControlAInTheListSelectsEveryRow) {
     Show(m_shelf);
     Press(m_list->Tree(), Qt::Key_A);
     EXPECT_NE(m_view->SelectedItems()->Count(), 5);
+    std::vector<int> pointers;
+    QObject::connect(m_list->Tree(), &QTreeWidget::itemSelectionChanged, m_list,
+                     [&] { pointers.push_back(GetMousePointer()); });
     Press(m_list->Tree(), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(m_view->SelectedItems()->Count(), 5);
+    EXPECT_THAT(pointers, ::testing::Each(MousePointer::Default));
 }
 
 TEST_F(LocationViewTest, ADoubleClickOpensTheRow) {

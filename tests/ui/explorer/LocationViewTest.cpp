@@ -5,6 +5,7 @@
 #include "ui/common/PropertyBag.h"
 #include "ui/common/ViewHelpers.h"
 #include "ui/controls/GroupBox.h"
+#include "ui/controls/Label.h"
 #include "ui/platform/Twips.h"
 #include "ui/style/Theme.h"
 
@@ -165,6 +166,9 @@ TEST_F(LocationViewTest, ShowsTheListOrTheEmptyPanel) {
     Show(m_empty);
     EXPECT_FALSE(m_list->IsShown());
     EXPECT_TRUE(noItems->IsShown());
+    QStringList texts;
+    for (const Label* label : noItems->findChildren<Label*>()) texts += label->Caption();
+    EXPECT_EQ(texts, (QStringList{"No items here.", "There are no items currently stored in this location."}));
     EXPECT_FALSE(m_view->isEnabled());
 
     m_view->SetLocation(nullptr);

@@ -147,6 +147,29 @@ TEST_F(SearchResultListTest, AClippedLastRowIsNudgedIntoViewAndTheFirstOneBack) 
     EXPECT_EQ(Container()->Top(), 0);
 }
 
+TEST_F(SearchResultListTest, AListThatGrowsUntilAllFitsStartsAtItsFirstRow) {
+    SetHeightInRows(4.2);
+    m_list->SetItems(MakeItems(5));
+    for (int i = 0; i < 4; ++i) Press(m_list, Qt::Key_Down);
+    ASSERT_LT(Container()->Top(), 0);
+    SetHeightInRows(6);
+    EXPECT_FALSE(Bar()->IsShown());
+    EXPECT_EQ(Container()->Top(), 0);
+}
+
+TEST_F(SearchResultListTest, AKeyRepaintsTheTwoRowsThatItChanges) {
+    m_list->SetItems(MakeItems(4));
+    Press(m_list, Qt::Key_Down);
+    ServeEvents();
+    int painted = 0;
+    std::vector<std::unique_ptr<PaintCounter>> counters;
+    for (const auto& row : m_list->Rows()) counters.push_back(std::make_unique<PaintCounter>(*row));
+    Press(m_list, Qt::Key_Down);
+    ServeEvents();
+    for (const auto& counter : counters) painted += counter->count > 0;
+    EXPECT_EQ(painted, 2);
+}
+
 TEST_F(SearchResultListTest, ReturningToTheTopUndoesTheNudge) {
     SetHeightInRows(4.2);
     m_list->SetItems(MakeItems(9));

@@ -42,6 +42,10 @@ TEST_F(SearchResultRowTest, ShowsNothingBeforeTheFirstItem) {
     EXPECT_EQ(m_row.Item(), nullptr);
     EXPECT_FALSE(m_row.InCart());
     EXPECT_EQ(m_row.TypeName(), "searchResult");
+    EXPECT_EQ(Text("lblID"), "Identifier");
+    EXPECT_EQ(Text("lblDescription"), "Description");
+    EXPECT_EQ(Status()->Caption(), "Unknown");
+    EXPECT_EQ(Text("lblLocation"), "Location");
 }
 
 TEST_F(SearchResultRowTest, ShowsWhatTheItemIs) {

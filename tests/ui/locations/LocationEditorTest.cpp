@@ -4,6 +4,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/GeometryWalk.h"
 #include "tests/support/ui/WhileFormOpen.h"
+#include "ui/controls/FontIcon.h"
 #include "ui/platform/MousePointer.h"
 
 #include <QAbstractItemView>
@@ -91,6 +92,19 @@ TEST_F(LocationEditorTest, AnAdditionCreatesTheLocationInTheContainer) {
     ExpectSaved();
     EXPECT_EQ(m_form->Location()->Name(), " Crate ");
     EXPECT_EQ(m_tree.Row(m_form->Location()->ID()), " Crate  2 /0/1/2/");
+}
+
+TEST_F(LocationEditorTest, ARenameKeepsTheTextAsItStands) {
+    Edit(m_tree.bin);
+    SetName(" Tub ");
+    Press("btnSave");
+    ExpectSaved();
+    EXPECT_EQ(m_tree.Row(m_tree.bin), " Tub  2 /0/1/");
+}
+
+TEST_F(LocationEditorTest, TheTitleHasTheIconOfALocation) {
+    Edit(m_tree.bin);
+    EXPECT_EQ(Find<FontIcon>(*m_form, "Image1")->IconName(), "location");
 }
 
 TEST_F(LocationEditorTest, AnAdditionUnderARootIsAtTheTopOfItsCategory) {
