@@ -5,8 +5,10 @@
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/WithDialect.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace quellbrook {
 
@@ -123,6 +125,29 @@ TEST_F(StoredItemSearchTest, EachNumberSearchesItsColumn) {
     EXPECT_EQ(search(NumberSearchTypes::PropertyPK, std::to_string(m_knife)), Found{P(m_knife)});
     EXPECT_EQ(search(NumberSearchTypes::VehiclePK, std::to_string(m_car)), Found{V(m_car)});
     EXPECT_EQ(search(NumberSearchTypes::VehiclePK, " " + std::to_string(m_car)), Found{V(m_car)});
+}
+
+TEST_F(StoredItemSearchTest, ANumberIsAPatternWhereEqualityWouldNotIgnoreCase) {
+    const int32_t odd = m_database.AddStored(testing::PropertyFields{.PropertyID = "50%_X"}, m_shelf);
+    const int32_t incident = m_database.AddIncident("2026-77", "CASE-5");
+    m_database.LinkIncident(Property, odd, incident);
+    const std::tuple<NumberSearchTypes, const char*, const char*, Found> numbers[] = {
+        {NumberSearchTypes::IncidentId, "2026-77", "LIKE '2026-77'", {P(odd)}},
+        {NumberSearchTypes::CaseNumber, "case-5", "LIKE 'case-5'", {P(odd)}},
+        {NumberSearchTypes::PropertyID, "50%_x", "LIKE '50\\%\\_x' ESCAPE '\\'", {P(odd)}},
+        {NumberSearchTypes::VehicleTag, "abc 1", "LIKE 'abc 1'", {V(m_car)}}};
+    for (const bool equalsLikeLike : {true, false}) {
+        Dialect dialect = m_database.GetEngine()->GetDialect();
+        dialect.equalsLikeLike = equalsLikeLike;
+        const auto recording = std::make_shared<testing::RecordingEngine>(
+            std::make_shared<testing::WithDialect>(m_database.GetEngine(), dialect));
+        m_database.Install(recording);
+        for (const auto& [type, number, pattern, found] : numbers) {
+            recording->Clear();
+            EXPECT_EQ(Run(StoredItemSearch().WithNumber(type, number)), found) << number << equalsLikeLike;
+            EXPECT_EQ(recording->Log().at(0).find(pattern) == std::string::npos, equalsLikeLike) << recording->Log()[0];
+        }
+    }
 }
 
 TEST_F(StoredItemSearchTest, AnIncidentNumberCanBeLimitedToOneKind) {
