@@ -10,7 +10,7 @@ std::string ErrorText(int32_t number) {
     case ErrorNumber::Overflow: return "The number is too large.";
     case ErrorNumber::SubscriptOutOfRange: return "There is no entry at this position.";
     case ErrorNumber::TypeMismatch: return "The value is of the wrong type.";
-    case ErrorNumber::NullObject: return "No object has been set.";
+    case ErrorNumber::NullObject: return "A record that is needed for this is missing. Refresh and try again.";
     case ErrorNumber::InvalidUseOfNull: return "A value is missing.";
     case ErrorNumber::InvalidPropertyValue: return "Invalid property value.";
     case ErrorNumber::KeyTaken: return "This key is already in the collection.";

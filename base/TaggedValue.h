@@ -91,7 +91,7 @@ std::string ToText(const TaggedValue& value);
 std::string ToTextOrEmpty(const TaggedValue& value);
 DateTime ToDateTime(const TaggedValue& value);
 
-// The object as a T. Error 91 ("No object has been set.") for a null reference, 13 for another type or class.
+// The object as a T. Error 91 for a null reference, 13 for another type or class.
 template <typename T>
 std::shared_ptr<T> ToObject(const TaggedValue& value);
 

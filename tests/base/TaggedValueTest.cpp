@@ -228,7 +228,7 @@ TEST(Errors, RequireRefusesNull) {
     std::shared_ptr<Thing> nothing;
     const Error error = RaisedBy([&] { Require(nothing, "Class.Operation"); });
     EXPECT_EQ(error.Number(), ErrorNumber::NullObject);
-    EXPECT_EQ(error.Description(), "No object has been set.");
+    EXPECT_EQ(error.Description(), "A record that is needed for this is missing. Refresh and try again.");
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST_F(CreateLocation, TheNewLocationIsCarriedAndBecomesTheSelectedOne) {
 TEST_F(CreateLocation, AnUnknownContainerEndsInTheFailure) {
     const std::string before = m_database.Snapshot();
     GetActions().CreateLocation("Crate", Types::Internal, 4711);
-    ExpectFailed("No object has been set.");
+    ExpectFailed("A record that is needed for this is missing. Refresh and try again.");
     EXPECT_EQ(m_database.Snapshot(), before);
 }
 

@@ -286,7 +286,7 @@ TEST_F(ProcessTransaction, NoDestinationIsRefusedBeforeAnythingIsSent) {
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(xfer);
     EXPECT_TRUE(recording->Log().empty());
-    ExpectFailureReport("No object has been set.");
+    ExpectFailureReport("A record that is needed for this is missing. Refresh and try again.");
 }
 
 TEST_F(ProcessTransaction, NoDateOrNoDetailsAtAllAreRefusedBeforeAnythingIsSent) {
@@ -303,7 +303,7 @@ TEST_F(ProcessTransaction, NoDateOrNoDetailsAtAllAreRefusedBeforeAnythingIsSent)
     Begin({MakeItem(id)});
     m_log.Announce(LogSource);
     GetActions().ProcessTransaction(nullptr);
-    ExpectFailureReport("No object has been set.");
+    ExpectFailureReport("A record that is needed for this is missing. Refresh and try again.");
     EXPECT_TRUE(recording->Log().empty());
 }
 

@@ -267,7 +267,7 @@ TEST_F(StorageLocationTest, EveryMissingChildExceptTheActiveFlagIsReported) {
     for (const char* child : {"IdNo", "Name", "Path", "Type", "LastUpdated"}) {
         const Error error = LoadError({{child, nullptr}});
         EXPECT_EQ(error.Number(), ErrorNumber::NullObject) << child;
-        EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: No object has been set.") << child;
+        EXPECT_EQ(error.Description(), "Error loading StorageLocation from XML node: " + ErrorText(91)) << child;
     }
     EXPECT_EQ(LoadError({{"ActiveFlag", nullptr}}).Number(), 0);
 }
