@@ -7,6 +7,7 @@
 #include "data/StoredItemSearch.h"
 #include "ui/common/StatePanel.h"
 #include "ui/common/ViewHelpers.h"
+#include "ui/controls/BarcodeListenerControl.h"
 #include "ui/controls/CellDelegate.h"
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/FlatDropdown.h"
@@ -84,6 +85,8 @@ SubmitEvidenceView::SubmitEvidenceView(QWidget* parent) : View(parent) {
     BuildSearch();
     BuildResults();
     BuildNoResults();
+    // Without a listener, a scan would be typed into the field that has the focus.
+    (new BarcodeListenerControl(this))->setObjectName("barcodeListener");
     for (GroupBox* panel : {m_results, m_searchGroup}) panel->SetTabIndex(0);
     m_titleArea->SetAlign(Alignment::Top);
 }

@@ -19,7 +19,7 @@ class Link;
 class ListView;
 
 // The screen that checks in new evidence: finds items that are not in storage yet, lets the user tick some of them, and
-// begins a sign-in with those.
+// begins a sign-in with those. A scan does nothing here and is not typed into a field.
 class SubmitEvidenceView : public View, public AppView {
     Q_OBJECT
 

@@ -1,9 +1,11 @@
 #include "tests/ui/items/SubmitEvidenceViewTest.h"
 
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/ui/Scanner.h"
 #include "ui/items/CartView.h"
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMouseEvent>
 
 #include <gmock/gmock.h>
@@ -64,6 +66,21 @@ TEST_F(SubmitEvidenceViewTest, KindsOfNumberFollowTheUsersRights) {
     m_view->Show(nullptr);
     EXPECT_EQ(Filter()->Count(), 3);
     EXPECT_EQ(Filter()->ItemText(0), "Property ID");
+}
+
+TEST_F(SubmitEvidenceViewTest, AScanIsNotTypedIntoTheNumberAndDoesNothing) {
+    SearchIncident();
+    SearchBox()->SetText("2026-0431");
+    SearchBox()->findChild<QLineEdit*>()->setFocus();
+    Scan("P0000000001");
+    EXPECT_EQ(m_timers.Tick(1), 1);
+    EXPECT_EQ(SearchBox()->Text(), "2026-0431");
+    EXPECT_EQ(List()->RowCount(), 3);
+    EXPECT_TRUE(Batch().empty());
+    EXPECT_EQ(GetStores().View->ViewName(), ViewNames::SubmitNewEvidence);
+    m_clock.Advance(150);
+    TypeAsScanner("7");
+    EXPECT_EQ(SearchBox()->Text(), "2026-04317") << "typing works again";
 }
 
 TEST_F(SubmitEvidenceViewTest, AnotherFilterClearsTheNumberButKeepsTheRows) {
