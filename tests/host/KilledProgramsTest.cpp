@@ -23,10 +23,10 @@ using namespace quellbrook::testing;
 namespace {
 
 constexpr int programs = 8;
-constexpr int batchesOfAProgram = 12;
-constexpr int itemsOfABatch = 3;
-constexpr int items = 5;
-constexpr int kills = 16;
+constexpr int batchesOfAProgram = 100;
+constexpr int largestBatch = 20;
+constexpr int items = 50;
+constexpr int kills = 30;
 
 // What a program reports about one of its batches.
 struct Report {
@@ -37,11 +37,12 @@ struct Report {
 
 // The number of a batch, which its custody rows contain.
 int NumberOf(const Report& report) { return report.program * 1000 + report.batch; }
+int ItemsOf(int batch) { return 1 + batch % largestBatch; }
 
 std::vector<std::string> Statements(int number) {
     std::vector<std::string> statements = {"CREATE TABLE #NextSeqNo (Value INT NOT NULL)",
                                            "INSERT INTO #NextSeqNo (Value) VALUES (0)"};
-    for (int i = 0; i < itemsOfABatch; ++i) {
+    for (int i = 0; i < ItemsOf(number); ++i) {
         const std::string key = std::to_string((number + i) % items + 1);
         for (const char* text :
              {"DECLARE @NextSeqNo AS INT;SELECT @NextSeqNo = MAX(SeqNo)+1 FROM PropertyTracking WHERE PropertyNo={0} "
@@ -102,7 +103,7 @@ protected:
         m_running.erase(program);
     }
 
-    // Kills programs in the middle of their batches, and starts another one for each.
+    // Kills programs, whatever they are doing, and starts another one for each.
     void RunAll() {
         std::mt19937 random(20261120);
         for (int i = 0; i < programs; ++i) Start();
@@ -112,9 +113,10 @@ protected:
             if (m_running.count(report.program) == 0) continue;  // killed since
             if (report.kind == Report::Kind::Failed) ADD_FAILURE() << "batch " << NumberOf(report);
             if (report.kind == Report::Kind::Ends || report.kind == Report::Kind::Failed) WaitFor(report.program);
-            if (report.kind != Report::Kind::Begins || m_started >= programs + kills || random() % 3 > 0) continue;
-            kill(m_running.at(report.program), SIGKILL);
-            WaitFor(report.program);
+            if (m_running.empty() || m_started >= programs + kills || random() % 12 > 0) continue;
+            const int victim = std::next(m_running.begin(), static_cast<long>(random() % m_running.size()))->first;
+            kill(m_running.at(victim), SIGKILL);
+            WaitFor(victim);
             Start();
         }
     }
@@ -138,8 +140,9 @@ TEST_F(KilledPrograms, EveryBatchIsWrittenAsAWholeOrNotAtAllAndNoneIsLost) {
     EXPECT_EQ(database.execAndGet("PRAGMA integrity_check").getString(), "ok");
     SQLite::Statement batches(database, "SELECT ReceivedFrom, COUNT(*) FROM PropertyTracking GROUP BY ReceivedFrom");
     while (batches.executeStep()) {
-        EXPECT_EQ(batches.getColumn(1).getInt(), itemsOfABatch) << batches.getColumn(0).getInt();
-        m_written.erase(batches.getColumn(0).getInt());
+        const int number = batches.getColumn(0).getInt();
+        EXPECT_EQ(batches.getColumn(1).getInt(), ItemsOf(number)) << number;
+        m_written.erase(number);
     }
     EXPECT_TRUE(m_written.empty()) << *m_written.begin() << " was reported as written";
     const char* const gaps =
