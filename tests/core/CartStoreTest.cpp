@@ -6,6 +6,8 @@
 #include "tests/support/Items.h"
 #include "tests/support/RaisedBy.h"
 
+#include <stdexcept>
+
 namespace quellbrook {
 
 namespace {
@@ -95,6 +97,21 @@ TEST_F(CartStoreTest, EntriesThatAreNoItemsAreSkipped) {
     Add({MakeItem(1), std::make_shared<StorageLocation>(), nullptr, MakeItem(2)});
     EXPECT_EQ(IDs(), (std::vector<int32_t>{1, 2}));
     EXPECT_EQ(m_changes, 1);
+}
+
+TEST_F(CartStoreTest, AnItemThatCannotBeCreatedIsSkipped) {
+    struct PartlyBroken : ObjectVector {
+        ObjectRef At(int32_t index) const override {
+            if (index == 0) throw std::runtime_error("out of reach");
+            return ObjectVector::At(index);
+        }
+    };
+    const auto list = std::make_shared<PartlyBroken>();
+    for (const int32_t id : {1, 2}) list->Add(MakeItem(id));
+    m_store.Handle({ActionTypes::CART_ADD_ITEMS, list});
+    EXPECT_EQ(IDs(), (std::vector<int32_t>{2}));
+    m_store.Handle({ActionTypes::CART_REMOVE_ITEMS, list});
+    EXPECT_TRUE(m_store.IsEmpty());
 }
 
 TEST_F(CartStoreTest, AnItemWhoseKeyCannotBeBuiltIsSkipped) {

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -126,6 +128,20 @@ TEST_F(BarcodeLabelsTest, AFailureNamesTheItemAndItsKind) {
     m_labels.files->files["Files\\Data\\evidence.labl"] = LabelServices::TemplateOf({"property_id"}, "barcode");
     EXPECT_EQ(RaisedBy([&] { property->PrintBarcodeLabel(); }).Description(),
               "Error printing barcode label for property '26-17': No label printer has been chosen.");
+}
+
+TEST_F(BarcodeLabelsTest, AnyOtherExceptionOfTheHostNamesWhatWasToBePrinted) {
+    struct BrokenPrinter : LabelPrinter {
+        void Print(const FilledLabel&) override { throw std::runtime_error("The spooler has crashed."); }
+        std::string Destination() const override { return ""; }
+    };
+    HostServices::Current().SetPrinter(std::make_shared<BrokenPrinter>());
+    const auto room = AddLocation("Room");
+    EXPECT_EQ(RaisedBy([&] { room->PrintBarcodeLabel(); }).Description(),
+              "Error printing barcode label for location 'Room': The spooler has crashed.");
+    const auto item = MakeItem(1, StoredItemTypes::Property, Null(), "26-17");
+    EXPECT_EQ(RaisedBy([&] { item->PrintBarcodeLabel(); }).Description(),
+              "Error printing barcode label for property '26-17': The spooler has crashed.");
 }
 
 TEST_F(BarcodeLabelsTest, AnUnknownKindOfItemHasNoPicture) {

@@ -1,9 +1,11 @@
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/InterruptingEngine.h"
 #include "tests/support/ModelTest.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/TestLocations.h"
 
 #include <functional>
+#include <new>
 #include <ostream>
 
 namespace quellbrook {
@@ -187,6 +189,20 @@ TEST_P(StorageLocationFaults, ADatabaseThatCannotBeReachedIsReported) {
             d.engine->FailAtOpen(LogFull);
         },
         DescriptionAfter(GetParam().failure));
+}
+
+TEST_P(StorageLocationFaults, ALackOfMemoryIsReportedLikeAnyFailure) {
+    Department department(GetParam().id);
+    const auto interrupting = std::make_shared<testing::InterruptingEngine>(department.engine);
+    department.database.Install(interrupting);
+    interrupting->BeforeStatement([] { throw std::bad_alloc(); });
+    const Error error = testing::RaisedBy([&] { GetParam().run(department); });
+    EXPECT_EQ(error.Number(), ErrorNumber::General);
+    EXPECT_EQ(error.Description(),
+              GetParam().failure + "There is not enough memory. Close other programs and try again.");
+    EXPECT_EQ(department.database.Snapshot(), department.before);
+    GetParam().run(department);
+    EXPECT_EQ(department.database.Snapshot(), m_after);
 }
 
 TEST_P(StorageLocationFaults, AFailedReadingAfterTheWriteIsReportedAlthoughTheWriteIsKept) {

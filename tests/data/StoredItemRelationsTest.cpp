@@ -3,11 +3,13 @@
 
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/InterruptingEngine.h"
 #include "tests/support/Items.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 
 #include <algorithm>
+#include <new>
 
 namespace quellbrook {
 
@@ -190,6 +192,20 @@ TEST_F(StoredItemRelations, AFailureNamesTheItemAndKeepsNumberAndSource) {
     EXPECT_EQ(error.Description(),
               "Error retrieving related case data for vehicle <missing ID> (PK = 3): The server is gone.");
     EXPECT_TRUE(vehicle->RelatedCases().empty()) << "nothing was kept of the failure";
+}
+
+TEST_F(StoredItemRelations, ALackOfMemoryNamesTheItemToo) {
+    const auto interrupting = std::make_shared<testing::InterruptingEngine>(m_database.GetEngine());
+    m_database.Install(interrupting);
+    const auto item = MakeItem(7, Property, Null(), "E-17");
+    const std::string noMemory = "There is not enough memory. Close other programs and try again.";
+    const auto outOfMemory = [] { throw std::bad_alloc(); };
+    interrupting->BeforeStatement(outOfMemory);
+    EXPECT_EQ(testing::RaisedBy([&] { item->RelatedIncidents(); }).Description(),
+              "Error retrieving related incident data for property E-17 (PK = 7): " + noMemory);
+    interrupting->BeforeStatement(outOfMemory);
+    EXPECT_EQ(testing::RaisedBy([&] { item->RelatedCases(); }).Description(),
+              "Error retrieving related case data for property E-17 (PK = 7): " + noMemory);
 }
 
 TEST_F(StoredItemRelations, TrackingRecordsAreOrderedNewestFirstAndLinkedToThePreviousOne) {

@@ -4,12 +4,16 @@
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/InterruptingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 #include "tests/support/TestDatabase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
 
 using namespace quellbrook;
 using namespace quellbrook::testing;
@@ -184,6 +188,28 @@ TEST_F(ExecuteBatchTest, ALostConnectionLeavesNothingAndTheNextCallHasAFreshOne)
     faults->BreakConnectionWithFault(true);
     faults->FailAtStatement(5, Error(4711, "Fault", "The link is gone."));
     EXPECT_EQ(RaisedBy([&] { GetHostDatabase().ExecuteBatch(TwoItems()); }).Number(), 4711);
+    ExpectNothingRemains(before);
+}
+
+TEST_F(ExecuteBatchTest, ALackOfMemoryAtAnyStatementLeavesNothingOfTheBatch) {
+    const Statements statements = TwoItems();
+    const std::string before = m_database.Snapshot();
+    const auto interrupting = std::make_shared<InterruptingEngine>(m_database.GetEngine());
+    const auto recorder = std::make_shared<RecordingEngine>(interrupting);
+    m_database.Install(recorder);
+    for (size_t n = 0; n < statements.size(); ++n) {
+        recorder->Clear();
+        size_t left = n;
+        std::function<void()> countDown = [&] {
+            if (left-- == 0) throw std::bad_alloc();
+            interrupting->BeforeStatement(countDown);
+        };
+        interrupting->BeforeStatement(countDown);
+        EXPECT_THROW(GetHostDatabase().ExecuteBatch(statements), std::bad_alloc);
+        EXPECT_EQ(recorder->Log().back(), "ROLLBACK") << n;
+        EXPECT_EQ(m_database.Snapshot(), before) << n;
+    }
+    m_database.Install(m_database.GetEngine());
     ExpectNothingRemains(before);
 }
 
