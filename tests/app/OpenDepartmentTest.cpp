@@ -1,6 +1,7 @@
 #include "app/Department.h"
 #include "app/Termination.h"
 #include "base/Error.h"
+#include "database/SqliteEngine.h"
 #include "host/HostServices.h"
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/RaisedBy.h"
@@ -95,6 +96,25 @@ TEST_F(OpenDepartmentTest, ADamagedDatabaseIsRefusedWithASentence) {
     file.close();
     const std::string sentence = RefusalOf(path);
     EXPECT_NE(sentence.find(path), std::string::npos) << sentence;
+}
+
+TEST_F(OpenDepartmentTest, ALargeFileIsCheckedWhileItIsInUse) {
+    Options options;
+    options.databasePath = CopyOfSample("large.sqlite");
+    {
+        SQLite::Database file(*options.databasePath, SQLite::OPEN_READWRITE);
+        SQLite::Statement insert(file, "INSERT INTO Setting (Name, Value) VALUES ('long', ?), ('last', '')");
+        insert.bind(1, std::string(70'000'000, 'x'));
+        insert.exec();
+    }
+    std::fstream file(*options.databasePath, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(-32768, std::ios::end);
+    file << std::string(32768, '\xA5');
+    file.close();
+    const Department department = OpenDepartment(options, "/nowhere", {});
+    const auto engine = std::dynamic_pointer_cast<SqliteEngine>(department.engine);
+    engine->WaitForCheck();
+    EXPECT_NE(RaisedBy([&] { engine->Open(); }).Description().find("The database is damaged."), std::string::npos);
 }
 
 TEST_F(OpenDepartmentTest, TheSampleIsCreatedOnceInTheDataDirectory) {
