@@ -36,7 +36,7 @@ protected:
 
     std::vector<std::string> VisibleViews() {
         std::vector<std::string> names;
-        for (const char* name : {"explorer", "cart", "itemView", "loading"})
+        for (const char* name : {"explorer", "cart", "itemView", "submitNewEvidence", "loading"})
             if (Find(*Evidence(), name)->isVisible()) names.emplace_back(name);
         return names;
     }
@@ -103,6 +103,12 @@ TEST_F(EvidenceTabTest, OneViewIsVisibleAfterAVisitToAnotherTabInEachView) {
     EXPECT_EQ(VisibleViews(), Names{"cart"});
     GetActions().GoBack();
     EXPECT_EQ(VisibleViews(), Names{"explorer"});
+    GetActions().NavigateTo(ViewNames::SubmitNewEvidence, nullptr);
+    EXPECT_EQ(VisibleViews(), Names{"submitNewEvidence"});
+    VisitAnotherTab();
+    EXPECT_EQ(VisibleViews(), Names{"submitNewEvidence"});
+    GetActions().GoBack();
+    EXPECT_EQ(VisibleViews(), Names{"explorer"});
 }
 
 TEST_F(EvidenceTabTest, TheListIsReadAgainAfterATransferThatFollowsAVisitToAnotherTab) {
@@ -144,6 +150,20 @@ TEST_F(EvidenceTabTest, TheFocusReturnsToWhereItWas) {
     list->setFocus();
     VisitAnotherTab();
     EXPECT_EQ(QApplication::focusWidget(), list);
+}
+
+TEST_F(EvidenceTabTest, TheTabWithTheFocusHasARingInBothThemes) {
+    auto* tabs = Find<QTabBar>(*m_window, "hostTabs");
+    const QPoint edge(tabs->tabRect(0).left(), tabs->tabRect(0).center().y());
+    for (const bool dark : {false, true}) {
+        InstallTheme(dark);
+        const QColor ring = m_window->palette().color(QPalette::Link);
+        Find(*m_window, "TreeView")->setFocus();
+        EXPECT_NE(PixelAt(Grab(*tabs), edge), ring) << dark;
+        tabs->setFocus();
+        EXPECT_EQ(PixelAt(Grab(*tabs), edge), ring) << dark;
+    }
+    InstallTheme(false);
 }
 
 TEST_F(EvidenceTabTest, ATabChosenByKeyboardKeepsTheFocus) {

@@ -157,22 +157,28 @@ TEST_F(StyleTest, ButtonsAndFieldsOfAHostAreAsLargeAsTheControls) {
     EXPECT_EQ(QLineEdit(&m_window).sizeHint().height(), Theme::FieldHeight);
 }
 
-TEST_F(StyleTest, ButtonsFieldsAndDropdownsOfAHostHaveTheFocusRing) {
-    QPushButton button(&m_window);
-    QLineEdit edit(&m_window);
-    QComboBox dropdown(&m_window);
-    ShowActive(m_window);
+void ExpectFocusRings(QWidget& window) {
+    QPushButton button(&window);
+    QLineEdit edit(&window);
+    QComboBox dropdown(&window);
+    ShowActive(window);
     for (QWidget* widget :
          {static_cast<QWidget*>(&button), static_cast<QWidget*>(&edit), static_cast<QWidget*>(&dropdown)}) {
         widget->setGeometry(100, 100, 160, 36);
         widget->show();
         widget->setFocus();
-        const auto* ring = m_window.findChild<QFocusFrame*>();
+        const auto* ring = window.findChild<QFocusFrame*>();
         ASSERT_NE(ring, nullptr) << widget->metaObject()->className();
         EXPECT_EQ(ring->geometry(), QRect(97, 97, 166, 42));
-        EXPECT_EQ(PixelAt(Grab(m_window), QPoint(180, 98)), Theme::Get(Theme::Color::Link));
+        EXPECT_EQ(PixelAt(Grab(window), QPoint(180, 98)), Theme::Get(Theme::Color::Link));
         widget->hide();
     }
+}
+
+TEST_F(StyleTest, ButtonsFieldsAndDropdownsOfAHostHaveTheFocusRing) {
+    ExpectFocusRings(m_window);
+    const DarkTheme dark;
+    ExpectFocusRings(m_window);
 }
 
 }  // namespace
