@@ -2,6 +2,7 @@
 #include "component/Quellbrook.h"
 #include "core/Dispatcher.h"
 #include "database/SqliteEngine.h"
+#include "tests/support/FakeSession.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingErrorLog.h"
@@ -83,6 +84,19 @@ TEST(StartupTest, WindowsArePaintedWhileAnotherWorkstationHasTheDatabase) {
     EXPECT_EQ(paintsOfAWait(), 1);
     Shutdown();
     EXPECT_EQ(paintsOfAWait(), 0);
+}
+
+TEST(StartupTest, TheEvidenceScreenIsHiddenUntilTheHostShowsIt) {
+    const TestDatabase database;
+    const SessionScope session;
+    Startup();
+    {
+        QWidget window;
+        QWidget* evidence = CreateEvidenceUI(&window);
+        window.show();
+        EXPECT_FALSE(evidence->isVisible());
+    }
+    Shutdown();
 }
 
 TEST(StartupTest, TheScreenHasTheWizard) {
