@@ -5,6 +5,8 @@
 
 #include <QTemporaryDir>
 
+#include <algorithm>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -40,6 +42,28 @@ TEST_F(PicturesTest, ReadsAPictureFile) {
         EXPECT_EQ(picture.width, 40) << name;
         EXPECT_EQ(picture.height, 30) << name;
         EXPECT_NEAR(qGreen(picture.At(5, 5)), 128, 2) << name;
+    }
+}
+
+// The EXIF segment of a camera that was turned a quarter to the left.
+const QByteArray turnedCamera = QByteArray::fromHex(
+    "ffe100224578696600004d4d002a00000008"
+    "0001011200030000000100060000"
+    "00000000");
+
+TEST_F(PicturesTest, APhotographIsUpright) {
+    for (const int longSide : {40, 3000}) {
+        QImage image(longSide, longSide / 2, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        QFile file(QString::fromStdString(Save(image, "photograph.jpg")));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        const QByteArray bytes = file.readAll();
+        file.seek(2);
+        file.write(turnedCamera + bytes.mid(2));
+        file.close();
+        const Picture picture = ReadPicture(file.fileName().toStdString());
+        EXPECT_EQ(picture.height, std::min(longSide, LargestPictureSide));
+        EXPECT_EQ(picture.width, picture.height / 2);
     }
 }
 
