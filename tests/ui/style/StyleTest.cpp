@@ -4,7 +4,9 @@
 #include "ui/controls/FlatTitleBar.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/Line.h"
+#include "ui/style/FlatStyle.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFocusFrame>
 #include <QLineEdit>
@@ -85,6 +87,22 @@ TEST_F(StyleTest, ScrollBarsAreAThumbOnTheGround) {
     EXPECT_TRUE(HasColor(Grab(*bar), QRect(0, 100, 12, 90), Theme::Get(Theme::Color::Thumb)));
 }
 
+TEST_F(StyleTest, TheArrowsOfAScrollBarPointToItsEnds) {
+    QScrollBar bar(Qt::Vertical, &m_window);
+    bar.setProperty(FlatStyle::ArrowsProperty, 0);
+    bar.setRange(0, 100);
+    bar.resize(12, 200);
+    const QImage image = Grab(bar);
+    const auto firstInk = [&](int x, int top) {
+        int y = top;
+        while (y < top + 12 && PixelAt(image, QPoint(x, y)) == Theme::Get(Theme::Color::Panel)) ++y;
+        EXPECT_LT(y, top + 12) << "no arrow at " << top;
+        return y;
+    };
+    EXPECT_LT(firstInk(6, 0), firstInk(3, 0)) << "up";
+    EXPECT_GT(firstInk(6, 188), firstInk(3, 188)) << "down";
+}
+
 TEST_F(StyleTest, GroupsPaintTheirBackgroundAndFrame) {
     GroupBox group(&m_window);
     group.resize(100, 100);
@@ -147,6 +165,38 @@ TEST_F(StyleTest, ButtonsAndFieldsOfAHostLookAsTheControls) {
     ExpectHostWidgetsAsControls(m_window);
     const DarkTheme dark;
     ExpectHostWidgetsAsControls(m_window);
+}
+
+TEST_F(StyleTest, AButtonUnderThePointerChangesItsColorAndAgainWhenPressed) {
+    QPushButton plain(&m_window), main(&m_window);
+    main.setDefault(true);
+    const auto colorOf = [](QPushButton& button) { return PixelAt(Painted(button), QPoint(80, 18)); };
+    EXPECT_EQ(colorOf(plain), Theme::Get(Theme::Color::Window));
+    EXPECT_EQ(colorOf(main), Theme::Get(Theme::Color::Strong));
+    for (QPushButton* button : {&plain, &main}) button->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_EQ(colorOf(plain), Theme::Get(Theme::Color::Panel));
+    EXPECT_EQ(colorOf(main), Theme::Get(Theme::Color::StrongHover));
+    for (QPushButton* button : {&plain, &main}) button->setDown(true);
+    EXPECT_EQ(colorOf(plain), Theme::Get(Theme::Color::Hairline));
+    EXPECT_EQ(colorOf(main), Theme::Get(Theme::Color::StrongPressed));
+}
+
+TEST_F(StyleTest, ADisabledFieldHasTheColorOfThePanels) {
+    QLineEdit edit(&m_window);
+    EXPECT_EQ(PixelAt(Painted(edit), QPoint(80, 18)), Theme::Get(Theme::Color::Window));
+    edit.setEnabled(false);
+    EXPECT_EQ(PixelAt(Painted(edit), QPoint(80, 18)), Theme::Get(Theme::Color::Panel));
+}
+
+TEST_F(StyleTest, ControlsThatTheThemeHasNoLookForAreVisible) {
+    QCheckBox box("Print a receipt", &m_window);
+    const QImage with = Painted(box);
+    box.setText("");
+    EXPECT_NE(with, Painted(box)) << "its text";
+    box.setChecked(true);
+    const QImage checked = Painted(box);
+    box.setChecked(false);
+    EXPECT_NE(checked, Painted(box)) << "its mark";
 }
 
 TEST_F(StyleTest, ButtonsAndFieldsOfAHostAreAsLargeAsTheControls) {
