@@ -9,17 +9,20 @@ namespace {
 
 QStringList MoveTo(const QPoint& spot) {
     const QPointF pixel = QPointF(spot) * QGuiApplication::primaryScreen()->devicePixelRatio();
-    return {QStringLiteral("mousemove"), QStringLiteral("--sync"), QString::number(qRound(pixel.x())),
-            QString::number(qRound(pixel.y()))};
+    return {QStringLiteral("mousemove"), QString::number(qRound(pixel.x())), QString::number(qRound(pixel.y()))};
+}
+
+QString KeyOf(InputDriver::Modifier modifier) {
+    return modifier == InputDriver::Modifier::Shift ? QStringLiteral("shift") : QStringLiteral("ctrl");
 }
 
 }  // namespace
 
-void InputDriver::Click(const QPoint& spot, Button button, bool withControl) {
+void InputDriver::Click(const QPoint& spot, Button button, Modifier held) {
     QStringList order = MoveTo(spot);
-    if (withControl) order << QStringLiteral("keydown") << QStringLiteral("ctrl");
+    if (held != Modifier::None) order << QStringLiteral("keydown") << KeyOf(held);
     order << QStringLiteral("click") << QString::number(static_cast<int>(button));
-    if (withControl) order << QStringLiteral("keyup") << QStringLiteral("ctrl");
+    if (held != Modifier::None) order << QStringLiteral("keyup") << KeyOf(held);
     Run(order);
 }
 
@@ -27,6 +30,24 @@ void InputDriver::DoubleClick(const QPoint& spot) {
     QStringList order = MoveTo(spot);
     order << QStringLiteral("click") << QStringLiteral("--repeat") << QStringLiteral("2") << QStringLiteral("--delay")
           << QStringLiteral("60") << QStringLiteral("1");
+    Run(order);
+}
+
+void InputDriver::Drag(const QPoint& from, const QPoint& to) {
+    constexpr int steps = 8;
+    QStringList order = MoveTo(from);
+    order << QStringLiteral("mousedown") << QStringLiteral("1");
+    for (int step = 1; step <= steps; ++step)
+        order << MoveTo(from + (to - from) * step / steps) << QStringLiteral("sleep") << QStringLiteral("0.02");
+    Run(order);
+}
+
+void InputDriver::Drop() { Run({QStringLiteral("mouseup"), QStringLiteral("1")}); }
+
+void InputDriver::TurnWheel(const QPoint& over, int notches) {
+    QStringList order = MoveTo(over);
+    order << QStringLiteral("click") << QStringLiteral("--repeat") << QString::number(qAbs(notches))
+          << QStringLiteral("--delay") << QStringLiteral("20") << (notches > 0 ? "5" : "4");
     Run(order);
 }
 

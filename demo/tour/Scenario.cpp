@@ -117,7 +117,8 @@ void Scenario::SelectRows(const QString& stepName, const QStringList& names) {
     m_player.Step(stepName);
     for (const QString& name : names)
         m_player.Click(
-            "the row " + name, [name] { return RowSpot(name); }, InputDriver::Button::Left, name != names.front());
+            "the row " + name, [name] { return RowSpot(name); }, InputDriver::Button::Left,
+            name == names.front() ? InputDriver::Modifier::None : InputDriver::Modifier::Control);
     m_player.Expect(
         "The rows selected", [] { return Joined(SelectedNames()); }, Joined(names));
 }

@@ -64,13 +64,24 @@ void TourPlayer::AddPress(const QString& what, std::function<tour::Spot()> spot,
 }
 
 void TourPlayer::Click(const QString& what, std::function<tour::Spot()> spot, tour::InputDriver::Button button,
-                       bool withControl) {
-    AddPress(what, std::move(spot),
-             [this, button, withControl](const QPoint& at) { m_input.Click(at, button, withControl); });
+                       tour::InputDriver::Modifier held) {
+    AddPress(what, std::move(spot), [this, button, held](const QPoint& at) { m_input.Click(at, button, held); });
 }
 
 void TourPlayer::DoubleClick(const QString& what, std::function<tour::Spot()> spot) {
     AddPress(what, std::move(spot), [this](const QPoint& at) { m_input.DoubleClick(at); });
+}
+
+void TourPlayer::Drag(const QString& what, std::function<tour::Spot()> spot, const QPoint& distance) {
+    AddPress(what, std::move(spot), [this, distance](const QPoint& at) { m_input.Drag(at, at + distance); });
+}
+
+void TourPlayer::Drop() {
+    Do([this] { m_input.Drop(); });
+}
+
+void TourPlayer::TurnWheel(const QString& what, std::function<tour::Spot()> spot, int notches) {
+    AddPress(what, std::move(spot), [this, notches](const QPoint& at) { m_input.TurnWheel(at, notches); });
 }
 
 void TourPlayer::Type(const QString& text) {

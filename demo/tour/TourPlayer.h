@@ -41,8 +41,13 @@ public:
 
     void Step(const QString& name);  // ends with a picture of the screen
     void Click(const QString& what, std::function<tour::Spot()> spot,
-               tour::InputDriver::Button button = tour::InputDriver::Button::Left, bool withControl = false);
+               tour::InputDriver::Button button = tour::InputDriver::Button::Left,
+               tour::InputDriver::Modifier held = tour::InputDriver::Modifier::None);
     void DoubleClick(const QString& what, std::function<tour::Spot()> spot);
+    // Drags from a spot by this distance. The button stays down until Drop.
+    void Drag(const QString& what, std::function<tour::Spot()> spot, const QPoint& distance);
+    void Drop();
+    void TurnWheel(const QString& what, std::function<tour::Spot()> spot, int notches);
     void Type(const QString& text);
     void Press(const QString& key);
     void Scan(std::function<QString()> barcode);  // called when the move is played

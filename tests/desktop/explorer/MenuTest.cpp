@@ -1,0 +1,163 @@
+#include "tests/desktop/explorer/ExplorerTest.h"
+
+#include <QWidget>
+
+namespace quellbrook::testing {
+
+namespace {
+
+using namespace tour;
+
+class MenuTest : public ExplorerTest {
+protected:
+    // Opens the menu of a row, looks at it and closes it.
+    void ExpectMenuOf(const QString& row, const QString& entries) {
+        RightClickRow(row);
+        ExpectMenu(entries);
+        CloseMenu();
+    }
+
+    void BeginBatch(const QString& row, const QString& entry) {
+        RightClickRow(row);
+        Choose(entry);
+    }
+};
+
+}  // namespace
+
+TEST_F(MenuTest, ForOneItemInStorageItOffersWhatCanBeDoneWithIt) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickRow("2026-0388-09");
+    ExpectMenuOf("2026-0388-09",
+                 "Open, Open in Tessarine..., -, Print barcode label, -, Sign out  this item, Move  this item, "
+                 "Dispose this item");
+    ExpectSeen("Row 2; 0 storage units, 8 items; contents; tree Row 2; selected 2026-0388-09; focus ItemPane");
+}
+
+TEST_F(MenuTest, OnASelectedRowItIsForAllSelectedRows) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickRow("2026-0388-08");
+    ClickRow("2026-0388-10", Modifier::Shift);
+    ExpectMenuOf("2026-0388-09",
+                 "[Open], [Open in Tessarine...], -, Print barcode labels (3 items), -, Sign out  3 items, "
+                 "Move  3 items, Dispose 3 items");
+    ExpectSeen(
+        "Row 2; 0 storage units, 8 items; contents; tree Row 2; selected 2026-0388-08, 2026-0388-09, 2026-0388-10; "
+        "focus ItemPane");
+}
+
+TEST_F(MenuTest, OnAnotherRowThatRowIsSelectedFirst) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickRow("2026-0388-08");
+    ClickRow("2026-0388-10", Modifier::Shift);
+    RightClickRow("KTR4821 (OR)");
+    ExpectMenu(
+        "Open, Open in Tessarine..., -, Print barcode label, -, Sign out  this item, Move  this item, "
+        "Dispose this item");
+    ExpectSeen("Row 2; 0 storage units, 8 items; contents; tree Row 2; selected KTR4821 (OR); focus ItemPane");
+    CloseMenu();
+}
+
+TEST_F(MenuTest, BelowTheRowsItOffersSelectAllAndANewLocation) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickRow("2026-0388-08");
+    m_player.Click("the empty space below the rows", SpotBelowRows, Button::Right);
+    ExpectMenu("-, Select All, -, New");
+    ExpectSeen("Row 2; 0 storage units, 8 items; contents; tree Row 2; focus ItemPane");
+    Choose("Select All");
+    m_player.Wait("Every row is selected",
+                  [] { return SelectedRows(FindView(QStringLiteral("explorer/ItemPane"))).size() == 8; });
+}
+
+TEST_F(MenuTest, ForALocationAmongItemsItOffersNoTransfer) {
+    ClickNode("Sign-In Locations");
+    m_player.Press("End");
+    OpenLocation({"Pending Review"});
+    ExpectMenuOf("Missing Paperwork", "Open, -, Print barcode label, -, Edit, Delete");
+    ClickRow("Missing Paperwork");
+    ClickRow("2026-0191-01", Modifier::Control);
+    ExpectMenuOf("2026-0191-01", "[Open], -, Print barcode labels (2 items)");
+    ExpectSeen(
+        "Pending Review; 2 storage units, 5 items; contents; tree Pending Review; selected Missing Paperwork, "
+        "2026-0191-01; focus ItemPane");
+}
+
+TEST_F(MenuTest, ItsTransfersDependOnWhereTheItemIs) {
+    OpenLocation({"Circuit Court"});
+    ExpectMenuOf("2026-0061-02", "Open, Open in Tessarine..., -, Print barcode label, -, Sign in  this item");
+    OpenLocation({"Auction"});
+    m_player.Click(
+        "the first row", [] { return SpotOfRow(FirstRow()); }, Button::Right);
+    ExpectMenu("Open, Open in Tessarine..., -, Print barcode label, -, [(No Available Actions)]");
+    CloseMenu();
+}
+
+TEST_F(MenuTest, ItemsOfTheBatchCanOnlyBeUnchecked) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickRow("2026-0388-09");
+    BeginBatch("2026-0388-09", "Move  this item");
+    const QString inBatch =
+        "; in batch 2026-0388-09; focus ItemPane; 1 item selected for moving within evidence storage";
+    ExpectSeen("Row 2; 0 storage units, 8 items; contents; tree Row 2; selected 2026-0388-09" + inBatch);
+    ExpectMenuOf("2026-0388-09", "Open, Open in Tessarine..., -, Print barcode label, -, Uncheck this item");
+    ExpectMenuOf("2026-0388-08", "Open, Open in Tessarine..., -, Print barcode label, -, Move  this item");
+    ClickRow("2026-0388-09", Modifier::Control);
+    ExpectMenuOf("2026-0388-08",
+                 "[Open], [Open in Tessarine...], -, Print barcode labels (2 items), -, Uncheck this item");
+    ClickRow("2026-0388-08");
+    BeginBatch("2026-0388-08", "Move  this item");
+    ClickRow("2026-0388-09", Modifier::Control);
+    ExpectMenuOf("2026-0388-09",
+                 "[Open], [Open in Tessarine...], -, Print barcode labels (2 items), -, Uncheck 2 items");
+    BeginBatch("2026-0388-09", "Uncheck 2 items");
+    ExpectSeen(
+        "Row 2; 0 storage units, 8 items; contents; tree Row 2; selected 2026-0388-08, 2026-0388-09; focus ItemPane");
+}
+
+TEST_F(MenuTest, InTheTreeItIsForTheNodeAndLeavesTheSelectionAlone) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    const QString before = "Row 2; 0 storage units, 8 items; contents; tree Row 2; focus LocationPane";
+    ExpectSeen(before);
+    ClickNode("Sign-Out Locations", Button::Right);
+    ExpectMenu("Open, -, New");
+    ExpectSeen(before);
+    CloseMenu();
+    ClickNode("Row 1", Button::Right);
+    ExpectMenu("Open, -, Print barcode label, -, New, Edit, Delete");
+    CloseMenu();
+    ExpectSeen(before);
+}
+
+TEST_F(MenuTest, OnASearchResultTheResultIsSelectedFirst) {
+    SearchFor("2026-0388-*");
+    const QString heading = "Search Results; Showing stored items matching '2026-0388-*'; results; selected ";
+    ExpectSeen(heading + "2026-0388-07; focus SearchResultPane");
+    RightClickRow("2026-0388-09");
+    ExpectMenu(
+        "Open, Open in Tessarine..., -, Print barcode label, -, Sign out  this item, Move  this item, "
+        "Dispose this item");
+    ExpectSeen(heading + "2026-0388-09; focus SearchResultPane");
+    Choose("Open");
+    ExpectItem("2026-0388-09");
+    CloseItem();
+    ExpectSeen(heading + "2026-0388-09; focus SearchResultPane");
+}
+
+// A right click that opened a menu would keep the click on the search box from arriving.
+TEST_F(MenuTest, WithoutResultsThereIsNone) {
+    SearchFor("no such thing");
+    ExpectSeen("Search Results; Showing stored items matching 'no such thing'; no results; focus grpSearch");
+    m_player.Click(
+        "the sentence in the empty list",
+        []() -> Spot {
+            const QWidget* sentence = Find(QStringLiteral("SearchResultPane/picNoResults"));
+            return sentence ? Spot(sentence->mapToGlobal(sentence->rect().center())) : std::nullopt;
+        },
+        Button::Right);
+    SearchFor("2026-0388-09");
+    ExpectSeen(
+        "Search Results; Showing stored items matching '2026-0388-09'; results; selected 2026-0388-09; focus "
+        "SearchResultPane");
+}
+
+}  // namespace quellbrook::testing
