@@ -146,7 +146,7 @@ void LocationTree::Layout() {
 
 void LocationTree::LoadLocations(const StorageLocationRef& selected, bool raisesSelection) {
     try {
-        const bool hadFocus = m_treeView->hasFocus();
+        const bool hadFocus = window()->focusWidget() == m_treeView;  // also if a dialog is active
         StartLoading();
         AddRoots();
         m_picLoading->hide();

@@ -163,6 +163,16 @@ TEST_F(LocationTreeTest, RefreshKeepsTheFocusInTheTree) {
     EXPECT_TRUE(m_widget->hasFocus());
 }
 
+TEST_F(LocationTreeTest, RefreshKeepsTheFocusInTheTreeOfAnInactiveWindow) {
+    Show();
+    ClickNode("Vault");
+    QWidget dialog;
+    ShowActive(dialog);
+    ASSERT_FALSE(m_widget->hasFocus());
+    m_tree->Refresh();
+    EXPECT_EQ(m_window->focusWidget(), m_widget);
+}
+
 TEST_F(LocationTreeTest, AChangeOfTheStoreRefreshesAndSelectsItsLocation) {
     Show();
     ClickNode("Vault");
