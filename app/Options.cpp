@@ -25,9 +25,9 @@ constexpr OptionDefinition definitions[] = {
      "the wizard that categorizes them."},
     {"user", "NAME", "Log in as this user. Only the password is requested."},
     {"tour", "DIR",
-     "Play a search, changes of locations, a transfer, a check-in, a disposal and the life of one item on a scratch "
-     "copy of the sample with real key and mouse events. With --uncategorized: play the wizard. Write a picture of "
-     "each step and tour.json to DIR. Requires a separate X server and xdotool."},
+     "Play a search, changes of locations, a transfer, a check-in, a disposal, the life of one item and the explorer's "
+     "menu on a scratch copy of the sample with real key and mouse events. With --uncategorized: play the wizard. "
+     "Write a picture of each step and tour.json to DIR. Requires a separate X server and xdotool."},
     {"gallery", nullptr, "Show every control in each of its states, light and dark. Does not need a department."},
     {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png to DIR and exit."},
     {"register", nullptr,

@@ -2,16 +2,29 @@
 
 #include "app/MainWindow.h"
 #include "app/Termination.h"
+#include "component/Labels.h"
 #include "demo/tour/CategorizationScenario.h"
 #include "demo/tour/ExplorerScenario.h"
 #include "demo/tour/IntakeScenario.h"
 #include "demo/tour/ItemScenario.h"
+#include "demo/tour/MenuScenario.h"
 #include "demo/tour/TourPlayer.h"
 #include "demo/tour/TransferScenario.h"
+#include "host/HostServices.h"
 
 #include <QApplication>
 
 namespace quellbrook {
+
+namespace {
+
+// The tour must not use the workstation's printer.
+void PrintIntoFiles(const QString& folder) {
+    constexpr int dotsPerInch = 203;
+    HostServices::Current().SetPrinter(MakePdfPrinter(folder.toStdString(), dotsPerInch));
+}
+
+}  // namespace
 
 int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
              const Termination& termination, TourScenario scenario) {
@@ -28,6 +41,8 @@ int PlayTour(MainWindow& window, const QString& directory, const std::string& da
         PlanTransferScenario(player);
         PlanIntakeScenario(player);
         PlanItemScenario(player);
+        player.Do([&player] { PrintIntoFiles(player.LabelFolder()); });
+        PlanMenuScenario(player);
     }
     player.Start();
     QApplication::exec();

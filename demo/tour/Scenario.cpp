@@ -22,11 +22,6 @@ QStringList SelectedNames() {
     return names;
 }
 
-Spot RowSpot(const QString& name) {
-    QAbstractItemView* view = FindView(contents);
-    return SpotOf(view, FindRow(view, name));
-}
-
 QString VisibleViews() {
     QStringList names;
     for (const char* name : {"explorer", "cart", "itemView", "submitNewEvidence", "loading"})
@@ -43,6 +38,24 @@ void Scenario::Click(const QString& what, const QString& path) {
 void Scenario::ExpectText(const QString& what, const QString& path, const QString& expected) {
     m_player.Expect(
         what, [path] { return TextOf(path); }, expected);
+}
+
+Spot Scenario::NodeSpot(const QString& name) {
+    QAbstractItemView* view = FindView(tree);
+    return SpotOf(view, FindRow(view, name));
+}
+
+Spot Scenario::RowSpot(const QString& name) {
+    QAbstractItemView* view = FindView(contents);
+    return SpotOf(view, FindRow(view, name));
+}
+
+Spot Scenario::SpotBelowRows() {
+    const QAbstractItemView* view = FindView(contents);
+    if (!view || view->model()->rowCount() == 0) return std::nullopt;
+    const QRect last = view->visualRect(view->model()->index(view->model()->rowCount() - 1, 1));
+    const QPoint below = last.center() + QPoint(0, 2 * last.height());
+    return view->viewport()->rect().contains(below) ? Spot(view->viewport()->mapToGlobal(below)) : std::nullopt;
 }
 
 QWidget* Scenario::ItemLink(const QString& caption) {
@@ -89,10 +102,7 @@ void Scenario::LogIn() {
 
 void Scenario::OpenLocation(const QStringList& names) {
     for (const QString& name : names) {
-        m_player.Click("the location " + name, [name] {
-            QAbstractItemView* view = FindView(tree);
-            return SpotOf(view, FindRow(view, name));
-        });
+        m_player.Click("the location " + name, [name] { return NodeSpot(name); });
         ExpectText("The location opened", "explorer/lblTitle", name);
         if (name == names.back()) break;
         m_player.Press("Right");
@@ -107,10 +117,14 @@ void Scenario::VisitAnotherTab(const QString& stepName, const QString& view) {
     m_player.Step(stepName);
     Click("the button Labels and Scanner", "hostTabStrip/scannerPageButton");
     m_player.Wait("The other tab is shown", [] { return Find(QStringLiteral("scannerPage")) != nullptr; });
-    m_player.Click("the tab Evidence",
-                   [] { return SpotOfPart(Find(QStringLiteral("hostTabs")), QStringLiteral("Evidence")); });
+    ClickEvidenceTab();
     m_player.Expect(
         "The visible views", [] { return VisibleViews(); }, view);
+}
+
+void Scenario::ClickEvidenceTab() {
+    m_player.Click("the tab Evidence",
+                   [] { return SpotOfPart(Find(QStringLiteral("hostTabs")), QStringLiteral("Evidence")); });
 }
 
 void Scenario::SelectRows(const QString& stepName, const QStringList& names) {
@@ -119,21 +133,33 @@ void Scenario::SelectRows(const QString& stepName, const QStringList& names) {
         m_player.Click(
             "the row " + name, [name] { return RowSpot(name); }, InputDriver::Button::Left,
             name == names.front() ? InputDriver::Modifier::None : InputDriver::Modifier::Control);
+    ExpectSelectedRows(names);
+}
+
+void Scenario::ExpectSelectedRows(const QStringList& names) {
     m_player.Expect(
         "The rows selected", [] { return Joined(SelectedNames()); }, Joined(names));
+}
+
+void Scenario::ExpectEntry(const QString& entry) {
+    m_player.Wait(
+        "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
+        [] { return Joined(EntriesOf(OpenMenu())); });
+    m_player.Do([&player = m_player, entry] { player.Say("The menu offers \"" + entry + "\"."); });
+}
+
+void Scenario::ChooseEntry(const QString& entry) {
+    m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
 }
 
 void Scenario::ChooseFromMenu(const QString& menuStep, const QString& row, const QString& entry,
                               const QString& nextStep) {
     m_player.Step(menuStep);
     m_player.Click(
-        "the selected row " + row, [row] { return RowSpot(row); }, InputDriver::Button::Right);
-    m_player.Wait(
-        "The menu offers \"" + entry + "\"", [entry] { return EntriesOf(OpenMenu()).contains(entry); },
-        [] { return Joined(EntriesOf(OpenMenu())); });
-    m_player.Do([&player = m_player, entry] { player.Say("The menu offers \"" + entry + "\"."); });
+        "the row " + row, [row] { return RowSpot(row); }, InputDriver::Button::Right);
+    ExpectEntry(entry);
     m_player.Step(nextStep);
-    m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
+    ChooseEntry(entry);
 }
 
 void Scenario::PickByMouse(const QString& path, const QString& entry) {

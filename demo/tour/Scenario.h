@@ -24,6 +24,10 @@ protected:
 
     void Click(const QString& what, const QString& path);
     void ExpectText(const QString& what, const QString& path, const QString& expected);
+    // A node of the tree, a row of the displayed location, and an empty spot below its rows.
+    static tour::Spot NodeSpot(const QString& name);
+    static tour::Spot RowSpot(const QString& name);
+    static tour::Spot SpotBelowRows();
     // The link of the item's page with this caption; null if it is not visible.
     static QWidget* ItemLink(const QString& caption);
     // Scans the barcode of the property with this identifier.
@@ -36,9 +40,13 @@ protected:
     void OpenLocation(const QStringList& names);
     // Shows another tab of the host and comes back to the view.
     void VisitAnotherTab(const QString& stepName, const QString& view);
+    void ClickEvidenceTab();
     // Selects these rows of the displayed location; the text of a row is its name.
     void SelectRows(const QString& stepName, const QStringList& names);
-    // Opens the menu of a selected row in one step, and chooses the entry in the next.
+    void ExpectSelectedRows(const QStringList& names);
+    void ExpectEntry(const QString& entry);  // of the open menu
+    void ChooseEntry(const QString& entry);
+    // Opens the menu of a row in one step, and chooses the entry in the next.
     void ChooseFromMenu(const QString& menuStep, const QString& row, const QString& entry, const QString& nextStep);
     // Opens the dropdown and clicks the entry.
     void PickByMouse(const QString& path, const QString& entry);

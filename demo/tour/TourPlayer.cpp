@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QScreen>
 
 #include <cstdio>
@@ -23,7 +24,11 @@ TourSenses ScreenSenses() {
 
 TourPlayer::TourPlayer(QWidget& window, const QString& directory, const std::string& databasePath,
                        const TourSenses& senses)
-    : m_window(window), m_directory(directory), m_rows(databasePath), m_senses(senses) {
+    : m_window(window),
+      m_directory(directory),
+      m_labelFolder(QFileInfo(QString::fromStdString(databasePath)).dir().filePath(QStringLiteral("labels"))),
+      m_rows(databasePath),
+      m_senses(senses) {
     m_timer.setInterval(tickMilliseconds);
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, &QTimer::timeout, this, &TourPlayer::Tick);
@@ -43,7 +48,7 @@ void TourPlayer::Step(const QString& name) {
     if (!m_planned.isEmpty()) AddPicture();
     m_planned = name;
     Do([this, name] {
-        const QString number = QStringLiteral("%1").arg(m_steps.size() + 1, 2, 10, QLatin1Char('0'));
+        const QString number = QStringLiteral("%1").arg(m_steps.size() + 1, 3, 10, QLatin1Char('0'));
         m_steps.push_back({name, number + QLatin1Char('-') + name + QStringLiteral(".png"), false, QString()});
     });
 }
@@ -170,7 +175,8 @@ void TourPlayer::TakePicture() {
 }
 
 void TourPlayer::Fail(const QString& reason) {
-    if (m_steps.empty()) m_steps.push_back({QStringLiteral("start"), QStringLiteral("01-start.png"), false, QString()});
+    if (m_steps.empty())
+        m_steps.push_back({QStringLiteral("start"), QStringLiteral("001-start.png"), false, QString()});
     Say(reason);
     std::fprintf(stderr, "%s: %s\n", qPrintable(m_steps.back().name), qPrintable(reason));
     m_senses.camera().save(QDir(m_directory).filePath(m_steps.back().picture));

@@ -61,6 +61,8 @@ public:
 
     const tour::CustodyRows& Rows() const { return m_rows; }
     QWidget& Window() const { return m_window; }
+    // Where the program prints labels during the tour: a folder beside the database.
+    const QString& LabelFolder() const { return m_labelFolder; }
 
 private:
     struct Move {
@@ -84,6 +86,7 @@ private:
 
     QWidget& m_window;
     const QString m_directory;
+    const QString m_labelFolder;
     const tour::CustodyRows m_rows;
     const TourSenses m_senses;
     tour::InputDriver m_input;

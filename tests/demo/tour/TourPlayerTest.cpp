@@ -53,11 +53,11 @@ TEST_F(TourPlayerTest, ASuccessfulTourHasAPictureForEachStep) {
     ASSERT_EQ(Steps().size(), 2);
     const QJsonObject second = Steps()[1].toObject();
     EXPECT_EQ(second["name"].toString(), "two");
-    EXPECT_EQ(second["picture"].toString(), "02-two.png");
+    EXPECT_EQ(second["picture"].toString(), "002-two.png");
     EXPECT_TRUE(second["held"].toBool());
     EXPECT_EQ(second["said"].toString(), "The text: \"second\".");
-    EXPECT_FALSE(QImage(Directory() + "/01-one.png").isNull());
-    EXPECT_FALSE(QImage(Directory() + "/02-two.png").isNull());
+    EXPECT_FALSE(QImage(Directory() + "/001-one.png").isNull());
+    EXPECT_FALSE(QImage(Directory() + "/002-two.png").isNull());
 }
 
 TEST_F(TourPlayerTest, WaitsForALateCondition) {

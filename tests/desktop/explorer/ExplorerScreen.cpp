@@ -134,14 +134,6 @@ Spot SpotOfRow(const QString& name) {
     return std::nullopt;
 }
 
-Spot SpotBelowRows() {
-    const auto rows = VisibleRows();
-    const QAbstractItemView* view = Contents();
-    if (rows.empty() || !view) return std::nullopt;
-    const QPoint below = rows.back().area.center() + QPoint(0, 2 * rows.back().area.height());
-    return OnScreen(*view->viewport(), view->viewport()->rect()).contains(below) ? Spot(below) : std::nullopt;
-}
-
 QString Seen() {
     QStringList parts{TextOf(QStringLiteral("explorer/lblTitle")), TextOf(QStringLiteral("explorer/lblSubtitle")),
                       ShownOnTheRight()};

@@ -23,8 +23,6 @@ std::vector<ScreenRow> VisibleRows();
 QString FirstRow();
 QString LastRow();
 tour::Spot SpotOfRow(const QString& name);
-// An empty spot below the rows.
-tour::Spot SpotBelowRows();
 
 // The parts that apply, joined by "; ": title; subtitle; "contents", "no items", "results" or "no results"; the
 // location selected in the tree; the selected rows, with "in gray" where the list is painted without the focus; the

@@ -4,7 +4,6 @@
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ui/QtTestMain.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -115,16 +114,7 @@ void ExplorerTest::DoubleClickRow(const QString& name) {
 
 void ExplorerTest::ClickNode(const QString& name, Button button) {
     m_player.Click(
-        "the location " + name,
-        [name] {
-            QAbstractItemView* view = FindView(QStringLiteral("explorer/LocationPane"));
-            return SpotOf(view, FindRow(view, name));
-        },
-        button);
-}
-
-void ExplorerTest::Choose(const QString& entry) {
-    m_player.Click("the entry " + entry, [entry] { return SpotOf(OpenMenu(), entry); });
+        "the location " + name, [name] { return NodeSpot(name); }, button);
 }
 
 void ExplorerTest::CloseMenu() {

@@ -49,7 +49,6 @@ protected:
     void DoubleClickRow(const QString& name);
     // The first node of the tree with this name. It must be visible.
     void ClickNode(const QString& name, Button button = Button::Left);
-    void Choose(const QString& entry);
     void CloseMenu();
     void SearchFor(const QString& text);
     // Waits for the item's page, and returns by its cross.

@@ -1,5 +1,6 @@
 #include "tests/desktop/explorer/ExplorerTest.h"
 
+#include <QApplication>
 #include <QWidget>
 
 namespace quellbrook::testing {
@@ -17,9 +18,18 @@ protected:
         CloseMenu();
     }
 
+    void SaveLocationAs(const QString& name) {
+        m_player.Wait("The dialog is active", [] {
+            return Find(QStringLiteral("txtName")) && QApplication::activeModalWidget() == QApplication::activeWindow();
+        });
+        m_player.Press("ctrl+a");
+        m_player.Type(name);
+        Click("the button Save", "btnSave");
+    }
+
     void BeginBatch(const QString& row, const QString& entry) {
         RightClickRow(row);
-        Choose(entry);
+        ChooseEntry(entry);
     }
 };
 
@@ -64,7 +74,7 @@ TEST_F(MenuTest, BelowTheRowsItOffersSelectAllAndANewLocation) {
     m_player.Click("the empty space below the rows", SpotBelowRows, Button::Right);
     ExpectMenu("-, Select All, -, New");
     ExpectSeen("Row 2; 0 storage units, 8 items; contents; tree Row 2; focus ItemPane");
-    Choose("Select All");
+    ChooseEntry("Select All");
     m_player.Wait("Every row is selected",
                   [] { return SelectedRows(FindView(QStringLiteral("explorer/ItemPane"))).size() == 8; });
 }
@@ -128,6 +138,24 @@ TEST_F(MenuTest, InTheTreeItIsForTheNodeAndLeavesTheSelectionAlone) {
     ExpectSeen(before);
 }
 
+TEST_F(MenuTest, ChangesOfLocationsFromTheTreeLeaveTheFocusThere) {
+    OpenLocation({"Impound Lot", "Row 2"});
+    ClickNode("Impound Lot", Button::Right);
+    ChooseEntry("New");
+    ChooseEntry("Location");
+    SaveLocationAs("Row 9");
+    ExpectSeen("Row 9; 0 storage units, 0 items; no items; tree Row 9; focus LocationPane");
+    ClickNode("Row 9", Button::Right);
+    ChooseEntry("Edit");
+    SaveLocationAs("Wash Bay");
+    ExpectSeen("Wash Bay; 0 storage units, 0 items; no items; tree Wash Bay; focus LocationPane");
+    ClickNode("Wash Bay", Button::Right);
+    ChooseEntry("Delete");
+    ExpectDialog("Are you sure?: Are you sure you want to delete this location ('Wash Bay')?");
+    m_player.Press("y");
+    ExpectSeen("Impound Lot; 4 storage units, 0 items; contents; tree Impound Lot; focus LocationPane");
+}
+
 TEST_F(MenuTest, OnASearchResultTheResultIsSelectedFirst) {
     SearchFor("2026-0388-*");
     const QString heading = "Search Results; Showing stored items matching '2026-0388-*'; results; selected ";
@@ -137,7 +165,7 @@ TEST_F(MenuTest, OnASearchResultTheResultIsSelectedFirst) {
         "Open, Open in Tessarine..., -, Print barcode label, -, Sign out  this item, Move  this item, "
         "Dispose this item");
     ExpectSeen(heading + "2026-0388-09; focus SearchResultPane");
-    Choose("Open");
+    ChooseEntry("Open");
     ExpectItem("2026-0388-09");
     CloseItem();
     ExpectSeen(heading + "2026-0388-09; focus SearchResultPane");

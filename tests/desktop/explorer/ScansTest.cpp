@@ -163,7 +163,7 @@ TEST_F(ScansTest, WithAnOpenBatch) {
     ClickRow(property);
     ClickRow(vehicle, Modifier::Control);
     RightClickRow(property);
-    Choose("Move  2 items");
+    ChooseEntry("Move  2 items");
     const QString infobar = "2 items selected for moving within evidence storage";
     const QString batch = "in batch " + property + ", " + vehicle + "; focus ItemPane; " + infobar;
     ScanDeadCodes(m_row2 + "selected " + property + ", " + vehicle + "; " + batch);
