@@ -173,6 +173,8 @@ TEST_F(LinkTest, TheClosingCrossIsDrawnAndNamed) {
     EXPECT_EQ(m_link.size(), QSize(24, 24));
     m_link.SetCaption("\u2715");
     EXPECT_EQ(m_link.accessibleName(), "Close");
+    const QImage drawn = Grab(m_link);
+    EXPECT_EQ(drawn, drawn.mirrored(true, false)) << "only the cross";
 }
 
 TEST_F(LinkTest, IsUnderlinedUnderThePointer) {

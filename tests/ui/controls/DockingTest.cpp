@@ -24,6 +24,13 @@ TEST_F(Docking, TopAndBottomTakeTheParentsWidthAndKeepTheirHeight) {
     EXPECT_EQ(bottom->geometry(), QRect(0, 258, 400, 42));
 }
 
+TEST_F(Docking, AWidgetThatIsNoControlLeavesTheControlWhereItIs) {
+    PlainControl control(&m_window);
+    control.SetAlign(Alignment::Top);
+    control.Move(300, 300, 3000, 600);
+    EXPECT_EQ(control.geometry(), QRect(20, 20, 200, 40));
+}
+
 TEST_F(Docking, ControlsStackInTheOrderOfCreation) {
     auto* first = Dock(Alignment::Top, 600);
     auto* second = Dock(Alignment::Top, 300);
