@@ -206,6 +206,18 @@ TEST(ScanDiagnosis, TheReadingNamesInvisibleCharacters) {
     EXPECT_EQ(DiagnoseScan({{0xE0, {}}, {0x0417, {}}, {0x1F600, {}}}).reading, "\u00E0\u0417\U0001F600");
 }
 
+TEST(ScanDiagnosis, AKeyWithoutTextInTheMiddleOfANumberIsNotTakenForAWrongLayout) {
+    const auto problemOf = [](char32_t character) {
+        auto keys = Keys(U"[STX]P0000?04711[ETX]");
+        keys[6].character = character;
+        return DiagnoseScan(keys).sentences.at(0);
+    };
+    for (const char32_t control : {0x1F, 0x7F, 0x9F})
+        EXPECT_THAT(problemOf(control), HasSubstr(" came in the middle of the barcode. Remove it"));
+    for (const char32_t text : {0x20, 0x7E, 0xA0})
+        EXPECT_THAT(problemOf(text), HasSubstr("The number contains characters other than digits: "));
+}
+
 TEST(ScanDiagnosis, ALongReadingIsReadCompletely) {
     const std::u32string zeros(10'000, U'0');
     EXPECT_EQ(Diagnose(U"[STX]P" + zeros + U"7[ETX]").meaning, "Property, number 7");
