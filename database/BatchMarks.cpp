@@ -34,7 +34,6 @@ std::string BatchMarks::Write() {
         m_insert.emplace(m_database, "INSERT INTO BatchMark (Token) VALUES (?)", writeSource);
         m_delete.emplace(m_database, "DELETE FROM BatchMark WHERE MarkNo <= ?", writeSource);
     }
-    const sqlite3_int64 identity = sqlite3_last_insert_rowid(m_database);
     int64_t token = 0;
     sqlite3_randomness(sizeof token, &token);
     m_insert->Bind(1, token);
@@ -42,7 +41,6 @@ std::string BatchMarks::Write() {
     const int64_t number = sqlite3_last_insert_rowid(m_database);
     m_delete->Bind(1, number - marksKept);
     m_delete->Run(writeSource);
-    sqlite3_set_last_insert_rowid(m_database, identity);
     return std::to_string(number) + " " + std::to_string(token);
 }
 

@@ -33,11 +33,17 @@ public:
     // Runs statements that return no rows, with one value for each "?" in order.
     virtual void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) = 0;
 
+    // The same for several texts without parameters, in their order. A failure may leave out the rest of them.
+    virtual void ExecuteAll(const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) Execute(text);
+    }
+
+    // Runs one INSERT and returns the key that the database assigned to the column, whatever its triggers insert.
+    virtual int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                           const std::string& keyColumn) = 0;
+
     // The columns of a table, in their order.
     virtual std::vector<ColumnDescription> DescribeTable(const std::string& table) = 0;
-
-    // The key that the database assigned to the last row inserted through this connection.
-    virtual int32_t LastIdentity() = 0;
 
     // A write transaction. After a failed Commit the transaction must be rolled back.
     virtual void Begin() = 0;

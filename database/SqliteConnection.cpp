@@ -144,7 +144,10 @@ std::vector<ColumnDescription> SqliteConnection::DescribeTable(const std::string
     });
 }
 
-int32_t SqliteConnection::LastIdentity() {
+// The identity is that of the statement itself: SQLite restores it after each trigger.
+int32_t SqliteConnection::Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                                 const std::string& /*keyColumn*/) {
+    Execute(sql, parameters);
     return ToInt32(TaggedValue::FromInteger(sqlite3_last_insert_rowid(m_handle)));
 }
 

@@ -32,8 +32,9 @@ public:
     void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
                const RowReceiver& receiver) override;
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) override;
+    int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                   const std::string& keyColumn) override;
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override;
-    int32_t LastIdentity() override;
     void Begin() override;
     void Commit() override;
     void Rollback() noexcept override;

@@ -119,7 +119,7 @@ void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements,
             check([&](const std::string& sql, const std::vector<TaggedValue>& parameters) {
                 return AllRows(connection, sql, parameters);
             });
-        for (const std::string& statement : statements) connection.Execute(statement);
+        connection.ExecuteAll(statements);
     });
 }
 
@@ -139,10 +139,8 @@ int32_t HostDatabase::InsertRow(const std::string& table, const std::string& key
         values.push_back(ValueFor(child.text().get(), KindOf(known, name)));
     }
     int32_t key = 0;
-    InTransaction(*connection, [&](Connection&) {
-        connection->Execute(InsertText(table, columns), values);
-        key = connection->LastIdentity();
-    });
+    InTransaction(*connection,
+                  [&](Connection&) { key = connection->Insert(InsertText(table, columns), values, keyColumn); });
     return key;
 }
 

@@ -26,8 +26,8 @@ public:
 
     void Query(const std::string&, const std::vector<TaggedValue>&, const RowReceiver&) override {}
     void Execute(const std::string&, const std::vector<TaggedValue>&) override {}
+    int32_t Insert(const std::string&, const std::vector<TaggedValue>&, const std::string&) override { return 0; }
     std::vector<ColumnDescription> DescribeTable(const std::string&) override { return {}; }
-    int32_t LastIdentity() override { return 0; }
     void Begin() override {}
     void Commit() override {}
     void Rollback() noexcept override {}

@@ -264,8 +264,8 @@ TEST_F(SqliteConnectionTest, DescribesTheColumnsOfATable) {
 
 TEST_F(SqliteConnectionTest, IdentityIsThatOfTheInsertNotOfItsTriggers) {
     m_database.Execute("INSERT INTO Property (PropertyNo) VALUES (41)");
-    m_connection->Execute("INSERT INTO Property (Description) VALUES ('blue bicycle')");
-    EXPECT_EQ(m_connection->LastIdentity(), 42);
+    const std::string insert = "INSERT INTO Property (Description) VALUES (?)";
+    EXPECT_EQ(m_connection->Insert(insert, {"blue bicycle"}, "PropertyNo"), 42);
 }
 
 TEST_F(SqliteConnectionTest, ABatchLocksOutOtherWritersButNotReaders) {

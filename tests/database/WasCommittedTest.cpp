@@ -124,13 +124,6 @@ TEST_F(WasCommittedTest, ATransactionThatIsTooOldIsUnknown) {
     EXPECT_NE(RaisedBy([&] { m_engine->WasCommitted(name); }).Number(), 0);
 }
 
-TEST_F(WasCommittedTest, AMarkDoesNotChangeTheLatestIdentity) {
-    m_connection->Begin();
-    m_connection->Execute("INSERT INTO Property (PropertyNo) VALUES (41)");
-    m_connection->Commit();
-    EXPECT_EQ(m_connection->LastIdentity(), 41);
-}
-
 TEST_F(WasCommittedTest, AConnectionIsGivenUpAfterAFailureOfTheDisk) {
     m_connection->Execute("INSERT INTO Setting (Name) VALUES ('before')");
     EXPECT_NE(RaisedBy([&] { m_connection->Execute("INSERT INTO Setting (Name) VALUES ('BEFORE')"); }).Number(), 0);

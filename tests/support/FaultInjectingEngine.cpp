@@ -21,10 +21,14 @@ public:
         Pass(Step::Statement);
         m_inner->Execute(sql, parameters);
     }
+    int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                   const std::string& keyColumn) override {
+        Pass(Step::Statement);
+        return m_inner->Insert(sql, parameters, keyColumn);
+    }
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
         return m_inner->DescribeTable(table);
     }
-    int32_t LastIdentity() override { return m_inner->LastIdentity(); }
     void Begin() override {
         Pass(Step::Begin);
         m_inner->Begin();

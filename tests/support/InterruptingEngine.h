@@ -49,10 +49,14 @@ private:
             Run(m_interruptions->statement);
             m_inner->Execute(sql, parameters);
         }
+        int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                       const std::string& keyColumn) override {
+            Run(m_interruptions->statement);
+            return m_inner->Insert(sql, parameters, keyColumn);
+        }
         std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
             return m_inner->DescribeTable(table);
         }
-        int32_t LastIdentity() override { return m_inner->LastIdentity(); }
         void Begin() override {
             Run(m_interruptions->transaction);
             m_inner->Begin();

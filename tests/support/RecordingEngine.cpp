@@ -22,10 +22,14 @@ public:
         Write(sql, parameters);
         m_inner->Execute(sql, parameters);
     }
+    int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                   const std::string& keyColumn) override {
+        Write(sql, parameters);
+        return m_inner->Insert(sql, parameters, keyColumn);
+    }
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override {
         return m_inner->DescribeTable(table);
     }
-    int32_t LastIdentity() override { return m_inner->LastIdentity(); }
     void Begin() override {
         Write("BEGIN");
         m_inner->Begin();
