@@ -242,25 +242,36 @@ private:
 
     void Condition() {
         do {
-            Value();
+            ParsedComparison comparison;
+            comparison.values.push_back(Noted([this] { Value(); }));
             if (TakeWord("IS")) {
                 TakeWord("NOT");
                 ExpectWord("NULL");
             } else if (TakeWord("LIKE")) {
-                Pattern();
+                comparison.isPattern = true;
+                Pattern(comparison);
             } else if (TakeWord("IN")) {
-                IsWord("SELECT", 1) ? SubQuery() : Values();
+                IsWord("SELECT", 1) ? SubQuery() : Values(&comparison);
             } else {
                 Expect(TakeSign("=") || TakeSign("<>"));
-                Value();
+                comparison.values.push_back(Noted([this] { Value(); }));
             }
+            if (comparison.values.size() > 1) m_parsed.comparisons.push_back(std::move(comparison));
         } while (TakeWord("AND"));
     }
 
-    void Pattern() {
+    template <typename Rule>
+    TokenRange Noted(Rule rule) {
+        const size_t begin = m_at;
+        rule();
+        return {begin, m_at};
+    }
+
+    void Pattern(ParsedComparison& comparison) {
         const size_t pattern = m_at;
         Expect(Is(TokenKind::Text) || Is(TokenKind::Marker));
         ++m_at;
+        comparison.values.push_back({pattern, m_at});
         std::string_view escape;
         if (TakeWord("ESCAPE")) {
             Expect(Is(TokenKind::Text) && InsideQuotes(m_tokens[m_at]).size() == 1);
@@ -304,8 +315,13 @@ private:
         if (arguments < function->fewestArguments || arguments > function->mostArguments) RefuseTransactSql(name.text);
     }
 
-    void Values() {
-        Bracketed([this] { List([this] { Value(); }); });
+    void Values(ParsedComparison* comparison = nullptr) {
+        Bracketed([this, comparison] {
+            List([this, comparison] {
+                const TokenRange value = Noted([this] { Value(); });
+                if (comparison) comparison->values.push_back(value);
+            });
+        });
     }
 
     void SubQuery() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/TaggedValue.h"
 #include "sql/tsql/TransactSqlParser.h"
 
 #include <string>
@@ -8,8 +9,8 @@
 
 namespace quellbrook::sql {
 
-// Rewrites the Transact-SQL that the system sends for SQLite. This is the whole grammar; words are case-insensitive,
-// { } means any number of times, [ ] means optional:
+// Rewrites the Transact-SQL that the system sends for SQLite and for PostgreSQL. This is the whole grammar; words are
+// case-insensitive, { } means any number of times, [ ] means optional:
 //
 //   text       = [ statement ] { ";" [ statement ] }
 //   statement  = declare | assign | create | drop | insert | update | delete
@@ -61,5 +62,10 @@ struct RewrittenStatement {
 };
 
 std::vector<RewrittenStatement> RewriteTransactSql(std::string_view text);
+
+// The same for an engine that distinguishes case. Transact-SQL does not, so LIKE, and "=", "<>" and IN with a text on
+// one side, compare both sides folded, as LOWER(value COLLATE "C"), which folds ASCII letters. A literal with the form
+// of a date is no text. `parameters` are the values of the markers "?" in order.
+std::vector<RewrittenStatement> RewriteWithoutCase(std::string_view text, const std::vector<TaggedValue>& parameters);
 
 }  // namespace quellbrook::sql
