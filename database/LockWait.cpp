@@ -41,6 +41,8 @@ int WaitOnce(void* limit, int count) noexcept {
 
 void SetLockPause(LockPause pause) { Pause() = pause ? std::move(pause) : Sleep; }
 
+void PauseForDatabase(milliseconds time) { Pause()(time); }
+
 void WaitForLocks(sqlite3* database, milliseconds limit) {
     sqlite3_busy_handler(database, WaitOnce, reinterpret_cast<void*>(static_cast<intptr_t>(limit.count())));
 }

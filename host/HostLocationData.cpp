@@ -24,9 +24,16 @@ std::optional<int32_t> WholeNumber(std::string_view text) {
     return number;
 }
 
-void AppendRow(pugi::xml_node& documentElement, const Row& row) {
+// A database server may return the names of columns in small letters.
+std::vector<std::string> ElementNames(const ColumnSet& columns) {
+    std::vector<std::string> names = columns.Names();
+    for (const char* known : {"IdNo", "Name", "Path", "Type", "ActiveFlag", "DateEntered", "LastUpdated"})
+        if (const int at = columns.Find(known); at >= 0) names[static_cast<size_t>(at)] = known;
+    return names;
+}
+
+void AppendRow(pugi::xml_node& documentElement, const std::vector<std::string>& names, const Row& row) {
     pugi::xml_node node = documentElement.append_child(rowName);
-    const std::vector<std::string>& names = row.Columns().Names();
     for (size_t i = 0; i < names.size(); ++i) {
         const TaggedValue& value = row.At(static_cast<int>(i));
         if (value.IsNull()) continue;
@@ -50,8 +57,10 @@ void SortNaturally(pugi::xml_node& documentElement) {
 std::shared_ptr<const LocationDocument> LoadDocument() {
     auto document = std::make_unique<pugi::xml_document>();
     pugi::xml_node documentElement = document->append_child("StorageLocations");
+    std::vector<std::string> names;
     HostDatabase().ForEachRow("SELECT * FROM StorageLocation ORDER BY Name, IdNo", [&](const Row& row) {
-        AppendRow(documentElement, row);
+        if (names.empty()) names = ElementNames(row.Columns());
+        AppendRow(documentElement, names, row);
         return true;
     });
     SortNaturally(documentElement);

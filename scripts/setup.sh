@@ -1,7 +1,9 @@
 # Shared by ./run, ./test and ./bench: packages, builds, an X server. Source this file; do not run it.
 
 BUILD_PACKAGES=(g++ cmake ninja-build ccache pkg-config libsqlitecpp-dev libsqlite3-dev libpugixml-dev libboost-dev
-  libspdlog-dev libsodium-dev libzint-dev)
+  libspdlog-dev libsodium-dev libzint-dev unixodbc-dev)
+SERVER_PACKAGES=(odbc-postgresql tdsodbc)
+POSTGRESQL=/usr/lib/postgresql/15/bin
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 VIEW_PACKAGES=(qt6-base-dev qt6-svg-dev libqt6svg6 fonts-inter)
 DESIGNER_PACKAGES=(qt6-tools-dev libqt6opengl6-dev)
@@ -110,6 +112,66 @@ with_x_server() {
   "${environment[@]}" "$@" || status=$?
   kill $manager $server 2>/dev/null || true
   wait $manager $server 2>/dev/null || true
+  rm -rf "$scratch"
+  return $status
+}
+
+# install_postgresql: installs the programs of the server. The package would also create and start a cluster of its own;
+# it is told not to.
+install_postgresql() {
+  [ -x "$POSTGRESQL/postgres" ] && return 0
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  install_packages postgresql-common || return 1
+  local settings=/etc/postgresql-common/createcluster.conf status=0
+  "${as_root[@]}" cp -p $settings $settings.saved
+  echo 'create_main_cluster = false' | "${as_root[@]}" tee -a $settings >/dev/null
+  install_packages postgresql-15 || status=1
+  "${as_root[@]}" mv $settings.saved $settings
+  return $status
+}
+
+# with_postgresql COMMAND...: runs it with a PostgreSQL cluster of its own, on loopback and in a scratch folder. Sets
+# PGHOST, PGPORT, PGUSER and PGPASSWORD for the tools, and SERVER_ODBC, a connection string without a database. A server
+# does not run as root, so that root starts it as the package's account.
+with_postgresql() {
+  local scratch as_account=() status=0 port server="" tries
+  scratch=$(mktemp -d)
+  export PGHOST=127.0.0.1 PGUSER=quellbrook PGPASSWORD
+  PGPASSWORD=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
+  (umask 077 && echo "$PGPASSWORD" >"$scratch/password")
+  if [ "$(id -u)" -eq 0 ]; then
+    as_account=(setpriv --reuid=postgres --regid=postgres --clear-groups)
+    chown -R postgres:postgres "$scratch"
+  fi
+  if ! (cd "$scratch" && "${as_account[@]}" "$POSTGRESQL/initdb" -D "$scratch/data" -U "$PGUSER" --encoding=UTF8 \
+      --locale=C.UTF-8 --auth=scram-sha-256 --pwfile="$scratch/password" --no-sync) >"$scratch/log" 2>&1; then
+    cat "$scratch/log" >&2
+    rm -rf "$scratch"
+    return 1
+  fi
+  # The port may be taken.
+  for tries in 1 2 3 4 5; do
+    port=$((20000 + RANDOM % 12000))
+    (cd "$scratch" && exec "${as_account[@]}" "$POSTGRESQL/postgres" -D "$scratch/data" -h 127.0.0.1 -p $port \
+      -k "$scratch" -c fsync=off -c max_connections=100 >"$scratch/log" 2>&1) &
+    server=$!
+    until [ -z "$server" ] || "$POSTGRESQL/pg_isready" -q -p $port; do
+      kill -0 $server 2>/dev/null || server=""
+      sleep 0.1
+    done
+    [ -z "$server" ] || break
+  done
+  if [ -z "$server" ]; then
+    cat "$scratch/log" >&2
+    rm -rf "$scratch"
+    return 1
+  fi
+  export PGPORT=$port
+  SERVER_ODBC="Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=$port;Uid=$PGUSER;Pwd=$PGPASSWORD" \
+    SERVER_DATA="$scratch/data" "$@" || status=$?
+  kill -INT $server 2>/dev/null || true
+  wait $server 2>/dev/null || true
   rm -rf "$scratch"
   return $status
 }

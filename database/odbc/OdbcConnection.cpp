@@ -1,0 +1,238 @@
+#include "database/odbc/OdbcConnection.h"
+
+#include "base/Error.h"
+#include "base/ErrorLog.h"
+#include "base/Text.h"
+#include "database/odbc/OdbcError.h"
+#include "sql/tsql/RowLocks.h"
+#include "sql/tsql/TransactSqlRewriter.h"
+
+#include <chrono>
+#include <iomanip>
+#include <random>
+#include <sstream>
+#include <utility>
+
+namespace quellbrook {
+
+namespace {
+
+// Rows that are read in one go.
+constexpr size_t block = 500;
+// The time that the server itself takes to end a statement at its limit.
+constexpr int grace = 2;
+
+std::string RandomName() {
+    std::random_device random;
+    std::ostringstream name;
+    for (int i = 0; i < 4; ++i) name << std::hex << std::setw(8) << std::setfill('0') << random();
+    return name.str();
+}
+
+// The rows of a query as one call of the driver leaves them for the receiver.
+struct Rows {
+    std::vector<Row> rows;
+    bool isLast = false;
+
+    void Read(OdbcLink& link) {
+        rows = link.Fetch(block);
+        isLast = rows.size() < block;
+        if (isLast) link.Finish();
+    }
+};
+
+}  // namespace
+
+OdbcConnection::OdbcConnection(const std::string& connectionString, const ServerLimits& limits) : m_limits(limits) {
+    const auto opened = std::make_shared<std::shared_ptr<OdbcLink>>();
+    Watch([&] {
+        m_calls.Run([=] { *opened = std::make_shared<OdbcLink>(connectionString, limits); },
+                    std::chrono::seconds(limits.login + grace));
+    });
+    m_link = *opened;
+    m_server = m_link->Server();
+}
+
+// Closing a lost connection may take as long as any other call.
+OdbcConnection::~OdbcConnection() {
+    if (m_calls.IsAbandoned() || !m_link) return;
+    try {
+        m_calls.Run([link = std::exchange(m_link, nullptr)]() mutable { link.reset(); }, std::chrono::seconds(grace));
+    } catch (...) {
+        // Then its thread closes it.
+    }
+}
+
+void OdbcConnection::Watch(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const OdbcError& failure) {
+        if (failure.IsLostLink() || (m_link && m_link->IsDead())) m_isHealthy = false;
+        if (!failure.IsKeptRule())
+            LogFailure(failure.Source(), "SQLSTATE " + failure.State() + ", number " +
+                                             std::to_string(failure.NativeNumber()) + ": " + failure.Description());
+        throw;
+    } catch (...) {
+        if (m_calls.IsAbandoned()) {
+            m_isHealthy = false;
+            m_link.reset();
+            LogFailure("OdbcConnection", CurrentError().Description());
+        }
+        throw;
+    }
+}
+
+void OdbcConnection::Run(std::function<void(OdbcLink&)> work) {
+    if (!m_link) Raise(ErrorNumber::General, "OdbcConnection", "The connection to the database server has been lost.");
+    Watch([&] {
+        m_calls.Run([link = m_link, work = std::move(work)] { work(*link); },
+                    std::chrono::seconds(m_limits.statement + grace));
+    });
+}
+
+void OdbcConnection::ExecuteNative(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    Run([=](OdbcLink& link) { link.Execute(sql, parameters); });
+}
+
+void OdbcConnection::QueryNative(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                                 const RowReceiver& receiver) {
+    const auto rows = std::make_shared<Rows>();
+    Run([=](OdbcLink& link) {
+        link.Open(sql, parameters);
+        rows->Read(link);
+    });
+    const auto close = [this](OdbcLink& link) { link.Close(); };
+    try {
+        while (true) {
+            for (const Row& row : std::exchange(rows->rows, {})) {
+                if (receiver(row)) continue;
+                if (!rows->isLast) Run(close);
+                return;
+            }
+            if (rows->isLast) return;
+            Run([=](OdbcLink& link) { rows->Read(link); });
+        }
+    } catch (...) {
+        if (!rows->isLast && IsHealthy()) Run(close);
+        throw;
+    }
+}
+
+// Runs of the text leave no temporary table behind only if it drops those that it creates.
+std::string OdbcConnection::TextFor(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    if (m_server != ServerKind::PostgreSql) {
+        if (sql.starts_with("CREATE TABLE #")) m_hasTemporaryTables = true;
+        if (sql.starts_with("DROP TABLE #")) m_hasTemporaryTables = false;
+        return sql;
+    }
+    std::vector<std::string> texts;
+    for (sql::RewrittenStatement& statement : sql::RewriteWithoutCase(sql, parameters)) {
+        if (statement.kind == sql::StatementKind::Creation) m_hasTemporaryTables = true;
+        if (statement.kind == sql::StatementKind::Removal) m_hasTemporaryTables = false;
+        texts.push_back(std::move(statement.text));
+    }
+    return Join(texts, ";\n");
+}
+
+std::string OdbcConnection::QueryTextFor(const std::string& sql, const std::vector<TaggedValue>& parameters) const {
+    if (m_server != ServerKind::PostgreSql) return m_inBatch ? sql::WithLocksForSqlServer(sql) : sql;
+    const std::vector<sql::RewrittenStatement> statements = sql::RewriteWithoutCase(sql, parameters);
+    if (statements.size() != 1)
+        Raise(ErrorNumber::General, "OdbcConnection.Query", "A query consists of one statement.");
+    const std::string& text = statements.front().text;
+    return m_inBatch ? sql::WithLocksForPostgreSql(text) : text;
+}
+
+void OdbcConnection::Query(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                           const RowReceiver& receiver) {
+    QueryNative(QueryTextFor(sql, parameters), parameters, receiver);
+}
+
+void OdbcConnection::Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    ExecuteNative(TextFor(sql, parameters), parameters);
+}
+
+void OdbcConnection::ExecuteAll(const std::vector<std::string>& texts) {
+    if (m_server != ServerKind::PostgreSql) return Connection::ExecuteAll(texts);
+    std::vector<std::string> rewritten;
+    for (const std::string& text : texts) rewritten.push_back(TextFor(text, {}));
+    if (!rewritten.empty()) ExecuteNative(Join(rewritten, ";\n"));
+}
+
+int32_t OdbcConnection::Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
+                               const std::string& keyColumn) {
+    std::string text = TextFor(sql, parameters);
+    text += m_server == ServerKind::PostgreSql ? " RETURNING " + keyColumn
+                                               : "; SELECT CAST(SCOPE_IDENTITY() AS INT) AS " + keyColumn;
+    int32_t key = 0;
+    QueryNative(text, parameters, [&](const Row& row) {
+        key = ToInt32(row.At(0));
+        return true;
+    });
+    return key;
+}
+
+std::vector<ColumnDescription> OdbcConnection::DescribeTable(const std::string& table) {
+    const auto columns = std::make_shared<std::vector<ColumnDescription>>();
+    Run([=](OdbcLink& link) {
+        link.Open("SELECT * FROM " + table + " WHERE 1 = 0", {});
+        *columns = link.Describe();
+        link.Close();
+    });
+    return *columns;
+}
+
+void OdbcConnection::Begin() {
+    m_name.clear();
+    m_present.clear();
+    if (m_server == ServerKind::PostgreSql) {
+        QueryNative("BEGIN; SELECT CAST(pg_current_xact_id() AS TEXT) AS Name", {}, [this](const Row& row) {
+            m_present = ToText(row.At(0));
+            return true;
+        });
+    } else {
+        ExecuteNative("SET XACT_ABORT ON; BEGIN TRANSACTION");
+        m_present = RandomName();
+    }
+    m_inBatch = true;
+}
+
+void OdbcConnection::Commit() {
+    const bool isPostgreSql = m_server == ServerKind::PostgreSql;
+    if (m_leavesMarks) ExecuteNative("INSERT INTO BatchMark (Name) VALUES ('" + m_present + "')");
+    m_name = m_present;
+    try {
+        ExecuteNative(isPostgreSql ? "COMMIT" : "COMMIT TRANSACTION");
+    } catch (...) {
+        if (IsHealthy()) m_name.clear();
+        throw;
+    }
+    m_inBatch = false;
+}
+
+void OdbcConnection::Rollback() noexcept {
+    if (!std::exchange(m_inBatch, false)) return;
+    try {
+        if (IsHealthy())
+            ExecuteNative(m_server == ServerKind::PostgreSql ? "ROLLBACK" : "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION");
+        m_hasTemporaryTables = false;
+    } catch (...) {
+        m_isHealthy = false;
+    }
+}
+
+bool OdbcConnection::IsHealthy() {
+    if (!m_link || m_calls.IsAbandoned() || m_link->IsDead()) m_isHealthy = false;
+    return m_isHealthy;
+}
+
+void OdbcConnection::Reset() {
+    Rollback();
+    if (!m_hasTemporaryTables) return;
+    if (m_server != ServerKind::PostgreSql)
+        Raise(ErrorNumber::General, "OdbcConnection.Reset", "A temporary table is left.");
+    ExecuteNative("DISCARD TEMP");
+    m_hasTemporaryTables = false;
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,139 @@
+#include "database/odbc/OdbcEngine.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "database/LockWait.h"
+#include "database/odbc/OdbcConnection.h"
+#include "database/schema/ServerSchema.h"
+
+#include <algorithm>
+#include <chrono>
+#include <optional>
+#include <set>
+
+namespace quellbrook {
+
+namespace {
+
+const char* const openSource = "OdbcEngine.Open";
+const char* const outcomeSource = "OdbcEngine.WasCommitted";
+
+const char* SchemaFunctionOf(ServerKind server) {
+    return server == ServerKind::PostgreSql ? "CURRENT_SCHEMA()" : "SCHEMA_NAME()";
+}
+
+std::set<std::string> TextsOf(OdbcConnection& connection, const std::string& query) {
+    std::set<std::string> texts;
+    connection.QueryNative(query, {}, [&](const Row& row) {
+        texts.insert(FoldCase(ToText(row.At(0))));
+        return true;
+    });
+    return texts;
+}
+
+std::set<std::string> OurTables(OdbcConnection& connection) {
+    return TextsOf(connection,
+                   "SELECT TABLE_NAME AS Name FROM INFORMATION_SCHEMA.TABLES WHERE LOWER(TABLE_NAME) IN "
+                   "('schemaversion', 'schemafact', 'currentplace', 'batchmark') AND TABLE_SCHEMA = " +
+                       std::string(SchemaFunctionOf(connection.Server())));
+}
+
+// The names of the triggers that are switched on.
+std::set<std::string> ActiveTriggers(OdbcConnection& connection) {
+    if (connection.Server() == ServerKind::PostgreSql)
+        return TextsOf(connection,
+                       "SELECT t.tgname FROM pg_trigger t INNER JOIN pg_class c ON c.oid = t.tgrelid "
+                       "INNER JOIN pg_namespace n ON n.oid = c.relnamespace "
+                       "WHERE n.nspname = CURRENT_SCHEMA() AND t.tgenabled IN ('O', 'A') AND NOT t.tgisinternal");
+    return TextsOf(connection, "SELECT name FROM sys.triggers WHERE is_disabled = 0 AND parent_class = 1");
+}
+
+void RequireKnownVersion(OdbcConnection& connection) {
+    connection.QueryNative("SELECT MAX(Version) AS Version FROM SchemaVersion", {}, [](const Row& row) {
+        if (row.At(0).HasNoValue() || ToInt32(row.At(0)) <= ServerSchemaVersion) return true;
+        Raise(ErrorNumber::General, openSource,
+              "The database was created by a later version of this program. Install that version.");
+    });
+}
+
+bool HasAll(const std::set<std::string>& present, const std::vector<std::string>& wanted) {
+    return std::all_of(wanted.begin(), wanted.end(),
+                       [&](const std::string& name) { return present.contains(FoldCase(name)); });
+}
+
+// The state of a transaction; empty if the server does not remember it.
+std::optional<std::string> StateOf(OdbcConnection& connection, const std::string& name) {
+    std::optional<std::string> state;
+    connection.QueryNative("SELECT pg_xact_status(CAST(CAST(? AS TEXT) AS XID8)) AS State", {name},
+                           [&](const Row& row) {
+                               if (!row.At(0).HasNoValue()) state = ToText(row.At(0));
+                               return true;
+                           });
+    return state;
+}
+
+bool HasMark(OdbcConnection& connection, const std::string& name) {
+    bool has = false;
+    connection.QueryNative("SELECT Name FROM BatchMark WHERE Name = ?", {name}, [&](const Row&) { return has = true; });
+    return has;
+}
+
+}  // namespace
+
+std::shared_ptr<OdbcEngine> OdbcEngine::Open(const std::string& connectionString, const ServerLimits& limits) {
+    std::shared_ptr<OdbcEngine> engine(new OdbcEngine(connectionString, limits));
+    engine->LearnFrom(*engine->Connect());
+    return engine;
+}
+
+void OdbcEngine::LearnFrom(OdbcConnection& connection) {
+    if (connection.Server() == ServerKind::Other)
+        Raise(ErrorNumber::General, openSource,
+              "This program works with PostgreSQL and SQL Server. The connection string leads to another server.");
+    m_server = connection.Server();
+    const bool isPostgreSql = m_server == ServerKind::PostgreSql;
+    if (isPostgreSql) m_dialect.concatenation = "||";
+    if (!isPostgreSql) m_dialect.textPrefix = "N";
+    m_dialect.equalsLikeLike = isPostgreSql;
+
+    const std::set<std::string> tables = OurTables(connection);
+    if (tables.contains("schemaversion")) RequireKnownVersion(connection);
+    m_dialect.hasCurrentPlace =
+        tables.contains("currentplace") && HasAll(ActiveTriggers(connection), ServerPlaceTriggers());
+    m_dialect.itemsAreDistinct = tables.contains("schemafact") &&
+                                 TextsOf(connection, "SELECT Name FROM SchemaFact").contains("itemsaredistinct");
+    m_hasMarks = !isPostgreSql && tables.contains("batchmark");
+}
+
+std::unique_ptr<OdbcConnection> OdbcEngine::Connect() const {
+    auto connection = std::make_unique<OdbcConnection>(m_connectionString, m_limits);
+    if (m_hasMarks) connection->LeaveMarks();
+    return connection;
+}
+
+std::unique_ptr<Connection> OdbcEngine::Open() { return Connect(); }
+
+bool OdbcEngine::WasCommitted(const std::string& transactionName) {
+    using std::chrono::steady_clock;
+    if (m_server != ServerKind::PostgreSql && !m_hasMarks)
+        Raise(ErrorNumber::General, outcomeSource, "The database has no table BatchMark.");
+    constexpr std::chrono::milliseconds pause(250);
+    const auto end = steady_clock::now() + std::chrono::seconds(m_limits.statement);
+    while (true) {
+        try {
+            const std::unique_ptr<OdbcConnection> connection = Connect();
+            if (m_hasMarks) return HasMark(*connection, transactionName);
+            const std::optional<std::string> state = StateOf(*connection, transactionName);
+            if (!state) Raise(ErrorNumber::General, outcomeSource, "The server does not remember the transaction.");
+            if (*state == "committed") return true;
+            if (*state == "aborted") return false;
+            if (steady_clock::now() >= end)
+                Raise(ErrorNumber::General, outcomeSource, "The server still works on the transaction.");
+        } catch (const Error&) {
+            if (steady_clock::now() >= end) throw;
+        }
+        PauseForDatabase(pause);
+    }
+}
+
+}  // namespace quellbrook

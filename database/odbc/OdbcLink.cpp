@@ -1,0 +1,79 @@
+#include "database/odbc/OdbcLink.h"
+
+#include "base/Error.h"
+#include "database/odbc/OdbcError.h"
+#include "database/odbc/OdbcText.h"
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <array>
+
+namespace quellbrook {
+
+namespace {
+
+SQLPOINTER AsPointer(int number) { return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(number)); }
+
+void* WithVersion(const OdbcHandle& environment) {
+    SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+    return environment.Get();
+}
+
+ServerKind KindOf(const OdbcHandle& connection) {
+    std::array<char, 128> name{};
+    SQLSMALLINT length = 0;
+    SQLGetInfo(connection.Get(), SQL_DBMS_NAME, name.data(), static_cast<SQLSMALLINT>(name.size()), &length);
+    const std::string_view text(name.data());
+    if (text == "PostgreSQL") return ServerKind::PostgreSql;
+    return text == "Microsoft SQL Server" ? ServerKind::SqlServer : ServerKind::Other;
+}
+
+}  // namespace
+
+OdbcLink::OdbcLink(const std::string& connectionString, const ServerLimits& limits)
+    : m_environment(OdbcHandle::Kind::Environment, nullptr),
+      m_connection(OdbcHandle::Kind::Connection, WithVersion(m_environment)),
+      m_limits(limits) {
+    SQLSetConnectAttr(m_connection.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(limits.login), 0);
+    SQLSetConnectAttr(m_connection.Get(), SQL_ATTR_CONNECTION_TIMEOUT, AsPointer(limits.statement), 0);
+    std::u16string text = ToUtf16(connectionString);
+    const SQLRETURN result =
+        SQLDriverConnectW(m_connection.Get(), nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
+                          static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    if (!SQL_SUCCEEDED(result)) RaiseOdbcError(m_connection, "OdbcLink.Open");
+    m_server = KindOf(m_connection);
+}
+
+OdbcLink::~OdbcLink() {
+    m_open.reset();
+    SQLDisconnect(m_connection.Get());
+}
+
+bool OdbcLink::IsDead() const {
+    SQLUINTEGER isDead = SQL_CD_FALSE;
+    SQLGetConnectAttr(m_connection.Get(), SQL_ATTR_CONNECTION_DEAD, &isDead, 0, nullptr);
+    return isDead == SQL_CD_TRUE;
+}
+
+void OdbcLink::Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    OdbcStatement statement(m_connection, m_server, m_limits.statement);
+    statement.Execute(sql, parameters);
+    statement.Drain();
+}
+
+void OdbcLink::Open(const std::string& sql, const std::vector<TaggedValue>& parameters) {
+    m_open.emplace(m_connection, m_server, m_limits.statement);
+    m_open->Execute(sql, parameters);
+    if (m_open->FindRows()) return;
+    m_open.reset();
+    Raise(ErrorNumber::General, "OdbcLink.Open", "The statement returns no rows.");
+}
+
+void OdbcLink::Finish() {
+    m_open->Drain();
+    m_open.reset();
+}
+
+}  // namespace quellbrook

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "database/odbc/OdbcHandle.h"
+#include "database/odbc/OdbcStatement.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quellbrook {
+
+// How long the program waits for a server, in seconds.
+struct ServerLimits {
+    int login = 15;
+    int statement = 15;
+};
+
+// The connection of a driver to a server, with at most one open result. Its calls may take any time. Failures raise
+// OdbcError.
+class OdbcLink {
+public:
+    OdbcLink(const std::string& connectionString, const ServerLimits& limits);
+    ~OdbcLink();
+
+    ServerKind Server() const { return m_server; }
+    // Whether the driver knows that the connection is gone.
+    bool IsDead() const;
+
+    // Runs a text to its end and ignores rows.
+    void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    // Runs a text and opens its first result with rows. Error 5 if there is none.
+    void Open(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    std::vector<ColumnDescription> Describe() { return m_open->Describe(); }
+    // The next rows of the open result. Fewer than the limit at the end.
+    std::vector<Row> Fetch(size_t limit) { return m_open->Fetch(limit); }
+    // Goes to the end of the open text and closes it.
+    void Finish();
+    // Closes the open result without reading the rest.
+    void Close() { m_open.reset(); }
+
+private:
+    OdbcHandle m_environment;
+    OdbcHandle m_connection;
+    ServerKind m_server = ServerKind::Other;
+    ServerLimits m_limits;
+    std::optional<OdbcStatement> m_open;
+};
+
+}  // namespace quellbrook
