@@ -7,6 +7,7 @@
 #include "sql/tsql/RowLocks.h"
 #include "sql/tsql/TransactSqlRewriter.h"
 
+#include <algorithm>
 #include <chrono>
 #include <iomanip>
 #include <random>
@@ -19,8 +20,12 @@ namespace {
 
 // Rows that are read in one go.
 constexpr size_t block = 500;
-// The time that the server itself takes to end a statement at its limit.
+// The server and the driver get less time, so that they can end a statement by themselves.
 constexpr int grace = 2;
+
+ServerLimits WithGrace(const ServerLimits& limits) {
+    return {std::max(1, limits.login - grace), std::max(1, limits.statement - grace)};
+}
 
 std::string RandomName() {
     std::random_device random;
@@ -46,8 +51,8 @@ struct Rows {
 OdbcConnection::OdbcConnection(const std::string& connectionString, const ServerLimits& limits) : m_limits(limits) {
     const auto opened = std::make_shared<std::shared_ptr<OdbcLink>>();
     Watch([&] {
-        m_calls.Run([=] { *opened = std::make_shared<OdbcLink>(connectionString, limits); },
-                    std::chrono::seconds(limits.login + grace));
+        m_calls.Run([=] { *opened = std::make_shared<OdbcLink>(connectionString, WithGrace(limits)); },
+                    std::chrono::seconds(limits.login));
     });
     m_link = *opened;
     m_server = m_link->Server();
@@ -85,8 +90,7 @@ void OdbcConnection::Watch(const std::function<void()>& work) {
 void OdbcConnection::Run(std::function<void(OdbcLink&)> work) {
     if (!m_link) Raise(ErrorNumber::General, "OdbcConnection", "The connection to the database server has been lost.");
     Watch([&] {
-        m_calls.Run([link = m_link, work = std::move(work)] { work(*link); },
-                    std::chrono::seconds(m_limits.statement + grace));
+        m_calls.Run([link = m_link, work = std::move(work)] { work(*link); }, std::chrono::seconds(m_limits.statement));
     });
 }
 
@@ -139,8 +143,7 @@ std::string OdbcConnection::QueryTextFor(const std::string& sql, const std::vect
     const std::vector<sql::RewrittenStatement> statements = sql::RewriteWithoutCase(sql, parameters);
     if (statements.size() != 1)
         Raise(ErrorNumber::General, "OdbcConnection.Query", "A query consists of one statement.");
-    const std::string& text = statements.front().text;
-    return m_inBatch ? sql::WithLocksForPostgreSql(text) : text;
+    return statements.front().text + (m_inBatch ? sql::LocksForPostgreSql(sql) : "");
 }
 
 void OdbcConnection::Query(const std::string& sql, const std::vector<TaggedValue>& parameters,

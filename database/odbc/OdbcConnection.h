@@ -11,7 +11,7 @@
 
 namespace quellbrook {
 
-// A connection to a server. SQL Server gets statements unchanged; for PostgreSQL they are rewritten. No call takes much
+// A connection to a server. SQL Server gets statements unchanged; for PostgreSQL they are rewritten. No call takes
 // longer than the limits allow, even if the server or its driver does not answer. Failures have the server's words;
 // their state and number are logged unless they tell that a rule of the data was kept.
 class OdbcConnection : public Connection {

@@ -29,12 +29,10 @@ const Token* TableOf(const std::vector<Token>& tokens) {
 
 }  // namespace
 
-std::string WithLocksForPostgreSql(std::string_view query) {
+std::string LocksForPostgreSql(std::string_view query) {
     const std::vector<Token> tokens = SplitTransactSql(query);
-    std::string text(query);
-    if (!TableOf(tokens)) return text;
-    if (!Has(tokens, "ORDER")) text += " ORDER BY 1";
-    return text + " FOR UPDATE";
+    if (!TableOf(tokens)) return "";
+    return Has(tokens, "ORDER") ? " FOR UPDATE" : " ORDER BY 1 FOR UPDATE";
 }
 
 std::string WithLocksForSqlServer(std::string_view query) {

@@ -5,11 +5,12 @@
 
 namespace quellbrook::sql {
 
-// A query that locks the rows that it reads until the end of the transaction, in the order of its first column. Only
-// for a SELECT of rows of one table; any other query is returned unchanged.
+// What lets a query lock the rows that it reads until the end of the transaction. Only for a SELECT of rows of one
+// table; any other query stays as it is.
 
-std::string WithLocksForPostgreSql(std::string_view query);
-// The server locks the rows in the order in which it reads them.
+// The end of the query for PostgreSQL. The rows are locked in the order of the first column, unless the query has one.
+std::string LocksForPostgreSql(std::string_view query);
+// The query for SQL Server, which locks the rows in the order in which it reads them.
 std::string WithLocksForSqlServer(std::string_view query);
 
 }  // namespace quellbrook::sql
