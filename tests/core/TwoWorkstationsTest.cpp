@@ -6,10 +6,10 @@
 namespace quellbrook::testing {
 namespace {
 
-// A second workstation: another connection to the same file, with its own transactions.
+// A second workstation: another connection to the same database, with its own transactions.
 class Workstation {
 public:
-    explicit Workstation(const std::string& path) : m_connection(SqliteEngine::Open(path)->Open()) {}
+    explicit Workstation(Engine& engine) : m_connection(engine.Open()) {}
 
     void Begin(const StoredItemRef& item, const TransferData& xfer) {
         CartItems items;
@@ -41,7 +41,7 @@ protected:
     }
 
     int32_t m_shelf = 0, m_id = 0;
-    Workstation m_other{m_database.Path()};
+    Workstation m_other{*m_database.GetEngine()};
 };
 
 TEST_F(TwoWorkstations, AnItemSignedOutByOneCannotBeMovedByTheOthersOlderBatch) {

@@ -1,112 +1,32 @@
 #include "tests/support/TestDatabase.h"
 
-#include "base/Error.h"
 #include "base/Text.h"
-#include "database/SqliteEngine.h"
-#include "database/schema/SqliteSchema.h"
 #include "host/HostServices.h"
+#include "tests/support/RawDatabase.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
-
-#include <unistd.h>
 #include <algorithm>
-#include <atomic>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace quellbrook::testing {
 
 namespace {
 
-using Cells = std::vector<std::pair<std::string, TaggedValue>>;
-
-std::string ScratchPath() {
-    static std::atomic<int> count = 0;
-    const std::string name = "quellbrook-" + std::to_string(getpid()) + "-" + std::to_string(++count) + ".db";
-    return (std::filesystem::temp_directory_path() / name).string();
-}
-
-void RemoveDatabase(const std::string& path) {
-    for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path + suffix);
-}
-
-// The bytes of an empty department database, created once per process.
-const std::string& EmptyDatabase() {
-    static const std::string bytes = [] {
-        const std::string path = ScratchPath();
-        CreateDatabase(path);
-        std::ifstream file(path, std::ios::binary);
-        std::string content((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-        file.close();
-        RemoveDatabase(path);
-        return content;
-    }();
-    return bytes;
-}
-
 const char* ItemTable(StoredItemTypes kind) { return kind == StoredItemTypes::Property ? "Property" : "Vehicle"; }
 std::string KeyColumn(StoredItemTypes kind) { return ItemTable(kind) + std::string("No"); }
 
-void Bind(SQLite::Statement& statement, int position, const TaggedValue& value) {
-    if (const auto* number = value.If<int32_t>())
-        statement.bind(position, *number);
-    else if (const auto* flag = value.If<bool>())
-        statement.bind(position, *flag ? 1 : 0);
-    else if (const auto* fraction = value.If<double>())
-        statement.bind(position, *fraction);
-    else if (const auto* exact = value.If<Decimal>())
-        statement.bind(position, exact->ToDouble());
-    else if (value.HasNoValue())
-        statement.bind(position);
-    else
-        statement.bind(position, ToText(value));
-}
-
-TaggedValue ValueOf(const SQLite::Column& column) {
-    if (column.isNull()) return Null();
-    if (column.isInteger()) return TaggedValue::FromInteger(column.getInt64());
-    if (column.isFloat()) return column.getDouble();
-    return column.getString();
-}
-
 }  // namespace
 
-struct TestDatabase::Raw {
-    explicit Raw(const std::string& path) : database(path, SQLite::OPEN_READWRITE, SqliteEngine::BusyMilliseconds) {
-        database.exec("PRAGMA foreign_keys = ON");
-        database.exec("PRAGMA recursive_triggers = ON");
-        database.exec("PRAGMA synchronous = OFF");
-    }
-    SQLite::Database database;
-};
-
-TestDatabase::TestDatabase() : m_path(ScratchPath()) {
-    const std::string& bytes = EmptyDatabase();
-    std::ofstream(m_path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    m_raw = std::make_unique<Raw>(m_path);
-    m_engine = SqliteEngine::Open(m_path);
+TestDatabase::TestDatabase() : m_raw(TestServer().empty() ? MakeSqliteDatabase() : MakeServerDatabase()) {
+    m_path = m_raw->Path();
+    m_engine = m_raw->OpenEngine();
     HostServices::Current().SetEngine(m_engine);
 }
 
-TestDatabase::~TestDatabase() {
-    HostServices::Current().SetEngine(nullptr);
-    m_raw.reset();
-    RemoveDatabase(m_path);
-}
+TestDatabase::~TestDatabase() { HostServices::Current().SetEngine(nullptr); }
 
 void TestDatabase::Install(std::shared_ptr<Engine> engine) { HostServices::Current().SetEngine(std::move(engine)); }
 
-int32_t TestDatabase::Insert(const std::string& table, const Cells& cells) {
-    std::vector<std::string> names, marks;
-    std::vector<TaggedValue> values;
-    for (const auto& [name, value] : cells) {
-        names.push_back(name);
-        marks.push_back("?");
-        values.push_back(value);
-    }
-    Execute("INSERT INTO " + table + " (" + Join(names, ", ") + ") VALUES (" + Join(marks, ", ") + ")", values);
-    return static_cast<int32_t>(m_raw->database.getLastInsertRowid());
+int32_t TestDatabase::Insert(const std::string& table, const std::vector<std::pair<std::string, TaggedValue>>& cells) {
+    return m_raw->Insert(table, cells);
 }
 
 int32_t TestDatabase::AddLocation(const std::string& name, StorageLocationTypes type, int32_t parentId,
@@ -180,7 +100,7 @@ int32_t TestDatabase::AddStored(const VehicleFields& fields, const TaggedValue& 
     return id;
 }
 
-void TestDatabase::NumberVehiclesApart() { Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', 100)"); }
+void TestDatabase::NumberVehiclesApart() { m_raw->NumberVehiclesFrom(101); }
 
 int32_t TestDatabase::AddIncident(const TaggedValue& incidentId, const TaggedValue& caseNumber, bool secured) {
     return Insert("Incident", {{"IncidentId", incidentId}, {"CaseNbr", caseNumber}, {"IsSecured", secured}});
@@ -224,33 +144,10 @@ void TestDatabase::AddAttachment(StoredItemTypes kind, int32_t item, const std::
 }
 
 void TestDatabase::Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) {
-    try {
-        SQLite::Statement statement(m_raw->database, sql);
-        for (size_t i = 0; i < parameters.size(); ++i) Bind(statement, static_cast<int>(i) + 1, parameters[i]);
-        while (statement.executeStep()) {
-        }
-    } catch (const SQLite::Exception& failure) {
-        Raise(failure.getExtendedErrorCode(), "TestDatabase.Execute", failure.what());
-    }
+    m_raw->Execute(sql, parameters);
 }
 
-RowList TestDatabase::QueryRows(const std::string& sql) {
-    try {
-        SQLite::Statement statement(m_raw->database, sql);
-        std::vector<std::string> names;
-        for (int i = 0; i < statement.getColumnCount(); ++i) names.emplace_back(statement.getColumnName(i));
-        const auto columns = std::make_shared<const ColumnSet>(std::move(names));
-        RowList rows;
-        while (statement.executeStep()) {
-            std::vector<TaggedValue> values;
-            for (int i = 0; i < statement.getColumnCount(); ++i) values.push_back(ValueOf(statement.getColumn(i)));
-            rows.emplace_back(columns, std::move(values));
-        }
-        return rows;
-    } catch (const SQLite::Exception& failure) {
-        Raise(failure.getExtendedErrorCode(), "TestDatabase.QueryRows", failure.what());
-    }
-}
+RowList TestDatabase::QueryRows(const std::string& sql) { return m_raw->QueryRows(sql); }
 
 TaggedValue TestDatabase::QueryValue(const std::string& sql) {
     const RowList rows = QueryRows(sql);
@@ -259,10 +156,10 @@ TaggedValue TestDatabase::QueryValue(const std::string& sql) {
 
 std::string TestDatabase::Snapshot() {
     std::string text;
-    for (const Row& table : QueryRows("SELECT name FROM sqlite_schema WHERE type = 'table' AND "
-                                      "name NOT LIKE 'PropertyDescription%' AND name <> 'BatchMark' "
-                                      "ORDER BY name")) {
-        const std::string name = ToText(table.At(0));
+    std::vector<std::string> names = m_raw->TableNames();
+    std::sort(names.begin(), names.end());
+    for (const std::string& name : names) {
+        if (EqualsNoCase(name, "BatchMark")) continue;
         text += name + "\n";
         std::vector<std::string> lines;
         for (const Row& row : QueryRows("SELECT * FROM \"" + name + "\"")) {

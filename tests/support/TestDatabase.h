@@ -13,6 +13,8 @@
 
 namespace quellbrook::testing {
 
+class RawDatabase;
+
 // Columns of a property row that tests set by name: AddProperty({.PropertyID = "E-1", .Description = "blue bicycle"}).
 struct PropertyFields {
     TaggedValue PropertyID = Null();
@@ -47,8 +49,9 @@ struct CustodyFields {
     TaggedValue LastUpdated = DateTime::FromParts({2026, 1, 2, 9, 31, 0, 0});
 };
 
-// An empty department database in our schema, in a temporary file. Its engine is installed in HostServices for its own
-// lifetime. The builders and raw helpers use a separate connection. They raise Errors with SQLite's messages.
+// An empty department database in our schema, in a temporary file, or on the server that QUELLBROOK_TEST_ODBC names.
+// Its engine is installed in HostServices for its own lifetime. The builders and raw helpers use a separate connection.
+// They raise Errors with the engine's messages.
 class TestDatabase {
 public:
     TestDatabase();
@@ -56,6 +59,7 @@ public:
     TestDatabase(const TestDatabase&) = delete;
     TestDatabase& operator=(const TestDatabase&) = delete;
 
+    // Empty on a server.
     const std::string& Path() const { return m_path; }
     std::shared_ptr<Engine> GetEngine() const { return m_engine; }
     // Installs another engine instead, such as one that wraps GetEngine().
@@ -86,7 +90,7 @@ public:
     // Adds the attachment in folder path as the item's main one.
     void AddAttachment(StoredItemTypes kind, int32_t item, const std::string& path, const std::string& fileName);
 
-    // SQLite's own SQL. Values are returned by storage class: integers, doubles, texts, NULL.
+    // The engine's own SQL. Values are returned by storage class: integers, doubles, texts, NULL.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     RowList QueryRows(const std::string& sql);
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row
@@ -96,11 +100,10 @@ public:
     std::string Snapshot();
 
 private:
-    struct Raw;
     int32_t Insert(const std::string& table, const std::vector<std::pair<std::string, TaggedValue>>& cells);
 
     std::string m_path;
-    std::unique_ptr<Raw> m_raw;
+    std::unique_ptr<RawDatabase> m_raw;
     std::shared_ptr<Engine> m_engine;
 };
 

@@ -1,0 +1,93 @@
+#include "database/odbc/ServerDatabase.h"
+
+#include "base/Error.h"
+#include "base/Text.h"
+#include "database/odbc/OdbcConnection.h"
+#include "database/odbc/OdbcEngine.h"
+#include "tests/support/RawDatabase.h"
+
+#include <cstdlib>
+#include <map>
+
+namespace quellbrook::testing {
+
+namespace {
+
+const std::map<std::string, std::string> identities = {
+    {"StorageLocation", "IdNo"}, {"Property", "PropertyNo"},       {"Vehicle", "VehicleNo"},
+    {"Incident", "IncidentNo"},  {"AttachmentFolder", "FolderNo"},
+};
+
+const char* const removal = R"sql(
+DROP VIEW vwVehicleDisplayInfo;
+DROP TABLE SchemaVersion, SchemaFact, StorageLocation, Property, Vehicle, PropertyTracking, VehicleTracking, Incident,
+    IncdProperty, IncdVehicle, AttachmentFolder, AttachmentIndex, CurrentPlace, CodeTable, Person, Account,
+    AccountRight, Setting CASCADE;
+DROP FUNCTION GuardStorageLocation, GuardCustodyRow, PlaceProperty, PlaceVehicle, PlacePropertyTracking,
+    PlaceVehicleTracking)sql";
+
+TaggedValue Plain(const TaggedValue& value) {
+    if (const auto* moment = value.If<DateTime>()) return moment->ToText();
+    if (const auto* flag = value.If<bool>()) return *flag ? 1 : 0;
+    if (const auto* exact = value.If<Decimal>(); exact && exact->scale > 0) return exact->ToDouble();
+    return value;
+}
+
+class ServerDatabase : public RawDatabase {
+public:
+    ServerDatabase() {
+        CreateServerDatabase(TestServer());
+        m_connection = std::make_unique<OdbcConnection>(TestServer(), ServerLimits());
+    }
+    ~ServerDatabase() override { m_connection->ExecuteNative(removal); }
+
+    std::shared_ptr<Engine> OpenEngine() override { return OdbcEngine::Open(TestServer()); }
+
+    int32_t Insert(const std::string& table, const Cells& cells) override {
+        const auto identity = identities.find(table);
+        if (identity != identities.end())
+            return m_connection->Insert(InsertText(table, cells), ValuesOf(cells), identity->second);
+        Execute(InsertText(table, cells), ValuesOf(cells));
+        return 0;
+    }
+
+    void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters) override {
+        m_connection->ExecuteNative(sql, parameters);
+    }
+
+    RowList QueryRows(const std::string& sql) override {
+        RowList rows;
+        m_connection->QueryNative(sql, {}, [&](const Row& row) {
+            rows.push_back(row);
+            for (TaggedValue& value : rows.back().MutableValues()) value = Plain(value);
+            return true;
+        });
+        return rows;
+    }
+
+    std::vector<std::string> TableNames() override {
+        std::vector<std::string> names;
+        for (const Row& row : QueryRows("SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES "
+                                        "WHERE TABLE_TYPE = 'BASE TABLE' AND TABLE_SCHEMA = CURRENT_SCHEMA()"))
+            names.push_back(ToText(row.At(0)));
+        return names;
+    }
+
+    void NumberVehiclesFrom(int32_t first) override {
+        Execute("ALTER TABLE Vehicle ALTER COLUMN VehicleNo RESTART WITH " + std::to_string(first), {});
+    }
+
+private:
+    std::unique_ptr<OdbcConnection> m_connection;
+};
+
+}  // namespace
+
+std::string TestServer() {
+    const char* const text = std::getenv("QUELLBROOK_TEST_ODBC");
+    return text ? text : "";
+}
+
+std::unique_ptr<RawDatabase> MakeServerDatabase() { return std::make_unique<ServerDatabase>(); }
+
+}  // namespace quellbrook::testing
