@@ -156,6 +156,28 @@ TEST_F(MenuTest, ChangesOfLocationsFromTheTreeLeaveTheFocusThere) {
     ExpectSeen("Impound Lot; 4 storage units, 0 items; contents; tree Impound Lot; focus LocationPane");
 }
 
+TEST_F(MenuTest, DuringASearchTheTreeCanBeChangedAndTheResultsStay) {
+    SearchFor("2026-0388-*");
+    const QString results =
+        "Search Results; Showing stored items matching '2026-0388-*'; results; selected in gray 2026-0388-07; focus "
+        "LocationPane";
+    ClickNode("Impound Lot", Button::Right);
+    ExpectMenu("Open, -, Print barcode label, -, New, Edit, Delete");
+    ChooseEntry("Edit");
+    SaveLocationAs("Vehicle Yard");
+    m_player.Wait("The node has the new name", [] { return NodeSpot("Vehicle Yard").has_value(); });
+    ExpectSeen(results);
+    ClickNode("Empty Shelf", Button::Right);
+    ChooseEntry("Delete");
+    ExpectDialog("Are you sure?: Are you sure you want to delete this location ('Empty Shelf')?");
+    m_player.Press("y");
+    m_player.Wait("The node is gone", [] { return !NodeSpot("Empty Shelf"); });
+    ExpectSeen(results);
+    ClickNode("Vehicle Yard", Button::Right);
+    ChooseEntry("Open");
+    ExpectSeen("Vehicle Yard; 4 storage units, 0 items; contents; tree Vehicle Yard; focus LocationPane");
+}
+
 TEST_F(MenuTest, OnASearchResultTheResultIsSelectedFirst) {
     SearchFor("2026-0388-*");
     const QString heading = "Search Results; Showing stored items matching '2026-0388-*'; results; selected ";
