@@ -1,12 +1,15 @@
+#include "base/Environment.h"
 #include "base/Error.h"
 #include "base/Text.h"
 #include "database/SqliteEngine.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
+#include "host/TransferOutcome.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/InterruptingEngine.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
+#include "tests/support/RecordingErrorLog.h"
 #include "tests/support/TestDatabase.h"
 
 #include <gmock/gmock.h>
@@ -213,6 +216,22 @@ TEST_F(ExecuteBatchTest, ALackOfMemoryAtAnyStatementLeavesNothingOfTheBatch) {
     }
     m_database.Install(m_database.GetEngine());
     ExpectNothingRemains(before);
+}
+
+TEST_F(ExecuteBatchTest, ALackOfMemoryWhileFindingOutLeavesTheOutcomeUnknown) {
+    struct OutOfMemory : FaultInjectingEngine {
+        using FaultInjectingEngine::FaultInjectingEngine;
+        bool WasCommitted(const std::string&) override { throw std::bad_alloc(); }
+    };
+    EnvironmentScope environment;
+    RecordingErrorLog log;
+    environment->errorLog = &log;
+    log.Announce("HostDatabase.ExecuteBatch");
+    const auto engine = std::make_shared<OutOfMemory>(m_database.GetEngine());
+    m_database.Install(engine);
+    engine->FailAfterCommit(Error(4711, "Fault", "The link is gone."));
+    EXPECT_THROW(GetHostDatabase().ExecuteBatch(TwoItems()), UnknownOutcome);
+    log.Verify();
 }
 
 TEST_F(ExecuteBatchTest, AStatementThatTheDatabaseRefusesLeavesNothingOfTheBatch) {
