@@ -222,6 +222,7 @@ void SearchResultList::UpdateScrollBar() {
             m_vertScroll->SetMax(m_items->Count() - VisibleRowCount());
             m_vertScroll->SetSmallChange(1);
             m_vertScroll->SetLargeChange(1);
+            m_vertScroll->SetThumbShare(ClientHeight() / needed);
             m_vertScroll->show();
         } else {
             m_vertScroll->hide();

@@ -204,6 +204,18 @@ TEST_F(SearchResultListTest, TheListFollowsTheThumb) {
     Bar()->Bar()->setSliderDown(false);
 }
 
+TEST_F(SearchResultListTest, TheThumbCoversTheShareThatIsVisible) {
+    for (const int count : {10, 5}) {
+        m_list->SetItems(MakeItems(count));
+        const QImage bar = Grab(*Bar());
+        int thumb = 0;
+        for (int y = 0; y < bar.height(); ++y)
+            thumb += PixelAt(bar, QPoint(Bar()->width() / 2, y)) == Theme::Get(Theme::Color::Thumb);
+        const int track = 4 * RowPixels - 2 * Bar()->width();
+        EXPECT_NEAR(thumb, track * 4 / count, 4) << count;
+    }
+}
+
 TEST_F(SearchResultListTest, TheBottomCommandScrollsToTheTop) {
     m_list->SetItems(MakeItems(30));
     Bar()->SetValue(7);
