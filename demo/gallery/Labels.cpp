@@ -23,8 +23,8 @@ constexpr NamedType Types[] = {
     {"Title", Type::Title},       {"ItemHeading", Type::ItemHeading}, {"ItemHeadingRegular", Type::ItemHeadingRegular},
     {"Section", Type::Section},   {"RowHeading", Type::RowHeading},   {"RowHeadingBold", Type::RowHeadingBold},
     {"Body", Type::Body},         {"BodyBold", Type::BodyBold},       {"BodySemiBold", Type::BodySemiBold},
-    {"Subtitle", Type::Subtitle}, {"LinkText", Type::LinkText},       {"Hint", Type::Hint},
-    {"TagText", Type::TagText}};
+    {"Subtitle", Type::Subtitle}, {"LinkText", Type::LinkText},       {"StripCaption", Type::StripCaption},
+    {"Hint", Type::Hint},         {"TagText", Type::TagText}};
 
 Label* Make(QWidget* parent, Type type, const QString& caption) {
     auto* label = new Label(parent);

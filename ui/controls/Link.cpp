@@ -5,7 +5,6 @@
 #include "ui/style/FocusRing.h"
 #include "ui/style/Icons.h"
 #include "ui/style/TextBlock.h"
-#include "ui/style/Theme.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -34,11 +33,17 @@ void Link::SetQuiet(bool quiet) {
     update();
 }
 
+void Link::SetType(Theme::Type type) {
+    m_type = type;
+    FitToText();
+    update();
+}
+
 QSize Link::sizeHint() const {
     if (Caption() == Cross) return QSize(CrossSize, CrossSize);
-    const int text = TextWidth(Theme::Font(Theme::Type::LinkText), Caption());
+    const int text = TextWidth(Theme::Font(m_type), Caption());
     const int gap = IconSize() > 0 && text > 0 ? IconGap : 0;
-    return QSize(IconSize() + gap + text, std::max(IconSize(), Theme::LineHeight(Theme::Type::LinkText)));
+    return QSize(IconSize() + gap + text, std::max(IconSize(), Theme::LineHeight(m_type)));
 }
 
 void Link::FitToText() {
@@ -66,7 +71,7 @@ void Link::paintEvent(QPaintEvent*) {
                                Icons::Pixmap(IconName(), IconSize(), ink, ratio));
             left = IconSize() + IconGap;
         }
-        QFont font = Theme::Font(Theme::Type::LinkText);
+        QFont font = Theme::Font(m_type);
         font.setUnderline(IsHovered() && isEnabled());
         painter.setFont(font);
         painter.setPen(ink);

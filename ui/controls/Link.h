@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls/Pressable.h"
+#include "ui/style/Theme.h"
 
 namespace quellbrook {
 
@@ -13,7 +14,8 @@ public:
     explicit Link(QWidget* parent = nullptr);
     std::string TypeName() const override { return "Link"; }
 
-    void SetQuiet(bool quiet);  // gray instead of the link color
+    void SetQuiet(bool quiet);       // gray instead of the link color
+    void SetType(Theme::Type type);  // initially LinkText
 
     QSize sizeHint() const override;
 
@@ -24,6 +26,7 @@ protected:
 
 private:
     bool m_quiet = false;
+    Theme::Type m_type = Theme::Type::LinkText;
 };
 
 }  // namespace quellbrook

@@ -94,7 +94,7 @@ PropertyDetails::Block PropertyDetails::MakeBlock(const char* name, const char* 
     icon->SetForeColor(Theme::Color::GrayText);
     auto* label = new Label(block.box);
     label->setObjectName("lblCaption");
-    label->SetType(Theme::Type::LinkText);
+    label->SetType(Theme::Type::StripCaption);
     label->SetForeColor(Theme::Color::GrayText);
     label->SetCaption(caption);
     label->SetLeft(ToTwips(CaptionLeft));

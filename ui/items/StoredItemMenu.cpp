@@ -61,6 +61,7 @@ void StoredItemMenu::BuildLinks() {
     for (size_t index = 0; index < Links.size(); ++index) {
         Link* link = LoadMember(m_lnkMenu, this);
         link->setObjectName("lnkMenu");
+        link->SetType(Theme::Type::StripCaption);
         link->SetIcon(Links[index].icon);
         link->SetCaption(Links[index].caption);
         link->hide();
@@ -80,7 +81,7 @@ void StoredItemMenu::BuildStatusStrip() {
     m_shpStatus = addShape("shpStatus", Theme::Color::Strong);
     m_lblStatus = new Label(this);
     m_lblStatus->setObjectName("lblStatus");
-    m_lblStatus->SetType(Theme::Type::LinkText);
+    m_lblStatus->SetType(Theme::Type::StripCaption);
     m_lblStatus->SetForeColor(Theme::Color::StrongText);
     m_lblStatus->setContentsMargins(StatusInset, 0, StatusInset, 0);
     m_lblStatus->SetCaption("Unknown");
@@ -90,6 +91,7 @@ void StoredItemMenu::BuildStatusStrip() {
     m_lblMessage->SetCaption("This item is part of an in-progress evidence transfer.");
     m_lnkUndo = new Link(this);
     m_lnkUndo->setObjectName("lnkUndo");
+    m_lnkUndo->SetType(Theme::Type::StripCaption);
     m_lnkUndo->SetCaption("UNDO");
     connect(m_lnkUndo, &Link::Clicked, this, [this] { Guard([this] { lnkUndo_Click(); }); });
 }

@@ -93,6 +93,7 @@ Face FaceOf(Type type) {
     case Type::BodySemiBold: return {14, 20, QFont::DemiBold};
     case Type::Subtitle: return {13, 20, QFont::Normal};
     case Type::LinkText: return {13, 20, QFont::Medium};
+    case Type::StripCaption: return {13, 20, QFont::DemiBold};
     case Type::Hint: return {12, 16, QFont::Normal};
     case Type::TagText: return {12, 16, QFont::DemiBold};
     }

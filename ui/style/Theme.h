@@ -50,6 +50,7 @@ enum class Type {
     BodySemiBold,
     Subtitle,
     LinkText,
+    StripCaption,
     Hint,
     TagText
 };

@@ -2,6 +2,7 @@
 #include "ui/controls/FlatButton.h"
 #include "ui/controls/Link.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/TextBlock.h"
 
 #include <QFocusFrame>
 #include <QScrollArea>
@@ -140,6 +141,18 @@ TEST_F(LinkTest, SizesItselfToCaptionAndIcon) {
     EXPECT_EQ(m_link.width(), plain + 18 + 4);
     m_link.SetIcon("edit", 24);
     EXPECT_EQ(m_link.height(), 24);
+}
+
+TEST_F(LinkTest, ItsTypeSetsTheWidthAndTheWeight) {
+    m_link.SetCaption("DISPOSE THIS ITEM");
+    m_link.SetType(Theme::Type::StripCaption);
+    EXPECT_EQ(m_link.width(), TextWidth(Theme::Font(Theme::Type::StripCaption), m_link.Caption()));
+    const QImage semiBold = Grab(m_link);
+    const float width = m_link.Width();
+    m_link.SetType(Theme::Type::LinkText);
+    EXPECT_LT(m_link.Width(), width);
+    m_link.SetWidth(width);
+    EXPECT_NE(Grab(m_link), semiBold);
 }
 
 TEST_F(LinkTest, AnIconAloneHasItsSizeAndCanBeClicked) {

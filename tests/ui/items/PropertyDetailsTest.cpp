@@ -67,7 +67,9 @@ TEST_F(PropertyDetailsTest, EachBlockHasItsIconBesideItsCaption) {
     for (const FontIcon* icon : FindAll<FontIcon>(*m_details, "imgIcon")) {
         names += icon->IconName();
         QWidget* block = icon->parentWidget();
-        EXPECT_LT(icon->Right(), Find<Label>(*block, "lblCaption")->Left());
+        const Label* caption = Find<Label>(*block, "lblCaption");
+        EXPECT_LT(icon->Right(), caption->Left());
+        EXPECT_EQ(caption->Type(), Theme::Type::StripCaption);
     }
     EXPECT_EQ(names, (QStringList{"basic", "identifiers", "notes"}));
 }

@@ -11,6 +11,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/Link.h"
 #include "ui/platform/Twips.h"
+#include "ui/style/TextBlock.h"
 
 #include <gmock/gmock.h>
 
@@ -322,6 +323,15 @@ TEST_F(StoredItemMenuTest, TheLinksCloseUpFromTheLeftAndPrintingIsAtTheRight) {
     expectLayout({1, 3, 4});
     Begin(TransactionType::Dispose, {m_other});
     expectLayout({4});
+}
+
+TEST_F(StoredItemMenuTest, ItsCaptionsAreSemiBold) {
+    const QFont font = Theme::Font(Theme::Type::StripCaption);
+    EXPECT_EQ(font.weight(), QFont::DemiBold);
+    for (const Link* link : FindAll<Link>(*m_menu, "lnkMenu"))
+        EXPECT_EQ(link->width(), 22 + TextWidth(font, link->Caption())) << link->Caption().toStdString();
+    EXPECT_EQ(Undo()->width(), TextWidth(font, "UNDO"));
+    EXPECT_EQ(Find<Label>(*m_menu, "lblStatus")->Type(), Theme::Type::StripCaption);
 }
 
 TEST_F(StoredItemMenuTest, TheStatusStripBeginsWhereTheFirstLinkWould) {
