@@ -7,9 +7,13 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
+
+constexpr int LeastIconLeft = 2;  // pixels; clear of the focus ring in a narrow column
 
 QColor IconColor(const QString& icon, bool onWindow) {
     if (icon == QLatin1String("marked")) return Theme::Get(Theme::Color::Link);
@@ -46,7 +50,8 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 void CellDelegate::DrawIcon(QPainter& painter, const QRect& cell, const QString& icon, const QColor& ink) const {
     if (icon.isEmpty()) return;
     const int size = m_tree.picture;
-    painter.drawPixmap(cell.left() + (cell.width() - size) / 2, cell.top() + (cell.height() - size) / 2,
+    const int left = std::max((cell.width() - size) / 2, LeastIconLeft);
+    painter.drawPixmap(cell.left() + left, cell.top() + (cell.height() - size) / 2,
                        Icons::Pixmap(icon, size, ink, m_tree.devicePixelRatioF()));
 }
 

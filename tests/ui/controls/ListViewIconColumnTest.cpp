@@ -50,6 +50,22 @@ TEST_F(IconColumnTest, TheIconIsInItsColumn) {
     EXPECT_EQ(m_list.Tree()->topLevelItem(1)->data(2, Qt::AccessibleTextRole), "2026-2, checked");
 }
 
+TEST_F(IconColumnTest, InANarrowColumnTheIconStaysClearOfTheFocusRing) {
+    ListView list(&m_window);
+    list.SetIconSize(15, 1.7, 20);
+    list.AddColumn("box", "", 320);
+    list.AddColumn("name", "", 3000);
+    list.AddRow("1", "selected", {{}, {QString("Evidence Room")}});
+    list.Move(0, 6000, 9000, 2000);
+    list.show();
+    const QImage picture = Grab(*list.Tree()->viewport());
+    const int y = list.RowHeight() / 2;
+    constexpr int ring = 2, gap = 2;
+    for (int x = 0; x < ring + gap; ++x)
+        EXPECT_EQ(PixelAt(picture, QPoint(x, y)), Theme::Get(Theme::Color::Window)) << x;
+    EXPECT_EQ(PixelAt(picture, QPoint(ring + gap + 1, y)), Theme::Get(Theme::Color::Strong));
+}
+
 TEST_F(IconColumnTest, SettingACheckMarkChangesTheIconAndRaisesNothing) {
     m_list.SetCheckBoxes(true);
     EXPECT_FALSE(m_list.RowChecked(0));
