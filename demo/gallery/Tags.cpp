@@ -3,7 +3,10 @@
 #include "ui/common/RelatedIncidentStrip.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Twips.h"
+
+#include <QPainter>
 
 namespace quellbrook::gallery {
 
@@ -78,17 +81,31 @@ Specimen StripSpecimen() {
             empty};
 }
 
+class SelectedRow : public GroupBox {
+public:
+    explicit SelectedRow(QWidget* parent) : GroupBox(parent), m_strip(new RelatedIncidentStrip(this)) {
+        SetBackColor(Theme::Color::Highlight);
+        m_strip->SetIncidents(Incidents());
+        m_strip->SetOnHighlight(true);
+        m_strip->Control::Move(ToTwips(8), ToTwips(6));
+        Move(0, 0, m_strip->Width() + ToTwips(16), m_strip->Height() + ToTwips(12));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        GroupBox::paintEvent(event);
+        GuardPainting([this] {
+            QPainter painter(this);
+            m_strip->PaintChips(painter);
+        });
+    }
+
+private:
+    RelatedIncidentStrip* m_strip;  // owned by this
+};
+
 Specimen StripOnHighlight() {
-    const auto make = [](QWidget* parent) {
-        auto* row = new GroupBox(parent);
-        row->SetBackColor(Theme::Color::Highlight);
-        auto* strip = new RelatedIncidentStrip(row);
-        strip->SetIncidents(Incidents());
-        strip->SetOnHighlight(true);
-        strip->Control::Move(ToTwips(8), ToTwips(6));
-        row->Move(0, 0, strip->Width() + ToTwips(16), strip->Height() + ToTwips(12));
-        return row;
-    };
+    const auto make = [](QWidget* parent) { return new SelectedRow(parent); };
     return {QStringLiteral("RelatedIncidentStrip"), QObject::tr("On a selected row"), make};
 }
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr float Gap = 60;
 constexpr int LockSize = 14;
-constexpr int ChipMargin = 2;
+constexpr int ChipMargin = 3;
 
 std::shared_ptr<const IncidentList> SampleIncidents() {
     auto samples = std::make_shared<IncidentList>();
@@ -175,19 +175,18 @@ void RelatedIncidentStrip::WriteProperties(PropertyBag& bag) const {
     });
 }
 
-void RelatedIncidentStrip::paintEvent(QPaintEvent*) {
+void RelatedIncidentStrip::PaintChips(QPainter& painter) const {
     if (!m_onHighlight) return;
-    GuardPainting([this] {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Theme::Get(Theme::Color::Window));
-        for (size_t i = 0; i < m_ids.size(); ++i) {
-            if (!IsSecured(i)) continue;
-            const QRect chip = m_secured[i]->geometry().united(m_ids[i]->geometry());
-            painter.drawRoundedRect(chip.adjusted(-ChipMargin, 1, ChipMargin, -1), Theme::Radius, Theme::Radius);
-        }
-    });
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Theme::Get(Theme::Color::Window));
+    for (size_t i = 0; i < m_ids.size(); ++i) {
+        if (!IsSecured(i)) continue;
+        const QRect chip = m_secured[i]->geometry().united(m_ids[i]->geometry()).translated(pos());
+        painter.drawRoundedRect(chip.adjusted(-ChipMargin, 1, ChipMargin, -1), Theme::Radius, Theme::Radius);
+    }
+    painter.restore();
 }
 
 void RelatedIncidentStrip::changeEvent(QEvent* event) {

@@ -34,6 +34,8 @@ public:
     void SetFont(const QFont& font) { setFont(font); }
     // Whether the background has the highlight color. Secured numbers keep their color, on a chip of the window color.
     void SetOnHighlight(bool onHighlight);
+    // Paints those chips. Called by the parent while it paints itself, since a chip is wider than its number.
+    void PaintChips(QPainter& painter) const;
 
     // "ForeColor" and "Font". An unreadable value leaves the property unchanged.
     void ReadProperties(const PropertyBag& bag);
@@ -41,7 +43,6 @@ public:
 
 protected:
     void Layout() override;
-    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:

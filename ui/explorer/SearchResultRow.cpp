@@ -184,6 +184,7 @@ void SearchResultRow::paintEvent(QPaintEvent*) {
         painter.fillRect(rect(), Background());
         if (m_inCart) painter.fillRect(0, 0, BatchBarWidth, height(), Theme::Get(Theme::Color::Accent));
         PaintDivider(painter);
+        m_relatedIncidents->PaintChips(painter);
     });
 }
 

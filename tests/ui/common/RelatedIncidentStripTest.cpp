@@ -6,6 +6,9 @@
 #include "ui/common/PropertyBag.h"
 #include "ui/controls/GroupBox.h"
 #include "ui/controls/View.h"
+#include "ui/platform/Twips.h"
+
+#include <QPainter>
 
 namespace quellbrook {
 
@@ -144,19 +147,51 @@ TEST(RelatedIncidentStrip, TheFontOfItsSurroundingsReachesTheNumbers) {
     EXPECT_GT(strip->Width(), before);
 }
 
+// Paints the chips of its strip, as a row does.
+class HighlightedRow : public QWidget {
+public:
+    HighlightedRow() {
+        m_strip.Move(ToTwips(8), ToTwips(6));
+        resize(400, 40);
+    }
+    RelatedIncidentStrip& Strip() { return m_strip; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Theme::Get(Theme::Color::Highlight));
+        m_strip.PaintChips(painter);
+    }
+
+private:
+    RelatedIncidentStrip m_strip{this};
+};
+
 TEST(RelatedIncidentStrip, OnTheHighlightTheSecuredNumberKeepsItsColorOnAChip) {
-    RelatedIncidentStrip strip;
+    HighlightedRow row;
+    RelatedIncidentStrip& strip = row.Strip();
     strip.SetIncidents(Incidents({{"2026-0042", false}, {"2026-0043", true}}));
     strip.SetOnHighlight(true);
     EXPECT_EQ(Number(strip, 0)->ForeColor(), Theme::Get(Theme::Color::HighlightText));
     EXPECT_EQ(Number(strip, 1)->ForeColor(), SecuredColor);
-    QPalette palette = strip.palette();
-    palette.setColor(QPalette::Window, Theme::Get(Theme::Color::Highlight));
-    strip.setPalette(palette);
-    const QImage picture = testing::Grab(strip);
-    const QRect lock = FindAll<FontIcon>(strip, "imgSecured").at(1)->geometry();
-    EXPECT_EQ(testing::PixelAt(picture, lock.topLeft()), Theme::Get(Theme::Color::Window));
-    EXPECT_NE(testing::PixelAt(picture, Number(strip, 0)->geometry().topLeft()), Theme::Get(Theme::Color::Window));
+    const QImage picture = testing::Grab(row);
+    const QRect lock = FindAll<FontIcon>(strip, "imgSecured").at(1)->geometry().translated(strip.pos());
+    const QRect first = Number(strip, 0)->geometry().translated(strip.pos());
+    const QColor chip = Theme::Get(Theme::Color::Window), background = Theme::Get(Theme::Color::Highlight);
+    EXPECT_EQ(testing::PixelAt(picture, lock.topLeft()), chip);
+    EXPECT_EQ(testing::PixelAt(picture, first.topLeft()), background);
+    const QRect shown = strip.geometry();
+    for (const int beyond : {1, 2, 3})
+        EXPECT_EQ(testing::PixelAt(picture, QPoint(shown.right() + beyond, shown.center().y())), chip) << beyond;
+    EXPECT_EQ(testing::PixelAt(picture, QPoint(shown.right() + 4, shown.center().y())), background);
+}
+
+TEST(RelatedIncidentStrip, WithoutTheHighlightThereIsNoChip) {
+    HighlightedRow row;
+    row.Strip().SetIncidents(Incidents({{"2026-0043", true}}));
+    const QRect shown = row.Strip().geometry();
+    EXPECT_EQ(testing::PixelAt(testing::Grab(row), QPoint(shown.right() + 1, shown.center().y())),
+              Theme::Get(Theme::Color::Highlight));
 }
 
 TEST(RelatedIncidentStrip, ADisabledOneIsGreyButForTheSecuredNumber) {

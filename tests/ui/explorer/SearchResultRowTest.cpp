@@ -219,6 +219,21 @@ TEST_F(SearchResultRowTest, BackgroundAndIconFollowFocusAndBatch) {
     EXPECT_EQ(Icon(), "marked");
 }
 
+TEST_F(SearchResultRowTest, TheChipOfASecuredIncidentExtendsBeyondTheNumber) {
+    LinkIncident(m_laptop, "2026-0388", "C-26-1090", true);
+    m_row.SetItem(m_laptop);
+    const QRect strip = Find<RelatedIncidentStrip>(m_row, "lblRelatedIncidents")->geometry();
+    const auto expectBeside = [&](Theme::Color color) {
+        const QImage picture = Grab(m_row);
+        for (const int x : {strip.left() - 2, strip.right() + 2})
+            EXPECT_EQ(PixelAt(picture, QPoint(x, strip.center().y())), Theme::Get(color)) << x;
+    };
+    expectBeside(Theme::Color::Window);
+    m_row.SetFocused(true);
+    expectBeside(Theme::Color::Window);
+    EXPECT_EQ(PixelAt(Grab(m_row), QPoint(strip.right() + 5, strip.center().y())), Theme::Get(Theme::Color::Highlight));
+}
+
 TEST_F(SearchResultRowTest, ASelectedRowWithoutTheFocusIsGray) {
     m_row.SetItem(m_laptop);
     m_row.SetSelected(true);
