@@ -188,7 +188,7 @@ void HostTabs::ShowPage(int index) {
     if (page == m_scannerPage) m_scannerPage->Load();
     m_pages->setCurrentWidget(page);
     // Switching tabs by keyboard keeps the focus on the tabs.
-    if (page == m_scannerPage && !m_tabs->hasFocus()) page->setFocus();
+    if (index != evidenceTab && !m_tabs->hasFocus()) page->setFocus();
 }
 
 void HostTabs::Close(QWidget* page) {

@@ -88,8 +88,8 @@ QWidget* LoginForm::MakeFields(const QString& agency) {
 
     auto* button = new QPushButton(tr("Log In"), fields);
     button->setObjectName(QStringLiteral("logIn"));
+    button->setAutoDefault(false);  // otherwise it is no longer the default when it loses the focus
     button->setDefault(true);
-    button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, &LoginForm::Submit);
     column->addWidget(button);
     return fields;
@@ -134,6 +134,7 @@ void LoginForm::Restart() {
 
 void LoginForm::ShowFailure(const QString& sentence) {
     m_error->setText(sentence);
+    m_error->setMinimumHeight(m_error->heightForWidth(m_password->width()));
     m_error->show();
     m_password->clear();
     m_password->setFocus();

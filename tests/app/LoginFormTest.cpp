@@ -101,6 +101,30 @@ TEST(LoginForm, AFailureIsShownAndClearsThePassword) {
     EXPECT_FALSE(failure->isVisible());
 }
 
+TEST(LoginForm, LogInStaysTheDefaultAfterItHadTheFocus) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    ShowActive(form);
+    auto* button = Find<QPushButton>(form, "logIn");
+    button->setFocus();
+    form.ShowFailure("Incorrect user name or password.");
+    EXPECT_FALSE(button->hasFocus());
+    EXPECT_TRUE(button->isDefault());
+}
+
+TEST(LoginForm, ALongMessageLeavesTheFieldsTheirHeight) {
+    LoginForm form("Harlow Bay", std::nullopt, accounts);
+    form.resize(800, 600);
+    ShowActive(form);
+    const int height = Find(form, "password")->height();
+    form.ShowFailure("Too many logins have failed. Wait 1 second and try again. Then ask your administrator.");
+    ServeEvents();
+    const auto* failure = Find<QLabel>(form, "loginError");
+    EXPECT_GE(failure->height(), failure->heightForWidth(failure->width()));
+    EXPECT_GT(failure->height(), 2 * failure->fontMetrics().height() - 4);
+    EXPECT_EQ(Find(form, "password")->height(), height);
+    EXPECT_EQ(Find(form, "logIn")->height(), height);
+}
+
 TEST(LoginForm, ShowsExactlyTheGivenAccounts) {
     LoginForm form("Harlow Bay", std::nullopt, accounts);
     EXPECT_EQ(Find<QLabel>(form, "account0")->text(), "custodian");

@@ -56,6 +56,22 @@ using Captured = std::vector<std::string>;
 
 }  // namespace
 
+TEST_F(RecordTabsTest, TheFocusIsOnTheTabsPageAlsoAfterTheRecordHasChanged) {
+    LogInAsCustodian();
+    ASSERT_NE(Evidence(), nullptr);
+    m_window->OpenRecord(first);
+    for (int visit = 0; visit < 3; ++visit) {
+        m_database->exec("UPDATE Property SET Description = 'Visit " + std::to_string(visit) +
+                         "' WHERE PropertyNo = 1");
+        Tabs().setCurrentIndex(0);
+        ServeEvents();
+        EXPECT_TRUE(Evidence()->isAncestorOf(QApplication::focusWidget())) << visit;
+        Tabs().setCurrentIndex(1);
+        ServeEvents();
+        EXPECT_TRUE(ShownPage()->isAncestorOf(QApplication::focusWidget())) << visit;
+    }
+}
+
 TEST_F(RecordTabsTest, ARecordOpensInItsOwnTab) {
     LogInAsCustodian();
     EXPECT_EQ(Captions(), Captured{"Evidence"});

@@ -202,17 +202,31 @@ void EvidenceExplorer::m_cartStore_OnChange() { m_picInfobar->EnableByRights(*m_
 
 void EvidenceExplorer::Refresh() {
     const QPointer<EvidenceExplorer> self(this);
-    RefreshContents(&LocationView::Refresh);
+    try {
+        RefreshContents();
+        if (self) LeaveDeletedLocation();
+    } catch (...) {
+        if (!self) throw;
+        GetStorageLocationStatic().Refresh();
+        if (!LeaveDeletedLocation()) throw;
+    }
     if (self && m_searchResultPane->IsShown()) m_searchResultPane->Refresh();
 }
 
-void EvidenceExplorer::RefreshContents(void (LocationView::*refresh)()) {
+bool EvidenceExplorer::LeaveDeletedLocation() {
+    const StorageLocationRef location = SelectedLocation();
+    if (!location || location->IsRoot() || GetStorageLocationStatic().FindByID(location->ID())) return false;
+    m_locationPane->RefreshInPlace();
+    return true;
+}
+
+void EvidenceExplorer::RefreshContents() {
     const StorageLocationRef location = SelectedLocation();
     const auto keepFocus = KeepFocus();
     try {
         // After a failure, the pane shows no location.
         if (m_itemPane->Location())
-            (m_itemPane->*refresh)();
+            m_itemPane->RefreshInPlace();
         else
             m_itemPane->SetLocation(location);
         if (location) ShowCounts(*location);
@@ -376,7 +390,7 @@ void EvidenceExplorer::ReadAgain() {
     if (!self) return;
     if (m_searchResultPane->IsShown()) return SearchAgain();
     // The pane shows no location after a failure, which has been reported.
-    if (m_itemPane->Location()) RefreshContents(&LocationView::RefreshInPlace);
+    if (m_itemPane->Location()) RefreshContents();
 }
 
 void EvidenceExplorer::Layout() { LayoutView(); }

@@ -111,7 +111,9 @@ private:
     void PrintSelected();
     void PrintLabelsOf(const ObjectList& objects);
     void ReadAgain();
-    void RefreshContents(void (LocationView::*refresh)());
+    void RefreshContents();
+    // If somebody else has deleted the selected location, shows its container. Otherwise returns false.
+    bool LeaveDeletedLocation();
     void ApplyColors();
 
     GroupBox* m_picLeftPanel = nullptr;

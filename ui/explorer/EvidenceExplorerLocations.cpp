@@ -21,9 +21,9 @@ StorageLocationRef EvidenceExplorer::GetContextLocation() const {
 void EvidenceExplorer::RefreshPanes() {
     const QPointer<EvidenceExplorer> self(this);
     const auto keepFocus = KeepFocus();
-    m_locationPane->Refresh();
+    m_locationPane->RefreshInPlace();
     // A pane that shows no location has failed just now, and has reported it.
-    if (self && m_itemPane->Location()) RefreshContents(&LocationView::Refresh);
+    if (self && m_itemPane->Location()) RefreshContents();
 }
 
 void EvidenceExplorer::PromptAddLocation(const StorageLocationRef& parent) {

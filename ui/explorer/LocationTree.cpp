@@ -243,6 +243,8 @@ void LocationTree::RefreshInPlace() {
         expanded.insert(node.key(), node.value()->isExpanded());
     const int down = m_treeView->verticalScrollBar()->value();
     const int across = m_treeView->horizontalScrollBar()->value();
+    const QTreeWidgetItem* current = m_treeView->currentItem();
+    const bool showsCurrent = current && m_treeView->viewport()->rect().intersects(m_treeView->visualItemRect(current));
     const QPointer<LocationTree> self(this);
     Refresh();
     if (!self) return;
@@ -250,6 +252,7 @@ void LocationTree::RefreshInPlace() {
         node.value()->setExpanded(expanded.value(node.key(), node.value()->isExpanded()));
     m_treeView->doItemsLayout();
     m_treeView->verticalScrollBar()->setValue(down);
+    if (showsCurrent && m_selectedLocation) SelectNodeOf(*m_selectedLocation);
     m_treeView->horizontalScrollBar()->setValue(across);
 }
 

@@ -54,7 +54,8 @@ public:
     void Refresh();
     // Whether the loading message covers the tree: during a load, and after one that failed.
     bool IsCovered() const;
-    // Refreshes and restores the scroll position, and for each node of before whether it is expanded.
+    // Refreshes and restores the scroll position, and for each node of before whether it is expanded. If the selected
+    // node was visible, it is visible afterwards.
     void RefreshInPlace();
 
     // The tree's own menu, for an owner that returns it through GetContextMenu.

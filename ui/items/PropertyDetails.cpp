@@ -246,9 +246,17 @@ int PropertyDetails::PlacePictures(int left, int top) {
 
 // The scroll area takes every arrow key.
 bool PropertyDetails::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !(static_cast<QKeyEvent*>(event)->modifiers() & Qt::AltModifier))
+    if (event->type() != QEvent::KeyPress) return Control::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    QScrollBar* bar = m_area->verticalScrollBar();
+    if (key->modifiers() & Qt::AltModifier)
+        event->ignore();
+    else if (key->key() == Qt::Key_Home)
+        bar->setValue(bar->minimum());
+    else if (key->key() == Qt::Key_End)
+        bar->setValue(bar->maximum());
+    else
         return Control::eventFilter(watched, event);
-    event->ignore();
     return true;
 }
 

@@ -218,6 +218,28 @@ TEST_F(EvidenceExplorerLocationsTest, ACommandInTheMenuOfANodeMeansThatNode) {
     EXPECT_EQ(NameOf(m_bin), "Bin 8");
 }
 
+TEST_F(EvidenceExplorerLocationsTest, AChangeLeavesTheBranchesOfTheTreeAsTheyAre) {
+    const int32_t rack = AddLocation("Rack");
+    AddLocation("Slot", rack);
+    ShowShelf();
+    const auto node = [this](const char* name) {
+        return m_widget->findItems(name, Qt::MatchExactly | Qt::MatchRecursive).at(0);
+    };
+    node("Rack")->setExpanded(true);
+    ClickNode("Empty Shelf");
+    AnswerDialog("Blank Shelf");
+    Run(MenuEntry::EditLocation);
+    EXPECT_EQ(Title(), "Blank Shelf");
+    EXPECT_TRUE(node("Rack")->isExpanded());
+    node("Shelf A")->setExpanded(false);
+    ClickNode("Blank Shelf");
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Run(MenuEntry::DeleteLocation);
+    m_screen.TakeMessages();
+    EXPECT_TRUE(node("Rack")->isExpanded());
+    EXPECT_FALSE(node("Shelf A")->isExpanded());
+}
+
 TEST_F(EvidenceExplorerLocationsTest, NoKeepsTheLocation) {
     ShowShelf();
     ClickRow("Bin 1");

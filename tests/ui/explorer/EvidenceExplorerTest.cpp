@@ -55,6 +55,34 @@ TEST_F(EvidenceExplorerTest, TheListAndCountsAreRefreshedWhenShownAgain) {
     EXPECT_EQ(Subtitle(), "1 storage unit, 1 item");
 }
 
+TEST_F(EvidenceExplorerTest, TheSelectionIsKeptWhenTheExplorerIsShownAgain) {
+    Show(m_shelf);
+    ClickRow("E-2");
+    m_explorer->hide();
+    AddItem("E-3", m_shelf);
+    m_explorer->show();
+    EXPECT_EQ(m_list->RowCount(), 4);
+    EXPECT_EQ(SelectedObjects(), std::vector<std::string>{"E-2"});
+}
+
+TEST_F(EvidenceExplorerTest, ALocationThatSomebodyElseHasDeletedGivesWayToItsContainer) {
+    const std::function<void()> notices[] = {[] { GetStorageLocationStatic().Refresh(); },
+                                             [this] { m_explorer->SelectedLocation()->Refresh(); }};
+    for (const auto& notice : notices) {
+        const int32_t crate = AddLocation("Crate", m_empty);
+        Show(crate);
+        m_explorer->hide();
+        m_database.Execute("DELETE FROM StorageLocation WHERE IdNo = ?", {crate});
+        notice();
+        m_explorer->show();
+        EXPECT_TRUE(m_screen.TakeMessages().empty());
+        EXPECT_TRUE(TakeUnexpected().empty());
+        EXPECT_EQ(Title(), "Empty Shelf");
+        EXPECT_EQ(m_explorer->SelectedLocation()->ID(), m_empty);
+        EXPECT_EQ(m_view->Location()->ID(), m_empty);
+    }
+}
+
 TEST_F(EvidenceExplorerTest, OneOfEachHasTheSingularOfBothWords) {
     const int32_t room = AddLocation("Room");
     AddLocation("Locker", room);

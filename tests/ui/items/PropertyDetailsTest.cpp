@@ -249,6 +249,10 @@ TEST_F(PropertyDetailsTest, ALowPageScrollsByKeyboardAndWheel) {
     Press(Qt::Key_End);
     Press(Qt::Key_PageDown);
     EXPECT_EQ(Area()->verticalScrollBar()->value(), Area()->verticalScrollBar()->maximum());
+    Press(Qt::Key_Home);
+    EXPECT_EQ(Area()->verticalScrollBar()->value(), 0);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Area()->verticalScrollBar()->value(), Area()->verticalScrollBar()->maximum());
     EXPECT_LE(PlaceOf("picNotes").bottom(), 200);
     m_details->SetHeight(ToTwips(600));
     EXPECT_EQ(Area()->verticalScrollBar()->maximum(), 0);
