@@ -120,8 +120,11 @@ TEST_F(MainWindowTest, AtTheLoginFormTheBatchOfTheLastUserIsNotAskedAbout) {
 TEST_F(MainWindowTest, AUserRefusedByTheGateIsLoggedOut) {
     m_database->exec("DELETE FROM AccountRight WHERE Username = 'clerk'");
     LogIn(SampleAccounts()[1]);
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages()[0].title, "Insufficient Permissions");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              testing::OneMessage("You do not have sufficient permissions to use Quellbrook. \r\n\r\nYou need to have "
+                                  "permission to view property and/or vehicle records (at minimum) in order to access "
+                                  "Quellbrook.",
+                                  16, "Insufficient Permissions"));
     EXPECT_EQ(Evidence(), nullptr);
     EXPECT_TRUE(Find(*m_window, "loginForm")->isVisible());
     EXPECT_EQ(HostServices::Current().Session().Username(), "");

@@ -64,6 +64,10 @@ std::unique_ptr<SetupWizard> RecordingScreen::RunSetupWizard() {
     return wizard;
 }
 
+std::vector<RecordingScreen::Message> OneMessage(const std::string& prompt, int32_t buttons, const std::string& title) {
+    return {{prompt, buttons, title}};
+}
+
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::Message& message) {
     return out << '"' << message.title << "\" (" << message.buttons << "): \"" << message.prompt << '"';
 }

@@ -86,6 +86,9 @@ private:
     int m_livingWizards = 0;
 };
 
+// A record of this message alone, to compare with Messages() or TakeMessages().
+std::vector<RecordingScreen::Message> OneMessage(const std::string& prompt, int32_t buttons, const std::string& title);
+
 // For gtest's output.
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::Message& message);
 std::ostream& operator<<(std::ostream& out, const RecordingScreen::PlainMessage& message);

@@ -314,6 +314,26 @@ TEST_F(ModalDialog, LineEndsOfTheMessageBreakItsLines) {
     EXPECT_EQ(Find<Label>(*form, "lblMessage")->height(), 3 * 20);
 }
 
+TEST_F(ModalDialog, AMessageShowsItsTextItsTitleAndItsStyle) {
+    WhenOpen<frmModal>([](frmModal& form) {
+        EXPECT_EQ(Find<Label>(form, "lblMessage")->Caption(), "Go on?");
+        EXPECT_EQ(Find<Label>(*Find(form, "grpTitlebar"), "lblTitle")->Caption(), "Question");
+        EXPECT_EQ(Find<FontIcon>(form, "imgIcon")->IconName(), "question");
+        EXPECT_EQ(Captions(form), "Yes|No");
+        for (const char* part : {"lblMessage", "lblTitle", "imgIcon"}) EXPECT_TRUE(Find(form, part)->isVisible());
+        Button(form, 0)->Click();
+    });
+    EXPECT_EQ(ShowMessage("Go on?", 36, "Question"), 6);
+    WhenOpen<frmModal>([](frmModal& form) {
+        EXPECT_EQ(Find<Label>(form, "lblMessage")->Caption(), "It failed.");
+        EXPECT_EQ(Find<Label>(*Find(form, "grpTitlebar"), "lblTitle")->Caption(), "Error");
+        EXPECT_EQ(Find<FontIcon>(form, "imgIcon")->IconName(), "error");
+        EXPECT_EQ(Captions(form), "OK");
+        Button(form, 0)->Click();
+    });
+    EXPECT_EQ(ShowMessage("It failed.", 16, "Error"), 1);
+}
+
 TEST_F(ModalDialog, AScreenReaderLearnsTitleAndMessage) {
     Ask(36, [](frmModal& form) {
         EXPECT_EQ(form.accessibleName(), "Question");

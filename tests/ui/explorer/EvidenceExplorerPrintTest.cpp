@@ -64,18 +64,16 @@ TEST_F(EvidenceExplorerPrintTest, AFailureIsReportedAndEndsPrinting) {
     m_list->Tree()->setFocus();
     m_view->SelectAll();
     Print();
-    const std::vector<RecordingScreen::Message> messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u) << "no second try";
-    EXPECT_THAT(messages[0].prompt, ::testing::EndsWith(": Out of labels."));
-    EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
-    EXPECT_EQ(messages[0].title, "Error");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error printing barcode label for location 'Bin 1': Out of labels.", 16, "Error"));
     EXPECT_THAT(m_actions->Notices(), ElementsAre()) << "no label was printed";
 }
 
 TEST_F(EvidenceExplorerPrintTest, AFailureAfterTheFirstLabelSaysHowManyWerePrinted) {
     m_labels.printer->refuseAfter = 2;
     PrintAll();
-    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error printing barcode label for property 'E-2': Out of labels.", 16, "Error"));
     EXPECT_THAT(m_actions->Notices(), ElementsAre("Sent 2 labels to the printer 'Front Desk'."));
 }
 

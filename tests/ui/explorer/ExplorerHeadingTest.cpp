@@ -181,7 +181,8 @@ TEST_F(ExplorerHeadingTest, TheSelectedLocationIsDeletedAfterAQuestion) {
     Show(m_empty);
     m_screen.AnswerNext(MessageAnswer::Yes);
     LinkNamed("lnkDeleteLocation")->Click();
-    EXPECT_EQ(m_screen.TakeMessages().at(0).prompt, "Are you sure you want to delete this location ('Empty Shelf')?");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Are you sure you want to delete this location ('Empty Shelf')?", 36, "Are you sure?"));
     EXPECT_EQ(LocationOf(m_empty), nullptr);
     EXPECT_EQ(Title(), "Sign-In Locations");
 }
@@ -228,6 +229,15 @@ TEST_F(ExplorerHeadingTest, TheLabelOfTheSelectedLocationIsPrinted) {
     LinkNamed("lnkPrintLocationBarcode")->Click();
     ASSERT_EQ(labels.printer->labels.size(), 1u);
     EXPECT_EQ(labels.printer->labels[0].barcodes.at(0).text, MakeBarcodeText("L", m_shelf));
+}
+
+TEST_F(ExplorerHeadingTest, AFailureToPrintTheLabelIsReported) {
+    LabelServices labels;
+    labels.printer->refusal = "Out of labels.";
+    ShowShelf();
+    Click(LinkNamed("lnkPrintLocationBarcode"));
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error printing barcode label for location 'Shelf A': Out of labels.", 16, "Error"));
 }
 
 TEST_F(ExplorerHeadingTest, TheFullPathIsTheTooltipAndTheDescriptionOfTheTitle) {

@@ -55,11 +55,8 @@ TEST_F(LocationTreeTest, ItsOwnMenuPrintsTheLabelOfTheNode) {
     EXPECT_EQ(labels.printer->labels.size(), 1u) << "a root has no label";
     labels.printer->refusal = "Out of paper.";
     printFor("Court");
-    const auto messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_THAT(messages[0].prompt, ::testing::HasSubstr("Out of paper."));
-    EXPECT_EQ(messages[0].buttons, MessageStyle::Critical);
-    EXPECT_EQ(messages[0].title, "Error");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error printing barcode label for location 'Court': Out of paper.", 16, "Error"));
     EXPECT_THAT(actions->Notices(), ElementsAre("Sent 1 label to the printer 'Front Desk'."));
 }
 

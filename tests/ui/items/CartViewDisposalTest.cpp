@@ -190,11 +190,12 @@ TEST_F(CartViewDisposalTest, ABatchThatChangesBehindTheDialogIsNotDisposedOf) {
         Transfer()->Click();
         EXPECT_FALSE(before.empty());
         EXPECT_EQ(m_database.Snapshot(), before);
-        const auto messages = m_screen.TakeMessages();
-        ASSERT_EQ(messages.size(), 1u);
-        EXPECT_NE(messages[0].prompt.find("The batch was changed while its final disposition was being entered."),
-                  std::string::npos)
-            << messages[0].prompt;
+        EXPECT_EQ(
+            m_screen.TakeMessages(),
+            OneMessage("An unexpected error occurred while transferring these items. No items were moved in the system."
+                       "\r\n\r\nThe batch was changed while its final disposition was being entered. Check the "
+                       "items and try again.",
+                       16, "Unexpected error"));
         GetActions().CancelTransaction();
     }
 }

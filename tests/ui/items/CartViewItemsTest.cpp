@@ -9,6 +9,12 @@
 namespace quellbrook::testing {
 namespace {
 
+Messages QuestionAbout(const std::string& kind, const std::string& item) {
+    return OneMessage("Do you want really want to remove the following " + kind +
+                          " from the current evidence transfer?\r\n\r\n    \u2022 " + item,
+                      36, "Confirm Remove");
+}
+
 TEST_F(CartViewTest, ADoubleClickOpensTheItem) {
     BeginSignOut();
     DoubleClick(Find<GroupBox>(*List(), "picContainer"), QPoint(300, 150));
@@ -120,10 +126,7 @@ TEST_F(CartViewTest, RemovingAsksAndRemovesTheItem) {
     BeginSignOut();
     m_screen.AnswerNext(MessageAnswer::Yes);
     Entry("mnuRemove")->trigger();
-    EXPECT_EQ(m_screen.TakeMessages(),
-              (Messages{{"Do you want really want to remove the following property from the current evidence "
-                         "transfer?\r\n\r\n    \u2022 2026-0417-03 ('Laptop computer')",
-                         36, "Confirm Remove"}}));
+    EXPECT_EQ(m_screen.TakeMessages(), QuestionAbout("property", "2026-0417-03 ('Laptop computer')"));
     EXPECT_FALSE(Cart()->IsItemInCart(m_laptop));
     EXPECT_TRUE(Cart()->IsItemInCart(m_bar));
     EXPECT_EQ(Text("lblItemCount"), " (1)");
@@ -144,9 +147,7 @@ TEST_F(CartViewTest, TheQuestionNamesAVehicle) {
     Begin(TransactionType::SignOut, {car, m_bar});
     m_screen.AnswerNext(MessageAnswer::No);
     Entry("mnuRemove")->trigger();
-    EXPECT_EQ(
-        m_screen.TakeMessages().front().prompt.rfind("Do you want really want to remove the following vehicle from", 0),
-        0u);
+    EXPECT_EQ(m_screen.TakeMessages(), QuestionAbout("vehicle", car->DisplayID() + " ('" + car->Description() + "')"));
     EXPECT_TRUE(Cart()->IsItemInCart(car));
 }
 
@@ -171,8 +172,7 @@ TEST_F(CartViewTest, RemovingTheLastItemEndsTheTransferAndGoesBack) {
     Begin(TransactionType::SignOut, {m_laptop});
     m_screen.AnswerNext(MessageAnswer::Yes);
     Entry("mnuRemove")->trigger();
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages().front().title, "Confirm Remove");
+    EXPECT_EQ(m_screen.TakeMessages(), QuestionAbout("property", "2026-0417-03 ('Laptop computer')"));
     EXPECT_EQ(Cart()->GetTransactionType(), TransactionType::None);
     EXPECT_FALSE(IsCurrent());
 }

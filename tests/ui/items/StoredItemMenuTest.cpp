@@ -218,9 +218,8 @@ TEST_F(StoredItemMenuTest, TheBarCanBeDestroyedWhileItPrints) {
         m_laptop.reset();
     }));
     LinkNo(0)->Click();
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.TakeMessages().front().prompt,
-              "Error printing barcode label for property '2026-0417-03': Out of labels.");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error printing barcode label for property '2026-0417-03': Out of labels.", 16, "Error"));
 }
 
 TEST_F(StoredItemMenuTest, AFailureToReportAPrintedLabelIsNoFailureToPrint) {
@@ -253,11 +252,7 @@ TEST_F(StoredItemMenuTest, AFailureToBeginATransactionIsReported) {
             Raise(ErrorNumber::General, "Failing", "No batch today.");
     }));
     Click(LinkNo(TransactionType::SignOut));
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    const RecordingScreen::Message message = m_screen.TakeMessages().front();
-    EXPECT_THAT(message.prompt, ::testing::HasSubstr("No batch today."));
-    EXPECT_EQ(message.buttons, 16);
-    EXPECT_EQ(message.title, "Error");
+    EXPECT_EQ(m_screen.TakeMessages(), OneMessage("Error executing callback 'Failing': No batch today.", 16, "Error"));
     EXPECT_FALSE(IsStripShown());
 }
 

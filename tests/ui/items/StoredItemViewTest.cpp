@@ -241,9 +241,9 @@ TEST_F(StoredItemViewTest, AFailureToOpenTheRecordIsReported) {
 
 TEST_F(StoredItemViewTest, TheLinkReportsAMissingItem) {
     Click(Named("lnkOpenInTessarine"));
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages().front().prompt,
-              "Error opening this record: Cannot open this type of object in Tessarine.");
+    EXPECT_EQ(m_screen.TakeMessages(),
+              OneMessage("Error opening this record: Cannot open this type of object in Tessarine.", 16,
+                         "Error Opening Record"));
 }
 
 TEST_F(StoredItemViewTest, CloseGoesBack) {

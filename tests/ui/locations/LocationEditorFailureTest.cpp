@@ -7,6 +7,8 @@
 namespace quellbrook::testing {
 namespace {
 
+const std::string notLoaded = "cboLocation has not been loaded yet. Call LoadLocations first.";
+
 class LocationEditorFailureTest : public LocationEditorTest {};
 
 TEST_F(LocationEditorFailureTest, AFailureOfTheDatabaseIsReportedAndTheEntriesStay) {
@@ -35,14 +37,13 @@ TEST_F(LocationEditorFailureTest, ALocationThatWasDeletedElsewhereIsReported) {
 TEST_F(LocationEditorFailureTest, TheFormOfAnUncategorizedLocationSaysThatItHasNoContainers) {
     const int32_t loose = m_database.AddLocation("Loose", Types::Unassigned);
     GetStorageLocationStatic().Refresh();
-    const std::string reason = "cboLocation has not been loaded yet. Call LoadLocations first.";
     Edit(loose);
-    ExpectError(reason);
+    ExpectError(notLoaded);
     EXPECT_EQ(Title(), "Edit Storage Location");
     EXPECT_EQ(NameField()->Text(), "Loose");
     EXPECT_EQ(Category()->ListIndex(), -1);
     Press("btnSave");
-    ExpectError(reason);
+    ExpectError(notLoaded);
     Choose(Types::Internal);
     Press("btnSave");
     ExpectSaved();
@@ -58,7 +59,7 @@ TEST_F(LocationEditorFailureTest, TheFormOfAnUncategorizedLocationOpensBeforeIts
     };
     WhileFormOpen<frmAddEditLocation>([](frmAddEditLocation&) { ServeEvents(); });
     EXPECT_FALSE(GetDialogs().EditLocation(m_tree.Find(loose)));
-    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(m_screen.TakeMessages(), OneMessage(notLoaded, 16, "Error"));
     EXPECT_TRUE(visible);
 }
 
@@ -78,7 +79,7 @@ TEST_F(LocationEditorFailureTest, AfterAFailureToLoadTheContainersNothingIsSaved
     ASSERT_TRUE(faults->HasStruck());
     EXPECT_THAT(reported, ::testing::ElementsAre(::testing::HasSubstr("The link is down.")));
     Press("btnSave");
-    ExpectError("cboLocation has not been loaded yet. Call LoadLocations first.");
+    ExpectError(notLoaded);
     EXPECT_EQ(m_tree.Row(m_tree.bin), "Bin 2 /0/1/");
     chooseTheSameCategory();
     EXPECT_EQ(ContainerId(), m_tree.room);

@@ -230,7 +230,7 @@ TEST_F(LocationEditorTest, AMoveRemainsIfTheRenameFails) {
     SetName("Case");
     Container()->SetSelectedLocation(m_tree.Find(m_tree.annex));
     Press("btnSave");
-    ExpectError("already exists here");
+    ExpectError("A location with the name 'Case' already exists here.");
     EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/5/");
 }
 
@@ -239,7 +239,8 @@ TEST_F(LocationEditorTest, ALocationCannotBeItsOwnContainer) {
         Edit(m_tree.shelf);
         Container()->SetSelectedLocation(m_tree.Find(container));
         Press("btnSave");
-        ExpectError("A location cannot be moved into itself or one of its own sublocations.");
+        ExpectError("Could not move location 'Shelf' into '" + m_tree.Find(container)->Name() +
+                    "'. \r\n\r\nA location cannot be moved into itself or one of its own sublocations.");
         EXPECT_EQ(ContainerId(), container);
         EXPECT_EQ(m_tree.Row(m_tree.shelf), "Shelf 2 /0/1/");
     }

@@ -76,11 +76,7 @@ protected:
     }
     // The form stays open.
     void ExpectError(const std::string& text) {
-        const auto messages = m_screen.TakeMessages();
-        ASSERT_EQ(messages.size(), 1u);
-        EXPECT_THAT(messages[0].prompt, ::testing::HasSubstr(text));
-        EXPECT_EQ(messages[0].title, "Error");
-        EXPECT_EQ(messages[0].buttons, 16);
+        EXPECT_EQ(m_screen.TakeMessages(), OneMessage(text, 16, "Error"));
         EXPECT_TRUE(m_form->isVisible());
         EXPECT_TRUE(m_form->Canceled());
     }

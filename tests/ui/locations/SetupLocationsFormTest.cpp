@@ -140,7 +140,11 @@ TEST_F(SetupLocationsFormTest, AFailureAtTheEndLeavesItOpen) {
     m_database.Install(faults);
     faults->FailAtCommit(Error(7, "Engine", "The disk is full."));
     Next();
-    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(
+        m_screen.TakeMessages(),
+        OneMessage("Error assigning location categories: Could not move location 'Auction' into 'Final Disposition'. "
+                   "\r\n\r\nThe disk is full.",
+                   16, "Error"));
     EXPECT_TRUE(m_form->isVisible());
     EXPECT_FALSE(m_form->Completed());
 }

@@ -154,10 +154,10 @@ TEST_F(WizardWritingTest, TwoLocationsWithTheSameNameDoNotFitIntoOneCategory) {
     Click(SelectAll());
     Next();
     Next();
-    const auto messages = m_screen.TakeMessages();
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_THAT(messages[0].prompt, ::testing::HasSubstr("There is already a location with the name 'Shelf A'"));
-    EXPECT_EQ(m_completions, 0);
+    ExpectError(
+        "Error assigning location categories: Could not move location 'Shelf A' into 'Final Disposition'. \r\n\r\n"
+        "There is already a location with the name 'Shelf A' in 'Final Disposition'. \r\n\r\nRename this location or "
+        "the other location already in 'Final Disposition' before moving this location.");
 }
 
 }  // namespace

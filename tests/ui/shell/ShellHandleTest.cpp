@@ -100,8 +100,8 @@ TEST_F(ShellHandle, ADispatchBehindTheFailureMessageIsRefusedAndLeavesTheDispatc
     const std::string words =
         "Cannot call Dispatcher.Dispatch while another call to Dispatch is in progress. [Forms.Count = 1]";
     EXPECT_EQ(refused.Description(), "Error executing callback 'Nothing': " + words);
-    ASSERT_EQ(m_screen.PlainMessages().size(), 1u);
-    EXPECT_EQ(m_screen.PlainMessages()[0].text, words);
+    const std::vector<testing::RecordingScreen::PlainMessage> plain = {{words, "Unexpected Error"}};
+    EXPECT_EQ(m_screen.TakePlainMessages(), plain);
     EXPECT_EQ(OnShow(), Names{"explorer"});
     GetActions().NavigateTo("cart", nullptr);
     EXPECT_EQ(OnShow(), Names{"cart"});

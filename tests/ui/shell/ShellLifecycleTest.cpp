@@ -248,8 +248,7 @@ TEST_F(ShellLifecycle, AChangeWhileHiddenThatCannotBeShownLeavesTheFormerView) {
     GetActions().NavigateTo("cellar", nullptr);
     EXPECT_TRUE(m_screen.Messages().empty());
     m_shell->show();
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages()[0].title, "View Not Found");
+    EXPECT_EQ(m_screen.TakeMessages(), testing::OneMessage("Could not find view 'cellar'", 16, "View Not Found"));
     EXPECT_EQ(OnShow(), Names{"explorer"});
 }
 
@@ -278,11 +277,10 @@ TEST_F(ShellLifecycle, AViewThatFailsWhenShownAgainIsReported) {
     m_shell->hide();
     m_explorer->onShown = [] { Raise(1234, "View", "The shelf is empty."); };
     m_shell->show();
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages()[0].title, "View Show Error");
-    EXPECT_EQ(m_screen.Messages()[0].prompt,
-              "Could not switch to view 'explorer': Error loading view of type 'FakeView': The shelf is empty.");
-    m_screen.TakeMessages();
+    EXPECT_EQ(m_screen.TakeMessages(),
+              testing::OneMessage("Could not switch to view 'explorer': Error loading view of type 'FakeView': The "
+                                  "shelf is empty.",
+                                  16, "View Show Error"));
     GetActions().NavigateTo("cart", nullptr);
     EXPECT_EQ(OnShow(), Names{"cart"});
 }
@@ -328,8 +326,7 @@ TEST_F(ShellLifecycle, StoresThatCannotBeBuiltAreReported) {
     log.Announce(testing::RaisedBy([] { GetStores(); }).Source());
     Start();
     testing::ServeEvents();
-    ASSERT_EQ(m_screen.Messages().size(), 1u);
-    EXPECT_EQ(m_screen.Messages()[0].title, "Unexpected Error");
+    EXPECT_EQ(m_screen.TakeMessages(), testing::OneMessage("No database has been opened.", 16, "Unexpected Error"));
     GetActions().NotifyUser("Done");
     EXPECT_FALSE(Named("toastMessage")->IsShown()) << "registered before the stores";
     log.Verify();
