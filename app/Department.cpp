@@ -5,6 +5,9 @@
 #include "base/ErrorLog.h"
 #include "base/FormatCount.h"
 #include "database/SqliteEngine.h"
+#include "database/odbc/OdbcEngine.h"
+#include "database/odbc/ServerDatabase.h"
+#include "demo/sample/Progress.h"
 #include "demo/sample/ProgressBar.h"
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
@@ -35,11 +38,44 @@ std::string FileName(const SampleOptions& options) {
 
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory) {
     if (options.databasePath) return options.databasePath;
+    if (options.server) return options.server;
     if (options.fresh || options.tourDirectory) return std::nullopt;
     return (std::filesystem::path(dataDirectory) / FileName({options.size.value_or(0)})).string();
 }
 
+void CreateOnServer(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    constexpr int hour = 3600;
+    const ServerLimits limits{ServerLimits().login, hour};
+    if (!options.size) return CreateServerDatabase(*options.server, limits);
+    MakeDirectory(dataDirectory);
+    const QTemporaryDir scratch(QString::fromStdString((std::filesystem::path(dataDirectory) / "create").string()));
+    if (!scratch.isValid())
+        Raise(ErrorNumber::General, "CreateOnServer",
+              "A scratch folder can't be created: " + scratch.errorString().toStdString());
+    const std::string path = scratch.filePath(QStringLiteral("department.sqlite")).toStdString();
+    CreateSampleDepartment(path, {*options.size}, sample::PartOf(progress, 0, 50));
+    const std::unique_ptr<Connection> rows = SqliteEngine::Open(path)->Open();
+    CreateServerDatabase(*options.server, limits, {rows.get(), sample::PartOf(progress, 50, 100)});
+    const std::filesystem::path pictures = scratch.filePath(QStringLiteral("Pictures")).toStdString();
+    std::filesystem::copy(pictures, std::filesystem::path(dataDirectory) / "Pictures",
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
+}
+
+namespace {
+
+Department OpenServer(const std::string& connectionString, const std::string& dataDirectory) {
+    Department department;
+    department.path = (std::filesystem::path(dataDirectory) / "server").string();
+    MakeDirectory(dataDirectory);
+    AddMissingLabelTemplates(dataDirectory);
+    department.engine = OdbcEngine::Open(connectionString);
+    return department;
+}
+
+}  // namespace
+
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    if (options.server) return OpenServer(*options.server, dataDirectory);
     const SampleOptions sample{options.size.value_or(0), options.uncategorized};
     Department department;
     if (const auto path = DepartmentPath(options, dataDirectory)) {

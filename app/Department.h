@@ -18,13 +18,17 @@ class Termination;
 // The department that the program works with.
 struct Department {
     std::unique_ptr<QTemporaryDir> scratch;  // its folder, if it is a scratch copy
-    std::string path;
+    std::string path;                        // of the file; for a server, of a folder for the files beside it
     std::shared_ptr<Engine> engine;
     std::vector<std::string> notes;  // what an administrator should know about the opening
 };
 
-// The path of the department that the options name; empty for a scratch copy.
+// Identifies the department that the options name, by its path or connection string; empty for a scratch copy.
 std::optional<std::string> DepartmentPath(const Options& options, const std::string& dataDirectory);
+
+// Creates a department in the empty database of a server that the options name, with generated rows if they give a
+// size. Pictures go into the data directory. Error 5 with a sentence if that fails; then nothing is created.
+void CreateOnServer(const Options& options, const std::string& dataDirectory, const SampleProgress& progress);
 
 // Opens the database that the options name. First creates a missing sample or generated department, in the data
 // directory or in a scratch folder, and adds missing label templates. Logs the notes. Error 5 with a sentence for a

@@ -10,6 +10,7 @@ namespace {
 
 constexpr int32_t largestSize = 2'000'000;
 const QString sqliteScheme = QStringLiteral("sqlite:");
+const QString odbcScheme = QStringLiteral("odbc:");
 
 struct OptionDefinition {
     const char* name;
@@ -17,7 +18,12 @@ struct OptionDefinition {
     const char* description;
 };
 constexpr OptionDefinition definitions[] = {
-    {"database", "sqlite:PATH", "Open the department in this database file."},
+    {"database", "URL",
+     "Open the department in this database: sqlite:PATH names a file, odbc:CONNECTION STRING a database on a server, "
+     "PostgreSQL or SQL Server."},
+    {"create", nullptr,
+     "With --database odbc:CONNECTION STRING: create a department in that empty database and exit. With --size, fill "
+     "it with a generated department."},
     {"size", "N", "Open a generated department of N items, up to 2000000. It is created on first use."},
     {"fresh", nullptr, "Work on a scratch copy that is deleted afterwards."},
     {"uncategorized", nullptr,
@@ -74,12 +80,19 @@ std::optional<std::string> ValueOf(const QCommandLineParser& parser, const char*
     return parser.isSet(name) ? std::optional(parser.value(name).toStdString()) : std::nullopt;
 }
 
-std::optional<std::string> DatabasePathOf(const QCommandLineParser& parser) {
-    if (!parser.isSet(QStringLiteral("database"))) return std::nullopt;
+void ReadDatabase(const QCommandLineParser& parser, Options& options) {
+    if (!parser.isSet(QStringLiteral("database"))) return;
     const QString value = parser.value(QStringLiteral("database"));
-    if (!value.startsWith(sqliteScheme) || value.size() == sqliteScheme.size())
-        Refuse(QStringLiteral("'%1' is not a database. Write sqlite:PATH.").arg(value));
-    return value.mid(sqliteScheme.size()).toStdString();
+    const auto rest = [&](const QString& scheme) -> std::optional<std::string> {
+        if (!value.startsWith(scheme) || value.size() == scheme.size()) return std::nullopt;
+        return value.mid(scheme.size()).toStdString();
+    };
+    options.databasePath = rest(sqliteScheme);
+    options.server = rest(odbcScheme);
+    // A connection string may contain a password.
+    if (!options.databasePath && !options.server)
+        Refuse(QStringLiteral("'%1' is not a database. Write sqlite:PATH or odbc:CONNECTION STRING.")
+                   .arg(value.startsWith(odbcScheme) ? odbcScheme : value));
 }
 
 std::optional<int32_t> SizeOf(const QCommandLineParser& parser) {
@@ -111,12 +124,20 @@ std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser, std::opt
 
 void CheckCombination(const Options& options) {
     const bool opensRecord = options.record || options.refusedRecord;
-    const bool opensDepartment = options.databasePath || options.user || options.size || options.tourDirectory ||
-                                 opensRecord || options.fresh || options.uncategorized || options.registerScheme ||
-                                 options.verify || options.repair;
+    const bool namesDatabase = options.databasePath || options.server;
+    const bool opensDepartment = namesDatabase || options.create || options.user || options.size ||
+                                 options.tourDirectory || opensRecord || options.fresh || options.uncategorized ||
+                                 options.registerScheme || options.verify || options.repair;
     if ((options.gallery || options.galleryDirectory) && opensDepartment)
         Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
-    if (options.databasePath && (options.fresh || options.size))
+    if (options.create && !options.server)
+        Refuse("--create needs --database odbc:CONNECTION STRING. A file is created on first use.");
+    if (options.create && (options.fresh || options.uncategorized || options.user || options.tourDirectory ||
+                           opensRecord || options.registerScheme || options.verify || options.repair))
+        Refuse("--create opens no window. It can only be combined with --database and --size.");
+    if (options.server && (options.registerScheme || options.verify || options.repair))
+        Refuse("--register, --verify and --repair work with a database file only.");
+    if (namesDatabase && !options.create && (options.fresh || options.size))
         Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
     if (options.uncategorized && (options.size || !(options.fresh || options.tourDirectory)))
         Refuse(
@@ -127,7 +148,7 @@ void CheckCombination(const Options& options) {
     if ((options.verify || options.repair) &&
         (options.fresh || options.user || options.tourDirectory || opensRecord || options.registerScheme))
         Refuse("--verify and --repair open no window. They can only be combined with --database or --size.");
-    if (options.tourDirectory && (opensRecord || options.databasePath || options.size || options.user))
+    if (options.tourDirectory && (opensRecord || namesDatabase || options.size || options.user))
         Refuse(
             "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or "
             "the address of a record.");
@@ -141,12 +162,13 @@ Options ParseOptions(const QStringList& arguments) {
     parser.parse(arguments);
     CheckSyntax(parser);
     Options options;
-    options.databasePath = DatabasePathOf(parser);
+    ReadDatabase(parser, options);
     options.user = ValueOf(parser, "user");
     options.size = SizeOf(parser);
     options.tourDirectory = ValueOf(parser, "tour");
     options.galleryDirectory = ValueOf(parser, "gallery-pictures");
     options.record = RecordOf(parser, options.refusedRecord);
+    options.create = parser.isSet(QStringLiteral("create"));
     options.fresh = parser.isSet(QStringLiteral("fresh"));
     options.uncategorized = parser.isSet(QStringLiteral("uncategorized"));
     options.gallery = parser.isSet(QStringLiteral("gallery"));

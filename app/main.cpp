@@ -1,3 +1,4 @@
+#include "app/Creation.h"
 #include "app/Options.h"
 #include "app/Registration.h"
 #include "app/Run.h"
@@ -31,10 +32,10 @@ int main(int argc, char** argv) {
         const QCoreApplication application(argc, argv);
         return options.help ? std::fputs(HelpText().c_str(), stdout) < 0 : RunRegistration(options);
     }
-    if (options.verify || options.repair) {
+    if (options.verify || options.repair || options.create) {
         const QCoreApplication application(argc, argv);
         QCoreApplication::setApplicationName(QStringLiteral("quellbrook"));
-        return RunVerification(options);
+        return options.create ? RunCreation(options) : RunVerification(options);
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quellbrook"));

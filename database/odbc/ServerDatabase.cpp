@@ -1,6 +1,7 @@
 #include "database/odbc/ServerDatabase.h"
 
 #include "base/Error.h"
+#include "database/odbc/DepartmentCopy.h"
 #include "database/odbc/OdbcConnection.h"
 #include "database/schema/ServerSchema.h"
 
@@ -26,7 +27,8 @@ std::optional<std::string> AnyTable(OdbcConnection& connection) {
 
 }  // namespace
 
-void CreateServerDatabase(const std::string& connectionString, const ServerLimits& limits) {
+void CreateServerDatabase(const std::string& connectionString, const ServerLimits& limits,
+                          const DepartmentContents& contents) {
     OdbcConnection connection(connectionString, limits);
     if (connection.Server() == ServerKind::Other)
         Raise(ErrorNumber::General, source, "A department can only be created on PostgreSQL and SQL Server.");
@@ -38,6 +40,7 @@ void CreateServerDatabase(const std::string& connectionString, const ServerLimit
         connection.Begin();
         for (const std::string& statement : isPostgreSql ? PostgreSqlSchemaStatements() : SqlServerSchemaStatements())
             connection.ExecuteNative(statement);
+        if (contents.from) CopyDepartment(*contents.from, connection, contents.progress);
         connection.Commit();
     } catch (...) {
         connection.Rollback();

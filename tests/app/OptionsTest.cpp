@@ -69,8 +69,12 @@ TEST(Options, AMissingOrUnexpectedValueIsNamed) {
 }
 
 TEST(Options, ADatabaseIsNamedByItsScheme) {
-    for (const char* value : {"room.sqlite", "sqlite:", "mysql:room", "odbc:DSN=room"})
-        EXPECT_EQ(Refusal({"--database", value}), "'" + std::string(value) + "' is not a database. Write sqlite:PATH.");
+    EXPECT_EQ(Parsed({"--database", "odbc:DSN=room;Pwd=a=b"}).server, "DSN=room;Pwd=a=b");
+    EXPECT_FALSE(Parsed({"--database", "odbc:DSN=room"}).databasePath.has_value());
+    EXPECT_FALSE(Parsed({"--database", "sqlite:a"}).server.has_value());
+    for (const char* value : {"room.sqlite", "sqlite:", "mysql:room", "odbc:"})
+        EXPECT_EQ(Refusal({"--database", value}),
+                  "'" + std::string(value) + "' is not a database. Write sqlite:PATH or odbc:CONNECTION STRING.");
 }
 
 TEST(Options, ASizeIsAWholeNumberInItsRange) {
@@ -104,6 +108,25 @@ TEST(Options, TheUncategorizedSampleIsAlwaysAScratchCopy) {
     EXPECT_EQ(Refusal({"--uncategorized", "--verify"}), sentence);
 }
 
+TEST(Options, ADepartmentIsCreatedOnAServerOnly) {
+    const Options options = Parsed({"--create", "--database", "odbc:DSN=room", "--size", "50"});
+    EXPECT_TRUE(options.create);
+    EXPECT_EQ(options.size, 50);
+    const std::string file = "--create needs --database odbc:CONNECTION STRING. A file is created on first use.";
+    EXPECT_EQ(Refusal({"--create"}), file);
+    EXPECT_EQ(Refusal({"--create", "--database", "sqlite:a"}), file);
+    const std::string alone = "--create opens no window. It can only be combined with --database and --size.";
+    for (const char* other :
+         {"--fresh", "--user=clerk", "--tour=out", "--register", "--verify", "tessarine://miproperty/open/7"})
+        EXPECT_EQ(Refusal({"--create", "--database=odbc:DSN=room", other}), alone) << other;
+}
+
+TEST(Options, SomeOptionsNeedAFile) {
+    const std::string sentence = "--register, --verify and --repair work with a database file only.";
+    for (const char* flag : {"--register", "--verify", "--repair"})
+        EXPECT_EQ(Refusal({flag, "--database=odbc:DSN=room"}), sentence) << flag;
+}
+
 TEST(Options, ARecordAddressNeedsNoOption) {
     EXPECT_EQ(Parsed({"tessarine://miproperty/open/42"}).record, (RecordAddress{RecordKind::Property, 42}));
     const Options options = Parsed({"--database=sqlite:a", "TESSARINE://mivehicle/open/7/", "--user", "clerk"});
@@ -135,8 +158,8 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text : {"--database <sqlite:PATH>", "--size <N>", "--fresh", "--uncategorized", "--user <NAME>",
-                             "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
+    for (const char* text : {"--database <URL>", "--create", "--size <N>", "--fresh", "--uncategorized",
+                             "--user <NAME>", "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
                              "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;
 }

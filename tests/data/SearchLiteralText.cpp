@@ -1,5 +1,7 @@
 #include "tests/data/SearchLiteralText.h"
 
+#include "base/TaggedValue.h"
+
 namespace quellbrook::testing {
 
 namespace {
@@ -66,11 +68,11 @@ std::string LiteralSearchText(const AskedSearch& asked) {
         itemType = 2;
         break;
     case 5:
-        AddCondition(ofProperty, "p.PropertyNo = " + asked.number);
+        AddCondition(ofProperty, "p.PropertyNo = " + std::to_string(ToInt32(asked.number)));
         itemType = 1;
         break;
     case 6:
-        AddCondition(ofVehicles, "v.VehicleNo = " + asked.number);
+        AddCondition(ofVehicles, "v.VehicleNo = " + std::to_string(ToInt32(asked.number)));
         itemType = 2;
         break;
     default: break;

@@ -42,7 +42,7 @@ const char* ItemTable(StoredItemTypes kind) { return kind == StoredItemTypes::Pr
 }  // namespace
 
 SearchDepartment::SearchDepartment(TestDatabase& database, Dice& dice) : m_database(database), m_dice(dice) {
-    m_database.Execute("PRAGMA foreign_keys = OFF");
+    m_database.CheckForeignKeys(false);
     m_database.Execute("BEGIN");
     AddLocations();
     AddIncidents();
@@ -50,7 +50,7 @@ SearchDepartment::SearchDepartment(TestDatabase& database, Dice& dice) : m_datab
     for (int i = 0; i < 16; ++i) AddVehicle();
     AddFalseCandidates();
     m_database.Execute("COMMIT");
-    m_database.Execute("PRAGMA foreign_keys = ON");
+    m_database.CheckForeignKeys(true);
 }
 
 std::vector<int32_t> SearchDepartment::StoredKeys(StoredItemTypes kind) const {
@@ -75,7 +75,7 @@ void SearchDepartment::ReplaceTheView() {
 // Candidates that contradict the custody rows are harmless.
 void SearchDepartment::AddFalseCandidates() {
     for (int i = 0; i < 10; ++i)
-        m_database.Execute("INSERT OR IGNORE INTO CurrentPlace VALUES (?, ?, ?)",
+        m_database.Execute("INSERT INTO CurrentPlace VALUES (?, ?, ?) ON CONFLICT DO NOTHING",
                            {m_dice.AnyOf(m_locations), 1 + m_dice.Below(2), 1 + m_dice.Below(24)});
 }
 
@@ -97,16 +97,23 @@ void SearchDepartment::AddIncidents() {
             m_database.AddIncident(m_dice.AnyOf(incidentIds), m_dice.AnyOf(caseNumbers), m_dice.OneIn(3)));
 }
 
+// A server accepts no text in a column of numbers.
+TaggedValue SearchDepartment::NumberOf(const std::vector<TaggedValue>& choices) {
+    const TaggedValue& choice = m_dice.AnyOf(choices);
+    const bool isServer = m_database.Path().empty();
+    return isServer && choice.Holds<std::string>() ? TaggedValue(Null()) : choice;
+}
+
 void SearchDepartment::AddProperty() {
     const int32_t item = m_database.AddProperty({.PropertyID = m_dice.AnyOf(identifiers),
                                                  .Description = m_dice.AnyOf(descriptions),
-                                                 .CategoryNo = m_dice.AnyOf(categories),
-                                                 .Quantity = m_dice.AnyOf(quantities),
-                                                 .PropertyValue = m_dice.AnyOf(money),
+                                                 .CategoryNo = NumberOf(categories),
+                                                 .Quantity = NumberOf(quantities),
+                                                 .PropertyValue = NumberOf(money),
                                                  .ManufacNbr = m_dice.AnyOf(names),
                                                  .ModelNbr = m_dice.AnyOf(names),
                                                  .SerialNbr = m_dice.AnyOf(names),
-                                                 .RecordTypeInd = m_dice.AnyOf(recordKinds)});
+                                                 .RecordTypeInd = NumberOf(recordKinds)});
     AddCustody(StoredItemTypes::Property, item);
     AddLinks(StoredItemTypes::Property, item);
 }
@@ -118,8 +125,8 @@ void SearchDepartment::AddVehicle() {
                                                 .ColorCode = m_dice.AnyOf(colors),
                                                 .MakeCode = m_dice.AnyOf(makes),
                                                 .VehModel = m_dice.AnyOf(models),
-                                                .CategoryNo = m_dice.AnyOf(categories),
-                                                .RecordTypeInd = m_dice.AnyOf(recordKinds)});
+                                                .CategoryNo = NumberOf(categories),
+                                                .RecordTypeInd = NumberOf(recordKinds)});
     AddCustody(StoredItemTypes::vehicle, item);
     AddLinks(StoredItemTypes::vehicle, item);
 }

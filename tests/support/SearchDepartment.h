@@ -50,6 +50,7 @@ private:
     void AddCustody(StoredItemTypes kind, int32_t item);
     void AddLinks(StoredItemTypes kind, int32_t item);
     void AddFalseCandidates();
+    TaggedValue NumberOf(const std::vector<TaggedValue>& choices);
 
     TestDatabase& m_database;
     Dice& m_dice;

@@ -26,6 +26,17 @@ DROP TABLE SchemaVersion, SchemaFact, StorageLocation, Property, Vehicle, Proper
 DROP FUNCTION GuardStorageLocation, GuardCustodyRow, PlaceProperty, PlaceVehicle, PlacePropertyTracking,
     PlaceVehicleTracking)sql";
 
+const char* const foreignKeyRemoval = R"sql(
+DO $$
+DECLARE
+    key RECORD;
+BEGIN
+    FOR key IN SELECT conrelid::regclass AS place, conname FROM pg_constraint WHERE contype = 'f' LOOP
+        EXECUTE 'ALTER TABLE ' || key.place || ' DROP CONSTRAINT ' || key.conname;
+    END LOOP;
+END
+$$)sql";
+
 TaggedValue Plain(const TaggedValue& value) {
     if (const auto* moment = value.If<DateTime>()) return moment->ToText();
     if (const auto* flag = value.If<bool>()) return *flag ? 1 : 0;
@@ -75,6 +86,10 @@ public:
 
     void NumberVehiclesFrom(int32_t first) override {
         Execute("ALTER TABLE Vehicle ALTER COLUMN VehicleNo RESTART WITH " + std::to_string(first), {});
+    }
+
+    void CheckForeignKeys(bool checks) override {
+        if (!checks) m_connection->ExecuteNative(foreignKeyRemoval);
     }
 
 private:

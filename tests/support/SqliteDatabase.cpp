@@ -127,6 +127,10 @@ public:
         Execute("INSERT INTO sqlite_sequence (name, seq) VALUES ('Vehicle', ?)", {first - 1});
     }
 
+    void CheckForeignKeys(bool checks) override {
+        m_database->exec(checks ? "PRAGMA foreign_keys = ON" : "PRAGMA foreign_keys = OFF");
+    }
+
 private:
     std::string m_path;
     std::unique_ptr<SQLite::Database> m_database;

@@ -23,6 +23,10 @@ TestDatabase::TestDatabase() : m_raw(TestServer().empty() ? MakeSqliteDatabase()
 
 TestDatabase::~TestDatabase() { HostServices::Current().SetEngine(nullptr); }
 
+std::shared_ptr<Engine> TestDatabase::OpenEngine() { return m_raw->OpenEngine(); }
+
+void TestDatabase::CheckForeignKeys(bool checks) { m_raw->CheckForeignKeys(checks); }
+
 void TestDatabase::Install(std::shared_ptr<Engine> engine) { HostServices::Current().SetEngine(std::move(engine)); }
 
 int32_t TestDatabase::Insert(const std::string& table, const std::vector<std::pair<std::string, TaggedValue>>& cells) {

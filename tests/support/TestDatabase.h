@@ -62,6 +62,8 @@ public:
     // Empty on a server.
     const std::string& Path() const { return m_path; }
     std::shared_ptr<Engine> GetEngine() const { return m_engine; }
+    // Another engine, which reads the facts of the schema again.
+    std::shared_ptr<Engine> OpenEngine();
     // Installs another engine instead, such as one that wraps GetEngine().
     void Install(std::shared_ptr<Engine> engine);
 
@@ -93,6 +95,7 @@ public:
     // The engine's own SQL. Values are returned by storage class: integers, doubles, texts, NULL.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     RowList QueryRows(const std::string& sql);
+    void CheckForeignKeys(bool checks);              // see RawDatabase
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row
 
     // Every row of every table as text, in a fixed order, to compare databases. Without the trigram index and the

@@ -1,0 +1,29 @@
+#include "app/Creation.h"
+
+#include "app/Department.h"
+#include "base/Error.h"
+#include "base/FormatCount.h"
+#include "demo/sample/ProgressBar.h"
+
+#include <QStandardPaths>
+
+#include <cstdio>
+
+namespace quellbrook {
+
+int RunCreation(const Options& options) {
+    try {
+        const std::string directory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
+        sample::ProgressBar bar("Creating the department");
+        CreateOnServer(options, directory, [&bar](int percent) { bar.Show(percent); });
+        const std::string items =
+            options.size ? FormatCount(*options.size, "with %d item", "with %d items") : "without rows";
+        std::puts(("The department was created " + items + ".").c_str());
+        return 0;
+    } catch (...) {
+        std::fprintf(stderr, "%s\n", CurrentError().what());
+        return 1;
+    }
+}
+
+}  // namespace quellbrook
