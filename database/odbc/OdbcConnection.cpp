@@ -105,7 +105,7 @@ void OdbcConnection::QueryNative(const std::string& sql, const std::vector<Tagge
         link.Open(sql, parameters);
         rows->Read(link);
     });
-    const auto close = [this](OdbcLink& link) { link.Close(); };
+    const auto close = [](OdbcLink& link) { link.Close(); };
     try {
         while (true) {
             for (const Row& row : std::exchange(rows->rows, {})) {
