@@ -18,7 +18,7 @@ const std::map<std::string, std::string> identities = {
     {"Incident", "IncidentNo"},  {"AttachmentFolder", "FolderNo"},
 };
 
-const char* const removal = R"sql(
+const char* const removalOnPostgreSql = R"sql(
 DROP VIEW vwVehicleDisplayInfo;
 DROP TABLE SchemaVersion, SchemaFact, StorageLocation, Property, Vehicle, PropertyTracking, VehicleTracking, Incident,
     IncdProperty, IncdVehicle, AttachmentFolder, AttachmentIndex, CurrentPlace, CodeTable, Person, Account,
@@ -26,7 +26,7 @@ DROP TABLE SchemaVersion, SchemaFact, StorageLocation, Property, Vehicle, Proper
 DROP FUNCTION GuardStorageLocation, GuardCustodyRow, PlaceProperty, PlaceVehicle, PlacePropertyTracking,
     PlaceVehicleTracking)sql";
 
-const char* const foreignKeyRemoval = R"sql(
+const char* const foreignKeyRemovalOnPostgreSql = R"sql(
 DO $$
 DECLARE
     key RECORD;
@@ -36,6 +36,18 @@ BEGIN
     END LOOP;
 END
 $$)sql";
+
+const char* const foreignKeyRemovalOnSqlServer = R"sql(
+DECLARE @sql NVARCHAR(MAX) = N'';
+SELECT @sql += N'ALTER TABLE ' + OBJECT_NAME(parent_object_id) + N' DROP CONSTRAINT ' + QUOTENAME(name) + N';'
+    FROM sys.foreign_keys;
+EXEC (@sql))sql";
+
+const char* const removalOnSqlServer = R"sql(
+DROP VIEW vwVehicleDisplayInfo;
+DROP TABLE SchemaVersion, SchemaFact, BatchMark, StorageLocation, Property, Vehicle, PropertyTracking,
+    VehicleTracking, Incident, IncdProperty, IncdVehicle, AttachmentFolder, AttachmentIndex, CurrentPlace, CodeTable,
+    Person, Account, AccountRight, Setting)sql";
 
 TaggedValue Plain(const TaggedValue& value) {
     if (const auto* moment = value.If<DateTime>()) return moment->ToText();
@@ -50,7 +62,10 @@ public:
         CreateServerDatabase(TestServer());
         m_connection = std::make_unique<OdbcConnection>(TestServer(), ServerLimits());
     }
-    ~ServerDatabase() override { m_connection->ExecuteNative(removal); }
+    ~ServerDatabase() override {
+        if (!IsPostgreSql()) m_connection->ExecuteNative(foreignKeyRemovalOnSqlServer);
+        m_connection->ExecuteNative(IsPostgreSql() ? removalOnPostgreSql : removalOnSqlServer);
+    }
 
     std::shared_ptr<Engine> OpenEngine() override { return OdbcEngine::Open(TestServer()); }
 
@@ -79,20 +94,27 @@ public:
     std::vector<std::string> TableNames() override {
         std::vector<std::string> names;
         for (const Row& row : QueryRows("SELECT TABLE_NAME FROM INFORMATION_SCHEMA.TABLES "
-                                        "WHERE TABLE_TYPE = 'BASE TABLE' AND TABLE_SCHEMA = CURRENT_SCHEMA()"))
+                                        "WHERE TABLE_TYPE = 'BASE TABLE' AND TABLE_SCHEMA = " +
+                                        std::string(IsPostgreSql() ? "CURRENT_SCHEMA()" : "SCHEMA_NAME()")))
             names.push_back(ToText(row.At(0)));
         return names;
     }
 
     void NumberVehiclesFrom(int32_t first) override {
-        Execute("ALTER TABLE Vehicle ALTER COLUMN VehicleNo RESTART WITH " + std::to_string(first), {});
+        const std::string number = std::to_string(IsPostgreSql() ? first : first - 1);
+        Execute(IsPostgreSql() ? "ALTER TABLE Vehicle ALTER COLUMN VehicleNo RESTART WITH " + number
+                               : "DBCC CHECKIDENT ('Vehicle', RESEED, " + number + ")",
+                {});
     }
 
     void CheckForeignKeys(bool checks) override {
-        if (!checks) m_connection->ExecuteNative(foreignKeyRemoval);
+        if (!checks)
+            m_connection->ExecuteNative(IsPostgreSql() ? foreignKeyRemovalOnPostgreSql : foreignKeyRemovalOnSqlServer);
     }
 
 private:
+    bool IsPostgreSql() const { return m_connection->Server() == ServerKind::PostgreSql; }
+
     std::unique_ptr<OdbcConnection> m_connection;
 };
 
