@@ -124,7 +124,7 @@ TEST_F(Workstations, ASessionThatEndsAtAnyMomentLeavesNoHalfBatch) {
             "SELECT COUNT(pg_terminate_backend(pid)) AS N FROM pg_stat_activity WHERE datname = current_database() "
             "AND pid <> pg_backend_pid() AND query LIKE '%#NextSeqNo%' AND state <> 'idle'";
         while (ended < wanted) {
-            connection.ExecuteNative("SELECT pg_sleep(0.02 * random())");
+            connection.ExecuteNative("SELECT pg_sleep(0.2 * random())");
             connection.QueryNative(end, {}, [&](const Row& row) {
                 ended += ToInt32(row.At(0));
                 return true;
