@@ -1,3 +1,4 @@
+#include "core/ActionTypes.h"
 #include "data/BarcodeText.h"
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/ui/FocusCalls.h"
@@ -104,6 +105,15 @@ TEST_F(EvidenceExplorerSearchTest, ASelectionInTheTreeLeavesTheResults) {
     EXPECT_TRUE(m_view->IsShown());
     EXPECT_EQ(m_list->RowCount(), 3);
     EXPECT_TRUE(IsShown("grpEditLocation"));
+}
+
+TEST_F(EvidenceExplorerSearchTest, ALocationThatTheHostCreatesLeavesTheResults) {
+    Search("E-1");
+    const int32_t created = AddLocation("New Shelf");
+    GetDispatcher()->Dispatch({ActionTypes::LOCATION_CREATE_SUCCESS, LocationOf(created)});
+    EXPECT_EQ(Title(), "New Shelf");
+    EXPECT_FALSE(m_results->IsShown());
+    EXPECT_EQ(m_view->Location()->ID(), created);
 }
 
 TEST_F(EvidenceExplorerSearchTest, AScanOfALocationLeavesTheResultsAndKeepsTheFocusOnTheRight) {

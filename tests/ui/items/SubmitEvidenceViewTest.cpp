@@ -96,6 +96,12 @@ TEST_F(SubmitEvidenceViewTest, ChoosingTheSameFilterAgainKeepsTheNumber) {
     EXPECT_EQ(SearchBox()->Text(), "2026");
 }
 
+TEST_F(SubmitEvidenceViewTest, ANewViewHasItsCaptions) {
+    SubmitEvidenceView view;
+    EXPECT_EQ(view.findChild<FlatTextbox*>("search")->Placeholder(), "Type here to search...");
+    EXPECT_EQ(view.findChild<Label*>("lblHeader")->Caption(), "Header");
+}
+
 TEST_F(SubmitEvidenceViewTest, FindsItemsThatAreNotInStorageByEachNumber) {
     const std::tuple<Types, const char*, std::vector<QString>> searches[] = {
         {Types::PropertyID, "2026-0431-02", {"2026-0431-02"}},

@@ -49,6 +49,8 @@ TEST_F(SetupLocationsFormTest, IsAWindowWithoutAnOwnerAndTheParentOfTheDialogs) 
     EXPECT_EQ(m_form->parentWidget(), nullptr);
     EXPECT_EQ(GetDialogs().GetParent(), m_form);
     EXPECT_FALSE(m_form->Completed());
+    EXPECT_EQ(m_wizard->TypeName(), "SetupLocationsWizard");
+    EXPECT_EQ(SelectAll()->Caption(), "Select All");
     EXPECT_EQ(ModuleForm::Count(), 1);
 }
 
