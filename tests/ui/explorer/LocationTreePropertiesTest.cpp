@@ -100,6 +100,8 @@ TEST_F(LocationTreeTest, PropertiesAreStoredInABag) {
     EXPECT_EQ(other.RootColor(), QColor(7, 8, 9));
     EXPECT_EQ(other.Appearance(), 0);
     EXPECT_EQ(other.BorderStyle(), 0);
+    EXPECT_EQ(Find<GroupBox>(other, "picLoading")->BackColor(), QColor(1, 2, 3));
+    EXPECT_EQ(Find<LocationTreeWidget>(other, "TreeView")->frameShape(), QFrame::NoFrame);
 }
 
 TEST_F(LocationTreeTest, DefaultsAreNotStoredAndBrokenValuesGiveTheDefault) {
