@@ -41,11 +41,11 @@ TEST_F(BrowsingTest, ADoubleClickOpensTheItemAndTheCrossGoesBack) {
     DoubleClickRow("2026-0388-09");
     ExpectItem("2026-0388-09");
     CloseItem();
-    ExpectSeen(row2 + "focus ItemPane");
+    ExpectSeen(row2 + "selected 2026-0388-09; focus ItemPane");
     DoubleClickRow("KTR4821 (OR)");
     ExpectItem("KTR4821 (OR)");
     m_player.Press("Escape");
-    ExpectSeen(row2 + "focus ItemPane");
+    ExpectSeen(row2 + "selected KTR4821 (OR); focus ItemPane");
 }
 
 TEST_F(BrowsingTest, EnterOpensTheSelectedRowAndAltLeftGoesBack) {
@@ -55,7 +55,7 @@ TEST_F(BrowsingTest, EnterOpensTheSelectedRowAndAltLeftGoesBack) {
     m_player.Press("Return");
     ExpectItem("2026-0388-09");
     m_player.Press("alt+Left");
-    ExpectSeen(row2 + "focus ItemPane");
+    ExpectSeen(row2 + "selected 2026-0388-09; focus ItemPane");
 }
 
 TEST_F(BrowsingTest, ADoubleClickBelowTheRowsOpensNothing) {

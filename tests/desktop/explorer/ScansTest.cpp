@@ -54,7 +54,7 @@ protected:
         ExpectSeen(mode);
     }
 
-    // The contents are read again on the way back, which ends the selection of rows.
+    // The contents are read again on the way back, which keeps the selection of rows.
     void ScanItems(const QString& modeAfterwards) {
         ScanProperty(property);
         ExpectItem(property);
@@ -77,7 +77,7 @@ TEST_F(ScansTest, InTheContentsOfALocation) {
     ClickRow("2025-0106-03", Modifier::Control);
     const QString court = "Circuit Court; 0 storage units, 9 items; contents; tree Circuit Court; ";
     ScanDeadCodes(court + "selected 2024-0085-02, 2025-0106-03; focus ItemPane");
-    ScanItems(court + "focus ItemPane");
+    ScanItems(court + "selected 2024-0085-02, 2025-0106-03; focus ItemPane");
     ScanLocation("Row 2");
     ExpectSeen(m_row2 + "focus ItemPane");
 }
@@ -167,7 +167,7 @@ TEST_F(ScansTest, WithAnOpenBatch) {
     const QString infobar = "2 items selected for moving within evidence storage";
     const QString batch = "in batch " + property + ", " + vehicle + "; focus ItemPane; " + infobar;
     ScanDeadCodes(m_row2 + "selected " + property + ", " + vehicle + "; " + batch);
-    ScanItems(m_row2 + batch);
+    ScanItems(m_row2 + "selected " + property + ", " + vehicle + "; " + batch);
     ScanLocation("Empty Shelf");
     ExpectSeen("Empty Shelf; 0 storage units, 0 items; no items; tree Empty Shelf; focus LocationPane; " + infobar);
     ScanLocation("Row 2");
