@@ -73,7 +73,7 @@ void OdbcConnection::Watch(const std::function<void()>& work) {
         work();
     } catch (const OdbcError& failure) {
         if (failure.IsLostLink() || (m_link && m_link->IsDead())) m_isHealthy = false;
-        if (!failure.IsKeptRule())
+        if (!failure.IsRefusedChange())
             LogFailure(failure.Source(), "SQLSTATE " + failure.State() + ", number " +
                                              std::to_string(failure.NativeNumber()) + ": " + failure.Description());
         throw;

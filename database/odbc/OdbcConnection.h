@@ -11,9 +11,9 @@
 
 namespace quellbrook {
 
-// A connection to a server. SQL Server gets statements unchanged; for PostgreSQL they are rewritten. No call takes
-// longer than the limits allow, even if the server or its driver does not answer. Failures have the server's words;
-// their state and number are logged unless they tell that a rule of the data was kept.
+// A connection to a server. SQL Server gets statements unchanged; for PostgreSQL they are rewritten. No call takes much
+// longer than the limits allow, even if the server or its driver does not answer. The description of an error is the
+// server's message. Its SQLSTATE and native number are logged, unless a constraint or a trigger refused the change.
 class OdbcConnection : public Connection {
 public:
     OdbcConnection(const std::string& connectionString, const ServerLimits& limits);

@@ -50,7 +50,7 @@ OdbcError::OdbcError(std::string source, const std::string& state, int32_t nativ
 
 bool OdbcError::IsLostLink() const { return m_state.starts_with("08") || m_state.starts_with("57P0"); }
 
-bool OdbcError::IsKeptRule() const {
+bool OdbcError::IsRefusedChange() const {
     return m_state.starts_with("23") || m_state == "P0001" || m_nativeNumber >= firstUserNumber ||
            m_nativeNumber == notNull;
 }

@@ -20,8 +20,8 @@ public:
     int32_t NativeNumber() const { return m_nativeNumber; }
     // Whether it says that the connection is gone.
     bool IsLostLink() const;
-    // Whether it is a rule of the data that was kept: a constraint, or a sentence of a trigger.
-    bool IsKeptRule() const;
+    // Whether a constraint or a trigger refused the change.
+    bool IsRefusedChange() const;
 
 private:
     std::string m_state;

@@ -63,9 +63,9 @@ struct RewrittenStatement {
 
 std::vector<RewrittenStatement> RewriteTransactSql(std::string_view text);
 
-// The same for an engine that distinguishes case. Transact-SQL does not, so LIKE, and "=", "<>" and IN with a text on
-// one side, compare both sides folded, as LOWER(value COLLATE "C"), which folds ASCII letters. A literal with the form
-// of a date is no text. `parameters` are the values of the markers "?" in order.
+// The same for an engine whose text comparison is case-sensitive; in Transact-SQL it is not. In LIKE, and in "=", "<>"
+// and IN if an operand is a text, both operands become LOWER(value COLLATE "C"), which folds ASCII letters only. A
+// literal in the format of a date does not count as a text. `parameters` are the values for the "?" markers, in order.
 std::vector<RewrittenStatement> RewriteWithoutCase(std::string_view text, const std::vector<TaggedValue>& parameters);
 
 }  // namespace quellbrook::sql

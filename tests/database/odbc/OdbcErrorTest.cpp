@@ -36,10 +36,10 @@ TEST(OdbcError, KnowsALostLinkAndAKeptRule) {
     for (const char* state : {"08S01", "08001", "57P01"}) EXPECT_TRUE(Failure(state, 1).IsLostLink());
     EXPECT_FALSE(Failure("57014", 1).IsLostLink());
     EXPECT_FALSE(Failure("23505", 1).IsLostLink());
-    EXPECT_TRUE(Failure("23505", 1).IsKeptRule());
-    EXPECT_TRUE(Failure("P0001", 1).IsKeptRule());
-    EXPECT_TRUE(Failure("42000", 50001).IsKeptRule());
-    EXPECT_FALSE(Failure("42601", 1).IsKeptRule());
+    EXPECT_TRUE(Failure("23505", 1).IsRefusedChange());
+    EXPECT_TRUE(Failure("P0001", 1).IsRefusedChange());
+    EXPECT_TRUE(Failure("42000", 50001).IsRefusedChange());
+    EXPECT_FALSE(Failure("42601", 1).IsRefusedChange());
 }
 
 }  // namespace
