@@ -206,9 +206,7 @@ void EvidenceExplorer::Refresh() {
         RefreshContents();
         if (self) LeaveDeletedLocation();
     } catch (...) {
-        if (!self) throw;
-        GetStorageLocationStatic().Refresh();
-        if (!LeaveDeletedLocation()) throw;
+        if (!self || !LeaveDeletedLocation()) throw;
     }
     if (self && m_searchResultPane->IsShown()) m_searchResultPane->Refresh();
 }
