@@ -12,6 +12,7 @@
 
 #include <cstdio>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quellbrook::testing {
@@ -21,6 +22,11 @@ namespace {
 std::vector<QString>& AnnouncedWarnings() {
     static std::vector<QString> announced;
     return announced;
+}
+
+QStringList& DebugMessages() {
+    static QStringList messages;
+    return messages;
 }
 
 bool TakeAnnounced(const QString& message) {
@@ -42,12 +48,14 @@ bool IsOfPlatform(const QString& message) {
 void OnQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (IsOfPlatform(message)) return;
     std::fprintf(stderr, "%s\n", message.toUtf8().constData());
+    if (type == QtDebugMsg) DebugMessages().push_back(message);
     if (type == QtDebugMsg || type == QtInfoMsg || TakeAnnounced(message)) return;
     ADD_FAILURE() << "Unexpected Qt warning: " << message.toStdString();
 }
 
 class WarningListener : public ::testing::EmptyTestEventListener {
     void OnTestStart(const ::testing::TestInfo&) override {
+        DebugMessages().clear();
         m_environment.emplace();
         (*m_environment)->errorLog = &TestErrorLog();
     }
@@ -66,6 +74,8 @@ class WarningListener : public ::testing::EmptyTestEventListener {
 }  // namespace
 
 void AnnounceWarning(const QString& part) { AnnouncedWarnings().push_back(part); }
+
+QStringList TakeDebugMessages() { return std::exchange(DebugMessages(), {}); }
 
 RecordingErrorLog& TestErrorLog() {
     static RecordingErrorLog log;

@@ -3,6 +3,7 @@
 #include "tests/support/RecordingErrorLog.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace quellbrook::testing {
 
@@ -11,6 +12,9 @@ namespace quellbrook::testing {
 
 // Expects one Qt warning that contains this text, before the end of the test.
 void AnnounceWarning(const QString& part);
+
+// The debug messages of the test so far, oldest first, and forgets them.
+QStringList TakeDebugMessages();
 
 // The log of each test, unless a fixture installs another.
 RecordingErrorLog& TestErrorLog();

@@ -260,6 +260,7 @@ TEST_F(LocationViewTest, AFailureToLoadIsRethrownToTheCaller) {
         EXPECT_EQ(error.Number(), 4711);
         EXPECT_EQ(error.Description(), "Error displaying items in this location: The server is gone.");
     }
+    EXPECT_EQ(TakeDebugMessages(), QStringList{"[DisplayCurrentLocation (line 4)] ~ The server is gone."});
     EXPECT_EQ(m_view->Location()->ID(), m_shelf);
     EXPECT_THAT(m_changes, ElementsAre("Empty Shelf"));
 }

@@ -82,6 +82,7 @@ TEST_F(SearchResultListFailureTest, AFailureWhileResizingIsSwallowed) {
     SetHeightInRows(6);
     EXPECT_TRUE(faults->HasStruck());
     EXPECT_TRUE(m_screen.Messages().empty());
+    EXPECT_EQ(TakeDebugMessages(), QStringList{"UserControl_Resize: DisplayVisibleItems: The link is down."});
 }
 
 TEST_F(SearchResultListFailureTest, AFailureWhileAScrolledListGrowsIsSwallowed) {
