@@ -28,7 +28,11 @@ ConnectionPool::Lease ConnectionPool::Borrow() {
 
 void ConnectionPool::Return(std::unique_ptr<Connection> connection) noexcept {
     try {
-        if (!connection->IsHealthy()) return;
+        if (!connection->IsHealthy()) {
+            // What ended it has probably ended the others, too.
+            m_idle.clear();
+            return;
+        }
         connection->Reset();
         if (m_idle.size() < idleLimit) m_idle.push_back(std::move(connection));
     } catch (...) {

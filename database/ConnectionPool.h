@@ -8,7 +8,8 @@
 namespace quellbrook {
 
 // Keeps idle connections of one engine for reuse. A returned connection is reset, or closed if that fails, so no
-// transaction, lock or temporary table outlives a lease. Not thread-safe.
+// transaction, lock or temporary table outlives a lease. When a connection has been lost, all idle ones are closed, so
+// that a server that was restarted makes only one call fail. Not thread-safe.
 class ConnectionPool {
 public:
     explicit ConnectionPool(std::shared_ptr<Engine> engine);

@@ -113,6 +113,18 @@ TEST(ConnectionPool, ReplacesAConnectionThatBrokeWhileIdle) {
     EXPECT_EQ(counts.opened, 2);
 }
 
+TEST(ConnectionPool, ClosesTheIdleConnectionsWhenOneIsLost) {
+    Counts counts;
+    ConnectionPool pool(std::make_shared<CountingEngine>(counts));
+    {
+        const auto lost = pool.Borrow();
+        { const auto idle = pool.Borrow(); }
+        EXPECT_EQ(counts.alive, 2);
+        counts.healthy = false;
+    }
+    EXPECT_EQ(counts.alive, 0);
+}
+
 TEST(ConnectionPool, ClosesAConnectionThatCannotBeReset) {
     Counts counts;
     ConnectionPool pool(std::make_shared<CountingEngine>(counts));
