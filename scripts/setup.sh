@@ -131,9 +131,25 @@ install_postgresql() {
   return $status
 }
 
+# serve_postgresql SCRATCH PORT [COMMAND...]: runs a server on the cluster in SCRATCH through the command. While SCRATCH
+# has the file "restarts", a server that ends starts again.
+serve_postgresql() {
+  local scratch=$1 port=$2
+  shift 2
+  cd "$scratch"
+  while
+    "$@" "$POSTGRESQL/postgres" -D "$scratch/data" -h 127.0.0.1 -p "$port" -k "$scratch" -c fsync=off \
+      -c wal_writer_delay=10s -c max_connections=100 >>"$scratch/log" 2>&1 || true
+    [ -e "$scratch/restarts" ]
+  do
+    sleep 0.1
+  done
+}
+
 # with_postgresql COMMAND...: runs it with a PostgreSQL cluster of its own, on loopback and in a scratch folder. Sets
-# PGHOST, PGPORT, PGUSER and PGPASSWORD for the tools, and SERVER_ODBC, a connection string without a database. A server
-# does not run as root, so that root starts it as the package's account.
+# PGHOST, PGPORT, PGUSER and PGPASSWORD for the tools, SERVER_ODBC, a connection string without a database, and
+# SERVER_DATA, the folder of the cluster. A server that the command stops starts again. A server does not run as root,
+# so that root starts it as the package's account.
 with_postgresql() {
   local scratch as_account=() status=0 port server="" tries
   scratch=$(mktemp -d)
@@ -153,8 +169,7 @@ with_postgresql() {
   # The port may be taken.
   for tries in 1 2 3 4 5; do
     port=$((20000 + RANDOM % 12000))
-    (cd "$scratch" && exec "${as_account[@]}" "$POSTGRESQL/postgres" -D "$scratch/data" -h 127.0.0.1 -p $port \
-      -k "$scratch" -c fsync=off -c max_connections=100 >"$scratch/log" 2>&1) &
+    serve_postgresql "$scratch" $port "${as_account[@]}" &
     server=$!
     until [ -z "$server" ] || "$POSTGRESQL/pg_isready" -q -p $port; do
       kill -0 $server 2>/dev/null || server=""
@@ -168,9 +183,11 @@ with_postgresql() {
     return 1
   fi
   export PGPORT=$port
+  touch "$scratch/restarts"
   SERVER_ODBC="Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=$port;Uid=$PGUSER;Pwd=$PGPASSWORD" \
     SERVER_DATA="$scratch/data" "$@" || status=$?
-  kill -INT $server 2>/dev/null || true
+  rm "$scratch/restarts"
+  kill -INT "$(head -n 1 "$scratch/data/postmaster.pid" 2>/dev/null)" 2>/dev/null || true
   wait $server 2>/dev/null || true
   rm -rf "$scratch"
   return $status

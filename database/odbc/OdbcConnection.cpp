@@ -193,6 +193,7 @@ void OdbcConnection::Begin() {
             m_present = ToText(row.At(0));
             return true;
         });
+        if (m_leavesMarks) m_present += " " + RandomName();
     } else {
         ExecuteNative("SET XACT_ABORT ON; BEGIN TRANSACTION");
         m_present = RandomName();
@@ -202,10 +203,11 @@ void OdbcConnection::Begin() {
 
 void OdbcConnection::Commit() {
     const bool isPostgreSql = m_server == ServerKind::PostgreSql;
-    if (m_leavesMarks) ExecuteNative("INSERT INTO BatchMark (Name) VALUES ('" + m_present + "')");
+    std::string text = isPostgreSql ? "COMMIT" : "COMMIT TRANSACTION";
+    if (m_leavesMarks) text = "INSERT INTO BatchMark (Name) VALUES ('" + m_present + "'); " + text;
     m_name = m_present;
     try {
-        ExecuteNative(isPostgreSql ? "COMMIT" : "COMMIT TRANSACTION");
+        ExecuteNative(text);
     } catch (...) {
         if (IsHealthy()) m_name.clear();
         throw;

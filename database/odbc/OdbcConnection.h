@@ -23,7 +23,7 @@ public:
     // Statements in the server's own SQL, not Transact-SQL.
     void ExecuteNative(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     void QueryNative(const std::string& sql, const std::vector<TaggedValue>& parameters, const RowReceiver& receiver);
-    // Lets transactions of SQL Server leave a mark, for WasCommitted. The table BatchMark must exist.
+    // Lets transactions leave a mark, for WasCommitted. The table BatchMark must exist.
     void LeaveMarks() { m_leavesMarks = true; }
 
     void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,

@@ -4,6 +4,7 @@
 #include "base/Text.h"
 #include "database/LockWait.h"
 #include "database/odbc/OdbcConnection.h"
+#include "database/odbc/OdbcError.h"
 #include "database/schema/ServerSchema.h"
 
 #include <algorithm>
@@ -61,14 +62,21 @@ bool HasAll(const std::set<std::string>& present, const std::vector<std::string>
                        [&](const std::string& name) { return present.contains(FoldCase(name)); });
 }
 
-// The state of a transaction; empty if the server does not remember it.
-std::optional<std::string> StateOf(OdbcConnection& connection, const std::string& name) {
+// The state of a transaction of PostgreSQL; empty if the server does not remember it.
+std::optional<std::string> StateOf(OdbcConnection& connection, const std::string& number) {
     std::optional<std::string> state;
-    connection.QueryNative("SELECT pg_xact_status(CAST(CAST(? AS TEXT) AS XID8)) AS State", {name},
-                           [&](const Row& row) {
-                               if (!row.At(0).HasNoValue()) state = ToText(row.At(0));
-                               return true;
-                           });
+    try {
+        connection.QueryNative("SELECT pg_xact_status(CAST(CAST(? AS TEXT) AS XID8)) AS State", {number},
+                               [&](const Row& row) {
+                                   if (!row.At(0).HasNoValue()) state = ToText(row.At(0));
+                                   return true;
+                               });
+    } catch (const OdbcError& failure) {
+        // The server has crashed before it wrote anything of the transaction, and has not assigned the number again.
+        constexpr const char* numberOfTheFuture = "22023";
+        if (failure.State() != numberOfTheFuture) throw;
+        state = "aborted";
+    }
     return state;
 }
 
@@ -102,7 +110,7 @@ void OdbcEngine::LearnFrom(OdbcConnection& connection) {
         tables.contains("currentplace") && HasAll(ActiveTriggers(connection), ServerPlaceTriggers());
     m_dialect.itemsAreDistinct = tables.contains("schemafact") &&
                                  TextsOf(connection, "SELECT Name FROM SchemaFact").contains("itemsaredistinct");
-    m_hasMarks = !isPostgreSql && tables.contains("batchmark");
+    m_hasMarks = tables.contains("batchmark");
 }
 
 std::unique_ptr<OdbcConnection> OdbcEngine::Connect() const {
@@ -122,10 +130,12 @@ bool OdbcEngine::WasCommitted(const std::string& transactionName) {
     while (true) {
         try {
             const std::unique_ptr<OdbcConnection> connection = Connect();
-            if (m_hasMarks) return HasMark(*connection, transactionName);
-            const std::optional<std::string> state = StateOf(*connection, transactionName);
+            if (m_server != ServerKind::PostgreSql) return HasMark(*connection, transactionName);
+            const std::string number = transactionName.substr(0, transactionName.find(' '));
+            const std::optional<std::string> state = StateOf(*connection, number);
             if (!state) Raise(ErrorNumber::General, outcomeSource, "The server does not remember the transaction.");
-            if (*state == "committed") return true;
+            // A server that has crashed may have assigned the number again.
+            if (*state == "committed") return !m_hasMarks || HasMark(*connection, transactionName);
             if (*state == "aborted") return false;
             if (steady_clock::now() >= end)
                 Raise(ErrorNumber::General, outcomeSource, "The server still works on the transaction.");

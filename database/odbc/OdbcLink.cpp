@@ -1,6 +1,7 @@
 #include "database/odbc/OdbcLink.h"
 
 #include "base/Error.h"
+#include "base/Text.h"
 #include "database/odbc/OdbcError.h"
 #include "database/odbc/OdbcText.h"
 
@@ -21,6 +22,16 @@ void* WithVersion(const OdbcHandle& environment) {
     return environment.Get();
 }
 
+// With its own setting, the driver for PostgreSQL sets a savepoint before each statement of a transaction, which costs
+// a round trip.
+std::string WithoutSavepoints(const std::string& connectionString) {
+    const std::string folded = FoldCase(connectionString);
+    const bool isPostgreSql =
+        folded.find("postgres") != std::string::npos || folded.find("psqlodbc") != std::string::npos;
+    return isPostgreSql && folded.find("protocol=") == std::string::npos ? connectionString + ";Protocol=7.4-0"
+                                                                         : connectionString;
+}
+
 ServerKind KindOf(const OdbcHandle& connection) {
     std::array<char, 128> name{};
     SQLSMALLINT length = 0;
@@ -38,7 +49,7 @@ OdbcLink::OdbcLink(const std::string& connectionString, const ServerLimits& limi
       m_limits(limits) {
     SQLSetConnectAttr(m_connection.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsPointer(limits.login), 0);
     SQLSetConnectAttr(m_connection.Get(), SQL_ATTR_CONNECTION_TIMEOUT, AsPointer(limits.statement), 0);
-    std::u16string text = ToUtf16(connectionString);
+    std::u16string text = ToUtf16(WithoutSavepoints(connectionString));
     const SQLRETURN result =
         SQLDriverConnectW(m_connection.Get(), nullptr, reinterpret_cast<SQLWCHAR*>(text.data()),
                           static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);

@@ -9,6 +9,7 @@ const char* const versionTables[] = {
     "CREATE TABLE SchemaVersion (Version INT NOT NULL)",
     "CREATE TABLE SchemaFact (Name TEXT NOT NULL PRIMARY KEY)",
     "INSERT INTO SchemaFact (Name) VALUES ('ItemsAreDistinct')",
+    "CREATE TABLE BatchMark (Name TEXT NOT NULL PRIMARY KEY, WrittenAt TIMESTAMP(3) NOT NULL DEFAULT LOCALTIMESTAMP)",
 };
 
 const char* const locationTables[] = {

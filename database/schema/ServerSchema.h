@@ -20,9 +20,10 @@ namespace quellbrook {
 // - SQL Server has no generated columns that refer to rows: a trigger checks at the end of each statement that no
 //   location lost its container.
 //
+// BatchMark has a row for each batch, written in its transaction, so that a failed commit can be checked.
 // SchemaVersion has one row, the version of the schema.
 
-inline constexpr int32_t ServerSchemaVersion = 1;
+inline constexpr int32_t ServerSchemaVersion = 2;
 
 // Creates everything in an empty database, in order, in one transaction.
 const std::vector<std::string>& PostgreSqlSchemaStatements();

@@ -13,14 +13,15 @@
 
 namespace quellbrook::testing {
 
+// The connection string of the test server with another port.
+inline std::string ThroughPort(int port) {
+    return std::regex_replace(TestServer(), std::regex("Port=\\d+"), "Port=" + std::to_string(port));
+}
+inline uint16_t ServerPort() { return static_cast<uint16_t>(std::stoi(std::getenv("PGPORT"))); }
+
 // Tests of what only a server does, on PostgreSQL. A second connection plays its administrator.
 class ServerTest : public DatabaseTest {
 protected:
-    static std::string ThroughPort(int port) {
-        return std::regex_replace(TestServer(), std::regex("Port=\\d+"), "Port=" + std::to_string(port));
-    }
-    static uint16_t ServerPort() { return static_cast<uint16_t>(std::stoi(std::getenv("PGPORT"))); }
-
     // The process of the connection's session on the server.
     static int32_t ProcessOf(Connection& connection) {
         int32_t process = 0;

@@ -52,22 +52,47 @@ void TcpProxy::Accept() {
         pollfd waiting{m_listener, POLLIN, 0};
         if (poll(&waiting, 1, pollMilliseconds) <= 0) continue;
         const int client = accept(m_listener, nullptr, nullptr);
-        if (client >= 0) m_threads.emplace_back([this, client] { Serve(client); });
+        if (client < 0) continue;
+        Release();
+        m_threads.emplace_back([this, client] { Serve(client); });
     }
 }
 
-bool TcpProxy::Forward(int from, int to, bool isAnswer) const {
+void TcpProxy::BreakMessage(int n, Fault fault) {
+    m_fault = fault;
+    m_hasBroken = false;
+    m_messagesToFault = n;
+}
+
+std::optional<TcpProxy::Fault> TcpProxy::FaultOfNextMessage() {
+    if (m_messagesToFault == 0 || --m_messagesToFault > 0) return std::nullopt;
+    m_hasBroken = true;
+    return m_fault;
+}
+
+void TcpProxy::HoldMessage() const {
+    const int releases = m_releases;
+    while (m_releases == releases && !m_isEnding) poll(nullptr, 0, pollMilliseconds);
+}
+
+// False if the connection must end.
+bool TcpProxy::Forward(int from, int to, bool isAnswer) {
     std::array<char, 16384> bytes{};
     ssize_t count = recv(from, bytes.data(), bytes.size(), 0);
     if (count <= 0 || (isAnswer && m_mode == Mode::LoseAnswers)) return false;
-    const bool isTruncated = isAnswer && m_mode == Mode::Truncate;
+    if (isAnswer && m_isWaiting.exchange(false)) ++m_roundTrips;
+    if (!isAnswer) m_isWaiting = true;
+    const std::optional<Fault> fault = FaultOfNextMessage();
+    if (fault == Fault::Drop) return false;
+    if (fault == Fault::Hold) HoldMessage();
+    const bool isTruncated = fault == Fault::Truncate || (isAnswer && m_mode == Mode::Truncate);
     if (isTruncated) count = std::min<ssize_t>(count, truncatedLength);
     for (ssize_t sent = 0; sent < count;) {
         const ssize_t written = send(to, bytes.data() + sent, static_cast<size_t>(count - sent), MSG_NOSIGNAL);
         if (written <= 0) return false;
         sent += written;
     }
-    return !isTruncated;
+    return !isTruncated && !fault;
 }
 
 void TcpProxy::Serve(int client) {

@@ -28,6 +28,8 @@ public:
     virtual RowList QueryRows(const std::string& sql) = 0;
     virtual std::vector<std::string> TableNames() = 0;
     virtual void NumberVehiclesFrom(int32_t first) = 0;
+    // Waits for a server that starts again, and connects to it.
+    virtual void Reconnect() {}
     // Lets rows refer to rows that do not exist. A server drops its foreign keys for this.
     virtual void CheckForeignKeys(bool checks) = 0;
 };

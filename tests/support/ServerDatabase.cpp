@@ -20,9 +20,9 @@ const std::map<std::string, std::string> identities = {
 
 const char* const removalOnPostgreSql = R"sql(
 DROP VIEW vwVehicleDisplayInfo;
-DROP TABLE SchemaVersion, SchemaFact, StorageLocation, Property, Vehicle, PropertyTracking, VehicleTracking, Incident,
-    IncdProperty, IncdVehicle, AttachmentFolder, AttachmentIndex, CurrentPlace, CodeTable, Person, Account,
-    AccountRight, Setting CASCADE;
+DROP TABLE SchemaVersion, SchemaFact, BatchMark, StorageLocation, Property, Vehicle, PropertyTracking,
+    VehicleTracking, Incident, IncdProperty, IncdVehicle, AttachmentFolder, AttachmentIndex, CurrentPlace, CodeTable,
+    Person, Account, AccountRight, Setting CASCADE;
 DROP FUNCTION GuardStorageLocation, GuardCustodyRow, PlaceProperty, PlaceVehicle, PlacePropertyTracking,
     PlaceVehicleTracking)sql";
 
@@ -105,6 +105,18 @@ public:
         Execute(IsPostgreSql() ? "ALTER TABLE Vehicle ALTER COLUMN VehicleNo RESTART WITH " + number
                                : "DBCC CHECKIDENT ('Vehicle', RESEED, " + number + ")",
                 {});
+    }
+
+    void Reconnect() override {
+        m_connection.reset();
+        constexpr int mostTries = 100'000;
+        for (int tries = 0; !m_connection; ++tries) {
+            try {
+                m_connection = std::make_unique<OdbcConnection>(TestServer(), ServerLimits());
+            } catch (const Error&) {
+                if (tries == mostTries) throw;
+            }
+        }
     }
 
     void CheckForeignKeys(bool checks) override {

@@ -27,6 +27,8 @@ std::shared_ptr<Engine> TestDatabase::OpenEngine() { return m_raw->OpenEngine();
 
 void TestDatabase::CheckForeignKeys(bool checks) { m_raw->CheckForeignKeys(checks); }
 
+void TestDatabase::Reconnect() { m_raw->Reconnect(); }
+
 void TestDatabase::Install(std::shared_ptr<Engine> engine) { HostServices::Current().SetEngine(std::move(engine)); }
 
 int32_t TestDatabase::Insert(const std::string& table, const std::vector<std::pair<std::string, TaggedValue>>& cells) {

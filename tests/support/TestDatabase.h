@@ -96,6 +96,7 @@ public:
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {});
     RowList QueryRows(const std::string& sql);
     void CheckForeignKeys(bool checks);              // see RawDatabase
+    void Reconnect();                                // see RawDatabase
     TaggedValue QueryValue(const std::string& sql);  // first column of the first row; Empty without a row
 
     // Every row of every table as text, in a fixed order, to compare databases. Without the trigram index and the
