@@ -100,6 +100,7 @@ TEST(RelatedIncidentStrip, NoCollectionAtAllIsAnInvalidValue) {
     strip.SetIncidents(Incidents({{"4", false}}));
     const Error error = testing::RaisedBy([&] { strip.SetIncidents(nullptr); });
     EXPECT_EQ(error.Number(), ErrorNumber::InvalidPropertyValue);
+    EXPECT_EQ(error.Source(), "RelatedIncidentStrip.SetIncidents");
     EXPECT_EQ(error.Description(), ErrorText(380));
     EXPECT_EQ(Seen(strip), "4");
 }

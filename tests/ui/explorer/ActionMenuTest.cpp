@@ -36,6 +36,15 @@ TEST(ActionMenu, HasEveryEntryInOrder) {
     EXPECT_THAT(Names(*menu.Entry(MenuEntry::New)->menu(), false), ElementsAre("mnuNewLocation"));
 }
 
+TEST(ActionMenu, HasCaptionsBeforeTheRulesApply) {
+    const ActionMenu menu;
+    const std::pair<MenuEntry, const char*> captions[] = {
+        {MenuEntry::Print, "Print Barcode Label"},           {MenuEntry::CheckIn, "Sign In Selected Items..."},
+        {MenuEntry::CheckOut, "Sign Out Selected Items..."}, {MenuEntry::Move, "Move Selected Items..."},
+        {MenuEntry::Dispose, "Dispose Selected Items..."},   {MenuEntry::RemoveFromBatch, "Remove"}};
+    for (const auto& [entry, caption] : captions) EXPECT_EQ(menu.Entry(entry)->text(), caption);
+}
+
 TEST(ActionMenu, ShowsEveryEntryThatTheRulesShow) {
     ActionMenu menu;
     menu.Apply(ActionMenuState());

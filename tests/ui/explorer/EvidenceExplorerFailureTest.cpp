@@ -275,6 +275,13 @@ TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileTheTreeReportsAFocusLoo
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }
 
+TEST_F(EvidenceExplorerFailureTest, AMenuInThePaneWithTheFocusDoesNotMoveTheFocus) {
+    Show(m_shelf);
+    UseUpFocusCalls(m_screen);
+    RowMenu("E-1");
+    EXPECT_TRUE(m_screen.Messages().empty());
+}
+
 TEST_F(EvidenceExplorerFailureTest, TheExplorerMayGoWhileItsMenuReportsAFocusLoop) {
     Show(m_shelf);
     m_widget->setFocus();

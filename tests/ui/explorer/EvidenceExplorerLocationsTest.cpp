@@ -33,6 +33,7 @@ protected:
             auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
             ASSERT_NE(form, nullptr);
             m_titles.push_back(form->windowTitle().toStdString());
+            if (m_whileOpen) m_whileOpen();
             if (name) {
                 Find<FlatTextbox>(*form, "txtName")->SetText(name);
                 Find<FlatButton>(*form, "btnSave")->Click();
@@ -58,7 +59,14 @@ protected:
             m_database.QueryValue("SELECT Name FROM StorageLocation WHERE IdNo = " + std::to_string(id)));
     }
 
+    // Another workstation adds a location and an item, which only a refresh shows.
+    void ChangeElsewhere() {
+        m_database.AddLocation("Annex", StorageLocationTypes::Internal);
+        AddItem("E-9", m_shelf);
+    }
+
     std::vector<std::string> m_titles;
+    std::function<void()> m_whileOpen;
 };
 
 TEST_F(EvidenceExplorerLocationsTest, ALocationsMenuOffersEditAndDelete) {
@@ -149,11 +157,25 @@ TEST_F(EvidenceExplorerLocationsTest, ANewLocationFromTheListGivesTheFocusToTheT
 TEST_F(EvidenceExplorerLocationsTest, ACanceledAdditionChangesNothing) {
     ShowShelf();
     m_widget->setFocus();
-    const auto nodes = NodeNames();
+    const auto nodes = NodeNames(), rows = RowNames();
+    m_whileOpen = [this] { ChangeElsewhere(); };
     AnswerDialog(nullptr);
     Run(MenuEntry::NewLocation);
-    EXPECT_EQ(NodeNames(), nodes);
+    EXPECT_EQ(NodeNames(), nodes) << "neither pane is read again";
+    EXPECT_EQ(RowNames(), rows);
     EXPECT_EQ(Title(), "Shelf A");
+}
+
+TEST_F(EvidenceExplorerLocationsTest, ACanceledEditReadsNothingAgain) {
+    ShowShelf();
+    ClickRow("Bin 1");
+    const auto nodes = NodeNames(), rows = RowNames();
+    m_whileOpen = [this] { ChangeElsewhere(); };
+    AnswerDialog(nullptr);
+    Run(MenuEntry::EditLocation);
+    EXPECT_THAT(m_titles, ElementsAre("Edit Storage Location"));
+    EXPECT_EQ(NodeNames(), nodes);
+    EXPECT_EQ(RowNames(), rows);
 }
 
 TEST_F(EvidenceExplorerLocationsTest, AnEditIsShownInTheTreeAndTheList) {
@@ -243,11 +265,14 @@ TEST_F(EvidenceExplorerLocationsTest, AChangeLeavesTheBranchesOfTheTreeAsTheyAre
 TEST_F(EvidenceExplorerLocationsTest, NoKeepsTheLocation) {
     ShowShelf();
     ClickRow("Bin 1");
+    const auto nodes = NodeNames(), rows = RowNames();
+    m_screen.WhileMessageOpen = [this](const auto&) { ChangeElsewhere(); };
     m_screen.AnswerNext(MessageAnswer::No);
     Run(MenuEntry::DeleteLocation);
     m_screen.TakeMessages();
     EXPECT_EQ(NameOf(m_bin), "Bin 1");
-    EXPECT_THAT(RowNames(), Contains("Bin 1"));
+    EXPECT_EQ(NodeNames(), nodes) << "neither pane is read again";
+    EXPECT_EQ(RowNames(), rows);
 }
 
 TEST_F(EvidenceExplorerLocationsTest, AfterTheSelectedLocationItsContainerIsShown) {
@@ -266,9 +291,7 @@ TEST_F(EvidenceExplorerLocationsTest, ALocationInUseIsNotDeleted) {
     m_widget->setFocus();
     const auto nodes = NodeNames();
     m_screen.WhileMessageOpen = [this](const auto& message) {
-        if (message.buttons != yesNoQuestion) return;
-        m_database.AddLocation("Annex", StorageLocationTypes::Internal);
-        AddItem("E-9", m_shelf);
+        if (message.buttons == yesNoQuestion) ChangeElsewhere();
     };
     const auto rows = RowNames();
     m_screen.AnswerNext(MessageAnswer::Yes);

@@ -23,13 +23,18 @@ protected:
         std::string subtitle;
         int paints;
         int pointer;
+        int gap;  // between the title and the first link
     };
     // Looks before each of the next statements.
     void Watch() {
         m_engine->BeforeStatement([this] {
-            m_sights.push_back({Title(), Subtitle(), std::exchange(m_paints.count, 0), GetMousePointer()});
+            m_sights.push_back(
+                {Title(), Subtitle(), std::exchange(m_paints.count, 0), GetMousePointer(), GapAfterTitle()});
             Watch();
         });
+    }
+    int GapAfterTitle() const {
+        return Find(*m_explorer, "grpEditLocation")->x() - Find(*m_explorer, "lblTitle")->geometry().right() - 1;
     }
     void WatchHeading() {
         Find(*m_explorer, "picInfobar")->installEventFilter(&m_paints);
@@ -44,6 +49,8 @@ protected:
 // The first statement counts the items, the second one reads them.
 TEST_F(EvidenceExplorerProgressTest, TheHeadingIsPaintedBeforeEachStepOfADisplay) {
     const StorageLocationRef shelf = LocationOf(m_shelf);
+    m_explorer->SetSelectedLocation(LocationOf(m_empty));
+    ServeEvents();
     WatchHeading();
     m_explorer->SetSelectedLocation(shelf);
     ASSERT_EQ(m_sights.size(), 2u);
@@ -53,6 +60,7 @@ TEST_F(EvidenceExplorerProgressTest, TheHeadingIsPaintedBeforeEachStepOfADisplay
     for (const Sight& sight : m_sights) {
         EXPECT_EQ(sight.paints, 1);
         EXPECT_EQ(sight.pointer, MousePointer::Hourglass);
+        EXPECT_EQ(sight.gap, GapAfterTitle());
     }
     EXPECT_EQ(GetMousePointer(), MousePointer::Default);
 }

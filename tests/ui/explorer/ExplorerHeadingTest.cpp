@@ -45,11 +45,13 @@ protected:
             auto* form = qobject_cast<frmAddEditLocation*>(QApplication::activeModalWidget());
             ASSERT_NE(form, nullptr);
             m_dialogs.push_back(form->windowTitle().toStdString());
+            m_editedNames.push_back(Find<FlatTextbox>(*form, "txtName")->Text().toStdString());
             Find<FlatButton>(*form, button)->Click();
         });
     }
 
     std::vector<std::string> m_dialogs;
+    std::vector<std::string> m_editedNames;
 };
 
 TEST_F(ExplorerHeadingTest, ALocationCanBeEditedDeletedAndPrinted) {
@@ -120,6 +122,27 @@ TEST_F(ExplorerHeadingTest, AddingEvidenceNeedsTheRight) {
     EXPECT_FALSE(AddEvidence()->isEnabled());
     GetActions().CancelTransaction();
     EXPECT_FALSE(AddEvidence()->isEnabled());
+}
+
+TEST_F(ExplorerHeadingTest, EveryLinkHasAnIcon) {
+    Show();
+    EXPECT_EQ(LinkNamed("lnkEditLocation")->IconName(), "edit");
+    EXPECT_EQ(LinkNamed("lnkDeleteLocation")->IconName(), "delete");
+    EXPECT_EQ(LinkNamed("lnkAddLocation")->IconName(), "add");
+    EXPECT_EQ(LinkNamed("lnkPrintLocationBarcode")->IconName(), "print");
+}
+
+TEST_F(ExplorerHeadingTest, TheLinksMeanTheLocationOfTheHeadingNotTheSelectedRow) {
+    ShowShelf();
+    ClickRow("Bin 1");
+    m_screen.AnswerNext(MessageAnswer::No);
+    LinkNamed("lnkDeleteLocation")->Click();
+    const auto messages = m_screen.TakeMessages();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].prompt, "Are you sure you want to delete this location ('Shelf A')?");
+    AnswerDialog("btnCancel");
+    LinkNamed("lnkEditLocation")->Click();
+    EXPECT_THAT(m_editedNames, ElementsAre("Shelf A"));
 }
 
 TEST_F(ExplorerHeadingTest, EditAndCreateOpenTheDialog) {
@@ -284,6 +307,7 @@ TEST_F(ExplorerHeadingTest, InANarrowWindowTheLinksAreIcons) {
     m_explorer->resize(800, 490);
     EXPECT_EQ(LinkNamed("lnkEditLocation")->Caption(), "");
     EXPECT_EQ(LinkNamed("lnkEditLocation")->toolTip(), "Edit");
+    EXPECT_GE(LinkNamed("lnkEditLocation")->width(), 18);
     EXPECT_EQ(LinkNamed("lnkPrintLocationBarcode")->accessibleName(), "Print Location Label");
     EXPECT_GT(RectOf("lblTitle").width(), 150);
     EXPECT_LT(RectOf("grpDeleteLocation").right(), RectOf("grpPrintLocationBarcode").left());

@@ -5,6 +5,7 @@
 #include "data/StorageLocationStatic.h"
 #include "tests/support/DatabaseTest.h"
 #include "tests/support/ManualTimer.h"
+#include "tests/support/ui/OpenMenu.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/support/ui/Widgets.h"
 #include "ui/controls/View.h"
@@ -69,19 +70,6 @@ protected:
     std::vector<std::string> TakeUnexpected() { return std::exchange(m_unexpected, {}); }
 
     ManualTimers m_timers{m_environment};
-
-    // Runs while the menu is open that the next action opens, and then closes the menu.
-    static void WhileMenuOpen(std::function<void(QMenu&)> look) {
-        QTimer::singleShot(0, qApp, [look = std::move(look)] {
-            const QPointer<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
-            if (!menu) {
-                ADD_FAILURE() << "No menu is open";
-                return;
-            }
-            look(*menu);
-            if (menu) menu->close();
-        });
-    }
 
 private:
     std::vector<std::string> m_unexpected;

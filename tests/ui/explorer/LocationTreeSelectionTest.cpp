@@ -83,6 +83,17 @@ TEST_F(LocationTreeTest, AReleaseOutsideAllNodesKeepsTheSelection) {
     EXPECT_THAT(TakeSelected(), IsEmpty());
 }
 
+TEST_F(LocationTreeTest, AReleaseOnTheSelectedNodeMarksItAgain) {
+    Show();
+    ClickNode("Vault");
+    TakeSelected();
+    QWidget* viewport = m_widget->viewport();
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, CenterOf("Final Disposition"));
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, CenterOf("Vault"));
+    EXPECT_EQ(CurrentNode(), "Vault");
+    EXPECT_THAT(TakeSelected(), IsEmpty());
+}
+
 TEST_F(LocationTreeTest, SettingTheSelectionShowsItsNodeAndRaisesOnce) {
     Show();
     TakeSelected();

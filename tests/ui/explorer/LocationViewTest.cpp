@@ -26,6 +26,8 @@ TEST_F(LocationViewTest, ListsSubLocationsThenItemsWithTheirCells) {
     EXPECT_EQ(m_list->RowIcon(0), "location");
     EXPECT_EQ(m_list->CellText(0, typeColumn), "Location");
     EXPECT_EQ(m_list->CellText(0, descriptionColumn), "");
+    EXPECT_FALSE(m_list->CellBold(0, nameColumn));
+    EXPECT_FALSE(m_list->CellBold(0, typeColumn));
     EXPECT_TRUE(m_list->CellBold(0, descriptionColumn));
     EXPECT_FALSE(m_list->CellGray(0, nameColumn));
     EXPECT_TRUE(m_list->CellGray(0, typeColumn));
@@ -37,6 +39,8 @@ TEST_F(LocationViewTest, ListsSubLocationsThenItemsWithTheirCells) {
     EXPECT_FALSE(m_list->CellGray(2, nameColumn));
     EXPECT_TRUE(m_list->CellGray(2, typeColumn));
     EXPECT_TRUE(m_list->CellGray(2, descriptionColumn));
+    EXPECT_FALSE(m_list->CellBold(2, nameColumn));
+    EXPECT_FALSE(m_list->CellBold(2, typeColumn));
     EXPECT_FALSE(m_list->CellBold(2, descriptionColumn));
 
     EXPECT_EQ(m_list->RowKey(4), "V" + QString::number(m_vehicle));
@@ -329,6 +333,9 @@ TEST_F(LocationViewTest, TheBackColorIsStoredInABag) {
     LocationView other;
     other.ReadProperties(bag);
     EXPECT_EQ(other.BackColor(), QColor(1, 2, 3));
+    EXPECT_EQ(Find<GroupBox>(other, "picNoItems")->BackColor(), QColor(1, 2, 3));
+    EXPECT_EQ(Find<GroupBox>(other, "picPlaceholder")->BackColor(), QColor(1, 2, 3));
+    EXPECT_EQ(other.List()->palette().color(QPalette::Base), QColor(1, 2, 3));
     bag.WriteProperty("BackColor", "greenish");
     other.ReadProperties(bag);
     EXPECT_EQ(other.BackColor(), other.palette().color(QPalette::Base));

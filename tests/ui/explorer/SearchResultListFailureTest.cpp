@@ -1,5 +1,6 @@
 #include "tests/support/FaultInjectingEngine.h"
 #include "tests/support/RaisedBy.h"
+#include "tests/support/ui/QtTestMain.h"
 #include "tests/ui/explorer/SearchResultListTest.h"
 
 #include <QPointer>

@@ -1,3 +1,4 @@
+#include "tests/support/ui/OpenMenu.h"
 #include "tests/ui/explorer/SearchResultListTest.h"
 
 #include "ui/common/ViewHelpers.h"
@@ -30,6 +31,37 @@ TEST_F(SearchResultListTest, AClickSelectsAndOneBetweenRowsDoesNot) {
     EXPECT_EQ(HighlightedRow(), 2);
     Click(Container(), QPoint(300, RowPixels));
     EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(2));
+}
+
+TEST_F(SearchResultListTest, TheMiddleButtonSelectsNothing) {
+    const auto items = MakeItems(3);
+    m_list->SetItems(items);
+    QTest::mouseClick(Container(), Qt::MiddleButton, Qt::NoModifier, CenterOfRow(2));
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(0));
+}
+
+TEST_F(SearchResultListTest, AKeyAtTheEndShowsAClippedSelectionInFull) {
+    const auto items = MakeItems(4);
+    m_list->SetItems(items);
+    m_list->setFocus();
+    Press(m_list, Qt::Key_End);
+    SetHeightInRows(3.6);
+    Container()->SetTop(0);
+    Press(m_list, Qt::Key_Down);
+    EXPECT_EQ(m_list->SelectedItem(), items->ItemAt(3));
+    EXPECT_EQ(Container()->geometry().top() + Row(3).geometry().bottom() + 1, m_list->height());
+}
+
+TEST_F(SearchResultListTest, TheMouseOpensTheMenuAtThePointer) {
+    m_list->SetItems(MakeItems(3));
+    QMenu menu;
+    menu.addAction("Open");
+    QObject::connect(m_list, &SearchResultList::ItemContextMenu, m_list,
+                     [&](QMenu*& shown, QAction*&) { shown = &menu; });
+    const QPoint at = Container()->mapToGlobal(CenterOfRow(2));
+    QCursor::setPos(at);
+    WhileMenuOpen([&](QMenu& open) { EXPECT_EQ(open.pos(), at); });
+    RightClick(Container(), CenterOfRow(2));
 }
 
 TEST_F(SearchResultListTest, AClickOnAFieldSelectsItsRow) {

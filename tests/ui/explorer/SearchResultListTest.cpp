@@ -70,6 +70,22 @@ TEST_F(SearchResultListTest, RangeBeyondSixteenBitsShowsTheFirstPageWithoutABar)
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
+TEST_F(SearchResultListTest, TheBarOfAnEarlierListDoesNotStay) {
+    m_list->SetItems(MakeItems(30));
+    ASSERT_TRUE(Bar()->IsShown());
+    m_list->SetItems(MakeItems(36000));
+    EXPECT_FALSE(Bar()->IsShown());
+}
+
+TEST_F(SearchResultListTest, NewItemsUnloadTheRowsOfEarlierOnes) {
+    SetHeightInRows(6.3);
+    m_list->SetItems(MakeItems(9));
+    EXPECT_EQ(m_list->Rows().size(), 7u);
+    SetHeightInRows(2.2);
+    m_list->SetItems(MakeItems(9));
+    EXPECT_EQ(m_list->Rows().size(), 3u);
+}
+
 TEST_F(SearchResultListTest, WidestRangeThatFitsScrollsToItsEnd) {
     auto items = MakeItems(32767 + 4);
     m_list->SetItems(items);

@@ -46,6 +46,8 @@ TEST_F(SearchResultRowTest, ShowsNothingBeforeTheFirstItem) {
     EXPECT_EQ(Text("lblDescription"), "Description");
     EXPECT_EQ(Status()->Caption(), "Unknown");
     EXPECT_EQ(Text("lblLocation"), "Location");
+    EXPECT_EQ(Text("lblCategory"), "Category");
+    EXPECT_EQ(Text("lblRelatedCases"), "Identifier");
 }
 
 TEST_F(SearchResultRowTest, ShowsWhatTheItemIs) {

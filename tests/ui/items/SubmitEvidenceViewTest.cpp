@@ -37,6 +37,7 @@ TEST_F(SubmitEvidenceViewTest, EveryKindOfNumberHasItsPlaceholder) {
         {"Incident ID", Types::IncidentId, "Type Incident ID here"},
         {"Case Number", Types::CaseNumber, "Type case number here"}};
     ASSERT_EQ(Filter()->Count(), 4);
+    EXPECT_EQ(Filter()->focusProxy()->accessibleName(), "Search by");
     EXPECT_EQ(Filter()->ListIndex(), 0);
     EXPECT_EQ(SearchBox()->Placeholder(), "Type Property ID here");
     for (int i = 0; i < 4; ++i) {

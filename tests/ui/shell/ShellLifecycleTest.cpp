@@ -387,6 +387,17 @@ TEST_F(ShellLifecycle, TheBorderStyleIsStoredInABag) {
     EXPECT_EQ(m_shell->BorderStyle(), 0);
 }
 
+TEST_F(ShellLifecycle, ABorderStyleFramesTheShell) {
+    Start();
+    const auto* frame = m_shell->findChild<QWidget*>("shpBorder", Qt::FindDirectChildrenOnly);
+    ASSERT_NE(frame, nullptr);
+    EXPECT_TRUE(frame->isHidden());
+    m_shell->SetBorderStyle(1);
+    EXPECT_FALSE(frame->isHidden());
+    m_shell->resize(700, 500);
+    EXPECT_EQ(frame->geometry(), m_shell->rect());
+}
+
 TEST_F(ShellLifecycle, ABrokenBorderStyleIsIgnored) {
     PropertyBag bag;
     bag.WriteProperty("BorderStyle", "thick");

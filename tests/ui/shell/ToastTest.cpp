@@ -7,6 +7,7 @@
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
 
+#include <QGraphicsDropShadowEffect>
 #include <QPushButton>
 
 namespace quellbrook {
@@ -225,6 +226,13 @@ TEST_F(ToastTest, ItsMarkAndTextStandOutInBothPalettes) {
     Theme::Install(false);
 }
 
+TEST_F(ToastTest, ItsShadowIsBlackAndTranslucent) {
+    const auto* shadow = qobject_cast<QGraphicsDropShadowEffect*>(m_toast->graphicsEffect());
+    ASSERT_NE(shadow, nullptr);
+    EXPECT_EQ(shadow->color().rgb(), QColor(Qt::black).rgb());
+    EXPECT_LT(shadow->color().alphaF(), 0.5);
+}
+
 TEST_F(ToastTest, IsOpenInADesigner) {
     SetInsideDesigner(true);
     GroupBox parent;
@@ -233,6 +241,7 @@ TEST_F(ToastTest, IsOpenInADesigner) {
     testing::ShowActive(parent);
     EXPECT_TRUE(toast->isVisible());
     EXPECT_FLOAT_EQ(toast->Height(), 720);
+    EXPECT_EQ(toast->Align(), Alignment::Bottom);
     SetInsideDesigner(false);
 }
 
