@@ -335,7 +335,7 @@ TEST_F(LocationViewTest, TheBackColorIsStoredInABag) {
     EXPECT_EQ(other.BackColor(), QColor(1, 2, 3));
     EXPECT_EQ(Find<GroupBox>(other, "picNoItems")->BackColor(), QColor(1, 2, 3));
     EXPECT_EQ(Find<GroupBox>(other, "picPlaceholder")->BackColor(), QColor(1, 2, 3));
-    EXPECT_EQ(other.List()->palette().color(QPalette::Base), QColor(1, 2, 3));
+    EXPECT_EQ(other.List()->Tree()->palette().color(QPalette::Base), QColor(1, 2, 3));
     bag.WriteProperty("BackColor", "greenish");
     other.ReadProperties(bag);
     EXPECT_EQ(other.BackColor(), other.palette().color(QPalette::Base));
