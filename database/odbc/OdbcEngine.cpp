@@ -5,6 +5,7 @@
 #include "database/LockWait.h"
 #include "database/odbc/OdbcConnection.h"
 #include "database/odbc/OdbcError.h"
+#include "database/odbc/ServerCatalog.h"
 #include "database/schema/ServerSchema.h"
 
 #include <algorithm>
@@ -18,36 +19,6 @@ namespace {
 
 const char* const openSource = "OdbcEngine.Open";
 const char* const outcomeSource = "OdbcEngine.WasCommitted";
-
-const char* SchemaFunctionOf(ServerKind server) {
-    return server == ServerKind::PostgreSql ? "CURRENT_SCHEMA()" : "SCHEMA_NAME()";
-}
-
-std::set<std::string> TextsOf(OdbcConnection& connection, const std::string& query) {
-    std::set<std::string> texts;
-    connection.QueryNative(query, {}, [&](const Row& row) {
-        texts.insert(FoldCase(ToText(row.At(0))));
-        return true;
-    });
-    return texts;
-}
-
-std::set<std::string> OurTables(OdbcConnection& connection) {
-    return TextsOf(connection,
-                   "SELECT TABLE_NAME AS Name FROM INFORMATION_SCHEMA.TABLES WHERE LOWER(TABLE_NAME) IN "
-                   "('schemaversion', 'schemafact', 'currentplace', 'batchmark') AND TABLE_SCHEMA = " +
-                       std::string(SchemaFunctionOf(connection.Server())));
-}
-
-// The names of the triggers that are switched on.
-std::set<std::string> ActiveTriggers(OdbcConnection& connection) {
-    if (connection.Server() == ServerKind::PostgreSql)
-        return TextsOf(connection,
-                       "SELECT t.tgname FROM pg_trigger t INNER JOIN pg_class c ON c.oid = t.tgrelid "
-                       "INNER JOIN pg_namespace n ON n.oid = c.relnamespace "
-                       "WHERE n.nspname = CURRENT_SCHEMA() AND t.tgenabled IN ('O', 'A') AND NOT t.tgisinternal");
-    return TextsOf(connection, "SELECT name FROM sys.triggers WHERE is_disabled = 0 AND parent_class = 1");
-}
 
 void RequireKnownVersion(OdbcConnection& connection) {
     connection.QueryNative("SELECT MAX(Version) AS Version FROM SchemaVersion", {}, [](const Row& row) {
@@ -104,10 +75,10 @@ void OdbcEngine::LearnFrom(OdbcConnection& connection) {
     if (!isPostgreSql) m_dialect.textPrefix = "N";
     m_dialect.equalsLikeLike = isPostgreSql;
 
-    const std::set<std::string> tables = OurTables(connection);
+    const std::set<std::string> tables = TablesAndViewsOf(connection);
     if (tables.contains("schemaversion")) RequireKnownVersion(connection);
     m_dialect.hasCurrentPlace =
-        tables.contains("currentplace") && HasAll(ActiveTriggers(connection), ServerPlaceTriggers());
+        tables.contains("currentplace") && HasAll(ActiveTriggersOf(connection), ServerPlaceTriggers());
     m_dialect.itemsAreDistinct = tables.contains("schemafact") &&
                                  TextsOf(connection, "SELECT Name FROM SchemaFact").contains("itemsaredistinct");
     m_hasMarks = tables.contains("batchmark");

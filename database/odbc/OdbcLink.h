@@ -14,6 +14,8 @@ struct ServerLimits {
     int login = 15;
     int statement = 15;
 };
+// For statements that read or write a whole database.
+inline constexpr ServerLimits WholeDatabaseLimits{15, 3600};
 
 // The connection of a driver to a server, with at most one open result. Its calls may take any time. Failures raise
 // OdbcError.

@@ -56,7 +56,7 @@ TEST_F(VerificationTest, WhatIsWrongIsNamedAndSideTablesAreRepaired) {
     const Outcome found = Run(false);
     EXPECT_EQ(found.status, 1);
     EXPECT_THAT(found.output, HasSubstr("  WRONG The side table CurrentPlace lists every item at its location.\n"
-                                        "            1 item is missing.\n"));
+                                        "            Property "));
     EXPECT_THAT(found.output,
                 HasSubstr("\n1 rule is broken. --repair restores side tables and triggers, nothing else.\n"));
     EXPECT_EQ(m_environment.log.Entries().back().message, note);

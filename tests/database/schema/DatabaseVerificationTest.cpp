@@ -29,6 +29,7 @@ constexpr const char* latest = "The current custody row of an item is its latest
 constexpr const char* disposition = "An item with a final disposition has a current custody row.";
 constexpr const char* dispositionFlag = "The flag of a final disposition is 0 or 1.";
 constexpr const char* tree = "Every location is in the tree, in the category of its container.";
+constexpr const char* names = "No two locations of one container and category have the same name.";
 constexpr const char* locationValues = "Locations have a name, a flag and dates.";
 constexpr const char* references = "Every reference leads to a record.";
 constexpr const char* file = "The pages, indexes and constraints of the file are sound.";
@@ -80,8 +81,8 @@ TEST_F(DatabaseVerificationTest, NothingIsWrongWithAProperDatabase) {
     const std::vector<RuleCheck> checks = VerifyDatabase(m_database.Path(), 20);
     Lines rules;
     for (const RuleCheck& check : checks) rules.push_back(check.rule);
-    EXPECT_THAT(rules, ElementsAre(numbered, values, owners, latest, disposition, dispositionFlag, tree, locationValues,
-                                   references, file, objects, places, descriptions));
+    EXPECT_THAT(rules, ElementsAre(numbered, owners, latest, disposition, dispositionFlag, tree, names, values,
+                                   locationValues, references, file, objects, places, descriptions));
     EXPECT_THAT(Found(), IsEmpty());
     EXPECT_EQ(m_database.Snapshot(), before);
 }
@@ -135,6 +136,24 @@ TEST_F(DatabaseVerificationTest, ALocationOutsideTheTreeIsFound) {
                                      "StorageLocation 2 refers to a record of StorageLocation that does not exist"));
 }
 
+// Without the table's constraint, which only a copy of the table lacks.
+TEST_F(DatabaseVerificationTest, ANameThatAContainerHasTwiceIsFound) {
+    m_database.AddLocation("shelf", Type::Internal);
+    m_database.AddLocation("SHELF", Type::External);
+    EXPECT_THAT(Found(), IsEmpty());
+    m_database.Execute("PRAGMA foreign_keys = OFF");
+    m_database.Execute("CREATE TABLE Plain AS SELECT * FROM StorageLocation");
+    m_database.Execute("DROP TABLE StorageLocation");
+    m_database.Execute("ALTER TABLE Plain RENAME TO StorageLocation");
+    m_database.Execute("CREATE UNIQUE INDEX StorageLocationKey ON StorageLocation (IdNo)");
+    m_database.Execute("CREATE UNIQUE INDEX StorageLocationPlace ON StorageLocation (IdNo, Path, Type)");
+    m_database.Execute("UPDATE StorageLocation SET Path = '/0/1/' WHERE Name = 'shelf'");
+    const Lines found = Found();
+    const auto rule = std::find(found.begin(), found.end(), names);
+    ASSERT_NE(rule, found.end());
+    EXPECT_EQ(*(rule + 1), "Location 3 (shelf) has the name of another location");
+}
+
 TEST_F(DatabaseVerificationTest, WrongValuesOfALocationAreFound) {
     Damage("UPDATE StorageLocation SET ActiveFlag = 'maybe' WHERE Name = 'Room'");
     Damage("UPDATE StorageLocation SET LastUpdated = 'x' WHERE Name = 'Shelf'");
@@ -174,9 +193,13 @@ TEST_F(DatabaseVerificationTest, MissingAndChangedObjectsAreFound) {
 TEST_F(DatabaseVerificationTest, SideTablesThatDisagreeAreFound) {
     m_database.Execute("DELETE FROM CurrentPlace WHERE ItemType = 2");
     Damage("UPDATE Property SET Description = 'red tricycle'");
-    EXPECT_THAT(Found(), ElementsAre(places, "1 item is missing", descriptions, "It does not agree"));
+    EXPECT_THAT(Found(), ElementsAre(places, "Vehicle 1 is missing at location 1", descriptions, "It does not agree"));
     m_database.Execute("DELETE FROM CurrentPlace");
-    EXPECT_THAT(Found(), ElementsAre(places, "2 items are missing", descriptions, "It does not agree"));
+    EXPECT_THAT(Found(), ElementsAre(places, "Property 1 is missing at location 2",
+                                     "Vehicle 1 is missing at location 1", descriptions, "It does not agree"));
+    m_database.Execute(
+        "INSERT INTO CurrentPlace (StorageLocNo, ItemType, ItemNo) VALUES (2, 1, 1), (1, 2, 1), (1, 1, 1)");
+    EXPECT_THAT(Found(), ElementsAre(descriptions, "It does not agree"));
 }
 
 TEST_F(DatabaseVerificationTest, MissingSideTablesAreFound) {
