@@ -16,9 +16,9 @@ int RunCreation(const Options& options) {
         const std::string directory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
         sample::ProgressBar bar("Creating the department");
         CreateOnServer(options, directory, [&bar](int percent) { bar.Show(percent); });
-        const std::string items =
-            options.size ? FormatCount(*options.size, "with %d item", "with %d items") : "without rows";
-        std::puts(("The department was created " + items + ".").c_str());
+        std::string rows = options.sample ? "with the rows of the sample" : "without rows";
+        if (options.size) rows = FormatCount(*options.size, "with %d item", "with %d items");
+        std::puts(("The department was created " + rows + ".").c_str());
         return 0;
     } catch (...) {
         std::fprintf(stderr, "%s\n", CurrentError().what());

@@ -12,6 +12,7 @@
 #include "host/HostDatabase.h"
 #include "host/HostServices.h"
 
+#include <QDir>
 #include <QProgressDialog>
 
 #include <cstdio>
@@ -43,25 +44,41 @@ std::optional<std::string> DepartmentPath(const Options& options, const std::str
     return (std::filesystem::path(dataDirectory) / FileName({options.size.value_or(0)})).string();
 }
 
-void CreateOnServer(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
-    constexpr int hour = 3600;
-    const ServerLimits limits{ServerLimits().login, hour};
-    if (!options.size) return CreateServerDatabase(*options.server, limits);
-    MakeDirectory(dataDirectory);
-    const QTemporaryDir scratch(QString::fromStdString((std::filesystem::path(dataDirectory) / "create").string()));
-    if (!scratch.isValid())
-        Raise(ErrorNumber::General, "CreateOnServer",
-              "A scratch folder can't be created: " + scratch.errorString().toStdString());
-    const std::string path = scratch.filePath(QStringLiteral("department.sqlite")).toStdString();
-    CreateSampleDepartment(path, {*options.size}, sample::PartOf(progress, 0, 50));
-    const std::unique_ptr<Connection> rows = SqliteEngine::Open(path)->Open();
-    CreateServerDatabase(*options.server, limits, {rows.get(), sample::PartOf(progress, 50, 100)});
-    const std::filesystem::path pictures = scratch.filePath(QStringLiteral("Pictures")).toStdString();
-    std::filesystem::copy(pictures, std::filesystem::path(dataDirectory) / "Pictures",
-                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
+namespace {
+
+// A folder for a database and the files beside it, deleted with the result. The path is what its own begins with.
+std::unique_ptr<QTemporaryDir> MakeScratchFolder(const std::string& path) {
+    auto folder = std::make_unique<QTemporaryDir>(QString::fromStdString(path));
+    if (!folder->isValid())
+        Raise(ErrorNumber::General, "OpenDepartment",
+              "A folder for the scratch copy can't be created: " + folder->errorString().toStdString());
+    return folder;
 }
 
-namespace {
+std::string InTemporaryFolder() { return QDir::temp().filePath(QStringLiteral("quellbrook")).toStdString(); }
+
+std::string PathIn(const QTemporaryDir& folder, const std::string& name) {
+    return folder.filePath(QString::fromStdString(name)).toStdString();
+}
+
+// Creates a sample as a file, with pictures and templates beside it, and copies its rows into the empty database.
+void FillServer(const std::string& connectionString, const SampleOptions& options, const std::string& path,
+                const SampleProgress& progress) {
+    CreateSampleDepartment(path, options, sample::PartOf(progress, 0, 50));
+    const std::unique_ptr<Connection> rows = SqliteEngine::Open(path)->Open();
+    CreateServerDatabase(connectionString, WholeDatabaseLimits, {rows.get(), sample::PartOf(progress, 50, 100)});
+}
+
+// A sample in the empty database, with its files in a scratch folder.
+Department CreateForTour(const Options& options, const SampleProgress& progress) {
+    const SampleOptions sample{0, options.uncategorized};
+    Department department;
+    department.scratch = MakeScratchFolder(InTemporaryFolder());
+    department.path = PathIn(*department.scratch, FileName(sample));
+    FillServer(*options.server, sample, department.path, progress);
+    department.engine = OdbcEngine::Open(*options.server);
+    return department;
+}
 
 Department OpenServer(const std::string& connectionString, const std::string& dataDirectory) {
     Department department;
@@ -74,18 +91,25 @@ Department OpenServer(const std::string& connectionString, const std::string& da
 
 }  // namespace
 
+void CreateOnServer(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    if (!options.sample && !options.size) return CreateServerDatabase(*options.server, WholeDatabaseLimits);
+    MakeDirectory(dataDirectory);
+    const auto scratch = MakeScratchFolder((std::filesystem::path(dataDirectory) / "create").string());
+    FillServer(*options.server, {options.size.value_or(0)}, PathIn(*scratch, "department.sqlite"), progress);
+    std::filesystem::copy(PathIn(*scratch, "Pictures"), std::filesystem::path(dataDirectory) / "Pictures",
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
+}
+
 Department OpenDepartment(const Options& options, const std::string& dataDirectory, const SampleProgress& progress) {
+    if (options.server && options.tourDirectory) return CreateForTour(options, progress);
     if (options.server) return OpenServer(*options.server, dataDirectory);
     const SampleOptions sample{options.size.value_or(0), options.uncategorized};
     Department department;
     if (const auto path = DepartmentPath(options, dataDirectory)) {
         department.path = *path;
     } else {
-        department.scratch = std::make_unique<QTemporaryDir>();
-        if (!department.scratch->isValid())
-            Raise(ErrorNumber::General, "OpenDepartment",
-                  "A folder for the scratch copy can't be created: " + department.scratch->errorString().toStdString());
-        department.path = department.scratch->filePath(QString::fromStdString(FileName(sample))).toStdString();
+        department.scratch = MakeScratchFolder(InTemporaryFolder());
+        department.path = PathIn(*department.scratch, FileName(sample));
     }
     if (!options.databasePath) {
         MakeDirectory(std::filesystem::path(department.path).parent_path().string());

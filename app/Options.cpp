@@ -22,8 +22,9 @@ constexpr OptionDefinition definitions[] = {
      "Open the department in this database: sqlite:PATH names a file, odbc:CONNECTION STRING a database on a server, "
      "PostgreSQL or SQL Server."},
     {"create", nullptr,
-     "With --database odbc:CONNECTION STRING: create a department in that empty database and exit. With --size, fill "
-     "it with a generated department."},
+     "With --database odbc:CONNECTION STRING: create a department in that empty database and exit. With --sample, fill "
+     "it with the sample department; with --size, with a generated one. Without them it has no account to log in."},
+    {"sample", nullptr, "With --create: fill the database with the sample department."},
     {"size", "N", "Open a generated department of N items, up to 2000000. It is created on first use."},
     {"fresh", nullptr, "Work on a scratch copy that is deleted afterwards."},
     {"uncategorized", nullptr,
@@ -32,8 +33,9 @@ constexpr OptionDefinition definitions[] = {
     {"user", "NAME", "Log in as this user. Only the password is requested."},
     {"tour", "DIR",
      "Play a search, changes of locations, a transfer, a check-in, a disposal, the life of one item and the explorer's "
-     "menu on a scratch copy of the sample with real key and mouse events. With --uncategorized: play the wizard. "
-     "Write a picture of each step and tour.json to DIR. Requires a separate X server and xdotool."},
+     "menu on a scratch copy of the sample with real key and mouse events. With --uncategorized: play the wizard. With "
+     "--database odbc:CONNECTION STRING: create the sample in that empty database and play there. Write a picture of "
+     "each step and tour.json to DIR. Requires a separate X server and xdotool."},
     {"gallery", nullptr, "Show every control in each of its states, light and dark. Does not need a department."},
     {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png to DIR and exit."},
     {"register", nullptr,
@@ -42,7 +44,9 @@ constexpr OptionDefinition definitions[] = {
     {"verify", nullptr,
      "Check every rule of the custody data in the department that --database or --size names, print what is wrong, and "
      "exit with 1 if anything is."},
-    {"repair", nullptr, "Restore the side tables and triggers of that department, then verify it."},
+    {"repair", nullptr,
+     "Restore the side tables and triggers of that department, on a server only the side table CurrentPlace, then "
+     "verify it."},
     {"help", nullptr, "Print this text."},
 };
 
@@ -127,16 +131,19 @@ void CheckCombination(const Options& options) {
     const bool namesDatabase = options.databasePath || options.server;
     const bool opensDepartment = namesDatabase || options.create || options.user || options.size ||
                                  options.tourDirectory || opensRecord || options.fresh || options.uncategorized ||
-                                 options.registerScheme || options.verify || options.repair;
+                                 options.registerScheme || options.verify || options.repair || options.sample;
     if ((options.gallery || options.galleryDirectory) && opensDepartment)
         Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
     if (options.create && !options.server)
         Refuse("--create needs --database odbc:CONNECTION STRING. A file is created on first use.");
     if (options.create && (options.fresh || options.uncategorized || options.user || options.tourDirectory ||
                            opensRecord || options.registerScheme || options.verify || options.repair))
-        Refuse("--create opens no window. It can only be combined with --database and --size.");
-    if (options.server && (options.registerScheme || options.verify || options.repair))
-        Refuse("--register, --verify and --repair work with a database file only.");
+        Refuse("--create opens no window. It can only be combined with --database, --sample and --size.");
+    if (options.sample && !options.create)
+        Refuse("--sample fills a database that --create creates. It needs --create.");
+    if (options.sample && options.size)
+        Refuse("--sample and --size are two departments. --create fills a database with one of them.");
+    if (options.server && options.registerScheme) Refuse("--register works with a database file only.");
     if (namesDatabase && !options.create && (options.fresh || options.size))
         Refuse("--database opens an existing department. It can't be combined with --fresh or --size.");
     if (options.uncategorized && (options.size || !(options.fresh || options.tourDirectory)))
@@ -148,10 +155,10 @@ void CheckCombination(const Options& options) {
     if ((options.verify || options.repair) &&
         (options.fresh || options.user || options.tourDirectory || opensRecord || options.registerScheme))
         Refuse("--verify and --repair open no window. They can only be combined with --database or --size.");
-    if (options.tourDirectory && (opensRecord || namesDatabase || options.size || options.user))
+    if (options.tourDirectory && (opensRecord || options.databasePath || options.size || options.user))
         Refuse(
-            "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or "
-            "the address of a record.");
+            "--tour plays on a scratch copy of the sample, or in an empty database on a server. It can't be combined "
+            "with --database sqlite:PATH, --size, --user or the address of a record.");
 }
 
 }  // namespace
@@ -169,6 +176,7 @@ Options ParseOptions(const QStringList& arguments) {
     options.galleryDirectory = ValueOf(parser, "gallery-pictures");
     options.record = RecordOf(parser, options.refusedRecord);
     options.create = parser.isSet(QStringLiteral("create"));
+    options.sample = parser.isSet(QStringLiteral("sample"));
     options.fresh = parser.isSet(QStringLiteral("fresh"));
     options.uncategorized = parser.isSet(QStringLiteral("uncategorized"));
     options.gallery = parser.isSet(QStringLiteral("gallery"));

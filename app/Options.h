@@ -16,6 +16,7 @@ struct Options {
     std::optional<std::string> databasePath;  // of --database sqlite:PATH
     std::optional<std::string> server;        // the connection string of --database odbc:CONNECTION STRING
     bool create = false;
+    bool sample = false;
     std::optional<std::string> user;
     std::optional<int32_t> size;
     std::optional<std::string> tourDirectory;

@@ -42,7 +42,7 @@ int ShowDepartment(const Options& options, const Department& department, const T
     if (options.user) user = QString::fromStdString(*options.user);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
     if (options.tourDirectory)
-        return PlayTour(window, QString::fromStdString(*options.tourDirectory), department.path, termination,
+        return PlayTour(window, QString::fromStdString(*options.tourDirectory), department, termination,
                         options.uncategorized ? TourScenario::Categorization : TourScenario::Department);
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);

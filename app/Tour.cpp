@@ -1,5 +1,6 @@
 #include "app/Tour.h"
 
+#include "app/Department.h"
 #include "app/MainWindow.h"
 #include "app/Termination.h"
 #include "component/Labels.h"
@@ -13,6 +14,8 @@
 #include "host/HostServices.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 
 namespace quellbrook {
 
@@ -26,14 +29,15 @@ void PrintIntoFiles(const QString& folder) {
 
 }  // namespace
 
-int PlayTour(MainWindow& window, const QString& directory, const std::string& databasePath,
-             const Termination& termination, TourScenario scenario) {
+int PlayTour(MainWindow& window, const QString& directory, const Department& department, const Termination& termination,
+             TourScenario scenario) {
     if (termination.IsRequested()) return Termination::ExitCode;
     constexpr int keyPause = 2000;  // milliseconds
     window.showMaximized();
     // On a busy machine, keys may arrive with pauses after which a list would start a new typed search.
     QApplication::setKeyboardInputInterval(keyPause);
-    TourPlayer player(window, directory, databasePath);
+    const QDir folder = QFileInfo(QString::fromStdString(department.path)).dir();
+    TourPlayer player(window, directory, department.engine, folder.filePath(QStringLiteral("labels")));
     if (scenario == TourScenario::Categorization) {
         PlanCategorizationScenario(player);
     } else {

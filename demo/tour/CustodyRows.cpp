@@ -1,6 +1,6 @@
 #include "demo/tour/CustodyRows.h"
 
-#include "database/SqliteEngine.h"
+#include "database/Connection.h"
 
 namespace quellbrook::tour {
 
@@ -14,7 +14,7 @@ constexpr Kind kinds[] = {{"PropertyTracking", "PropertyNo"}, {"VehicleTracking"
 
 }  // namespace
 
-CustodyRows::CustodyRows(const std::string& databasePath) : m_path(databasePath) {
+CustodyRows::CustodyRows(std::shared_ptr<Engine> engine) : m_engine(std::move(engine)) {
     for (const Kind& kind : kinds) {
         auto& greatest = m_before[kind.key];
         const std::string key = kind.key;
@@ -46,7 +46,7 @@ TaggedValue CustodyRows::Ask(const std::string& select) const {
 
 RowList CustodyRows::Query(const std::string& select) const {
     RowList rows;
-    SqliteEngine::Open(m_path)->Open()->Query(select, {}, [&rows](const Row& row) {
+    m_engine->Open()->Query(select, {}, [&rows](const Row& row) {
         rows.push_back(row);
         return true;
     });

@@ -4,15 +4,22 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
+
+namespace quellbrook {
+
+class Engine;
+
+}  // namespace quellbrook
 
 namespace quellbrook::tour {
 
-// Reads the custody rows of a database through a separate connection.
+// Reads the custody rows of a database through separate connections.
 class CustodyRows {
 public:
     // Remembers the existing rows.
-    explicit CustodyRows(const std::string& databasePath);
+    explicit CustodyRows(std::shared_ptr<Engine> engine);
 
     // The rows written since construction, property first, ordered by item and sequence.
     RowList Written() const;
@@ -22,7 +29,7 @@ public:
 private:
     RowList Query(const std::string& select) const;
 
-    std::string m_path;
+    std::shared_ptr<Engine> m_engine;
     std::map<std::string, std::map<int32_t, int32_t>> m_before;  // by key column: item and its highest SeqNo
 };
 

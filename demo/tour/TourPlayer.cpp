@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QScreen>
 
 #include <cstdio>
@@ -22,12 +21,12 @@ TourSenses ScreenSenses() {
     return {[] { return QApplication::primaryScreen()->grabWindow(0).toImage(); }};
 }
 
-TourPlayer::TourPlayer(QWidget& window, const QString& directory, const std::string& databasePath,
-                       const TourSenses& senses)
+TourPlayer::TourPlayer(QWidget& window, const QString& directory, std::shared_ptr<Engine> engine,
+                       const QString& labelFolder, const TourSenses& senses)
     : m_window(window),
       m_directory(directory),
-      m_labelFolder(QFileInfo(QString::fromStdString(databasePath)).dir().filePath(QStringLiteral("labels"))),
-      m_rows(databasePath),
+      m_labelFolder(labelFolder),
+      m_rows(std::move(engine)),
       m_senses(senses) {
     m_timer.setInterval(tickMilliseconds);
     m_timer.setTimerType(Qt::PreciseTimer);

@@ -30,7 +30,8 @@ class TourPlayer : public QObject {
     Q_OBJECT
 
 public:
-    TourPlayer(QWidget& window, const QString& directory, const std::string& databasePath,
+    // The engine opens the program's database, to read it back. The program must print labels into the folder.
+    TourPlayer(QWidget& window, const QString& directory, std::shared_ptr<Engine> engine, const QString& labelFolder,
                const TourSenses& senses = ScreenSenses());
 
     void Start();
@@ -61,7 +62,7 @@ public:
 
     const tour::CustodyRows& Rows() const { return m_rows; }
     QWidget& Window() const { return m_window; }
-    // Where the program prints labels during the tour: a folder beside the database.
+    // Where the program prints labels during the tour.
     const QString& LabelFolder() const { return m_labelFolder; }
 
 private:

@@ -1,5 +1,6 @@
 #include "tests/app/MainWindowTest.h"
 
+#include "app/Department.h"
 #include "app/Termination.h"
 #include "app/Tour.h"
 #include "core/Actions.h"
@@ -134,7 +135,7 @@ TEST_F(MainWindowTest, ATourDoesNotBeginAfterASignal) {
     const Termination termination;
     std::raise(SIGTERM);
     const QString pictures = QString::fromStdString(m_directory.In("tour"));
-    EXPECT_EQ(PlayTour(*m_window, pictures, m_directory.In("copy.sqlite"), termination), Termination::ExitCode);
+    EXPECT_EQ(PlayTour(*m_window, pictures, Department(), termination), Termination::ExitCode);
     EXPECT_FALSE(QDir(pictures).exists());
 }
 

@@ -90,8 +90,8 @@ TEST(Options, ConflictingOptionsAreRefused) {
     EXPECT_EQ(Refusal({"--database", "sqlite:a", "--fresh"}), existing);
     EXPECT_EQ(Refusal({"--size", "5", "--database", "sqlite:a"}), existing);
     const std::string tour =
-        "--tour plays on a scratch copy of the sample. It can't be combined with --database, --size, --user or the "
-        "address of a record.";
+        "--tour plays on a scratch copy of the sample, or in an empty database on a server. It can't be combined with "
+        "--database sqlite:PATH, --size, --user or the address of a record.";
     for (const char* other : {"--database=sqlite:a", "--user=clerk", "--size=5", "tessarine://miproperty/open/42"})
         EXPECT_EQ(Refusal({"--tour", "out", other}), tour) << other;
 }
@@ -115,16 +115,35 @@ TEST(Options, ADepartmentIsCreatedOnAServerOnly) {
     const std::string file = "--create needs --database odbc:CONNECTION STRING. A file is created on first use.";
     EXPECT_EQ(Refusal({"--create"}), file);
     EXPECT_EQ(Refusal({"--create", "--database", "sqlite:a"}), file);
-    const std::string alone = "--create opens no window. It can only be combined with --database and --size.";
+    const std::string alone = "--create opens no window. It can only be combined with --database, --sample and --size.";
     for (const char* other :
          {"--fresh", "--user=clerk", "--tour=out", "--register", "--verify", "tessarine://miproperty/open/7"})
         EXPECT_EQ(Refusal({"--create", "--database=odbc:DSN=room", other}), alone) << other;
 }
 
-TEST(Options, SomeOptionsNeedAFile) {
-    const std::string sentence = "--register, --verify and --repair work with a database file only.";
-    for (const char* flag : {"--register", "--verify", "--repair"})
-        EXPECT_EQ(Refusal({flag, "--database=odbc:DSN=room"}), sentence) << flag;
+TEST(Options, ANewDepartmentHasTheRowsOfTheSampleOrAsManyItemsAsAsked) {
+    EXPECT_TRUE(Parsed({"--create", "--sample", "--database=odbc:DSN=room"}).sample);
+    EXPECT_FALSE(Parsed({"--create", "--database=odbc:DSN=room"}).sample);
+    EXPECT_EQ(Refusal({"--create", "--sample", "--size=5", "--database=odbc:DSN=room"}),
+              "--sample and --size are two departments. --create fills a database with one of them.");
+    for (const char* database : {"--database=odbc:DSN=room", "--database=sqlite:a", "--fresh"})
+        EXPECT_EQ(Refusal({"--sample", database}),
+                  "--sample fills a database that --create creates. It needs --create.")
+            << database;
+}
+
+TEST(Options, TheTourAndTheVerificationAlsoWorkOnAServer) {
+    const Options tour = Parsed({"--tour", "out", "--database=odbc:DSN=room", "--uncategorized"});
+    EXPECT_EQ(tour.server, "DSN=room");
+    EXPECT_TRUE(tour.uncategorized);
+    EXPECT_EQ(Refusal({"--tour", "out", "--database=odbc:DSN=room", "--fresh"}),
+              "--database opens an existing department. It can't be combined with --fresh or --size.");
+    for (const char* flag : {"--verify", "--repair"})
+        EXPECT_EQ(Parsed({flag, "--database=odbc:DSN=room"}).server, "DSN=room") << flag;
+}
+
+TEST(Options, RegisteringNeedsAFile) {
+    EXPECT_EQ(Refusal({"--register", "--database=odbc:DSN=room"}), "--register works with a database file only.");
 }
 
 TEST(Options, ARecordAddressNeedsNoOption) {
@@ -158,7 +177,7 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text : {"--database <URL>", "--create", "--size <N>", "--fresh", "--uncategorized",
+    for (const char* text : {"--database <URL>", "--create", "--sample", "--size <N>", "--fresh", "--uncategorized",
                              "--user <NAME>", "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
                              "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;

@@ -1,4 +1,6 @@
 #include "demo/tour/CustodyRows.h"
+
+#include "database/SqliteEngine.h"
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -10,7 +12,7 @@ TEST(CustodyRows, ReturnsOnlyRowsWrittenSinceConstruction) {
     const ScratchFolder directory;
     const std::string path = directory.In("copy.sqlite");
     CopySample(path);
-    const tour::CustodyRows rows(path);
+    const tour::CustodyRows rows(SqliteEngine::Open(path));
     EXPECT_TRUE(rows.Written().empty());
 
     SQLite::Database database(path, SQLite::OPEN_READWRITE);
@@ -31,7 +33,7 @@ TEST(CustodyRows, ReturnsOnlyRowsWrittenSinceConstruction) {
 }
 
 TEST(CustodyRows, ReadsASingleValue) {
-    const tour::CustodyRows rows(TheSample().Path());
+    const tour::CustodyRows rows(SqliteEngine::Open(TheSample().Path()));
     EXPECT_EQ(ToInt32(rows.Ask("SELECT COUNT(*) AS N FROM Vehicle")), 40);
     EXPECT_TRUE(rows.Ask("SELECT VehicleNo FROM Vehicle WHERE VehicleNo = 0").IsEmpty());
 }

@@ -1,4 +1,6 @@
 #include "demo/tour/TourPlayer.h"
+
+#include "database/SqliteEngine.h"
 #include "tests/demo/sample/SampleFile.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/ui/Widgets.h"
@@ -35,7 +37,8 @@ protected:
 
     ScratchFolder m_directory;
     QWidget m_window;
-    TourPlayer m_player{m_window, Directory(), TheSample().Path(), TourSenses{[this] { return Grab(m_window); }, 60}};
+    TourPlayer m_player{m_window, Directory(), SqliteEngine::Open(TheSample().Path()), QString(),
+                        TourSenses{[this] { return Grab(m_window); }, 60}};
 };
 
 }  // namespace

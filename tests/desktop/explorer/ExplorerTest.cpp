@@ -81,7 +81,7 @@ QString PicturesOf(const std::string& test) {
 RunningProgram::RunningProgram()
     : m_department(NewCopy(TestName())),
       m_window(OpenWindow(m_department)),
-      m_program(*m_window, PicturesOf(TestName()), m_department.path) {
+      m_program(*m_window, PicturesOf(TestName()), m_department.engine, QString()) {
     m_environment->errorLog = &TestErrorLog();
 }
 

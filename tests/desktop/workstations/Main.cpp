@@ -23,7 +23,7 @@ int Work(char** arguments) {
     UseDepartment(department);
     MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), std::nullopt, AccountsToShow());
     window.showMaximized();
-    TourPlayer player(window, QString::fromStdString(report + ".tour"), department.path);
+    TourPlayer player(window, QString::fromStdString(report + ".tour"), department.engine, QString());
     WorkstationScenario scenario(player, static_cast<uint32_t>(std::atoi(arguments[2])), std::atoi(arguments[3]),
                                  report);
     scenario.Plan();
