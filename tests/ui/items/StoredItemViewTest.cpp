@@ -94,8 +94,12 @@ TEST_F(StoredItemViewTest, AfterAFailureTheCommandsServeTheItemBefore) {
     const StoredItemRef other = AddProperty("E-2", "Pry bar", aisle);
     auto faults = std::make_shared<FaultInjectingEngine>(m_database.GetEngine());
     m_database.Install(faults);
-    faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
-    EXPECT_EQ(RaisedBy([&] { Open(other); }).Description(), "The link is down.");
+    for (const bool atChain : {false, true}) {
+        if (atChain) GetStorageLocationStatic().Refresh();
+        faults->FailAtStatement(1, Error(7, "Engine", "The link is down."));
+        EXPECT_EQ(RaisedBy([&] { Open(other); }).Description(), "The link is down.");
+        EXPECT_EQ(Find<Label>(*m_view, "lblID")->Caption() == "E-2", atChain);
+    }
     Click(Named("lnkOpenInTessarine"));
     EXPECT_EQ(commands,
               std::vector<std::string>{"cmd /c start tessarine://miproperty/open/" + std::to_string(m_laptop->ID())});

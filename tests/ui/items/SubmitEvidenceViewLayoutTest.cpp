@@ -132,6 +132,12 @@ TEST_F(SubmitEvidenceViewLayoutTest, RowsAreTallerThanTheirCheckMarkWhichIsInThe
     EXPECT_NEAR(mark.center().y(), cell.center().y(), 1);
 }
 
+TEST_F(SubmitEvidenceViewLayoutTest, AnEmptyListHasItsFirstColumnWidths) {
+    m_view->Show(nullptr);
+    EXPECT_EQ(List()->ColumnWidth(DisplayId), List()->TextWidth(QString(20, 'm')));
+    EXPECT_EQ(List()->ColumnWidth(Description), List()->TextWidth(QString(30, 'm')));
+}
+
 TEST_F(SubmitEvidenceViewLayoutTest, ALongIncidentListWidensItsColumnForGood) {
     const float before = List()->ColumnWidth(IncidentIds);
     EXPECT_EQ(before, List()->TextWidth(QString(25, 'm')));

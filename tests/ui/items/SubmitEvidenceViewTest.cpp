@@ -101,11 +101,17 @@ TEST_F(SubmitEvidenceViewTest, ANewViewHasItsCaptions) {
     SubmitEvidenceView view;
     EXPECT_EQ(view.findChild<FlatTextbox*>("search")->Placeholder(), "Type here to search...");
     EXPECT_EQ(view.findChild<Label*>("lblHeader")->Caption(), "Header");
+    EXPECT_EQ(view.findChild<Label*>("lblSelectedCount")->Caption(), "0 items selected");
+    EXPECT_FALSE(view.findChild<FlatButton*>("btnSubmit")->isEnabled());
 }
 
 TEST_F(SubmitEvidenceViewTest, FindsItemsThatAreNotInStorageByEachNumber) {
+    const int32_t untagged = m_database.AddProperty({.PropertyID = "2026-0431-10", .RecordTypeInd = 0});
+    m_database.LinkIncident(StoredItemTypes::Property, untagged, m_database.AddIncident("2026-0999", "C-26-9999"));
     const std::tuple<Types, const char*, std::vector<QString>> searches[] = {
         {Types::PropertyID, "2026-0431-02", {"2026-0431-02"}},
+        {Types::PropertyID, "2026-0431-10", {}},
+        {Types::IncidentId, "2026-0999", {}},
         {Types::PropertyID, "2026-0431-09", {}},
         {Types::PropertyID, " 2026-0431-02", {}},
         {Types::VehicleTag, "LVN2077*", {"LVN2077 (OR)"}},

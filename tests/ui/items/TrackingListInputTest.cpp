@@ -15,6 +15,18 @@ TEST_F(TrackingListTest, TheFocusedRowIsTheSelectedOne) {
     EXPECT_EQ(Row(2).TabIndex(), 0);
 }
 
+TEST_F(TrackingListTest, TheFirstRowAndEachRowThatIsUsedGetTheFirstTabIndex) {
+    Row(0).SetTabIndex(7);
+    m_list->SetRecords(Records(3));
+    EXPECT_EQ(Row(0).TabIndex(), 0);
+    Row(1).SetTabIndex(7);
+    Row(1).setFocus();
+    EXPECT_EQ(Row(1).TabIndex(), 0);
+    Row(2).SetTabIndex(7);
+    MouseRelease(&Row(2), QPoint(20, 20));
+    EXPECT_EQ(Row(2).TabIndex(), 0);
+}
+
 TEST_F(TrackingListTest, ARowIsSelectedInAnInactiveWindowToo) {
     const auto records = Records(3);
     m_list->SetRecords(records);

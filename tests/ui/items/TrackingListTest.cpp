@@ -65,6 +65,13 @@ TEST_F(TrackingListTest, WithoutTheRightNoRowIsBuilt) {
     EXPECT_TRUE(m_screen.Messages().empty());
 }
 
+TEST_F(TrackingListTest, WithoutTheRightTheContainerIsAsHighAsTheView) {
+    m_list->SetRecords(Records(30));
+    m_session->Revoke(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
+    m_list->SetRecords(Records(30));
+    EXPECT_EQ(Container()->Height(), m_list->ClientHeight());
+}
+
 TEST_F(TrackingListTest, WithoutTheRightAndWithoutRecordsBothPanelsOverlap) {
     m_session->Revoke(GetPermissions().VIEW_CHAIN_OF_CUSTODY());
     m_list->SetRecords(Records(0));

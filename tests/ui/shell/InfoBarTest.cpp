@@ -133,6 +133,7 @@ TEST_F(InfoBarTest, CancelAsksBeforeItEndsTheBatch) {
 TEST_F(InfoBarTest, FinishShowsTheBatchView) {
     Begin(TransactionType::SignOut, 2);
     EXPECT_EQ(Find<FlatButton>(*m_bar, "btnComplete")->Caption(), "Finish");
+    EXPECT_EQ(Find<FlatButton>(*m_bar, "btnCancel")->Caption(), "Cancel");
     testing::Click(Find(*m_bar, "btnComplete"));
     EXPECT_EQ(GetStores().View->ViewName(), "cart");
 }

@@ -43,12 +43,15 @@ TEST_F(ShellLifecycle, TheProductHasFiveViewsWithTheseCaptions) {
     const EvidenceUI shell;
     const auto* holder = shell.findChild<FlatTabs*>("viewHolder");
     ASSERT_EQ(holder->Count(), 5);
+    Names types;
     for (int page = 0; page < 5; ++page) {
         EXPECT_EQ(holder->Caption(page).toStdString(), views[page].second);
         const auto* view = holder->Page(page)->findChild<Control*>(QString::fromStdString(views[page].first));
         ASSERT_NE(view, nullptr) << views[page].first;
         EXPECT_EQ(view->accessibleName().isEmpty(), false);
+        types.push_back(view->TypeName());
     }
+    EXPECT_EQ(types, (Names{"EvidenceExplorer", "CartView", "StoredItemView", "LoadingView", "SubmitEvidenceView"}));
 }
 
 TEST_F(ShellLifecycle, CancelingInTheInfoBarReturnsTheFocusToTheView) {

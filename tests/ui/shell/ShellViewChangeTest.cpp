@@ -78,6 +78,13 @@ TEST_F(ShellViewChange, AViewThatRefusesItsTabIndexIsReported) {
     EXPECT_EQ(OnShow(), Names{"explorer"});
 }
 
+TEST_F(ShellViewChange, AViewThatRefusesItsTabIndexLoadsNothing) {
+    m_itemView->onSetTabIndex = Fail;
+    GoTo("itemView");
+    ExpectMessage("Could not set TabIndex to 0 for view 'itemView'", "View TabIndex Error");
+    EXPECT_TRUE(m_itemView->parameters.empty());
+}
+
 TEST_F(ShellViewChange, AViewThatCannotLoadIsReportedAndThePreviousViewStays) {
     m_itemView->onShow = Fail;
     GoTo("itemView");
@@ -158,6 +165,18 @@ TEST_F(ShellViewChange, LoadingShowsItsViewAndTheHourglass) {
     EXPECT_EQ(OnShow(), Names{"loading"});
     EXPECT_EQ(GetMousePointer(), MousePointer::Hourglass);
     EXPECT_EQ(GetStores().View->ViewName(), "explorer");
+}
+
+TEST_F(ShellViewChange, AFailureToShowTheLoadingViewKeepsItsNumber) {
+    std::vector<Error> reported;
+    m_environment->reportUnexpected = [&](const Error& error) { reported.push_back(error); };
+    auto* inner = new testing::FakeView(Named("loading"));
+    inner->onShown = [] { Raise(1234, "Disk", "The disk is gone."); };
+    GetActions().LoadingStarted();
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_EQ(reported[0].Number(), 1234);
+    EXPECT_EQ(reported[0].Source(), "EvidenceUI.LoadView");
+    EXPECT_EQ(reported[0].Description(), "Error loading view of type 'LoadingView': The disk is gone.");
 }
 
 TEST_F(ShellViewChange, TheEndOfLoadingLeavesItsViewWithTheArrowPointer) {
