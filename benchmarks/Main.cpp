@@ -1,6 +1,9 @@
 #include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
 #include "database/SqliteEngine.h"
+#include "database/odbc/OdbcConnection.h"
+#include "database/odbc/OdbcEngine.h"
+#include "database/odbc/ServerDatabase.h"
 #include "demo/sample/ProgressBar.h"
 #include "demo/sample/SampleDepartment.h"
 #include "host/HostLocationData.h"
@@ -10,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <filesystem>
@@ -80,6 +84,30 @@ void MeasureManyLocations(const std::string& directory, std::vector<bench::Resul
     MeasureIn(path, measure, results);
 }
 
+bool HasDepartment(const std::string& connectionString) {
+    bool hasTable = false;
+    OdbcConnection(connectionString, {})
+        .QueryNative("SELECT 1 FROM pg_class WHERE relname = 'propertytracking'", {},
+                     [&](const Row&) { return hasTable = true; });
+    return hasTable;
+}
+
+// Copies the department into a database of the server, unless it is there from an earlier run.
+void MeasureOnServer(const std::string& department, const std::string& connectionString,
+                     std::vector<bench::Result>& results) {
+    if (!HasDepartment(connectionString)) {
+        const std::unique_ptr<Connection> from = SqliteEngine::Open(department)->Open();
+        sample::ProgressBar bar("Copying the department to PostgreSQL");
+        constexpr ServerLimits patient{15, 3600};
+        CreateServerDatabase(connectionString, patient, {from.get(), [&bar](int percent) { bar.Show(percent); }});
+        OdbcConnection(connectionString, patient).ExecuteNative("VACUUM ANALYZE");
+    }
+    HostServices::Current().SetEngine(OdbcEngine::Open(connectionString));
+    HostLocationData::Discard();
+    bench::MeasureServer(connectionString, results);
+    HostServices::Current().SetEngine(nullptr);
+}
+
 // A copy of a database file that is removed after use, so that the original stays unchanged.
 class Copy {
 public:
@@ -118,11 +146,13 @@ const Group groups[] = {
                      std::vector<bench::Result>& results) { bench::MeasureLocationTree(baseline, 10, results); }},
     {"transfers", bench::MeasureTransfers, true},
     {"many", bench::MeasureManyHits},
+    {"busy",
+     [](bench::Baseline&, std::vector<bench::Result>& results) { bench::MeasureBusyLocation("SQLite", results); }},
 };
 
 bool IsGroup(const std::string& name) {
     const auto isNamed = [&](const Group& group) { return group.name == name; };
-    return name == "shell" || std::any_of(std::begin(groups), std::end(groups), isNamed);
+    return name == "shell" || name == "server" || std::any_of(std::begin(groups), std::end(groups), isNamed);
 }
 
 int Run(bool quick, const std::string& directory, const std::string& only) {
@@ -137,6 +167,9 @@ int Run(bool quick, const std::string& directory, const std::string& only) {
         else
             MeasureIn(path, group.measure, results);
     }
+    const char* const server = std::getenv("QUELLBROOK_BENCH_ODBC");
+    if (server && (only.empty() || only == "server"))
+        MeasureOnServer(path, fmt::format("{};Database=bench_{}", server, quick ? quickSize : fullSize), results);
     if (only.empty() || only == "shell") MeasureShellOn(path, quick, results);
     if (!quick && (only.empty() || only == "lookups")) MeasureGrowth(directory, results);
     if (only.empty() || only == "locations") MeasureManyLocations(directory, results);

@@ -30,6 +30,11 @@ void MeasureExplorer(QWidget& shell, Baseline& baseline, std::vector<Result>& re
 void MeasureChainOnScreen(std::vector<Result>& results);
 // The cost of the keyboard hook for an event that is not a key. Requires an application without a hook.
 void MeasureKeyHook(std::vector<Result>& results);
+// A location that every item has passed, over one that few have passed, with about as many items. For a generated
+// department.
+void MeasureBusyLocation(const std::string& engine, std::vector<Result>& results);
+// Everything on a database server. Transfers remain in the department.
+void MeasureServer(const std::string& connectionString, std::vector<Result>& results);
 // walkBar: in milliseconds, for the whole tree.
 void MeasureLocationTree(Baseline& baseline, double walkBar, std::vector<Result>& results);
 

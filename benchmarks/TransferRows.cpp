@@ -1,42 +1,13 @@
 #include "benchmarks/Rows.h"
+#include "benchmarks/TransferBatch.h"
 
 #include "data/StorageLocationStatic.h"
-#include "data/StoredItemSearch.h"
-#include "data/Transfer.h"
 
-#include <map>
 #include <string>
 
 namespace quellbrook::bench {
 
 namespace {
-
-struct Item {
-    StoredItemRef stored;
-    bool isVehicle;
-    int32_t id;
-    std::shared_ptr<int32_t> trackSeq;  // shared by all batches that contain the item
-};
-
-// Several transfers use the same batch, so it keeps the present numbers of the custody rows.
-class Batch : public TransferItems {
-public:
-    std::string TypeName() const override { return "Collection"; }
-    int32_t Count() const override { return static_cast<int32_t>(m_items.size()); }
-    StoredItemRef ItemAt(int32_t index) const override { return m_items.at(static_cast<size_t>(index)).stored; }
-    TaggedValue TrackSeqAt(int32_t index) const override { return *m_items.at(static_cast<size_t>(index)).trackSeq; }
-
-    void Add(Item item) { m_items.push_back(std::move(item)); }
-    const std::vector<Item>& Items() const { return m_items; }
-    void CountTransfer() const {
-        for (const Item& item : m_items) ++*item.trackSeq;
-    }
-
-private:
-    std::vector<Item> m_items;
-};
-
-using TrackSeqs = std::map<std::pair<bool, int32_t>, std::shared_ptr<int32_t>>;
 
 constexpr int batchesInTurn = 8;
 
@@ -44,24 +15,6 @@ constexpr int batchesInTurn = 8;
 std::vector<int32_t> ItemsWithShortChains(Baseline& baseline, const std::string& kind, const std::string& itemType) {
     return baseline.Integers("SELECT ItemNo FROM CurrentPlace INNER JOIN " + kind + " ON " + kind +
                              "No = ItemNo WHERE ItemType = " + itemType + " AND CurrTrackSeq <= 30 ORDER BY ItemNo");
-}
-
-// Nine in ten are property, spread over the department.
-Batch MakeBatch(Baseline& baseline, int count, int offset, TrackSeqs& trackSeqs) {
-    const auto properties = ItemsWithShortChains(baseline, "Property", "1");
-    const auto vehicles = ItemsWithShortChains(baseline, "Vehicle", "2");
-    Batch batch;
-    for (int i = 0; i < count; ++i) {
-        const bool isVehicle = i % 10 == 9;
-        const auto& keys = isVehicle ? vehicles : properties;
-        const int32_t key = keys.at(static_cast<size_t>(i + offset) * 6007 % keys.size());
-        const auto type = isVehicle ? NumberSearchTypes::VehiclePK : NumberSearchTypes::PropertyPK;
-        const StoredItemRef item = StoredItemSearch().WithNumber(type, std::to_string(key)).Execute()->ItemAt(0);
-        std::shared_ptr<int32_t>& trackSeq = trackSeqs[{isVehicle, key}];
-        if (!trackSeq) trackSeq = std::make_shared<int32_t>(ToInt32(item->CurrTrackSeq()));
-        batch.Add({item, isVehicle, key, trackSeq});
-    }
-    return batch;
 }
 
 // The two statements of one item type: the custody row, and the item's pointer to it.
@@ -83,10 +36,10 @@ public:
     explicit HandWritten(Baseline& baseline)
         : m_baseline(baseline), m_property(baseline, "Property"), m_vehicle(baseline, "Vehicle") {}
 
-    void Transfer(const std::vector<Item>& items, int32_t location, int32_t by, int32_t from, int32_t reason,
-                  const std::string& moment) {
+    void Transfer(const std::vector<TransferBatch::Item>& items, int32_t location, int32_t by, int32_t from,
+                  int32_t reason, const std::string& moment) {
         m_baseline.Run("BEGIN IMMEDIATE");
-        for (const Item& item : items) {
+        for (const TransferBatch::Item& item : items) {
             KindStatements& kind = item.isVehicle ? m_vehicle : m_property;
             kind.insert.Bind(1, item.id).Bind(2, by).Bind(3, from).Bind(4, moment).Bind(5, reason).Bind(6, location);
             kind.insert.Step();
@@ -109,18 +62,20 @@ void MeasureTransfers(Baseline& baseline, std::vector<Result>& results) {
     const auto persons = baseline.Integers("SELECT PersonNo FROM Person ORDER BY PersonNo");
     const int32_t reason = baseline.Integers("SELECT Code FROM CodeTable WHERE TableNumber = 38 ORDER BY Code").at(0);
     HandWritten handWritten(baseline);
-    TrackSeqs trackSeqs;
+    const auto properties = ItemsWithShortChains(baseline, "Property", "1");
+    const auto vehicles = ItemsWithShortChains(baseline, "Vehicle", "2");
+    TransferBatch::TrackSeqs trackSeqs;
     size_t turn = 0;
     for (const int count : {1, 10, 100, 1000}) {
-        std::vector<Batch> batches;
+        std::vector<TransferBatch> batches;
         for (int k = 0; k < batchesInTurn; ++k)
-            batches.push_back(MakeBatch(baseline, count, (17 + k) * count, trackSeqs));
+            batches.emplace_back(properties, vehicles, count, (17 + k) * count, trackSeqs);
         TransferData xfer;
         xfer.DateReceived = xfer.Timestamp();
         xfer.ReceivedBy = persons.at(0);
         xfer.ReceivedFrom = persons.at(1);
         xfer.Reason = reason;
-        const auto batch = [&]() -> const Batch& { return batches[turn / 2 % batches.size()]; };
+        const auto batch = [&]() -> const TransferBatch& { return batches[turn / 2 % batches.size()]; };
         const auto nextLocation = [&] { return locations[turn++ * 31 % locations.size()]; };
         const std::string moment = xfer.Timestamp().ToText();
         const PairedTimes times = MeasurePair(

@@ -149,18 +149,23 @@ serve_postgresql() {
 # with_postgresql COMMAND...: runs it with a PostgreSQL cluster of its own, on loopback and in a scratch folder. Sets
 # PGHOST, PGPORT, PGUSER and PGPASSWORD for the tools, SERVER_ODBC, a connection string without a database, and
 # SERVER_DATA, the folder of the cluster. A server that the command stops starts again. A server does not run as root,
-# so that root starts it as the package's account.
+# so that root starts it as the package's account. If POSTGRESQL_FOLDER is set, the cluster is in that folder and is
+# kept there for the next call.
 with_postgresql() {
   local scratch as_account=() status=0 port server="" tries
-  scratch=$(mktemp -d)
+  scratch=${POSTGRESQL_FOLDER:-$(mktemp -d)}
   export PGHOST=127.0.0.1 PGUSER=quellbrook PGPASSWORD
-  PGPASSWORD=$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')
-  (umask 077 && echo "$PGPASSWORD" >"$scratch/password")
+  mkdir -p "$scratch"
+  [ -f "$scratch/password" ] ||
+    (umask 077 && od -An -N16 -tx1 /dev/urandom | tr -d ' \n' >"$scratch/password")
+  PGPASSWORD=$(cat "$scratch/password")
+  rm -f "$scratch/restarts"
   if [ "$(id -u)" -eq 0 ]; then
     as_account=(setpriv --reuid=postgres --regid=postgres --clear-groups)
     chown -R postgres:postgres "$scratch"
   fi
-  if ! (cd "$scratch" && "${as_account[@]}" "$POSTGRESQL/initdb" -D "$scratch/data" -U "$PGUSER" --encoding=UTF8 \
+  if [ ! -f "$scratch/data/PG_VERSION" ] &&
+    ! (cd "$scratch" && "${as_account[@]}" "$POSTGRESQL/initdb" -D "$scratch/data" -U "$PGUSER" --encoding=UTF8 \
       --locale=C.UTF-8 --auth=scram-sha-256 --pwfile="$scratch/password" --no-sync) >"$scratch/log" 2>&1; then
     cat "$scratch/log" >&2
     rm -rf "$scratch"
@@ -189,6 +194,6 @@ with_postgresql() {
   rm "$scratch/restarts"
   kill -INT "$(head -n 1 "$scratch/data/postmaster.pid" 2>/dev/null)" 2>/dev/null || true
   wait $server 2>/dev/null || true
-  rm -rf "$scratch"
+  [ -n "${POSTGRESQL_FOLDER:-}" ] || rm -rf "$scratch"
   return $status
 }
