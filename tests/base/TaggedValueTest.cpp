@@ -81,6 +81,7 @@ TEST(DecimalText, KeepsItsScale) {
     EXPECT_EQ((Decimal{5, 3}).ToText(), "0.005");
     EXPECT_EQ((Decimal{-5, 2}).ToText(), "-0.05");
     EXPECT_EQ((Decimal{0, 2}).ToText(), "0.00");
+    EXPECT_EQ((Decimal{25, 2}).ToText(), "0.25");
     EXPECT_EQ((Decimal{42, 0}).ToText(), "42");
     EXPECT_EQ((Decimal{std::numeric_limits<int64_t>::min(), 18}).ToText(), "-9.223372036854775808");
     EXPECT_DOUBLE_EQ((Decimal{1250, 2}).ToDouble(), 12.5);

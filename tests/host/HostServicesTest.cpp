@@ -14,6 +14,7 @@ TEST(HostServices, WithoutADatabaseEveryQuestionFailsWithASentence) {
     ASSERT_FALSE(HostServices::Current().HasEngine());
     const Error error = RaisedBy([] { GetHostDatabase().QueryRows("SELECT 1"); });
     EXPECT_EQ(error.Number(), ErrorNumber::General);
+    EXPECT_EQ(error.Source(), "HostServices.Pool");
     EXPECT_EQ(error.Description(), "No database has been opened.");
 }
 

@@ -1,6 +1,7 @@
 #include "input/BarcodeListener.h"
 
 #include "base/Clock.h"
+#include "input/ScanLimit.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/ManualTimer.h"
 
@@ -343,6 +344,41 @@ TEST_F(BarcodeListenerTest, AReceiverMayEndTheListener) {
     m_timers.TickAll();
     EXPECT_EQ(m_listener, nullptr);
     EXPECT_EQ(m_livingHooks, 0);
+    EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Property, "1")));
+}
+
+// The limit of a scan
+
+TEST_F(BarcodeListenerTest, AScanWithoutAnEndIsDroppedASecondAfterItsStart) {
+    const ScanLimit limit(*m_listener);
+    EXPECT_TRUE(m_timers.Running().empty());
+    Type(stx);
+    ASSERT_EQ(m_timers.Running().size(), 1u);
+    EXPECT_EQ(m_timers.Running()[0]->Interval(), 1000);
+    EXPECT_TRUE(m_timers.Running()[0]->IsSingleShot());
+    EXPECT_FALSE(Type('P'));
+    m_timers.TickAll();
+    EXPECT_TRUE(Type('P'));
+    Scan("P2");
+    m_timers.Tick(1);
+    EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Property, "2")));
+}
+
+TEST_F(BarcodeListenerTest, AnUnfinishedScanAfterAnEarlierOneIsDroppedToo) {
+    const ScanLimit limit(*m_listener);
+    Scan("P1");
+    m_timers.Tick(1);
+    Type(stx);
+    m_timers.Tick(1000);
+    EXPECT_TRUE(Type('P'));
+}
+
+TEST_F(BarcodeListenerTest, TheLimitKeepsAScanThatHasEnded) {
+    const ScanLimit limit(*m_listener);
+    Scan("P1");
+    m_timers.Tick(1000);
+    EXPECT_FALSE(Type('x')) << "until it is delivered";
+    m_timers.Tick(1);
     EXPECT_THAT(m_scans, ElementsAre(Pair(BarcodeType::Property, "1")));
 }
 
