@@ -177,7 +177,7 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text : {"--database <URL>", "--create", "--sample", "--size <N>", "--fresh", "--uncategorized",
+    for (const char* text : {"--database <URL>", "--create", "--sample  ", "--size <N>", "--fresh", "--uncategorized",
                              "--user <NAME>", "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
                              "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;

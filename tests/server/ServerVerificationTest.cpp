@@ -77,6 +77,12 @@ TEST_F(ServerVerification, GapsInAChainAreFound) {
                                      "Vehicle 1 has 2 custody rows, numbered from 2 to 3"));
 }
 
+TEST_F(ServerVerification, AChainThatDoesNotBeginAtOneIsFound) {
+    m_database.Execute("ALTER TABLE PropertyTracking DROP CONSTRAINT propertytracking_seqno_check");
+    Damage("UPDATE PropertyTracking SET SeqNo = 0 WHERE SeqNo = 1");
+    EXPECT_THAT(Found(), ElementsAre(numbered, "Property 1 has 3 custody rows, numbered from 0 to 3"));
+}
+
 TEST_F(ServerVerification, CustodyRowsWithoutTheirItemOrLocationAreFound) {
     Damage("DELETE FROM Vehicle");
     Damage("UPDATE PropertyTracking SET StorageLocNo = 77 WHERE SeqNo = 1");

@@ -95,6 +95,13 @@ TEST_F(DatabaseVerificationTest, GapsInAChainAreFound) {
                                      "Vehicle 1 has 2 custody rows, numbered from 2 to 3"));
 }
 
+TEST_F(DatabaseVerificationTest, AChainThatDoesNotBeginAtOneIsFound) {
+    m_database.Execute("PRAGMA ignore_check_constraints = ON");
+    Damage("UPDATE PropertyTracking SET SeqNo = 0 WHERE SeqNo = 1");
+    EXPECT_THAT(Found(), ElementsAre(numbered, "Property 1 has 3 custody rows, numbered from 0 to 3", file,
+                                     "CHECK constraint failed in PropertyTracking"));
+}
+
 TEST_F(DatabaseVerificationTest, ValuesThatACustodyRowCannotHaveAreFound) {
     Damage("UPDATE VehicleTracking SET ReceivedBy = 'nobody' WHERE SeqNo = 1");
     EXPECT_THAT(Found(), ElementsAre(values, "Vehicle 1, custody row 1"));
