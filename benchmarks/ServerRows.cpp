@@ -189,9 +189,12 @@ std::string SetBased(const Items& items, const Custody& custody) {
     return text + "COMMIT";
 }
 
+// The items that MeasureBusyLocation reads stay where they are.
 std::vector<int32_t> ShortChains(OdbcBaseline& baseline, const std::string& kind, const std::string& itemType) {
     return baseline.Integers("SELECT ItemNo FROM CurrentPlace INNER JOIN " + kind + " ON " + kind +
-                             "No = ItemNo WHERE ItemType = " + itemType + " AND CurrTrackSeq <= 30 ORDER BY ItemNo");
+                             "No = ItemNo INNER JOIN StorageLocation ON IdNo = StorageLocNo WHERE ItemType = " +
+                             itemType + " AND CurrTrackSeq <= 30 AND Name NOT IN ('" + SampleNames::SignInCounter +
+                             "', '" + SampleNames::FullShelf + "') ORDER BY ItemNo");
 }
 
 void MeasureTransfersOnServer(OdbcBaseline& baseline, std::vector<Result>& results) {

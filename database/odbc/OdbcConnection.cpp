@@ -138,12 +138,18 @@ std::string OdbcConnection::TextFor(const std::string& sql, const std::vector<Ta
     return Join(texts, ";\n");
 }
 
-std::string OdbcConnection::QueryTextFor(const std::string& sql, const std::vector<TaggedValue>& parameters) const {
+std::string OdbcConnection::QueryTextFor(const std::string& sql, const std::vector<TaggedValue>& parameters) {
     if (m_server != ServerKind::PostgreSql) return m_inBatch ? sql::WithLocksForSqlServer(sql) : sql;
+    const std::string key = BoundTypes(parameters) + (m_inBatch ? "! " : " ") + sql;
+    const auto known = m_rewrittenQueries.find(key);
+    if (known != m_rewrittenQueries.end()) return known->second;
     const std::vector<sql::RewrittenStatement> statements = sql::RewriteWithoutCase(sql, parameters);
     if (statements.size() != 1)
         Raise(ErrorNumber::General, "OdbcConnection.Query", "A query consists of one statement.");
-    return statements.front().text + (m_inBatch ? sql::LocksForPostgreSql(sql) : "");
+    const std::string text = statements.front().text + (m_inBatch ? sql::LocksForPostgreSql(sql) : "");
+    constexpr size_t mostRewritten = 200;
+    if (m_rewrittenQueries.size() == mostRewritten) m_rewrittenQueries.clear();
+    return m_rewrittenQueries[key] = text;
 }
 
 void OdbcConnection::Query(const std::string& sql, const std::vector<TaggedValue>& parameters,

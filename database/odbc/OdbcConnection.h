@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace quellbrook {
@@ -45,7 +46,7 @@ private:
     void Run(std::function<void(OdbcLink&)> work);
     void Watch(const std::function<void()>& work);
     std::string TextFor(const std::string& sql, const std::vector<TaggedValue>& parameters);
-    std::string QueryTextFor(const std::string& sql, const std::vector<TaggedValue>& parameters) const;
+    std::string QueryTextFor(const std::string& sql, const std::vector<TaggedValue>& parameters);
 
     ServerLimits m_limits;
     BoundedCalls m_calls;
@@ -53,6 +54,7 @@ private:
     ServerKind m_server = ServerKind::Other;
     std::string m_present;  // names the open transaction
     std::string m_name;
+    std::unordered_map<std::string, std::string> m_rewrittenQueries;  // by the types of the parameters and the text
     bool m_leavesMarks = false;
     bool m_inBatch = false;
     bool m_hasTemporaryTables = false;

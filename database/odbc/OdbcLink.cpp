@@ -58,7 +58,8 @@ OdbcLink::OdbcLink(const std::string& connectionString, const ServerLimits& limi
 }
 
 OdbcLink::~OdbcLink() {
-    m_open.reset();
+    m_direct.reset();
+    m_prepared.clear();
     SQLDisconnect(m_connection.Get());
 }
 
@@ -74,17 +75,46 @@ void OdbcLink::Execute(const std::string& sql, const std::vector<TaggedValue>& p
     statement.Drain();
 }
 
+OdbcStatement& OdbcLink::Prepared(const std::string& key, const std::string& sql) {
+    constexpr size_t mostPrepared = 100;
+    const auto known = m_prepared.find(key);
+    if (known != m_prepared.end()) return known->second;
+    if (m_prepared.size() == mostPrepared) m_prepared.clear();
+    OdbcStatement& statement = m_prepared.try_emplace(key, m_connection, m_server, m_limits.statement).first->second;
+    statement.Prepare(sql);
+    return statement;
+}
+
 void OdbcLink::Open(const std::string& sql, const std::vector<TaggedValue>& parameters) {
-    m_open.emplace(m_connection, m_server, m_limits.statement);
-    m_open->Execute(sql, parameters);
+    Close();
+    if (m_server == ServerKind::PostgreSql && !parameters.empty()) {
+        const std::string key = BoundTypes(parameters) + " " + sql;
+        try {
+            m_open = &Prepared(key, sql);
+            m_open->RunPrepared(parameters);
+        } catch (...) {
+            m_open = nullptr;
+            m_prepared.erase(key);
+            throw;
+        }
+    } else {
+        m_open = &m_direct.emplace(m_connection, m_server, m_limits.statement);
+        m_open->Execute(sql, parameters);
+    }
     if (m_open->FindRows()) return;
-    m_open.reset();
+    Close();
     Raise(ErrorNumber::General, "OdbcLink.Open", "The statement returns no rows.");
 }
 
 void OdbcLink::Finish() {
     m_open->Drain();
-    m_open.reset();
+    Close();
+}
+
+void OdbcLink::Close() {
+    if (m_open && !m_direct) m_open->Close();
+    m_direct.reset();
+    m_open = nullptr;
 }
 
 }  // namespace quellbrook

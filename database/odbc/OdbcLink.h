@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace quellbrook {
@@ -30,7 +31,8 @@ public:
 
     // Runs a text to its end and ignores rows.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters);
-    // Runs a text and opens its first result with rows. Error 5 if there is none.
+    // Runs a text and opens its first result with rows. Error 5 if there is none. On PostgreSQL, one statement with
+    // parameters stays prepared.
     void Open(const std::string& sql, const std::vector<TaggedValue>& parameters);
     std::vector<ColumnDescription> Describe() { return m_open->Describe(); }
     // The next rows of the open result. Fewer than the limit at the end.
@@ -38,14 +40,18 @@ public:
     // Goes to the end of the open text and closes it.
     void Finish();
     // Closes the open result without reading the rest.
-    void Close() { m_open.reset(); }
+    void Close();
 
 private:
+    OdbcStatement& Prepared(const std::string& key, const std::string& sql);
+
     OdbcHandle m_environment;
     OdbcHandle m_connection;
     ServerKind m_server = ServerKind::Other;
     ServerLimits m_limits;
-    std::optional<OdbcStatement> m_open;
+    OdbcStatement* m_open = nullptr;  // m_direct, or one of the prepared statements
+    std::optional<OdbcStatement> m_direct;
+    std::unordered_map<std::string, OdbcStatement> m_prepared;  // by the types of the parameters and the text
 };
 
 }  // namespace quellbrook

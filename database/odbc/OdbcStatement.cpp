@@ -66,6 +66,19 @@ void OdbcStatement::Execute(const std::string& sql, const std::vector<TaggedValu
         source);
 }
 
+void OdbcStatement::Prepare(const std::string& sql) {
+    std::u16string text = ToUtf16(sql);
+    Check(SQLPrepareW(m_handle.Get(), reinterpret_cast<SQLWCHAR*>(text.data()), static_cast<SQLINTEGER>(text.size())),
+          "OdbcStatement.Prepare");
+}
+
+void OdbcStatement::RunPrepared(const std::vector<TaggedValue>& parameters) {
+    m_parameters.Bind(m_handle.Get(), parameters, m_server);
+    Check(SQLExecute(m_handle.Get()), "OdbcStatement.Execute");
+}
+
+void OdbcStatement::Close() { SQLFreeStmt(m_handle.Get(), SQL_CLOSE); }
+
 short OdbcStatement::CountColumns() {
     SQLSMALLINT count = 0;
     Check(SQLNumResultCols(m_handle.Get(), &count), "OdbcStatement.CountColumns");
@@ -79,6 +92,7 @@ bool OdbcStatement::MoveToNextResult() {
 }
 
 bool OdbcStatement::FindRows() {
+    if (!m_columns.empty()) return true;  // of an earlier run
     do {
         if (CountColumns() == 0) continue;
         DescribeColumns();

@@ -10,7 +10,8 @@
 
 namespace quellbrook {
 
-// One run of a statement text, which may consist of several statements. Failures raise OdbcError.
+// One run of a statement text, which may consist of several statements, or a prepared statement that runs any number of
+// times. Failures raise OdbcError.
 class OdbcStatement {
 public:
     // The connection must outlive this object. The server ends a statement that runs longer than the limit.
@@ -18,6 +19,10 @@ public:
 
     // Sends the text with one value for each "?" in order.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    // Prepares one statement; RunPrepared runs it with values of the same BoundTypes each time, and Close ends a run.
+    void Prepare(const std::string& sql);
+    void RunPrepared(const std::vector<TaggedValue>& parameters);
+    void Close();
     // Goes on to the first result that has columns; false if there is none.
     bool FindRows();
     // Goes to the end of all results, so that an error of a later statement is noticed.

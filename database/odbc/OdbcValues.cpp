@@ -117,6 +117,27 @@ void OdbcParameters::Bind(void* statement, const std::vector<TaggedValue>& value
     }
 }
 
+std::string BoundTypes(const std::vector<TaggedValue>& values) {
+    std::string types;
+    for (const TaggedValue& value : values) {
+        if (value.HasNoValue())
+            types += 'n';
+        else if (value.Holds<int32_t>())
+            types += 'i';
+        else if (value.Holds<bool>())
+            types += 'b';
+        else if (const auto* text = value.If<std::string>())
+            types += text->size() > longestPlainText && ToUtf16(*text).size() > longestPlainText ? 'l' : 't';
+        else if (value.Holds<DateTime>())
+            types += 'd';
+        else if (const auto* exact = value.If<Decimal>())
+            types += "x" + std::to_string(exact->scale);
+        else
+            types += 'f';
+    }
+    return types;
+}
+
 TaggedValue NumberFromText(std::string_view text) {
     Decimal decimal;
     const size_t point = text.find('.');

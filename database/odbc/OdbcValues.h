@@ -2,6 +2,7 @@
 
 #include "base/TaggedValue.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,10 @@ private:
     struct Value;
     std::vector<Value> m_values;
 };
+
+// The types with which the values are bound, as a text. A statement that was prepared for other types must be prepared
+// again.
+std::string BoundTypes(const std::vector<TaggedValue>& values);
 
 // Reads "-12.50" as a whole number or an exact decimal, without trailing zeros; as a floating point number if it has
 // too many digits.

@@ -62,9 +62,12 @@ TEST_F(BrokenLinks, AMessageThatArrivesLateEndsABatchWithATrueSentence) {
 TEST_F(BrokenLinks, ABatchWaitsForTheServerAFewTimesOnly) {
     m_database.Install(OdbcEngine::Open(ThroughPort(m_proxy.Port())));
     BeginBatch();
+    EXPECT_EQ(FinishBatch(), Outcome::Written);
+    // Its queries are prepared from now on.
+    BeginBatch();
     const int before = m_proxy.RoundTrips();
     EXPECT_EQ(FinishBatch(), Outcome::Written);
-    EXPECT_LE(m_proxy.RoundTrips() - before, 7);
+    EXPECT_EQ(m_proxy.RoundTrips() - before, 6);
 }
 
 }  // namespace
