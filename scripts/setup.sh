@@ -14,6 +14,7 @@ BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 STYLE_PACKAGES=(clang-format git)
 TIDY_PACKAGES=(clang-tidy)
+PACKAGE_PACKAGES=(dpkg-dev desktop-file-utils appstream mandoc)
 
 log_directory=build/log
 
@@ -66,6 +67,14 @@ build() {
     echo "The build failed. See $log." >&2
     return 1
   fi
+}
+
+# build_package: the Debian package of the reference host, in build/package.
+build_package() {
+  build default quellbrook-host quellbrook_manual || return 1
+  rm -rf build/package
+  local log=$log_directory/package.log
+  cpack --config build/default/CPackConfig.cmake -B "$PWD/build/package" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
 }
 
 # with_x_server COMMAND...: runs it on a new Xvfb with a window manager, with scratch directories for HOME and the
