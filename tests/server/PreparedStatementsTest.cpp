@@ -73,6 +73,36 @@ TEST_F(PreparedStatements, AQueryOfATableThatIsChangedFailsOnceAtMost) {
     EXPECT_EQ(countColumns(), 3u);
 }
 
+TEST_F(PreparedStatements, AQueryIgnoresCaseAfterItRanWithoutAText) {
+    m_database.AddProperty({.PropertyID = "ABC"});
+    const auto count = [&](const TaggedValue& id) {
+        int32_t number = 0;
+        m_connection.Query("SELECT COUNT(*) AS N FROM Property WHERE PropertyID = ?", {id}, [&](const Row& row) {
+            number = ToInt32(row.At(0));
+            return true;
+        });
+        return number;
+    };
+    EXPECT_EQ(count(Null()), 0);
+    EXPECT_EQ(count("abc"), 1);
+}
+
+TEST_F(PreparedStatements, AQueryLocksItsRowsInABatchAfterItRanOutsideOne) {
+    const int32_t item = m_database.AddProperty();
+    const auto read = [&] {
+        m_connection.Query("SELECT PropertyNo, CurrTrackSeq FROM Property WHERE PropertyNo IN (?)", {item},
+                           [](const Row&) { return true; });
+    };
+    const auto lock = [&] { m_database.Execute("SELECT PropertyNo FROM Property FOR UPDATE NOWAIT"); };
+    read();
+    m_connection.Begin();
+    lock();
+    read();
+    m_log.Announce("OdbcStatement.Execute");
+    EXPECT_NE(RaisedBy(lock).Number(), 0);
+    m_connection.Rollback();
+}
+
 TEST_F(PreparedStatements, OnlyTheLatestArePrepared) {
     for (int i = 0; i < 250; ++i) EXPECT_EQ(Value("SELECT CAST(? AS INT) + " + std::to_string(i), {1}), i + 1);
     EXPECT_LE(CountPrepared(), 100);
