@@ -14,7 +14,7 @@ BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 STYLE_PACKAGES=(clang-format git)
 TIDY_PACKAGES=(clang-tidy)
-PACKAGE_PACKAGES=(dpkg-dev desktop-file-utils appstream mandoc)
+PACKAGE_PACKAGES=(dpkg-dev file desktop-file-utils appstream mandoc)
 
 log_directory=build/log
 

@@ -11,6 +11,7 @@ namespace quellbrook {
 
 namespace {
 
+// The empty letter means any.
 QAction* NextEntry(const QMenu& menu, const QString& letter) {
     QList<QAction*> entries = menu.actions();
     std::rotate(entries.begin(), entries.begin() + entries.indexOf(menu.activeAction()) + 1, entries.end());
@@ -18,6 +19,13 @@ QAction* NextEntry(const QMenu& menu, const QString& letter) {
         return entry->isVisible() && entry->isEnabled() && entry->text().startsWith(letter, Qt::CaseInsensitive);
     });
     return next == entries.cend() ? nullptr : *next;
+}
+
+// A submenu opens with its first entry highlighted, as with the arrow keys.
+void Highlight(QMenu& menu, QAction& entry) {
+    menu.setActiveAction(&entry);
+    QMenu* submenu = entry.menu();
+    if (submenu && submenu->isVisible()) submenu->setActiveAction(NextEntry(*submenu, QString()));
 }
 
 }  // namespace
@@ -35,7 +43,7 @@ bool FirstLetterKeys::eventFilter(QObject* watched, QEvent* event) {
     const bool isLetter = key.text().size() == 1 && key.text().front().isLetterOrNumber();
     if (!isLetter || key.modifiers() & Qt::AltModifier) return false;
     QAction* next = NextEntry(*menu, key.text());
-    if (next) Guard([&] { menu->setActiveAction(next); });
+    if (next) Guard([&] { Highlight(*menu, *next); });
     return next != nullptr;
 }
 

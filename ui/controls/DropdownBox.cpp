@@ -41,7 +41,9 @@ public:
             painter->fillRect(option.rect, Theme::Get(chosen ? Theme::Color::Highlight : Theme::Color::Window));
             painter->setFont(option.font);
             painter->setPen(Theme::Get(chosen ? Theme::Color::HighlightText : Theme::Color::Text));
-            const QRect textRect = option.rect.adjusted(SideMargin, 0, -SideMargin, 0);
+            QRect textRect = option.rect.adjusted(SideMargin, 0, -SideMargin, 0);
+            if (const auto* list = qobject_cast<const QAbstractItemView*>(option.widget))
+                textRect.setRight(std::min(textRect.right(), list->viewport()->width() - SideMargin - 1));
             painter->drawText(textRect, SingleLine,
                               ElidedTo(painter->font(), index.data().toString(), textRect.width()));
         });
@@ -66,6 +68,7 @@ DropdownBox::DropdownBox(QWidget* parent) : QComboBox(parent) {
 
 void DropdownBox::SetUp(QListView& list) {
     list.setUniformItemSizes(true);
+    list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // long entries are cut
     list.setItemDelegate(new EntryDelegate(&list));
 }
 

@@ -209,12 +209,15 @@ void FilteringBox::mousePressEvent(QMouseEvent* event) {
     showPopup();
 }
 
-// A press on the field closes the list and does not open it again. QCompleter drops a loss of the focus while the list
-// is open.
+// A list that gets the focus makes its first entry the current one without highlighting it, and an arrow key would move
+// on from there. A press on the field closes the list and does not open it again. QCompleter drops a loss of the focus
+// while the list is open.
 bool FilteringBox::eventFilter(QObject* watched, QEvent* event) {
     if (watched == this && event->type() == QEvent::FocusOut &&
         static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
         hidePopup();
+    if (watched == List() && event->type() == QEvent::KeyPress && !List()->selectionModel()->hasSelection())
+        List()->setCurrentIndex(QModelIndex());
     if (watched == List() && event->type() == QEvent::MouseButtonPress) {
         const QPoint at = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
         List()->setAttribute(Qt::WA_NoMouseReplay, rect().contains(mapFromGlobal(at)));

@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <utility>
+
 namespace quellbrook {
 
 namespace {
@@ -84,7 +86,7 @@ void ReportTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option, 
 }
 
 void ReportTree::mousePressEvent(QMouseEvent* event) {
-    m_movedByKeyboard = false;
+    if (std::exchange(m_movedByKeyboard, false)) viewport()->update();  // the ring crosses all columns
     const Qt::MouseButton button = event->button();
     const QPoint at = event->position().toPoint();
     QTreeWidget::mousePressEvent(event);

@@ -7,7 +7,10 @@
 #include "data/StoredItemSearch.h"
 #include "ui/common/ScannedItems.h"
 #include "ui/controls/BarcodeListenerControl.h"
+#include "ui/explorer/LocationTree.h"
 #include "ui/platform/Guard.h"
+
+#include <QPointer>
 
 namespace quellbrook {
 
@@ -45,8 +48,17 @@ void EvidenceExplorer::itemBarcodeListener_BarcodeScanned(int32_t barcodeType, c
 
 void EvidenceExplorer::OpenScannedLocation(const std::string& number) {
     RequireNumeric(number);
-    if (const StorageLocationRef location = GetStorageLocationStatic().FindByID(ParseInt32(number)))
+    const int32_t id = ParseInt32(number);
+    if (const StorageLocationRef location = GetStorageLocationStatic().FindByID(id))
         return SetSelectedLocation(location);
+    // Another workstation may have created it.
+    GetStorageLocationStatic().Refresh();
+    if (const StorageLocationRef location = GetStorageLocationStatic().FindByID(id)) {
+        const QPointer<EvidenceExplorer> self(this);
+        m_locationPane->RefreshInPlace();
+        if (self) SetSelectedLocation(location);
+        return;
+    }
     ShowMessage("The location barcode you scanned refers to a location that is no longer in your database.",
                 MessageStyle::Critical, "Location Not Found");
 }

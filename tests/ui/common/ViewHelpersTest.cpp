@@ -206,13 +206,14 @@ TEST(ShowContextMenu, ALetterHighlightsTheNextEntryThatBeginsWithIt) {
             QTest::keyClick(&menu, key);
             active.push_back(menu.activeAction() ? ToUtf8(menu.activeAction()->text()) : "");
         }
+        active.push_back(newMenu->activeAction() ? ToUtf8(newMenu->activeAction()->text()) : "");
         QTest::keyClick(newMenu, Qt::Key_L);
         active.push_back(newMenu->activeAction() ? ToUtf8(newMenu->activeAction()->text()) : "");
         menu.close();
     });
     ShowContextMenu(&owner, &menu, nullptr);
-    EXPECT_EQ(active,
-              (std::vector<std::string>{"Select All", "Sign out", "Select All", "Select All", "New", "Location"}));
+    EXPECT_EQ(active, (std::vector<std::string>{"Select All", "Sign out", "Select All", "Select All", "New", "Folder",
+                                                "Location"}));
 }
 
 TEST(ShowContextMenu, WithoutAMenuNothingHappens) {

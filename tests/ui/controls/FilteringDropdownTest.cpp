@@ -1,5 +1,9 @@
 #include "tests/ui/controls/FilteringDropdownTest.h"
 
+#include "ui/style/Theme.h"
+
+#include <QScrollBar>
+
 namespace quellbrook::testing {
 namespace {
 
@@ -70,6 +74,29 @@ TEST_F(FilteringDropdownTest, TheArrowKeysMoveInTheOpenListAndStopAtItsEnds) {
     EXPECT_EQ(m_clicks, 0);
     Key(Qt::Key_Return);
     ExpectChoice(4, 1);
+}
+
+TEST_F(FilteringDropdownTest, WithoutAChoiceTheFirstArrowKeyHighlightsTheFirstEntry) {
+    m_dropdown.SetListIndex(-1);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    // What Qt does when a list gets the focus.
+    QAbstractItemView* list = m_dropdown.List();
+    list->selectionModel()->setCurrentIndex(list->model()->index(0, 0), QItemSelectionModel::NoUpdate);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Highlighted(), "(None)");
+    EXPECT_TRUE(list->selectionModel()->hasSelection());
+}
+
+TEST_F(FilteringDropdownTest, ALongEntryIsCutInTheList) {
+    m_dropdown.AddItem(QString(400, 'm'), 11);
+    TypeText("mmm");
+    ASSERT_EQ(Listed().size(), 1u);
+    const QAbstractItemView& list = *m_dropdown.List();
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(list.verticalScrollBar()->isVisible());
+    const QImage picture = Grab(*list.viewport());
+    const QRect margin(picture.width() - 8, 0, 8, picture.height());
+    EXPECT_FALSE(HasColor(picture, margin, Theme::Get(Theme::Color::HighlightText)));
 }
 
 TEST_F(FilteringDropdownTest, AnEntryForNoChoiceIsHighlightedOnlyIfNothingElseMatches) {

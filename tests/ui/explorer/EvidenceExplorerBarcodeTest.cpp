@@ -105,6 +105,13 @@ TEST_F(EvidenceExplorerBarcodeTest, ADeletedLocationIsNotFound) {
     EXPECT_EQ(Title(), "Shelf A");
 }
 
+TEST_F(EvidenceExplorerBarcodeTest, ALocationThatAnotherWorkstationHasCreatedIsFound) {
+    const int32_t created = m_database.AddLocation("Temp A", StorageLocationTypes::Internal, m_shelf);
+    ScanAndWait("L", created);
+    EXPECT_EQ(Title(), "Temp A");
+    EXPECT_EQ(m_widget->currentItem()->text(0), "Temp A");
+}
+
 TEST_F(EvidenceExplorerBarcodeTest, ADeletedItemIsNotFound) {
     for (const char* letter : {"P", "V"}) {
         ScanAndWait(letter, 4711);
