@@ -17,9 +17,6 @@ constexpr int HeaderHeight = 32;
 
 ReportHeader::ReportHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setStretchLastSection(false);
-    setSectionsMovable(false);
-    setSectionsClickable(false);
-    setHighlightSections(false);
     setMinimumSectionSize(8);
     setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }

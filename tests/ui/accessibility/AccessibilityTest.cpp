@@ -133,6 +133,7 @@ TEST_F(AccessibilityTest, AControlCanSetItsRoleAndSelectedState) {
     row->SetAccessibleRole(QAccessible::ListItem);
     EXPECT_EQ(Of(*row)->role(), QAccessible::ListItem);
     EXPECT_TRUE(Of(*row)->state().selectable);
+    EXPECT_TRUE(Of(*row)->state().focusable);
     EXPECT_FALSE(Of(*row)->state().selected);
     row->focused = true;
     EXPECT_TRUE(Of(*row)->state().selected);
@@ -205,6 +206,12 @@ TEST_F(AccessibilityTest, TabsAreListedWithTheirStateAndCanBePressed) {
     EXPECT_EQ(custody->text(QAccessible::Name), "Chain of Custody");
     EXPECT_EQ(custody->parent(), list);
     EXPECT_EQ(list->indexOfChild(custody), 1);
+    EXPECT_EQ(list->indexOfChild(list->child(0)), 0);
+    EXPECT_EQ(custody->text(QAccessible::Description), "");
+    EXPECT_TRUE(custody->isValid());
+    EXPECT_TRUE(custody->state().selectable);
+    EXPECT_TRUE(custody->state().focusable);
+    EXPECT_TRUE(custody->rect().contains(tabs->mapToGlobal(tabs->TabRect(1).center())));
     EXPECT_EQ(list->child(1), custody);
     EXPECT_TRUE(list->child(0)->state().selected);
     EXPECT_FALSE(custody->state().selected);

@@ -143,6 +143,14 @@ TEST_F(LinkTest, SizesItselfToCaptionAndIcon) {
     EXPECT_EQ(m_link.height(), 24);
 }
 
+TEST_F(LinkTest, TheHandIsShownOnlyWhileItIsEnabled) {
+    EXPECT_EQ(m_link.cursor().shape(), Qt::PointingHandCursor);
+    m_link.setEnabled(false);
+    EXPECT_EQ(m_link.cursor().shape(), Qt::ArrowCursor);
+    m_link.setEnabled(true);
+    EXPECT_EQ(m_link.cursor().shape(), Qt::PointingHandCursor);
+}
+
 TEST_F(LinkTest, ItsTypeSetsTheWidthAndTheWeight) {
     m_link.SetCaption("DISPOSE THIS ITEM");
     m_link.SetType(Theme::Type::StripCaption);

@@ -77,6 +77,12 @@ TEST(LabelPainter, BarsAreWholeDotsWideAndTheSymbolFillsItsRectangle) {
     EXPECT_GE(950 - ink.right() - 1, 10 * 5) << "quiet zone";
 }
 
+TEST(LabelPainter, ASymbolIsCenteredInItsRectangle) {
+    const FilledLabel label = Fill("<rect id='barcode' x='0' y='10' width='98' height='7'/>", {{"barcode", barcode}});
+    const QRect ink = InkOf(MakeLabelImage(label, dpi));
+    EXPECT_NEAR(ink.left(), 980 - ink.right() - 1, 1);
+}
+
 TEST(LabelPainter, ATallSymbolHasItsReadableTextBelow) {
     const FilledLabel label = Fill("<rect id='barcode' x='5' y='10' width='90' height='20'/>", {{"barcode", barcode}});
     const QImage image = MakeLabelImage(label, dpi);
@@ -196,12 +202,21 @@ TEST(LabelPainter, TheDrawingAndTheColorOfATextAreKept) {
     EXPECT_TRUE(hasColor("none of these", Qt::black));
 }
 
+// A text of the properties of a PDF file.
+QByteArray InPdf(const char* text) {
+    QByteArray wide;
+    for (const char* at = text; *at; ++at) wide.append('\0').append(*at);
+    return wide;
+}
+
 TEST(LabelPainter, APdfHasAPageForEachLabelInItsSize) {
     const FilledLabel label = Fill("<text id='name' x='20' y='30' font-size='5'/>", {{"name", "a"}});
     const QByteArray pdf = MakeLabelPdf({label, label, label}, 203);
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
     EXPECT_EQ(pdf.count("/Type /Page\n"), 3);
     EXPECT_EQ(pdf.count("/MediaBox [0 0 283.000000 170.000000]"), 3) << "points";
+    EXPECT_TRUE(pdf.contains(InPdf("Label"))) << "its title";
+    EXPECT_TRUE(pdf.contains(InPdf("Quellbrook"))) << "its creator";
 }
 
 }  // namespace

@@ -61,6 +61,48 @@ TEST_F(StyleTest, ABoldEntryIsNotClipped) {
     m_menu.close();
 }
 
+TEST_F(StyleTest, OnlyTheDefaultEntryIsBold) {
+    QAction* entry = m_menu.addAction("Open this rather long entry");
+    const auto inkWidth = [&] {
+        m_menu.popup(QPoint(10, 10));
+        const QImage image = Grab(m_menu);
+        const QRect rect = m_menu.actionGeometry(entry);
+        m_menu.close();
+        int right = 0;
+        for (int y = rect.top() + 4; y < rect.bottom() - 4; ++y)
+            for (int x = rect.left() + 4; x < rect.right() - 4; ++x)
+                if (PixelAt(image, QPoint(x, y)) != Theme::Get(Theme::Color::Window)) right = std::max(right, x);
+        return right;
+    };
+    const int plain = inkWidth();
+    m_menu.setDefaultAction(entry);
+    EXPECT_GT(inkWidth(), plain + 3);
+}
+
+TEST_F(StyleTest, OnlyASubmenuHasAnArrow) {
+    QAction* entry = m_menu.addAction("Open");
+    const QAction* submenu = m_menu.addMenu("New")->menuAction();
+    m_menu.addAction("A long entry that makes the menu wide");
+    m_menu.popup(QPoint(10, 10));
+    const QImage image = Grab(m_menu);
+    const auto hasArrow = [&](const QAction* action) {
+        const QRect rect = m_menu.actionGeometry(const_cast<QAction*>(action));
+        return HasColor(image, QRect(rect.right() - 24, rect.top() + 4, 16, rect.height() - 8),
+                        Theme::Get(Theme::Color::Text));
+    };
+    EXPECT_FALSE(hasArrow(entry));
+    EXPECT_TRUE(hasArrow(submenu));
+    m_menu.close();
+}
+
+TEST_F(StyleTest, OnlyButtonsAreRepaintedUnderThePointer) {
+    QPushButton button(&m_window);
+    QLineEdit edit(&m_window);
+    ShowActive(m_window);
+    EXPECT_TRUE(button.testAttribute(Qt::WA_Hover));
+    EXPECT_FALSE(edit.testAttribute(Qt::WA_Hover));
+}
+
 TEST_F(StyleTest, ADoubledAmpersandIsDrawnAsOne) {
     QAction* single = m_menu.addAction("A && B");
     m_menu.popup(QPoint(10, 10));

@@ -1,7 +1,9 @@
 #include "host/ColorTool.h"
 #include "tests/ui/controls/ControlsTest.h"
 
+#include <QApplication>
 #include <QFontInfo>
+#include <QToolTip>
 
 #include <memory>
 
@@ -125,6 +127,15 @@ TEST_F(ThemeTest, FixedColorsHaveTheirLowByteRed) {
     EXPECT_EQ(Theme::FromBgr(0x0080FF), QColor(0xFF, 0x80, 0x00));
     EXPECT_EQ(Theme::ToBgr(QColor(0x24, 0xAD, 0x87)), 0x87AD24);
     EXPECT_EQ(Theme::ToBgr(Theme::FromBgr(0x123456)), 0x123456);
+}
+
+TEST_F(ThemeTest, TooltipsHaveThePaletteOfTheTheme) {
+    for (const bool dark : {true, false}) {
+        Theme::Install(dark);
+        EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase),
+                  QApplication::palette().color(QPalette::ToolTipBase))
+            << dark;
+    }
 }
 
 TEST_F(ThemeTest, TheFaceIsInter) {
