@@ -211,6 +211,7 @@ TEST_F(TransferTest, ALargeBatchIsCheckedInFewStatements) {
     EXPECT_TRUE(log[2].starts_with(select));
     EXPECT_TRUE(log[3].starts_with(select));
     EXPECT_EQ(recorder->Parameters(2).size() + recorder->Parameters(3).size(), 512u + 512u);
+    EXPECT_EQ(recorder->Parameters(3).back(), recorder->Parameters(3)[600 - 512 - 1]) << "the last key fills the list";
     EXPECT_EQ(log[4], "CREATE TABLE #NextSeqNo (Value INT NOT NULL)");
 }
 
