@@ -52,6 +52,18 @@ TEST_F(FilteringDropdownTest, TheTextIsNoPattern) {
     }
 }
 
+TEST_F(FilteringDropdownTest, TheEditIsHiddenAfterTheFieldIsLeft) {
+    TypeText("lab");
+    EXPECT_TRUE(m_box->lineEdit()->isVisible());
+    Key(Qt::Key_Escape);
+    TypeText("zone");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_End);
+    EXPECT_TRUE(m_box->lineEdit()->isVisible()) << "for the cursor";
+    m_next.setFocus();
+    EXPECT_FALSE(m_box->lineEdit()->isVisible());
+}
+
 TEST_F(FilteringDropdownTest, EnterChoosesTheFirstMatch) {
     TypeText("latent");
     Key(Qt::Key_Return);

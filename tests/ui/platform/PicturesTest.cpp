@@ -29,6 +29,7 @@ TEST_F(PicturesTest, AnImageAndItsPictureHaveTheSamePixels) {
     const Picture picture = ToPicture(image);
     EXPECT_EQ(picture.width, 3);
     EXPECT_EQ(picture.scale, 1.5);
+    EXPECT_EQ(picture.pixels.size(), 6u);
     EXPECT_EQ(picture.At(2, 1), image.pixel(2, 1));
     EXPECT_EQ(ToImage(picture), image);
     EXPECT_EQ(ToImage(picture).devicePixelRatio(), 1.5);
