@@ -133,8 +133,9 @@ TEST_F(DialogsTest, ADestroyedParentCountsAsNone) {
 }
 
 TEST_F(DialogsTest, OnlyAWindowCanBeTheParent) {
-    EXPECT_EQ(RaisedBy([] { GetDialogs().SetParent(std::make_shared<OtherObject>()); }).Number(),
-              ErrorNumber::TypeMismatch);
+    const Error error = RaisedBy([] { GetDialogs().SetParent(std::make_shared<OtherObject>()); });
+    EXPECT_EQ(error.Number(), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(error.Source(), "Dialogs.SetParent");
     EXPECT_EQ(GetDialogs().GetParent(), &m_host);
 }
 

@@ -151,6 +151,7 @@ TEST_F(FinalDispositionTest, TheFrameFollowsTheSizeOfTheForm) {
         EXPECT_EQ(Find(form, "lblTitle")->mapTo(&form, QPoint()).x(), Find(form, "Label5")->x());
         EXPECT_EQ(Find<Control>(form, "grpButtons")->geometry().bottom(), size.height() - 2);
         EXPECT_EQ(Find<Control>(form, "grpButtons")->width(), size.width() - 2);
+        EXPECT_EQ(Find<GroupBox>(form, "grpButtons")->BackColor(), Theme::Get(Theme::Color::Panel));
         EXPECT_EQ(size.width() - Find<Control>(form, "btnSave")->geometry().right() - 2, 24);
     }
 }
