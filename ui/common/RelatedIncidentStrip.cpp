@@ -112,7 +112,6 @@ void RelatedIncidentStrip::ApplyLook() {
         m_ids[i]->SetForeColor(IsSecured(i) ? Theme::Get(Theme::Color::Secured) : color);
         m_secured[i]->SetIcon("secured", LockSize);
         m_secured[i]->SetForeColor(Theme::Color::Secured);
-        m_separators[i]->setFont(Font());
         m_separators[i]->SetForeColor(color);
     }
     update();

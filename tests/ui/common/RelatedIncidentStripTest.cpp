@@ -131,7 +131,7 @@ TEST(RelatedIncidentStrip, AnOwnFontReachesTheNumbersAndTheWidthFollows) {
     large.setPixelSize(30);
     strip.SetFont(large);
     EXPECT_EQ(Number(strip, 1)->font().pixelSize(), 30);
-    EXPECT_EQ(Find<Label>(strip, "lblSeparator")->font().pixelSize(), 30);
+    EXPECT_EQ(FindAll<Label>(strip, "lblSeparator").at(1)->font().pixelSize(), 30);
     EXPECT_GT(strip.Width(), before);
     EXPECT_GT(strip.Height(), 30 * 15);
     EXPECT_FLOAT_EQ(strip.Width(), Number(strip, 1)->Right());
