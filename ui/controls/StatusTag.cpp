@@ -29,7 +29,7 @@ void StatusTag::SetColor(int32_t color) {
     update();
 }
 
-float StatusTag::TextTop() const { return Top() + (Height() - ToTwips(Theme::LineHeight(Theme::Type::Body))) / 2; }
+float StatusTag::TextTop(float labelHeight) const { return Top() + (Height() - labelHeight) / 2; }
 
 QSize StatusTag::sizeHint() const {
     return QSize(TextWidth(Theme::Font(Theme::Type::TagText), m_caption) + 2 * SideMargin, TagHeight);

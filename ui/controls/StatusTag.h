@@ -20,8 +20,8 @@ public:
     int32_t Color() const { return m_color; }
     void SetColor(int32_t color);
 
-    // The top, in twips of the parent, for a Body label that aligns with the tag's text.
-    float TextTop() const;
+    // The top, in twips of the parent, for a label of that height that aligns with the tag's text.
+    float TextTop(float labelHeight) const;
 
     QSize sizeHint() const override;
 

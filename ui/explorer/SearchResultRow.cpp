@@ -147,7 +147,7 @@ void SearchResultRow::LayoutFields() {
         if (Height() != height) SetHeight(height);
         m_bottomLine->Move(0, ClientHeight() - TwipsPerPixel, ClientWidth(), TwipsPerPixel);
         m_description->SetLeft(m_id->Right() + FieldGap);
-        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop());
+        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop(m_location->Height()));
         m_category->Move(m_location->Right() + CategoryGap, m_location->Top());
     });
 }

@@ -140,7 +140,7 @@ void StoredItemView::LayoutView() {
         FitInto(*m_id, headingRight);
         m_description->SetLeft(m_id->Right() + FieldGap);
         FitInto(*m_description, headingRight);
-        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop());
+        m_location->Move(m_status->Right() + FieldGap, m_status->TextTop(m_location->Height()));
         m_openGroup->SetLeft(m_description->Right() + FieldGap);
         m_tabs->SetTop(m_spacer->Bottom());
         m_tabs->SetWidth(Width() - m_tabs->Left());

@@ -206,12 +206,13 @@ TEST_F(StatusTagTest, IsPaintedInItsColorWithContrastingText) {
     }
 }
 
-TEST_F(StatusTagTest, ReportsTheTopOfABodyLabelOnItsLine) {
+TEST_F(StatusTagTest, ReportsTheTopOfALabelOnItsLine) {
     m_tag.SetCaption("In Storage");
     m_tag.Move(300, 600);
-    EXPECT_FLOAT_EQ(m_tag.TextTop(), 600.0f);
+    EXPECT_FLOAT_EQ(m_tag.TextTop(300), 600.0f);
     m_tag.SetHeight(600);
-    EXPECT_FLOAT_EQ(m_tag.TextTop(), 750.0f);
+    EXPECT_FLOAT_EQ(m_tag.TextTop(300), 750.0f);
+    EXPECT_FLOAT_EQ(m_tag.TextTop(450), 675.0f);
 }
 
 }  // namespace

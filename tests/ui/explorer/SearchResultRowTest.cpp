@@ -148,7 +148,7 @@ TEST_F(SearchResultRowTest, FieldsFlowWithTheirTexts) {
     m_row.SetItem(m_laptop);
     EXPECT_EQ(LabelOf("lblDescription")->Left(), LabelOf("lblID")->Right() + 120);
     EXPECT_EQ(LabelOf("lblLocation")->Left(), Status()->Right() + 120);
-    EXPECT_EQ(LabelOf("lblLocation")->Top(), Status()->TextTop());
+    EXPECT_EQ(LabelOf("lblLocation")->Top(), Status()->TextTop(LabelOf("lblLocation")->Height()));
     EXPECT_EQ(LabelOf("lblCategory")->Left(), LabelOf("lblLocation")->Right() + 240);
     EXPECT_EQ(LabelOf("lblCategory")->Top(), LabelOf("lblLocation")->Top());
 }
@@ -290,6 +290,15 @@ TEST_F(SearchResultRowTest, TheDividerIsAsHighAsATextInTheFontOfTheRow) {
     const QImage plain = Grab(m_row);
     EXPECT_EQ(PixelAt(plain, QPoint(x, start - length)), Theme::Get(Theme::Color::GrayText));
     EXPECT_EQ(PixelAt(plain, QPoint(x, start - length - 1)), Theme::Get(Theme::Color::Window));
+}
+
+TEST_F(SearchResultRowTest, ALocationInALargerFontIsOnTheLineOfTheTag) {
+    QFont font = m_row.font();
+    font.setPixelSize(22);
+    m_row.setFont(font);
+    m_row.SetItem(m_laptop);
+    ASSERT_GT(LabelOf("lblLocation")->height(), Status()->height());
+    EXPECT_NEAR(LabelOf("lblLocation")->geometry().center().y(), Status()->geometry().center().y(), 1);
 }
 
 TEST_F(SearchResultRowTest, AChangeOfTheBatchRefreshesTheItem) {

@@ -160,7 +160,7 @@ TEST_F(StoredItemViewTest, PartsAreLaidOutAtTwoSizes) {
         EXPECT_EQ(Named("spacer")->Top(), Named("picTitleArea")->Bottom());
         EXPECT_EQ(LabelOf("lblDescription")->Left(), LabelOf("lblID")->Right() + 120);
         EXPECT_EQ(LabelOf("lblLocation")->Left(), Named("tagStatus")->Right() + 120);
-        EXPECT_EQ(LabelOf("lblLocation")->Top(), Find<StatusTag>(*m_view, "tagStatus")->TextTop());
+        EXPECT_EQ(LabelOf("lblLocation")->Top(), Find<StatusTag>(*m_view, "tagStatus")->TextTop(300));
         EXPECT_EQ(Named("grpOpenLink")->Left(), LabelOf("lblDescription")->Right() + 120);
         EXPECT_EQ(Tabs()->Top(), Named("spacer")->Bottom());
         EXPECT_EQ(Tabs()->Bottom(), m_view->Height());
