@@ -38,7 +38,7 @@ SearchResultList::SearchResultList(QWidget* parent)
     : ScrollingListOf(parent), m_items(std::make_shared<NoItems>()), m_focusLook(*this, [this] { UpdateRowFocus(); }) {
     setFocusPolicy(Qt::StrongFocus);
     WatchKeyRepetition();
-    PrepareRow(*m_rows.front());
+    m_rows.front()->lower();
     m_vertScroll->SetThumbFilter(true);
     m_vertScroll->SetArrows(FlatScrollBar::Down);
     m_tooManyResults = AddPanel("picTooManyResults", "warning", "Too many results.",
@@ -143,7 +143,7 @@ void SearchResultList::FillRows(Fill fill) {
     for (int32_t i = 0; i < rows; ++i) {
         if (first + i > m_items->Count()) return;
         const StoredItemRef item = m_items->ItemAt(first + i - 1);
-        if (i == RowCount()) PrepareRow(*LoadRow());
+        if (i == RowCount()) LoadRow()->lower();
         SearchResultRow& row = RowNo(i);
         if (i > 0) top = RowNo(i - 1).Bottom();
         row.Move(0, top);
@@ -171,22 +171,6 @@ void SearchResultList::Forget(SearchResultRow& row) {
     row.SetSelected(false);
     if (row.Focused()) row.SetFocused(false);
     row.hide();
-}
-
-void SearchResultList::PrepareRow(SearchResultRow& row) {
-    row.lower();
-    row.SetRefreshReport([this](const Error& error) { ReportRefreshError(error); });
-}
-
-// Every row reads its item again when the batch changes. If the database is unreachable, only one row reports it.
-void SearchResultList::ReportRefreshError(const Error& error) {
-    if (m_refreshErrorReported) return;
-    const QPointer<SearchResultList> self(this);
-    m_refreshErrorReported = true;
-    ReportUnexpected(error);
-    if (!self) return;
-    QMetaObject::invokeMethod(
-        this, [this] { m_refreshErrorReported = false; }, Qt::QueuedConnection);
 }
 
 // Rows that stay visible keep their items and change their positions.

@@ -65,8 +65,6 @@ protected:
 private:
     enum class Fill { All, Changed };
 
-    void PrepareRow(SearchResultRow& row);
-    void ReportRefreshError(const Error& error);
     void LoadResults();
     void ClearRows();
     void RotateRows();
@@ -92,7 +90,6 @@ private:
     void ScrollTo(int32_t index);
     void EnsureSelectionVisible();
 
-    bool m_refreshErrorReported = false;
     int32_t m_selectedIndex = 0;
     StoredItemRef m_shownSelection;  // the selected item; null until a row has shown it
     std::shared_ptr<const StoredItemList> m_items;

@@ -9,6 +9,7 @@
 #include "ui/controls/FontIcon.h"
 #include "ui/controls/Line.h"
 #include "ui/controls/StatusTag.h"
+#include "ui/platform/Guard.h"
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 #include "ui/style/AmbientFont.h"
@@ -16,7 +17,7 @@
 #include <QAccessible>
 #include <QEvent>
 #include <QPainter>
-#include <QPointer>
+#include <QScopeGuard>
 
 namespace quellbrook {
 
@@ -208,17 +209,13 @@ bool SearchResultRow::event(QEvent* event) {
 }
 
 void SearchResultRow::CartStore_OnChange() {
-    const QPointer<SearchResultRow> self(this);
-    const ErrorReport report = m_refreshReport;
-    Guard(
-        [this] {
-            if (!m_item) return;
-            m_upToDate = false;
-            m_item->Refresh();
-        },
-        report);
-    // The error report may have destroyed the row.
-    if (self) Guard([this] { UpdateCartState(); });
+    Guard([this] {
+        // The color follows the batch even if the item cannot be read.
+        const auto update = qScopeGuard([this] { UpdateCartState(); });
+        if (!m_item) return;
+        m_upToDate = false;
+        m_item->Refresh();
+    });
 }
 
 }  // namespace quellbrook

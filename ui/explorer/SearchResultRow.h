@@ -5,7 +5,6 @@
 #include "data/StoredItem.h"
 #include "ui/controls/Label.h"
 #include "ui/controls/View.h"
-#include "ui/platform/Guard.h"
 
 #include <vector>
 
@@ -42,9 +41,6 @@ public:
     void SetFocused(bool focused);
     bool InCart() const { return m_inCart; }
 
-    // Reports an error when the item is refreshed after a change of the batch; initially ReportUnexpected.
-    void SetRefreshReport(ErrorReport report) { m_refreshReport = std::move(report); }
-
     // Hides the row and stops watching the batch. Called before the row is destroyed.
     void Retire();
 
@@ -71,7 +67,6 @@ private:
     void CartStore_OnChange();
 
     StoredItemRef m_item;
-    ErrorReport m_refreshReport = ReportUnexpected;
     bool m_selected = false;
     bool m_focused = false;
     bool m_inCart = false;

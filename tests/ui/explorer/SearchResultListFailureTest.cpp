@@ -2,6 +2,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/QtTestMain.h"
 #include "tests/ui/explorer/SearchResultListTest.h"
+#include "ui/platform/Guard.h"
 
 #include <QPointer>
 
@@ -105,7 +106,7 @@ TEST_F(SearchResultListFailureTest, OnlyOneRowReportsThatItemsCannotBeRefreshed)
     m_database.Install(std::make_shared<DeadEngine>(engine));
     for (int change = 1; change <= 2; ++change) {
         m_log.Announce("Engine");
-        Cart()->OnChange();
+        Guard([] { Cart()->OnChange(); });
         EXPECT_EQ(m_screen.TakeMessages(),
                   (std::vector<RecordingScreen::Message>{{"The link is down.", 16, "Unexpected Error"}}));
         ServeEvents();

@@ -9,9 +9,12 @@
 #include "ui/platform/Guard.h"
 #include "ui/platform/WidgetTimer.h"
 
+#include <QEventLoop>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <stdexcept>
+#include <utility>
 
 namespace quellbrook::testing {
 namespace {
@@ -48,6 +51,51 @@ TEST_F(GuardTest, CallsTheReportNamedInstead) {
     int32_t number = 0;
     Guard([] { Raise(ErrorNumber::NullObject, "Test.Fault"); }, [&](const Error& error) { number = error.Number(); });
     EXPECT_EQ(number, 91);
+}
+
+TEST_F(GuardTest, AHandlerReportsEqualErrorsOfItsGuardsOnceAtItsEnd) {
+    std::vector<std::string> descriptions;
+    m_environment->reportUnexpected = [&](const Error& error) { descriptions.push_back(error.Description()); };
+    for (int handler = 1; handler <= 2; ++handler) {
+        Guard([&] {
+            for (const char* description : {"The link is down.", "It broke.", "Reading: The link is down."})
+                Guard([&] { Raise(ErrorNumber::General, "Test.Fault", description); });
+            EXPECT_TRUE(descriptions.empty());
+            Raise(ErrorNumber::General, "Test.Fault", "The link is down.");
+        });
+        EXPECT_EQ(std::exchange(descriptions, {}), (std::vector<std::string>{"The link is down.", "It broke."}));
+    }
+}
+
+TEST_F(GuardTest, AnErrorThatAnotherMessageOfTheHandlerHasShownIsNotReported) {
+    std::vector<std::string> descriptions;
+    m_environment->reportUnexpected = [&](const Error& error) { descriptions.push_back(error.Description()); };
+    const auto fail = [](const char* description) { Raise(ErrorNumber::General, "Test.Fault", description); };
+    Guard([&] {
+        Guard([&] { fail("The link is down."); });
+        Guard([&] { fail("It broke."); });
+        Guard([&] { fail("Opening: The link is down."); }, [](const Error&) {});
+    });
+    EXPECT_EQ(descriptions, std::vector<std::string>{"It broke."});
+}
+
+TEST_F(GuardTest, AHandlerInANestedEventLoopReportsAtItsOwnEnd) {
+    std::vector<std::string> descriptions;
+    m_environment->reportUnexpected = [&](const Error& error) { descriptions.push_back(error.Description()); };
+    const auto fail = [] { Guard([] { Raise(ErrorNumber::General, "Test.Fault", "It broke."); }); };
+    Guard([&] {
+        fail();
+        QEventLoop dialog;
+        QTimer::singleShot(0, &dialog, [&] {
+            fail();
+            EXPECT_EQ(descriptions.size(), 1u);
+            dialog.quit();
+        });
+        dialog.exec();
+        fail();
+        EXPECT_EQ(descriptions.size(), 1u);
+    });
+    EXPECT_EQ(descriptions.size(), 2u);
 }
 
 TEST_F(GuardTest, AReportThatFailsIsReportedItself) {
