@@ -216,10 +216,14 @@ QWidget* CartView::FirstFocus() {
 
 void CartView::CartStore_OnChange() {
     Guard([this] {
-        if (m_cartStore->GetTransactionType() != TransactionType::None)
-            RefreshFromStore();
-        else
+        if (m_cartStore->GetTransactionType() == TransactionType::None) {
             m_returnsToList = false;
+            return;
+        }
+        const QPointer<CartView> self(this);
+        const bool wasShown = std::exchange(m_shown, false);  // after a failure, the next Shown() refreshes
+        RefreshFromStore();
+        if (self) m_shown = wasShown;
     });
 }
 

@@ -12,6 +12,7 @@
 #include "ui/platform/Twips.h"
 
 #include <QPainter>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
@@ -46,6 +47,11 @@ constexpr PendingTexts PendingByType[] = {
     {TransactionType::Move, "MOVE PENDING", "This item is being moved elsewhere in your on-site evidence storage"},
     {TransactionType::Dispose, "DISPOSAL PENDING", "This item has been marked for disposal"},
 };
+
+void SetLinkState(Link& link, bool isAllowed) {
+    link.setVisible(isAllowed);
+    link.setEnabled(isAllowed);
+}
 
 }  // namespace
 
@@ -108,9 +114,11 @@ void StoredItemMenu::RefreshMenu() {
     const QWidget* focused = window()->focusWidget();
     m_inCart = m_cartStore->IsItemInCart(m_item);
     ShowPending();
+    const auto layOut = qScopeGuard([this, focused] {
+        LayoutMenu();
+        KeepFocus(focused);
+    });
     ShowLinks();
-    LayoutMenu();
-    KeepFocus(focused);
 }
 
 void StoredItemMenu::ShowPending() {
@@ -128,13 +136,14 @@ void StoredItemMenu::ShowPending() {
 }
 
 void StoredItemMenu::ShowLinks() {
+    // Known without the database, which the rights may not be.
+    if (m_inCart)
+        for (Link* link : m_lnkMenu)
+            if (link != m_lnkMenu.front()) SetLinkState(*link, false);
     const AllowedTasks tasks = m_cartStore->GetAllowedTasks(m_item);
     const std::array shown = {tasks.CanPrint, tasks.CanCheckOut && !m_inCart, tasks.CanCheckIn && !m_inCart,
                               tasks.CanMove && !m_inCart, tasks.CanDispose && !m_inCart};
-    for (size_t index = 0; index < shown.size(); ++index) {
-        m_lnkMenu[index]->setVisible(shown[index]);
-        m_lnkMenu[index]->setEnabled(shown[index]);
-    }
+    for (size_t index = 0; index < shown.size(); ++index) SetLinkState(*m_lnkMenu[index], shown[index]);
 }
 
 // A click hides the link that had the focus and shows the status strip, or vice versa.

@@ -143,6 +143,29 @@ TEST_F(StoredItemMenuTest, WithAnOpenMoveBatchAnotherItemCanOnlyBeMoved) {
     EXPECT_TRUE(IsStripShown());
 }
 
+TEST_F(StoredItemMenuTest, AnOutageIsReportedOnceAndTheBarFollowsTheBatch) {
+    m_log.Announce("Engine");
+    m_session->atQuestion = [] { Raise(ErrorNumber::General, "Engine", "The link is down."); };
+    Click(LinkNo(TransactionType::Move));
+    EXPECT_EQ(m_screen.TakeMessages(), OneMessage("The link is down.", 16, "Unexpected Error"));
+    EXPECT_TRUE(IsStripShown());
+    EXPECT_EQ(Text("lblStatus"), "MOVE PENDING");
+    EXPECT_THAT(Offered(), ElementsAre("PRINT BARCODE"));
+    EXPECT_EQ(QApplication::focusWidget(), Undo());
+    EXPECT_GT(Undo()->Left(), Named("shpMessage")->Right());
+
+    m_log.Announce("Engine");
+    m_screen.AnswerNext(MessageAnswer::Yes);
+    Click(Undo());
+    EXPECT_EQ(m_screen.TakeMessages().size(), 2u) << "a question and an error";
+    EXPECT_FALSE(IsStripShown());
+    EXPECT_THAT(Offered(), ElementsAre("PRINT BARCODE"));
+
+    m_session->atQuestion = nullptr;
+    m_menu->SetItem(m_laptop);
+    EXPECT_EQ(Offered().size(), 4u);
+}
+
 TEST_F(StoredItemMenuTest, UndoAsksAndRemovesTheItem) {
     Begin(TransactionType::SignOut, {m_laptop, m_other});
     m_screen.AnswerNext(MessageAnswer::No);
