@@ -194,7 +194,13 @@ bool EvidenceExplorer::DisplayUnlessShown(const StorageLocationRef& location) {
 }
 
 void EvidenceExplorer::Shown() {
-    m_picInfobar->EnableByRights(*m_cartstore);
+    try {
+        m_picInfobar->EnableByRights(*m_cartstore);
+    } catch (...) {
+        // The rows may be out of date as well. One error is enough.
+        GuardSilently([this] { Refresh(); });
+        throw;
+    }
     Refresh();
 }
 

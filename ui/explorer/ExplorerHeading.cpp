@@ -9,6 +9,8 @@
 #include "ui/platform/Strings.h"
 #include "ui/platform/Twips.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace quellbrook {
@@ -87,7 +89,8 @@ void ExplorerHeading::ShowLinks(const StorageLocation* location) {
 
 void ExplorerHeading::EnableByRights(const CartStore& cart) {
     const PermissionsStatic& permissions = GetPermissions();
-    m_btnAddEvidence->setEnabled(cart.IsEmpty() && GetUser().Can(permissions.APPEND_CHAIN_OF_CUSTODY()));
+    const auto apply = qScopeGuard([&] { m_btnAddEvidence->setEnabled(cart.IsEmpty() && m_mayAddEvidence); });
+    m_mayAddEvidence = GetUser().Can(permissions.APPEND_CHAIN_OF_CUSTODY());
     m_add.link->setEnabled(GetUser().Can(permissions.ADD_STORAGE_LOCATIONS()));
     m_edit.link->setEnabled(GetUser().Can(permissions.EDIT_STORAGE_LOCATIONS()));
     m_delete.link->setEnabled(GetUser().Can(permissions.DELETE_STORAGE_LOCATIONS()));

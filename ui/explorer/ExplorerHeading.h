@@ -26,7 +26,8 @@ public:
     void SetSubtitle(const QString& subtitle);
     // Shows the links for the location; none for null.
     void ShowLinks(const StorageLocation* location);
-    // Enables what the user has the right to. New evidence cannot be added while a batch is open.
+    // Enables what the user has the right to. New evidence cannot be added while a batch is open. Throws if a right
+    // cannot be read; it is then taken as it was before.
     void EnableByRights(const CartStore& cart);
     // Positions everything. Call it after a change of the title or the links.
     void LayoutHeading();
@@ -61,6 +62,7 @@ private:
     LinkGroup m_print;
     FlatButton* m_btnAddEvidence;
     Line* m_lnSeparator;
+    bool m_mayAddEvidence = false;
 };
 
 }  // namespace quellbrook

@@ -33,20 +33,19 @@ constexpr float TitleBarHeight = 600;
 // Runs one step of a view change. Shows a message and returns false if it fails.
 template <typename Step, typename Words>
 bool Attempt(Step&& step, Words&& words, const char* title) {
-    try {
-        step();
-        return true;
-    } catch (...) {
-        ShowMessage(words(CurrentError()), MessageStyle::Critical, title);
-        return false;
-    }
+    bool isDone = false;
+    Guard(
+        [&] {
+            step();
+            isDone = true;
+        },
+        [&](const Error& error) { ShowMessage(words(error), MessageStyle::Critical, title); });
+    return isDone;
 }
 
-template <typename Step>
-void AttemptSwitch(const std::string& name, Step&& step) {
-    Attempt(
-        step, [&](const Error& error) { return "Could not switch to view '" + name + "': " + error.Description(); },
-        "View Show Error");
+void ReportSwitchError(const std::string& name, const Error& error) {
+    ShowMessage("Could not switch to view '" + name + "': " + error.Description(), MessageStyle::Critical,
+                "View Show Error");
 }
 
 // Runs a step that shows a view. Adds the view's type to the error.
@@ -60,6 +59,10 @@ void AddingTypeName(const Control* view, Step&& step) {
         Raise(error.Number(), "EvidenceUI.LoadView",
               "Error loading view of type '" + typeName + "': " + error.Description());
     }
+}
+
+void RaiseShowErrorOf(Control& control) {
+    if (auto* view = qobject_cast<View*>(&control)) view->RaiseShowError();
 }
 
 QWidget* FirstFocusIn(Control& control) {
@@ -198,7 +201,9 @@ void EvidenceUI::SwitchTo(Control* view) {
     }
     if (!Present(view)) return;
     TrySetFocus(view->Name() == ViewNames::Explorer ? LastFocusIn(*view) : FirstFocusIn(*view));
-    if (self) repaint();
+    if (!self) return;
+    repaint();
+    RaiseShowErrorOf(*view);
 }
 
 // Returns false if the shell is gone, since a view that is shown can open dialogs.
@@ -211,14 +216,24 @@ bool EvidenceUI::Present(Control* view) {
     view->show();
     if (!self) return false;
     MoveFirstInTabOrder(m_content);
-    if (auto* shown = qobject_cast<View*>(view)) shown->RaiseShowError();
     return true;
 }
 
 // Shows the view that was hidden together with the shell. Leaves the focus to the host.
 void EvidenceUI::ShowCurrentView() {
     if (!m_currentView || m_currentView->IsShown()) return;
-    AttemptSwitch(m_currentView->Name(), [this] { AddingTypeName(m_currentView, [this] { Present(m_currentView); }); });
+    Control* view = m_currentView;
+    Guard(
+        [this, view] {
+            AddingTypeName(view, [this, view] {
+                if (Present(view)) RaiseShowErrorOf(*view);
+            });
+        },
+        // Later, since a host that is just switching to the shell may not paint it before it has done so.
+        [this, name = view->Name()](const Error& error) {
+            QMetaObject::invokeMethod(
+                this, [name, error] { Guard([&] { ReportSwitchError(name, error); }); }, Qt::QueuedConnection);
+        });
 }
 
 void EvidenceUI::TakeFocusFromInfoBar() {
@@ -264,8 +279,10 @@ void EvidenceUI::ChangeView() {
         [&](const Error& error) { return "Could not load data for view '" + name + "': " + error.Description(); },
         "View Load Error");
     // A view that loads can run events. The shell may be gone then, or a later change may have shown its view.
-    if (!loaded || !self || change != m_changes) return;
-    AttemptSwitch(name, [&] { LoadView(view); });
+    if (!self || change != m_changes) return;
+    // The user has no means to leave the loading view, so even a view with what it showed before replaces it.
+    if (!loaded && !(m_currentView && m_currentView->Name() == ViewNames::Loading)) return;
+    Guard([&] { LoadView(view); }, [&](const Error& error) { ReportSwitchError(name, error); });
 }
 
 void EvidenceUI::LoadingStore_OnChange() {
@@ -286,6 +303,7 @@ void EvidenceUI::Handle(const Action& action) {
 }
 
 void EvidenceUI::ReportFailedTransfer(const std::string& description) {
+    NoteReported(description);
     if (std::string_view(description).starts_with(UnknownOutcomeText)) {
         // The items may have been moved.
         ShowMessage(description, MessageStyle::Critical, "Evidence transfer unconfirmed");

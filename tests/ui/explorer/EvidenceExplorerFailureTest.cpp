@@ -1,4 +1,5 @@
 #include "tests/support/FaultInjectingEngine.h"
+#include "tests/support/Items.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ui/FocusCalls.h"
 #include "tests/ui/explorer/ExplorerWindowTest.h"
@@ -182,6 +183,27 @@ TEST_F(EvidenceExplorerFailureTest, AFailedRefreshShowsNoRowsEither) {
         EXPECT_EQ(Subtitle(), "1 storage unit, 2 items");
         EXPECT_EQ(m_list->RowCount(), 3);
     }
+}
+
+TEST_F(EvidenceExplorerFailureTest, NoRowsStayIfNeitherRightsNorContentsCanBeRead) {
+    Show(m_shelf);
+    m_explorer->hide();
+    m_session->atQuestion = [] { throw lostServer; };
+    FailAtQuery(1);
+    m_explorer->show();
+    EXPECT_EQ(RaisedBy([this] { m_explorer->RaiseShowError(); }).Description(), "The server is gone.");
+    ExpectNothingShown("Shelf A", "Error displaying items in this location: The server is gone.");
+}
+
+TEST_F(EvidenceExplorerFailureTest, AddEvidenceFollowsTheBatchWhileRightsCannotBeRead) {
+    Show(m_shelf);
+    const auto* button = Find<FlatButton>(*m_explorer, "btnAddEvidence");
+    GetActions().BeginTransaction(TransactionType::Move, ListOf({ItemOf(m_first, m_shelf)}));
+    EXPECT_FALSE(button->isEnabled());
+    m_session->atQuestion = [] { throw lostServer; };
+    GetActions().CancelTransaction();
+    EXPECT_TRUE(button->isEnabled());
+    EXPECT_EQ(TakeUnexpected(), std::vector<std::string>{"The server is gone."});
 }
 
 TEST_F(EvidenceExplorerFailureTest, ASubLocationThatCannotBeReadShowsNoRowsAndOpensLater) {

@@ -280,6 +280,8 @@ TEST_F(ShellLifecycle, AViewThatFailsWhenShownAgainIsReported) {
     m_shell->hide();
     m_explorer->onShown = [] { Raise(1234, "View", "The shelf is empty."); };
     m_shell->show();
+    EXPECT_TRUE(m_screen.Messages().empty()) << "the host may not have painted the shell yet";
+    testing::ServeEvents();
     EXPECT_EQ(m_screen.TakeMessages(),
               testing::OneMessage("Could not switch to view 'explorer': Error loading view of type 'FakeView': The "
                                   "shelf is empty.",

@@ -100,6 +100,28 @@ TEST_F(ShellViewChange, AViewThatCannotBeShownIsReportedWithItsType) {
                   "View Show Error");
 }
 
+TEST_F(ShellViewChange, AViewThatCannotBeShownHasTheFocusAndIsPaintedBeforeTheMessage) {
+    m_cart->onShown = Fail;
+    const testing::PaintCounter paints(*m_cart);
+    m_screen.WhileMessageOpen = [&](const testing::RecordingScreen::Message&) {
+        EXPECT_EQ(QApplication::focusWidget(), m_cart);
+        EXPECT_GT(paints.count, 0);
+    };
+    GoTo("cart");
+    EXPECT_EQ(m_screen.TakeMessages().size(), 1u);
+    EXPECT_EQ(QApplication::focusWidget(), m_cart);
+}
+
+TEST_F(ShellViewChange, AViewThatCannotLoadReplacesTheLoadingView) {
+    GoTo("itemView");
+    GoTo("cart");
+    GetActions().LoadingStarted();
+    m_itemView->onShow = Fail;
+    GetActions().GoBack();
+    ExpectMessage("Could not load data for view 'itemView': The shelf is empty.", "View Load Error");
+    EXPECT_EQ(OnShow(), Names{"itemView"});
+}
+
 TEST_F(ShellViewChange, FromAViewThatCouldNotComeOnShowTheWayBackIsOpen) {
     m_cart->onShown = Fail;
     GoTo("cart");
