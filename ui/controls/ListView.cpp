@@ -50,13 +50,7 @@ ListView::ListView(QWidget* parent) : Control(parent), m_tree(new ReportTree(thi
     m_tree->OnMouseUp = [this](Qt::MouseButton button, const QPoint& at) {
         Guard([&] { emit MouseUp(ButtonMask(button), at); });
     };
-    m_tree->OnDoubleClick = [this](Qt::MouseButton button, const QPoint& at) {
-        Guard([&] {
-            const QPointer<ListView> alive(this);
-            emit DoubleClicked(at);
-            if (alive) PressBox(button, at);
-        });
-    };
+    m_tree->OnDoubleClick = [this](const QPoint& at) { Guard([&] { emit DoubleClicked(at); }); };
     m_tree->OnKeyboardMove = [this](int row) { Guard([&] { emit CurrentRowMovedByKeyboard(row); }); };
 }
 

@@ -107,10 +107,9 @@ void ReportTree::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ReportTree::mouseDoubleClickEvent(QMouseEvent* event) {
-    const Qt::MouseButton button = event->button();
     const QPoint at = event->position().toPoint();
     QTreeWidget::mouseDoubleClickEvent(event);
-    if (OnDoubleClick) OnDoubleClick(button, at);
+    if (OnDoubleClick) OnDoubleClick(at);
 }
 
 // Rows are painted across the whole viewport, but Qt repaints only their columns.

@@ -25,7 +25,7 @@ public:
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseDown;
     std::function<void(const QPoint&)> OnMouseMove;
     std::function<void(Qt::MouseButton, const QPoint&)> OnMouseUp;
-    std::function<void(Qt::MouseButton, const QPoint&)> OnDoubleClick;
+    std::function<void(const QPoint&)> OnDoubleClick;
     std::function<void(int)> OnKeyboardMove;
 
     int iconSize = 22;
