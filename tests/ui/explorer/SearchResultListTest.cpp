@@ -2,6 +2,7 @@
 
 #include "tests/support/RaisedBy.h"
 #include "ui/common/ViewHelpers.h"
+#include "ui/controls/FontIcon.h"
 #include "ui/controls/View.h"
 
 #include <random>
@@ -51,6 +52,7 @@ TEST_F(SearchResultListTest, LimitIsReachedWithOneItemMore) {
     m_list->SetItems(std::move(items));
     EXPECT_TRUE(TooMany()->IsShown());
     EXPECT_EQ(TooMany()->Title()->Caption(), "Too many results.");
+    EXPECT_EQ(TooMany()->Icon()->IconName(), "warning");
     EXPECT_EQ(TooMany()->Sentence()->Caption(),
               "There are too many results to display here. Please narrow your search.");
     ExpectCentered(*TooMany());
