@@ -49,16 +49,6 @@ protected:
         return names;
     }
 
-    // A location with several pieces of property.
-    StorageLocationRef FullLocation() {
-        return GetStorageLocationStatic().FindByID(
-            m_database
-                ->execAndGet("SELECT t.StorageLocNo FROM Property p JOIN PropertyTracking t ON t.PropertyNo = "
-                             "p.PropertyNo AND t.SeqNo = p.CurrTrackSeq JOIN StorageLocation s ON s.IdNo = "
-                             "t.StorageLocNo WHERE s.Type = 2 GROUP BY 1 HAVING COUNT(*) > 2 "
-                             "ORDER BY 1 LIMIT 1")
-                .getInt());
-    }
     StorageLocationRef AnExternalLocation() {
         return GetStorageLocationStatic().FindByID(
             m_database->execAndGet("SELECT MIN(IdNo) FROM StorageLocation WHERE Type = 4").getInt());

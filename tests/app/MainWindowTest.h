@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "base/Environment.h"
 #include "component/Quellbrook.h"
+#include "data/StorageLocationStatic.h"
 #include "host/HostServices.h"
 #include "tests/app/SampleCopyTest.h"
 #include "tests/support/RecordingScreen.h"
@@ -49,6 +50,16 @@ protected:
         Find<QLineEdit>(*m_window, "username")->setText(QString::fromStdString(username));
         Find<QLineEdit>(*m_window, "password")->setText(QString::fromStdString(password));
         Click(Find(*m_window, "logIn"));
+    }
+    // A location with several pieces of property.
+    StorageLocationRef FullLocation() {
+        return GetStorageLocationStatic().FindByID(
+            m_database
+                ->execAndGet("SELECT t.StorageLocNo FROM Property p JOIN PropertyTracking t ON t.PropertyNo = "
+                             "p.PropertyNo AND t.SeqNo = p.CurrTrackSeq JOIN StorageLocation s ON s.IdNo = "
+                             "t.StorageLocNo WHERE s.Type = 2 GROUP BY 1 HAVING COUNT(*) > 2 "
+                             "ORDER BY 1 LIMIT 1")
+                .getInt());
     }
     QWidget* Evidence() const { return m_window->findChild<QWidget*>("evidence"); }
 

@@ -32,13 +32,7 @@ protected:
     void SetUp() override {
         MainWindowTest::SetUp();
         LogIn(SampleAccounts()[0]);
-        m_location = GetStorageLocationStatic().FindByID(
-            m_database
-                ->execAndGet("SELECT t.StorageLocNo FROM Property p JOIN PropertyTracking t ON t.PropertyNo = "
-                             "p.PropertyNo AND t.SeqNo = p.CurrTrackSeq JOIN StorageLocation s ON s.IdNo = "
-                             "t.StorageLocNo WHERE s.Type = 2 GROUP BY 1 HAVING COUNT(*) > 2 "
-                             "ORDER BY 1 LIMIT 1")
-                .getInt());
+        m_location = FullLocation();
         Explorer().SetSelectedLocation(m_location);
         Rows().Tree()->setFocus();
         m_item = m_location->StoredItems()->ItemAt(0);

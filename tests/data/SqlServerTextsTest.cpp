@@ -8,6 +8,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/RecordingEngine.h"
 #include "tests/support/TestLocations.h"
+#include "tests/support/WithDialect.h"
 
 #include <gmock/gmock.h>
 
@@ -16,20 +17,12 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class SqlServerDialect : public Engine {
-public:
-    explicit SqlServerDialect(std::shared_ptr<Engine> inner) : m_inner(std::move(inner)) {
-        m_dialect.concatenation = "+";
-        m_dialect.textPrefix = "N";
-    }
-    std::unique_ptr<Connection> Open() override { return m_inner->Open(); }
-    bool WasCommitted(const std::string& name) override { return m_inner->WasCommitted(name); }
-    const Dialect& GetDialect() const override { return m_dialect; }
-
-private:
-    std::shared_ptr<Engine> m_inner;
-    Dialect m_dialect;
-};
+Dialect SqlServer() {
+    Dialect dialect;
+    dialect.concatenation = "+";
+    dialect.textPrefix = "N";
+    return dialect;
+}
 
 class SqlServerTexts : public DatabaseTest {
 protected:
@@ -41,7 +34,7 @@ protected:
 
     TestLocations m_tree{m_database};
     std::shared_ptr<RecordingEngine> m_recording =
-        std::make_shared<RecordingEngine>(std::make_shared<SqlServerDialect>(m_database.GetEngine()));
+        std::make_shared<RecordingEngine>(std::make_shared<WithDialect>(m_database.GetEngine(), SqlServer()));
 };
 
 TEST_F(SqlServerTexts, AMove) {

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "tests/server/ServerTest.h"
+#include "tests/support/CustodyRuleSentences.h"
 
 #include <gmock/gmock.h>
 
@@ -14,16 +15,6 @@ using ::testing::IsEmpty;
 using Kind = StoredItemTypes;
 using Type = StorageLocationTypes;
 using Lines = std::vector<std::string>;
-
-constexpr const char* numbered = "The custody rows of an item are numbered from 1 without gaps.";
-constexpr const char* owners = "Custody rows belong to an item and a location that exist.";
-constexpr const char* latest = "The current custody row of an item is its latest one.";
-constexpr const char* disposition = "An item with a final disposition has a current custody row.";
-constexpr const char* dispositionFlag = "The flag of a final disposition is 0 or 1.";
-constexpr const char* tree = "Every location is in the tree, in the category of its container.";
-constexpr const char* names = "No two locations of one container and category have the same name.";
-constexpr const char* objects = "All tables, indexes, views and triggers of the schema are there.";
-constexpr const char* places = "The side table CurrentPlace lists every item at its location.";
 
 // Damages what the schema protects, on a connection that runs no triggers and checks no foreign keys.
 class ServerVerification : public ServerTest {

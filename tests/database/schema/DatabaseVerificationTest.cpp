@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "database/schema/SchemaTriggers.h"
+#include "tests/support/CustodyRuleSentences.h"
 #include "tests/support/RaisedBy.h"
 #include "tests/support/TestDatabase.h"
 
@@ -22,19 +23,10 @@ using Kind = StoredItemTypes;
 using Type = StorageLocationTypes;
 using Lines = std::vector<std::string>;
 
-constexpr const char* numbered = "The custody rows of an item are numbered from 1 without gaps.";
 constexpr const char* values = "Custody rows contain whole numbers and dates.";
-constexpr const char* owners = "Custody rows belong to an item and a location that exist.";
-constexpr const char* latest = "The current custody row of an item is its latest one.";
-constexpr const char* disposition = "An item with a final disposition has a current custody row.";
-constexpr const char* dispositionFlag = "The flag of a final disposition is 0 or 1.";
-constexpr const char* tree = "Every location is in the tree, in the category of its container.";
-constexpr const char* names = "No two locations of one container and category have the same name.";
 constexpr const char* locationValues = "Locations have a name, a flag and dates.";
 constexpr const char* references = "Every reference leads to a record.";
 constexpr const char* file = "The pages, indexes and constraints of the file are sound.";
-constexpr const char* objects = "All tables, indexes, views and triggers of the schema are there.";
-constexpr const char* places = "The side table CurrentPlace lists every item at its location.";
 constexpr const char* descriptions = "The side table PropertyDescription agrees with the descriptions of the items.";
 
 // Damages what the schema protects, with its triggers and foreign keys off.
