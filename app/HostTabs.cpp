@@ -1,6 +1,7 @@
 #include "app/HostTabs.h"
 
 #include "app/common/HostGuard.h"
+#include "app/common/ThemedSheet.h"
 #include "app/records/RecordPage.h"
 #include "app/scanner/PrinterChoice.h"
 #include "app/scanner/ScannerPage.h"
@@ -72,8 +73,7 @@ HostTabs::HostTabs(QWidget* parent) : QWidget(parent) {
 QWidget* HostTabs::MakeStrip() {
     auto* strip = new QFrame(this);
     strip->setObjectName(QStringLiteral("hostTabStrip"));
-    const QColor gray = palette().color(QPalette::Disabled, QPalette::WindowText);
-    strip->setStyleSheet(QString::fromLatin1(stripSheet).arg(gray.name()));
+    SetThemedSheet(strip, QString::fromLatin1(stripSheet));
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 0, 16, 0);
     row->setSpacing(12);

@@ -1,7 +1,9 @@
 #include "app/LoginForm.h"
 
 #include "app/common/PlainLabels.h"
+#include "app/common/ThemedSheet.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -33,7 +35,7 @@ QLineEdit* MakeField(const char* name, const QString& caption, QWidget* parent) 
 LoginForm::LoginForm(const QString& agency, const std::optional<QString>& user,
                      const std::vector<SampleAccount>& accounts, QWidget* parent)
     : QWidget(parent), m_user(user) {
-    setStyleSheet(QString::fromLatin1(sheet));
+    SetThemedSheet(this, QString::fromLatin1(sheet));
     auto* card = new QFrame(this);
     card->setObjectName(QStringLiteral("card"));
     card->setFixedWidth(cardWidth);
@@ -77,10 +79,7 @@ QWidget* LoginForm::MakeFields(const QString& agency) {
 
     m_error = MakeLabel(QString(), 13, QFont::Normal, fields);
     m_error->setObjectName(QStringLiteral("loginError"));
-    QPalette red = m_error->palette();
-    red.setColor(QPalette::WindowText,
-                 red.color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000));
-    m_error->setPalette(red);
+    SetColor(m_error, FailureColor());
     m_error->hide();
     column->addSpacing(4);
     column->addWidget(m_error);
@@ -143,6 +142,11 @@ void LoginForm::ShowFailure(const QString& sentence) {
 void LoginForm::Submit() {
     if (m_password->text().isEmpty()) return m_password->setFocus();
     emit Submitted(m_user ? *m_user : m_username->text().trimmed(), m_password->text());
+}
+
+void LoginForm::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_error) SetColor(m_error, FailureColor());
 }
 
 void LoginForm::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), palette().button()); }

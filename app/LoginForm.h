@@ -32,6 +32,7 @@ signals:
     void Submitted(const QString& username, const QString& password);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

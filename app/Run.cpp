@@ -6,6 +6,7 @@
 #include "app/LogFile.h"
 #include "app/MainWindow.h"
 #include "app/RunningProgram.h"
+#include "app/SystemTheme.h"
 #include "app/Termination.h"
 #include "app/Tour.h"
 #include "app/WindowSize.h"
@@ -44,6 +45,7 @@ int ShowDepartment(const Options& options, const Department& department, const T
     if (options.tourDirectory)
         return PlayTour(window, QString::fromStdString(*options.tourDirectory), department, termination,
                         options.uncategorized ? TourScenario::Categorization : TourScenario::Department);
+    const SystemTheme theme(QDBusConnection::sessionBus());
     if (options.record) window.OpenRecord(*options.record);
     const auto server = department.scratch ? nullptr : ListenForRecords(department.path, window);
     RestoreWindowSize(window, WindowSizeFile());

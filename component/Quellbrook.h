@@ -20,7 +20,8 @@ namespace quellbrook {
 void Startup();
 void Shutdown();
 
-// Applies the component's palette, fonts and style to the whole application, so that host and component look alike.
+// Applies the component's palette, fonts and style to the whole application, so that host and component look alike. May
+// be called again while views and dialogs are open.
 void InstallTheme(bool dark);
 // Surrounds a control of the host with the component's focus ring while it has the focus. With the theme's style,
 // QPushButton, QLineEdit and QComboBox have it already.

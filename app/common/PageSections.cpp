@@ -1,6 +1,7 @@
 #include "app/common/PageSections.h"
 
 #include "app/common/PlainLabels.h"
+#include "app/common/ThemedSheet.h"
 
 #include <QFrame>
 
@@ -9,7 +10,7 @@ namespace quellbrook {
 QFrame* MakeRule(QWidget* parent) {
     auto* rule = new QFrame(parent);
     rule->setFixedHeight(1);
-    rule->setStyleSheet(QStringLiteral("background: palette(mid); border: none;"));
+    SetThemedSheet(rule, QStringLiteral("background: palette(mid); border: none;"));
     return rule;
 }
 

@@ -1,5 +1,6 @@
 #include "app/common/PlainLabels.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -61,10 +62,16 @@ QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget
     return label;
 }
 
-void MakeQuiet(QWidget* widget) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
-    widget->setPalette(palette);
+void MakeQuiet(QWidget* widget) { widget->setForegroundRole(QPalette::PlaceholderText); }
+
+QColor FailureColor() {
+    return QApplication::palette().color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000);
+}
+
+void SetColor(QWidget* label, const QColor& color) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, color);
+    label->setPalette(palette);
 }
 
 ElidedLabel::ElidedLabel(const QString& text, int pixels, QFont::Weight weight, QWidget* parent)
@@ -87,7 +94,7 @@ bool ElidedLabel::event(QEvent* event) {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(palette().color(foregroundRole()));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetrics(font()).elidedText(OneLine(text()), Qt::ElideRight, width()));
 }
@@ -111,7 +118,7 @@ void WrappedLabel::paintEvent(QPaintEvent*) {
     QTextLayout layout;
     LayOut(layout, *this, width());
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(palette().color(foregroundRole()));
     layout.draw(&painter, QPointF(0, 0));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QLabel>
 
@@ -12,6 +13,9 @@ QFont SizedFont(int pixels, QFont::Weight weight);
 QLabel* MakeLabel(const QString& text, int pixels, QFont::Weight weight, QWidget* parent);
 // Gray text, as in captions.
 void MakeQuiet(QWidget* widget);
+// The color of the text of a failure. It depends on the application's palette.
+QColor FailureColor();
+void SetColor(QWidget* label, const QColor& color);
 
 // One line, elided at the end, with the whole text as a tooltip. Line ends and tabs are shown as blanks.
 class ElidedLabel : public QLabel {

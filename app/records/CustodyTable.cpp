@@ -1,7 +1,9 @@
 #include "app/records/CustodyTable.h"
 
+#include "app/common/ThemedSheet.h"
 #include "app/records/RecordTexts.h"
 
+#include <QApplication>
 #include <QHeaderView>
 
 #include <algorithm>
@@ -11,6 +13,7 @@ namespace quellbrook {
 namespace {
 
 constexpr int locationColumn = 4;
+constexpr int isMissingRole = Qt::UserRole;
 constexpr int rowHeight = 36, headerHeight = 32, columnGap = 6, widestColumn = 200, widestLocation = 1000;
 
 const char* const sheet = R"css(
@@ -21,8 +24,6 @@ QHeaderView::section { background: palette(window); color: %1; font-size: 12px; 
                        border-bottom: 1px solid palette(mid); padding: 0 6px; }
 )css";
 
-QColor Gray() { return QPalette().color(QPalette::Disabled, QPalette::WindowText); }
-
 QTreeWidgetItem* MakeRow(const CustodyStep& step) {
     const QStringList texts{DateOf(step), ToShown(step.reason), ToShown(step.receivedFrom), ToShown(step.receivedBy),
                             ToShown(step.location)};
@@ -31,10 +32,8 @@ QTreeWidgetItem* MakeRow(const CustodyStep& step) {
     for (int column = 0; column < texts.size(); ++column) {
         const QString& text = texts[column];
         row->setText(column, text.isEmpty() ? QObject::tr("Not specified") : text);
-        if (text.isEmpty())
-            row->setForeground(column, Gray());
-        else
-            row->setToolTip(column, "<span>" + text.toHtmlEscaped() + "</span>");
+        row->setData(column, isMissingRole, text.isEmpty());
+        if (!text.isEmpty()) row->setToolTip(column, "<span>" + text.toHtmlEscaped() + "</span>");
     }
     return row;
 }
@@ -44,7 +43,7 @@ QTreeWidgetItem* MakeRow(const CustodyStep& step) {
 CustodyTable::CustodyTable(const std::vector<CustodyStep>& steps, QWidget* parent) : QTreeWidget(parent) {
     setObjectName(QStringLiteral("custody"));
     setAccessibleName(tr("Chain of custody"));
-    setStyleSheet(QString::fromLatin1(sheet).arg(Gray().name()));
+    SetThemedSheet(this, QString::fromLatin1(sheet));
     setHeaderLabels({tr("Date"), tr("Reason"), tr("Received from"), tr("Received by"), tr("Location")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
@@ -58,6 +57,7 @@ CustodyTable::CustodyTable(const std::vector<CustodyStep>& steps, QWidget* paren
     QList<QTreeWidgetItem*> rows;
     for (const CustodyStep& step : steps) rows.push_back(MakeRow(step));
     addTopLevelItems(rows);
+    ColorMissingTexts();
     for (int column = 0; column < locationColumn; ++column) {
         resizeColumnToContents(column);
         setColumnWidth(column, std::min(columnWidth(column) + columnGap, widestColumn));
@@ -72,6 +72,18 @@ CustodyTable::CustodyTable(const std::vector<CustodyStep>& steps, QWidget* paren
 void CustodyTable::FitColumns() {
     const int left = viewport()->width() - header()->sectionPosition(locationColumn);
     setColumnWidth(locationColumn, std::max(m_locationWidth, left));
+}
+
+void CustodyTable::ColorMissingTexts() {
+    const QColor gray = QApplication::palette().color(QPalette::Disabled, QPalette::WindowText);
+    for (int row = 0; row < topLevelItemCount(); ++row)
+        for (int column = 0; column < columnCount(); ++column)
+            if (topLevelItem(row)->data(column, isMissingRole).toBool()) topLevelItem(row)->setForeground(column, gray);
+}
+
+void CustodyTable::changeEvent(QEvent* event) {
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) ColorMissingTexts();
 }
 
 void CustodyTable::resizeEvent(QResizeEvent* event) {

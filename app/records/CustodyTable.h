@@ -15,9 +15,11 @@ public:
     explicit CustodyTable(const std::vector<CustodyStep>& steps, QWidget* parent = nullptr);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void ColorMissingTexts();
     void FitColumns();
 
     int m_locationWidth = 0;  // width of the longest path

@@ -1,5 +1,7 @@
 #include "app/records/PictureLabel.h"
 
+#include "app/common/ThemedSheet.h"
+
 #include <QPainter>
 
 namespace quellbrook {
@@ -26,7 +28,7 @@ PictureLabel::PictureLabel(const Picture& picture, const QSize& bounds, QWidget*
     if (m_size.width() > inside.width() || m_size.height() > inside.height()) m_size.scale(inside, Qt::KeepAspectRatio);
     m_size = m_size.expandedTo(QSize(1, 1));
     setObjectName(QStringLiteral("picture"));
-    setStyleSheet(QStringLiteral("border: %1px solid palette(mid);").arg(frame));
+    SetThemedSheet(this, QStringLiteral("border: %1px solid palette(mid);").arg(frame));
     setFixedSize(m_size + QSize(2 * frame, 2 * frame));
     FitTo(devicePixelRatioF());
 }

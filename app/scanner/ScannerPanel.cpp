@@ -7,6 +7,8 @@
 #include "app/scanner/TestSymbol.h"
 #include "component/Labels.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QGridLayout>
 #include <QVBoxLayout>
 
@@ -26,12 +28,12 @@ QString TextOf(ScanVerdict verdict) {
     return QObject::tr("This was not a scan.");
 }
 
-QColor ColorOf(ScanVerdict verdict, const QPalette& palette) {
+QColor ColorOf(ScanVerdict verdict) {
+    const QPalette palette = QApplication::palette();
     switch (verdict) {
     case ScanVerdict::Correct:
     case ScanVerdict::Works: return palette.color(QPalette::Link);
-    case ScanVerdict::NeedsChange:
-        return palette.color(QPalette::Window).lightness() < 128 ? QColor(0xFF8A80) : QColor(0xC00000);
+    case ScanVerdict::NeedsChange: return FailureColor();
     case ScanVerdict::TypedByHand: break;
     }
     return palette.color(QPalette::WindowText);
@@ -111,9 +113,8 @@ void ScannerPanel::AddReading(QVBoxLayout& column) {
 void ScannerPanel::ShowReading(const std::vector<ScannedKey>& keys) {
     const ScanDiagnosis diagnosis = DiagnoseScan(keys);
     m_verdict->setText(TextOf(diagnosis.verdict));
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, ColorOf(diagnosis.verdict, colors));
-    m_verdict->setPalette(colors);
+    m_lastVerdict = diagnosis.verdict;
+    SetColor(m_verdict, ColorOf(m_lastVerdict));
     m_sentences->setText(TextOf(diagnosis.sentences));
     m_reading->setText(QString::fromStdString(diagnosis.reading));
     m_meaning->setText(diagnosis.meaning.empty() ? tr("Nothing") : QString::fromStdString(diagnosis.meaning));
@@ -122,6 +123,11 @@ void ScannerPanel::ShowReading(const std::vector<ScannedKey>& keys) {
     m_result->show();
     // A screen reader reports the result while the focus stays in the field.
     m_field->setAccessibleDescription(m_verdict->text() + ". " + m_sentences->text());
+}
+
+void ScannerPanel::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_verdict) SetColor(m_verdict, ColorOf(m_lastVerdict));
 }
 
 }  // namespace quellbrook

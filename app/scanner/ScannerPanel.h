@@ -21,13 +21,17 @@ public:
     // The field that gets the focus for the panel.
     ScanField* Field() const { return m_field; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void AddReading(QVBoxLayout& column);
     void ShowReading(const std::vector<ScannedKey>& keys);
 
     ScanField* m_field;
     QWidget* m_result;
-    QLabel* m_verdict;
+    QLabel* m_verdict = nullptr;
+    ScanVerdict m_lastVerdict = ScanVerdict::TypedByHand;
     QLabel* m_reading;
     QLabel* m_meaning;
     QLabel* m_sentences;

@@ -137,6 +137,11 @@ void frmModal::SetPicture() {
     m_icon->SetForeColor(PictureColor(icon));
 }
 
+void frmModal::changeEvent(QEvent* event) {
+    ModuleForm::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_icon) m_icon->SetForeColor(PictureColor(m_icon->IconName()));
+}
+
 void frmModal::FinishWith(int32_t result) {
     m_result = result;
     done(result);

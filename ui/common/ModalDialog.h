@@ -37,6 +37,7 @@ protected:
     void OnCancel() override;
     bool CancelsOnEscape() const override { return ModalCancelsOnEscape(m_style); }
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -66,7 +67,7 @@ private:
     GroupBox* m_titlebar;
     Label* m_titleLabel;
     Link* m_close;
-    FontIcon* m_icon;
+    FontIcon* m_icon = nullptr;
     Label* m_message;
     QScrollArea* m_scroll = nullptr;  // only for a message that is higher than the screen
     GroupBox* m_buttonStrip;

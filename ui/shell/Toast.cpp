@@ -84,6 +84,11 @@ void Toast::Popup(const std::string& message) {
     Announce();
 }
 
+void Toast::changeEvent(QEvent* event) {
+    Control::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_icon) m_icon->SetForeColor(MarkColor());
+}
+
 void Toast::Announce() {
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

@@ -25,6 +25,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void Layout() override;
     void paintEvent(QPaintEvent* event) override;

@@ -51,14 +51,27 @@ public:
     }
 };
 
+// QFocusFrame hides itself when the control gets another style or style sheet.
+class Ring : public QFocusFrame {
+public:
+    using QFocusFrame::QFocusFrame;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool handled = QFocusFrame::eventFilter(watched, event);
+        if (event->type() == QEvent::StyleChange && watched == widget() && widget()->isVisible()) show();
+        return handled;
+    }
+};
+
 void MoveRing(QWidget* focused) {
-    static QPointer<QFocusFrame> ring;
+    static QPointer<Ring> ring;
     delete ring;
     QWidget* control = focused;
     if (control && control->parentWidget() && control->parentWidget()->focusProxy() == control)
         control = control->parentWidget();
     if (!control || control->isWindow() || !control->property(HasRing).toBool()) return;
-    ring = new QFocusFrame(control->window());
+    ring = new Ring(control->window());
     auto* style = new RingStyle;
     style->setParent(ring);
     ring->setStyle(style);
