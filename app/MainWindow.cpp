@@ -5,6 +5,7 @@
 #include "app/scanner/ScanField.h"
 #include "base/FormatCount.h"
 #include "base/Screen.h"
+#include "component/PublicClasses.h"
 #include "component/Quellbrook.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
@@ -32,8 +33,10 @@ QString Scheme() { return QString::fromLatin1(RecordScheme.data(), RecordScheme.
 }  // namespace
 
 MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user,
-                       const std::vector<SampleAccount>& accounts)
-    : m_scanDropper([this] { return DropsScans(); }) {
+                       const std::vector<SampleAccount>& accounts, ClassObjectGetter getClassObject)
+    : m_getClassObject(getClassObject),
+      m_component(CreateComponentObject<Singletons>(getClassObject, ClassId::Singletons)),
+      m_scanDropper([this] { return DropsScans(); }) {
     setObjectName(QStringLiteral("hostWindow"));
     setWindowTitle(tr("Quellbrook - %1").arg(agency));
     setMinimumSize(smallestSize);
@@ -108,11 +111,15 @@ void MainWindow::EnterEvidence() {
     // The wizard leaves this window usable, so disable a second login.
     m_login->setEnabled(false);
     const auto enableLogin = qScopeGuard([this] { m_login->setEnabled(true); });
-    const bool entered = InitializeQuellbrook();
+    const bool entered = m_component->InitializeQuellbrook();
     SetDialogParent(this);  // the wizard may have set its own form
     if (!entered) return;
     m_pages->setCurrentWidget(m_tabs);
-    m_evidence = CreateEvidenceUI(m_tabs);
+    const auto evidence = CreateComponentObject<QWidget>(m_getClassObject, ClassId::EvidenceUI);
+    m_evidence = evidence.get();
+    m_evidence->setParent(m_tabs);
+    // Whatever deletes the control releases the reference.
+    connect(m_evidence, &QObject::destroyed, this, [evidence] {});
     m_evidence->setObjectName(QStringLiteral("evidence"));
     m_tabs->SetEvidence(m_evidence);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ComponentLibrary.h"
 #include "app/LoginForm.h"
 #include "app/records/RecordAddress.h"
 #include "component/Scanner.h"
@@ -18,6 +19,7 @@ class QUrl;
 namespace quellbrook {
 
 class HostTabs;
+class Singletons;
 
 // The window of the reference host: the login form, then the tabs. Each login runs the gate and, if it returns true,
 // creates a new EvidenceUI. Logging out destroys it. With an open batch, the window asks before it logs out or closes.
@@ -27,7 +29,9 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts);
+    // Creates the objects of the component by its class factories.
+    MainWindow(const QString& agency, const std::optional<QString>& user, const std::vector<SampleAccount>& accounts,
+               ClassObjectGetter getClassObject = &DllGetClassObject);
     ~MainWindow() override;
 
     // Shows the record in its own tab, as soon as a user is logged in and no dialog is open.
@@ -48,6 +52,8 @@ private:
     void OpenWaiting();
     Q_INVOKABLE void OpenAddress(const QUrl& address);
 
+    ClassObjectGetter m_getClassObject;
+    std::shared_ptr<Singletons> m_component;
     QStackedWidget* m_pages;
     LoginForm* m_login;
     HostTabs* m_tabs;

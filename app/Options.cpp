@@ -36,8 +36,6 @@ constexpr OptionDefinition definitions[] = {
      "menu on a scratch copy of the sample with real key and mouse events. With --uncategorized: play the wizard. With "
      "--database odbc:CONNECTION STRING: create the sample in that empty database and play there. Write a picture of "
      "each step and tour.json to DIR. Requires a separate X server and xdotool."},
-    {"gallery", nullptr, "Show every control in each of its states, light and dark. Does not need a department."},
-    {"gallery-pictures", "DIR", "Write the gallery as light.png and dark.png to DIR and exit."},
     {"register", nullptr,
      "Let this user's desktop open record addresses with this program, in the department that --database or --size "
      "names."},
@@ -129,11 +127,6 @@ std::optional<RecordAddress> RecordOf(const QCommandLineParser& parser, std::opt
 void CheckCombination(const Options& options) {
     const bool opensRecord = options.record || options.refusedRecord;
     const bool namesDatabase = options.databasePath || options.server;
-    const bool opensDepartment = namesDatabase || options.create || options.user || options.size ||
-                                 options.tourDirectory || opensRecord || options.fresh || options.uncategorized ||
-                                 options.registerScheme || options.verify || options.repair || options.sample;
-    if ((options.gallery || options.galleryDirectory) && opensDepartment)
-        Refuse("The gallery shows controls, not a department. It can't be combined with other options.");
     if (options.create && !options.server)
         Refuse("--create needs --database odbc:CONNECTION STRING. A file is created on first use.");
     if (options.create && (options.fresh || options.uncategorized || options.user || options.tourDirectory ||
@@ -173,13 +166,11 @@ Options ParseOptions(const QStringList& arguments) {
     options.user = ValueOf(parser, "user");
     options.size = SizeOf(parser);
     options.tourDirectory = ValueOf(parser, "tour");
-    options.galleryDirectory = ValueOf(parser, "gallery-pictures");
     options.record = RecordOf(parser, options.refusedRecord);
     options.create = parser.isSet(QStringLiteral("create"));
     options.sample = parser.isSet(QStringLiteral("sample"));
     options.fresh = parser.isSet(QStringLiteral("fresh"));
     options.uncategorized = parser.isSet(QStringLiteral("uncategorized"));
-    options.gallery = parser.isSet(QStringLiteral("gallery"));
     options.registerScheme = parser.isSet(QStringLiteral("register"));
     options.verify = parser.isSet(QStringLiteral("verify"));
     options.repair = parser.isSet(QStringLiteral("repair"));

@@ -20,12 +20,10 @@ struct Options {
     std::optional<std::string> user;
     std::optional<int32_t> size;
     std::optional<std::string> tourDirectory;
-    std::optional<std::string> galleryDirectory;  // of --gallery-pictures
     std::optional<RecordAddress> record;
     std::optional<Error> refusedRecord;  // why the address of a record is refused; shown on the screen
     bool fresh = false;
     bool uncategorized = false;
-    bool gallery = false;
     bool registerScheme = false;
     bool verify = false;
     bool repair = false;

@@ -12,7 +12,6 @@
 #include "app/WindowSize.h"
 #include "app/scanner/PrinterChoice.h"
 #include "base/Error.h"
-#include "demo/gallery/GalleryWindow.h"
 #include "host/DatabaseSession.h"
 #include "host/HostServices.h"
 
@@ -29,19 +28,20 @@ namespace {
 
 void Refuse(const Options& options, const Error& error) {
     std::fprintf(stderr, "%s\n", error.what());
-    if (options.tourDirectory || options.galleryDirectory) return;  // they run unattended
+    if (options.tourDirectory) return;  // they run unattended
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Quellbrook"), QString::fromStdString(error.Description()));
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
 
-int ShowDepartment(const Options& options, const Department& department, const Termination& termination) {
+int ShowDepartment(const Options& options, const Department& department, ClassObjectGetter getClassObject,
+                   const Termination& termination) {
     UseDepartment(department);
     HostServices::Current().SetFormats(FormatsOf(QLocale::system()));
     ApplyPrinterChoice(PrinterChoiceFile());
     std::optional<QString> user;
     if (options.user) user = QString::fromStdString(*options.user);
-    MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow());
+    MainWindow window(QString::fromStdString(DatabaseSession().AgencyName()), user, AccountsToShow(), getClassObject);
     if (options.tourDirectory)
         return PlayTour(window, QString::fromStdString(*options.tourDirectory), department, termination,
                         options.uncategorized ? TourScenario::Categorization : TourScenario::Department);
@@ -57,7 +57,7 @@ int ShowDepartment(const Options& options, const Department& department, const T
 
 }  // namespace
 
-int RunHost(const Options& options) {
+int RunHost(const Options& options, const std::function<ClassObjectGetter()>& openComponent) {
     const QString dataDirectory = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     const LogFile log(dataDirectory);
     if (options.refusedRecord) {
@@ -68,9 +68,9 @@ int RunHost(const Options& options) {
     const ComponentLifetime component;
     const Termination termination;
     try {
-        if (options.gallery || options.galleryDirectory) return gallery::RunGallery(options.galleryDirectory);
+        const ClassObjectGetter getClassObject = openComponent();
         return ShowDepartment(options, OpenDepartmentWithProgress(options, dataDirectory.toStdString(), termination),
-                              termination);
+                              getClassObject, termination);
     } catch (...) {
         if (termination.IsRequested()) return Termination::ExitCode;
         Refuse(options, CurrentError());

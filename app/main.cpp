@@ -1,3 +1,4 @@
+#include "app/ComponentLibrary.h"
 #include "app/Creation.h"
 #include "app/Options.h"
 #include "app/Registration.h"
@@ -39,5 +40,7 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quellbrook"));
-    return RunHost(options);
+    return RunHost(options, [] {
+        return OpenComponentLibrary(ClassRecordPaths(QCoreApplication::applicationDirPath().toStdString()));
+    });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -9,12 +10,15 @@ namespace quellbrook {
 // collections. TypeName() returns the class name for error texts.
 class Object {
 public:
-    virtual ~Object() = default;
+    virtual ~Object();
     virtual std::string TypeName() const = 0;
 
+    // How many objects exist in the process, of any class.
+    static int64_t LiveCount() noexcept;
+
 protected:
-    Object() = default;
-    Object(const Object&) = default;
+    Object() noexcept;
+    Object(const Object&) noexcept;
     Object& operator=(const Object&) = default;
 };
 

@@ -1,5 +1,6 @@
 #include "benchmarks/Rows.h"
 #include "benchmarks/Yardstick.h"
+#include "component/EvidenceUI.h"
 #include "component/Quellbrook.h"
 #include "core/Actions.h"
 #include "core/Stores.h"

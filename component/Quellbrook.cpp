@@ -1,6 +1,7 @@
 #include "component/Quellbrook.h"
 
 #include "base/Environment.h"
+#include "component/UseCount.h"
 #include "core/Singletons.h"
 #include "core/Stores.h"
 #include "database/LockWait.h"
@@ -9,13 +10,13 @@
 #include "ui/common/WidgetScreen.h"
 #include "ui/locations/SetupLocationsForm.h"
 #include "ui/platform/Repaint.h"
-#include "ui/shell/EvidenceUI.h"
 #include "ui/style/FlatStyle.h"
 #include "ui/style/FocusRing.h"
 #include "ui/style/Theme.h"
 
 #include <QApplication>
 
+#include <optional>
 #include <thread>
 
 namespace quellbrook {
@@ -23,7 +24,6 @@ namespace quellbrook {
 namespace {
 
 int startups = 0;
-std::unique_ptr<EnvironmentScope> installed;
 
 Environment EnvironmentWithWizard() {
     static WizardScreen screen;
@@ -31,6 +31,13 @@ Environment EnvironmentWithWizard() {
     environment.screen = &screen;
     return environment;
 }
+
+// What exists while the component is started.
+struct Started {
+    UseCount use;
+    EnvironmentScope environment{EnvironmentWithWizard()};
+};
+std::optional<Started> started;
 
 void PauseForLock(std::chrono::milliseconds time) {
     constexpr std::chrono::milliseconds noticeable(50);
@@ -43,7 +50,7 @@ void PauseForLock(std::chrono::milliseconds time) {
 void Startup() {
     if (startups == 0) {
         InstallAccessibility();
-        installed = std::make_unique<EnvironmentScope>(EnvironmentWithWizard());
+        started.emplace();
         SetLockPause(PauseForLock);
     }
     ++startups;
@@ -53,7 +60,7 @@ void Shutdown() {
     if (startups == 0 || --startups > 0) return;
     GetSingletons().Reset();
     SetLockPause(nullptr);
-    installed.reset();
+    started.reset();
 }
 
 void InstallTheme(bool dark) {
@@ -68,11 +75,5 @@ void SetDialogParent(QWidget* window) { GetSingletons().SetDialogParent(std::mak
 bool InitializeQuellbrook() { return GetSingletons().InitializeQuellbrook(); }
 
 int ItemsInOpenBatch() { return GetStores().Cart->GetItems()->Count(); }
-
-QWidget* CreateEvidenceUI(QWidget* parent) {
-    auto* control = new EvidenceUI(parent);
-    control->hide();
-    return control;
-}
 
 }  // namespace quellbrook

@@ -10,7 +10,7 @@ namespace quellbrook {
 //   Startup                     after QApplication
 //   SetDialogParent             its main window, at each login, before the gate
 //   InitializeQuellbrook        the gate, at each login
-//   CreateEvidenceUI            only if the gate returned true
+//   CreateEvidenceUI            (component/EvidenceUI.h) only if the gate returned true
 //   Shutdown                    after the last EvidenceUI, before QApplication is destroyed
 // The host shows the Errors that these functions throw.
 
@@ -38,8 +38,5 @@ bool InitializeQuellbrook();
 // The number of items in the open batch; 0 without a batch. A host asks the user before it logs out or ends with an
 // open batch, since the batch is then lost. Only while an EvidenceUI exists.
 int ItemsInOpenBatch();
-
-// A new EvidenceUI, hidden, owned by the parent. Its Qt property BorderStyle (integer, default 0) frames it.
-QWidget* CreateEvidenceUI(QWidget* parent);
 
 }  // namespace quellbrook

@@ -18,7 +18,7 @@ std::string Refusal(const QStringList& arguments) {
 TEST(Options, NoArgumentOpensTheSample) {
     const Options options = Parsed({});
     EXPECT_FALSE(options.databasePath || options.user || options.size || options.tourDirectory || options.record);
-    EXPECT_FALSE(options.fresh || options.gallery || options.registerScheme || options.help);
+    EXPECT_FALSE(options.fresh || options.registerScheme || options.help);
 }
 
 TEST(Options, AValueFollowsItsOptionOrAnEqualsSign) {
@@ -38,22 +38,9 @@ TEST(Options, FlagsAndValuesCombine) {
     EXPECT_TRUE(Parsed({"--help"}).help);
 }
 
-TEST(Options, TheGalleryCombinesWithNoOtherOption) {
-    EXPECT_TRUE(Parsed({"--gallery"}).gallery);
-    EXPECT_FALSE(Parsed({"--gallery"}).galleryDirectory);
-    EXPECT_EQ(Parsed({"--gallery-pictures", "out"}).galleryDirectory, "out");
-    EXPECT_EQ(Parsed({"--gallery", "--gallery-pictures=out"}).galleryDirectory, "out");
-    const std::string alone = "The gallery shows controls, not a department. It can't be combined with other options.";
-    for (const char* other :
-         {"--fresh", "--uncategorized", "--user=clerk", "--size=5", "--tour=out", "--database=sqlite:a"}) {
-        EXPECT_EQ(Refusal({"--gallery", other}), alone) << other;
-        EXPECT_EQ(Refusal({other, "--gallery-pictures=out"}), alone) << other;
-    }
-}
-
 TEST(Options, AnUnknownOptionIsNamed) {
     EXPECT_EQ(Refusal({"--colors"}), "Unknown option '--colors'. See --help.");
-    EXPECT_EQ(Refusal({"--galery"}), "Unknown option '--galery'. See --help.");
+    EXPECT_EQ(Refusal({"--tuor"}), "Unknown option '--tuor'. See --help.");
     EXPECT_EQ(Refusal({"--colors=red"}), "Unknown option '--colors'. See --help.");
     EXPECT_EQ(Refusal({"-v"}), "Unknown option '-v'. See --help.");
     EXPECT_EQ(Refusal({"sample.sqlite"}),
@@ -63,7 +50,7 @@ TEST(Options, AnUnknownOptionIsNamed) {
 TEST(Options, AMissingOrUnexpectedValueIsNamed) {
     EXPECT_EQ(Refusal({"--user"}), "Missing value after '--user'.");
     EXPECT_EQ(Refusal({"--tour="}), "Missing value after '--tour'.");
-    EXPECT_EQ(Refusal({"--gallery-pictures"}), "Missing value after '--gallery-pictures'.");
+    EXPECT_EQ(Refusal({"--tour"}), "Missing value after '--tour'.");
     EXPECT_EQ(Refusal({"--fresh=yes"}), "Unexpected value after '--fresh'.");
     EXPECT_EQ(Refusal({"--register=yes"}), "Unexpected value after '--register'.");
 }
@@ -177,9 +164,9 @@ TEST(Options, RegisteringCombinesWithDatabaseAndSizeOnly) {
 
 TEST(Options, TheHelpNamesEveryOption) {
     const std::string help = HelpText();
-    for (const char* text : {"--database <URL>", "--create", "--sample  ", "--size <N>", "--fresh", "--uncategorized",
-                             "--user <NAME>", "--tour <DIR>", "--gallery ", "--gallery-pictures <DIR>", "--register",
-                             "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
+    for (const char* text :
+         {"--database <URL>", "--create", "--sample  ", "--size <N>", "--fresh", "--uncategorized", "--user <NAME>",
+          "--tour <DIR>", "--register", "tessarine://miproperty/open/NUMBER", "--verify", "--repair ", "--help"})
         EXPECT_NE(help.find(text), std::string::npos) << text << "\n" << help;
 }
 
@@ -194,8 +181,6 @@ TEST(Options, VerifyingCombinesWithADepartmentOnly) {
             EXPECT_EQ(Refusal({flag, other}),
                       "--verify and --repair open no window. They can only be combined with --database or --size.")
                 << flag << " " << other;
-        EXPECT_EQ(Refusal({flag, "--gallery"}),
-                  "The gallery shows controls, not a department. It can't be combined with other options.");
     }
 }
 

@@ -44,7 +44,7 @@ protected:
             }
         });
         eachEvent.start(0);
-        return RunHost(options);
+        return RunHost(options, [] { return &DllGetClassObject; });
     }
 
     ScratchWorkstation m_workstation;
@@ -71,18 +71,39 @@ TEST_F(RunTest, TheWindowHasTheSizeThatItHadAtTheEndOfTheLastRun) {
     Run(options, [&](MainWindow& window) { EXPECT_EQ(window.size(), chosen); });
 }
 
+// Closes the first modal window and returns its text if it is a message in plain text.
+class RefusalReader {
+public:
+    RefusalReader() {
+        QTimer::singleShot(0, &m_context, [this] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (const auto* box = qobject_cast<QMessageBox*>(modal); box && box->textFormat() == Qt::PlainText)
+                m_text = box->text();
+            if (modal) modal->close();
+        });
+    }
+    const QString& Text() const { return m_text; }
+
+private:
+    QObject m_context;
+    QString m_text;
+};
+
 TEST_F(RunTest, AnAddressThatIsRefusedIsShownAsPlainText) {
     Options options;
     options.refusedRecord = Error(ErrorNumber::General, "ParseRecordAddress", "There is no record <b>7</b>.");
-    QString shown;
-    QTimer::singleShot(0, qApp, [&] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (const auto* box = qobject_cast<QMessageBox*>(modal); box && box->textFormat() == Qt::PlainText)
-            shown = box->text();
-        if (modal) modal->close();
-    });
-    EXPECT_EQ(RunHost(options), 2);
-    EXPECT_EQ(shown, "There is no record <b>7</b>.");
+    const RefusalReader shown;
+    EXPECT_EQ(RunHost(options, [] { return &DllGetClassObject; }), 2);
+    EXPECT_EQ(shown.Text(), "There is no record <b>7</b>.");
+}
+
+TEST_F(RunTest, AMissingComponentIsShownBeforeADepartmentIsOpened) {
+    Options options;
+    options.databasePath = m_workstation.In("missing.sqlite");
+    const RefusalReader shown;
+    const auto refuse = []() -> ClassObjectGetter { Raise(ErrorNumber::General, "Test", "No <b>component</b>."); };
+    EXPECT_EQ(RunHost(options, refuse), 1);
+    EXPECT_EQ(shown.Text(), "No <b>component</b>.");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "base/Environment.h"
+#include "component/EvidenceUI.h"
 #include "component/Quellbrook.h"
 #include "core/Dispatcher.h"
 #include "database/SqliteEngine.h"

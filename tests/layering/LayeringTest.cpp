@@ -66,7 +66,7 @@ const std::map<std::string, std::vector<std::string>> Narrow = {
     {"app/scanner", {"base", "labels", "host", "component", "app/common"}},
     {"app",
      {"base", "database", "database/odbc", "database/schema", "host", "component", "demo/sample", "demo/tour",
-      "demo/gallery", "app/common", "app/records", "app/scanner"}},
+      "app/common", "app/records", "app/scanner"}},
 };
 
 struct SourceFile {

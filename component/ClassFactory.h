@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+namespace quellbrook {
+
+// The results of the entry points and of class factories, with their usual values. Negative results are failures.
+namespace ComponentResult {
+inline constexpr int32_t Ok = 0;
+inline constexpr int32_t False = 1;
+inline constexpr int32_t NoInterface = static_cast<int32_t>(0x80004002u);
+inline constexpr int32_t NullPointer = static_cast<int32_t>(0x80004003u);
+inline constexpr int32_t Unexpected = static_cast<int32_t>(0x8000FFFFu);
+inline constexpr int32_t NoAggregation = static_cast<int32_t>(0x80040110u);
+inline constexpr int32_t ClassNotAvailable = static_cast<int32_t>(0x80040111u);
+inline constexpr int32_t RegistrationFailed = static_cast<int32_t>(0x80040201u);
+inline constexpr int32_t OutOfMemory = static_cast<int32_t>(0x8007000Eu);
+}  // namespace ComponentResult
+
+// The identifiers of the public classes, as in the record that DllRegisterServer writes.
+namespace ClassId {
+inline constexpr char Singletons[] = "47486c07-9328-4b97-94fb-32a5a1f9d001";
+inline constexpr char EvidenceUI[] = "47486c07-9328-4b97-94fb-32a5a1f9d002";
+inline constexpr char StorageLocation[] = "47486c07-9328-4b97-94fb-32a5a1f9d003";
+inline constexpr char StorageLocationStatic[] = "47486c07-9328-4b97-94fb-32a5a1f9d004";
+inline constexpr char StoredItem[] = "47486c07-9328-4b97-94fb-32a5a1f9d005";
+inline constexpr char StoredItemSearch[] = "47486c07-9328-4b97-94fb-32a5a1f9d006";
+inline constexpr char IncidentInfo[] = "47486c07-9328-4b97-94fb-32a5a1f9d007";
+inline constexpr char CaseInfo[] = "47486c07-9328-4b97-94fb-32a5a1f9d008";
+inline constexpr char TrackingRecord[] = "47486c07-9328-4b97-94fb-32a5a1f9d009";
+}  // namespace ClassId
+
+// The interfaces that a class object has. Both are the ClassFactory.
+namespace InterfaceId {
+inline constexpr char Unknown[] = "00000000-0000-0000-c000-000000000046";
+inline constexpr char ClassFactory[] = "00000001-0000-0000-c000-000000000046";
+}  // namespace InterfaceId
+
+// Creates objects of one public class. Counted by reference: DllGetClassObject adds the first one for its caller.
+class ClassFactory {
+public:
+    // Sets the object and adds a reference, or sets null: NoInterface, NullPointer.
+    virtual int32_t QueryInterface(const char* interfaceId, void** object) = 0;
+    // Both return the new number of references.
+    virtual uint32_t AddRef() = 0;
+    virtual uint32_t Release() = 0;
+    // Sets the object, a shared reference to the class; EvidenceUI is a QWidget without a parent that the reference
+    // deletes, unless a parent has deleted it. Singletons and StorageLocationStatic exist once. NoAggregation if there
+    // is an outer object, NullPointer without a place for the result, Unexpected for EvidenceUI without a QApplication.
+    // Throws what the constructor of the class throws.
+    virtual int32_t CreateInstance(void* outer, std::shared_ptr<void>* object) = 0;
+    // Keeps the library loaded until the lock is taken back. Unexpected if there is no lock to take back.
+    virtual int32_t LockServer(bool isLocked) = 0;
+
+protected:
+    ~ClassFactory() = default;
+};
+
+}  // namespace quellbrook
+
+// The library's entry points, found by name. They throw nothing.
+extern "C" {
+// Writes the record of the class identifiers and of the path of this library: quellbrook/classes.ini in $XDG_DATA_HOME
+// (~/.local/share without it); for root in the first folder of $XDG_DATA_DIRS (/usr/local/share without it).
+// RegistrationFailed if it can't be written.
+int32_t DllRegisterServer();
+// Deletes the record, if there is one. RegistrationFailed if it can't be deleted.
+int32_t DllUnregisterServer();
+// Sets the factory of the class, or null: ClassNotAvailable, NoInterface, NullPointer.
+int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object);
+// Ok if no object, factory, lock or started component is left, so that the library may be unloaded; else False.
+int32_t DllCanUnloadNow();
+}
