@@ -15,6 +15,8 @@ namespace {
 const char* const writeSource = "BatchMarks.Write";
 const char* const readSource = "BatchMarks.WasCommitted";
 
+const char* const withoutMark = "unmarked";
+
 // Few enough for one page of the database, which keeps the cost of a batch low.
 constexpr int64_t marksKept = 64;
 
@@ -29,7 +31,13 @@ std::pair<int64_t, int64_t> Parse(std::string_view mark) {
 
 }  // namespace
 
+bool BatchMarks::HasTable() const {
+    return sqlite3_table_column_metadata(m_database, "main", "BatchMark", "Token", nullptr, nullptr, nullptr, nullptr,
+                                         nullptr) == SQLITE_OK;
+}
+
 std::string BatchMarks::Write() {
+    if (!m_delete && !HasTable()) return withoutMark;
     if (!m_delete) {
         m_insert.emplace(m_database, "INSERT INTO BatchMark (Token) VALUES (?)", writeSource);
         m_delete.emplace(m_database, "DELETE FROM BatchMark WHERE MarkNo <= ?", writeSource);
@@ -45,6 +53,7 @@ std::string BatchMarks::Write() {
 }
 
 bool BatchMarks::WasCommitted(const std::string& mark) const {
+    if (mark == withoutMark) Raise(ErrorNumber::General, readSource, "The database has no table BatchMark.");
     const auto [number, token] = Parse(mark);
     SqliteStatement next(m_database,
                          "SELECT MarkNo = ?1, Token = ?2 FROM BatchMark WHERE MarkNo >= ?1 ORDER BY MarkNo LIMIT 1",

@@ -24,20 +24,22 @@ namespace {
 const char* const executeSource = "SqliteConnection.Execute";
 const char* const querySource = "SqliteConnection.Query";
 
-// Recursive triggers make delete triggers run also for rows that REPLACE removes.
 const char* const settings =
     "PRAGMA journal_mode = WAL;"
     "PRAGMA synchronous = FULL;"
     "PRAGMA foreign_keys = ON;"
-    "PRAGMA recursive_triggers = ON;"
     "PRAGMA temp_store = MEMORY;"
     "PRAGMA cache_size = -65536";
 
-std::unique_ptr<SQLite::Database> OpenDatabase(const std::string& path, int busyMilliseconds) {
+// Makes delete triggers run also for rows that REPLACE removes. Triggers of a host may rely on the default.
+const char* const settingOfProgram = "PRAGMA recursive_triggers = ON";
+
+std::unique_ptr<SQLite::Database> OpenDatabase(const std::string& path, int busyMilliseconds, SchemaOwner owner) {
     try {
         auto database = std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
         WaitForLocks(database->getHandle(), std::chrono::milliseconds(busyMilliseconds));
         database->exec(settings);
+        if (owner == SchemaOwner::Program) database->exec(settingOfProgram);
         return database;
     } catch (const SQLite::Exception& failure) {
         RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
@@ -54,10 +56,10 @@ void BindValues(SqliteStatement& statement, const sql::NormalizedStatement& norm
 }  // namespace
 
 SqliteConnection::SqliteConnection(const std::string& path, int busyMilliseconds,
-                                   std::shared_ptr<const BackgroundCheck> check)
+                                   std::shared_ptr<const BackgroundCheck> check, SchemaOwner owner)
     : m_path(std::filesystem::absolute(path)),
       m_check(std::move(check)),
-      m_database(OpenDatabase(path, busyMilliseconds)),
+      m_database(OpenDatabase(path, busyMilliseconds, owner)),
       m_handle(m_database->getHandle()),
       m_statements(m_handle),
       m_temporaryTables(m_handle),

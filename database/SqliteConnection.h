@@ -20,13 +20,16 @@ namespace quellbrook {
 
 class BackgroundCheck;
 
+// Whose schema a file has: the reference schema of this program, or one of the host's own.
+enum class SchemaOwner { Program, Host };
+
 // A connection to a SQLite file with a write-ahead log, full synchronization and foreign keys. Statements are rewritten
 // from Transact-SQL. Queries and the data-changing statements of batches stay prepared.
 class SqliteConnection : public Connection {
 public:
     // The check belongs to the file and may be null.
     SqliteConnection(const std::string& path, int busyMilliseconds,
-                     std::shared_ptr<const BackgroundCheck> check = nullptr);
+                     std::shared_ptr<const BackgroundCheck> check = nullptr, SchemaOwner owner = SchemaOwner::Program);
     ~SqliteConnection() override;
 
     void Query(const std::string& sql, const std::vector<TaggedValue>& parameters,

@@ -20,6 +20,8 @@ namespace quellbrook {
 
 namespace {
 
+constexpr int longestOpening = 5000;
+
 bool StatesThatItemsAreDistinct(Connection& connection) {
     bool found = false;
     const auto receiver = [&](const Row&) { return !(found = true); };
@@ -29,9 +31,14 @@ bool StatesThatItemsAreDistinct(Connection& connection) {
     return found;
 }
 
-Dialect DialectOf(Connection& connection, const SideTableState& sideTables) {
+Dialect HostDialect() {
     Dialect dialect;
     dialect.concatenation = "||";
+    return dialect;
+}
+
+Dialect DialectOf(Connection& connection, const SideTableState& sideTables) {
+    Dialect dialect = HostDialect();
     dialect.equalsLikeLike = true;  // all text columns of the schema use NOCASE
     dialect.hasCurrentPlace = sideTables.currentPlace;
     dialect.hasDescriptionIndex = sideTables.descriptionIndex;
@@ -48,16 +55,22 @@ std::string NoteOf(const std::string& path, const SchemaUpgrade& upgrade) {
 }  // namespace
 
 std::shared_ptr<SqliteEngine> SqliteEngine::Open(const std::string& path, int busyMilliseconds) {
-    constexpr int longestOpening = 5000;
     const int lockLimit = std::min(busyMilliseconds, longestOpening);
     CheckSqliteFile(path, std::chrono::milliseconds(lockLimit));
     const std::optional<SchemaUpgrade> upgrade = UpgradeDatabase(path, lockLimit);
     SideTableState sideTables = ProveSideTables(path, lockLimit);
     SqliteConnection connection(path, busyMilliseconds);
-    std::shared_ptr<SqliteEngine> engine(new SqliteEngine(path, busyMilliseconds, DialectOf(connection, sideTables)));
+    std::shared_ptr<SqliteEngine> engine(
+        new SqliteEngine(path, busyMilliseconds, SchemaOwner::Program, DialectOf(connection, sideTables)));
     if (upgrade) engine->m_notes.push_back(NoteOf(path, *upgrade));
     for (std::string& note : sideTables.notes) engine->m_notes.push_back(std::move(note));
     return engine;
+}
+
+std::shared_ptr<SqliteEngine> SqliteEngine::OpenHostSchema(const std::string& path, int busyMilliseconds) {
+    CheckHostFile(path, std::chrono::milliseconds(std::min(busyMilliseconds, longestOpening)));
+    const SqliteConnection connection(path, busyMilliseconds, nullptr, SchemaOwner::Host);
+    return std::shared_ptr<SqliteEngine>(new SqliteEngine(path, busyMilliseconds, SchemaOwner::Host, HostDialect()));
 }
 
 // Opening the other file would apply the log of ours to it.
@@ -89,7 +102,7 @@ void SqliteEngine::WaitForCheck() const {
 std::unique_ptr<SqliteConnection> SqliteEngine::Connect() const {
     RequireSameFile();
     if (m_check && m_check->HasFoundDamage()) RaiseSqliteError(SQLITE_CORRUPT, "quick_check", "SqliteEngine.Open");
-    return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds, m_check);
+    return std::make_unique<SqliteConnection>(m_path, m_busyMilliseconds, m_check, m_owner);
 }
 
 std::unique_ptr<Connection> SqliteEngine::Open() { return Connect(); }

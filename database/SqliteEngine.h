@@ -12,6 +12,7 @@ namespace quellbrook {
 
 class BackgroundCheck;
 class SqliteConnection;
+enum class SchemaOwner;
 
 // A department database in one SQLite file.
 class SqliteEngine : public Engine {
@@ -24,6 +25,15 @@ public:
     // newer than this program, incomplete, damaged, write-protected or locked; such a file is not changed. Only a file
     // of up to 64 MiB is checked for damage as a whole, see CheckInBackground.
     static std::shared_ptr<SqliteEngine> Open(const std::string& path, int busyMilliseconds = BusyMilliseconds);
+
+    // Opens an existing database of the host's own schema, which has at least the tables and columns of
+    // examples/evidence-tab/schema.sql. Raises error 5 with a message for the user, which names a missing table or
+    // column, or says that the file is missing, not a database, damaged, write-protected, locked or on another machine.
+    // Changes nothing in the file but its journal mode, which becomes a write-ahead log. Does not use our side tables
+    // and facts, even if they are there. A table BatchMark (MarkNo INTEGER PRIMARY KEY, Token INTEGER NOT NULL) is used
+    // if it is there, so that a commit of unknown outcome can be checked.
+    static std::shared_ptr<SqliteEngine> OpenHostSchema(const std::string& path,
+                                                        int busyMilliseconds = BusyMilliseconds);
 
     // What an administrator should know about the opening, one sentence or more each: an upgrade, and side tables that
     // are not used since they may be wrong.
@@ -39,8 +49,11 @@ public:
     const Dialect& GetDialect() const override { return m_dialect; }
 
 private:
-    SqliteEngine(std::string path, int busyMilliseconds, Dialect dialect)
-        : m_path(std::move(path)), m_busyMilliseconds(busyMilliseconds), m_dialect(std::move(dialect)) {}
+    SqliteEngine(std::string path, int busyMilliseconds, SchemaOwner owner, Dialect dialect)
+        : m_path(std::move(path)),
+          m_busyMilliseconds(busyMilliseconds),
+          m_owner(owner),
+          m_dialect(std::move(dialect)) {}
 
     // Raises an error if another file has taken the place of ours.
     void RequireSameFile() const;
@@ -49,6 +62,7 @@ private:
     std::string m_path;
     std::optional<FileIdentity> m_file = IdentityOf(m_path);
     int m_busyMilliseconds;
+    SchemaOwner m_owner;
     Dialect m_dialect;
     std::vector<std::string> m_notes;
     std::shared_ptr<const BackgroundCheck> m_check;

@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "database/DatabaseFile.h"
+#include "database/HostTables.h"
 #include "database/LockWait.h"
 #include "database/LogCheck.h"
 #include "database/PageCheck.h"
@@ -77,7 +78,7 @@ Header ReadHeader(const std::string& path) {
     }
 }
 
-void CheckHeader(const std::string& path) {
+Header CheckIsDatabase(const std::string& path) {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored)) Refuse("There is no database '" + path + "'.");
     if (!std::filesystem::is_regular_file(path, ignored)) Refuse("The file '" + path + "' is not a database.");
@@ -87,6 +88,11 @@ void CheckHeader(const std::string& path) {
     const Header header = ReadHeader(path);
     if (std::string_view(reinterpret_cast<const char*>(header.data()), signature.size()) != signature)
         Refuse("The file '" + path + "' is not a database.");
+    return header;
+}
+
+void CheckHeader(const std::string& path) {
+    const Header header = CheckIsDatabase(path);
     if (NumberAt(header, applicationOffset) != DatabaseApplicationId)
         Refuse("The database '" + path + "' belongs to another program.");
     if (NumberAt(header, versionOffset) > SchemaVersion) RefuseNewer(path);
@@ -108,9 +114,51 @@ void CheckPages(SQLite::Database& database, const std::string& path) {
     if (!IsFileSound(database)) RefuseDamaged(path);
 }
 
+// Also of a view.
+bool HasColumn(SQLite::Database& database, const char* table, const char* column) {
+    SQLite::Statement find(database, "SELECT 1 FROM pragma_table_xinfo(?) WHERE name = ? COLLATE NOCASE");
+    find.bind(1, table);
+    find.bind(2, column);
+    return find.executeStep();
+}
+
+bool HasTable(SQLite::Database& database, const char* table) {
+    SQLite::Statement find(database, "SELECT 1 FROM pragma_table_xinfo(?)");
+    find.bind(1, table);
+    return find.executeStep();
+}
+
+void CheckHostTables(SQLite::Database& database, const std::string& path) {
+    const auto refuse = [&](const std::string& what) {
+        Refuse("The database '" + path + "' has no " + what + ", which this program needs.");
+    };
+    for (const HostTable& table : HostTables()) {
+        if (!HasTable(database, table.name)) refuse("table or view '" + std::string(table.name) + "'");
+        for (const char* column : table.columns)
+            if (!HasColumn(database, table.name, column))
+                refuse("column '" + std::string(column) + "' in '" + table.name + "'");
+    }
+}
+
 // Otherwise closing the last connection would run a checkpoint, which writes to the file.
 void AllowCheckpoint(SQLite::Database& database, bool allowed) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, allowed ? 0 : 1, nullptr);
+}
+
+// Leaves the file as it is unless the check allows a checkpoint.
+template <typename Check>
+void CheckContents(const std::string& path, std::chrono::milliseconds lockLimit, Check check) {
+    if (HasLogOfAnotherFile(path)) RefuseLog(path);
+    try {
+        SQLite::Database database(path, SQLite::OPEN_READWRITE);
+        WaitForLocks(database.getHandle(), lockLimit);
+        AllowCheckpoint(database, false);
+        if (sqlite3_db_readonly(database.getHandle(), "main") == 1) RaiseOpenFailure(path, SQLITE_READONLY, "");
+        check(database);
+    } catch (const SQLite::Exception& failure) {
+        if (failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB) RefuseDamaged(path);
+        RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
+    }
 }
 
 }  // namespace
@@ -123,21 +171,18 @@ bool IsCheckedWhenOpened(const std::string& path) {
 
 void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit) {
     CheckHeader(path);
-    if (HasLogOfAnotherFile(path)) RefuseLog(path);
-    try {
-        SQLite::Database database(path, SQLite::OPEN_READWRITE);
-        WaitForLocks(database.getHandle(), lockLimit);
-        AllowCheckpoint(database, false);
-        if (sqlite3_db_readonly(database.getHandle(), "main") == 1) RaiseOpenFailure(path, SQLITE_READONLY, "");
+    CheckContents(path, lockLimit, [&](SQLite::Database& database) {
         CheckVersion(database, path);
         CheckTables(database, path);
         CheckPages(database, path);
         AllowCheckpoint(database, true);
         MakePrivate(path);
-    } catch (const SQLite::Exception& failure) {
-        if (failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB) RefuseDamaged(path);
-        RaiseOpenFailure(path, failure.getExtendedErrorCode(), failure.what());
-    }
+    });
+}
+
+void CheckHostFile(const std::string& path, std::chrono::milliseconds lockLimit) {
+    CheckIsDatabase(path);
+    CheckContents(path, lockLimit, [&](SQLite::Database& database) { CheckHostTables(database, path); });
 }
 
 }  // namespace quellbrook

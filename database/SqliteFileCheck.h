@@ -10,6 +10,10 @@ namespace quellbrook {
 // its companions: only the owner keeps them.
 void CheckSqliteFile(const std::string& path, std::chrono::milliseconds lockLimit);
 
+// Raises error 5 with a message for the user unless the file is a database on this machine that can be read and
+// written, and has the tables and columns of HostTables. Changes nothing.
+void CheckHostFile(const std::string& path, std::chrono::milliseconds lockLimit);
+
 // Whether CheckSqliteFile checks the whole file for damage. Only a file of up to 64 MiB, since it takes long.
 bool IsCheckedWhenOpened(const std::string& path);
 
