@@ -92,6 +92,10 @@ QWidget* HostTabs::MakeStrip() {
     auto* scanner = MakeStripButton(ScannerPage::Title(), "scannerPageButton", strip);
     connect(scanner, &QPushButton::clicked, this, [this] { GuardHost(this, [this] { OpenScannerPage(); }); });
     row->addWidget(scanner);
+    auto* help = MakeStripButton(tr("Help"), "help", strip);
+    help->setToolTip(tr("User guide (F1)"));
+    connect(help, &QPushButton::clicked, this, &HostTabs::HelpRequested);
+    row->addWidget(help);
     auto* logOut = MakeStripButton(tr("Log Out"), "logOut", strip);
     connect(logOut, &QPushButton::clicked, this, &HostTabs::LogOutRequested);
     row->addWidget(logOut);

@@ -35,6 +35,7 @@ public:
     void OpenScannerPage();
 
 signals:
+    void HelpRequested();
     void LogOutRequested();
 
 private:

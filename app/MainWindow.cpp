@@ -2,6 +2,7 @@
 
 #include "app/HostTabs.h"
 #include "app/common/HostGuard.h"
+#include "app/guide/GuideWindow.h"
 #include "app/scanner/ScanField.h"
 #include "base/FormatCount.h"
 #include "base/Screen.h"
@@ -14,6 +15,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QScopeGuard>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QStackedWidget>
 #include <QUrl>
@@ -55,6 +57,14 @@ MainWindow::MainWindow(const QString& agency, const std::optional<QString>& user
             if (MayDropBatch("If you log out, the batch is lost.\r\n\r\nLog out anyway?")) LogOut();
         });
     });
+    connect(m_tabs, &HostTabs::HelpRequested, this, [this] { GuardHost(this, [this] { OpenGuide(); }); });
+    auto* helpKey = new QShortcut(Qt::Key_F1, this);
+    helpKey->setContext(Qt::ApplicationShortcut);  // also in the wizard
+    connect(helpKey, &QShortcut::activated, this, [this] {
+        GuardHost(this, [this] {
+            if (!ScanDropper::IsScanUnderWay()) OpenGuide();
+        });
+    });
     HostServices::Current().SetSession(std::make_shared<DatabaseSession>(m_loginLimit));
     QDesktopServices::setUrlHandler(Scheme(), this, "OpenAddress");
 }
@@ -84,7 +94,8 @@ bool MainWindow::MayDropBatch(const std::string& consequence) const {
 
 // No text field of the host takes a scan. The component and the field for testing a scanner do.
 bool MainWindow::DropsScans() const {
-    const bool isForComponent = m_evidence && m_evidence->isVisible();
+    const bool isInGuide = m_guide && m_guide->isActiveWindow();
+    const bool isForComponent = m_evidence && m_evidence->isVisible() && !isInGuide;
     return !isForComponent && !qobject_cast<ScanField*>(QApplication::focusWidget());
 }
 
@@ -145,6 +156,11 @@ void MainWindow::OpenWaiting() {
     // Do not change the window behind an open dialog of the component.
     if (!m_evidence || QApplication::activeModalWidget()) return;
     for (const RecordAddress& address : std::exchange(m_waiting, {})) m_tabs->OpenRecord(address);
+}
+
+void MainWindow::OpenGuide() {
+    if (!m_guide) m_guide = std::make_unique<GuideWindow>();
+    m_guide->Open();
 }
 
 void MainWindow::BringToFront() {

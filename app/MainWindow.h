@@ -18,13 +18,14 @@ class QUrl;
 
 namespace quellbrook {
 
+class GuideWindow;
 class HostTabs;
 class Singletons;
 
 // The window of the reference host: the login form, then the tabs. Each login runs the gate and, if it returns true,
 // creates a new EvidenceUI. Logging out destroys it. With an open batch, the window asks before it logs out or closes.
 // While the window exists, it shows the records that the program opens by address, instead of passing the addresses to
-// the desktop.
+// the desktop. F1 and the tabs' Help open the user guide.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -50,6 +51,7 @@ private:
     bool MayDropBatch(const std::string& consequence) const;
     bool DropsScans() const;
     void OpenWaiting();
+    void OpenGuide();
     Q_INVOKABLE void OpenAddress(const QUrl& address);
 
     ClassObjectGetter m_getClassObject;
@@ -60,6 +62,7 @@ private:
     QPointer<QWidget> m_evidence;
     std::shared_ptr<LoginLimit> m_loginLimit = std::make_shared<LoginLimit>();
     std::vector<RecordAddress> m_waiting;
+    std::unique_ptr<GuideWindow> m_guide;  // null until it is first opened
     ScanDropper m_scanDropper;
 };
 

@@ -14,4 +14,6 @@ ScanDropper::ScanDropper(std::function<bool()> applies)
 
 ScanDropper::~ScanDropper() = default;
 
+bool ScanDropper::IsScanUnderWay() { return BarcodeListener::IsScanUnderWay(); }
+
 }  // namespace quellbrook

@@ -18,6 +18,9 @@ public:
     ScanDropper(const ScanDropper&) = delete;
     ScanDropper& operator=(const ScanDropper&) = delete;
 
+    // Whether the keys of a scan are arriving, for the component or dropped. A shortcut of the host then does nothing.
+    static bool IsScanUnderWay();
+
 private:
     std::unique_ptr<BarcodeListener> m_listener;
     std::unique_ptr<ScanLimit> m_limit;

@@ -3,6 +3,8 @@
 #include "base/Clock.h"
 #include "base/Text.h"
 
+#include <algorithm>
+
 namespace quellbrook {
 
 namespace {
@@ -35,6 +37,11 @@ size_t LengthOfFirstCharacter(const std::string& text) {
     return length;
 }
 
+std::vector<const BarcodeListener*>& All() {
+    static std::vector<const BarcodeListener*> all;
+    return all;
+}
+
 int32_t TypeOf(const std::string& letter) {
     const std::string folded = FoldCase(letter);
     if (folded == "l") return BarcodeType::Location;
@@ -45,7 +52,17 @@ int32_t TypeOf(const std::string& letter) {
 
 }  // namespace
 
-BarcodeListener::BarcodeListener(Surroundings surroundings) : m_surroundings(std::move(surroundings)) {}
+BarcodeListener::BarcodeListener(Surroundings surroundings) : m_surroundings(std::move(surroundings)) {
+    All().push_back(this);
+}
+
+BarcodeListener::~BarcodeListener() { std::erase(All(), this); }
+
+bool BarcodeListener::IsScanUnderWay() {
+    return std::any_of(All().begin(), All().end(), [](const BarcodeListener* each) {
+        return each->m_isScanning && Holds(each->m_surroundings.isListening);
+    });
+}
 
 void BarcodeListener::Shown() {
     if (m_messageHook) return;

@@ -33,6 +33,7 @@ public:
     };
 
     explicit BarcodeListener(Surroundings surroundings);
+    ~BarcodeListener();
     BarcodeListener(const BarcodeListener&) = delete;
     BarcodeListener& operator=(const BarcodeListener&) = delete;
 
@@ -45,6 +46,9 @@ public:
 
     // At each STX that it takes.
     Event<> ScanStarted;
+
+    // Whether the keys of a scan are arriving that any listener takes.
+    static bool IsScanUnderWay();
 
     // Forgets an STX that no ETX has followed yet.
     void DropUnfinishedScan();

@@ -73,7 +73,7 @@ TEST_F(EvidenceTabTest, TheTabKeyVisitsAllOfTheComponentBeforeTheHostsButtons) {
     const Names fromTree(visited.begin(), outside - 1);  // and the contents, which have no name
     EXPECT_EQ(fromTree, (Names{"TreeView", "lnkEditLocation", "lnkDeleteLocation", "lnkPrintLocationBarcode"}));
     const Names fromInfoBar(outside, visited.end() - 1);  // and the search box, which has no name
-    EXPECT_EQ(fromInfoBar, (Names{"btnCancel", "btnComplete", "hostTabs", "scannerPageButton", "logOut"}));
+    EXPECT_EQ(fromInfoBar, (Names{"btnCancel", "btnComplete", "hostTabs", "scannerPageButton", "help", "logOut"}));
 }
 
 TEST_F(EvidenceTabTest, OneViewIsVisibleAfterAVisitToAnotherTabInEachView) {

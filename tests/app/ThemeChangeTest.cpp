@@ -1,4 +1,4 @@
-#include "app/SystemTheme.h"
+#include "app/guide/GuideWindow.h"
 #include "core/Actions.h"
 #include "core/Stores.h"
 #include "tests/app/MainWindowTest.h"
@@ -245,6 +245,13 @@ TEST_P(ThemeChange, ChangesDialogs) {
     });
     ExpectTheSameLook([this] {
         m_form = std::make_unique<QMessageBox>(QMessageBox::Critical, "Quellbrook", "The record could not be read.");
+        ShowActive(*m_form);
+    });
+}
+
+TEST_P(ThemeChange, ChangesTheUserGuide) {
+    ExpectTheSameLook([this] {
+        m_form = std::make_unique<GuideWindow>();
         ShowActive(*m_form);
     });
 }

@@ -45,6 +45,7 @@ const std::vector<std::string> Layers = {"base",
                                          "demo/tour",
                                          "demo/gallery",
                                          "app/common",
+                                         "app/guide",
                                          "app/records",
                                          "app/scanner",
                                          "app"};
@@ -62,11 +63,12 @@ const std::map<std::string, std::vector<std::string>> Narrow = {
     {"demo/sample", {"base", "host", "database", "database/schema"}},
     {"demo/tour", {"base", "sql", "database", "demo/sample"}},
     {"app/common", {"base"}},
+    {"app/guide", {"base", "app/common"}},
     {"app/records", {"base", "host", "component", "app/common"}},
     {"app/scanner", {"base", "labels", "host", "component", "app/common"}},
     {"app",
      {"base", "database", "database/odbc", "database/schema", "host", "component", "demo/sample", "demo/tour",
-      "app/common", "app/records", "app/scanner"}},
+      "app/common", "app/guide", "app/records", "app/scanner"}},
 };
 
 struct SourceFile {
