@@ -72,7 +72,7 @@ build() {
 
 # build_package: the Debian package of the reference host, in build/package.
 build_package() {
-  build default quellbrook-host quellbrook_manual || return 1
+  build default quellbrook quellbrook-model quellbrook-host quellbrook_manual || return 1
   rm -rf build/package
   local log=$log_directory/package.log
   cpack --config build/default/CPackConfig.cmake -B "$PWD/build/package" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
