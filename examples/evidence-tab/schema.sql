@@ -122,7 +122,7 @@ CREATE TABLE CodeTable (
     TableNumber INTEGER NOT NULL,  -- 30 final disposition, 31 property, 38 reason, 46 vehicles
     Code INTEGER NOT NULL,
     Name TEXT,
-    Description TEXT,              -- what lists show; the name if it is NULL
+    Description TEXT,              -- shown in lists and chains of custody; give each code both texts
     IsActive BOOLEAN NOT NULL DEFAULT 1,
     PRIMARY KEY (TableNumber, Code)
 );

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string>
+
+class HostWindow;
+
+// Logs in, checks one item in by the controls of the screen, and reads its custody row with the host's own SQL. Throws
+// std::runtime_error with what was expected.
+void CheckOneItemIn(HostWindow& window, const std::string& databasePath);
