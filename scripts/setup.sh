@@ -16,6 +16,7 @@ FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 STYLE_PACKAGES=(clang-format git)
 TIDY_PACKAGES=(clang-tidy)
 PACKAGE_PACKAGES=(dpkg-dev file desktop-file-utils appstream mandoc)
+REFERENCE_PACKAGES=(doxygen)
 
 log_directory=build/log
 

@@ -19,7 +19,6 @@ const std::set<std::pair<std::string, int16_t>> viewing = {
 };
 const std::set<std::pair<std::string, int16_t>> changing = {
     {"Storage", 1},              // transfer items
-    {"Storage", 2},              // transfer items that were disposed of
     {"Storage", 11},             // add locations
     {"Storage", 12},             // edit locations
     {"Storage", 13},             // delete locations
