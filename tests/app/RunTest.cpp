@@ -3,14 +3,19 @@
 #include "app/Termination.h"
 #include "tests/app/ScratchWorkstation.h"
 #include "tests/demo/sample/SampleFile.h"
+#include "tests/support/ui/Widgets.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <set>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +27,9 @@ namespace fs = std::filesystem;
 // The whole program on a scratch workstation.
 class RunTest : public ::testing::Test {
 protected:
+    // The sample outlives the scratch workstation of a test.
+    static void SetUpTestSuite() { TheSample(); }
+
     RunTest() {
         for (const auto& [variable, folder] :
              {std::pair("TMPDIR", "temporary"), {"XDG_DATA_HOME", "data"}, {"XDG_RUNTIME_DIR", "runtime"}}) {
@@ -88,6 +96,36 @@ private:
     QObject m_context;
     QString m_text;
 };
+
+TEST_F(RunTest, TheUsersSettingsAreInTheFolderOfTheReferenceHostOnly) {
+    Options options;
+    options.databasePath = m_workstation.In("room.sqlite");
+    CopySample(*options.databasePath);
+    const auto files = [this] {
+        std::set<std::string> found;
+        for (const auto& entry : fs::recursive_directory_iterator(m_workstation.In("config")))
+            if (entry.is_regular_file()) found.insert(fs::relative(entry.path(), m_workstation.In("config")).string());
+        return found;
+    };
+    const std::set<std::string> before = files();
+    Run(options, [&](MainWindow& window) {
+        Find<QLineEdit>(window, "username")->setText(QString::fromStdString(SampleAccounts()[0].username));
+        Find<QLineEdit>(window, "password")->setText(QString::fromStdString(SampleAccounts()[0].password));
+        Click(Find(window, "logIn"));
+        EXPECT_TRUE(Find(window, "explorer")->isVisible());
+        EXPECT_EQ(files(), before);
+        Click(Find(window, "scannerPageButton"));
+        auto* resolution = Find<QComboBox>(window, "resolutions");
+        resolution->setCurrentIndex(1);
+        emit resolution->activated(1);
+        Click(Find(window, "help"));
+        Click(Find(window, "logOut"));
+    });
+    std::set<std::string> expected = before;
+    expected.insert({"quellbrook-tests/window.ini", "quellbrook-tests/workstation.ini"});
+    EXPECT_EQ(files(), expected);
+    EXPECT_TRUE(fs::is_empty(m_workstation.In("home")));
+}
 
 TEST_F(RunTest, AnAddressThatIsRefusedIsShownAsPlainText) {
     Options options;

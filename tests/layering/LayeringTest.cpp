@@ -48,7 +48,8 @@ const std::vector<std::string> Layers = {"base",
                                          "app/guide",
                                          "app/records",
                                          "app/scanner",
-                                         "app"};
+                                         "app",
+                                         "designer"};
 
 // For folders that may not include all lower layers, the layers that they may include.
 const std::map<std::string, std::vector<std::string>> Narrow = {
@@ -69,6 +70,7 @@ const std::map<std::string, std::vector<std::string>> Narrow = {
     {"app",
      {"base", "database", "database/odbc", "database/schema", "host", "component", "demo/sample", "demo/tour",
       "app/common", "app/guide", "app/records", "app/scanner"}},
+    {"designer", {"component", "ui/style", "ui/controls", "ui/common", "ui/shell"}},
 };
 
 struct SourceFile {
@@ -96,8 +98,8 @@ SourceFile ReadIncludes(std::istream& text) {
 SourceTree ReadProject() {
     const fs::path root = QUELLBROOK_SOURCE_DIR;
     SourceTree tree;
-    for (const char* top : {"access", "app", "base", "component", "core", "data", "database", "demo", "host", "input",
-                            "labels", "sql", "ui"}) {
+    for (const char* top : {"access", "app", "base", "component", "core", "data", "database", "demo", "designer",
+                            "host", "input", "labels", "sql", "ui"}) {
         if (!fs::exists(root / top)) continue;
         for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
             const std::string extension = entry.path().extension().string();
@@ -163,6 +165,16 @@ std::vector<std::string> QtHeaders(const SourceTree& tree) {
             for (const std::string& name : *names)
                 if (IsQtHeader(name)) faults.push_back(path + " includes " + name);
     }
+    return faults;
+}
+
+// Headers with which Qt stores settings of a user, outside the reference host.
+std::vector<std::string> HeadersForSettings(const SourceTree& tree) {
+    std::vector<std::string> faults;
+    for (const auto& [path, file] : tree)
+        for (const std::string& name : file.angled)
+            if (!path.starts_with("app/") && (name == "QSettings" || name == "QStandardPaths" || name == "QFileDialog"))
+                faults.push_back(path + " includes " + name);
     return faults;
 }
 
@@ -235,6 +247,8 @@ TEST(Layering, TheProjectIsRead) {
 TEST(Layering, EveryIncludeIsWrittenFromTheProjectsRoot) { EXPECT_EQ(Lines(UnknownIncludes(ReadProject())), ""); }
 
 TEST(Layering, EveryIncludePointsDown) { EXPECT_EQ(Lines(UpwardIncludes(ReadProject())), ""); }
+
+TEST(Layering, OnlyTheReferenceHostStoresSettings) { EXPECT_EQ(Lines(HeadersForSettings(ReadProject())), ""); }
 
 TEST(Layering, NoCycleBetweenFiles) { EXPECT_EQ(FindCycle(FileGraph(ReadProject())), ""); }
 
@@ -312,6 +326,12 @@ TEST(LayeringRules, QtHeadersAreFoundBelowTheViewsOnly) {
     EXPECT_EQ(Lines(QtHeaders(tree)),
               "core/Actions.cpp includes QString\ncore/Actions.cpp includes QtWidgets\n"
               "input/BarcodeListener.h includes QObject\n");
+}
+
+TEST(LayeringRules, HeadersForSettingsAreFoundOutsideTheReferenceHost) {
+    const SourceTree tree = TreeOf({{"app/WindowSize.cpp", "#include <QSettings>\n"},
+                                    {"ui/shell/Toast.cpp", "#include <QSettings>\n#include <QTimer>\n"}});
+    EXPECT_EQ(Lines(HeadersForSettings(tree)), "ui/shell/Toast.cpp includes QSettings\n");
 }
 
 TEST(LayeringRules, FaultsAreNamedWithBothFiles) {
