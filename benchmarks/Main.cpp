@@ -1,5 +1,6 @@
 #include "benchmarks/LocationsOnly.h"
 #include "benchmarks/Rows.h"
+#include "benchmarks/StartRows.h"
 #include "database/SqliteEngine.h"
 #include "database/odbc/OdbcConnection.h"
 #include "database/odbc/OdbcEngine.h"
@@ -61,6 +62,7 @@ void MeasureShellOn(const std::string& path, bool quick, std::vector<bench::Resu
     Open(path);
     bench::Baseline baseline(path);
     bench::MeasureShell(quick, baseline, results);
+    bench::MeasureStart(path, quick, results);
     HostServices::Current().SetEngine(nullptr);
 }
 
@@ -184,6 +186,7 @@ int Run(bool quick, const std::string& directory, const std::string& only) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 4 && std::strcmp(argv[1], "--start") == 0) return bench::RunStart(argv[2], argv[3]);
     bool quick = false;
     std::string directory = "build", only;
     for (int i = 1; i < argc; ++i) {
