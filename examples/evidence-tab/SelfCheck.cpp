@@ -36,6 +36,19 @@ void Choose(QWidget* field, const QString& entry) {
     box->setCurrentIndex(index);
 }
 
+// The next user gets a control of their own, with their own rights.
+void LogInAgain(HostWindow& window) {
+    window.LogOut();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window.LogIn("auditor", "harbor");
+    if (!window.Evidence()) throw std::runtime_error("The gate stayed closed at the second login.");
+    QApplication::processEvents();
+    const QWidget* addEvidence = Find(window, "explorer", "btnAddEvidence");
+    if (addEvidence->isVisible() && addEvidence->isEnabled())
+        throw std::runtime_error("A user who may only view is offered a check-in.");
+    window.LogOut();
+}
+
 }  // namespace
 
 void CheckOneItemIn(HostWindow& window, const std::string& databasePath) {
@@ -67,5 +80,5 @@ void CheckOneItemIn(HostWindow& window, const std::string& databasePath) {
                    "AND t.SeqNo = 1 AND t.StorageLocNo = 2 AND t.ReceivedFrom = 2 AND t.ReceivedBy = 1 "
                    "AND t.CustodyReasonNo = 1");
     if (rows != 1) throw std::runtime_error("The custody row was not written.");
-    window.LogOut();
+    LogInAgain(window);
 }

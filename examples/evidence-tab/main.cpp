@@ -27,6 +27,7 @@ class Component {
 public:
     explicit Component(const std::filesystem::path& folder) {
         using namespace quellbrook;
+        InstallTheme(false);
         Startup();
         HostServices& services = HostServices::Current();
         try {
