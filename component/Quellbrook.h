@@ -4,7 +4,8 @@ class QWidget;
 
 namespace quellbrook {
 
-// The component's interface for its host. Everything runs on the thread of QApplication.
+// The component's interface for its host. Everything runs on the thread of QApplication. The host shows the Errors that
+// these functions throw.
 //
 // The host sets its database, session and formats with HostServices, then:
 //   Startup                     after QApplication
@@ -12,7 +13,6 @@ namespace quellbrook {
 //   InitializeQuellbrook        the gate, at each login
 //   CreateEvidenceUI            (component/EvidenceUI.h) only if the gate returned true
 //   Shutdown                    after the last EvidenceUI, before QApplication is destroyed
-// The host shows the Errors that these functions throw.
 
 // Installs the component's screen, timers, keys and command runner, and keeps the error log in use. Calls nest: the
 // component ends at the Shutdown that matches the first Startup, and can then start again. Without a Startup, Shutdown

@@ -5,6 +5,10 @@
 function flush(marked, i) {
   for (i = 1; i <= count; i++) {
     if (marked) sub(/\/\//, "///", comment[i])
+    if (marked && comment[i] ~ /\/\/   [^ ].*   /) {  # a row of a table
+      sub(/\/\/   /, "// - ", comment[i])
+      gsub(/   +/, ": ", comment[i])
+    }
     print comment[i]
   }
   count = 0
