@@ -81,10 +81,11 @@ void StorageLocation::Move(const StorageLocationRef& newParent) {
             {updateType + ", Path = REPLACE(Path, " + Literal(selfChildren) + ", " + Literal(proposed) +
                  ") WHERE Path LIKE " + AnyBelow(selfChildren),
              updateType + ", Path = " + Literal(target) + " WHERE IdNo = " + NumberText(m_id)},
-            [&](const HostDatabase::BatchQuery& query) {
-                if (query("SELECT IdNo FROM StorageLocation WHERE IdNo = ?", {m_id}).empty()) Refresh();
-                RequireNotDeleted(source);
-            });
+            {{{"SELECT IdNo FROM StorageLocation WHERE IdNo = ?", {m_id}}},
+             [&](const std::vector<RowList>& results, const HostDatabase::BatchQuery&) {
+                 if (results[0].empty()) Refresh();
+                 RequireNotDeleted(source);
+             }});
         Refresh();
     };
     Guarded(source, move, [&](const Error& error) {

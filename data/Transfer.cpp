@@ -39,17 +39,17 @@ std::string ForKind(bool isProperty, const char* text) {
 
 bool IsProperty(const StoredItem& item) { return item.ItemType() == StoredItemTypes::Property; }
 
-Sequences ReadSequences(const std::vector<int32_t>& keys, bool isProperty, const BatchQuery& query) {
-    Sequences sequences;
+// Adds the queries for the rows of these items, in the order of their keys.
+void AddSequenceQueries(std::vector<int32_t> keys, bool isProperty, std::vector<SelectStatement>& queries) {
+    std::sort(keys.begin(), keys.end());
     for (size_t at = 0, length = 0; at < keys.size(); at += length) {
         length = ListLengthFor(keys.size() - at);
         std::vector<TaggedValue> list;
         for (size_t i = at; i < at + length; ++i) list.emplace_back(keys[std::min(i, keys.size() - 1)]);
         const std::string select = ForKind(isProperty, "SELECT {0}No, CurrTrackSeq FROM {0} WHERE {0}No IN (");
         const std::string marks = Join(std::vector<std::string>(length, "?"), ",");
-        for (const Row& row : query(select + marks + ")", list)) sequences[ToInt32(row.At(0))] = row.At(1);
+        queries.push_back({select + marks + ")", std::move(list)});
     }
-    return sequences;
 }
 
 struct StaleItem {
@@ -57,14 +57,32 @@ struct StaleItem {
     std::optional<TaggedValue> trackSeq;  // the present one; not set if the item's row was deleted
 };
 
-std::vector<StaleItem> FindStaleItems(const TransferItems& items, const BatchQuery& query) {
+// The destination, then the items of each kind.
+struct CurrentQueries {
+    std::vector<SelectStatement> queries;
+    size_t endOfProperties = 0;
+};
+
+CurrentQueries MakeCurrentQueries(const TransferItems& items, const TransferData& xfer) {
     std::vector<int32_t> properties, vehicles;
     for (int32_t i = 0; i < items.Count(); ++i) {
         const StoredItemRef item = items.ItemAt(i);
         (IsProperty(*item) ? properties : vehicles).push_back(item->ID());
     }
-    const Sequences ofProperties = ReadSequences(properties, true, query);
-    const Sequences ofVehicles = ReadSequences(vehicles, false, query);
+    CurrentQueries current;
+    current.queries.push_back({"SELECT Type, ActiveFlag FROM StorageLocation WHERE IdNo = ?", {xfer.Location->ID()}});
+    AddSequenceQueries(std::move(properties), true, current.queries);
+    current.endOfProperties = current.queries.size();
+    AddSequenceQueries(std::move(vehicles), false, current.queries);
+    return current;
+}
+
+std::vector<StaleItem> FindStaleItems(const TransferItems& items, const std::vector<RowList>& results,
+                                      size_t endOfProperties) {
+    Sequences ofProperties, ofVehicles;
+    for (size_t i = 1; i < results.size(); ++i)
+        for (const Row& row : results[i])
+            (i < endOfProperties ? ofProperties : ofVehicles)[ToInt32(row.At(0))] = row.At(1);
 
     std::vector<StaleItem> stale;
     for (int32_t i = 0; i < items.Count(); ++i) {
@@ -80,9 +98,8 @@ std::vector<StaleItem> FindStaleItems(const TransferItems& items, const BatchQue
 }
 
 // What has become of the destination; empty if nothing has.
-std::string DestinationFault(const TransferData& xfer, const BatchQuery& query) {
+std::string DestinationFault(const TransferData& xfer, const RowList& rows) {
     StorageLocation& location = *xfer.Location;
-    const RowList rows = query("SELECT Type, ActiveFlag FROM StorageLocation WHERE IdNo = ?", {location.ID()});
     const auto hasBeen = [&](const std::string& change) {
         return "The destination '" + location.FullPath(pathSeparator) + "' has been " + change + ".";
     };
@@ -131,11 +148,12 @@ std::string StaleItemsText(const std::vector<StaleItem>& stale, const BatchQuery
     return text;
 }
 
-void RequireCurrent(const TransferItems& items, const TransferData& xfer, const BatchQuery& query) {
-    if (items.Count() == 0) return;
+// Raises an error if anything has changed. Gets the results of MakeCurrentQueries.
+void RequireCurrent(const TransferItems& items, const TransferData& xfer, size_t endOfProperties,
+                    const std::vector<RowList>& results, const BatchQuery& query) {
     std::vector<std::string> faults;
-    if (const std::string fault = DestinationFault(xfer, query); !fault.empty()) faults.push_back(fault);
-    const std::vector<StaleItem> stale = FindStaleItems(items, query);
+    if (const std::string fault = DestinationFault(xfer, results[0]); !fault.empty()) faults.push_back(fault);
+    const std::vector<StaleItem> stale = FindStaleItems(items, results, endOfProperties);
     if (faults.empty() && stale.empty()) return;
     // The next batch must be able to see what has changed.
     GetStorageLocationStatic().Refresh();
@@ -146,8 +164,13 @@ void RequireCurrent(const TransferItems& items, const TransferData& xfer, const 
 }  // namespace
 
 void ExecuteTransfer(const TransferItems& items, const TransferData& xfer) {
-    GetHostDatabase().ExecuteBatch(MakeTransferStatements(items, xfer),
-                                   [&](const BatchQuery& query) { RequireCurrent(items, xfer, query); });
+    const std::vector<std::string> statements = MakeTransferStatements(items, xfer);
+    if (items.Count() == 0) return GetHostDatabase().ExecuteBatch(statements);
+    const CurrentQueries current = MakeCurrentQueries(items, xfer);
+    GetHostDatabase().ExecuteBatch(statements,
+                                   {current.queries, [&](const std::vector<RowList>& results, const BatchQuery& query) {
+                                        RequireCurrent(items, xfer, current.endOfProperties, results, query);
+                                    }});
 }
 
 }  // namespace quellbrook

@@ -2,6 +2,7 @@
 
 #include "sql/Dialect.h"
 #include "sql/Row.h"
+#include "sql/SelectStatement.h"
 
 #include <functional>
 #include <memory>
@@ -33,11 +34,6 @@ public:
     // Runs statements that return no rows, with one value for each "?" in order.
     virtual void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) = 0;
 
-    // The same for several texts without parameters, in their order. A failure may leave out the rest of them.
-    virtual void ExecuteAll(const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) Execute(text);
-    }
-
     // Runs one INSERT and returns the key that the database assigned to the column, whatever its triggers insert.
     virtual int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
                            const std::string& keyColumn) = 0;
@@ -45,9 +41,25 @@ public:
     // The columns of a table, in their order.
     virtual std::vector<ColumnDescription> DescribeTable(const std::string& table) = 0;
 
-    // A write transaction. After a failed Commit the transaction must be rolled back.
+    // A write transaction. After a failure the transaction must be rolled back.
     virtual void Begin() = 0;
+    // Begins a write transaction and returns all rows of each of the queries, which run in it in their order.
+    virtual std::vector<RowList> BeginReading(const std::vector<SelectStatement>& queries) {
+        Begin();
+        std::vector<RowList> results(queries.size());
+        for (size_t i = 0; i < queries.size(); ++i)
+            Query(queries[i].sql, queries[i].parameters, [&](const Row& row) {
+                results[i].push_back(row);
+                return true;
+            });
+        return results;
+    }
     virtual void Commit() = 0;
+    // Runs texts without parameters, in their order, and commits. A failure of one leaves out the rest and the commit.
+    virtual void ExecuteAndCommit(const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) Execute(text);
+        Commit();
+    }
     virtual void Rollback() noexcept = 0;
     // Names the latest transaction for Engine::WasCommitted. Empty if it certainly was not committed, so a failed
     // Commit after which this is not empty may have committed it.

@@ -49,11 +49,10 @@ bool WasCommitted(const std::string& transactionName, const Error& failure) {
     }
 }
 
-void InTransaction(Connection& connection, const std::function<void(Connection&)>& work) {
+// The work begins with the transaction and ends with its commit.
+void InTransaction(Connection& connection, const std::function<void()>& work) {
     try {
-        connection.Begin();
-        work(connection);
-        connection.Commit();
+        work();
     } catch (...) {
         const Error failure = CurrentError();
         const std::string name = connection.TransactionName();
@@ -109,17 +108,23 @@ TaggedValue HostDatabase::LookupValue(const std::string& table, const std::strin
 void HostDatabase::Execute(const std::string& sql) { ExecuteWithParameters(sql, {}); }
 
 void HostDatabase::ExecuteWithParameters(const std::string& sql, const std::vector<TaggedValue>& parameters) {
-    InTransaction(*Borrow(), [&](Connection& connection) { connection.Execute(sql, parameters); });
+    const ConnectionPool::Lease connection = Borrow();
+    InTransaction(*connection, [&] {
+        connection->Begin();
+        connection->Execute(sql, parameters);
+        connection->Commit();
+    });
 }
 
-void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements,
-                                const std::function<void(const BatchQuery&)>& check) {
-    InTransaction(*Borrow(), [&](Connection& connection) {
-        if (check)
-            check([&](const std::string& sql, const std::vector<TaggedValue>& parameters) {
-                return AllRows(connection, sql, parameters);
+void HostDatabase::ExecuteBatch(const std::vector<std::string>& statements, const BatchCheck& before) {
+    const ConnectionPool::Lease connection = Borrow();
+    InTransaction(*connection, [&] {
+        const std::vector<RowList> results = connection->BeginReading(before.queries);
+        if (before.check)
+            before.check(results, [&](const std::string& sql, const std::vector<TaggedValue>& parameters) {
+                return AllRows(*connection, sql, parameters);
             });
-        connection.ExecuteAll(statements);
+        connection->ExecuteAndCommit(statements);
     });
 }
 
@@ -139,8 +144,11 @@ int32_t HostDatabase::InsertRow(const std::string& table, const std::string& key
         values.push_back(ValueFor(child.text().get(), KindOf(known, name)));
     }
     int32_t key = 0;
-    InTransaction(*connection,
-                  [&](Connection&) { key = connection->Insert(InsertText(table, columns), values, keyColumn); });
+    InTransaction(*connection, [&] {
+        connection->Begin();
+        key = connection->Insert(InsertText(table, columns), values, keyColumn);
+        connection->Commit();
+    });
     return key;
 }
 

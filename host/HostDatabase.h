@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sql/Row.h"
+#include "sql/SelectStatement.h"
 
 #include <functional>
 #include <optional>
@@ -38,10 +39,15 @@ public:
 
     // Returns all rows of a SELECT, which it runs on the connection of a batch.
     using BatchQuery = std::function<RowList(const std::string& sql, const std::vector<TaggedValue>& parameters)>;
-    // All statements in order, in one transaction. The check runs in the transaction before the first statement. What
-    // it reads stays unchanged until the end of the batch, and an error that it throws ends the batch.
-    void ExecuteBatch(const std::vector<std::string>& statements,
-                      const std::function<void(const BatchQuery&)>& check = nullptr);
+    // What runs in the transaction of a batch before its first statement. An error that the check throws ends the
+    // batch. What is read stays unchanged until the end of the batch.
+    struct BatchCheck {
+        std::vector<SelectStatement> queries;
+        // Gets the rows of the queries, and may read more.
+        std::function<void(const std::vector<RowList>& results, const BatchQuery& query)> check;
+    };
+    // All statements in order, in one transaction.
+    void ExecuteBatch(const std::vector<std::string>& statements, const BatchCheck& before = {});
 
     // Inserts the row document's children that have isPersistable; returns the identity assigned to keyColumn. Error 5
     // if the table has no such column.

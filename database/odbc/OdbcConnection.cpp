@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iomanip>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <utility>
@@ -32,6 +33,21 @@ std::string RandomName() {
     std::ostringstream name;
     for (int i = 0; i < 4; ++i) name << std::hex << std::setw(8) << std::setfill('0') << random();
     return name.str();
+}
+
+// The text with whole numbers instead of "?"; nothing if it has other values or literals. The driver sends a text of
+// several statements as one message only if it has no parameters.
+std::optional<std::string> WithNumbers(const std::string& text, const std::vector<TaggedValue>& values) {
+    if (text.find_first_of("'\"") != std::string::npos) return std::nullopt;
+    std::string result;
+    size_t from = 0;
+    for (const TaggedValue& value : values) {
+        const size_t marker = text.find('?', from);
+        if (marker == std::string::npos || !value.Holds<int32_t>() || ToInt32(value) < 0) return std::nullopt;
+        result.append(text, from, marker - from).append(ToText(value));
+        from = marker + 1;
+    }
+    return result.append(text, from);
 }
 
 // The rows of a query as one call of the driver leaves them for the receiver.
@@ -161,13 +177,6 @@ void OdbcConnection::Execute(const std::string& sql, const std::vector<TaggedVal
     ExecuteNative(TextFor(sql, parameters), parameters);
 }
 
-void OdbcConnection::ExecuteAll(const std::vector<std::string>& texts) {
-    if (m_server != ServerKind::PostgreSql) return Connection::ExecuteAll(texts);
-    std::vector<std::string> rewritten;
-    for (const std::string& text : texts) rewritten.push_back(TextFor(text, {}));
-    if (!rewritten.empty()) ExecuteNative(Join(rewritten, ";\n"));
-}
-
 int32_t OdbcConnection::Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
                                const std::string& keyColumn) {
     std::string text = TextFor(sql, parameters);
@@ -191,31 +200,61 @@ std::vector<ColumnDescription> OdbcConnection::DescribeTable(const std::string& 
     return *columns;
 }
 
-void OdbcConnection::Begin() {
+void OdbcConnection::EnterBatch() {
     m_name.clear();
     m_present.clear();
-    if (m_server == ServerKind::PostgreSql) {
-        QueryNative("BEGIN; SELECT CAST(pg_current_xact_id() AS TEXT) AS Name", {}, [this](const Row& row) {
-            m_present = ToText(row.At(0));
-            return true;
-        });
-        if (m_leavesMarks) m_present += " " + RandomName();
-    } else {
-        ExecuteNative("SET XACT_ABORT ON; BEGIN TRANSACTION");
-        m_present = RandomName();
-    }
     m_inBatch = true;
 }
 
-void OdbcConnection::Commit() {
-    const bool isPostgreSql = m_server == ServerKind::PostgreSql;
-    std::string text = isPostgreSql ? "COMMIT" : "COMMIT TRANSACTION";
-    if (m_leavesMarks) text = "INSERT INTO BatchMark (Name) VALUES ('" + m_present + "'); " + text;
+void OdbcConnection::Begin() {
+    if (m_server == ServerKind::PostgreSql) {
+        BeginReading({});
+        return;
+    }
+    EnterBatch();
+    ExecuteNative("SET XACT_ABORT ON; BEGIN TRANSACTION");
+    m_present = RandomName();
+}
+
+std::vector<RowList> OdbcConnection::BeginReading(const std::vector<SelectStatement>& queries) {
+    if (m_server != ServerKind::PostgreSql) return Connection::BeginReading(queries);
+    EnterBatch();  // a query that fails leaves the transaction open
+    std::vector<std::string> texts{"BEGIN", "SELECT CAST(pg_current_xact_id() AS TEXT) AS Name"};
+    std::string key;
+    for (const SelectStatement& query : queries) {
+        const std::string withMarkers = QueryTextFor(query.sql, query.parameters);
+        const auto text = WithNumbers(withMarkers, query.parameters);
+        if (!text) return Connection::BeginReading(queries);
+        texts.push_back(*text);
+        key += withMarkers + ";";
+    }
+    const auto results = std::make_shared<std::vector<RowList>>();
+    Run([=, text = Join(texts, "; ")](OdbcLink& link) { *results = link.ReadAll(text, key); });
+    m_present = ToText(results->at(0).at(0).At(0));
+    if (m_leavesMarks) m_present += " " + RandomName();
+    results->erase(results->begin());
+    return std::move(*results);
+}
+
+void OdbcConnection::Commit() { CommitAfter(""); }
+
+void OdbcConnection::ExecuteAndCommit(const std::vector<std::string>& texts) {
+    if (m_server != ServerKind::PostgreSql) return Connection::ExecuteAndCommit(texts);
+    std::string all;
+    for (const std::string& text : texts) all += TextFor(text, {}) + ";\n";
+    CommitAfter(all);
+}
+
+// Each of the texts ends with a semicolon.
+void OdbcConnection::CommitAfter(const std::string& texts) {
+    std::string text = texts;
+    if (m_leavesMarks) text += "INSERT INTO BatchMark (Name) VALUES ('" + m_present + "'); ";
+    text += m_server == ServerKind::PostgreSql ? "COMMIT" : "COMMIT TRANSACTION";
     m_name = m_present;
     try {
         ExecuteNative(text);
     } catch (...) {
-        if (IsHealthy()) m_name.clear();
+        if (IsHealthy()) m_name.clear();  // the server has refused a statement
         throw;
     }
     m_inBatch = false;

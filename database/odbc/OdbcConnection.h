@@ -31,18 +31,23 @@ public:
                const RowReceiver& receiver) override;
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters = {}) override;
     // On PostgreSQL, one message to the server for all.
-    void ExecuteAll(const std::vector<std::string>& texts) override;
     int32_t Insert(const std::string& sql, const std::vector<TaggedValue>& parameters,
                    const std::string& keyColumn) override;
     std::vector<ColumnDescription> DescribeTable(const std::string& table) override;
     void Begin() override;
+    // On PostgreSQL, one message to the server if all values are whole numbers.
+    std::vector<RowList> BeginReading(const std::vector<SelectStatement>& queries) override;
     void Commit() override;
+    // On PostgreSQL, one message to the server.
+    void ExecuteAndCommit(const std::vector<std::string>& texts) override;
     void Rollback() noexcept override;
     std::string TransactionName() const override { return m_name; }
     bool IsHealthy() override;
     void Reset() override;
 
 private:
+    void EnterBatch();
+    void CommitAfter(const std::string& texts);
     void Run(std::function<void(OdbcLink&)> work);
     void Watch(const std::function<void()>& work);
     std::string TextFor(const std::string& sql, const std::vector<TaggedValue>& parameters);

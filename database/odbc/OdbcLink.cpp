@@ -75,6 +75,17 @@ void OdbcLink::Execute(const std::string& sql, const std::vector<TaggedValue>& p
     statement.Drain();
 }
 
+std::vector<RowList> OdbcLink::ReadAll(const std::string& sql, const std::string& key) {
+    constexpr size_t mostDescribed = 100;
+    OdbcStatement statement(m_connection, m_server, m_limits.statement);
+    statement.Execute(sql, {});
+    std::vector<OdbcStatement::Columns> columns = m_described[key];
+    std::vector<RowList> results = statement.FetchAll(columns);
+    if (m_described.size() > mostDescribed) m_described.clear();
+    m_described[key] = std::move(columns);
+    return results;
+}
+
 OdbcStatement& OdbcLink::Prepared(const std::string& key, const std::string& sql) {
     constexpr size_t mostPrepared = 100;
     const auto known = m_prepared.find(key);

@@ -31,6 +31,9 @@ public:
 
     // Runs a text to its end and ignores rows.
     void Execute(const std::string& sql, const std::vector<TaggedValue>& parameters);
+    // Runs a text to its end and returns the rows of each of its results that has columns.
+    // Texts with the same key have results with the same columns: describing them costs round trips.
+    std::vector<RowList> ReadAll(const std::string& sql, const std::string& key);
     // Runs a text and opens its first result with rows. Error 5 if there is none. On PostgreSQL, one statement with
     // parameters stays prepared.
     void Open(const std::string& sql, const std::vector<TaggedValue>& parameters);
@@ -51,6 +54,7 @@ private:
     ServerLimits m_limits;
     OdbcStatement* m_open = nullptr;  // m_direct, or one of the prepared statements
     std::optional<OdbcStatement> m_direct;
+    std::unordered_map<std::string, std::vector<OdbcStatement::Columns>> m_described;  // by the key of ReadAll
     std::unordered_map<std::string, OdbcStatement> m_prepared;  // by the types of the parameters and the text
 };
 

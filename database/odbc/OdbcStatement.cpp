@@ -9,6 +9,7 @@
 #include <sqlucode.h>
 
 #include <array>
+#include <limits>
 #include <type_traits>
 
 namespace quellbrook {
@@ -130,8 +131,8 @@ std::vector<ColumnDescription> OdbcStatement::Describe() {
     return columns;
 }
 
-std::vector<Row> OdbcStatement::Fetch(size_t limit) {
-    std::vector<Row> rows;
+RowList OdbcStatement::Fetch(size_t limit) {
+    RowList rows;
     while (rows.size() < limit) {
         const SQLRETURN result = SQLFetch(m_handle.Get());
         Check(result, "OdbcStatement.Fetch");
@@ -143,6 +144,21 @@ std::vector<Row> OdbcStatement::Fetch(size_t limit) {
         rows.emplace_back(m_names, std::move(values));
     }
     return rows;
+}
+
+std::vector<RowList> OdbcStatement::FetchAll(std::vector<Columns>& known) {
+    std::vector<RowList> results;
+    do {
+        if (CountColumns() == 0) continue;
+        if (results.size() == known.size()) {
+            DescribeColumns();
+            known.push_back({m_columns, m_names});
+        }
+        m_columns = known[results.size()].columns;
+        m_names = known[results.size()].names;
+        results.push_back(Fetch(std::numeric_limits<size_t>::max()));
+    } while (MoveToNextResult());
+    return results;
 }
 
 TaggedValue OdbcStatement::Read(unsigned short position, short type) {

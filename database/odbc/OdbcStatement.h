@@ -31,14 +31,21 @@ public:
     // Of the result with rows.
     std::vector<ColumnDescription> Describe();
     // The next rows, up to the limit. Fewer than the limit at the end. On PostgreSQL, small integers are booleans.
-    std::vector<Row> Fetch(size_t limit);
+    RowList Fetch(size_t limit);
 
-private:
     struct Column {
         short type;
         std::string name;
     };
+    struct Columns {
+        std::vector<Column> columns;
+        std::shared_ptr<const ColumnSet> names;
+    };
+    // All rows of each result that has columns, up to the end of all results. `known` has the columns of the results,
+    // in order; those that are missing are described and added.
+    std::vector<RowList> FetchAll(std::vector<Columns>& known);
 
+private:
     void Check(int result, const char* source);
     short CountColumns();
     bool MoveToNextResult();

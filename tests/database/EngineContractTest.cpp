@@ -264,12 +264,27 @@ TEST_F(EngineContract, AnErrorOfALaterStatementInOneTextIsNoticed) {
 
 TEST_F(EngineContract, AllTextsOfABatchRunInTheirOrder) {
     m_connection->Begin();
-    m_connection->ExecuteAll({"INSERT INTO Property (PropertyNo, PropertyID) VALUES (1, 'a')",
-                              "UPDATE Property SET PropertyID = 'b'",
-                              "INSERT INTO Property (PropertyNo, PropertyID) VALUES (2, 'c')"});
-    m_connection->Commit();
+    m_connection->ExecuteAndCommit({"INSERT INTO Property (PropertyNo, PropertyID) VALUES (1, 'a')",
+                                    "UPDATE Property SET PropertyID = 'b'",
+                                    "INSERT INTO Property (PropertyNo, PropertyID) VALUES (2, 'c')"});
     EXPECT_EQ(Count("PropertyID = 'b'"), 1);
     EXPECT_EQ(Count("PropertyID = 'c'"), 1);
+}
+
+TEST_F(EngineContract, ATextOfABatchThatFailsLeavesOutTheCommit) {
+    m_connection->Begin();
+    const Error error = RaisedBy([&] {
+        m_connection->ExecuteAndCommit({"INSERT INTO Property (PropertyNo) VALUES (1)",
+                                        "INSERT INTO Property (PropertyNo) VALUES (1)",
+                                        "INSERT INTO Property (PropertyNo) VALUES (2)"});
+    });
+    EXPECT_EQ(error.Number(), ErrorNumber::IntegrityViolation);
+    EXPECT_EQ(m_connection->TransactionName(), "");
+    m_connection->Rollback();
+    EXPECT_EQ(Count("1 = 1"), 0);
+    m_connection->Begin();
+    m_connection->ExecuteAndCommit({});
+    EXPECT_TRUE(m_database.GetEngine()->WasCommitted(m_connection->TransactionName()));
 }
 
 TEST_F(EngineContract, AReceiverCanStopEarlyAndTheConnectionGoesOn) {
@@ -308,6 +323,34 @@ TEST_F(EngineContract, ARolledBackTransactionLeavesNothing) {
     EXPECT_EQ(Count("1 = 1"), 0);
 }
 
+TEST_F(EngineContract, ATransactionBeginsWithTheRowsOfSeveralQueries) {
+    const int32_t first = m_database.AddProperty({.PropertyID = "A"});
+    const int32_t second = m_database.AddProperty({.PropertyID = "B"});
+    const std::string byKey = "SELECT PropertyID FROM Property WHERE PropertyNo = ?";
+    const std::string byId = "SELECT PropertyNo FROM Property WHERE PropertyID = ?";
+    for (int turn = 0; turn < 2; ++turn) {
+        for (const TaggedValue& id : {TaggedValue("b"), TaggedValue("'?'")}) {
+            const auto results = m_connection->BeginReading({{byKey, {second}}, {byKey, {0}}, {byId, {id}}});
+            ASSERT_EQ(results.size(), 3u);
+            EXPECT_EQ(results[0].at(0).At(0), TaggedValue("B"));
+            EXPECT_TRUE(results[1].empty());
+            EXPECT_EQ(results[2].size(), id == TaggedValue("b") ? 1u : 0u);
+            m_connection->Rollback();
+        }
+        const auto results = m_connection->BeginReading(
+            {{"SELECT PropertyNo, PropertyID FROM Property WHERE PropertyNo IN (?,?)", {second, first}},
+             {"SELECT PropertyID FROM Property WHERE PropertyNo = ?", {first}}});
+        ASSERT_EQ(results.size(), 2u);
+        ASSERT_EQ(results[0].size(), 2u);
+        EXPECT_EQ(results[0][1].At(0), TaggedValue(second));
+        EXPECT_EQ(results[0][1].At(1), TaggedValue("B"));
+        EXPECT_EQ(results[1].at(0).At(0), TaggedValue("A"));
+        m_connection->Execute("UPDATE Property SET CategoryNo = 1");
+        m_connection->Rollback();
+        EXPECT_EQ(Count("CategoryNo = 1"), 0);
+    }
+}
+
 TEST_F(EngineContract, OthersSeeATransactionOnlyAfterItsCommit) {
     const std::unique_ptr<Connection> other = m_database.GetEngine()->Open();
     m_connection->Begin();
@@ -334,16 +377,14 @@ TEST_F(EngineContract, ATemporaryTableEndsWithItsTransaction) {
     const Statements create = {"CREATE TABLE #Next (Value INT NOT NULL)", "INSERT INTO #Next (Value) VALUES (4)"};
     for (int i = 0; i < 2; ++i) {
         m_connection->Begin();
-        m_connection->ExecuteAll(create);
+        for (const std::string& text : create) m_connection->Execute(text);
         EXPECT_EQ(Value("SELECT Value FROM #Next"), TaggedValue(4));
         m_connection->Rollback();
     }
     m_connection->Begin();
-    m_connection->ExecuteAll(create);
-    m_connection->Execute("DROP TABLE #Next");
-    m_connection->Commit();
+    m_connection->ExecuteAndCommit({create[0], create[1], "DROP TABLE #Next"});
     m_connection->Begin();
-    m_connection->ExecuteAll(create);
+    for (const std::string& text : create) m_connection->Execute(text);
     m_connection->Rollback();
 }
 

@@ -88,11 +88,12 @@ TEST_F(ServerFault, AConnectionThatEndsWithinABatchLeavesNothingOfIt) {
     const std::string before = m_database.Snapshot();
     m_log.Announce("OdbcStatement.Execute");
     const Error error = RaisedBy([&] {
-        GetHostDatabase().ExecuteBatch({insert, insert}, [&](const HostDatabase::BatchQuery&) {
+        const auto endSessions = [&](const std::vector<RowList>&, const HostDatabase::BatchQuery&) {
             m_database.QueryRows(
                 "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = "
                 "current_database() AND pid <> pg_backend_pid()");
-        });
+        };
+        GetHostDatabase().ExecuteBatch({insert, insert}, {{}, endSessions});
     });
     EXPECT_NE(error.Number(), 0);
     EXPECT_EQ(m_database.Snapshot(), before);
@@ -181,6 +182,34 @@ TEST_F(ServerFault, WhatABatchHasReadStaysUnchangedUntilItsEnd) {
         0);
     first->Commit();
     second->Execute("UPDATE Property SET CategoryNo = 1 WHERE PropertyNo = ?", {item});
+}
+
+TEST_F(ServerFault, ATransactionWhoseFirstQueryFailsIsRolledBack) {
+    OdbcConnection connection(TestServer(), {});
+    m_log.Announce("OdbcStatement.Execute");
+    EXPECT_NE(RaisedBy([&] { connection.BeginReading({{"SELECT a FROM Nowhere WHERE a = ?", {1}}}); }).Number(), 0);
+    connection.Rollback();
+    connection.Begin();
+    connection.Execute(insert);
+    connection.Commit();
+    EXPECT_EQ(CountProperty(), 1);
+}
+
+TEST_F(ServerFault, WhatABatchReadsAtItsBeginningIsLockedAndReadInOneMessage) {
+    const int32_t item = m_database.AddProperty();
+    OdbcConnection first(TestServer(), {});
+    const int32_t process = ProcessOf(first);
+    for (int turn = 0; turn < 2; ++turn) {
+        first.Rollback();
+        first.BeginReading({{"SELECT PropertyNo, CurrTrackSeq FROM Property WHERE PropertyNo IN (?)", {item}}});
+    }
+    const std::string sent =
+        ToText(m_database.QueryValue("SELECT query FROM pg_stat_activity WHERE pid = " + std::to_string(process)));
+    EXPECT_TRUE(sent.starts_with("BEGIN; ")) << sent;
+    EXPECT_NE(sent.find("FROM Property"), std::string::npos) << sent;
+    m_log.Announce("OdbcStatement.Execute");
+    EXPECT_NE(RaisedBy([&] { m_database.Execute("SELECT PropertyNo FROM Property FOR UPDATE NOWAIT"); }).Number(), 0);
+    first.Rollback();
 }
 
 }  // namespace
