@@ -14,7 +14,7 @@ namespace {
 std::string Text(const Cells& fault, size_t position) { return fault[position].value_or(""); }
 
 // What only a file must be examined for: a server refuses such rows.
-std::vector<CustodyRule> FileRules() {
+std::vector<CustodyRule> ValueRules() {
     return {
         {"Custody rows contain whole numbers and dates.",
          "SELECT '{0}', {0}No, SeqNo FROM {0}Tracking WHERE " + WrongCustodyValues(),
@@ -22,6 +22,11 @@ std::vector<CustodyRule> FileRules() {
         {"Locations have a name, a flag and dates.",
          "SELECT IdNo, Name FROM StorageLocation WHERE " + WrongLocationValues(),
          [](const Cells& fault) { return "Location " + Text(fault, 0) + " (" + Text(fault, 1) + ")"; }},
+    };
+}
+
+std::vector<CustodyRule> FileRules() {
+    return {
         {"Every reference leads to a record.",
          "SELECT DISTINCT \"table\", rowid, parent FROM pragma_foreign_key_check ORDER BY 1, 2, 3",
          [](const Cells& fault) {
@@ -73,22 +78,41 @@ RuleCheck CheckDescriptions(SQLite::Database& database) {
     return check;
 }
 
+void Append(std::vector<RuleCheck>& checks, const std::vector<CustodyRule>& rules, const CellReader& read) {
+    for (const CustodyRule& rule : rules) checks.push_back(CheckRule(rule, read));
+}
+
+template <typename Work>
+std::vector<RuleCheck> Verify(const std::string& path, int busyMilliseconds, const char* source, Work work) {
+    try {
+        SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
+        return work(database, ReaderOf(database));
+    } catch (const SQLite::Exception& failure) {
+        Raise(ErrorNumber::General, source,
+              "The database '" + path + "' can't be verified: " + std::string(failure.what()) + ".");
+    }
+}
+
 }  // namespace
 
 std::vector<RuleCheck> VerifyDatabase(const std::string& path, int busyMilliseconds) {
-    try {
-        SQLite::Database database(path, SQLite::OPEN_READWRITE, busyMilliseconds);
-        const CellReader read = ReaderOf(database);
+    return Verify(path, busyMilliseconds, "VerifyDatabase", [&](SQLite::Database& database, const CellReader& read) {
         std::vector<RuleCheck> checks = CheckCustodyRules(read);
-        for (const CustodyRule& rule : FileRules()) checks.push_back(CheckRule(rule, read));
+        Append(checks, ValueRules(), read);
+        Append(checks, FileRules(), read);
         checks.push_back(CheckObjects(path, busyMilliseconds));
         checks.push_back(CheckCurrentPlace(database.tableExists("CurrentPlace"), read));
         checks.push_back(CheckDescriptions(database));
         return checks;
-    } catch (const SQLite::Exception& failure) {
-        Raise(ErrorNumber::General, "VerifyDatabase",
-              "The database '" + path + "' can't be verified: " + std::string(failure.what()) + ".");
-    }
+    });
+}
+
+std::vector<RuleCheck> VerifyHostSchema(const std::string& path, int busyMilliseconds) {
+    return Verify(path, busyMilliseconds, "VerifyHostSchema", [](SQLite::Database&, const CellReader& read) {
+        std::vector<RuleCheck> checks = CheckCustodyRules(read);
+        Append(checks, FileRules(), read);
+        return checks;
+    });
 }
 
 }  // namespace quellbrook

@@ -13,4 +13,8 @@ namespace quellbrook {
 // cannot be read.
 std::vector<RuleCheck> VerifyDatabase(const std::string& path, int busyMilliseconds);
 
+// Checks custody rows, items, locations, references and the file itself in a database of a host's own schema. Reads the
+// whole database and changes nothing. Raises error 5 with a message for the user if it cannot be read or lacks a table.
+std::vector<RuleCheck> VerifyHostSchema(const std::string& path, int busyMilliseconds);
+
 }  // namespace quellbrook

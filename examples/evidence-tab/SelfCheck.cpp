@@ -3,6 +3,8 @@
 #include "Database.h"
 #include "HostWindow.h"
 
+#include "database/schema/DatabaseVerification.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -80,5 +82,7 @@ void CheckOneItemIn(HostWindow& window, const std::string& databasePath) {
                    "AND t.SeqNo = 1 AND t.StorageLocNo = 2 AND t.ReceivedFrom = 2 AND t.ReceivedBy = 1 "
                    "AND t.CustodyReasonNo = 1");
     if (rows != 1) throw std::runtime_error("The custody row was not written.");
+    for (const quellbrook::RuleCheck& check : quellbrook::VerifyHostSchema(databasePath, 1000))
+        if (check.faults > 0) throw std::runtime_error(check.rule + " " + check.examples.front());
     LogInAgain(window);
 }

@@ -6,6 +6,7 @@
 #include "data/TransferData.h"
 #include "database/HostTables.h"
 #include "database/SqliteEngine.h"
+#include "database/schema/DatabaseVerification.h"
 #include "host/CodeTableLookup.h"
 #include "host/HostDatabase.h"
 #include "tests/support/Items.h"
@@ -81,6 +82,13 @@ protected:
         xfer->Reason = 1;
         xfer->FinalDisposition = disposition;
         GetActions().ProcessTransaction(xfer);
+    }
+    // A line for each rule that is broken, with its faults.
+    std::string BrokenRules() const {
+        std::string text;
+        for (const RuleCheck& check : VerifyHostSchema(m_path, 1000))
+            for (const std::string& fault : check.examples) text += check.rule + ": " + fault + "\n";
+        return text;
     }
     int64_t Number(const char* sql) { return SQLite::Database(m_path).execAndGet(sql).getInt64(); }
 
@@ -165,6 +173,25 @@ TEST_F(HostSchema, LocationsAreCreatedRenamedMovedAndDeleted) {
     EXPECT_EQ(Number("SELECT COUNT(*) FROM StorageLocation"), 3);
     EXPECT_THAT(RaisedBy([&] { Location(1)->Delete(); }).Description(), ::testing::HasSubstr("currently in use"));
     EXPECT_EQ(Number("SELECT COUNT(*) FROM StorageLocation"), 3);
+}
+
+TEST_F(HostSchema, CustodyDataIsVerified) {
+    Transfer(Untracked(), TransactionType::SignIn, 2);
+    EXPECT_EQ(BrokenRules(), "");
+    SQLite::Database(m_path, SQLite::OPEN_READWRITE)
+        .exec(
+            "PRAGMA foreign_keys = OFF; DELETE FROM PropertyTracking;"
+            "UPDATE StorageLocation SET Path = '/0/9/' WHERE IdNo = 3");
+    EXPECT_EQ(
+        BrokenRules(),
+        "The current custody row of an item is its latest one.: Property 1 names custody row 1, and its latest is "
+        "none\n"
+        "Every location is in the tree, in the category of its container.: Location 3 (Destroyed) has the path "
+        "/0/9/ and the category 8\n"
+        "Every reference leads to a record.: Property 1 refers to a record of PropertyTracking that does not "
+        "exist\n");
+    EXPECT_THAT(RaisedBy([&] { VerifyHostSchema(m_folder.In("none.db"), 20); }).Description(),
+                ::testing::HasSubstr("can't be verified"));
 }
 
 TEST_F(HostSchema, AnItemThatAnotherProgramHasMovedIsNotTransferred) {
