@@ -3,10 +3,13 @@
 #include "Database.h"
 #include "HostWindow.h"
 
+#include "component/Items.h"
 #include "database/schema/DatabaseVerification.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -36,6 +39,15 @@ void Choose(QWidget* field, const QString& entry) {
     const int index = box ? box->findText(entry) : -1;
     if (index < 0) throw std::runtime_error("There is no entry '" + entry.toStdString() + "'.");
     box->setCurrentIndex(index);
+}
+
+// The printer of this host writes files beside the database.
+void PrintLabels(const std::string& databasePath) {
+    using namespace quellbrook;
+    LoadItem(StoredItemTypes::Property, 1)->PrintBarcodeLabel();
+    GetSingletons().StorageLocation().FindByID(2)->PrintBarcodeLabel();
+    const QDir folder = QFileInfo(QString::fromStdString(databasePath)).dir();
+    if (folder.entryList({"*.pdf"}).size() != 2) throw std::runtime_error("Two labels were expected.");
 }
 
 // The next user gets a control of their own, with their own rights.
@@ -82,6 +94,7 @@ void CheckOneItemIn(HostWindow& window, const std::string& databasePath) {
                    "AND t.SeqNo = 1 AND t.StorageLocNo = 2 AND t.ReceivedFrom = 2 AND t.ReceivedBy = 1 "
                    "AND t.CustodyReasonNo = 1");
     if (rows != 1) throw std::runtime_error("The custody row was not written.");
+    PrintLabels(databasePath);
     for (const quellbrook::RuleCheck& check : quellbrook::VerifyHostSchema(databasePath, 1000))
         if (check.faults > 0) throw std::runtime_error(check.rule + " " + check.examples.front());
     LogInAgain(window);

@@ -5,5 +5,6 @@
 class HostWindow;
 
 // Logs in, checks one item in by the controls of the screen, and reads its custody row with the host's own SQL. Then
-// verifies all custody data, and logs in as another user. Throws std::runtime_error with what was expected.
+// prints labels, verifies all custody data, and logs in as another user. Throws std::runtime_error with what was
+// expected.
 void CheckOneItemIn(HostWindow& window, const std::string& databasePath);
