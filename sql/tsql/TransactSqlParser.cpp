@@ -3,6 +3,8 @@
 #include "base/Text.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
 
 namespace quellbrook::sql {
 
@@ -27,10 +29,18 @@ struct Function {
 };
 constexpr Function functions[] = {{"COALESCE", 2, 100}, {"COUNT", 1, 1}, {"MAX", 1, 1}, {"REPLACE", 3, 3}};
 
+std::unordered_set<std::string_view> SplitReservedWords() {
+    std::unordered_set<std::string_view> words;
+    for (size_t start = 1, end; (end = reservedWords.find(' ', start)) != std::string_view::npos; start = end + 1)
+        words.insert(reservedWords.substr(start, end - start));
+    return words;
+}
+
 bool IsReserved(const Token& token) {
-    std::string word(" ");
+    static const std::unordered_set<std::string_view> words = SplitReservedWords();
+    std::string word;
     for (const char c : token.text) word += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    return reservedWords.find(word + ' ') != std::string_view::npos;
+    return words.contains(word);
 }
 
 // In a pattern, Transact-SQL reads [...] as a class of characters.
