@@ -6,6 +6,7 @@
 #include "database/odbc/OdbcConnection.h"
 #include "database/odbc/OdbcError.h"
 #include "database/odbc/ServerCatalog.h"
+#include "database/odbc/ServerUpgrade.h"
 #include "database/schema/ServerSchema.h"
 
 #include <algorithm>
@@ -19,14 +20,6 @@ namespace {
 
 const char* const openSource = "OdbcEngine.Open";
 const char* const outcomeSource = "OdbcEngine.WasCommitted";
-
-void RequireKnownVersion(OdbcConnection& connection) {
-    connection.QueryNative("SELECT MAX(Version) AS Version FROM SchemaVersion", {}, [](const Row& row) {
-        if (row.At(0).HasNoValue() || ToInt32(row.At(0)) <= ServerSchemaVersion) return true;
-        Raise(ErrorNumber::General, openSource,
-              "The database was created by a later version of this program. Install that version.");
-    });
-}
 
 bool HasAll(const std::set<std::string>& present, const std::vector<std::string>& wanted) {
     return std::all_of(wanted.begin(), wanted.end(),
@@ -75,8 +68,11 @@ void OdbcEngine::LearnFrom(OdbcConnection& connection) {
     if (!isPostgreSql) m_dialect.textPrefix = "N";
     m_dialect.equalsLikeLike = isPostgreSql;
 
-    const std::set<std::string> tables = TablesAndViewsOf(connection);
-    if (tables.contains("schemaversion")) RequireKnownVersion(connection);
+    std::set<std::string> tables = TablesAndViewsOf(connection);
+    if (tables.contains("schemaversion")) {
+        UpgradeServerSchema(connection);
+        tables = TablesAndViewsOf(connection);
+    }
     m_dialect.hasCurrentPlace =
         tables.contains("currentplace") && HasAll(ActiveTriggersOf(connection), ServerPlaceTriggers());
     m_dialect.itemsAreDistinct = tables.contains("schemafact") &&

@@ -14,7 +14,8 @@ class OdbcConnection;
 class OdbcEngine : public Engine {
 public:
     // Connects, to learn about the server and the schema. The string is for the driver manager and may contain a
-    // password: no message repeats it. Error 5 for another server, and for our schema in a later version.
+    // password: no message repeats it. Upgrades our schema of an earlier version. Error
+    // 5 for another server, for our schema in a later version, and if an upgrade fails.
     static std::shared_ptr<OdbcEngine> Open(const std::string& connectionString, const ServerLimits& limits = {});
 
     std::unique_ptr<Connection> Open() override;

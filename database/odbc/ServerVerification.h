@@ -9,8 +9,8 @@
 namespace quellbrook {
 
 // Checks the rules of the custody data in a database on a server, also for rows that are older than a rule. In our
-// schema, also its objects and the side table CurrentPlace. Reads the whole database and changes nothing. Errors as
-// OdbcEngine::Open, and those of the server.
+// schema, also its objects and the side table CurrentPlace. Reads the whole database and changes nothing, except that
+// it upgrades an older version of our schema. Errors as OdbcEngine::Open, and those of the server.
 std::vector<RuleCheck> VerifyServerDatabase(const std::string& connectionString,
                                             const ServerLimits& limits = WholeDatabaseLimits);
 

@@ -5,11 +5,14 @@ namespace quellbrook {
 
 namespace {
 
+const char* const batchMarkTable =
+    "CREATE TABLE BatchMark (Name TEXT NOT NULL PRIMARY KEY, WrittenAt TIMESTAMP(3) NOT NULL DEFAULT LOCALTIMESTAMP)";
+
 const char* const versionTables[] = {
     "CREATE TABLE SchemaVersion (Version INT NOT NULL)",
     "CREATE TABLE SchemaFact (Name TEXT NOT NULL PRIMARY KEY)",
     "INSERT INTO SchemaFact (Name) VALUES ('ItemsAreDistinct')",
-    "CREATE TABLE BatchMark (Name TEXT NOT NULL PRIMARY KEY, WrittenAt TIMESTAMP(3) NOT NULL DEFAULT LOCALTIMESTAMP)",
+    batchMarkTable,
 };
 
 const char* const locationTables[] = {
@@ -301,6 +304,12 @@ std::vector<std::string> AllStatements() {
 }
 
 }  // namespace
+
+std::vector<std::string> PostgreSqlUpgradeStatements(int32_t fromVersion) {
+    std::vector<std::string> statements;
+    if (fromVersion < 2) statements.push_back(batchMarkTable);
+    return statements;
+}
 
 const std::vector<std::string>& PostgreSqlSchemaStatements() {
     static const std::vector<std::string> statements = AllStatements();

@@ -29,6 +29,9 @@ inline constexpr int32_t ServerSchemaVersion = 2;
 const std::vector<std::string>& PostgreSqlSchemaStatements();
 const std::vector<std::string>& SqlServerSchemaStatements();
 
+// What an older version lacks, in order. The versions of SQL Server's schema have the same objects.
+std::vector<std::string> PostgreSqlUpgradeStatements(int32_t fromVersion);
+
 // The names of the triggers that maintain CurrentPlace.
 const std::vector<std::string>& ServerPlaceTriggers();
 
