@@ -59,16 +59,18 @@ protected:
 
 }  // namespace quellbrook
 
-// The library's entry points, found by name. They throw nothing.
+// The library's entry points, found by name, for the thread of the component only. Identifiers are compared as they are
+// written above.
 extern "C" {
 // Writes the record of the class identifiers and of the path of this library: quellbrook/classes.ini in $XDG_DATA_HOME
-// (~/.local/share without it); for root in the first folder of $XDG_DATA_DIRS (/usr/local/share without it).
-// RegistrationFailed if it can't be written.
-int32_t DllRegisterServer();
+// (~/.local/share without it); for root in /usr/local/share, or in the first folder of $XDG_DATA_DIRS if that does not
+// have it. RegistrationFailed if it can't be written.
+int32_t DllRegisterServer() noexcept;
 // Deletes the record, if there is one. RegistrationFailed if it can't be deleted.
-int32_t DllUnregisterServer();
+int32_t DllUnregisterServer() noexcept;
 // Sets the factory of the class, or null: ClassNotAvailable, NoInterface, NullPointer.
-int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object);
-// Ok if no object, factory, lock or started component is left, so that the library may be unloaded; else False.
-int32_t DllCanUnloadNow();
+int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object) noexcept;
+// Ok if no object, factory, lock or started component is left, so that the library may be unloaded; else False. Not
+// counted are a ScanDropper, and what a host gets from its services, such as an engine: release them before.
+int32_t DllCanUnloadNow() noexcept;
 }

@@ -9,9 +9,9 @@ namespace quellbrook {
 
 // The text of a record, with the variable "@QUELLBROOK_LIBRARY@" for the path.
 const char* ClassRecordTemplate();
-// Where this user's record is; for root, the one of the machine. Empty without a home directory.
-std::string ClassRecordPath();
-// Replaces the record as a whole. Throws std::exception if it can't be written.
+// Where the record of the machine or of this user is. Empty without a home directory.
+std::string ClassRecordPath(bool ofMachine);
+// Replaces the record as a whole, readable for everyone. Throws std::exception if it can't be written.
 void WriteClassRecord(const std::string& path, const std::string& library);
 // Does nothing if there is no record. Throws std::exception if it can't be deleted.
 void DeleteClassRecord(const std::string& path);

@@ -6,6 +6,7 @@
 #include "data/StorageLocationStatic.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -19,7 +20,7 @@ std::string LibraryPath() {
     return std::filesystem::absolute(info.dli_fname).string();
 }
 
-// The module keeps its roots as long as it is loaded. Only those that nobody else holds are its own.
+// The module keeps its roots as long as it is loaded. Only those without another reference are its own.
 int64_t ObjectsOfModule() {
     int64_t count = 1;
     for (const StorageLocationRef& root : GetStorageLocationStatic().Roots())
@@ -39,15 +40,15 @@ int32_t Register(Work work) {
 
 }  // namespace
 
-int32_t DllRegisterServer() {
-    return Register([] { WriteClassRecord(ClassRecordPath(), LibraryPath()); });
+int32_t DllRegisterServer() noexcept {
+    return Register([] { WriteClassRecord(ClassRecordPath(geteuid() == 0), LibraryPath()); });
 }
 
-int32_t DllUnregisterServer() {
-    return Register([] { DeleteClassRecord(ClassRecordPath()); });
+int32_t DllUnregisterServer() noexcept {
+    return Register([] { DeleteClassRecord(ClassRecordPath(geteuid() == 0)); });
 }
 
-int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object) {
+int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object) noexcept {
     if (!object) return ComponentResult::NullPointer;
     *object = nullptr;
     if (!classId) return ComponentResult::NullPointer;
@@ -59,7 +60,7 @@ int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** o
     }
 }
 
-int32_t DllCanUnloadNow() {
+int32_t DllCanUnloadNow() noexcept {
     try {
         const int64_t own = ObjectsOfModule();  // first, since it creates them
         const bool isIdle = UseCount::Current() == 0 && Object::LiveCount() == own;

@@ -7,14 +7,18 @@ namespace quellbrook {
 // The component's interface for its host. Everything runs on the thread of QApplication. The host shows the Errors that
 // these functions throw.
 //
-// The host sets its database, session and formats with HostServices, then:
+// The order of calls:
 //   Startup                     after QApplication
-//   SetDialogParent             its main window, at each login, before the gate
+//   HostServices                the database, the session and the formats
+//   SetDialogParent             the main window, at each login, before the gate, and again after it
 //   InitializeQuellbrook        the gate, at each login
 //   CreateEvidenceUI            (component/EvidenceUI.h) only if the gate returned true
-//   Shutdown                    after the last EvidenceUI, before QApplication is destroyed
+//   HostServices::Reset         after the last EvidenceUI
+//   Shutdown                    before QApplication is destroyed
 
-// Installs the component's screen, timers, keys and command runner, and keeps the error log in use. Calls nest: the
+// Installs the component's screen, timers, keys, pictures, command runner and wait for locked databases. The rest of
+// the environment, such as the error log, stays as it is at this moment. The interfaces for screen readers stay
+// installed. Calls nest: the
 // component ends at the Shutdown that matches the first Startup, and can then start again. Without a Startup, Shutdown
 // has no effect.
 void Startup();
@@ -27,7 +31,8 @@ void InstallTheme(bool dark);
 // QPushButton, QLineEdit and QComboBox have it already.
 void ShowFocusRing(QWidget* control);
 
-// The window over which the component centers its dialogs. The caller keeps ownership.
+// The window over which the component centers its dialogs; without one, a message raises Error 91. The gate may set a
+// window of its own, which it closes. The caller keeps ownership.
 void SetDialogParent(QWidget* window);
 
 // The access gate: returns whether the session's user may enter, after showing a refused user the reason. Drops the

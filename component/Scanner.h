@@ -10,7 +10,8 @@ class ScanLimit;
 
 // While the condition is true, drops everything a scanner types, so that no text field of the host gets it and no
 // shortcut runs. The views of the component take their scans themselves. A scan that has no end a second after its
-// start is dropped too, and keys pass again. Create it after Startup.
+// start is dropped too, and keys pass again. Create it after Startup and
+// destroy it before Shutdown.
 class ScanDropper {
 public:
     explicit ScanDropper(std::function<bool()> applies);

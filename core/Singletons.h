@@ -12,8 +12,9 @@ public:
     // wizard. Drops the dispatcher and the stores of an earlier run. Call SetDialogParent first.
     bool InitializeQuellbrook();
     StorageLocationStatic& StorageLocation();
+    // A host passes its window to the function in component/Quellbrook.h.
     void SetDialogParent(ObjectRef parent);
-    // Drops the stores, the dispatcher and the dialog parent.
+    // Drops the stores, the dispatcher and the dialog parent. Shutdown calls it.
     void Reset();
 };
 

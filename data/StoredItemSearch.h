@@ -10,6 +10,8 @@ namespace quellbrook {
 // Finds items; every StoredItem comes from here. The first six operations record a criterion and return the search. In
 // patterns "*" matches any run of characters; the search adds none itself. A search without a location, description,
 // number and type finds nothing and does not query the database. Do not reuse a search for different criteria.
+// Results are limited to the kinds that the session's user may view, but a user who may view neither still gets
+// vehicles, and without a user nothing is checked: a host asks for the rights before it searches.
 class StoredItemSearch {
 public:
     StoredItemSearch& InLocation(StorageLocationRef location);

@@ -20,8 +20,9 @@ struct HostFormats {
     std::string time = "h:mm AP";
 };
 
-// The services that the host provides before it starts the module: its database, session, formats and files, and this
-// workstation's label printer. One per process.
+// The services that the host provides before it runs the access gate, on the thread of the component: its database and
+// session, which are required, its formats and files, and this workstation's label printer. One per process. A service
+// reports a failure as an Error; other exceptions are treated as Errors with their what().
 class HostServices {
 public:
     static HostServices& Current();

@@ -71,7 +71,7 @@ TEST_F(ComponentLibrary, AnotherLibraryIsRefused) {
                                      "', which is not the component that this program was installed with.");
 }
 
-int32_t NoClass(const char*, const char*, void** object) {
+int32_t NoClass(const char*, const char*, void** object) noexcept {
     *object = nullptr;
     return ComponentResult::ClassNotAvailable;
 }

@@ -3,6 +3,7 @@
 #include "tests/support/RaisedBy.h"
 #include "tests/support/ScratchSystem.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -84,14 +85,40 @@ TEST_F(Registration, ARecordThatCannotBeReplacedStaysAndNothingIsLeftBehind) {
     EXPECT_EQ(std::distance(begin(folder), end(folder)), 1);
 }
 
-TEST_F(Registration, RelativeFoldersAreIgnored) {
-    m_system.Set("XDG_DATA_HOME", "relative");
-    m_system.Set("XDG_DATA_DIRS", "relative");
-    EXPECT_EQ(ClassRecordPath(), geteuid() == 0 ? "/usr/local/share/quellbrook/classes.ini"
-                                                : m_system.In("home/.local/share/quellbrook/classes.ini"));
+TEST_F(Registration, TheUsersRecordIsInTheDataFolder) {
+    EXPECT_EQ(ClassRecordPath(false), m_system.In("user/quellbrook/classes.ini"));
+    for (const char* invalid : {"", "relative"}) {
+        m_system.Set("XDG_DATA_HOME", invalid);
+        EXPECT_EQ(ClassRecordPath(false), m_system.In("home/.local/share/quellbrook/classes.ini")) << invalid;
+    }
+    m_system.Set("HOME", "");
+    EXPECT_EQ(ClassRecordPath(false), "");
 }
 
-TEST_F(Registration, APathWithALineBreakIsRefused) {
+TEST_F(Registration, TheMachinesRecordIsWhereNoPackageInstallsIt) {
+    EXPECT_EQ(ClassRecordPath(true), m_system.In("machine/quellbrook/classes.ini"));
+    for (const char* folders : {"", "relative", "/var/lib/exports:/usr/local/share/:/usr/share", "/usr/local/share"}) {
+        m_system.Set("XDG_DATA_DIRS", folders);
+        EXPECT_EQ(ClassRecordPath(true), "/usr/local/share/quellbrook/classes.ini") << folders;
+    }
+    m_system.Set("XDG_DATA_DIRS", "relative:/opt/share:/usr/share");
+    EXPECT_EQ(ClassRecordPath(true), "/opt/share/quellbrook/classes.ini");
+}
+
+TEST_F(Registration, EveryoneMayReadTheRecord) {
+    const mode_t before = umask(077);
+    EXPECT_EQ(DllRegisterServer(), ComponentResult::Ok);
+    umask(before);
+    using std::filesystem::perms;
+    const perms readable = perms::owner_read | perms::owner_write | perms::group_read | perms::others_read;
+    EXPECT_EQ(std::filesystem::status(m_system.In(m_record)).permissions(), readable);
+    const auto folder = std::filesystem::path(m_system.In(m_record)).parent_path();
+    EXPECT_EQ(std::filesystem::status(folder).permissions() & perms::others_all,
+              perms::others_read | perms::others_exec);
+}
+
+TEST_F(Registration, APathThatNoLibraryHasIsRefused) {
+    EXPECT_THROW(WriteClassRecord(m_system.In(m_record), ""), std::exception);
     EXPECT_THROW(WriteClassRecord(m_system.In(m_record), "/a\nb.so"), std::exception);
     EXPECT_THROW(WriteClassRecord("", "/a.so"), std::exception);
     EXPECT_FALSE(std::filesystem::exists(m_system.In(m_record)));
