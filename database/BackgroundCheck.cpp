@@ -9,8 +9,15 @@
 
 namespace quellbrook {
 
+namespace {
+
+// The first connections to a file lock it for a moment.
+constexpr int lockMilliseconds = 5000;
+
+}  // namespace
+
 BackgroundCheck::BackgroundCheck(const std::string& path)
-    : m_database(std::make_unique<SQLite::Database>(path, SQLite::OPEN_READONLY)),
+    : m_database(std::make_unique<SQLite::Database>(path, SQLite::OPEN_READONLY, lockMilliseconds)),
       m_end(std::async(std::launch::async, [this] { Run(); })) {}
 
 BackgroundCheck::~BackgroundCheck() {

@@ -16,6 +16,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 using namespace quellbrook;
 using namespace quellbrook::testing;
@@ -77,6 +78,18 @@ TEST_F(BackgroundCheckTest, AConnectionIsNotReusedAfterTheCheckHasFoundDamage) {
     SqliteConnection connection(m_path, 1000, check);
     check->Wait();
     EXPECT_FALSE(connection.IsHealthy());
+}
+
+TEST_F(BackgroundCheckTest, AFileThatIsLockedAtFirstIsCheckedAfterwards) {
+    Damage(m_path);
+    auto lock = std::make_unique<SQLite::Database>(m_path, SQLite::OPEN_READWRITE);
+    lock->exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
+    const BackgroundCheck check(m_path);
+    for (int i = 0; i < 10'000; ++i) std::this_thread::yield();  // so that the check has met the lock
+    EXPECT_FALSE(check.HasFoundDamage());
+    lock.reset();
+    check.Wait();
+    EXPECT_TRUE(check.HasFoundDamage());
 }
 
 TEST_F(BackgroundCheckTest, ACheckThatIsStoppedClosesTheFile) {
