@@ -4,16 +4,16 @@
 
 namespace quellbrook {
 
-// The record of where the component's library is: quellbrook/classes.ini in one of the platform's data folders. Its
-// group Library has the Path, its group Classes the identifier of each public class.
+// The registration record, the file quellbrook/classes.ini in one of the platform's data folders. Its group Library has
+// the path of the component's library, its group Classes the identifier of each public class.
 
-// The text of a record, with the variable "@QUELLBROOK_LIBRARY@" for the path.
+// The text of a record. It contains "@QUELLBROOK_LIBRARY@" where the path of the library goes.
 const char* ClassRecordTemplate();
-// Where the record of the machine or of this user is. Empty without a home directory.
+// The file name of the record of this machine or of this user. Empty for a user without a home directory.
 std::string ClassRecordPath(bool ofMachine);
-// Replaces the record as a whole, readable for everyone. Throws std::exception if it can't be written.
+// Writes or replaces the file atomically, with read permission for all users. Throws a std::exception on failure.
 void WriteClassRecord(const std::string& path, const std::string& library);
-// Does nothing if there is no record. Throws std::exception if it can't be deleted.
+// Deletes the file if it exists. Throws a std::exception on failure.
 void DeleteClassRecord(const std::string& path);
 
 }  // namespace quellbrook
