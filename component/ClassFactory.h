@@ -15,7 +15,6 @@ inline constexpr int32_t Unexpected = static_cast<int32_t>(0x8000FFFFu);
 inline constexpr int32_t NoAggregation = static_cast<int32_t>(0x80040110u);
 inline constexpr int32_t ClassNotAvailable = static_cast<int32_t>(0x80040111u);
 inline constexpr int32_t RegistrationFailed = static_cast<int32_t>(0x80040201u);
-inline constexpr int32_t OutOfMemory = static_cast<int32_t>(0x8007000Eu);
 }  // namespace ComponentResult
 
 // The identifiers of the public classes, as in the record that DllRegisterServer writes.
@@ -37,20 +36,21 @@ inline constexpr char Unknown[] = "00000000-0000-0000-c000-000000000046";
 inline constexpr char ClassFactory[] = "00000001-0000-0000-c000-000000000046";
 }  // namespace InterfaceId
 
-// Creates objects of one public class. Counted by reference: DllGetClassObject adds the first one for its caller.
+// Creates objects of one public class. Reference-counted; DllGetClassObject returns it with one reference added.
 class ClassFactory {
 public:
-    // Sets the object and adds a reference, or sets null: NoInterface, NullPointer.
+    // Returns this factory in *object and adds a reference. On failure, *object is null and the result is NoInterface
+    // or NullPointer.
     virtual int32_t QueryInterface(const char* interfaceId, void** object) = 0;
     // Both return the new number of references.
     virtual uint32_t AddRef() = 0;
     virtual uint32_t Release() = 0;
-    // Sets the object, a shared reference to the class; EvidenceUI is a QWidget without a parent that the reference
-    // deletes, unless a parent has deleted it. Singletons and StorageLocationStatic exist once. NoAggregation if there
-    // is an outer object, NullPointer without a place for the result, Unexpected for EvidenceUI without a QApplication.
-    // Throws what the constructor of the class throws.
+    // Returns a new object of the class in *object. Singletons and StorageLocationStatic are always the same object.
+    // EvidenceUI is a QWidget without a parent; the last reference deletes it unless its parent has done so. The result
+    // is NoAggregation if outer is not null, NullPointer if object is null, and Unexpected for EvidenceUI without a
+    // QApplication. Exceptions of the constructor are passed on.
     virtual int32_t CreateInstance(void* outer, std::shared_ptr<void>* object) = 0;
-    // Keeps the library loaded until the lock is taken back. Unexpected if there is no lock to take back.
+    // Locks the library, so that DllCanUnloadNow returns False, or removes one lock. Unexpected if there is none.
     virtual int32_t LockServer(bool isLocked) = 0;
 
 protected:
@@ -64,11 +64,12 @@ protected:
 extern "C" {
 // Writes the record of the class identifiers and of the path of this library: quellbrook/classes.ini in $XDG_DATA_HOME
 // (~/.local/share without it); for root in /usr/local/share, or in the first folder of $XDG_DATA_DIRS if that does not
-// have it. RegistrationFailed if it can't be written.
+// have it. RegistrationFailed on failure.
 int32_t DllRegisterServer() noexcept;
-// Deletes the record, if there is one. RegistrationFailed if it can't be deleted.
+// Deletes the record if it exists. RegistrationFailed on failure.
 int32_t DllUnregisterServer() noexcept;
-// Sets the factory of the class, or null: ClassNotAvailable, NoInterface, NullPointer.
+// Returns the factory of the class in *object. On failure, *object is null and the result is ClassNotAvailable,
+// NoInterface or NullPointer.
 int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** object) noexcept;
 // Ok if no object, factory, lock or started component is left, so that the library may be unloaded; else False. Not
 // counted are a ScanDropper, and what a host gets from its services, such as an engine: release them before.

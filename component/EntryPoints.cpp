@@ -52,12 +52,8 @@ int32_t DllGetClassObject(const char* classId, const char* interfaceId, void** o
     if (!object) return ComponentResult::NullPointer;
     *object = nullptr;
     if (!classId) return ComponentResult::NullPointer;
-    try {
-        ClassFactory* const factory = FindFactory(classId);
-        return factory ? factory->QueryInterface(interfaceId, object) : ComponentResult::ClassNotAvailable;
-    } catch (...) {
-        return ComponentResult::OutOfMemory;
-    }
+    ClassFactory* const factory = FindFactory(classId);
+    return factory ? factory->QueryInterface(interfaceId, object) : ComponentResult::ClassNotAvailable;
 }
 
 int32_t DllCanUnloadNow() noexcept {

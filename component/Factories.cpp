@@ -54,6 +54,25 @@ std::shared_ptr<void> MakeEvidenceUI() {
     return {made, made->control.data()};
 }
 
+// Counts references or locks. While the count is not 0, it adds one to UseCount.
+class ReferenceCount {
+public:
+    // Both return the new count. Remove does nothing at 0.
+    uint32_t Add() {
+        if (m_count == 0) m_use.emplace();
+        return ++m_count;
+    }
+    uint32_t Remove() {
+        if (m_count > 0 && --m_count == 0) m_use.reset();
+        return m_count;
+    }
+    bool IsEmpty() const { return m_count == 0; }
+
+private:
+    uint32_t m_count = 0;
+    std::optional<UseCount> m_use;
+};
+
 class Factory final : public ClassFactory {
 public:
     Factory(const char* classId, ObjectMaker make) : m_classId(classId), m_make(make) {}
@@ -71,16 +90,8 @@ public:
         return ComponentResult::Ok;
     }
 
-    uint32_t AddRef() override {
-        if (m_references == 0) m_use.emplace();
-        return ++m_references;
-    }
-
-    uint32_t Release() override {
-        if (m_references == 0) return 0;
-        if (--m_references == 0) m_use.reset();
-        return m_references;
-    }
+    uint32_t AddRef() override { return m_references.Add(); }
+    uint32_t Release() override { return m_references.Remove(); }
 
     int32_t CreateInstance(void* outer, std::shared_ptr<void>* object) override {
         if (!object) return ComponentResult::NullPointer;
@@ -91,22 +102,16 @@ public:
     }
 
     int32_t LockServer(bool isLocked) override {
-        if (!isLocked && s_locks == 0) return ComponentResult::Unexpected;
-        s_locks = isLocked ? s_locks + 1 : s_locks - 1;
-        if (s_locks == 0)
-            s_lock.reset();
-        else if (!s_lock)
-            s_lock.emplace();
+        if (!isLocked && s_locks.IsEmpty()) return ComponentResult::Unexpected;
+        isLocked ? s_locks.Add() : s_locks.Remove();
         return ComponentResult::Ok;
     }
 
 private:
     const char* m_classId;
     ObjectMaker m_make;
-    uint32_t m_references = 0;
-    std::optional<UseCount> m_use;  // while there are references
-    inline static uint32_t s_locks = 0;
-    inline static std::optional<UseCount> s_lock;  // while there are locks
+    ReferenceCount m_references;
+    inline static ReferenceCount s_locks;
 };
 
 }  // namespace
